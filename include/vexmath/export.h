@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// How a function is exported from the vexmath library.
+
+#ifndef VEXMATH_EXPORT_H
+#define VEXMATH_EXPORT_H
+
+/// Marks what the shared library exports. It stands on each out-of-line public function, and on a
+/// class only when the class is polymorphic, so that its virtual table and run-time type leave the
+/// library too. A function without it is inline, or private to the library.
+#if defined(VEXMATH_STATIC)
+#define VEXMATH_API
+#elif defined(_WIN32)
+#if defined(VEXMATH_BUILDING)
+#define VEXMATH_API __declspec(dllexport)
+#else
+#define VEXMATH_API __declspec(dllimport)
+#endif
+#else
+#define VEXMATH_API __attribute__((visibility("default")))
+#endif
+
+#endif
