@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+// mg2DPoint_c: a planar point; mgTessPoint2D_c: a single-precision point of a tessellation.
+
+#ifndef VEXMATH_POINT2D_H
+#define VEXMATH_POINT2D_H
+
+/// A point (u, v) of a parameter plane or a drawing: two doubles. u and x name the same coordinate,
+/// and so do v and y.
+class mg2DPoint_c {
+public:
+    constexpr mg2DPoint_c() = default; ///< (0, 0)
+    constexpr mg2DPoint_c(double u, double v) : u_(u), v_(v) {}
+
+    void set(double u, double v) { *this = {u, v}; }
+    void set_x(double u) { u_ = u; }
+    void set_y(double v) { v_ = v; }
+
+    double u() const { return u_; }
+    double v() const { return v_; }
+    double x() const { return u_; }
+    double y() const { return v_; }
+
+private:
+    double u_ = 0.0;
+    double v_ = 0.0;
+};
+
+/// A point of a tessellation that the display code takes: three floats, (0, 0, 0) by default.
+class mgTessPoint2D_c {
+public:
+    constexpr mgTessPoint2D_c() = default;
+    constexpr mgTessPoint2D_c(float px, float py, float pz) : x(px), y(py), z(pz) {}
+    /// Each rounded to single precision.
+    constexpr mgTessPoint2D_c(double px, double py, double pz)
+        : x(static_cast<float>(px)), y(static_cast<float>(py)), z(static_cast<float>(pz)) {}
+
+    float x = 0.0F;
+    float y = 0.0F;
+    float z = 0.0F;
+};
+
+#endif
