@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// The archive through which geometry is stored: the portable default of a host type.
+
+#ifndef VEXMATH_PLATFORM_ARCHIVE_H
+#define VEXMATH_PLATFORM_ARCHIVE_H
+
+#include <iosfwd>
+#include <stdexcept>
+#include <string>
+
+#include <vexmath/export.h>
+
+/// What an archive throws when an item could not be read or written whole; what() names the item.
+class VEXMATH_API su_CArchiveError : public std::runtime_error {
+public:
+    explicit su_CArchiveError(std::string const &what);
+    su_CArchiveError(su_CArchiveError const &other);
+    su_CArchiveError &operator=(su_CArchiveError const &other);
+    ~su_CArchiveError() override;
+};
+
+/// The archive as the oldest callers know it: a name without operations. Every object that the
+/// library is given under this name is a su_CArchive.
+class VEXMATH_API CArchive {
+public:
+    CArchive(CArchive const &) = delete;
+    CArchive &operator=(CArchive const &) = delete;
+    virtual ~CArchive();
+
+protected:
+    CArchive();
+};
+
+/// An archive over a caller's binary stream, which must outlive it. Items follow each other without
+/// tag or padding, least significant byte first on every machine:
+///
+///     unsigned char   BYTE     1 byte
+///     int             INT      4 bytes, two's complement
+///     unsigned long   DWORD    4 bytes, also where the type has 8: the upper half is dropped
+///     double          DOUBLE   8 bytes, IEEE 754; every bit is kept, NaN payloads and -0 too
+///
+/// A short read or a failed write throws su_CArchiveError, and a short read leaves its target as it
+/// was. A stream that buffers may accept what the disk later refuses: flush it and look at its
+/// state before the document is called written.
+class VEXMATH_API su_CArchive : public CArchive {
+public:
+    explicit su_CArchive(std::iostream &stream);
+    ~su_CArchive() override;
+
+    su_CArchive &operator<<(unsigned char value);
+    su_CArchive &operator<<(int value);
+    su_CArchive &operator<<(unsigned long value);
+    su_CArchive &operator<<(double value);
+
+    su_CArchive &operator>>(unsigned char &value);
+    su_CArchive &operator>>(int &value);
+    su_CArchive &operator>>(unsigned long &value);
+    su_CArchive &operator>>(double &value);
+
+private:
+    std::iostream &stream_;
+};
+
+#endif
