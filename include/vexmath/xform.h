@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: MIT
+// mgXform_c: the similarity transform with an optional perspective, and what it does to points,
+// vectors and directions.
+
+#ifndef VEXMATH_XFORM_H
+#define VEXMATH_XFORM_H
+
+#include <vexmath/matrix.h>
+#include <vexmath/mg_vector.h>
+#include <vexmath/persp_info.h>
+
+#include <vexmath_platform/archive.h>
+
+namespace vexmath::detail {
+
+/// A transform of exactly these fields, without a perspective record and without the copy rules.
+mgXform_c makeXform(mgMatrix_c const &rotation, mgVector_c const &translation, double scale = 1.0,
+                    int reflection = 0);
+
+} // namespace vexmath::detail
+
+/// The fields of a transform as plain data, for modules that exchange transforms without sharing
+/// the class. Owns nothing: the record pointer is copied as it is and never freed here.
+class mgXform_64BitHelper_c {
+public:
+    mgMatrix_c rotation;
+    mgVector_c translation;
+    double scale = 1.0;
+    int reflection = 0;
+    mgPerspInfo_c *perspective = nullptr;
+};
+
+/// A similarity transform: rotation, uniform scale and translation, with a reflection flag and, for
+/// view transforms, an owned perspective record.
+///
+/// A point p, a row vector, goes to scale * (p * rotation) + translation and then, when a record is
+/// held, through its perspective division. Row i of the rotation is the image of coordinate axis i.
+/// `a * b` means a first, then b. Lengths are in model units, angles in radians.
+///
+/// Invariants: none is enforced but by `iValidateRepairXForm` and
+/// `iValidateRepairRotationMatrix`. The rotation is normally orthonormal, and composition keeps it
+/// so. The reflection flag is carried along; no point or vector is moved by it: a mirror has it in
+/// its matrix as well.
+///
+/// **Copies change the value.** A copy, an assignment, the result of `a * b` and of `inverse` take
+/// a scale outside (1.0000000000000002e-13, 6e12), bounds excluded, NaN too, as 1; a translation
+/// whose components are all below 1e-08 as zero; and a rotation flagged as the identity as the
+/// exact one. Factories return what they built, without these rules.
+///
+/// No operation reports an error or throws, unless memory for a record is exhausted.
+class mgXform_c {
+public:
+    mgXform_c() = default; ///< the identity
+    /// The frame with rows (xDir, unit(zDir x xDir), zDir) at the origin given; orthonormalised.
+    VEXMATH_API mgXform_c(mgUnitVector_c const &zDir, mgUnitVector_c const &xDir,
+                          mgVector_c const &origin);
+    mgXform_c(mgXform_c const &source); ///< by the copy rules above
+    /// By the copy rules above, which `x = x` applies in place.
+    mgXform_c const &operator=(mgXform_c const &source);
+    ~mgXform_c();
+
+    double scaling() const { return scale_; }
+    mgMatrix_c const &rotation() const { return rotation_; }
+    mgVector_c const &translation() const { return translation_; }
+    int isReflection() const { return reflection_; }
+    void setReflection(int flag) { reflection_ = flag; } ///< stored as given
+    int hasPerspective() const { return perspective_ != nullptr; }
+    /// 1 when the rotation's identity flag is clear. The flag is trusted, not the elements.
+    int rotate() const { return !rotation_.isIdentity(); }
+    /// 1 when the identity flag is set, |1 - scale| < 1e-08 and the translation is null. Reflection
+    /// and perspective are not looked at.
+    VEXMATH_API int isIdentity() const;
+    /// Rotation, with its flag, and scale alone, as they are.
+    VEXMATH_API mgXform_c linearComponent() const;
+
+    // The images of the world axes under the inverse rotation (columns) and, with an I, under the
+    // rotation itself (rows). The numbers are copied and not normalised.
+    void getXAxis(mgUnitVector_c *axis) const { rotation_.getXAxis(axis); }
+    void getYAxis(mgUnitVector_c *axis) const { rotation_.getYAxis(axis); }
+    void getZAxis(mgUnitVector_c *axis) const { rotation_.getZAxis(axis); }
+    void getIXAxis(mgUnitVector_c *axis) const { rotation_.getIXAxis(axis); }
+    void getIYAxis(mgUnitVector_c *axis) const { rotation_.getIYAxis(axis); }
+    void getIZAxis(mgUnitVector_c *axis) const { rotation_.getIZAxis(axis); }
+    /// Which row of the rotation is nearest to dir or its opposite, as 1, 2 or 3, the earlier one
+    /// on a tie; opposite becomes 1 when it points the other way.
+    VEXMATH_API int getNearestAxis(mgUnitVector_c const &dir, int &opposite) const;
+
+    /// This transform first, then b. b may be this transform: the result is its square.
+    VEXMATH_API mgXform_c const &operator*=(mgXform_c const &b);
+    /// The way back, without reflection and perspective; the scale's inverse follows the copy rules.
+    VEXMATH_API mgXform_c inverse() const;
+
+    /// 1 when scale, rotation and translation agree within 1e-08, bound included, and the records
+    /// in eye point and field-of-view plane exactly. The reflection flag is not compared.
+    VEXMATH_API int equals(mgXform_c const &other) const;
+    /// 1 when both turn the z axis into the same or opposite directions, within 1e-08 of cosine.
+    VEXMATH_API int sameOrParallel(mgXform_c const *other) const;
+
+    /// Snaps a nearly axis-aligned rotation; see `mgMatrix_c::iValidateRepairOrthonormality`.
+    VEXMATH_API int iValidateRepairRotationMatrix();
+    /// Sets a translation x or y beyond +-1e8 to 0 and a scale outside [1.0000000000000002e-13,
+    /// 6e12], bounds kept, to 1. Returns 1 when something was repaired.
+    VEXMATH_API int iValidateRepairXForm();
+
+    /// Copies the record's four base fields to *out and returns 1; without a record 0, *out as is.
+    VEXMATH_API int getPerspectiveInfo(mgPerspInfo_c *out) const;
+    /// Holds a copy of the record's four base fields from now on, in place of any record held.
+    VEXMATH_API void addPerspectiveInfo(mgPerspInfo_c const &info);
+    VEXMATH_API void deletePerspectiveInfo();
+    /// Takes over a copy of the source's record, or drops this one's when the source has none.
+    VEXMATH_API void iCopyPerspectiveInfo(mgXform_c const &source);
+    /// 1 when neither has a record or both agree exactly in eye point and field-of-view plane.
+    VEXMATH_API int iIsPerspectiveEqual(mgXform_c const &other) const;
+
+    /// Takes the four plain fields as they are; a record held is dropped.
+    VEXMATH_API void SetHelper(mgXform_64BitHelper_c const &helper);
+    /// The four plain fields; the record never crosses.
+    VEXMATH_API mgXform_64BitHelper_c GetHelper() const;
+    VEXMATH_API void GetHelper(mgXform_64BitHelper_c &helper) const;
+
+    /// Archive record: a byte that is 1 when the transform rotates, then its nine matrix doubles in
+    /// that case, translation, scale, a reserved byte 0. Repairs this transform first, as
+    /// `iValidateRepairXForm` does. Reflection and perspective are not stored.
+    VEXMATH_API void save(su_CArchive &ar);
+    /// Reads a record, orthonormalising the rotation. A record without rotation leaves the rotation
+    /// as it was: restore into a fresh transform. Scale as stored; reflection and perspective stay.
+    /// A failing read leaves the transform as it was.
+    VEXMATH_API void restore(su_CArchive &ar);
+    /// The same with the rotation's elements as stored.
+    VEXMATH_API void restoreAsIs(su_CArchive &ar);
+
+private:
+    friend class mgPoint_c;
+    friend mgXform_c vexmath::detail::makeXform(mgMatrix_c const &, mgVector_c const &, double, int);
+    friend mgXform_c mg_ScaleXform(mgXform_c x, double s);
+
+    mgXform_c(mgMatrix_c const &rotation, mgVector_c const &translation, double scale,
+              int reflection);
+
+    void copyByRules(mgXform_c const &source);
+    VEXMATH_API void dividePerspective(mgPoint_c &p) const;
+    void restoreRecord(su_CArchive &ar, void (mgMatrix_c::*restoreRotation)(su_CArchive &));
+
+    mgMatrix_c rotation_;
+    mgVector_c translation_;
+    double scale_ = 1.0;
+    int reflection_ = 0;
+    mgPerspInfo_c *perspective_ = nullptr; // owned, always a plain mgPerspInfo_c
+};
+
+/// a first, then b; the result follows the copy rules.
+VEXMATH_API mgXform_c operator*(mgXform_c const &a, mgXform_c const &b);
+
+/// Moved by rotation, scale, translation and, when the transform holds a record, its perspective.
+mgPoint_c operator*(mgPoint_c const &p, mgXform_c const &x);
+/// Turned and scaled; an exactly zero vector stays as it is.
+mgVector_c operator*(mgVector_c const &v, mgXform_c const &x);
+/// Turned and normalised again; unchanged when the transform is flagged as not rotating.
+mgUnitVector_c operator*(mgUnitVector_c const &u, mgXform_c const &x);
+
+/// Raw archive form of thirty 32-bit words: the fields as they lie in memory, low words first, with
+/// the identity flag in word 18, the reflection flag in word 28, and 0 in words 19 and 29. Not the
+/// record of `save`: the two do not mix on one stream. Both directions drop x's perspective record.
+/// A failing read leaves x as it was.
+VEXMATH_API su_CArchive &operator<<(su_CArchive &ar, mgXform_c &x);
+VEXMATH_API su_CArchive &operator>>(su_CArchive &ar, mgXform_c &x);
+
+// -------------------------------------------------------------------------------------------------
+
+namespace vexmath::detail {
+
+/// Open range of scales that survive a copy.
+inline constexpr double kSmallestScale = 1.0000000000000002e-13;
+inline constexpr double kLargestScale = 6e12;
+
+/// The scale, or 1 when it lies on or beyond a bound, or is NaN.
+inline double scaleInRange(double s) { return s > kSmallestScale && s < kLargestScale ? s : 1.0; }
+
+/// Does a scale differ from 1 by strictly more than 1e-08?
+inline bool scales(double s) { return std::fabs(s - 1.0) > 1e-08; }
+
+/// The linear half of the point and vector rules. The elements decide whether to multiply, not the
+/// identity flag: callers edit elements and leave the flag stale.
+inline mgVector_c turnedAndScaled(double x, double y, double z, mgXform_c const &form) {
+    mgVector_c v = isExactIdentity(form.rotation()) ? mgVector_c(x, y, z)
+                                                    : rowTimes(x, y, z, form.rotation());
+    if (scales(form.scaling())) v *= form.scaling();
+    return v;
+}
+
+/// A coordinate moved by a translation component. A component of exactly 0 is not added, so that
+/// -0.0 stays -0.0.
+inline double moved(double coordinate, double by) { return by == 0.0 ? coordinate : coordinate + by; }
+
+inline mgXform_c makeXform(mgMatrix_c const &rotation, mgVector_c const &translation, double scale,
+                           int reflection) {
+    return mgXform_c(rotation, translation, scale, reflection);
+}
+
+} // namespace vexmath::detail
+
+inline mgXform_c::mgXform_c(mgMatrix_c const &rotation, mgVector_c const &translation, double scale,
+                            int reflection)
+    : rotation_(rotation), translation_(translation), scale_(scale), reflection_(reflection) {}
+
+inline mgXform_c::mgXform_c(mgXform_c const &source) { copyByRules(source); }
+
+inline mgXform_c const &mgXform_c::operator=(mgXform_c const &source) {
+    copyByRules(source);
+    return *this;
+}
+
+inline mgXform_c::~mgXform_c() {
+    if (perspective_ != nullptr) deletePerspectiveInfo();
+}
+
+inline void mgXform_c::copyByRules(mgXform_c const &source) {
+    scale_ = vexmath::detail::scaleInRange(source.scale_);
+    reflection_ = source.reflection_;
+    rotation_ = source.rotate() ? source.rotation_ : mgMatrix_c();
+    translation_ = source.translation_.isNotNull() ? source.translation_ : mgVector_c();
+    if (perspective_ != nullptr || source.perspective_ != nullptr) iCopyPerspectiveInfo(source);
+}
+
+inline mgPoint_c &mgPoint_c::operator*=(mgXform_c const &x) {
+    using vexmath::detail::moved;
+    mgVector_c const v = vexmath::detail::turnedAndScaled(x_, y_, z_, x);
+    mgVector_c const &t = x.translation();
+    set(moved(v.x(), t.x()), moved(v.y(), t.y()), moved(v.z(), t.z()));
+    if (x.hasPerspective()) x.dividePerspective(*this);
+    return *this;
+}
+
+inline mgPoint_c operator*(mgPoint_c const &p, mgXform_c const &x) {
+    mgPoint_c moved = p;
+    moved *= x;
+    return moved;
+}
+
+inline mgVector_c &mgVector_c::operator*=(mgXform_c const &x) {
+    if (!null()) *this = vexmath::detail::turnedAndScaled(x_, y_, z_, x);
+    return *this;
+}
+
+inline mgVector_c operator*(mgVector_c const &v, mgXform_c const &x) {
+    mgVector_c turned = v;
+    turned *= x;
+    return turned;
+}
+
+inline mgUnitVector_c &mgUnitVector_c::operator*=(mgXform_c const &x) {
+    if (x.rotate()) *this = mg_Normalise(*this * x.rotation());
+    return *this;
+}
+
+inline mgUnitVector_c operator*(mgUnitVector_c const &u, mgXform_c const &x) {
+    mgUnitVector_c turned = u;
+    turned *= x;
+    return turned;
+}
+
+#endif

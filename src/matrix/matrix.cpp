@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: MIT
+// 3x3 matrices: construction, arithmetic, orthonormalisation and repair.
+
+#include <vexmath/matrix.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+/// Elements and rows that count as equal when a flag is computed or matrices compared; strict.
+constexpr double kElementTolerance = 1e-12;
+/// Sum of length and angle errors below which the orthonormalisation leaves a matrix alone; strict.
+constexpr double kOrthonormalEnough = 1e-15;
+
+double dot(mgVector_c const &a, mgVector_c const &b) { return a % b; }
+
+} // namespace
+
+mgMatrix_c::mgMatrix_c(double const (&elements)[9], int orthonormalise) {
+    std::copy(elements, elements + 9, m_);
+    if (orthonormalise) this->orthonormalise(false);
+    refreshIdentityFlag();
+}
+
+mgMatrix_c::mgMatrix_c(mgUnitVector_c const &r0, mgUnitVector_c const &r1,
+                       mgUnitVector_c const &r2)
+    : mgMatrix_c(0, r0, r1, r2) {}
+
+mgMatrix_c::mgMatrix_c(int order, mgUnitVector_c const &r0, mgUnitVector_c const &r1,
+                       mgUnitVector_c const &r2) {
+    r0.get(m_);
+    r1.get(m_ + 3);
+    r2.get(m_ + 6);
+    orthonormalise(order != 0);
+    refreshIdentityFlag();
+}
+
+bool mgMatrix_c::rowsAreAxes(double tol) const {
+    mgMatrix_c const axes;
+    return vexmath::detail::sameWithin(m_, axes.m_, tol)
+           && vexmath::detail::sameWithin(m_ + 3, axes.m_ + 3, tol)
+           && vexmath::detail::sameWithin(m_ + 6, axes.m_ + 6, tol);
+}
+
+void mgMatrix_c::refreshIdentityFlag() { identity_ = rowsAreAxes(kElementTolerance); }
+
+mgMatrix_c mgMatrix_c::operator+(mgMatrix_c const &b) const {
+    // QUIRK: the sum keeps the flag of the identity it is built on, where a reader would expect it
+    // cleared; likewise the difference and the transpose. Callers that go on multiplying rely on
+    // the products short-cutting it. (test: SumDifferenceAndTransposeClaimToBeTheIdentity)
+    mgMatrix_c sum;
+    for (int k = 0; k < 9; ++k) sum.m_[k] = m_[k] + b.m_[k];
+    return sum;
+}
+
+mgMatrix_c mgMatrix_c::operator-(mgMatrix_c const &b) const {
+    // QUIRK: the argument minus this, where a reader would expect this minus the argument. Callers
+    // write a - b for the step from a to b. (test: DifferenceIsTheArgumentMinusThis)
+    mgMatrix_c difference;
+    for (int k = 0; k < 9; ++k) difference.m_[k] = b.m_[k] - m_[k];
+    return difference;
+}
+
+mgMatrix_c &mgMatrix_c::operator+=(mgMatrix_c const &b) {
+    for (int k = 0; k < 9; ++k) m_[k] += b.m_[k];
+    return *this;
+}
+
+int mgMatrix_c::operator==(mgMatrix_c const &b) const {
+    if (!identity_ != !b.identity_) return 0;
+    // QUIRK: two matrices flagged as the identity are equal whatever their elements, as all
+    // operations that trust the flag treat them. (test: MatricesFlaggedAsTheIdentityAreEqual)
+    if (identity_) return 1;
+    return std::equal(m_, m_ + 9, b.m_, [](double p, double q) {
+        return std::fabs(p - q) < kElementTolerance;
+    });
+}
+
+void mgMatrix_c::zero() { std::fill(m_, m_ + 9, 0.0); }
+
+void mgMatrix_c::tensor(mgVector_c const &a, mgVector_c const &b) {
+    mgVector_c const left = a; // either may lie in this matrix
+    mgVector_c const right = b;
+    for (int i = 0; i < 3; ++i) {
+        for (int j = 0; j < 3; ++j) m_[3 * i + j] = left.component(i) * right.component(j);
+    }
+}
+
+double mgMatrix_c::getDeterminant() const {
+    return m_[0] * (m_[4] * m_[8] - m_[7] * m_[5]) - m_[1] * (m_[3] * m_[8] - m_[6] * m_[5])
+           + m_[2] * (m_[7] * m_[3] - m_[6] * m_[4]);
+}
+
+mgMatrix_c mgMatrix_c::transpose() const {
+    mgMatrix_c transposed; // keeps its flag, see operator+
+    for (int i = 0; i < 3; ++i) {
+        for (int j = 0; j < 3; ++j) transposed.m_[3 * i + j] = m_[3 * j + i];
+    }
+    return transposed;
+}
+
+mgMatrix_c mgMatrix_c::inverse() const {
+    double const transposed[9] = {m_[0], m_[3], m_[6], m_[1], m_[4], m_[7], m_[2], m_[5], m_[8]};
+    return mgMatrix_c(transposed, 1);
+}
+
+mgMatrix_c operator*(mgMatrix_c const &a, mgMatrix_c const &b) {
+    if (a.isIdentity() && b.isIdentity()) return mgMatrix_c();
+    double product[9];
+    for (int i = 0; i < 3; ++i) {
+        for (int j = 0; j < 3; ++j) {
+            product[3 * i + j] = a(i, 0) * b(0, j) + a(i, 1) * b(1, j) + a(i, 2) * b(2, j);
+        }
+    }
+    return mgMatrix_c(product, 1);
+}
+
+int mgMatrix_c::isNearZero() const {
+    return std::all_of(m_, m_ + 9, vexmath::detail::isTiny);
+}
+
+int mgMatrix_c::isNearIdentity() const {
+    /// Bounds of an element, about 0.03 degrees of rotation; inclusive.
+    constexpr double kDiagonalLow = 0.999999863;
+    constexpr double kDiagonalHigh = 1.000000137;
+    constexpr double kOffDiagonal = 0.000523599;
+    for (int k : {0, 4, 8}) {
+        if (!(m_[k] >= kDiagonalLow && m_[k] <= kDiagonalHigh)) return 0;
+    }
+    for (int k : {1, 2, 3, 5, 6, 7}) {
+        if (!(std::fabs(m_[k]) <= kOffDiagonal)) return 0;
+    }
+    return 1;
+}
+
+// A single first-order pass of the Gram-Schmidt process: 1 + e/2 stands for 1/sqrt(1 - e).
+void mgMatrix_c::orthonormalise(bool lengthsFirst) {
+    mgVector_c r0 = row(0);
+    mgVector_c r1 = row(1);
+    mgVector_c const r2 = row(2);
+    double const e0 = 1.0 - dot(r0, r0);
+    double const e1 = 1.0 - dot(r1, r1);
+    double const e2 = 1.0 - dot(r2, r2);
+    double const d01 = dot(r0, r1);
+    double const d02 = dot(r0, r2);
+    double const d12 = dot(r1, r2);
+
+    // The two orders differ by rounding alone, and callers compare matrices built either way.
+    double const a01 = std::fabs(d01);
+    double const a02 = std::fabs(d02);
+    double const a12 = std::fabs(d12);
+    double const b0 = std::fabs(e0);
+    double const b1 = std::fabs(e1);
+    double const b2 = std::fabs(e2);
+    double const error =
+        lengthsFirst ? b2 + b0 + b1 + a12 + a01 + a02 : a12 + a02 + a01 + b2 + b0 + b1;
+    if (error < kOrthonormalEnough) return;
+
+    r0 *= 1.0 + e0 / 2.0;
+    r1 *= 1.0 + e1 / 2.0;
+    r1 -= d01 * r0; // d01 as measured before the lengths changed
+    mgVector_c rebuilt = r0 * r1;
+    if (rebuilt % r2 < 0.0) rebuilt.flip(); // a reflection stays a reflection
+    r0.get(m_);
+    r1.get(m_ + 3);
+    rebuilt.get(m_ + 6);
+}
+
+void mgMatrix_c::normalize(int /*unused*/, int order) { orthonormalise(order != 0); }
+
+namespace {
+
+/// What a row's snap came to.
+enum class Snap { NotAlongAnAxis, Done, Failed };
+
+/// Elements of absolute value strictly above this are snapped to +-1, and then all others of their
+/// row and column must be strictly below the second.
+constexpr double kSnapToOne = 0.99999999;
+constexpr double kSnapToZero = 1e-08;
+
+/// Clears an element that must be near zero; false when it is not.
+bool clear(double &element) {
+    if (!(std::fabs(element) < kSnapToZero)) return false;
+    element = 0.0;
+    return true;
+}
+
+Snap snapRow(mgMatrix_c &m, int r) {
+    for (int c = 0; c < 3; ++c) {
+        if (!(std::fabs(m(r, c)) > kSnapToOne)) continue;
+        m(r, c) = m(r, c) > 0.0 ? 1.0 : -1.0;
+        for (int k = 0; k < 3; ++k) {
+            if (k != c && !clear(m(r, k))) return Snap::Failed;
+        }
+        for (int k = 0; k < 3; ++k) {
+            if (k != r && !clear(m(k, c))) return Snap::Failed;
+        }
+        return Snap::Done;
+    }
+    return Snap::NotAlongAnAxis;
+}
+
+} // namespace
+
+int mgMatrix_c::iValidateRepairOrthonormality() {
+    if (identity_) return 0;
+    mgMatrix_c repaired = *this;
+    for (int r = 0; r < 3; ++r) {
+        if (snapRow(repaired, r) == Snap::Failed) return 0;
+    }
+    bool const changed = !std::equal(m_, m_ + 9, repaired.m_);
+    *this = repaired;
+    return changed;
+}
