@@ -97,6 +97,10 @@ public:
     VEXMATH_API void restore(su_CArchive &ar);
     /// Reads the elements as they are; the flag becomes 1 when every row is its axis within 1e-08.
     VEXMATH_API void restoreAsIs(su_CArchive &ar);
+    // The same for callers that hold a CArchive, which must be a su_CArchive.
+    VEXMATH_API void save(CArchive &ar) const;
+    VEXMATH_API void restore(CArchive &ar);
+    VEXMATH_API void restoreAsIs(CArchive &ar);
 
 private:
     friend class mgXform_c;

@@ -37,8 +37,7 @@ VEXMATH_API void mg_getBasis(mgVector_c const &n, mgUnitVector_c &u, mgUnitVecto
 /// Angle in radians between two vectors, in [0, pi]; 0 when either is exactly zero.
 VEXMATH_API double mg_AngleBetween(mgVector_c const &a, mgVector_c const &b);
 /// Angle from a to b counter-clockwise about ref, in [0, 2 pi) up to rounding.
-VEXMATH_API double mg_AngleBetween(mgVector_c const &a, mgVector_c const &b,
-                                   mgVector_c const &ref);
+VEXMATH_API double mg_AngleBetween(mgVector_c const &a, mgVector_c const &b, mgVector_c const &ref);
 /// Angle from a to b counter-clockwise about z, in [0, 2 pi) up to rounding. The cosine side uses
 /// all three components.
 VEXMATH_API double mg_AngleBetween2d(mgVector_c const &a, mgVector_c const &b);

@@ -38,7 +38,9 @@ public:
     void setCameraFOVPlaneDistance(double d) { fovPlaneDistance_ = d; }
     /// The distance that the division uses: of the field-of-view plane when it is positive, else
     /// the plane distance.
-    double getIsoPlaneDistance() const { return isPerspCamera() ? fovPlaneDistance_ : planeDistance_; }
+    double getIsoPlaneDistance() const {
+        return isPerspCamera() ? fovPlaneDistance_ : planeDistance_;
+    }
     double getNearClipZ() const { return planeDistance_ + eye_.z(); }
     void getEyePoint(mgPoint_c *eye) const { *eye = eye_; }
     void setEyePoint(mgPoint_c const *eye) { eye_ = *eye; }

@@ -70,8 +70,8 @@ public:
     VEXMATH_API static int checkCollinear(mgPoint_c const pts[3], mgPoint_c &point,
                                           mgVector_c &normal);
 
-    /// The segments p1-p2 and p3-p4 that draw a plus at this point, in the plane z = 0 whatever this
-    /// point's z. Arms point away from the origin with 4 sizes and towards it with 3.
+    /// The segments p1-p2 and p3-p4 that draw a plus at this point, in the plane z = 0 whatever
+    /// this point's z. Arms point away from the origin with 4 sizes and towards it with 3.
     VEXMATH_API void getPLUSrep(mgPoint_c &p1, mgPoint_c &p2, mgPoint_c &p3, mgPoint_c &p4,
                                 double size) const;
     /// The same for a cross.
@@ -80,6 +80,13 @@ public:
 
     /// Writes "(x,y,z)" with four decimals each, in three pieces, without a line end.
     VEXMATH_API void Dump(CDumpContext &dc) const;
+
+    // Archive records for callers that hold a CArchive, which must be a su_CArchive: three doubles,
+    // or x and y alone (reading that form sets z to 0). A failing read leaves the point as it was.
+    VEXMATH_API void save(CArchive &ar) const;
+    VEXMATH_API void restore(CArchive &ar);
+    VEXMATH_API void save2D(CArchive &ar) const;
+    VEXMATH_API void restore2D(CArchive &ar);
 
 private:
     double x_ = 0.0;
@@ -253,12 +260,8 @@ inline gcMdiPoint_c &gcMdiPoint_c::operator-=(gcMdiPoint_c const &p) {
     return *this = {x_ - p.x_, y_ - p.y_, z_ - p.z_};
 }
 
-inline gcMdiPoint_c &gcMdiPoint_c::operator*=(double s) {
-    return *this = {x_ * s, y_ * s, z_ * s};
-}
+inline gcMdiPoint_c &gcMdiPoint_c::operator*=(double s) { return *this = {x_ * s, y_ * s, z_ * s}; }
 
-inline gcMdiPoint_c &gcMdiPoint_c::operator/=(double d) {
-    return *this = {x_ / d, y_ / d, z_ / d};
-}
+inline gcMdiPoint_c &gcMdiPoint_c::operator/=(double d) { return *this = {x_ / d, y_ / d, z_ / d}; }
 
 #endif

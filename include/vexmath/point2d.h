@@ -4,6 +4,10 @@
 #ifndef VEXMATH_POINT2D_H
 #define VEXMATH_POINT2D_H
 
+#include <vexmath/export.h>
+
+#include <vexmath_platform/archive.h>
+
 /// A point (u, v) of a parameter plane or a drawing: two doubles. u and x name the same coordinate,
 /// and so do v and y.
 class mg2DPoint_c {
@@ -19,6 +23,9 @@ public:
     double v() const { return v_; }
     double x() const { return u_; }
     double y() const { return v_; }
+
+    /// Reads two doubles. REQUIRES a su_CArchive. A failing read leaves the point as it was.
+    VEXMATH_API void restore(CArchive &ar);
 
 private:
     double u_ = 0.0;

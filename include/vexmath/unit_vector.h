@@ -49,8 +49,7 @@ mgUnitVector_c operator-(mgUnitVector_c const &u);
 inline mgUnitVector_c::mgUnitVector_c(double x, double y, double z)
     : mgVector_c(vexmath::detail::normalised(x, y, z)) {}
 
-inline mgUnitVector_c::mgUnitVector_c(double const *xyz)
-    : mgUnitVector_c(xyz[0], xyz[1], xyz[2]) {}
+inline mgUnitVector_c::mgUnitVector_c(double const *xyz) : mgUnitVector_c(xyz[0], xyz[1], xyz[2]) {}
 
 inline mgUnitVector_c::mgUnitVector_c(mgVector_c const &v, int /*flag*/)
     : mgUnitVector_c(v.x(), v.y(), v.z()) {}

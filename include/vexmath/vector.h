@@ -8,6 +8,8 @@
 #include <vexmath/forward.h>
 #include <vexmath/tolerances.h>
 
+#include <vexmath_platform/archive.h>
+
 #include <cmath>
 #include <type_traits>
 
@@ -69,8 +71,8 @@ public:
     inline mgVector_c &operator*=(mgXform_c const &x);
     void flip(); ///< negates every component
 
-    /// Scales to unit length and returns 1; leaves a null vector unchanged and returns 0. It refuses
-    /// more than `mg_Normalise`, which goes by the length: see there.
+    /// Scales to unit length and returns 1; leaves a null vector unchanged and returns 0. It
+    /// refuses more than `mg_Normalise`, which goes by the length: see there.
     int normalise();
 
     // Directions. Every predicate gives 0 when either vector is null. The tests whose name has no
@@ -96,11 +98,15 @@ public:
     /// Index of the component of largest absolute value; on a tie the later axis.
     VEXMATH_API int dominantComponentIndex() const;
     /// A unit vector perpendicular to this one. With preferAxis non-zero, the first coordinate axis
-    /// along which this vector is below 1e-10, if there is one. Of a zero vector: (1, 1, 1) / sqrt 3.
+    /// along which this vector is below 1e-10, if there is one. Of a zero vector: (1, 1, 1) /
+    /// sqrt 3.
     VEXMATH_API mgUnitVector_c anyUnitNormal(int preferAxis) const;
     /// (s, t, 0) such that s a + t b is nearest to this vector, by least squares. A vector a or b
     /// shorter than 1e-08 gets the coefficient 0; both do when a and b are nearly parallel.
     VEXMATH_API mgVector_c pullBack(mgVector_c const &a, mgVector_c const &b) const;
+
+    /// Reads three doubles. REQUIRES a su_CArchive. A failing read leaves the vector as it was.
+    VEXMATH_API void restore(CArchive &ar);
 
 private:
     double x_ = 0.0;

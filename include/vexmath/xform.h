@@ -87,7 +87,8 @@ public:
 
     /// This transform first, then b. b may be this transform: the result is its square.
     VEXMATH_API mgXform_c const &operator*=(mgXform_c const &b);
-    /// The way back, without reflection and perspective; the scale's inverse follows the copy rules.
+    /// The way back, without reflection and perspective; the scale's inverse follows the copy
+    /// rules.
     VEXMATH_API mgXform_c inverse() const;
 
     /// 1 when scale, rotation and translation agree within 1e-08, bound included, and the records
@@ -128,10 +129,15 @@ public:
     VEXMATH_API void restore(su_CArchive &ar);
     /// The same with the rotation's elements as stored.
     VEXMATH_API void restoreAsIs(su_CArchive &ar);
+    // The same for callers that hold a CArchive, which must be a su_CArchive.
+    VEXMATH_API void save(CArchive &ar);
+    VEXMATH_API void restore(CArchive &ar);
+    VEXMATH_API void restoreAsIs(CArchive &ar);
 
 private:
     friend class mgPoint_c;
-    friend mgXform_c vexmath::detail::makeXform(mgMatrix_c const &, mgVector_c const &, double, int);
+    friend mgXform_c vexmath::detail::makeXform(mgMatrix_c const &, mgVector_c const &, double,
+                                                int);
     friend mgXform_c mg_ScaleXform(mgXform_c x, double s);
 
     mgXform_c(mgMatrix_c const &rotation, mgVector_c const &translation, double scale,
@@ -182,15 +188,17 @@ inline bool scales(double s) { return std::fabs(s - 1.0) > 1e-08; }
 /// The linear half of the point and vector rules. The elements decide whether to multiply, not the
 /// identity flag: callers edit elements and leave the flag stale.
 inline mgVector_c turnedAndScaled(double x, double y, double z, mgXform_c const &form) {
-    mgVector_c v = isExactIdentity(form.rotation()) ? mgVector_c(x, y, z)
-                                                    : rowTimes(x, y, z, form.rotation());
+    mgVector_c v =
+        isExactIdentity(form.rotation()) ? mgVector_c(x, y, z) : rowTimes(x, y, z, form.rotation());
     if (scales(form.scaling())) v *= form.scaling();
     return v;
 }
 
 /// A coordinate moved by a translation component. A component of exactly 0 is not added, so that
 /// -0.0 stays -0.0.
-inline double moved(double coordinate, double by) { return by == 0.0 ? coordinate : coordinate + by; }
+inline double moved(double coordinate, double by) {
+    return by == 0.0 ? coordinate : coordinate + by;
+}
 
 inline mgXform_c makeXform(mgMatrix_c const &rotation, mgVector_c const &translation, double scale,
                            int reflection) {

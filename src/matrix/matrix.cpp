@@ -23,8 +23,7 @@ mgMatrix_c::mgMatrix_c(double const (&elements)[9], int orthonormalise) {
     refreshIdentityFlag();
 }
 
-mgMatrix_c::mgMatrix_c(mgUnitVector_c const &r0, mgUnitVector_c const &r1,
-                       mgUnitVector_c const &r2)
+mgMatrix_c::mgMatrix_c(mgUnitVector_c const &r0, mgUnitVector_c const &r1, mgUnitVector_c const &r2)
     : mgMatrix_c(0, r0, r1, r2) {}
 
 mgMatrix_c::mgMatrix_c(int order, mgUnitVector_c const &r0, mgUnitVector_c const &r1,
@@ -72,9 +71,8 @@ int mgMatrix_c::operator==(mgMatrix_c const &b) const {
     // QUIRK: two matrices flagged as the identity are equal whatever their elements, as all
     // operations that trust the flag treat them. (test: MatricesFlaggedAsTheIdentityAreEqual)
     if (identity_) return 1;
-    return std::equal(m_, m_ + 9, b.m_, [](double p, double q) {
-        return std::fabs(p - q) < kElementTolerance;
-    });
+    return std::equal(m_, m_ + 9, b.m_,
+                      [](double p, double q) { return std::fabs(p - q) < kElementTolerance; });
 }
 
 void mgMatrix_c::zero() { std::fill(m_, m_ + 9, 0.0); }
@@ -116,9 +114,7 @@ mgMatrix_c operator*(mgMatrix_c const &a, mgMatrix_c const &b) {
     return mgMatrix_c(product, 1);
 }
 
-int mgMatrix_c::isNearZero() const {
-    return std::all_of(m_, m_ + 9, vexmath::detail::isTiny);
-}
+int mgMatrix_c::isNearZero() const { return std::all_of(m_, m_ + 9, vexmath::detail::isTiny); }
 
 int mgMatrix_c::isNearIdentity() const {
     /// Bounds of an element, about 0.03 degrees of rotation; inclusive.

@@ -82,8 +82,8 @@ mgMatrix_c mg_RotationMatrix(double angle, mgVector_c const &axis, double snapTo
     double const z = a.z();
     double const t = 1.0 - c;
 
-    // The lower triangle is the upper one less twice the sine term, taken off one at a time: writing
-    // x y t - z s instead changes last bits.
+    // The lower triangle is the upper one less twice the sine term, taken off one at a time:
+    // writing x y t - z s instead changes last bits.
     double const xs = x * s;
     double const ys = y * s;
     double const zs = z * s;

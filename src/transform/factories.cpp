@@ -46,9 +46,7 @@ mgXform_c mg_RotateAtPoint(mgPoint_c const &p, double angle, mgVector_c const &a
     return (out.inverse() * mg_RotateXform(angle, axis, tol)) * out;
 }
 
-mgXform_c mg_ScaleXform(double s) {
-    return makeXform(mgMatrix_c(), mgVector_c(), scaleInRange(s));
-}
+mgXform_c mg_ScaleXform(double s) { return makeXform(mgMatrix_c(), mgVector_c(), scaleInRange(s)); }
 
 mgXform_c mg_ScaleXform(mgXform_c x, double s) {
     x.scale_ = scaleInRange(s);

@@ -44,8 +44,7 @@ int mgXform_c::getNearestAxis(mgUnitVector_c const &dir, int &opposite) const {
 
 mgXform_c const &mgXform_c::operator*=(mgXform_c const &b) {
     // Every field is computed before the first is written: b may be this transform.
-    mgMatrix_c const rotation =
-        rotate() || b.rotate() ? rotation_ * b.rotation_ : rotation_;
+    mgMatrix_c const rotation = rotate() || b.rotate() ? rotation_ * b.rotation_ : rotation_;
     mgVector_c const translation =
         translation_.isNotNull() ? translation_ * b + b.translation_ : b.translation_;
     int const reflection = (reflection_ != 0) != (b.reflection_ != 0);
@@ -102,9 +101,7 @@ int mgXform_c::sameOrParallel(mgXform_c const *other) const {
     return std::fabs(std::fabs(theirs % ours) - 1.0) <= kCosTolerance;
 }
 
-int mgXform_c::iValidateRepairRotationMatrix() {
-    return rotation_.iValidateRepairOrthonormality();
-}
+int mgXform_c::iValidateRepairRotationMatrix() { return rotation_.iValidateRepairOrthonormality(); }
 
 int mgXform_c::iValidateRepairXForm() {
     using vexmath::detail::kLargestScale;

@@ -48,8 +48,7 @@ int mgVector_c::isParallelTo(mgVector_c const &v, double tolDeg) const {
     if (tolDeg < kFixedTestDeg) return isParallelTo(v);
     Cosine const cosine = cosineBetween(*this, v);
     return cosine.known
-           && std::fabs(cosine.value)
-                  > std::cos(tolDeg * vexmath::kPi * vexmath::kPerHalfTurnDeg);
+           && std::fabs(cosine.value) > std::cos(tolDeg * vexmath::kPi * vexmath::kPerHalfTurnDeg);
 }
 
 int mgVector_c::isParallelToTol(mgVector_c const &v, double tolDeg) const {

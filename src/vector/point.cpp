@@ -20,8 +20,7 @@ mgPoint_c mgPoint_c::mirror(mgPoint_c const &p, mgVector_c const &n) const {
     return *this + (-2.0 * t) * n;
 }
 
-double mgPoint_c::distToRay(mgPoint_c const &root, mgVector_c const &unitDir,
-                            double *param) const {
+double mgPoint_c::distToRay(mgPoint_c const &root, mgVector_c const &unitDir, double *param) const {
     mgVector_c const v = *this - root;
     double const t = v % unitDir;
     if (param != nullptr) *param = t;

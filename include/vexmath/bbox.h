@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: MIT
+// mgBBox_c: an axis-aligned box kept together with a bounding sphere.
+
+#ifndef VEXMATH_BBOX_H
+#define VEXMATH_BBOX_H
+
+#include <vexmath/point.h>
+
+#include <vexmath_platform/archive.h>
+#include <vexmath_platform/string.h>
+
+/// An axis-aligned box and a bounding sphere, kept side by side so that each can serve as the
+/// cheaper or the tighter bound. A plain value of ten doubles.
+///
+/// A box is **set** when its radius is not negative and low <= high on every axis; NaN makes it
+/// unset. It is **valid** when it is set and the sphere agrees with the corners: reaches every
+/// corner coordinate, touches the box, and is no larger than its farthest corner asks for. The
+/// setters of one half alone, and transforms of flat boxes, can leave a set box that is not valid.
+///
+/// Queries of an unset box give the neutral value that each states; unions take an unset or invalid
+/// operand as empty. Where a step can meet NaN, the corner that stands is kept. Nothing reports an
+/// error.
+class mgBBox_c {
+public:
+    /// Unset: high corner (-1, -1, -1), low corner (1, 1, 1), radius -2.
+    mgBBox_c() = default;
+    /// The cube around a sphere; a negative radius gives an unset box.
+    mgBBox_c(mgPoint_c const &centre, double r);
+    /// The box of two opposite corners, in any order, with the sphere through them.
+    mgBBox_c(mgPoint_c const &a, mgPoint_c const &b);
+
+    void set(mgPoint_c const &centre, double r); ///< as the constructor
+    /// Low corner, then high corner, as they are (not sorted), and the sphere through them.
+    /// REQUIRES six readable doubles.
+    VEXMATH_API void set(double const *lowHigh);
+    VEXMATH_API void set2Points(mgPoint_c const *a, mgPoint_c const *b); ///< as the constructor
+    void setSphereOnly(mgPoint_c const &centre, double r);
+    void setCornersOnly(mgPoint_c const &low, mgPoint_c const &high); ///< not sorted
+    /// Unset by its corners, low (0, 0, 0) and high (0, 0, -2); the sphere stays as it was.
+    VEXMATH_API void reset();
+
+    /// The model's working range, 1000 across its diagonal: a cube of radius slightly below 500.
+    VEXMATH_API static mgBBox_c maxBox();
+    /// The cube from -500 to 500 with the sphere of radius 500 in it.
+    VEXMATH_API static mgBBox_c correctedMaxBox();
+    /// The process-wide switch, 0 at first: when it is not 0, a union of boxes gives the cube
+    /// around the merged sphere. Setting returns the previous value. Not locked.
+    VEXMATH_API static int GetUseSphereBoundingBox();
+    VEXMATH_API static int SetUseSphereBoundingBox(int useSphere);
+
+    // Queries, with the answer for an unset box behind each.
+    int isSet() const;
+    VEXMATH_API int isValid() const;           ///< 0
+    mgPoint_c low() const;                     ///< (0, 0, 0)
+    mgPoint_c high() const;                    ///< (0, 0, 0)
+    mgPoint_c center() const;                  ///< of the corners; (0, 0, 0)
+    mgPoint_c sphCenter() const;               ///< (0, 0, 0)
+    double sphRadius() const;                  ///< 0
+    double width() const;                      ///< along x; 0
+    double depth() const;                      ///< along y; 0
+    double height() const;                     ///< along z; 0
+    VEXMATH_API double diagonalLength() const; ///< 0
+    VEXMATH_API double maxDimension() const;   ///< 0
+    // QUIRK: -1 here where all its siblings give 0; a reader would expect 0. Callers that look for
+    // the thinnest of several boxes skip negative answers. (test: AnUnsetBoxAnswersNeutrally)
+    VEXMATH_API double minDimension() const; ///< -1
+    /// The point of the box nearest to p. Of an unset box: (0, 0, 0).
+    VEXMATH_API mgPoint_c pointPerp(mgPoint_c const &p) const;
+
+    /// Centres and corners equal as points, radii within 1e-08, strictly.
+    VEXMATH_API bool operator==(mgBBox_c const &b) const;
+    /// The same within tol, strictly; a negative tol means 1e-08, 0 stays 0.
+    VEXMATH_API int isSame(mgBBox_c const &b, double tol) const;
+
+    VEXMATH_API void translate(mgVector_c const &v); ///< unset boxes too; they stay unset
+    mgBBox_c &operator+=(mgVector_c const &v);       ///< as translate
+    /// Grows by d on every side, or shrinks. A radius that becomes negative unsets the box. An
+    /// unset box (radius -2) becomes set when grown by 2 or more: callers seed boxes that way.
+    VEXMATH_API mgBBox_c &operator+=(double d);
+    /// Scales corners and sphere about the middle of the corners; s is not checked.
+    VEXMATH_API mgBBox_c &operator*=(double s);
+    /// Encloses the image of the box, ignoring perspective: exact for axis-aligned rotations, wider
+    /// otherwise, but never beyond the cube around the transformed sphere.
+    VEXMATH_API mgBBox_c &operator*=(mgXform_c const &x);
+    /// Encloses p as well. An unset or invalid box becomes the point.
+    mgBBox_c &operator|=(mgPoint_c const &p);
+    /// Encloses b as well, unless b is not valid. An unset box becomes b.
+    VEXMATH_API mgBBox_c &operator|=(mgBBox_c const &b);
+    /// The common part of the corners with a new sphere through them. Unset when a gap of 1e-08 or
+    /// more lies between them on an axis; a narrower gap becomes a box as wide as the gap.
+    VEXMATH_API mgBBox_c &operator&=(mgBBox_c const &b);
+
+    // Interference. Every test is 0 for an unset box unless it says that it does not look.
+
+    /// Do the boxes clash? tol widens the gap that is bridged between corners and spheres, and
+    /// again the squared radii as a factor (1 + tol). Boxes that share a single corner do not
+    /// clash; boxes that share a face do. REQUIRES b not null.
+    VEXMATH_API int clash(mgBBox_c const *b, double tol) const;
+    /// Do box a placed by xa and box b placed by xb clash? Each is carried into the frame of the
+    /// other and both tests must agree, which removes most false alarms of turned boxes.
+    VEXMATH_API static int clash(mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b,
+                                 mgXform_c const &xb);
+    /// 1 when b, scaled by (1 - tol) about its middle, lies strictly inside this box. 0 for null.
+    VEXMATH_API int containsBBox(mgBBox_c const *b, double tol) const;
+    /// 1 when p lies in the box grown by tol, bound included. Does not look at the set state: the
+    /// corners of an unset box decide too.
+    VEXMATH_API int containsPoint(mgPoint_c const &p, double tol) const;
+    /// The same without looking along one axis, 0, 1 or 2 for x, y, z.
+    VEXMATH_API int containsPoint(mgPoint_c const &p, double tol, int ignoredAxis) const;
+
+    /// Text form: the corners, low first, as six numbers with 16 digits, separated by spaces; zeros
+    /// for an unset box. Follows the process's numeric locale.
+    VEXMATH_API void saveStringRep(CString &s) const;
+    /// Reads six numbers back as two opposite corners and returns 1; 0 and no change otherwise.
+    VEXMATH_API int restoreStringRep(CString const &s);
+    VEXMATH_API void dump() const; ///< formats the text form and drops it
+
+    /// Archive record: sphere centre, high corner, low corner, radius, ten doubles, not checked. A
+    /// failing read leaves the box as it was.
+    VEXMATH_API void save(su_CArchive &ar) const;
+    VEXMATH_API void restore(su_CArchive &ar);
+
+private:
+    void assignCorners(mgPoint_c const &low, mgPoint_c const &high);
+    bool isPlainlyValid() const;
+    void widenCorners(mgPoint_c const &p);
+    VEXMATH_API void uniteChecked(mgPoint_c const &p);
+    VEXMATH_API void growSphereTo(mgPoint_c const &p);
+    void moveSphere(mgVector_c const &towards, double distance, double newRadius);
+    void shrinkSphereToBox();
+    void clipCornersToSphere();
+
+    mgPoint_c sphCentre_;
+    mgPoint_c high_ = mgPoint_c(-1.0, -1.0, -1.0);
+    mgPoint_c low_ = mgPoint_c(1.0, 1.0, 1.0);
+    double sphRadius_ = -2.0;
+};
+
+// -------------------------------------------------------------------------------------------------
+
+namespace vexmath::detail {
+
+/// How far a sphere's squared radius may fall short of the farthest corner, relative and absolute.
+inline constexpr double kFarthestFactor = 0.99999999;
+inline constexpr double kSquaredSlack = 1e-08;
+
+} // namespace vexmath::detail
+
+inline mgBBox_c::mgBBox_c(mgPoint_c const &centre, double r) { set(centre, r); }
+
+inline mgBBox_c::mgBBox_c(mgPoint_c const &a, mgPoint_c const &b) { set2Points(&a, &b); }
+
+inline void mgBBox_c::set(mgPoint_c const &centre, double r) {
+    mgVector_c const halfDiagonal(r, r, r);
+    setSphereOnly(centre, r);
+    setCornersOnly(sphCentre_ - halfDiagonal, sphCentre_ + halfDiagonal);
+}
+
+inline void mgBBox_c::setSphereOnly(mgPoint_c const &centre, double r) {
+    sphCentre_ = centre;
+    sphRadius_ = r;
+}
+
+inline void mgBBox_c::setCornersOnly(mgPoint_c const &low, mgPoint_c const &high) {
+    low_ = low;
+    high_ = high;
+}
+
+inline int mgBBox_c::isSet() const {
+    return 0.0 <= sphRadius_ && low_.x() <= high_.x() && low_.y() <= high_.y()
+           && low_.z() <= high_.z();
+}
+
+inline mgPoint_c mgBBox_c::low() const { return isSet() ? low_ : mgPoint_c(); }
+inline mgPoint_c mgBBox_c::high() const { return isSet() ? high_ : mgPoint_c(); }
+inline mgPoint_c mgBBox_c::center() const {
+    return isSet() ? mgPoint_c((low_ + high_) * 0.5) : mgPoint_c();
+}
+inline mgPoint_c mgBBox_c::sphCenter() const { return isSet() ? sphCentre_ : mgPoint_c(); }
+inline double mgBBox_c::sphRadius() const { return isSet() ? sphRadius_ : 0.0; }
+inline double mgBBox_c::width() const { return isSet() ? high_.x() - low_.x() : 0.0; }
+inline double mgBBox_c::depth() const { return isSet() ? high_.y() - low_.y() : 0.0; }
+inline double mgBBox_c::height() const { return isSet() ? high_.z() - low_.z() : 0.0; }
+
+inline mgBBox_c &mgBBox_c::operator+=(mgVector_c const &v) {
+    translate(v);
+    return *this;
+}
+
+/// Valid by comparisons and one sum of squares alone: the sphere's centre lies in the box, no
+/// corner coordinate is farther than the radius, and the farthest corner asks for the radius. Says
+/// true only where `isValid` does, and does so for every box that unions alone have built.
+inline bool mgBBox_c::isPlainlyValid() const {
+    double reachSq = 0.0;
+    for (int i = 0; i < 3; ++i) {
+        double const above = high_[i] - sphCentre_[i];
+        double const below = sphCentre_[i] - low_[i];
+        double const farther = above < below ? below : above;
+        if (!(above >= 0.0 && below >= 0.0 && farther <= sphRadius_)) return false;
+        reachSq += farther * farther;
+    }
+    return sphRadius_ * sphRadius_ * vexmath::detail::kFarthestFactor
+               - vexmath::detail::kSquaredSlack
+           <= reachSq;
+}
+
+inline void mgBBox_c::widenCorners(mgPoint_c const &p) {
+    for (int i = 0; i < 3; ++i) {
+        if (p[i] < low_[i]) low_[i] = p[i];
+        if (p[i] > high_[i]) high_[i] = p[i];
+    }
+}
+
+inline mgBBox_c &mgBBox_c::operator|=(mgPoint_c const &p) {
+    /// Squared radii between which comparing squares decides as comparing lengths does: no square
+    /// has underflowed or overflowed.
+    constexpr double kSmallestSq = 1e-290;
+    constexpr double kLargestSq = 1.7e308;
+    if (!isPlainlyValid()) {
+        uniteChecked(p);
+        return *this;
+    }
+    widenCorners(p);
+    double const distanceSq = (p - sphCentre_).sqlen();
+    double const radiusSq = sphRadius_ * sphRadius_;
+    bool const enclosed =
+        distanceSq <= radiusSq && radiusSq >= kSmallestSq && radiusSq <= kLargestSq;
+    if (!enclosed) growSphereTo(p);
+    return *this;
+}
+
+#endif
