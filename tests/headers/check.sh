@@ -12,7 +12,7 @@ c_headers="vexmath/dynamic_array.h vexmath/gfxmath.h"
 # compile <compiler> <language> <header>
 compile() {
     local standard=c++17
-    [[ $2 == c ]] && standard=c99
+    [[ $2 == c ]] && standard="c99"
     printf '#include <%s>\n#include <%s>\nint nothing;\n' "$3" "$3" |
         "$1" -x "$2" -std=$standard "${warnings[@]}" "${includes[@]}" - ||
         { echo "FAILED: <$3> alone, with $1 as $2"; return 1; }
