@@ -1,0 +1,43 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""Prints the benchmark report as a table: nanoseconds an item, and vexmath against each peer."""
+
+import json
+import sys
+
+# Ratios we hold ourselves to: work, peer, at most.
+GOALS = {("transform points", "Eigen"): 1.3, ("bounds", "unchecked"): 2.0}
+
+
+def nanoseconds_per_item(path):
+    """{work: {who: ns}}, the median where the run was repeated."""
+    with open(path, encoding="utf-8") as file:
+        runs = json.load(file)["benchmarks"]
+    medians = [run for run in runs if run.get("aggregate_name") == "median"]
+    times = {}
+    for run in medians or runs:
+        work, who = run["run_name"].split("/", 1)
+        times.setdefault(work, {})[who] = 1e9 / run["items_per_second"]
+    return times
+
+
+def main():
+    print(f"\n{'work':<20}{'who':<18}{'ns/item':>10}{'vexmath is':>14}   goal")
+    missed = 0
+    for work, times in nanoseconds_per_item(sys.argv[1]).items():
+        for who, time in times.items():
+            line = f"{work:<20}{who:<18}{time:>10.2f}"
+            if who != "vexmath" and "vexmath" in times:
+                ratio = times["vexmath"] / time
+                line += f"{ratio:>11.2f} x "
+                goal = GOALS.get((work, who))
+                if goal is not None:
+                    line += f"   at most {goal} x: {'met' if ratio <= goal else 'MISSED'}"
+                    missed += ratio > goal
+            print(line)
+    if missed:
+        print(f"\n{missed} goal(s) missed; on a busy machine run it again before you believe it.")
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,37 @@
+# What is installed: library, headers, platform headers, CMake package, pkg-config file.
+include(CMakePackageConfigHelpers)
+
+set(_package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/vexmath")
+
+install(TARGETS vexmath vexmath_strict_fp EXPORT vexmath-targets
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/vexmath" "${VEXMATH_PLATFORM_HEADERS}/vexmath_platform"
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+  FILES_MATCHING PATTERN "*.h")
+
+install(EXPORT vexmath-targets NAMESPACE vexmath:: DESTINATION ${_package_dir})
+configure_package_config_file(
+  "${CMAKE_CURRENT_LIST_DIR}/vexmath-config.cmake.in" "${PROJECT_BINARY_DIR}/vexmath-config.cmake"
+  INSTALL_DESTINATION ${_package_dir}
+  NO_SET_AND_CHECK_MACRO)
+# As the soname: before 1.0 the minor number counts, from 1.0 on the major number.
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+  set(_compatibility SameMinorVersion)
+else()
+  set(_compatibility SameMajorVersion)
+endif()
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/vexmath-config-version.cmake"
+  COMPATIBILITY ${_compatibility})
+install(FILES
+  "${PROJECT_BINARY_DIR}/vexmath-config.cmake"
+  "${PROJECT_BINARY_DIR}/vexmath-config-version.cmake"
+  DESTINATION ${_package_dir})
+
+# The prefix is found from the place of the file, so that the installed tree can be moved.
+file(RELATIVE_PATH VEXMATH_PC_TO_PREFIX
+  "/prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/prefix")
+string(REGEX REPLACE "/$" "" VEXMATH_PC_TO_PREFIX "${VEXMATH_PC_TO_PREFIX}")
+configure_file("${CMAKE_CURRENT_LIST_DIR}/vexmath.pc.in" "${PROJECT_BINARY_DIR}/vexmath.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/vexmath.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")

@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+// Prints one number for each family of operations, made of every bit of their results on a fixed
+// stream of inputs. The same lines come from every compiler, optimisation and word size. Nothing
+// here calls a trigonometric function: those belong to the C library and differ between libraries.
+
+#include <vexmath/bbox.h>
+#include <vexmath/mg_transform.h>
+#include <vexmath/mg_vector.h>
+#include <vexmath/xform.h>
+
+#include <cinttypes>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+constexpr int rounds = 20000;
+
+/// Numbers of ordinary, tiny and large size, by Knuth's 64-bit linear congruence.
+class Stream {
+public:
+    double next() {
+        double const unit = static_cast<double>(step() >> 11) * 0x1p-53;
+        double const sizes[] = {1.0, 1.0, 100.0, 1e-9, 1e7};
+        return (unit - 0.5) * sizes[(step() >> 33) % 5];
+    }
+    mgVector_c vector() {
+        double const x = next(), y = next(), z = next();
+        return {x, y, z};
+    }
+    mgPoint_c point() { return vector(); }
+    mgUnitVector_c direction() {
+        mgVector_c const v = vector();
+        return {v.x(), v.y(), v.z()};
+    }
+    mgXform_c placement() {
+        mgUnitVector_c const z = direction(), x = direction();
+        mgVector_c const origin = vector();
+        return mg_RestoreXform(mgXform_c(z, x, origin).rotation(), origin, 0.5 + std::fabs(next()));
+    }
+
+private:
+    std::uint64_t step() { return state_ = state_ * 6364136223846793005u + 1442695040888963407u; }
+    std::uint64_t state_ = 1;
+};
+
+/// FNV-1a over the bits of what it is given. Every NaN counts as the same.
+class Bits {
+public:
+    void add(double value) {
+        std::uint64_t word = 0x7FF8000000000000u;
+        if (!std::isnan(value)) std::memcpy(&word, &value, sizeof word);
+        for (int shift = 0; shift < 64; shift += 8)
+            hash_ = (hash_ ^ ((word >> shift) & 0xFF)) * 0x100000001B3u;
+    }
+    template <class T>
+    auto add(T const &v) -> decltype(v.x(), void()) {
+        add(v.x());
+        add(v.y());
+        add(v.z());
+    }
+    void add(mgXform_c const &x) {
+        for (int k = 0; k < 9; ++k) add(x.rotation()[k]);
+        add(x.translation());
+        add(x.scaling());
+    }
+    void add(mgBBox_c const &box) {
+        add(box.low());
+        add(box.high());
+        add(box.sphCenter());
+        add(box.sphRadius());
+    }
+    std::uint64_t value() const { return hash_; }
+
+private:
+    std::uint64_t hash_ = 0xCBF29CE484222325u;
+};
+
+void vectors(Stream &in, Bits &out) {
+    mgVector_c const a = in.vector(), b = in.vector();
+    out.add(a * b);
+    out.add(a % b);
+    out.add(a / b.x());
+    out.add(in.direction());
+    out.add(a.anyUnitNormal(1));
+    out.add(a.pullBack(b, in.vector()));
+    out.add(in.point().distToLine(in.point(), in.point()));
+}
+
+void matrices(Stream &in, Bits &out) {
+    mgXform_c const a = in.placement(), b = in.placement();
+    out.add(mg_RestoreXform(a.rotation() * b.rotation(), mgVector_c(), 1.0));
+    out.add(mg_RestoreXform(a.rotation().inverse(), mgVector_c(), 1.0));
+    out.add(a.rotation().getDeterminant());
+}
+
+void transforms(Stream &in, Bits &out) {
+    mgXform_c const a = in.placement(), b = in.placement();
+    out.add(a * b);
+    out.add(a.inverse());
+    out.add(in.point() * a);
+    out.add(in.vector() * b);
+    out.add(in.direction() * b);
+    out.add(mg_ReflectionXform(in.direction()));
+}
+
+void boxes(Stream &in, Bits &out) {
+    mgBBox_c a, b;
+    for (int i = 0; i < 10; ++i) {
+        a |= in.point();
+        b |= in.point();
+    }
+    mgXform_c const xa = in.placement(), xb = in.placement();
+    out.add(mgBBox_c::clash(a, xa, b, xb));
+    out.add(a.clash(&b, 1e-8));
+    out.add(a.isValid());
+    a *= xa;
+    out.add(a);
+    a |= b;
+    out.add(a);
+    a &= b;
+    out.add(a);
+}
+
+void print(char const *name, void (*family)(Stream &, Bits &)) {
+    Stream in;
+    Bits out;
+    for (int i = 0; i < rounds; ++i) family(in, out);
+    std::printf("%-10s %016" PRIx64 "\n", name, out.value());
+}
+
+} // namespace
+
+int main() {
+    print("vectors", vectors);
+    print("matrices", matrices);
+    print("transforms", transforms);
+    print("boxes", boxes);
+}

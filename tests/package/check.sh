@@ -1,0 +1,52 @@
+#!/bin/bash
+# Uses the library as a stranger would: installs it, moves the installed tree, then builds and runs
+# a small program against it.
+#   check.sh install <build folder> <work folder>
+#   check.sh find_package|pkg_config <work folder> <compiler>
+#   check.sh add_subdirectory|seam <work folder> <compiler> <source folder>
+set -euo pipefail
+
+tests=$(cd "$(dirname "$0")/.." && pwd)
+how=$1
+
+# configure_build_run <source of the program> <build folder> <arguments of cmake...>
+configure_build_run() {
+    cmake -S "$1" -B "$2" -DCMAKE_CXX_COMPILER="$compiler" "${@:3}" >/dev/null
+    cmake --build "$2" --parallel 2 >/dev/null
+    "$2/consumer"
+}
+
+if [[ $how == install ]]; then
+    build=$2 work=$3
+    rm -rf "$work"
+    cmake --install "$build" --prefix "$work/first" >/dev/null
+    mv "$work/first" "$work/installed"
+    exit
+fi
+
+work=$2 compiler=$3
+rm -rf "${work:?}/$how"
+case $how in
+find_package)
+    configure_build_run "$tests/package/find_package" "$work/$how" -DCMAKE_PREFIX_PATH="$work/installed"
+    ;;
+pkg_config)
+    library_dir=$(dirname "$(find "$work/installed" -name libvexmath.so)")
+    export PKG_CONFIG_PATH=$library_dir/pkgconfig LD_LIBRARY_PATH=$library_dir
+    mkdir -p "$work/$how"
+    # shellcheck disable=SC2046  # the flags are words
+    "$compiler" -std=c++17 "$tests/package/consumer.cpp" -o "$work/$how/consumer" \
+        $(pkg-config --cflags --libs vexmath)
+    "$work/$how/consumer"
+    ;;
+add_subdirectory)
+    configure_build_run "$tests/package/add_subdirectory" "$work/$how" -DVEXMATH_SOURCE="$4"
+    ;;
+seam)
+    configure_build_run "$tests/seam" "$work/$how" -DVEXMATH_SOURCE="$4"
+    ;;
+*)
+    echo "unknown way to use the library: $how"
+    exit 2
+    ;;
+esac

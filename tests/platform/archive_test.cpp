@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+// The default archive: the bytes of each item, and what happens when the stream fails.
+
+#include <vexmath_platform/archive.h>
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <sstream>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+template <class T>
+std::string stored(T value) {
+    std::stringstream stream;
+    su_CArchive(stream) << value;
+    return stream.str();
+}
+
+std::string bytes(std::initializer_list<int> values) {
+    std::string result;
+    for (int value : values) result += static_cast<char>(value);
+    return result;
+}
+
+/// Reads the value back to the bit, and refuses every shorter stream without touching the target.
+template <class T>
+void checkRoundTrip(T value, std::size_t size) {
+    std::string const whole = stored(value);
+    ASSERT_EQ(size, whole.size());
+    std::stringstream stream(whole);
+    T back{};
+    su_CArchive(stream) >> back;
+    EXPECT_EQ(0, std::memcmp(&value, &back, sizeof value));
+
+    for (std::size_t length = 0; length < size; ++length) {
+        std::stringstream cut(whole.substr(0, length));
+        T target{42};
+        EXPECT_THROW(su_CArchive(cut) >> target, su_CArchiveError) << length;
+        EXPECT_EQ(T{42}, target) << length;
+    }
+}
+
+TEST(Archive, ItemsAreLittleEndianAndOfFixedWidth) {
+    EXPECT_EQ(bytes({0xFE}), stored(static_cast<unsigned char>(0xFE)));
+    EXPECT_EQ(bytes({0x04, 0x03, 0x02, 0x01}), stored(0x01020304));
+    EXPECT_EQ(bytes({0xFE, 0xFF, 0xFF, 0xFF}), stored(-2));
+    EXPECT_EQ(bytes({0xFF, 0xFF, 0xFF, 0xFF}), stored(0xFFFFFFFFul));
+    EXPECT_EQ(bytes({0, 0, 0, 0, 0, 0, 0xF8, 0xBF}), stored(-1.5));
+}
+
+TEST(Archive, ItemsReadBackToTheBitAndNeverShort) {
+    checkRoundTrip(static_cast<unsigned char>(255), 1);
+    checkRoundTrip(std::numeric_limits<int>::min(), 4);
+    checkRoundTrip(0xFFFFFFFFul, 4);
+    checkRoundTrip(-0.0, 8);
+    checkRoundTrip(std::nan("0x5ca1e"), 8);
+    checkRoundTrip(std::numeric_limits<double>::denorm_min(), 8);
+}
+
+TEST(Archive, ErrorsNameTheItem) {
+    std::stringstream stream(bytes({1, 2, 3}));
+    double value = 0.0;
+    try {
+        su_CArchive(stream) >> value;
+        FAIL() << "three bytes were taken for a DOUBLE";
+    } catch (su_CArchiveError const &error) {
+        EXPECT_NE(nullptr, std::strstr(error.what(), "DOUBLE of 8 bytes, 3 came")) << error.what();
+    }
+    std::stringstream full;
+    full.setstate(std::ios::badbit);
+    EXPECT_THROW(su_CArchive(full) << 1, su_CArchiveError);
+}
+
+} // namespace

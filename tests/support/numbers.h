@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+// What the tests share: a seeded generator, comparison to the bit, and values that break things.
+
+#ifndef VEXMATH_TESTS_SUPPORT_NUMBERS_H
+#define VEXMATH_TESTS_SUPPORT_NUMBERS_H
+
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <iomanip>
+#include <limits>
+#include <random>
+#include <sstream>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace support {
+
+/// Seed of every generator: VEXMATH_TEST_SEED of the environment, else always the same.
+inline std::uint64_t seed() {
+    char const *text = std::getenv("VEXMATH_TEST_SEED");
+    return text != nullptr ? std::strtoull(text, nullptr, 0) : 20240229u;
+}
+
+/// Pseudo-random numbers that are the same on every machine. A failure in the scope of the object
+/// shows the seed.
+class Random {
+public:
+    /// In [low, high).
+    double uniform(double low, double high) {
+        double const unit = static_cast<double>(engine_() >> 11) * 0x1p-53;
+        return low + (high - low) * unit;
+    }
+
+    /// Either sign, the decimal exponent uniform in [low, high).
+    double ofMagnitude(double lowExponent, double highExponent) {
+        double const size = std::pow(10.0, uniform(lowExponent, highExponent));
+        return (engine_() & 1) != 0 ? -size : size;
+    }
+
+    /// In [0, count).
+    int below(int count) { return static_cast<int>(engine_() % static_cast<unsigned>(count)); }
+
+    /// A point, vector or the like with each coordinate in [low, high).
+    template <class T>
+    T triple(double low, double high) {
+        double const x = uniform(low, high), y = uniform(low, high), z = uniform(low, high);
+        return T(x, y, z);
+    }
+
+    /// One of the hostile values below.
+    double hostile();
+
+private:
+    std::mt19937_64 engine_{seed()};
+    ::testing::ScopedTrace trace_{__FILE__, __LINE__,
+                                  "VEXMATH_TEST_SEED=" + std::to_string(seed())};
+};
+
+/// What a careless formula turns into a loop without end, a trap or a wrong answer.
+inline constexpr double hostileValues[] = {
+    0.0,
+    -0.0,
+    std::numeric_limits<double>::denorm_min(),
+    -std::numeric_limits<double>::denorm_min(),
+    std::numeric_limits<double>::min(),
+    1e-300,
+    1e-17,
+    1e-8,
+    -1e-8,
+    1.0,
+    -1.0,
+    3e9,
+    1e18,
+    1e155,
+    -1e155,
+    1e308,
+    std::numeric_limits<double>::max(),
+    -std::numeric_limits<double>::max(),
+    std::numeric_limits<double>::infinity(),
+    -std::numeric_limits<double>::infinity(),
+    std::numeric_limits<double>::quiet_NaN(),
+};
+
+inline double Random::hostile() {
+    return hostileValues[below(static_cast<int>(std::size(hostileValues)))];
+}
+
+/// The same bits, so 0.0 and -0.0 differ. Any NaN equals any NaN: which payload and sign an
+/// operation gives to it is the compiler's choice.
+inline bool sameBits(double a, double b) {
+    return std::memcmp(&a, &b, sizeof a) == 0 || (std::isnan(a) && std::isnan(b));
+}
+
+/// A number with the digits that tell it from its neighbours, and its bits.
+inline std::string shown(double value) {
+    std::ostringstream text;
+    text << std::setprecision(17) << value << " (" << std::hexfloat << value << ")";
+    return text.str();
+}
+
+inline ::testing::AssertionResult bitsEqual(char const *aText, char const *bText, double a,
+                                            double b) {
+    if (sameBits(a, b)) return ::testing::AssertionSuccess();
+    return ::testing::AssertionFailure()
+           << aText << " is " << shown(a) << ", " << bText << " is " << shown(b);
+}
+
+/// For points, vectors and what else has x(), y() and z().
+template <class A, class B>
+auto bitsEqual(char const *aText, char const *bText, A const &a, B const &b)
+    -> decltype(a.x(), b.x(), ::testing::AssertionResult(true)) {
+    if (sameBits(a.x(), b.x()) && sameBits(a.y(), b.y()) && sameBits(a.z(), b.z()))
+        return ::testing::AssertionSuccess();
+    return ::testing::AssertionFailure()
+           << aText << " and " << bText << " differ:\n  x " << shown(a.x()) << "\n    "
+           << shown(b.x()) << "\n  y " << shown(a.y()) << "\n    " << shown(b.y()) << "\n  z "
+           << shown(a.z()) << "\n    " << shown(b.z());
+}
+
+} // namespace support
+
+/// Equal to the bit: doubles, or objects with x(), y() and z().
+#define EXPECT_BITS_EQ(expected, actual) EXPECT_PRED_FORMAT2(::support::bitsEqual, expected, actual)
+#define ASSERT_BITS_EQ(expected, actual) ASSERT_PRED_FORMAT2(::support::bitsEqual, expected, actual)
+
+#endif
