@@ -3,6 +3,7 @@
 // A name is "<work>/<who>"; bench/report.py compares those who do the same work.
 
 #include <vexmath/bbox.h>
+#include <vexmath/mg_matrix.h>
 #include <vexmath/mg_transform.h>
 #include <vexmath/point.h>
 #include <vexmath/xform.h>

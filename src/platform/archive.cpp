@@ -28,7 +28,7 @@ std::string describe(ItemType type) {
 }
 
 void put(std::ostream &stream, ItemType type, std::uint64_t bits) {
-    char bytes[maxItemBytes];
+    char bytes[maxItemBytes] = {};
     for (int i = 0; i < type.bytes; ++i)
         bytes[i] = static_cast<char>(static_cast<unsigned char>(bits >> (8 * i)));
     if (!stream.write(bytes, type.bytes))

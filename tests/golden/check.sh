@@ -1,5 +1,14 @@
 #!/bin/bash
 # Compares the golden program's lines with those that are kept beside this script.
-#   check.sh <vexmath_golden>
+#   check.sh <vexmath_golden>            shows the difference and fails if there is one
+#   check.sh <vexmath_golden> --update   writes the lines anew, when different bits are meant
 set -euo pipefail
-diff "$(dirname "$0")/bits.txt" <("$1") && echo "the same bits"
+
+program=$1
+lines=$(dirname "$0")/bits.txt
+
+if [[ ${2:-} == --update ]]; then
+    "$program" >"$lines"
+else
+    diff "$lines" <("$program") && echo "the same bits"
+fi

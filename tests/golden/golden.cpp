@@ -86,7 +86,8 @@ void vectors(Stream &in, Bits &out) {
     out.add(in.direction());
     out.add(a.anyUnitNormal(1));
     out.add(a.pullBack(b, in.vector()));
-    out.add(in.point().distToLine(in.point(), in.point()));
+    mgPoint_c const p = in.point(), q = in.point(), r = in.point();
+    out.add(p.distToLine(q, r));
 }
 
 void matrices(Stream &in, Bits &out) {
