@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// Neighbours of a threshold, and distances, matrices and placements for the tests of geometry.
+
+#ifndef VEXMATH_TESTS_SUPPORT_GEOMETRY_H
+#define VEXMATH_TESTS_SUPPORT_GEOMETRY_H
+
+#include <vexmath/mg_matrix.h>
+#include <vexmath/mg_transform.h>
+
+#include <algorithm>
+
+#include "support/numbers.h"
+
+namespace support {
+
+inline constexpr double kInfinity = std::numeric_limits<double>::infinity();
+inline constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+/// The doubles next to a threshold.
+inline double below(double x) { return std::nextafter(x, -kInfinity); }
+inline double above(double x) { return std::nextafter(x, kInfinity); }
+
+/// The largest difference of a coordinate; NaN never passes for a small one.
+template <class A, class B>
+double gap(A const &a, B const &b) {
+    double const d[] = {std::fabs(a.x() - b.x()), std::fabs(a.y() - b.y()),
+                        std::fabs(a.z() - b.z())};
+    return d[0] + d[1] + d[2] < kInfinity ? std::max({d[0], d[1], d[2]}) : kInfinity;
+}
+
+inline ::testing::AssertionResult bitsEqual(char const *aText, char const *bText,
+                                            mgMatrix_c const &a, mgMatrix_c const &b) {
+    auto result = ::testing::AssertionSuccess();
+    for (int k = 0; k < 9 && result; ++k) result = bitsEqual(aText, bText, a[k], b[k]);
+    return result;
+}
+
+/// Flags, elements, translation and scale.
+inline ::testing::AssertionResult bitsEqual(char const *aText, char const *bText,
+                                            mgXform_c const &a, mgXform_c const &b) {
+    if (a.rotate() != b.rotate() || a.isReflection() != b.isReflection())
+        return ::testing::AssertionFailure() << "flags of " << aText << " and " << bText;
+    auto result = bitsEqual(aText, bText, a.rotation(), b.rotation());
+    if (result) result = bitsEqual(aText, bText, a.translation(), b.translation());
+    return result ? bitsEqual(aText, bText, a.scaling(), b.scaling()) : result;
+}
+
+inline mgUnitVector_c direction(Random &random) {
+    for (;;) {
+        auto const v = random.triple<mgVector_c>(-1.0, 1.0);
+        if (v.sqlen() > 0.01) return mg_Normalise(v);
+    }
+}
+
+/// Rotation, scale and translation of everyday sizes.
+inline mgXform_c placement(Random &random) {
+    mgMatrix_c const turn = mg_RotationMatrix(random.uniform(-3.0, 3.0), direction(random), 0.0);
+    auto const shift = random.triple<mgVector_c>(-10.0, 10.0);
+    return mg_RestoreXform(turn, shift, random.uniform(0.2, 5.0));
+}
+
+} // namespace support
+
+#endif

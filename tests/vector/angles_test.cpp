@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+// Angles between vectors, the digits of the angle constants, and the derivative of a direction.
+
+#include <vexmath/mg_vector.h>
+
+#include "support/geometry.h"
+
+namespace {
+
+using support::above;
+using support::below;
+
+constexpr double kTurn = 6.2831853071796;
+double const right = std::atan2(1.0, 0.0), half = std::atan2(0.0, -1.0);
+mgVector_c const x(1.0, 0.0, 0.0), y(0.0, 1.0, 0.0), z(0.0, 0.0, 1.0), null;
+
+TEST(Angles, AngleJustBeyondAFullTurnIsKept) {
+    EXPECT_GT(vexmath::kFullTurnBound, vexmath::kTwoPi + 0.99e-11);
+    EXPECT_GT(vexmath::kHalfTurnBound, vexmath::kPi + 0.99e-11);
+    EXPECT_BITS_EQ(6.2831853071896, vexmath::kFullTurnBound);
+    EXPECT_BITS_EQ(3.1415926535998002, vexmath::kHalfTurnBound);
+    EXPECT_BITS_EQ(6.2831853071796, vexmath::kTwoPi); // and these are not the nearest doubles
+    EXPECT_BITS_EQ(3.1415926535898, vexmath::kPi);
+}
+
+TEST(Angles, BetweenTwoVectorsIsUnsigned) {
+    EXPECT_BITS_EQ(right, mg_AngleBetween(x, y));
+    EXPECT_BITS_EQ(half, mg_AngleBetween(x, -x));
+    EXPECT_BITS_EQ(1e-9, mg_AngleBetween(x, x + 1e-9 * y)); // whose cosine is 1
+    EXPECT_BITS_EQ(0.0, mg_AngleBetween(null, x));
+    EXPECT_BITS_EQ(0.0, mg_AngleBetween(-x, null));      // whose dot product is -0.0
+    EXPECT_BITS_EQ(right, mg_AngleBetween(1e-9 * x, y)); // only zero counts as null
+}
+
+TEST(Angles, AReferenceMeasuresTheLongWayRound) {
+    EXPECT_BITS_EQ(right, mg_AngleBetween(x, y, z));
+    EXPECT_BITS_EQ(kTurn - right, mg_AngleBetween(x, y, -z));
+    EXPECT_BITS_EQ(right, mg_AngleBetween(x, y, x)); // a reference across decides nothing
+    EXPECT_BITS_EQ(0.0, mg_AngleBetween(null, x, -z));
+    EXPECT_BITS_EQ(kTurn, mg_AngleBetween(x, x - 1e-17 * y, z)); // reached by rounding alone
+}
+
+TEST(Angles, PlanarAnglesRunOnceAroundZ) {
+    EXPECT_BITS_EQ(right, mg_AngleBetween2d(x, y));
+    EXPECT_BITS_EQ(kTurn - right, mg_AngleBetween2d(x, -y));
+    EXPECT_BITS_EQ(0.0, mg_AngleBetween2d(null, -x));
+    // The cosine side takes z along: 6 and not 2.
+    EXPECT_BITS_EQ(std::atan2(1.0, 6.0), mg_AngleBetween2d(x + 2.0 * z, 2.0 * x + y + 2.0 * z));
+}
+
+TEST(Angles, FromVectorsIsSignedInThePlaneAlone) {
+    auto const check = [](double expected, mgVector_c const &a, mgVector_c const &b, int force3d) {
+        EXPECT_BITS_EQ(expected, mg_getAngleFromVectors(a, b, 1e9, force3d));
+    };
+    check(-right, y, x, 0);
+    check(right, y, x, 1);
+    check(half, x, -x, 0);
+    check(0.0, x, mgVector_c(9e-9, 9e-9, 9e-9), 1);
+    check(0.0, null, x, 0);
+    check(-right, y, x - 1e-08 * z, 0); // on the bound, and beyond it in either operand
+    check(right, y, x - above(1e-08) * z, 0);
+    check(right, x + above(1e-08) * z, -y, 0);
+}
+
+TEST(Angles, TheDerivativeOfADirectionIsItsRate) {
+    support::Random random;
+    for (int i = 0; i < 200; ++i) {
+        auto const v = random.triple<mgVector_c>(1.0, 3.0);
+        auto const dv = random.triple<mgVector_c>(-1.0, 1.0);
+        double const h = 1e-5; // the error of the difference quotient: h^2 and 1e-16 / h
+        mgVector_c const rate = (mg_Normalise(v + h * dv) - mg_Normalise(v - h * dv)) / (2.0 * h);
+        EXPECT_LT(support::gap(rate, mgUnitVectorDer(v, dv)), 1e-9);
+    }
+    EXPECT_BITS_EQ(y / 1e-08, mgUnitVectorDer(1e-08 * x, y));
+    EXPECT_BITS_EQ(null, mgUnitVectorDer(below(1e-08) * x, y));
+}
+
+} // namespace
