@@ -44,7 +44,7 @@ public:
     inline mgPoint_c &operator*=(mgXform_c const &x);
 
     // Back from screen to model space: each moves this screen point and also returns it. A view
-    // without a perspective record is simply inverted. The point may belong to the plane or line.
+    // without a perspective record is simply inverted.
 
     /// To the model point on the near clip plane that is seen here.
     VEXMATH_API mgPoint_c xformByPerspInverse(mgXform_c const &view);
