@@ -6,18 +6,25 @@ import json
 import sys
 
 # Ratios we hold ourselves to: work, peer, at most.
-GOALS = {("transform points", "Eigen"): 1.3, ("bounds", "unchecked"): 2.0}
+GOALS = {
+    ("transform points", "Eigen"): 1.3,
+    ("bounds", "unchecked"): 2.0,
+    ("append points", "std::vector"): 1.0,
+}
 
 
 def nanoseconds_per_item(path):
-    """{work: {who: ns}}, the median where the run was repeated."""
+    """{work: {who: ns}}, the best of the repetitions: what disturbs a run only makes it slower."""
     with open(path, encoding="utf-8") as file:
         runs = json.load(file)["benchmarks"]
-    medians = [run for run in runs if run.get("aggregate_name") == "median"]
     times = {}
-    for run in medians or runs:
+    for run in runs:
+        if run["run_type"] != "iteration":
+            continue
         work, who = run["run_name"].split("/", 1)
-        times.setdefault(work, {})[who] = 1e9 / run["items_per_second"]
+        time = 1e9 / run["items_per_second"]
+        best = times.setdefault(work, {})
+        best[who] = min(time, best.get(who, time))
     return times
 
 

@@ -19,4 +19,13 @@
 #define VEXMATH_API __attribute__((visibility("default")))
 #endif
 
+/// Marks a polymorphic class template whose instances several modules share: the virtual table and
+/// run-time type that each module emits for an instance must become one. Windows compares run-time
+/// types by name and needs no mark.
+#if defined(_WIN32)
+#define VEXMATH_SHARED_TEMPLATE
+#else
+#define VEXMATH_SHARED_TEMPLATE __attribute__((visibility("default")))
+#endif
+
 #endif

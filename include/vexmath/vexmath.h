@@ -5,8 +5,11 @@
 #define VEXMATH_VEXMATH_H
 
 #include <vexmath/bbox.h>
+#include <vexmath/checksum.h>
+#include <vexmath/dynamic_array.h>
 #include <vexmath/export.h>
 #include <vexmath/forward.h>
+#include <vexmath/gfxmath.h>
 #include <vexmath/intersection_types.h>
 #include <vexmath/line.h>
 #include <vexmath/matrix.h>
@@ -19,6 +22,10 @@
 #include <vexmath/plane.h>
 #include <vexmath/point.h>
 #include <vexmath/point2d.h>
+#include <vexmath/rect.h>
+#include <vexmath/select_type.h>
+#include <vexmath/selection_sets.h>
+#include <vexmath/su_dynamic_array.h>
 #include <vexmath/tolerances.h>
 #include <vexmath/unit_vector.h>
 #include <vexmath/vector.h>

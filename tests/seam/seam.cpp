@@ -32,10 +32,12 @@ int main() {
     if (!(boxBack == box) || !placementBack.equals(placement) || !(pointBack == point)) return 4;
     if (document.readPosition != document.bytes.size()) return 5;
 
+    if (uo_GenSelSOLIDBODIESFIRST.getIndex(uoSelTypes_e(76)) != 1) return 6;
+
     // The same object under the name without operations.
     CArchive &plain = document;
     point.save(plain);
     pointBack.set(0, 0, 0);
     pointBack.restore(plain);
-    return pointBack == point ? 0 : 6;
+    return pointBack == point ? 0 : 7;
 }

@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+// A value of a JSON file that knows where it stands.
+
+#include "json_value.h"
+
+#include "failure.h"
+#include "output.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+namespace assembly {
+
+using nlohmann::json;
+
+namespace {
+
+/// The parser's own words without its error number: "line 3, column 7: syntax error ...".
+std::string withoutErrorNumber(std::string message) {
+    for (std::string const ending : {"] ", "parse error at "}) {
+        std::size_t const found = message.find(ending);
+        if (found != std::string::npos) message.erase(0, found + ending.size());
+    }
+    return message;
+}
+
+json parse(std::string const &file, std::string const &content) {
+    std::vector<std::set<std::string>> keysOfOpenObjects;
+    auto const refuseKeyTwice = [&](int, json::parse_event_t event, json &parsed) {
+        if (event == json::parse_event_t::object_start) keysOfOpenObjects.emplace_back();
+        if (event == json::parse_event_t::object_end) keysOfOpenObjects.pop_back();
+        if (event == json::parse_event_t::key) {
+            auto const key = parsed.get<std::string>();
+            if (!keysOfOpenObjects.back().insert(key).second) {
+                throw Failure(file, "key \"" + key + "\" occurs twice in one object");
+            }
+        }
+        return true;
+    };
+    try {
+        return json::parse(content, refuseKeyTwice);
+    } catch (json::exception const &error) {
+        throw Failure(file, withoutErrorNumber(error.what()));
+    }
+}
+
+} // namespace
+
+JsonValue JsonValue::readFrom(std::string const &file) {
+    auto const shared = std::make_shared<File const>(File{file, parse(file, readFile(file))});
+    return {shared, shared->root, ""};
+}
+
+JsonValue::JsonValue(std::shared_ptr<File const> file, json const &value, std::string place)
+    : file_(std::move(file)), value_(&value), place_(std::move(place)) {}
+
+void JsonValue::fail(std::string const &what) const {
+    if (place_.empty()) throw Failure(file_->name, what);
+    throw Failure(file_->name, place_, what);
+}
+
+void JsonValue::allowKeys(std::initializer_list<char const *> keys) const {
+    if (!value_->is_object()) fail("must be an object");
+    for (auto const &item : value_->items()) {
+        if (std::find(keys.begin(), keys.end(), item.key()) == keys.end()) {
+            fail("unknown key \"" + item.key() + "\"");
+        }
+    }
+}
+
+JsonValue JsonValue::at(char const *key) const {
+    std::optional<JsonValue> const value = find(key);
+    if (!value) fail("key \"" + std::string(key) + "\" is missing");
+    return *value;
+}
+
+std::optional<JsonValue> JsonValue::find(char const *key) const {
+    auto const found = value_->find(key);
+    if (found == value_->end()) return std::nullopt;
+    return JsonValue(file_, *found, place_.empty() ? key : place_ + "." + key);
+}
+
+std::vector<JsonValue> JsonValue::list() const {
+    if (!value_->is_array() || value_->empty()) fail("must be a list with at least one entry");
+    std::vector<JsonValue> entries;
+    for (std::size_t i = 0; i < value_->size(); ++i) {
+        entries.push_back({file_, (*value_)[i], place_ + "[" + std::to_string(i) + "]"});
+    }
+    return entries;
+}
+
+std::string JsonValue::text() const {
+    if (!value_->is_string()) fail("must be a text");
+    auto text = value_->get<std::string>();
+    auto const isControl = [](unsigned char c) { return c < 0x20 || c == 0x7f; };
+    if (text.empty()) fail("must not be empty");
+    if (std::any_of(text.begin(), text.end(), isControl)) fail("must be one line of plain text");
+    return text;
+}
+
+double JsonValue::number() const {
+    if (!value_->is_number()) fail("must be a number");
+    return value_->get<double>();
+}
+
+mgVector_c JsonValue::vector() const {
+    if (!value_->is_array() || value_->size() != 3) fail("must be a list of three numbers");
+    std::vector<JsonValue> const entries = list();
+    return {entries[0].number(), entries[1].number(), entries[2].number()};
+}
+
+} // namespace assembly

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+// Checks an assembly: from mesh files to bounds, clash report, picture and document.
+//
+// Read on in the order of the work: assembly_file, mesh_file, placement, parts, check, document,
+// drawing, report. The geometry is done by the library; what it takes is in placement.cpp,
+// mesh_file.cpp (the last lines), check.cpp and document.cpp.
+
+#include "assembly_file.h"
+#include "check.h"
+#include "document.h"
+#include "drawing.h"
+#include "failure.h"
+#include "options.h"
+#include "output.h"
+#include "parts.h"
+#include "report.h"
+
+#include <exception>
+#include <filesystem>
+#include <iostream>
+
+namespace assembly {
+
+namespace {
+
+char const *const kDocumentName = "assembly.vxa";
+char const *const kPictureName = "assembly.svg";
+
+/// Stores the document and proves it: what a reader gets back is the same, bit for bit.
+void storeDocument(OutputFiles &output, Document const &document) {
+    std::string const bytes = toBytes(document);
+    std::filesystem::path const stored = output.stage(kDocumentName, bytes);
+    Document const readBack = fromBytes(readFile(stored), stored.string());
+    if (toBytes(readBack) != bytes) throw Failure(stored.string(), "reads back differently");
+}
+
+void run(Options const &options) {
+    AssemblyFile const file = readAssemblyFile(options.assemblyFile);
+    std::vector<Part> const parts = loadParts(file);
+    CheckResult const result = check(parts, file.clashTolerance);
+
+    OutputFiles output(options.outFolder);
+    storeDocument(output, documentOf(file, parts));
+    output.stage(kPictureName, drawAssembly(file.name, parts, result));
+    std::vector<std::filesystem::path> const written = output.commit();
+
+    printReport(std::cout, parts, result);
+    std::cout << '\n';
+    for (std::filesystem::path const &path : written) {
+        std::cout << "written: " << path.string() << '\n';
+    }
+    std::cout << kDocumentName << " was read back: bounds and placements agree bit for bit\n";
+}
+
+} // namespace
+
+} // namespace assembly
+
+int main(int argc, char **argv) {
+    try {
+        assembly::Options const options = assembly::readOptions(argc, argv);
+        if (options.help) {
+            std::cout << assembly::helpText();
+        } else if (options.version) {
+            std::cout << assembly::versionText();
+        } else {
+            assembly::run(options);
+        }
+        if (!std::cout.flush()) throw assembly::Failure("standard output", "cannot be written");
+        return 0;
+    } catch (std::exception const &error) {
+        std::cerr << error.what() << '\n';
+        return 2;
+    }
+}

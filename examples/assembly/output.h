@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+// Files that appear whole or not at all.
+
+#ifndef ASSEMBLY_OUTPUT_H
+#define ASSEMBLY_OUTPUT_H
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace assembly {
+
+/// The whole content of a file. Throws Failure when it cannot be read.
+std::string readFile(std::filesystem::path const &file);
+
+/// Output files of one run. Each is first written beside its target, under another name; commit()
+/// then renames them all. When anything fails before that, what was written is removed again and
+/// older files of the same names stay as they were.
+class OutputFiles {
+public:
+    /// Makes the folder when it is missing. Throws Failure when that is impossible.
+    explicit OutputFiles(std::filesystem::path folder);
+    ~OutputFiles();
+    OutputFiles(OutputFiles const &) = delete;
+    OutputFiles &operator=(OutputFiles const &) = delete;
+
+    /// Writes the content beside folder/name and returns where. Throws Failure when it cannot.
+    std::filesystem::path stage(std::string const &name, std::string const &content);
+    /// Renames what was staged and returns the final names.
+    std::vector<std::filesystem::path> commit();
+
+private:
+    struct File {
+        std::filesystem::path staged;
+        std::filesystem::path target;
+    };
+
+    std::filesystem::path const folder_;
+    std::vector<File> files_; // staged and not yet renamed
+};
+
+} // namespace assembly
+
+#endif

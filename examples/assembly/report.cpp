@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+// What the program prints.
+
+#include "report.h"
+
+#include "text.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+
+namespace assembly {
+
+namespace {
+
+using Row = std::vector<std::string>;
+
+constexpr std::size_t kGap = 2; // blanks between columns
+
+std::string cornerText(mgPoint_c const &p) {
+    return "(" + number(p.x()) + ", " + number(p.y()) + ", " + number(p.z()) + ")";
+}
+
+/// The first column stands to the left, the others to the right.
+void printTable(std::ostream &out, std::vector<Row> const &rows) {
+    std::vector<std::size_t> widths(rows.front().size(), 0);
+    for (Row const &row : rows) {
+        for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], width(row[i]));
+    }
+    for (Row const &row : rows) {
+        out << row[0] << std::string(widths[0] - width(row[0]), ' ');
+        for (std::size_t i = 1; i < row.size(); ++i) {
+            out << std::string(kGap + widths[i] - width(row[i]), ' ') << row[i];
+        }
+        out << '\n';
+    }
+}
+
+Row rowOf(Part const &part) {
+    mgBBox_c const &box = part.placed;
+    return {part.name,
+            std::to_string(part.mesh->vertices.size()),
+            cornerText(box.low()),
+            cornerText(box.high()),
+            number(box.sphRadius()),
+            box.isValid() ? "yes" : "no"};
+}
+
+void printPairs(std::ostream &out, std::string const &title, std::string const &verb,
+                std::vector<PartPair> const &pairs, std::vector<Part> const &parts) {
+    out << '\n' << title << ": " << (pairs.empty() ? "none" : std::to_string(pairs.size())) << '\n';
+    for (PartPair const &pair : pairs) {
+        out << "  " << parts[pair.first].name << verb << parts[pair.second].name << '\n';
+    }
+}
+
+} // namespace
+
+void printReport(std::ostream &out, std::vector<Part> const &parts, CheckResult const &result) {
+    std::vector<Row> rows{{"part", "vertices", "low", "high", "sphere radius", "valid"}};
+    for (Part const &part : parts) rows.push_back(rowOf(part));
+    printTable(out, rows);
+
+    printPairs(out, "clashing pairs", " - ", result.clashing, parts);
+    printPairs(out, "touching pairs", " - ", result.touching, parts);
+    printPairs(out, "containments", " contains ", result.containing, parts);
+
+    out << "\ntotal bounds: " << cornerText(result.total.low()) << " to "
+        << cornerText(result.total.high()) << ", sphere radius " << number(result.total.sphRadius())
+        << '\n';
+}
+
+} // namespace assembly

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+// How the picture looks: colours, line styles, the hatch.
+
+#include "style.h"
+
+#include <iterator>
+
+namespace assembly {
+
+namespace {
+
+constexpr char const *kColours[] = {"#1f77b4", "#2ca02c", "#9467bd", "#8c564b",
+                                    "#e08214", "#17a2b8", "#7f7f7f", "#a3a300",
+                                    "#084594", "#006d2c", "#54278f", "#c2569b"};
+
+} // namespace
+
+char const *const kStyleSheet = R"(text { font: 13px 'DejaVu Sans', Arial, sans-serif; fill: #222 }
+.title { font-size: 24px; font-weight: bold }
+.heading { font-size: 15px; font-weight: bold }
+.number { font-size: 11px; fill: #666 }
+.middle { text-anchor: middle }
+.end { text-anchor: end }
+.alarm { fill: #d00000 }
+.grid { stroke: #eceef0 }
+.frame { stroke: #9aa0a6; fill: none }
+.box { fill: currentColor; fill-opacity: 0.05; stroke: currentColor; stroke-opacity: 0.75;
+       stroke-width: 0.8 }
+.sphere { fill: none; stroke: currentColor; stroke-opacity: 0.7; stroke-dasharray: 1 4;
+          stroke-linecap: round }
+.silhouette { fill: none; stroke: currentColor; stroke-width: 1.2; stroke-linecap: round }
+.leader { stroke: currentColor; stroke-width: 0.7; stroke-opacity: 0.7 }
+.dot { fill: currentColor }
+.balloon { fill: #fff; stroke: currentColor; stroke-width: 1.5 }
+.overlap { fill: url(#hatch); stroke: #d00000; stroke-width: 1.6 }
+)";
+
+char const *const kHatch =
+    "<defs><pattern id='hatch' width='6' height='6' patternUnits='userSpaceOnUse' "
+    "patternTransform='rotate(45)'><line x1='0' y1='0' x2='0' y2='6' stroke='#d00000' "
+    "stroke-width='1.6' stroke-opacity='0.6'/></pattern></defs>";
+
+std::string partStyle(char const *cssClass, std::size_t part) {
+    return std::string("class='") + cssClass + "' color='" + kColours[part % std::size(kColours)]
+           + "'";
+}
+
+} // namespace assembly

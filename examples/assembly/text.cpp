@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// Numbers and names as text, for the table and the picture.
+
+#include "text.h"
+
+#include <algorithm>
+#include <sstream>
+
+namespace assembly {
+
+namespace {
+
+/// Every character of UTF-8 has exactly one byte that is not a continuation of the one before.
+bool beginsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }
+
+} // namespace
+
+std::string number(double value) {
+    std::ostringstream text;
+    text << value + 0.0; // -0 reads as 0
+    return text.str();
+}
+
+std::size_t width(std::string const &text) {
+    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), beginsCharacter));
+}
+
+std::string shortened(std::string const &text, std::size_t most) {
+    if (width(text) <= most) return text;
+    std::string kept;
+    for (char const c : text) {
+        if (beginsCharacter(c) && width(kept) == most - 1) break;
+        kept += c;
+    }
+    return kept + "\xE2\x80\xA6"; // an ellipsis
+}
+
+} // namespace assembly

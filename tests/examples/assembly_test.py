@@ -1,0 +1,195 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""Runs the assembly example as its users do: on the assembly that comes with it, and on bad input.
+
+usage: assembly_test.py PROGRAM DATA_FOLDER [unittest arguments]
+"""
+
+import filecmp
+import json
+import math
+import os
+import pty
+import re
+import shutil
+import struct
+import subprocess
+import sys
+import tempfile
+import unittest
+import xml.etree.ElementTree
+from pathlib import Path
+
+PROGRAM, DATA = Path(sys.argv[1]).resolve(), Path(sys.argv[2]).resolve()
+TRIANGLE = 'v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n'
+PLY = ('ply\nformat ascii 1.0\nelement vertex {}\nproperty float x\nproperty float y\n'
+       'property float z\nelement face 0\nproperty list uchar int vertex_indices\nend_header\n{}')
+
+
+class AssemblyTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.folder)
+        self.out = self.folder / 'out'
+        (self.folder / 'a.obj').write_text(TRIANGLE)
+
+    def run_on(self, assembly, out=None):
+        """On an assembly file, given by name, as text or as what JSON makes of it."""
+        if not isinstance(assembly, Path):
+            text = assembly if isinstance(assembly, str) else json.dumps(assembly)
+            assembly = self.folder / 'test.json'
+            assembly.write_text(text)
+        return subprocess.run([PROGRAM, '--out', out or self.out, assembly], capture_output=True,
+                              text=True, check=False)
+
+    @staticmethod
+    def of_parts(*parts, tolerance=0.0):
+        return {'name': 'test', 'clash_tolerance': tolerance, 'parts': list(parts)}
+
+    @staticmethod
+    def part(name='p', mesh='a.obj', **placement):
+        return {'name': name, 'mesh': mesh, 'placement': placement}
+
+    def check_refused(self, assembly, message, out=None):
+        """One line on standard error that holds the message, status 2, no file left behind."""
+        with self.subTest(message):
+            run = self.run_on(assembly, out)
+            self.assertEqual((run.returncode, run.stdout), (2, ''), run.stderr)
+            self.assertRegex(run.stderr, r'\A[^\n]+\n\Z')
+            self.assertIn(message, run.stderr)
+            self.assertEqual([p for p in self.folder.rglob('*assembly.*') if p.is_file()], [])
+
+    def pairs(self, stdout, heading):
+        block = re.search(heading + r': \S+\n((?:  .*\n)*)', stdout).group(1)
+        return {line.strip() for line in block.splitlines()}
+
+    def test_shipped_assembly(self):
+        run = self.run_on(DATA / 'assembly.json')
+        self.assertEqual((run.returncode, run.stderr), (0, ''))
+        self.assertEqual(self.pairs(run.stdout, 'clashing pairs'), {
+            'base plate - bolt left', 'base plate - bolt right', 'bracket left - shaft',
+            'bracket left - bolt left', 'bracket right - shaft', 'bracket right - bolt right',
+            'shaft - gear', 'shaft - key', 'gear - pinion', 'gear - key'})
+        self.assertEqual(self.pairs(run.stdout, 'touching pairs'), {
+            'base plate - bracket left', 'base plate - bracket right', 'bracket left - lid',
+            'bracket right - lid'})
+        self.assertEqual(self.pairs(run.stdout, 'containments'), {'gear contains key'})
+        # A mirrored part, and one drawn in inches.
+        self.assertRegex(run.stdout, r'bracket right +180 +\(32, -25, 0\) +\(78, 25, 85\) .* yes\n')
+        self.assertRegex(run.stdout, r'bolt left +86 +\(-66\.3325, -6\.35, -17\.4\)')
+        self.assertIn('agree bit for bit', run.stdout)
+        self.assertEqual(sorted(os.listdir(self.out)), ['assembly.svg', 'assembly.vxa'])
+
+        picture = xml.etree.ElementTree.parse(self.out / 'assembly.svg')
+        kinds = [e.get('class') for e in picture.iter()]
+        for kind, count in (('frame', 3), ('silhouette', 3 * 11 + 1), ('overlap', 3 * 10 + 1)):
+            self.assertEqual(kinds.count(kind), count, kind)
+
+    def test_document_bytes(self):
+        run = self.run_on(self.of_parts(self.part('né', mirror='y', translation=[7, 0, 0]),
+                                        tolerance=0.5))
+        self.assertEqual(run.returncode, 0, run.stderr)
+        name = 'né'.encode()
+        document = (self.out / 'assembly.vxa').read_bytes()
+        self.assertEqual(document[:32], b'VXAS' + struct.pack('<iid', 1, 1, 0.5)
+                         + struct.pack('<i', 4) + b'test' + struct.pack('<i', len(name)))
+        raw = struct.unpack_from('<9dii3ddii', document, 32 + len(name))
+        self.assertEqual(raw, (1, 0, 0, 0, -1, 0, 0, 0, 1, 0, 0, 7, 0, 0, 1, 1, 0))
+        placed = struct.unpack_from('<10d', document, len(document) - 80)
+        self.assertEqual(placed[3:9], (8, 0, 0, 7, -1, 0))  # high corner, low corner
+
+    def test_placement_order_is_mirror_scale_rotate_translate(self):
+        (self.folder / 'a.obj').write_text(3 * 'v 1 0 0\n' + 'f 1 2 3\n')
+        run = self.run_on(self.of_parts(self.part(
+            mirror='x', scale=2, axis=[0, 0, 3], angle_degrees=90, translation=[10, 0, 0])))
+        self.assertIn('(10, -2, 0)', run.stdout)
+
+    def test_scaled_parts_meet_at_their_final_size(self):
+        run = self.run_on(self.of_parts(self.part('p'), self.part('q', scale=9),
+                                        self.part('r', scale=9, translation=[8.5, 0, 0])))
+        self.assertEqual(self.pairs(run.stdout, 'clashing pairs'), {'p - q', 'q - r'})
+
+    def test_meshes_are_the_generator_s(self):
+        subprocess.run([sys.executable, DATA / 'make_parts.py', self.folder], check=True)
+        for mesh in [m for m in DATA.iterdir() if m.suffix in ('.obj', '.stl', '.ply')]:
+            self.assertTrue(filecmp.cmp(mesh, self.folder / mesh.name, shallow=False), mesh)
+
+    def test_progress_on_a_terminal_only(self):
+        reader, terminal = pty.openpty()
+        with open(reader, 'rb', buffering=0) as screen:
+            (self.folder / 'test.json').write_text(json.dumps(self.of_parts(self.part())))
+            subprocess.run([PROGRAM, '--out', self.out, self.folder / 'test.json'],
+                           stdout=subprocess.DEVNULL, stderr=terminal, check=True)
+            os.close(terminal)
+            self.assertIn(b'reading meshes', screen.read(1000))
+
+    def test_bad_assembly_files(self):
+        self.check_refused(self.folder / 'none.json', 'none.json: cannot be opened: No such file')
+        self.check_refused('', 'test.json: line 1, column 1: ')
+        self.check_refused('{"name": "x",\n  "parts": nonsense}', 'line 2, column 13: syntax error')
+        self.check_refused('{"name": "x", "clash_tolerance": 1e999}', 'number overflow')
+        self.check_refused('{"name": "x", "name": "y"}', 'key "name" occurs twice')
+        self.check_refused('[]', 'test.json: must be an object')
+        self.check_refused({'name': 'x'}, 'key "clash_tolerance" is missing')
+        self.check_refused(self.of_parts(tolerance='0'), 'clash_tolerance: must be a number')
+        self.check_refused(self.of_parts(tolerance=-1), 'clash_tolerance: must not be negative')
+        self.check_refused(self.of_parts(), 'parts: must be a list with at least one entry')
+        self.check_refused(self.of_parts(self.part(), dict(self.part('q'), colour='red')),
+                           'test.json: parts[1]: unknown key "colour"')
+        self.check_refused(self.of_parts({'mesh': 'a.obj'}), 'parts[0]: key "name" is missing')
+        self.check_refused(self.of_parts(self.part(name='')), 'parts[0].name: must not be empty')
+        self.check_refused(self.of_parts(self.part(), self.part()),
+                           'parts[1].name: "p" is the name of parts[0] already')
+        self.check_refused(self.of_parts(self.part(mesh='b.obj')), 'parts[0].mesh: there is no file')
+
+    def test_bad_placements(self):
+        def check(message, **placement):
+            self.check_refused(self.of_parts(self.part(**placement)),
+                               'parts[0].placement' + message)
+        check(': unknown key "shift"', shift=1)
+        check('.mirror: must be "x", "y" or "z", not "w"', mirror='w')
+        for scale in (0, -1, 6e12, 1e-13):
+            check('.scale: is out of range', scale=scale)
+        check(': key "angle_degrees" is missing', axis=[1, 0, 0])
+        check(': key "axis" is missing', angle_degrees=1)
+        for axis in ([0, 0, 0], [1e-9, 0, 0], [1e200, 0, 0]):
+            check('.axis: has no direction', axis=axis, angle_degrees=1)
+        check('.axis: must be a list of three numbers', axis=[1, 0], angle_degrees=1)
+        check('.axis[1]: must be a number', axis=[1, None, 0], angle_degrees=1)
+        for translation in ([0, 0, 2e8], [-1e300, 0, 0]):
+            self.check_refused(self.of_parts(self.part('q'), self.part(translation=translation)),
+                               'test.json: parts[1]: "p" reaches farther than 1e8')
+
+    def test_bad_meshes(self):
+        def check(name, content, message):
+            (self.folder / name).write_text(content)
+            self.check_refused(self.of_parts(self.part(mesh=name)), name + message)
+        check('nan.obj', TRIANGLE.replace('1 0 0', 'nan 0 0'), ': vertex 2 (nan, 0, 0): every coord')
+        check('inf.ply', PLY.format(1, '0 0 inf\n'), ': vertex 1 (0, 0, inf): every coordinate')
+        check('huge.obj', TRIANGLE.replace('1 0 0', '1e300 0 0'), ': vertex 2 (inf, 0, 0): every')
+        check('none.ply', PLY.format(0, ''), ': ')
+        check('none.obj', '# nothing in here but this remark\no nothing\n', ': ')
+        check('none.stl', 'solid nothing\nendsolid nothing\n', ': ')
+        check('wrong.obj', TRIANGLE.replace('f 1 2 3', 'f 1 2 9'), ': ')
+        check('a.step', TRIANGLE, ': is no known kind of mesh')
+
+    def test_unwritable_output(self):
+        good = self.of_parts(self.part())
+        self.check_refused(good, 'a.obj', out=self.folder / 'a.obj')
+        self.check_refused(good, 'a.obj/out', out=self.folder / 'a.obj' / 'out')
+        (self.out / 'assembly.svg').mkdir(parents=True)  # the document before it goes, too
+        self.check_refused(good, 'assembly.svg: cannot be written')
+
+    def test_command_line(self):
+        def run(*arguments):
+            return subprocess.run([PROGRAM, *arguments], capture_output=True, text=True, check=False)
+        for arguments in (['--frob', 'x'], ['--out'], [], ['a', 'b']):
+            with self.subTest(arguments):
+                self.assertEqual(run(*arguments).returncode, 2)
+                self.assertIn('(see --help)\n', run(*arguments).stderr)
+        self.assertTrue(run('--help').stdout.startswith('usage: vexmath_assembly [--out DIR]'))
+        self.assertRegex(run('--version').stdout, r'\Avexmath_assembly \d+\.\d+\.\d+\n\Z')
+
+
+if __name__ == '__main__':
+    unittest.main(argv=sys.argv[:1] + sys.argv[3:])
