@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+// Lines: feet, distances, snapping, comparison, and the archive record that planes share.
+
+#include "support/numbers.h"
+
+#include <vexmath/plane.h>
+
+#include <sstream>
+
+namespace {
+
+static_assert(sizeof(mgLine_c) == 48 && std::is_trivially_copyable_v<mgPlane_c>);
+static_assert(std::is_standard_layout_v<mgLine_c> && !std::is_convertible_v<mgLine_c, mgPlane_c>);
+
+mgUnitVector_c const x(1, 0, 0);
+mgLine_c const alongX(mgPoint_c(1, 0, 3), x);
+
+TEST(Line, FeetMayReplaceThePointAndSnappingIsStrict) {
+    mgPoint_c p(4, 7, 3);
+    EXPECT_EQ(3.0, alongX.pointPerpParam(p, nullptr));
+    EXPECT_EQ(0, alongX.pointPerp(p, &p));
+    EXPECT_BITS_EQ(mgPoint_c(4, 0, 3), p);
+    EXPECT_EQ(1, alongX.pointPerp(p, &p));
+    EXPECT_EQ(1, alongX.isPointOn(mgPoint_c(5, std::nextafter(1e-08, 0.0), 3)));
+    EXPECT_EQ(0, alongX.isPointOn(mgPoint_c(5, 1e-08, 3)));
+    for (double tol : {0.5, std::nextafter(0.5, 1.0)}) {
+        p.set(4, 0.5, 3);
+        EXPECT_EQ(tol > 0.5, alongX.snapPointToLine(p, &p, tol));
+        EXPECT_EQ(tol > 0.5 ? 0.0 : 0.5, p.y());
+    }
+    EXPECT_EQ(1, alongX.isEquivalent({p, mgUnitVector_c(1, 5e-13, 0)}));
+    EXPECT_EQ(0, alongX.isEquivalent({p, mgUnitVector_c(1, 2e-12, 0)}));
+    EXPECT_EQ(0, alongX.isEquivalent({p, -x}));
+}
+
+TEST(Line, DistanceComesWithTheNearestPoints) {
+    double t1 = 77.0, t2 = 77.0;
+    EXPECT_EQ(5.0, alongX.distToLine({mgPoint_c(4, 7, 8), mgUnitVector_c(0, 1, 0)}, &t1, &t2));
+    EXPECT_BITS_EQ(mgPoint_c(3, -7, 0), mgPoint_c(t1, t2, 0));
+    mgLine_c const parallel(mgPoint_c(5, 0, 7), -x); // measured from its root
+    EXPECT_EQ(4.0, alongX.distToLine(parallel, &t1, &t2));
+    EXPECT_BITS_EQ(mgPoint_c(4, 0, 0), mgPoint_c(t1, t2, 0));
+    EXPECT_EQ(4.0, alongX.distToLine(parallel, nullptr, nullptr));
+}
+
+TEST(Line, TheRecordIsSixDoublesReadAsTheyAreOrNotAtAll) {
+    std::stringstream stream, copy;
+    su_CArchive ar(stream), copyArchive(copy);
+    for (double item : {1.0, 2.0, 3.0, 0.0, 4.0, -0.0}) ar << item; // not of unit length
+    std::string const record = stream.str();
+    mgLine_c line;
+    line.restore(ar);
+    EXPECT_BITS_EQ(mgPoint_c(1, 2, 3), line.rootPoint());
+    EXPECT_BITS_EQ(mgVector_c(0, 4, -0.0), line.direction());
+    line.save(copyArchive);
+    EXPECT_EQ(record, copy.str());
+    for (std::size_t length = 0; length < record.size(); ++length) {
+        std::stringstream cut(record.substr(0, length));
+        su_CArchive cutArchive(cut);
+        line = alongX;
+        EXPECT_THROW(line.restore(cutArchive), su_CArchiveError);
+        EXPECT_EQ(1, line.isEquivalent(alongX));
+    }
+}
+
+} // namespace

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+// Every query, line, plane and view function on numbers made to break it. Under the sanitizers any
+// trap is a failure; here only results outside of the enumerations are.
+
+#include "support/numbers.h"
+
+#include <vexmath/mg_primitives.h>
+#include <vexmath/mg_queries.h>
+#include <vexmath/mg_transform.h>
+
+namespace {
+
+/// Hostile arguments, new ones at each call.
+class Arguments {
+public:
+    double number() { return random_.hostile(); }
+    mgPoint_c point() { return vector(); }
+    mgVector_c vector() {
+        double const x = number(), y = number(), z = number();
+        return {x, y, z};
+    }
+    /// Normalised, or as restored from a document.
+    mgUnitVector_c unit() {
+        mgUnitVector_c u(vector(), 0);
+        if (random_.below(2) != 0) u.set(vector());
+        return u;
+    }
+    mgLine_c line() { return {point(), unit()}; }
+    mgPlane_c plane() { return {point(), unit()}; }
+    mgXform_c form() {
+        mgXform_c x(unit(), unit(), vector());
+        if (random_.below(2) != 0) {
+            mgPerspInfo_c info(number(), number(), number(), number());
+            info.setCameraFOVPlaneDistance(number());
+            x.addPerspectiveInfo(info);
+        }
+        return x;
+    }
+    int pixel() { return static_cast<int>(random_.uniform(-0x1p31, 0x1p31)); }
+
+private:
+    support::Random random_;
+};
+
+mgPoint_c p, q, pts[4];
+mgUnitVector_c u;
+mgLine_c line;
+mgXform_c form;
+double number, triangle[3][2];
+int flag;
+
+struct Row {
+    char const *call;
+    int top; ///< the results lie in [0, top]
+    int (*function)(Arguments &);
+};
+
+#define ROW(top, call)                                                                             \
+    Row {                                                                                          \
+#call, top, [](Arguments & a) -> int { return call; }                                      \
+    }
+
+Row const rows[] = {
+    ROW(4, mg_LineIntLine(a.point(), a.vector(), a.point(), a.vector(), &p, a.number())),
+    ROW(4, mg_LineIntLine2D(a.point(), a.vector(), a.point(), a.vector(), &p, a.number())),
+    ROW(4, mg_LineSegIntLineSeg(a.point(), a.point(), a.point(), a.point(), p, a.number())),
+    ROW(4, mg_LineSegIntLineSeg2D(a.point(), a.point(), a.point(), a.point(), &p)),
+    ROW(4, mg_LineIntLineSeg(a.line(), a.point(), a.point(), &p, a.number())),
+    ROW(4, mg_RayIntLineSeg(a.line(), a.point(), a.point(), &p, a.number())),
+    ROW(4, (form = a.form(), u = a.unit(), q = a.point(), mg_RayIntPlane(&form, &q, &u, &p))),
+    ROW(4, mg_RayIntDiskSeg(&form, &q, &u, a.number(), a.number(), a.number(), &p)),
+    ROW(4, mg_RayIntSphere(&p, &u, &q, a.number())),
+    ROW(4, mg_RayIntCylSeg(a.line(), a.point(), a.unit(), a.number(), a.number(), &p)),
+    ROW(4, mg_RayIntConeSeg(a.line(), a.point(), a.unit(), a.number(), a.number(), 9.0, &p)),
+    ROW(3, mg_LineIntCircle2D(a.point(), a.unit(), a.point(), a.number(), &p, &q)),
+    ROW(4, mg_CircleIntCircle2D(a.point(), a.number(), a.point(), a.number(), &p, &q)),
+    ROW(2, mg_LineIntPlane(a.line(), a.plane(), &p, &number)),
+    ROW(2, mg_LineSegIntPlane(a.point(), a.point(), a.plane(), &p, &number)),
+    ROW(3, mg_PlaneIntPlane(a.plane(), a.plane(), &line)),
+    ROW(0, (p = mg_MirrorPoint(a.point(), a.vector(), a.point()), 0)),
+    ROW(1, (pts[flag & 3] = a.point(), ++flag, mg_IsPolylineLine(4, pts, p, q))),
+    ROW(1, (pts[flag & 3] = a.point(), ++flag, mg_Find3PointArcCenter(pts, &p, &u))),
+    ROW(0, (mg_getModelSpaceViewRay(a.form(), a.point(), flag & 1, p, u, flag, &form), 0)),
+    ROW(0, (form = mg_ZoomToPosition(p, a.point(), a.point(), a.form(), a.number()), 0)),
+    ROW(0, (form = mg_ZoomBoxToBox({a.pixel(), 7}, {a.pixel(), 0}, p, q, a.form(), 9.0), 0)),
+    ROW(1, mg_PlaneReflectionXform(a.plane()).isReflection()),
+    ROW(0, (p.xformByPerspInverse(a.form()), q.xformByPerspInverseVisible(a.form()), 0)),
+    ROW(0, (a.point().xformByPerspInversePlane(a.form(), a.plane()), 0)),
+    ROW(0, (a.point().xformByPerspInverseLine(a.form(), a.line()), 0)),
+    ROW(2, (p = a.point(), a.plane().projectToPlane(a.form(), &p, 1))),
+    ROW(2, (p = a.point(), a.plane().projectToPlaneOnViewLine(a.form(), &p, 0))),
+    ROW(0, (line = a.line(), line *= a.form(), 0)),
+    ROW(2, a.line().pointPerp(a.point(), &p) + a.line().isPointOn(a.point())),
+    ROW(2, a.line().isEquivalent(a.line()) + a.line().snapPointToLine(p, &p, a.number())),
+    ROW(0, (number = a.line().distToLine(a.line(), &number, nullptr), 0)),
+    ROW(2, a.plane().pointPerp(a.point(), &p) + a.plane().isPointOn(a.point(), a.number())),
+    ROW(2, a.plane().isCoincidentWith(a.plane()) + a.plane().isEquivalent(a.plane())),
+    ROW(1, a.plane().cutLineSegment(a.point(), a.point(), a.number())),
+    ROW(0, (number = a.plane().getHessianNormalFormConstant(), 0)),
+    ROW(1, interLine(a.plane(), a.plane(), &p, &u)),
+    ROW(1, (triangle[0][0] = a.number(), triangle[2][1] = a.number(), triangle[1][0] = a.number(),
+            getBaricentricCoordinates(a.number(), a.point(), triangle, pts[0], flag), flag)),
+};
+
+TEST(Hostile, NothingTrapsAndEveryResultIsOfItsEnumeration) {
+    Arguments arguments;
+    for (Row const &row : rows) {
+        for (int round = 0; round < 3000; ++round) {
+            int const result = row.function(arguments);
+            ASSERT_TRUE(0 <= result && result <= row.top) << row.call << " is " << result;
+        }
+    }
+}
+
+} // namespace

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+// Planes with lines, segments and each other.
+
+#include "support/numbers.h"
+
+#include <vexmath/mg_queries.h>
+
+namespace {
+
+mgPoint_c const untouched(77, 77, 77);
+mgUnitVector_c const z(0, 0, 1);
+mgPlane_c const ground(mgPoint_c(9, 9, 0), z);
+double const below = std::nextafter(1e-08, 0.0);
+
+void checkLine(mgLinePlaneIntersectionType_e type, double height, mgVector_c const &direction,
+               mgPoint_c const &point, double parameter) {
+    mgUnitVector_c u;
+    u.set(direction); // not normalised
+    mgPoint_c out = untouched;
+    double t = 77.0;
+    EXPECT_EQ(type, mg_LineIntPlane({mgPoint_c(1, 2, height), u}, ground, &out, &t));
+    EXPECT_BITS_EQ(point, out);
+    EXPECT_BITS_EQ(parameter, t);
+}
+
+TEST(Planes, ALineLiesInThePlaneRunsBesideItOrCrossesIt) {
+    checkLine(mgLinePlane_InPlane, below, {1, 0, below}, {1, 2, below}, 77);
+    checkLine(mgLinePlane_Parallel, 1e-08, {1, 0, below}, untouched, 77);
+    checkLine(mgLinePlane_Point, 1, {1, 0, 1e-08}, {1 - 1 / 1e-08, 2, 0}, -1 / 1e-08);
+    checkLine(mgLinePlane_Point, 4, {3, 0, -2}, {7, 2, 0}, 2);
+    checkLine(mgLinePlane_Point, 0, {3, 0, -2}, {1, 2, 0}, -0.0);
+}
+
+TEST(Planes, ASegmentThatEndsBeforeThePlaneStillTellsTheParameter) {
+    auto const check = [](mgLinePlaneIntersectionType_e type, double from, double to, double t,
+                          double height) {
+        mgPoint_c a(1, 2, from); // an output as well
+        double parameter = 77.0;
+        EXPECT_EQ(type, mg_LineSegIntPlane(a, mgPoint_c(1, 2, to), ground, &a, &parameter));
+        EXPECT_BITS_EQ(mgPoint_c(1, 2, height), a);
+        EXPECT_BITS_EQ(t, parameter);
+    };
+    check(mgLinePlane_Point, 4, 9e-9, 4, 0);
+    check(mgLinePlane_Parallel, 4, 2e-8, 4, 0);
+    check(mgLinePlane_Point, -9e-9, -4, -9e-9, 0);
+    check(mgLinePlane_Parallel, -2e-8, -4, -2e-8, 0);
+    check(mgLinePlane_InPlane, 0, 0, 0, 0); // neither length nor direction
+    check(mgLinePlane_Parallel, 4, 4, 0, 4);
+}
+
+mgLine_c meet(mgPlnPlnIntersectionType_e type, mgPoint_c const &root,
+              mgUnitVector_c const &normal) {
+    mgLine_c out(untouched, z);
+    EXPECT_EQ(type, mg_PlaneIntPlane(ground, {root, normal}, &out));
+    EXPECT_EQ(type != mgPlnPln_Line, out.rootPoint() == untouched);
+    return out;
+}
+
+TEST(Planes, ParallelPlanesCoincideBelowTheTolerance) {
+    meet(mgPlnPln_Coincident, {1, 1, below}, -z);
+    meet(mgPlnPln_Parallel, {1, 1, 1e-08}, z);
+    // Normals that differ by hardly more than nothing: both lines tried are parallel.
+    meet(mgPlnPln_Failed, {1, 1, 1}, mgUnitVector_c(1.2e-8, 0, 1));
+}
+
+TEST(Planes, ALineOfBothPlanesIsTakenAsItIs) {
+    mgUnitVector_c const tried(1, 1, 0); // in the ground plane first
+    for (double sign : {1.0, -1.0}) {
+        mgUnitVector_c const upright(sign, -sign, 0);
+        mgLine_c const shared = meet(mgPlnPln_Line, ground.rootPoint(), upright);
+        EXPECT_EQ(1, shared.isEquivalent({ground.rootPoint(), tried}));
+        // Otherwise the normals decide the sign; here the second line tried finds the point.
+        mgLine_c const found = meet(mgPlnPln_Line, {11, 9, 0}, upright);
+        EXPECT_EQ(1, found.isEquivalent({{10, 8, 0}, mg_Normalise(sign * tried)}));
+        mgLine_c const level = meet(mgPlnPln_Line, {3, 0, 0}, mgUnitVector_c(sign, 0, 0));
+        EXPECT_EQ(1, level.isEquivalent({{3, 0, 0}, mgUnitVector_c(0, sign, 0)}));
+    }
+}
+
+} // namespace

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+// Straight polylines and three-point arcs.
+
+#include "support/numbers.h"
+
+#include <vexmath/mg_queries.h>
+
+#include <vector>
+
+namespace {
+
+mgPoint_c const untouched(77, 77, 77);
+
+void checkPolyline(int straight, mgPoint_c const &start, mgPoint_c const &end,
+                   std::vector<mgPoint_c> points) {
+    mgPoint_c s = untouched, e = untouched;
+    int const n = static_cast<int>(points.size());
+    EXPECT_EQ(straight, mg_IsPolylineLine(n, points.data(), s, e));
+    EXPECT_BITS_EQ(start, s);
+    EXPECT_BITS_EQ(end, e);
+}
+
+TEST(Polyline, TheExtremePointsOfAStraightPolylineAreItsEnds) {
+    checkPolyline(1, untouched, untouched, {});
+    checkPolyline(1, untouched, untouched, {{0, 0, 0}, {1, 5, 0}});
+    checkPolyline(1, {0, 0, 0}, {2, 2, 0}, {{0, 0, 0}, {1, 1, 0}, {2, 2, 0}});
+    checkPolyline(1, {0, 0, 1}, {3, 0, 7}, {{1, 0, 3}, {2, 0, 5}, {0, 0, 1}, {3, 0, 7}});
+    checkPolyline(1, {4, 0, 0}, {0, 0, 0}, {{0, 0, 0}, {0, 0, 0}, {4, 0, 0}}); // a tie
+    checkPolyline(0, untouched, untouched, {{0, 0, 0}, {1, 0, 0}, {2, 1e-06, 0}});
+    checkPolyline(0, untouched, untouched, {{0, 0, 0}, {1, 0, 1e-06}, {2, 0, 0}});
+}
+
+TEST(Polyline, APolylineAlongZKeepsItsFirstTwoPoints) {
+    checkPolyline(1, {0, 0, 0}, {0, 0, 1}, {{0, 0, 0}, {0, 0, 1}, {0, 0, 5}});
+    checkPolyline(1, {0, 0, 0}, {0, 0, 0}, {{0, 0, 0}, {0, 0, 0}, {0, 0, 5}});
+}
+
+void checkArc(int found, mgPoint_c const &centre, mgVector_c const &normal,
+              std::vector<mgPoint_c> points) {
+    mgUnitVector_c n;
+    EXPECT_EQ(found, mg_Find3PointArcCenter(points.data(), &points[1], &n)); // an input as well
+    EXPECT_NEAR(0.0, (centre - points[1]).len() + (normal - n).len(), 1e-15);
+}
+
+TEST(Polyline, ThreePointsRunCounterClockwiseAboutTheNormal) {
+    checkArc(1, {0, 0, 0}, {0, 0, 1}, {{1, 0, 0}, {0, 1, 0}, {-1, 0, 0}});
+    checkArc(1, {0, 0, 0}, {0, 0, -1}, {{-1, 0, 0}, {0, 1, 0}, {1, 0, 0}});
+    checkArc(0, {1, 1, 1}, {0, 0, 0}, {{0, 0, 0}, {1, 1, 1}, {2, 2, 2}});
+    checkArc(0, {0, 1, 0}, {0, 0, 0}, {{1, 0, 0}, {0, 1, 0}, {1, 0, 9e-9}});
+    checkArc(0, {1, 1e-5, 0}, {0, 0, 0}, {{0, 0, 0}, {1, 1e-5, 0}, {2, 0, 0}}); // nearly straight
+}
+
+TEST(Polyline, BisectorsThatMissStillGiveACentre) {
+    // So far out that rounding keeps them apart by more than 1e-08.
+    mgPoint_c const far[3] = {{9e8, 1e8, -3e8}, {-4e8, 7e8, 2e8}, {1e8, -6e8, 5e8}};
+    mgVector_c const a = far[1] - far[0], b = far[1] - far[2];
+    mgPoint_c centre, again;
+    mgUnitVector_c n;
+    EXPECT_EQ(1, mg_Find3PointArcCenter(far, &centre, &n));
+    mgVector_c const d1 = mg_Normalise(a) * n, d2 = mg_Normalise(b) * n;
+    EXPECT_EQ(mgIntersect_None,
+              mg_LineIntLine(far[0] + 0.5 * a, d1, far[2] + 0.5 * b, d2, &again, 1e-8));
+    EXPECT_BITS_EQ(again, centre);
+}
+
+} // namespace

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+// Rays against planes, discs, spheres, cylinders and cones.
+
+#include "support/numbers.h"
+
+#include <vexmath/mg_queries.h>
+#include <vexmath/mg_transform.h>
+
+namespace {
+
+mgPoint_c const untouched(77, 77, 77);
+mgUnitVector_c const x(1, 0, 0), y(0, 1, 0), z(0, 0, 1);
+
+TEST(Rays, ARayMeetsAPlaneBehindIt) {
+    // The normal is the third column of the rows y, z, x, which is y.
+    mgXform_c const frame = mg_RestoreXform({y, z, x}, mgVector_c(0, 3, 0), 1.0);
+    mgPoint_c p(1, 8, 2);
+    EXPECT_EQ(mgIntersect_Parallel, mg_RayIntPlane(&frame, &p, &x, &p));
+    EXPECT_EQ(mgIntersect_None, mg_RayIntDiskSeg(&frame, &p, &x, 9.0, 0.0, 1.0, &p));
+    EXPECT_EQ(8.0, p.y());
+    EXPECT_EQ(mgIntersect_Point, mg_RayIntPlane(&frame, &p, &y, &p)); // the output is the input
+    EXPECT_BITS_EQ(mgPoint_c(1, 3, 2), p);
+}
+
+TEST(Rays, RoundShapesAreTestedAsCubes) {
+    auto const check = [](bool hits, double px, double py) {
+        mgXform_c const frame;
+        mgPoint_c const start(px, py, -5), centre;
+        mgPoint_c out;
+        EXPECT_EQ(hits ? mgIntersect_TwoPoints : mgIntersect_None,
+                  mg_RayIntSphere(&start, &z, &centre, 1.0));
+        EXPECT_EQ(hits ? mgIntersect_Point : mgIntersect_None,
+                  mg_RayIntDiskSeg(&frame, &start, &z, 1.0, 1.0, 2.0, &out));
+        EXPECT_BITS_EQ(mgPoint_c(px, py, 0), out);
+        EXPECT_EQ(hits ? mgIntersect_Coincident : mgIntersect_Parallel,
+                  mg_RayIntCylSeg({start, z}, centre, -z, 1.0, 1.0, &out));
+    };
+    check(true, 0.9, -0.9);
+    check(true, std::nextafter(1.0 + 1e-8, 0), 0);
+    check(false, 1.0 + 1e-8, 0);
+}
+
+void checkCylinder(mgIntersectionType_e type, mgPoint_c const &point, mgLine_c const &ray) {
+    mgPoint_c out = untouched;
+    EXPECT_EQ(type, mg_RayIntCylSeg(ray, mgPoint_c(), z, 4.0, 1.0, &out));
+    EXPECT_BITS_EQ(point, out);
+}
+
+TEST(Rays, ACylinderIsHitWhereTheRayPassesItsAxis) {
+    checkCylinder(mgIntersect_TwoPoints, {0, 0.9, 2}, {{-9, 0.9, 2}, x});
+    checkCylinder(mgIntersect_None, {0, 2, 2}, {{-9, 2, 2}, x});
+    checkCylinder(mgIntersect_TwoPoints, {0, 0, 4}, {{-9, 0, 4}, x});
+    checkCylinder(mgIntersect_None, {0, 0.9, 4}, {{-9, 0.9, 4}, x}); // a distance from the base
+    checkCylinder(mgIntersect_TwoPoints, {0, 0, -1e-8}, {{-9, 0, -1e-8}, x});
+    checkCylinder(mgIntersect_None, {0, 0, -2e-8}, {{-9, 0, -2e-8}, x});
+    checkCylinder(mgIntersect_Coincident, {0.5, 0.5, 9}, {{0.5, 0.5, 9}, z});
+    checkCylinder(mgIntersect_Parallel, untouched, {{2, 0, 9}, z});
+}
+
+/// The cone along z with a slope of 1, between distances 1 and 4 from its apex, the origin.
+void checkCone(mgIntersectionType_e type, mgPoint_c const &point, mgLine_c const &ray) {
+    mgPoint_c out = untouched;
+    EXPECT_EQ(type, mg_RayIntConeSeg(ray, mgPoint_c(), z, std::atan(1.0), 1.0, 4.0, &out));
+    EXPECT_NEAR(0.0, dist(point, out), 1e-14);
+}
+
+TEST(Rays, AConeReportsAxisCapAndSideApart) {
+    checkCone(mgIntersect_Coincident, {0, 0, -3}, {{0, 0, -3}, z});
+    checkCone(mgIntersect_Parallel, untouched, {{1, 0, -3}, z});
+    checkCone(mgIntersect_Point, {0, 3.9, 4}, {{9, 3.9, 10}, mgUnitVector_c(-9, 0, -6)});
+    checkCone(mgIntersect_TwoPoints, {-2, 0, 2}, {{-9, 0, 2}, x}); // the first along the ray
+    checkCone(mgIntersect_TwoPoints, {2, 0, 2}, {{-9, 0, 2}, -x});
+    // The side met first is too long there.
+    checkCone(mgIntersect_TwoPoints, {1, 0, 1}, {{-3, 0, 3}, mgUnitVector_c(4, 0, -2)});
+    checkCone(mgIntersect_None, untouched, {{-9, 0, 0.5}, x}); // too near
+    checkCone(mgIntersect_None, untouched, {{-9, 0, 3.9}, x}); // a slant of 5.5
+    checkCone(mgIntersect_None, untouched, {{-9, 0, -2}, x});
+    checkCone(mgIntersect_None, untouched, {{-9, 0.5, 2}, x}); // past the axial plane
+}
+
+TEST(Rays, AConesCapIsPerpendicularToItsAxis) {
+    mgUnitVector_c const axis(2, 3, 6);
+    mgPoint_c const onCap = mgPoint_c(1, 2, 3) + 4.0 * axis + 3.0 * mgUnitVector_c(6, 2, -3);
+    mgLine_c const ray(onCap + mgVector_c(1, 0, 5), mgUnitVector_c(-1, 0, -5));
+    mgPoint_c out(1, 2, 3); // the apex as well
+    EXPECT_EQ(mgIntersect_Point, mg_RayIntConeSeg(ray, out, axis, 1.0, 0.5, 4.0, &out));
+    EXPECT_NEAR(0.0, dist(onCap, out), 1e-14);
+}
+
+} // namespace

@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+// Segments and rays in space, segments in the plane.
+
+#include "support/numbers.h"
+
+#include <vexmath/mg_queries.h>
+
+namespace {
+
+constexpr auto Coincident = mgIntersect_Coincident, Parallel = mgIntersect_Parallel,
+               Point = mgIntersect_Point, None = mgIntersect_None;
+mgPoint_c const untouched(77, 77, 77), a(0, 0, 0), b(4, 0, 0);
+mgUnitVector_c const x(1, 0, 0), y(0, 1, 0);
+
+TEST(Segments, TheFirstEndHasSlackAndTheSecondHasNone) {
+    auto const crossAt = [](double at) {
+        mgPoint_c out = b; // the output is an input
+        return mg_LineSegIntLineSeg(a, out, mgPoint_c(at, -1, 0), mgPoint_c(at, 1, 0), out, 0.5);
+    };
+    EXPECT_EQ(Point, crossAt(-0.125)); // the tolerance over the length, 0.5 / 4
+    EXPECT_EQ(None, crossAt(std::nextafter(-0.125, -1)));
+    EXPECT_EQ(Point, crossAt(4));
+    EXPECT_EQ(None, crossAt(std::nextafter(4, 5)));
+}
+
+void checkSegments(mgIntersectionType_e type, mgPoint_c const &written, mgPoint_c const &a2,
+                   mgPoint_c const &b2) {
+    mgPoint_c out = untouched;
+    EXPECT_EQ(type, mg_LineSegIntLineSeg(a, b, a2, b2, out, 1e-8));
+    EXPECT_BITS_EQ(written, out);
+}
+
+TEST(Segments, MissedEndsAndSkewSegmentsStillWriteThePoint) {
+    checkSegments(Point, {2, 0, 0}, {2, 0, 0}, {2, 5, 0});
+    checkSegments(None, {2, 0, 0}, {2, 1, 0}, {2, 5, 0});
+    checkSegments(None, {2, 0, 0}, {2, -5, 1}, {2, 5, 1});
+    checkSegments(Parallel, untouched, {0, 1, 0}, {4, 1, 0});
+    checkSegments(None, untouched, {2, 0, 0}, {2, 9e-9, 0});
+}
+
+TEST(Segments, CollinearSegmentsCoincideWhenTheyOverlapOrTouch) {
+    auto const check = [](mgIntersectionType_e type, double from, double to) {
+        checkSegments(type, a, {from, 0, 0}, {to, 0, 0});
+        checkSegments(type, a, {to, 0, 0}, {from, 0, 0});
+    };
+    check(Coincident, 1, 2);
+    check(Coincident, -1, 5);
+    check(Coincident, 4, 7);
+    check(Coincident, -7, 0);
+    check(None, std::nextafter(4, 5), 7);
+    check(None, -7, -2e-8);
+}
+
+void checkLine(mgLine_c const &line, mgIntersectionType_e byLine, mgIntersectionType_e byRay,
+               mgPoint_c const &written) {
+    mgPoint_c out = untouched;
+    EXPECT_EQ(byLine, mg_LineIntLineSeg(line, a, b, &out, 1e-8));
+    EXPECT_BITS_EQ(written, out);
+    out = b; // the output is an input
+    EXPECT_EQ(byRay, mg_RayIntLineSeg(line, a, out, &out, 1e-8));
+}
+
+TEST(Segments, LinesAndRaysAreJudgedByTheSameEnds) {
+    checkLine({{2, 1e-8, 0}, y}, Point, Point, {2, 0, 0});
+    checkLine({{2, 2e-8, 0}, y}, Point, None, {2, 0, 0}); // behind the ray
+    checkLine({{5, -9, 0}, y}, None, None, {5, 0, 0});
+    checkLine({{2, -9, 1}, y}, None, None, {2, 0, 1}); // skew
+    checkLine({{9, 0, 0}, x}, Coincident, Coincident, {9, 0, 0});
+    checkLine({{9, 1, 0}, x}, Parallel, Parallel, untouched);
+    mgPoint_c out = untouched;
+    EXPECT_EQ(None, mg_LineIntLineSeg({a, y}, a, a, &out, 1e-8));
+}
+
+void checkPlanar(mgIntersectionType_e type, mgPoint_c const &written, mgPoint_c const &q1,
+                 mgPoint_c const &q2, mgPoint_c const &p1 = a, mgPoint_c const &p2 = b) {
+    mgPoint_c out = untouched;
+    EXPECT_EQ(type, mg_LineSegIntLineSeg2D(p1, p2, q1, q2, &out));
+    EXPECT_NEAR(0.0, dist(written, out), 1e-15);
+    out = p1;
+    EXPECT_EQ(type, mg_LineSegIntLineSeg2D(out, p2, q1, q2, &out));
+}
+
+TEST(Segments2D, OffTheLineTheCandidateIsWrittenUnlessBothEndsAreOnOneSide) {
+    checkPlanar(Point, {1, 0, 6}, {1, -2, 4}, {1, 2, 8}); // z is carried along
+    checkPlanar(Point, {1, 0, 0}, {1, 0, 0}, {1, 2, 0});
+    checkPlanar(Point, {4 + 9e-9, 0, 0}, {4 + 9e-9, -2, 0}, {4 + 9e-9, 2, 0});
+    checkPlanar(None, {4 + 2e-8, 0, 0}, {4 + 2e-8, -2, 0}, {4 + 2e-8, 2, 0});
+    checkPlanar(None, {-1, 0, 0}, {-1, 2, 0}, {-1, 0, 0});
+    checkPlanar(None, untouched, {1, 1, 0}, {2, 2, 0});
+    checkPlanar(Point, {1, 9e-9, 0}, {1, 9e-9, 0}, {2, 1, 0}); // on the line within 1e-08
+    checkPlanar(None, untouched, {1, 2e-8, 0}, {2, 1, 0});
+}
+
+TEST(Segments2D, CollinearSegmentsGiveTheMiddleOfTheirOverlap) {
+    auto const check = [](mgIntersectionType_e type, double q1, double q2, double middle) {
+        for (mgVector_c const &d : {mgVector_c(x), mgVector_c(-x), mgVector_c(y)}) {
+            mgPoint_c const written = type == None ? untouched : mgPoint_c(middle * d);
+            checkPlanar(type, written, q1 * d, q2 * d, a, 4 * d);
+            checkPlanar(type, written, q2 * d, q1 * d, a, 4 * d);
+        }
+    };
+    check(Coincident, 1, 2, 1.5);
+    check(Coincident, -1, 2, 1);
+    check(Coincident, 1, 7, 2.5);
+    check(Coincident, -1, 5, 2);
+    check(Coincident, 4 - 2e-8, 7, 4 - 1e-8);
+    check(Point, 4 - 8e-9, 7, 4 - 4e-9); // ends within 1e-08 of each other touch
+    check(Point, -3, 0, 0);
+    check(None, 5, 7, 0);
+    check(None, -5, -7, 0);
+}
+
+/// Two crossing segments of which one coordinate, 0 to 11, is replaced.
+mgIntersectionType_e crossingWith(int coordinate, double value) {
+    mgPoint_c p[4] = {a, b, {1, -1, 0}, {1, 1, 0}};
+    p[coordinate / 3][coordinate % 3] = value;
+    mgPoint_c out;
+    return mg_LineSegIntLineSeg2D(p[0], p[1], p[2], p[3], &out);
+}
+
+TEST(Segments2D, AMarkedPointMeetsNothing) {
+    for (int i = 0; i < 12; ++i) EXPECT_EQ(None, crossingWith(i, std::nan(""))) << i;
+    for (double mark : {5e-09, -5e-09}) {
+        for (int i = 0; i < 12; i += 3) EXPECT_EQ(None, crossingWith(i, mark)) << i;
+        EXPECT_EQ(Point, crossingWith(6, std::nextafter(mark, 1)));
+        EXPECT_EQ(Point, crossingWith(9, std::nextafter(mark, -1)));
+    }
+    checkPlanar(None, untouched, {1, 1, 0}, {1, 1, 9e-9}); // equal ends
+}
+
+} // namespace
