@@ -9,6 +9,7 @@
 #include <vexmath/dynamic_array.h>
 #include <vexmath/export.h>
 #include <vexmath/forward.h>
+#include <vexmath/gen_xform.h>
 #include <vexmath/gfxmath.h>
 #include <vexmath/matrix.h>
 #include <vexmath/mg_matrix.h>
