@@ -4,8 +4,10 @@
 #ifndef VEXMATH_VEXMATH_H
 #define VEXMATH_VEXMATH_H
 
+#include <vexmath/arc.h>
 #include <vexmath/bbox.h>
 #include <vexmath/checksum.h>
+#include <vexmath/circle.h>
 #include <vexmath/dynamic_array.h>
 #include <vexmath/export.h>
 #include <vexmath/forward.h>
