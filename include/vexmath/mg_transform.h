@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Free functions that build transforms for a particular job.
+// Free functions that build transforms for a particular job, and the view ray of a screen point.
 
 #ifndef VEXMATH_MG_TRANSFORM_H
 #define VEXMATH_MG_TRANSFORM_H
 
 #include <vexmath/xform.h>
+
+#include <vexmath_platform/point.h>
 
 // Every factory starts from the identity and changes only what it says. Angles are in radians,
 // lengths in model units. A scale outside (1.0000000000000002e-13, 6e12), bounds excluded, becomes
@@ -35,6 +37,8 @@ VEXMATH_API mgXform_c mg_YReflectionXform();
 VEXMATH_API mgXform_c mg_ZReflectionXform();
 /// Mirror in the plane through the origin with normal n (a Householder matrix); flag set.
 VEXMATH_API mgXform_c mg_ReflectionXform(mgUnitVector_c const &n);
+/// Mirror in the plane; flag set.
+VEXMATH_API mgXform_c mg_PlaneReflectionXform(mgPlane_c const &plane);
 
 // Coordinate frames: rows X, Y, Z of the rotation, and the origin as translation. Zero or parallel
 // directions are not detected; they leave zero rows.
@@ -72,5 +76,26 @@ VEXMATH_API mgXform_c mg_PointAngleXform(mgPoint_c const &p1, mgPoint_c const &p
 /// turned: the result only translates.
 VEXMATH_API mgXform_c mg_PlaneToPlane(mgPoint_c const &p1, mgVector_c const &norm1,
                                       mgPoint_c const &p2, mgVector_c const &norm2);
+
+// Viewing. Screen space is what a view's rotation, scale and translation lead to; the eye looks
+// along its z axis. Zooming composes the view behind a move of the middle of a and b to the origin
+// and a scale, and before a move of the origin to a place of the screen at depth 0.
+
+/// The line of sight through p, a screen point when pIsScreen is not 0, else a model point, in
+/// model space. Of a view with a perspective record: rayPoint on the near clip plane; rayDir from
+/// the eye to it, or for an orthographic camera the z axis carried back; isCamera 1 when the record
+/// is a camera. Without: rayPoint is p in model space, rayDir the z axis carried back, isCamera 0.
+/// inverseOut, which may be null, becomes the way back from screen to model space. The outputs may
+/// alias p and view.
+VEXMATH_API void mg_getModelSpaceViewRay(mgXform_c const &view, mgPoint_c const &p, int pIsScreen,
+                                         mgPoint_c &rayPoint, mgUnitVector_c &rayDir, int &isCamera,
+                                         mgXform_c *inverseOut);
+/// The view scaled by scale, with the middle of a and b at screenPos, whose z plays no part.
+VEXMATH_API mgXform_c mg_ZoomToPosition(mgPoint_c const &screenPos, mgPoint_c const &a,
+                                        mgPoint_c const &b, mgXform_c const &view, double scale);
+/// The same with the middle of a and b at p1 plus half the absolute extent of the box p1 p2, halved
+/// towards zero. That is the middle of the box only when p2 is its far corner.
+VEXMATH_API mgXform_c mg_ZoomBoxToBox(CPoint const &p1, CPoint const &p2, mgPoint_c const &a,
+                                      mgPoint_c const &b, mgXform_c const &view, double scale);
 
 #endif

@@ -43,6 +43,20 @@ public:
     /// Moved by the transform, through its perspective division when it holds a record.
     inline mgPoint_c &operator*=(mgXform_c const &x);
 
+    // Back from screen to model space: each moves this screen point and also returns it. A view
+    // without a perspective record is simply inverted.
+
+    /// To the model point on the near clip plane that is seen here.
+    VEXMATH_API mgPoint_c xformByPerspInverse(mgXform_c const &view);
+    /// To the model point that is seen here at this point's depth, or on the near clip plane when
+    /// that is deeper.
+    VEXMATH_API mgPoint_c xformByPerspInverseVisible(mgXform_c const &view);
+    /// To where the line of sight meets the plane. When it does not: as `xformByPerspInverse`.
+    VEXMATH_API mgPoint_c xformByPerspInversePlane(mgXform_c const &view, mgPlane_c const &plane);
+    /// To the point of the line of sight that is nearest to the line. When they are parallel: as
+    /// `xformByPerspInverse`.
+    VEXMATH_API mgPoint_c xformByPerspInverseLine(mgXform_c const &view, mgLine_c const &line);
+
     /// 1 when each coordinate differs by strictly less than tol; a negative tol means 1e-08.
     int isSame(mgPoint_c const &p, double tol = -1.0) const;
     /// 1 when the difference is null. The tolerance is accepted and plays no part: always 1e-08.

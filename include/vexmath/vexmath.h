@@ -13,11 +13,16 @@
 #include <vexmath/forward.h>
 #include <vexmath/gen_xform.h>
 #include <vexmath/gfxmath.h>
+#include <vexmath/intersection_types.h>
+#include <vexmath/line.h>
 #include <vexmath/matrix.h>
 #include <vexmath/mg_matrix.h>
+#include <vexmath/mg_primitives.h>
+#include <vexmath/mg_queries.h>
 #include <vexmath/mg_transform.h>
 #include <vexmath/mg_vector.h>
 #include <vexmath/persp_info.h>
+#include <vexmath/plane.h>
 #include <vexmath/point.h>
 #include <vexmath/point2d.h>
 #include <vexmath/rect.h>

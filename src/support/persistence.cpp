@@ -4,6 +4,7 @@
 // that an archive that throws leaves the object as it was.
 
 #include <vexmath/bbox.h>
+#include <vexmath/line.h>
 #include <vexmath/persp_info.h>
 #include <vexmath/point2d.h>
 #include <vexmath/xform.h>
@@ -197,6 +198,20 @@ su_CArchive &operator>>(su_CArchive &ar, mgXform_c &x) {
     readWord(ar); // where the record's address lay
     x.SetHelper(fields);
     return ar;
+}
+
+// Lines and planes: the root point, then the unit vector as it is.
+
+void vexmath::detail::RootedDirection::save(su_CArchive &ar) const {
+    writeTriple(ar, root_);
+    writeTriple(ar, unit_);
+}
+
+void vexmath::detail::RootedDirection::restore(su_CArchive &ar) {
+    mgPoint_c const root = readTriple(ar);
+    mgVector_c const unit = readTriple(ar);
+    root_ = root;
+    unit_.set(unit);
 }
 
 // Boxes: their members in order.
