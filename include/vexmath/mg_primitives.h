@@ -13,6 +13,11 @@
 VEXMATH_API int interLine(mgPlane_c const &a, mgPlane_c const &b, mgPoint_c *point,
                           mgUnitVector_c *dir);
 
+/// The foot of p on the line through a along v, which may have any length; p itself when p is on
+/// the line or v is null: when v x (p - a) x v is null, so also for a p so near the line that its
+/// distance times the square of v's length is below 1e-08.
+VEXMATH_API mgPoint_c s_projPointOnLine(mgPoint_c p, mgPoint_c a, mgVector_c v);
+
 /// Barycentric coordinates of the point p = (x, y) in the triangle of three points (x, y): weights
 /// of the corners that sum to 1, negative outside. tol bounds, relatively and strictly, the squared
 /// sine of the angle at tri[0]: below it, or when the corners are collinear to the last bit,

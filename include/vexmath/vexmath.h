@@ -4,11 +4,15 @@
 #ifndef VEXMATH_VEXMATH_H
 #define VEXMATH_VEXMATH_H
 
+#include <vexmath/arc.h>
 #include <vexmath/bbox.h>
 #include <vexmath/checksum.h>
+#include <vexmath/circle.h>
+#include <vexmath/cone.h>
 #include <vexmath/dynamic_array.h>
 #include <vexmath/export.h>
 #include <vexmath/forward.h>
+#include <vexmath/gen_xform.h>
 #include <vexmath/gfxmath.h>
 #include <vexmath/intersection_types.h>
 #include <vexmath/line.h>
@@ -22,6 +26,7 @@
 #include <vexmath/plane.h>
 #include <vexmath/point.h>
 #include <vexmath/point2d.h>
+#include <vexmath/primitive_body_data.h>
 #include <vexmath/rect.h>
 #include <vexmath/select_type.h>
 #include <vexmath/selection_sets.h>

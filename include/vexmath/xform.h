@@ -10,6 +10,7 @@
 #include <vexmath/persp_info.h>
 
 #include <vexmath_platform/archive.h>
+#include <vexmath_platform/string.h>
 
 namespace vexmath::detail {
 
@@ -118,6 +119,37 @@ public:
     /// The four plain fields; the record never crosses.
     VEXMATH_API mgXform_64BitHelper_c GetHelper() const;
     VEXMATH_API void GetHelper(mgXform_64BitHelper_c &helper) const;
+
+    // Other representations. None of them keeps reflection and perspective.
+
+    /// The rotation as a turn about z by a1, then about y by a2, then about x by a3, in radians.
+    /// Returns 1, or 0 with the angles as they were. The older decomposition, kept for those who
+    /// stored its results: it settles for two decimals of two elements, refuses some plain turns,
+    /// backward ones about z among them, and may give an a2 beyond a quarter turn.
+    VEXMATH_API int getThreeAngles(double &a1, double &a2, double &a3) const;
+    /// The same, confirmed by rebuilding: a1 and a3 in [-1e-11, 2 pi - 1e-11), a2 in [-pi/2, pi/2].
+    /// Returns 1, or 0 with the angles of the last trial. Confirmed are r00, r10, r21 and r22,
+    /// within 1e-06: all there is for a rotation with a2 off the quarter turn. At the quarter turn
+    /// all four vanish, and the angles may be another rotation's; those of a mirror are so too.
+    VEXMATH_API int getThreeAnglesNew(double &a1, double &a2, double &a3) const;
+
+    /// The sixteen numbers of a 4x4 matrix for column vectors, column by column: the rows of the
+    /// rotation, scaled, each followed by 0, then the translation and 1.
+    /// REQUIRES sixteen writable numbers.
+    VEXMATH_API void getGLData(double *gl) const;
+    VEXMATH_API void getGLData(float *gl) const; ///< each rounded to single precision
+    /// The transform of such numbers. Its rows are normalised, so the scale is lost: it becomes 1.
+    /// The fourth number of each column is ignored. REQUIRES sixteen readable numbers.
+    VEXMATH_API static mgXform_c createFromGLData(double const *gl);
+
+    /// Text form: the sixteen numbers of `getGLData` with 16 digits, separated by spaces. Written
+    /// and read by the process's numeric locale, both: a text written with a decimal comma is
+    /// refused where a decimal point is set, unless all its numbers are whole, and the other way
+    /// round. Store texts written under the "C" locale.
+    VEXMATH_API void saveStringRep(CString &s) const;
+    /// Reads sixteen numbers back as `createFromGLData` does and returns 1; what follows them is
+    /// ignored. 0 and no change otherwise. Scale becomes 1; reflection and perspective go.
+    VEXMATH_API int restoreStringRep(CString const &s);
 
     /// Archive record: a byte that is 1 when the transform rotates, then its nine matrix doubles in
     /// that case, translation, scale, a reserved byte 0. Repairs this transform first, as

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Lines: equivalence, distance to a line, snapping.
+// Lines: equivalence, distance to a line, snapping, projection.
 
 #include <vexmath/line.h>
+#include <vexmath/mg_primitives.h>
 #include <vexmath/mg_vector.h>
 
 #include "closest_points.h"
@@ -35,4 +36,13 @@ int mgLine_c::snapPointToLine(mgPoint_c const &p, mgPoint_c *out, double tol) co
     if (!on && !(sqDist(p, foot) < tol * tol)) return 0;
     *out = foot;
     return 1;
+}
+
+mgPoint_c s_projPointOnLine(mgPoint_c p, mgPoint_c a, mgVector_c v) {
+    mgVector_c const w = p - a;
+    mgVector_c const across = v * w;
+    mgVector_c const off = across * v; // from the line to p
+    if (!off.isNotNull()) return p;
+    mgUnitVector_c const u(off, 0);
+    return p - (w % u) * u;
 }

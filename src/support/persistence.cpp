@@ -4,9 +4,11 @@
 // that an archive that throws leaves the object as it was.
 
 #include <vexmath/bbox.h>
+#include <vexmath/cone.h>
 #include <vexmath/line.h>
 #include <vexmath/persp_info.h>
 #include <vexmath/point2d.h>
+#include <vexmath/primitive_body_data.h>
 #include <vexmath/xform.h>
 
 #include <cstdint>
@@ -30,6 +32,12 @@ mgVector_c readTriple(su_CArchive &ar) {
     double const y = readDouble(ar);
     double const z = readDouble(ar);
     return {x, y, z};
+}
+
+int readInt(su_CArchive &ar) {
+    int value = 0;
+    ar >> value;
+    return value;
 }
 
 unsigned char readByte(su_CArchive &ar) {
@@ -213,6 +221,48 @@ void vexmath::detail::RootedDirection::restore(su_CArchive &ar) {
     root_ = root;
     unit_.set(unit);
 }
+
+// Cones: their members in order.
+
+void mgCone_c::save(su_CArchive &ar) const {
+    writeTriple(ar, root_);
+    writeTriple(ar, axis_);
+    ar << radius_ << angle_;
+}
+
+void mgCone_c::restore(su_CArchive &ar) {
+    mgPoint_c const root = readTriple(ar);
+    mgVector_c const axis = readTriple(ar);
+    double const radius = readDouble(ar);
+    double const angle = readDouble(ar);
+    root_ = root;
+    axis_.set(axis);
+    radius_ = radius;
+    angle_ = angle;
+}
+
+// Primitive bodies: their members in order.
+
+void mgPrimitiveBodyData_c::save(su_CArchive &ar) const {
+    ar << kind;
+    writeTriple(ar, anchor);
+    ar << first << second << third << extra;
+}
+
+void mgPrimitiveBodyData_c::restore(su_CArchive &ar) {
+    mgPrimitiveBodyData_c stored;
+    stored.kind = readInt(ar);
+    stored.anchor = readTriple(ar);
+    stored.first = readDouble(ar);
+    stored.second = readDouble(ar);
+    stored.third = readDouble(ar);
+    stored.extra = readInt(ar);
+    *this = stored;
+}
+
+void mgPrimitiveBodyData_c::save(CArchive &ar) const { save(itemArchive(ar)); }
+
+void mgPrimitiveBodyData_c::restore(CArchive &ar) { restore(itemArchive(ar)); }
 
 // Boxes: their members in order.
 

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+// mgCircle_c: a full circle in space.
+
+#ifndef VEXMATH_CIRCLE_H
+#define VEXMATH_CIRCLE_H
+
+#include <vexmath/xform.h>
+
+/// A circle: centre, radius and the normal of its plane. A plain, trivially copyable value of 56
+/// bytes; nothing is checked.
+class mgCircle_c {
+public:
+    mgCircle_c(mgPoint_c const &centre, double radius, mgUnitVector_c const &normal);
+
+    mgPoint_c const &center() const { return centre_; }
+    double radius() const { return radius_; }
+    mgUnitVector_c const &normal() const { return normal_; }
+
+    /// The centre moved as a point, the radius scaled, the normal turned.
+    mgCircle_c &operator*=(mgXform_c const &x);
+
+    /// 1 when the radii differ by strictly less than 1e-08, the centres too in every coordinate,
+    /// and the normals by strictly less than 1e-12, sign included.
+    int isEquivalent(mgCircle_c const &other) const;
+
+private:
+    mgPoint_c centre_;
+    double radius_;
+    mgUnitVector_c normal_;
+};
+
+// -------------------------------------------------------------------------------------------------
+
+inline mgCircle_c::mgCircle_c(mgPoint_c const &centre, double radius, mgUnitVector_c const &normal)
+    : centre_(centre), radius_(radius), normal_(normal) {}
+
+inline mgCircle_c &mgCircle_c::operator*=(mgXform_c const &x) {
+    centre_ *= x;
+    radius_ *= x.scaling();
+    normal_ *= x;
+    return *this;
+}
+
+inline int mgCircle_c::isEquivalent(mgCircle_c const &other) const {
+    /// How far the components of equal normals may differ; strict.
+    constexpr double kNormalTolerance = 1e-12;
+    return vexmath::detail::isTiny(radius_ - other.radius_) && centre_.isSame(other.centre_)
+           && normal_.isEqual(other.normal_, kNormalTolerance);
+}
+
+#endif

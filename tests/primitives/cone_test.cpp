@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+// Cones, cylinders, primitive bodies, and their archive records.
+
+#include <vexmath/cone.h>
+#include <vexmath/mg_primitives.h>
+#include <vexmath/mg_transform.h>
+#include <vexmath/mg_vector.h>
+#include <vexmath/primitive_body_data.h>
+
+#include "support/numbers.h"
+
+#include <sstream>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+mgUnitVector_c const up(0.0, 0.0, 1.0);
+double const eighthTurn = std::atan(1.0);
+
+TEST(Cone, AnUnsetRadiusIsNotScaled) {
+    mgXform_c const x = mg_ScaleXform(mg_RotateXform(1.0, {1.0, 0.0, 0.0}, 0.0), 3.0);
+    mgCone_c unset, cone({1.0, 2.0, 3.0}, up, 2.0, 0.5);
+    unset *= x;
+    cone *= x;
+    EXPECT_EQ(-2.0, unset.radius());
+    EXPECT_EQ(6.0, cone.radius());
+    EXPECT_BITS_EQ(mgPoint_c(1.0, 2.0, 3.0) * x, cone.rootPoint());
+    EXPECT_BITS_EQ(up * x, cone.axis());
+}
+
+TEST(Cone, TheRadiusAtTheRootIsThatOfAWideningCone) {
+    mgCone_c const cone({0.0, 0.0, 1.0}, up, 5.0, eighthTurn);
+    EXPECT_NEAR(7.0 - 2.0, cone.transformRadiusAtRoot({9.0, 9.0, 3.0}, 7.0), 1e-14);
+    EXPECT_BITS_EQ(mgPoint_c(0.0, 0.0, 3.0), cone.projectPointOnAxis({9.0, 9.0, 3.0}));
+}
+
+void CheckFoot(int result, mgPoint_c const &expected, mgCone_c const &cone, mgPoint_c p) {
+    EXPECT_EQ(result, cone.pointPerp(p, &p)); // in place
+    EXPECT_LT(dist(expected, p), 1e-13);
+}
+
+TEST(Cone, TheConesFootIsThatOfItsRoot) {
+    mgCone_c const cone({}, up, 5.0, eighthTurn);
+    CheckFoot(1, {2.0, 0.0, 2.0}, cone, {4.0, 0.0, 0.0});
+    CheckFoot(0, {-1.0, 0.0, -1.0}, cone, {0.5, 0.0, -2.5});
+    CheckFoot(1, {}, cone, {}); // on the axis: is it the root?
+    CheckFoot(0, {0.0, 0.0, 2.0}, cone, {0.0, 0.0, 2.0});
+}
+
+TEST(Cylinder, TheFootLiesOnTheSurface) {
+    mgUnitVector_c const axis(1.0, 2.0, 2.0), side(2.0, 1.0, -2.0);
+    mgPoint_c const root(1.0, 2.0, 3.0), p = root - 5.0 * axis;
+    mgCylinder_c const cylinder(root, axis, 2.0);
+    CheckFoot(0, p + 2.0 * side, cylinder, p + 7.0 * side);
+    CheckFoot(0, p + 2.0 * side, cylinder, p + 0.1 * side);
+    CheckFoot(1, p + 2.0 * axis.anyUnitNormal(0), cylinder, p);
+}
+
+void CheckExtremes(mgPoint_c const &low, mgPoint_c const &high, mgCone_c const &cone,
+                   mgVector_c const &direction) {
+    mgUnitVector_c dir;
+    dir.set(direction); // to the bit
+    mgPoint_c out[2];
+    cone.extremePts(dir, 10.0, out);
+    EXPECT_LT(dist(low, out[0]) + dist(high, out[1]), 1e-13);
+}
+
+TEST(Cone, LookingBackTheRootAloneCounts) {
+    mgCylinder_c const cylinder({}, up, 1.0);
+    mgCone_c const cone({}, up, 1.0, eighthTurn); // 9 at the top
+    CheckExtremes({}, {0.0, 0.0, 10.0}, cylinder, {0.0, 0.0, -1.0});
+    CheckExtremes({-1.0, 0.0, 0.0}, {1.0, 0.0, 10.0}, cylinder, {0.6, 0.0, 0.8});
+    CheckExtremes({-1.0, 0.0, 0.0}, {1.0, 0.0, 0.0}, cylinder, {1.0, 0.0, 0.0});
+    CheckExtremes({-5.4, 0.0, 7.2}, {5.4, 0.0, -7.2}, cone, {0.6, 0.0, -0.8});
+    CheckExtremes({-9.0, 0.0, 10.0}, {9.0, 0.0, 10.0}, cone, {1.0, 0.0, 1e-6});
+    double const less = std::nextafter(1e-6, 0.0);
+    CheckExtremes({-9.0, 0.0, -9.0 * less}, {9.0, 0.0, 9.0 * less}, cone, {1.0, 0.0, less});
+}
+
+TEST(Cylinder, EquivalenceNeedsRadii) {
+    auto const like = [](double r1, double r2, mgPoint_c const &root, mgUnitVector_c const &axis) {
+        return mgCylinder_c({}, up, r1).isEquivalent(mgCylinder_c(root, axis, r2));
+    };
+    EXPECT_EQ(1, like(1.0, 1.0 + 9e-9, {9e-9, 0.0, 7.0}, up));
+    EXPECT_EQ(0, like(0.0, 0.0, {}, up));
+    EXPECT_EQ(0, like(5e-9, 0.0, {}, up));
+    EXPECT_EQ(0, like(1.0, 1.0 + 1.1e-8, {}, up));
+    EXPECT_EQ(0, like(1.0, 1.0, {1.1e-8, 0.0, 0.0}, up));
+    EXPECT_EQ(0, like(1.0, 1.0, {}, -up));
+}
+
+TEST(Line, AProjectedPointIsTheFootOnTheLine) {
+    mgVector_c const v(0.0, 0.0, 3.0);
+    mgPoint_c const a(1.0, 2.0, 3.0), near(1.0 + 1e-9, 2.0, 7.0);
+    EXPECT_LT(dist({1.0, 2.0, 9.0}, s_projPointOnLine({5.0, -1.0, 9.0}, a, v)), 1e-14);
+    EXPECT_BITS_EQ(near, s_projPointOnLine(near, a, v));
+    EXPECT_BITS_EQ(near, s_projPointOnLine(near, mgPoint_c(), mgVector_c()));
+}
+
+template <class Archive, class T>
+std::string stored(T const &object) {
+    std::stringstream stream;
+    su_CArchive ar(stream);
+    object.save(static_cast<Archive &>(ar));
+    return stream.str();
+}
+
+template <class Archive, class T>
+void restore(T &object, std::string const &bytes) {
+    std::stringstream stream(bytes);
+    su_CArchive ar(stream);
+    object.restore(static_cast<Archive &>(ar));
+}
+
+/// A record of these bytes: refused when cut, with the target as it was, and read back whole.
+template <class Archive, class T>
+void CheckRecord(std::string const &bytes, T const &object, T target) {
+    EXPECT_EQ(bytes, stored<Archive>(object));
+    std::string const before = stored<Archive>(target);
+    for (std::size_t length = 0; length < bytes.size(); ++length) {
+        EXPECT_THROW(restore<Archive>(target, bytes.substr(0, length)), su_CArchiveError);
+        EXPECT_EQ(before, stored<Archive>(target)) << length;
+    }
+    restore<Archive>(target, bytes);
+    EXPECT_EQ(bytes, stored<Archive>(target));
+}
+
+std::string bytesOf(std::initializer_list<double> values) {
+    std::stringstream stream;
+    for (double const value : values) su_CArchive(stream) << value;
+    return stream.str();
+}
+
+TEST(Records, ConesAndPrimitiveBodiesAreTheirMembersInOrder) {
+    mgUnitVector_c axis;
+    axis.set(0.5, 6.0, -7.0); // not normalised either way
+    CheckRecord<su_CArchive>(bytesOf({1.0, 2.0, 3.0, 0.5, 6.0, -7.0, -0.0, 0.25}),
+                             mgCone_c({1.0, 2.0, 3.0}, axis, -0.0, 0.25), mgCone_c());
+    std::string const body =
+        "\x04\x03\x02\x01" + bytesOf({1.0, 2.0, 3.0, 4.0, 5.0, 6.0}) + "\xFE\xFF\xFF\xFF";
+    mgPrimitiveBodyData_c const data(0x01020304, {1.0, 2.0, 3.0}, 4.0, 5.0, 6.0, -2);
+    CheckRecord<su_CArchive>(body, data, mgPrimitiveBodyData_c());
+    CheckRecord<CArchive>(body, data, mgPrimitiveBodyData_c(9, {}, 8.0, 7.0, 6.0, 5));
+}
+
+} // namespace
