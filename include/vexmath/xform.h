@@ -120,7 +120,7 @@ public:
     VEXMATH_API mgXform_64BitHelper_c GetHelper() const;
     VEXMATH_API void GetHelper(mgXform_64BitHelper_c &helper) const;
 
-    // Other representations. None of them keeps reflection and perspective.
+    // Other representations. None of them keeps the reflection flag or a perspective.
 
     /// The rotation as a turn about z by a1, then about y by a2, then about x by a3, in radians.
     /// Returns 1, or 0 with the angles as they were. The older decomposition, kept for those who
