@@ -3,9 +3,8 @@
 
 #include <vexmath/arc.h>
 #include <vexmath/circle.h>
-#include <vexmath/mg_transform.h>
 
-#include "support/numbers.h"
+#include "support/geometry.h"
 
 #include <gtest/gtest.h>
 
@@ -44,13 +43,13 @@ TEST(Arc, FromPointsSweepsCounterClockwiseAboutTheNormal) {
 
 TEST(Arc, WithoutRadiusOrSweepItIsNotValid) {
     auto const ofRadius = [](double r) { return mgArc_c(up, {}, {r, 0.0, 0.0}, {0.0, 1.0, 0.0}); };
-    mgArc_c const point = ofRadius(std::nextafter(1e-8, 0.0));
+    mgArc_c const point = ofRadius(support::below(1e-8));
     EXPECT_EQ(0, point.isValid());
     EXPECT_EQ(0.0, point.getEndAngleInRadians());
     EXPECT_EQ(1, ofRadius(1e-8).isValid());
     EXPECT_EQ(0.0, ofRadius(1.0).iGetAngle({0.0, -9e-9, 0.0}));
     EXPECT_EQ(1, ofAngles(1e-11, 0.0).isValid());
-    EXPECT_EQ(0, ofAngles(std::nextafter(1e-11, 0.0), 0.0).isValid());
+    EXPECT_EQ(0, ofAngles(support::below(1e-11), 0.0).isValid());
 }
 
 TEST(Arc, AngleJustBeyondAFullTurnIsKept) {
@@ -61,7 +60,7 @@ TEST(Arc, AngleJustBeyondAFullTurnIsKept) {
     EXPECT_BITS_EQ(kTwoPi * kInvPi * 180.0, ofAngles(0.0, kTwoPi).getEndAngleInDegrees());
 
     // Half a turn is not mirrored up to the bound, which shows in the digits that kTwoPi lacks.
-    double const bound = 3.1415926535998002, after = std::nextafter(bound, 4.0);
+    double const bound = 3.1415926535998002, after = support::above(bound);
     EXPECT_BITS_EQ(std::sin(bound), endOf(ofAngles(0.0, bound)).y());
     EXPECT_BITS_EQ(-std::sin(kTwoPi - after), endOf(ofAngles(0.0, after)).y());
 }

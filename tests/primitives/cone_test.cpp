@@ -3,11 +3,9 @@
 
 #include <vexmath/cone.h>
 #include <vexmath/mg_primitives.h>
-#include <vexmath/mg_transform.h>
-#include <vexmath/mg_vector.h>
 #include <vexmath/primitive_body_data.h>
 
-#include "support/numbers.h"
+#include "support/geometry.h"
 
 #include <sstream>
 #include <string>
@@ -75,7 +73,7 @@ TEST(Cone, LookingBackTheRootAloneCounts) {
     CheckExtremes({-1.0, 0.0, 0.0}, {1.0, 0.0, 0.0}, cylinder, {1.0, 0.0, 0.0});
     CheckExtremes({-5.4, 0.0, 7.2}, {5.4, 0.0, -7.2}, cone, {0.6, 0.0, -0.8});
     CheckExtremes({-9.0, 0.0, 10.0}, {9.0, 0.0, 10.0}, cone, {1.0, 0.0, 1e-6});
-    double const less = std::nextafter(1e-6, 0.0);
+    double const less = support::below(1e-6);
     CheckExtremes({-9.0, 0.0, -9.0 * less}, {9.0, 0.0, 9.0 * less}, cone, {1.0, 0.0, less});
 }
 

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Rotation angles about the coordinate axes.
 
-#include <vexmath/mg_transform.h>
-
-#include "support/numbers.h"
+#include "support/geometry.h"
 
 #include <gtest/gtest.h>
 
@@ -58,10 +56,10 @@ TEST(Euler, AnglesAreThoseOfTheTurns) {
 }
 
 TEST(Euler, NewerAnglesBearRoundingErrors) {
-    double const beyond = std::nextafter(-1e-11, -1.0);
+    double const beyond = support::below(-1e-11);
     CheckAngles(newer, slightlyAboutZ(-1e-11), 1, {-1e-11, 0.0, 0.0});
     CheckAngles(newer, slightlyAboutZ(beyond), 1, {beyond + vexmath::kTwoPi, 0.0, 0.0});
-    double const sine = std::nextafter(1.0, 2.0); // asin has no value for it
+    double const sine = support::above(1.0); // asin has no value for it
     mgXform_c const quarter = ofElements({0.0, 0.0, -sine, 0.0, 1.0, 0.0, sine, 0.0, 0.0});
     CheckAngles(newer, quarter, 1, {0.0, std::asin(1.0), 0.0});
     CheckAngles(older, quarter, 0, unwritten);

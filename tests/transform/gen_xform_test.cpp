@@ -2,9 +2,8 @@
 // Placements with a scale for each axis of a body.
 
 #include <vexmath/gen_xform.h>
-#include <vexmath/mg_transform.h>
 
-#include "support/numbers.h"
+#include "support/geometry.h"
 
 #include <memory>
 
@@ -57,10 +56,10 @@ void CheckFactor(bool taken, double factor) {
 
 TEST(GenXform, FactorsLieBetweenAThousandthAndAThousand) {
     CheckFactor(true, 0.001);
-    CheckFactor(false, std::nextafter(0.001, 0.0));
+    CheckFactor(false, support::below(0.001));
     CheckFactor(true, 1000.0);
-    CheckFactor(false, std::nextafter(1000.0, 2000.0));
-    CheckFactor(false, std::nan(""));
+    CheckFactor(false, support::above(1000.0));
+    CheckFactor(false, support::kNaN);
     EXPECT_EQ(nullptr, mgGenXform_c::create(nullptr, nullptr, nullptr));
 }
 
@@ -85,13 +84,8 @@ TEST(GenXform, IsItsPlacingTransform) {
 
 TEST(GenXform, PointsAreScaledInTheBodyFrameAndThenPlaced) {
     Random random;
-    auto const placement = [&random] {
-        return mg_RotateAtPoint(random.triple<mgPoint_c>(-10.0, 10.0), random.uniform(-3.0, 3.0),
-                                random.triple<mgVector_c>(-1.0, 1.0), 0.0)
-               * mg_ScaleXform(random.uniform(0.5, 2.0));
-    };
     for (int i = 0; i < 500; ++i) {
-        mgXform_c const placing = placement(), body = placement();
+        mgXform_c const placing = support::placement(random), body = support::placement(random);
         mgVector_c const s = random.triple<mgVector_c>(0.1, 5.0);
         mgPoint_c const p = random.triple<mgPoint_c>(-10.0, 10.0), q = p * body.inverse();
         mgPoint_c const image = mgPoint_c(q.x() * s.x(), q.y() * s.y(), q.z() * s.z()) * body;
@@ -118,7 +112,7 @@ TEST(GenXform, WithFactorsOfOneTheBodyFramePlaysNoPart) {
         EXPECT_EQ(1, one.isScaleIdentity());
         EXPECT_BITS_EQ(mgPoint_c(-2.0, 3.0, 1.0), one * mgPoint_c(3.0, 2.0, 1.0));
         EXPECT_BITS_EQ(mgPoint_c(-2.0, 3.0, 1.0), mappedByArray(one, {3.0, 2.0, 1.0}));
-        scale[axis] = std::nextafter(last, 2.0);
+        scale[axis] = support::above(last);
         EXPECT_EQ(0, scaled(quarterTurn(), &body, scale).isScaleIdentity());
     }
 }
