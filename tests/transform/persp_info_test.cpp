@@ -10,10 +10,10 @@
 namespace {
 
 using support::below;
+using support::kInfinity;
 
 static_assert(
     std::is_polymorphic_v<mgPerspInfo_c> && !std::has_virtual_destructor_v<mgPerspInfo_c>);
-static_assert(std::is_trivially_destructible_v<mgModelPerspInfo_c>);
 
 /// Eye (1, 2, 3), plane distance 4, field-of-view plane at fov.
 mgPerspInfo_c record(double fov) {
@@ -23,18 +23,20 @@ mgPerspInfo_c record(double fov) {
 }
 
 TEST(PerspInfo, TheFieldOfViewPlaneTellsTheKind) {
-    auto const check = [](double fov, int camera, int ortho, int perspective, double iso) {
+    auto const check = [](double fov, bool camera, bool ortho, bool perspective, double iso) {
         EXPECT_EQ(camera, record(fov).isCamera()) << fov;
         EXPECT_EQ(ortho, record(fov).isOrthoCamera()) << fov;
         EXPECT_EQ(perspective, record(fov).isPerspCamera()) << fov;
         EXPECT_EQ(iso, record(fov).getIsoPlaneDistance()) << fov;
+        mgPoint_c p(3.0, 6.0, 99.0); // meets the near clip plane along the line of sight
+        record(fov).moveScreenPointToNearClipPlane(p);
+        EXPECT_BITS_EQ(perspective ? mgPoint_c(5.0, 10.0, 7.0) : mgPoint_c(3.0, 6.0, 7.0), p);
     };
-    check(mgPerspInfo_c().getCameraFOVPlaneDistance(), 0, 0, 0, 4.0);
-    check(-5e-324, 0, 0, 0, 4.0);
-    check(0.0, 1, 1, 0, 4.0);
-    check(2.0, 1, 0, 1, 2.0);
-    check(support::kNaN, 0, 0, 0, 4.0);
-    EXPECT_EQ(7.0, record(2.0).getNearClipZ());
+    EXPECT_EQ(-1.0, mgPerspInfo_c().getCameraFOVPlaneDistance());
+    check(-5e-324, false, false, false, 4.0);
+    check(0.0, true, true, false, 4.0);
+    check(2.0, true, false, true, 2.0);
+    check(support::kNaN, false, false, false, 4.0);
 }
 
 void checkDivision(double fov, double z, mgPoint_c const &expected) {
@@ -44,55 +46,46 @@ void checkDivision(double fov, double z, mgPoint_c const &expected) {
 }
 
 TEST(PerspInfo, DivisionPullsTowardsTheEyeAndHasAWayBack) {
-    checkDivision(2.0, 7.0, {2.0, 4.0, 7.0});   // k = 2 / 4
-    checkDivision(-1.0, 5.0, {5.0, 10.0, 5.0}); // k = 4 / 2
+    double const k = 2.0 / 1e-08; // at the eye's depth
+    checkDivision(2.0, 3.0, {1.0 + 2.0 * k, 2.0 + 4.0 * k, 3.0});
+    checkDivision(2.0, below(3.0), {1.0 - 2.0 * k, 2.0 - 4.0 * k, below(3.0)});
+    checkDivision(2.0, 7.0, {2.0, 4.0, 7.0});
+    checkDivision(-1.0, 5.0, {5.0, 10.0, 5.0}); // no camera: by the plane distance
     checkDivision(0.0, 7.0, {3.0, 6.0, 7.0});   // orthographic
-    checkDivision(2.0, 1.0, {-1.0, -2.0, 1.0}); // behind the eye
-    double const front = 2.0 / 1e-08;           // k at the eye's depth
-    checkDivision(2.0, 3.0, {1.0 + 2.0 * front, 2.0 + 4.0 * front, 3.0});
-    checkDivision(2.0, below(3.0), {1.0 - 2.0 * front, 2.0 - 4.0 * front, below(3.0)});
-    mgPoint_c collapsed(3.0, 6.0, 7.0), back(2.0, 4.0, 7.0), ortho = back, none = back;
-    mgPerspInfo_c().doScreenPointPerspectiveDivision(collapsed); // plane distance 0
-    EXPECT_BITS_EQ(mgPoint_c(0.0, 0.0, 7.0), collapsed);
-    record(2.0).doScreenPointInversePerspectiveDivision(back);
-    EXPECT_BITS_EQ(mgPoint_c(3.0, 6.0, 7.0), back);
-    record(0.0).doScreenPointInversePerspectiveDivision(ortho);
-    EXPECT_BITS_EQ(mgPoint_c(2.0, 4.0, 7.0), ortho);
-    mgPerspInfo_c().doScreenPointInversePerspectiveDivision(none); // no guard
-    EXPECT_BITS_EQ(mgPoint_c(support::kInfinity, support::kInfinity, 7.0), none);
-}
-
-TEST(PerspInfo, NearClipPlaneIsMetAlongTheLineOfSight) {
-    for (double const fov : {2.0, 0.0, -1.0}) {
-        mgPoint_c p(3.0, 6.0, 99.0);
-        record(fov).moveScreenPointToNearClipPlane(p);
-        EXPECT_BITS_EQ(fov > 0.0 ? mgPoint_c(5.0, 10.0, 7.0) : mgPoint_c(3.0, 6.0, 7.0), p) << fov;
-    }
+    auto const checkBack = [](mgPerspInfo_c const &info, mgPoint_c const &expected) {
+        mgPoint_c p(2.0, 4.0, 7.0);
+        info.doScreenPointInversePerspectiveDivision(p);
+        EXPECT_BITS_EQ(expected, p);
+    };
+    checkBack(record(2.0), {3.0, 6.0, 7.0});
+    checkBack(record(0.0), {2.0, 4.0, 7.0});
+    checkBack(mgPerspInfo_c(), {kInfinity, kInfinity, 7.0}); // no guard
 }
 
 TEST(PerspInfo, AModelRecordLooksAlongItsOwnDirection) {
     mgModelPerspInfo_c model(1.0, 2.0, 3.0, 4.0);
-    mgPerspInfo_c const &base = model;
-    mgPoint_c focus;
-    base.getFocusPoint(&focus);
-    EXPECT_BITS_EQ(mgPoint_c(1.0, 2.0, 7.0), focus); // z by default
+    auto const check = [](mgPerspInfo_c const &info, mgPoint_c const &expected) {
+        mgPoint_c focus;
+        info.getFocusPoint(&focus);
+        EXPECT_BITS_EQ(expected, focus);
+    };
+    check(model, {1.0, 2.0, 7.0}); // z by default
     model.setModelViewDir(-mgUnitVector_c::xAxis());
-    base.getFocusPoint(&focus);
-    EXPECT_BITS_EQ(mgPoint_c(-3.0, 2.0, 3.0), focus);
-    mgPerspInfo_c(model).getFocusPoint(&focus); // sliced to a plain record
-    EXPECT_BITS_EQ(mgPoint_c(1.0, 2.0, 7.0), focus);
+    check(model, {-3.0, 2.0, 3.0});
+    check(mgPerspInfo_c(model), {1.0, 2.0, 7.0}); // sliced to a plain record
+    EXPECT_EQ(7.0, model.getNearClipZ());
 }
 
 TEST(PerspInfo, EqualityComparesEveryMemberExactly) {
     mgPerspInfo_c const one = record(2.0);
     mgPoint_c const eye(1.0, 2.0, below(3.0));
-    mgPerspInfo_c eyeOff = one, nearOff = one, farOff = one, fovOff = one;
+    mgPerspInfo_c eyeOff = one, nearOff = one, farOff = one;
     eyeOff.setEyePoint(&eye);
     nearOff.setNearClipPlaneDistance(below(4.0));
     farOff.setMinFarClipPlaneDistance(5e-324);
-    fovOff.setCameraFOVPlaneDistance(below(2.0));
     EXPECT_TRUE(one == mgPerspInfo_c(one));
-    for (auto const &other : {eyeOff, nearOff, farOff, fovOff}) EXPECT_FALSE(one == other);
+    for (auto const &other : {eyeOff, nearOff, farOff, record(below(2.0))})
+        EXPECT_FALSE(one == other);
 }
 
 } // namespace

@@ -31,17 +31,11 @@ template <class A, class B, class = void>
 struct Adds : std::false_type {};
 template <class A, class B>
 struct Adds<A, B, std::void_t<decltype(std::declval<A>() + std::declval<B>())>> : std::true_type {};
-template <class A, class B, class = void>
-struct Subtracts : std::false_type {};
-template <class A, class B>
-struct Subtracts<A, B, std::void_t<decltype(std::declval<A>() - std::declval<B>())>>
-    : std::true_type {};
 template <class T>
 constexpr bool guarded =
     !std::is_constructible_v<
         bool, T &> && !std::is_constructible_v<bool, T const &> && !Adds<T, int>::value
-    && !Adds<T const &, long>::value && !Adds<double, T>::value && !Subtracts<T, int>::value
-    && !Subtracts<T const &, unsigned>::value
+    && !Adds<T const &, long>::value && !Adds<double, T>::value
     && !std::is_constructible_v<T, int> && !std::is_constructible_v<T, double>;
 static_assert(guarded<mgVector_c> && guarded<mgPoint_c> && guarded<mgUnitVector_c>);
 static_assert(!std::is_constructible_v<mgVector4_c, int>);
@@ -55,8 +49,7 @@ static_assert(is<decltype(p - q), mgVector_c> && is<decltype(v - p), mgVector_c>
 static_assert(is<decltype(p - v), mgPoint_c> && is<decltype(p + v), mgPoint_c>);
 static_assert(is<decltype(v + p), mgPoint_c> && is<decltype(p + q), mgPoint_c>);
 static_assert(
-    is<decltype(p % q), double> && is<decltype(v == p), int> && is<decltype(p != v), int>);
-static_assert(is<decltype(-mgUnitVector_c()), mgUnitVector_c> && is<decltype(-v), mgVector_c>);
+    is<decltype(v == p), int> && is<decltype(p != v), int> && is<decltype(-v), mgVector_c>);
 
 TEST(Points, ArithmeticIsByComponent) {
     EXPECT_BITS_EQ(mgPoint_c(11.0, 22.0, 33.0), p + v);
@@ -69,22 +62,24 @@ TEST(Points, ArithmeticIsByComponent) {
     EXPECT_BITS_EQ(mgVector_c(87.5, -25.0, -12.5), v * q); // a cross product
     EXPECT_EQ(12.0, p % q);
     EXPECT_EQ(0.0, mgVector_c(1e16, 1.0, -1e16) % mgVector_c(1.0, 1.0, 1.0)); // x before y before z
-    EXPECT_EQ(6.0, vol(mgVector_c(1, 0, 0), mgVector_c(5, 2, 0), mgVector_c(7, 8, 3)));
-    EXPECT_EQ(std::sqrt(sqDist(p, q)), dist(p, q));
+    EXPECT_EQ(175.0, vol(v, q, mgVector_c(2.0, -2.0, 4.0)));
+    EXPECT_EQ(std::sqrt(0.25 + 5.0625 + 1.0), dist(p, q));
     EXPECT_BITS_EQ(mgPoint_c(2.0, 6.5, 1.0), interpolate(-2.0, p, q));
+    EXPECT_BITS_EQ(mgVector_c(), v / -below(1e-08));
+    EXPECT_BITS_EQ(mgVector_c(10.0 / 1e-08, 20.0 / 1e-08, 30.0 / 1e-08), v / 1e-08);
     mgVector_c w = v;
     w += p, w -= mgVector_c(1.0, 2.0, 4.0), w *= -0.5, w.flip();
     EXPECT_BITS_EQ(mgVector_c(5.0, 10.0, 14.5), w);
-    mgPoint_c r = p;
-    r += v, r -= mgVector_c(1.0, 1.0, 1.0);
-    EXPECT_BITS_EQ(mgPoint_c(10.0, 21.0, 32.0), r);
-    float const singles[] = {0.1F, 0.2F, 0.3F};
-    float narrowed[3];
+    float singles[] = {0.1F, 0.2F, 0.3F};
+    mgPoint_c r;
     r.set(singles);
     r[2] = 0.7; // an array of three as well
-    mgVector_c(r).get(narrowed);
     EXPECT_BITS_EQ(mgPoint_c(static_cast<double>(0.1F), static_cast<double>(0.2F), 0.7), r);
-    EXPECT_EQ(0.7F, narrowed[2]);
+    mgVector_c(r).get(singles);
+    EXPECT_EQ(0.7F, singles[2]);
+    EXPECT_BITS_EQ(mgVector_c(1.0, 2.0, 3.0), mgVector4_c(2.0, 4.0, 6.0, 2.0).getVector3());
+    EXPECT_BITS_EQ(v, mgVector4_c(v).getVector3());
+    EXPECT_EQ(0.1F, mgTessPoint2D_c(0.1, 0.2, 0.3).x);
 }
 
 /// A point that lies off the origin by d along one axis after the other.
@@ -106,7 +101,6 @@ void checkEquality(double d, int equal, int unequal) {
 TEST(Points, EqualAndUnequalAreBothFalseOnTheBound) {
     checkEquality(-0.0, 1, 0);
     checkEquality(below(1e-08), 1, 0);
-    checkEquality(-below(1e-08), 1, 0);
     checkEquality(-1e-08, 0, 0);
     checkEquality(above(1e-08), 0, 1);
     checkEquality(-kInfinity, 0, 1);
@@ -132,10 +126,10 @@ TEST(Points, OrderIsLexicographicBeyondTheTolerance) {
 }
 
 TEST(Points, ParametersAndFeetLieWhereTheyShould) {
-    mgPoint_c const at(1.0, 20.0, 300.0), off(8.0, 4.0, 3.0);
-    EXPECT_EQ(1.0, at.getParamOnLine(origin, {1.0, -1.0, 1.0})); // x on a tie
-    EXPECT_EQ(-20.0, at.getParamOnLine(origin, {0.5, -1.0, 1.0}));
-    EXPECT_EQ(300.0, at.getParamOnLine(origin, {0.5, 0.5, 1.0}));
+    mgPoint_c const at(2.0, 21.0, 301.0), from(1.0, 1.0, 1.0), off(8.0, 4.0, 3.0);
+    EXPECT_EQ(1.0, at.getParamOnLine(from, {2.0, 0.0, 2.0})); // x on a tie
+    EXPECT_EQ(-20.0, at.getParamOnLine(from, {1.5, 0.0, 2.0}));
+    EXPECT_EQ(300.0, at.getParamOnLine(from, {1.5, 1.5, 2.0}));
     EXPECT_BITS_EQ(mgPoint_c(1.0, 2.0, -5.0), p.mirror({9.0, 9.0, -1.0}, {0.0, 0.0, 1.0}));
     double t = -1.0;
     mgPoint_c foot;
@@ -149,43 +143,43 @@ TEST(Points, ParametersAndFeetLieWhereTheyShould) {
     EXPECT_EQ(-8.0, t); // and behind the root
 }
 
-void checkCollinear(mgPoint_c const &a, mgPoint_c const &b, mgPoint_c const &c, int expected,
+void checkCollinear(mgPoint_c const &b, mgPoint_c const &c, int expected,
                     mgVector_c const &expectedNormal) {
-    mgPoint_c const points[3] = {a, b, c};
+    mgPoint_c const points[3] = {p, p + b, p + c};
     mgPoint_c at(7.0, 7.0, 7.0);
     mgVector_c normal(9.0, 9.0, 9.0);
     EXPECT_EQ(expected, mgPoint_c::checkCollinear(points, at, normal));
-    EXPECT_BITS_EQ(a, at);
+    EXPECT_BITS_EQ(p, at);
     EXPECT_BITS_EQ(expectedNormal, normal);
 }
 
 TEST(Points, CollinearPointsShareAPlaneAllTheSame) {
-    mgPoint_c const ex(3.0, 0.0, 0.0), ey(0.0, 2.0, 0.0);
-    checkCollinear(origin, ex, ey, 0, {0.0, 0.0, -6.0}); // (c - a) x (b - a), not normalised
-    checkCollinear(origin, ex, {6.0, 0.0, 0.0}, 1, mgVector_c(ex).anyUnitNormal(0));
-    checkCollinear(ex, ex, ex, 1, {});
-    checkCollinear(origin, origin, ey, 1, mgVector_c(ey).anyUnitNormal(0));
-    checkCollinear(origin, ey, origin, 1, mgVector_c(ey).anyUnitNormal(0));
+    mgPoint_c const x(3.0, 0.0, 0.0), y(0.0, 2.0, 0.0);
+    checkCollinear(x, y, 0, {0.0, 0.0, -6.0}); // (c - a) x (b - a), not normalised
+    checkCollinear(x, {6.0, 0.0, 0.0}, 1, mgVector_c(x).anyUnitNormal(0));
+    checkCollinear(origin, origin, 1, {});
+    checkCollinear(origin, y, 1, mgVector_c(y).anyUnitNormal(0));
+    checkCollinear(y, origin, 1, mgVector_c(y).anyUnitNormal(0));
     // A chain: the first equals the second, the second the third, the first not the third.
-    checkCollinear(origin, {8e-9, 0.0, 0.0}, {1.6e-8, 0.0, 0.0}, 1,
-                   mgVector_c(ex).anyUnitNormal(0));
+    checkCollinear({8e-9, 0.0, 0.0}, {1.6e-8, 0.0, 0.0}, 1, mgVector_c(x).anyUnitNormal(0));
 }
 
-TEST(Points, LastTwoPointsEqualLeaveTheNormal) { checkCollinear(origin, p, p, 1, {9.0, 9.0, 9.0}); }
+TEST(Points, LastTwoPointsEqualLeaveTheNormal) { checkCollinear(q, q, 1, {9.0, 9.0, 9.0}); }
 
 TEST(Points, MarkerArmsAreUnequal) {
     mgPoint_c a, b, c, d;
-    mgPoint_c(-1.0, 2.0, 5.0).getPLUSrep(a, b, c, d, 1.0);
-    EXPECT_BITS_EQ(mgPoint_c(2.0, 2.0, 0.0), a);
-    EXPECT_BITS_EQ(mgPoint_c(-5.0, 2.0, 0.0), b);
-    EXPECT_BITS_EQ(mgPoint_c(-1.0, -1.0, 0.0), c);
-    EXPECT_BITS_EQ(mgPoint_c(-1.0, 6.0, 0.0), d);
+    auto const check = [&](double ax, double ay, double bx, double by, double cx, double cy,
+                           double dx, double dy) {
+        EXPECT_BITS_EQ(mgPoint_c(ax, ay, 0.0), a);
+        EXPECT_BITS_EQ(mgPoint_c(bx, by, 0.0), b);
+        EXPECT_BITS_EQ(mgPoint_c(cx, cy, 0.0), c);
+        EXPECT_BITS_EQ(mgPoint_c(dx, dy, 0.0), d);
+    };
+    mgPoint_c(-1.0, 0.0, 5.0).getPLUSrep(a, b, c, d, 1.0);
+    check(2.0, 0.0, -5.0, 0.0, -1.0, -3.0, -1.0, 4.0);
     a = mgPoint_c(1.0, -2.0, 5.0);
     a.getXrep(a, b, c, d, 0.5); // an output may be the point itself
-    EXPECT_BITS_EQ(mgPoint_c(-0.5, -0.5, 0.0), a);
-    EXPECT_BITS_EQ(mgPoint_c(3.0, -4.0, 0.0), b);
-    EXPECT_BITS_EQ(mgPoint_c(2.5, -0.5, 0.0), c);
-    EXPECT_BITS_EQ(mgPoint_c(-1.0, -4.0, 0.0), d);
+    check(-0.5, -0.5, 3.0, -4.0, 2.5, -0.5, -1.0, -4.0);
 }
 
 TEST(Points, DumpWritesFourDecimalsAndNothingElse) {
@@ -197,27 +191,13 @@ TEST(Points, DumpWritesFourDecimalsAndNothingElse) {
 }
 
 TEST(Points, ApplicationPointDividesWithoutGuard) {
-    EXPECT_BITS_EQ(mgVector_c(), v / -below(1e-08)); // vectors do guard
-    EXPECT_BITS_EQ(mgVector_c(10.0 / 1e-08, 20.0 / 1e-08, 30.0 / 1e-08), v / 1e-08);
     gcMdiPoint_c a(3.0, -4.0, 0.0);
     EXPECT_EQ(5.0, a.magnitude());
     a += a, a -= gcMdiPoint_c(0.0, 0.0, 2.0), a *= 0.5;
     EXPECT_BITS_EQ(gcMdiPoint_c(3.0, -4.0, -1.0), a);
-    a /= 5e-324;
-    EXPECT_BITS_EQ(gcMdiPoint_c(kInfinity, -kInfinity, -kInfinity), a);
-    a = gcMdiPoint_c(1.0, -1.0, 0.0);
+    a.set_z(0.0);
     a /= 0.0;
     EXPECT_BITS_EQ(gcMdiPoint_c(kInfinity, -kInfinity, kNaN), a);
-}
-
-TEST(Points, OtherKindsOfPointsKeepTheirNumbers) {
-    EXPECT_BITS_EQ(mgVector_c(1.0, 2.0, 3.0), mgVector4_c(2.0, 4.0, 6.0, 2.0).getVector3());
-    EXPECT_BITS_EQ(mgVector_c(kInfinity, -kInfinity, kNaN),
-                   mgVector4_c(1.0, -1.0, 0.0, 0.0).getVector3());
-    EXPECT_BITS_EQ(v, mgVector4_c(v).getVector3());
-    EXPECT_BITS_EQ(1.0, mgVector4_c()[3]);
-    EXPECT_EQ(0.1F, mgTessPoint2D_c(0.1, 0.2, 0.3).x);
-    EXPECT_EQ(0.3F, mgTessPoint2D_c(0.1F, 0.2F, 0.3F).z);
 }
 
 } // namespace
