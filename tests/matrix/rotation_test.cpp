@@ -52,7 +52,8 @@ TEST(Rotation, QuarterTurnsSnapStrictlyWithinTheTolerance) {
     EXPECT_EQ(0, isIdentity(1e-3, 1e-3));
     EXPECT_EQ(1, isIdentity(6.2831853071796 - 1e-3, 1.001e-3));
     EXPECT_EQ(1, isIdentity(1e-7 - 3.0 * 6.2831853071796, 1e-6)); // fmod keeps the sign
-    EXPECT_EQ(1, isIdentity(-below(1e-12), 0.0));
+    EXPECT_EQ(0, isIdentity(-1.0, 1e-6));
+    EXPECT_BITS_EQ(mgMatrix_c(), mg_RotationMatrix(-below(1e-12), x, 0.0));
     EXPECT_EQ(0, isIdentity(1e-12, 0.0));
     EXPECT_EQ(0, isIdentity(support::kNaN, 1e-6));
 }

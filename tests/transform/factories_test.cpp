@@ -125,7 +125,7 @@ TEST(Factories, SmallTurnsAreKeptFromTheirOwnThreshold) {
 
 TEST(Factories, OppositeDirectionsTurnAboutAbsoluteComponents) {
     auto const half = [](mgVector_c const &axis) {
-        return mg_RotateXform(3.1415926535898, mg_Normalise(axis), 0.0);
+        return mgXform_c() * mg_RotateXform(3.1415926535898, mg_Normalise(axis), 0.0) * mgXform_c();
     };
     auto const check = [&](mgUnitVector_c const &u, mgVector_c const &absolute,
                            mgVector_c const &perpendicular) {
@@ -137,6 +137,7 @@ TEST(Factories, OppositeDirectionsTurnAboutAbsoluteComponents) {
     check({-0.6, 0.8, 0.0}, {0.8, -0.6, 0.0}, {0.8, 0.6, 0.0});
     check({0.0, -0.6, 0.8}, {0.0, 0.8, -0.6}, {0.0, 0.8, 0.6});
     check({0.6, 0.0, -0.8}, {0.8, 0.0, -0.6}, {-0.8, 0.0, -0.6});
+    check(x, -y, -y), check(y, x, x), check(z, x, x);
 }
 
 } // namespace

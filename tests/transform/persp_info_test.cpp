@@ -51,15 +51,15 @@ TEST(PerspInfo, DivisionPullsTowardsTheEyeAndHasAWayBack) {
     checkDivision(2.0, below(3.0), {1.0 - 2.0 * k, 2.0 - 4.0 * k, below(3.0)});
     checkDivision(2.0, 7.0, {2.0, 4.0, 7.0});
     checkDivision(-1.0, 5.0, {5.0, 10.0, 5.0}); // no camera: by the plane distance
-    checkDivision(0.0, 7.0, {3.0, 6.0, 7.0});   // orthographic
+    checkDivision(0.0, 5.0, {3.0, 6.0, 5.0});   // orthographic
     auto const checkBack = [](mgPerspInfo_c const &info, mgPoint_c const &expected) {
-        mgPoint_c p(2.0, 4.0, 7.0);
+        mgPoint_c p(2.0, 4.0, 9.0);
         info.doScreenPointInversePerspectiveDivision(p);
         EXPECT_BITS_EQ(expected, p);
     };
-    checkBack(record(2.0), {3.0, 6.0, 7.0});
-    checkBack(record(0.0), {2.0, 4.0, 7.0});
-    checkBack(mgPerspInfo_c(), {kInfinity, kInfinity, 7.0}); // no guard
+    checkBack(record(2.0), {4.0, 8.0, 9.0});
+    checkBack(record(0.0), {2.0, 4.0, 9.0});
+    checkBack(mgPerspInfo_c(), {kInfinity, kInfinity, 9.0}); // no guard
 }
 
 TEST(PerspInfo, AModelRecordLooksAlongItsOwnDirection) {

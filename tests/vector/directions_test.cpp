@@ -109,8 +109,10 @@ TEST(Directions, ComponentsTellAxesAndTheDominantOne) {
     check({0.0, 0.0, -1.0}, 1, 2);
     check({1.0, 1e-08, 0.0}, 0, 0);
     check({small, small, small}, 0, 2); // the later axis on a tie
+    check({small, 1e-08, small}, 1, 1);
     check({1.0, -1.0, 0.0}, 0, 1);
-    check({2.0, -3.0, below(3.0)}, 0, 1);
+    check({0.0, -3.0, below(3.0)}, 0, 1);
+    check({2.0, 0.0, -3.0}, 0, 2);
 }
 
 TEST(Directions, AnyUnitNormalIsPerpendicular) {
@@ -120,7 +122,7 @@ TEST(Directions, AnyUnitNormalIsPerpendicular) {
     check(null, 0, {1.0, 1.0, 1.0});
     check({0.0, 5.0, 5.0}, 1, x);
     check({1e-10, below(1e-10), 5.0}, 1, y);
-    check({-1.0, 5.0, -below(1e-10)}, -1, z);
+    check({-1.0, 1e-10, -below(1e-10)}, -1, z);
     // The component that is made to fit: the largest, the later one on a tie.
     check({3.0, -3.0, 1.0}, 0, {1.0, -(3.0 + 1.0) / -3.0, 1.0});
     check({3.0, 1.0, 2.0}, 0, {-(1.0 + 2.0) / 3.0, 1.0, 1.0});
@@ -157,9 +159,10 @@ TEST(Directions, PullBackSolvesForTheNearestCombination) {
     mgVector_c const w(3.0, 4.0, 7.0);
     EXPECT_BITS_EQ(mgVector_c(-1.0, 2.0, 0.0), w.pullBack(x, 2.0 * (x + y)));
     EXPECT_BITS_EQ(null, w.pullBack(x + y, 2.0 * (x + y)));
-    EXPECT_BITS_EQ(mgVector_c(1.5, 0.0, 0.0), w.pullBack(2.0 * x, below(1e-08) * y));
-    EXPECT_BITS_EQ(mgVector_c(0.0, 1.75, 0.0), w.pullBack(null, 4.0 * z));
-    EXPECT_BITS_EQ(null, w.pullBack(null, below(1e-08) * z));
+    double const longEnough = 1e-08, tooShort = below(1e-08), sq = 1e-08 * 1e-08;
+    EXPECT_BITS_EQ((3.0 * longEnough / sq) * x, w.pullBack(longEnough * x, tooShort * y));
+    EXPECT_BITS_EQ((7.0 * longEnough / sq) * y, w.pullBack(tooShort * y, longEnough * z));
+    EXPECT_BITS_EQ(null, w.pullBack(tooShort * x, tooShort * z));
     double edge = 2e-08; // with a = x / 2 the determinant is exactly (edge / 2) squared
     while (0.25 * (edge * edge) >= 1.0000000000000001e-16) edge = below(edge);
     EXPECT_BITS_EQ(null, w.pullBack(0.5 * x, edge * y));

@@ -127,20 +127,20 @@ TEST(Points, OrderIsLexicographicBeyondTheTolerance) {
 
 TEST(Points, ParametersAndFeetLieWhereTheyShould) {
     mgPoint_c const at(2.0, 21.0, 301.0), from(1.0, 1.0, 1.0), off(8.0, 4.0, 3.0);
-    EXPECT_EQ(1.0, at.getParamOnLine(from, {2.0, 0.0, 2.0})); // x on a tie
-    EXPECT_EQ(-20.0, at.getParamOnLine(from, {1.5, 0.0, 2.0}));
-    EXPECT_EQ(300.0, at.getParamOnLine(from, {1.5, 1.5, 2.0}));
+    EXPECT_EQ(0.5, at.getParamOnLine(from, {3.0, -1.0, 3.0})); // x on a tie
+    EXPECT_EQ(-20.0, at.getParamOnLine(from, {1.5, 0.0, 1.2}));
+    EXPECT_EQ(150.0, at.getParamOnLine(from, {1.5, 1.5, 3.0}));
     EXPECT_BITS_EQ(mgPoint_c(1.0, 2.0, -5.0), p.mirror({9.0, 9.0, -1.0}, {0.0, 0.0, 1.0}));
     double t = -1.0;
     mgPoint_c foot;
     EXPECT_EQ(5.0, p.distToLine({-2.0, 6.0, 3.0}, {-2.0 + 5e-9, 6.0, 3.0}, &t, &foot));
     EXPECT_EQ(0.0, t);
     EXPECT_BITS_EQ(mgPoint_c(-2.0, 6.0, 3.0), foot);
-    EXPECT_EQ(5.0, off.distToLine(origin, {2.0, 0.0, 0.0}, &t, &foot));
-    EXPECT_EQ(4.0, t); // beyond the segment
+    EXPECT_EQ(5.0, off.distToLine({2.0, 0.0, 0.0}, {4.0, 0.0, 0.0}, &t, &foot));
+    EXPECT_EQ(3.0, t); // beyond the segment
     EXPECT_BITS_EQ(mgPoint_c(8.0, 0.0, 0.0), foot);
-    EXPECT_EQ(5.0, off.distToRay(origin, {-1.0, 0.0, 0.0}, &t));
-    EXPECT_EQ(-8.0, t); // and behind the root
+    EXPECT_EQ(5.0, off.distToRay({1.0, 0.0, 0.0}, {-1.0, 0.0, 0.0}, &t));
+    EXPECT_EQ(-7.0, t); // and behind the root
 }
 
 void checkCollinear(mgPoint_c const &b, mgPoint_c const &c, int expected,
@@ -175,7 +175,7 @@ TEST(Points, MarkerArmsAreUnequal) {
         EXPECT_BITS_EQ(mgPoint_c(cx, cy, 0.0), c);
         EXPECT_BITS_EQ(mgPoint_c(dx, dy, 0.0), d);
     };
-    mgPoint_c(-1.0, 0.0, 5.0).getPLUSrep(a, b, c, d, 1.0);
+    mgPoint_c(-1.0, 0.0, -5.0).getPLUSrep(a, b, c, d, 1.0);
     check(2.0, 0.0, -5.0, 0.0, -1.0, -3.0, -1.0, 4.0);
     a = mgPoint_c(1.0, -2.0, 5.0);
     a.getXrep(a, b, c, d, 0.5); // an output may be the point itself
