@@ -1,14 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Cones, cylinders, primitive bodies, and their archive records.
+// Cones and cylinders.
 
 #include <vexmath/cone.h>
 #include <vexmath/mg_primitives.h>
-#include <vexmath/primitive_body_data.h>
 
 #include "support/geometry.h"
-
-#include <sstream>
-#include <string>
 
 #include <gtest/gtest.h>
 
@@ -95,52 +91,6 @@ TEST(Line, AProjectedPointIsTheFootOnTheLine) {
     EXPECT_LT(dist({1.0, 2.0, 9.0}, s_projPointOnLine({5.0, -1.0, 9.0}, a, v)), 1e-14);
     EXPECT_BITS_EQ(near, s_projPointOnLine(near, a, v));
     EXPECT_BITS_EQ(near, s_projPointOnLine(near, mgPoint_c(), mgVector_c()));
-}
-
-template <class Archive, class T>
-std::string stored(T const &object) {
-    std::stringstream stream;
-    su_CArchive ar(stream);
-    object.save(static_cast<Archive &>(ar));
-    return stream.str();
-}
-
-template <class Archive, class T>
-void restore(T &object, std::string const &bytes) {
-    std::stringstream stream(bytes);
-    su_CArchive ar(stream);
-    object.restore(static_cast<Archive &>(ar));
-}
-
-/// A record of these bytes: refused when cut, with the target as it was, and read back whole.
-template <class Archive, class T>
-void CheckRecord(std::string const &bytes, T const &object, T target) {
-    EXPECT_EQ(bytes, stored<Archive>(object));
-    std::string const before = stored<Archive>(target);
-    for (std::size_t length = 0; length < bytes.size(); ++length) {
-        EXPECT_THROW(restore<Archive>(target, bytes.substr(0, length)), su_CArchiveError);
-        EXPECT_EQ(before, stored<Archive>(target)) << length;
-    }
-    restore<Archive>(target, bytes);
-    EXPECT_EQ(bytes, stored<Archive>(target));
-}
-
-std::string bytesOf(std::initializer_list<double> values) {
-    std::stringstream stream;
-    for (double const value : values) su_CArchive(stream) << value;
-    return stream.str();
-}
-
-TEST(Records, ConesAndPrimitiveBodiesAreTheirMembersInOrder) {
-    mgUnitVector_c axis;
-    axis.set(0.5, 6.0, -7.0); // not normalised either way
-    CheckRecord<su_CArchive>(bytesOf({1.0, 2.0, 3.0, 0.5, 6.0, -7.0, -0.0, 0.25}),
-                             mgCone_c({1.0, 2.0, 3.0}, axis, -0.0, 0.25), mgCone_c());
-    std::string const body =
-        "\x04\x03\x02\x01" + bytesOf({1.0, 2.0, 3.0, 4.0, 5.0, 6.0}) + "\xFE\xFF\xFF\xFF";
-    mgPrimitiveBodyData_c const data(0x01020304, {1.0, 2.0, 3.0}, 4.0, 5.0, 6.0, -2);
-    CheckRecord<su_CArchive>(body, data, mgPrimitiveBodyData_c());
-    CheckRecord<CArchive>(body, data, mgPrimitiveBodyData_c(9, {}, 8.0, 7.0, 6.0, 5));
 }
 
 } // namespace

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Lines: feet, distances, snapping, comparison, and the archive record that planes share.
+// Lines: feet, distances, snapping, comparison.
 
 #include "support/numbers.h"
 
 #include <vexmath/plane.h>
-
-#include <sstream>
 
 namespace {
 
@@ -41,26 +39,6 @@ TEST(Line, DistanceComesWithTheNearestPoints) {
     EXPECT_EQ(4.0, alongX.distToLine(parallel, &t1, &t2));
     EXPECT_BITS_EQ(mgPoint_c(4, 0, 0), mgPoint_c(t1, t2, 0));
     EXPECT_EQ(4.0, alongX.distToLine(parallel, nullptr, nullptr));
-}
-
-TEST(Line, TheRecordIsSixDoublesReadAsTheyAreOrNotAtAll) {
-    std::stringstream stream, copy;
-    su_CArchive ar(stream), copyArchive(copy);
-    for (double item : {1.0, 2.0, 3.0, 0.0, 4.0, -0.0}) ar << item; // not of unit length
-    std::string const record = stream.str();
-    mgLine_c line;
-    line.restore(ar);
-    EXPECT_BITS_EQ(mgPoint_c(1, 2, 3), line.rootPoint());
-    EXPECT_BITS_EQ(mgVector_c(0, 4, -0.0), line.direction());
-    line.save(copyArchive);
-    EXPECT_EQ(record, copy.str());
-    for (std::size_t length = 0; length < record.size(); ++length) {
-        std::stringstream cut(record.substr(0, length));
-        su_CArchive cutArchive(cut);
-        line = alongX;
-        EXPECT_THROW(line.restore(cutArchive), su_CArchiveError);
-        EXPECT_EQ(1, line.isEquivalent(alongX));
-    }
 }
 
 } // namespace

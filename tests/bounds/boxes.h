@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+// Boxes by their ten doubles, for the tests that look behind the queries.
+
+#ifndef VEXMATH_TESTS_BOUNDS_BOXES_H
+#define VEXMATH_TESTS_BOUNDS_BOXES_H
+
+#include <vexmath/bbox.h>
+
+#include "support/geometry.h"
+
+static_assert(sizeof(mgBBox_c) == 80 && std::is_trivially_copyable_v<mgBBox_c>);
+
+namespace support {
+
+inline mgBBox_c boxOf(mgPoint_c const &centre, double r, mgPoint_c const &low,
+                      mgPoint_c const &high) {
+    mgBBox_c box;
+    box.setSphereOnly(centre, r);
+    box.setCornersOnly(low, high);
+    return box;
+}
+
+/// The box with one of its ten doubles replaced.
+inline mgBBox_c withDouble(mgBBox_c box, int k, double value) {
+    std::memcpy(reinterpret_cast<char *>(&box) + 8 * k, &value, 8);
+    return box;
+}
+
+/// The two-point box of (low, low, low) and (high, high, high).
+inline mgBBox_c cube(double low, double high) {
+    return {mgPoint_c(low, low, low), mgPoint_c(high, high, high)};
+}
+
+inline ::testing::AssertionResult bitsEqual(char const *aText, char const *bText, mgBBox_c const &a,
+                                            mgBBox_c const &b) {
+    double p[10], q[10];
+    std::memcpy(p, &a, sizeof p);
+    std::memcpy(q, &b, sizeof q);
+    for (int k = 0; k < 10; ++k) {
+        if (!sameBits(p[k], q[k])) return bitsEqual(aText, bText, p[k], q[k]) << ", double " << k;
+    }
+    return ::testing::AssertionSuccess();
+}
+
+} // namespace support
+
+#endif
