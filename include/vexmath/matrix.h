@@ -18,8 +18,10 @@
 /// The flag is a cache with rules of its own, not a test of the elements. Constructors from nine
 /// doubles or three rows compute it (each row equal to its axis within 1e-12, strictly); copies
 /// carry it along; `transpose`, `operator+` and `operator-` set it whatever the elements; writing
-/// elements, `+=`, `zero`, `tensor`, `normalize` and the repair leave it as it was. Operations that
-/// trust the flag say so. An honest flag comes from building the matrix anew from its elements.
+/// elements, `+=`, `zero`, `tensor`, `normalize` and the repair leave it as it was. What trusts the
+/// flag: products of two matrices, ==, the repair, and of transforms composition, copies, inverse,
+/// saving and the rotation of directions; points and vectors go by the elements. An honest flag
+/// comes from building the matrix anew from its elements.
 class mgMatrix_c {
 public:
     constexpr mgMatrix_c() = default; ///< the identity, flag set
@@ -77,14 +79,15 @@ public:
     /// part, the second selects the order in which the error measure is summed.
     ///
     /// The pass keeps the direction of row 0, turns row 1 perpendicular to it and rebuilds row 2
-    /// with the handedness that it had. Lengths are corrected to first order only: rows longer than
-    /// the root of 3 come out worse than they went in.
+    /// with the handedness that it had. Lengths are corrected to first order only, r to
+    /// r (3 - r^2) / 2: a row longer than the root of 3 is turned round.
     VEXMATH_API void normalize(int unused, int order);
     /// Snaps the rows that lie along an axis within 1e-08 to exact ones. 1 when something changed;
-    /// a row that is along an axis but not clean elsewhere refuses the repair as a whole.
+    /// a row that is along an axis but not clean elsewhere refuses the repair as a whole. Trusts
+    /// the identity flag: 0 at once when it is set.
     VEXMATH_API int iValidateRepairOrthonormality();
 
-    /// Axis of the rotation, of either sense; never null for finite elements.
+    /// Axis of the rotation, of either sense; never null for a rotation.
     VEXMATH_API mgUnitVector_c getRotationAxis() const;
     /// Signed angle in radians about *axis, or about `getRotationAxis()` when null. The sense is
     /// that of column vectors: the angle of `mg_RotationMatrix(t, n, 0)` about n is -t.

@@ -10,8 +10,8 @@
 
 // Every factory starts from the identity and changes only what it says. Angles are in radians,
 // lengths in model units. A scale outside (1.0000000000000002e-13, 6e12), bounds excluded, becomes
-// 1. No factory reports an error: a null axis or a tiny angle gives no rotation, a tiny translation
-// none.
+// 1. No factory reports an error: a null axis or a tiny angle gives no rotation. Every rotation is
+// orthonormalised once, so that an axis said to be kept is kept up to rounding.
 
 /// Rotation m with its flag, translation t and scale s as they are, but for the scale's range.
 VEXMATH_API mgXform_c mg_RestoreXform(mgMatrix_c const &m, mgVector_c const &t, double s);
@@ -55,8 +55,9 @@ VEXMATH_API mgXform_c mg_CoordinateXformXZ(mgPoint_c const &origin, mgUnitVector
 /// Y and Z given. keepFlag 1 keeps Z; anything else keeps Y.
 VEXMATH_API mgXform_c mg_CoordinateXformYZ(mgPoint_c const &origin, mgUnitVector_c const &a,
                                            mgUnitVector_c const &b, int keepFlag);
-/// The frame of a viewer at eye looking along dir, which is the frame's negative Z. Up is the world
-/// axis that the direction is farthest from, by a fixed rule.
+/// The frame of a viewer at eye looking along dir, which is the frame's negative Z. Its X is the
+/// part perpendicular to dir of a world axis that goes by dir's largest component (a later one must
+/// be larger by more than 1e-08): z or -z for x, x for y, -x or x for z, so that X lies along it.
 VEXMATH_API mgXform_c mg_CoordinateXformLookAt(mgPoint_c const &eye, mgUnitVector_c const &dir);
 
 /// Carries p1 to p2 and turns u1 into u2, about u1 x u2. Opposite directions are turned half a turn
@@ -66,7 +67,9 @@ VEXMATH_API mgXform_c mg_CoordinateXformLookAt(mgPoint_c const &eye, mgUnitVecto
 VEXMATH_API mgXform_c mg_PointVectorXform(mgPoint_c const &p1, mgPoint_c const &p2,
                                           mgUnitVector_c const &u1, mgUnitVector_c const &u2,
                                           int useZAxis);
-/// Carries p1 to p2, scales by s about it, and turns d1 into the direction of d2.
+/// Carries p1 to p2, scales by s about it, and turns d1 into the direction of d2; opposite
+/// directions by half a turn about a perpendicular. A null direction is not turned, or by that half
+/// turn about nothing: either way there is no rotation.
 VEXMATH_API mgXform_c mg_PointVecScaleXform(mgPoint_c const &p1, mgPoint_c const &p2,
                                             mgVector_c const &d1, mgVector_c const &d2, double s);
 /// Carries p1 to p2 with a rotation about an axis through it.

@@ -11,7 +11,8 @@
 #include <vexmath_platform/archive.h>
 
 /// The perspective record of a view transform, in screen space: the space that a point reaches by
-/// the view's rotation, scale and translation, and in which the eye looks along z.
+/// the view's rotation, scale and translation, and in which the eye looks along +z: what is seen
+/// has a z above the eye's.
 ///
 /// Four members: the eye point; the plane distance, at which the near clip plane lies in front of
 /// the eye; the minimum distance of the far clip plane; and the distance of the camera's
@@ -52,7 +53,8 @@ public:
     bool operator==(mgPerspInfo_c const &other) const;
 
     /// Pulls p towards the eye in x and y by the iso plane distance over its depth; z stays.
-    /// Nothing for an orthographic camera. A depth below 1e-08 counts as 1e-08 on p's side.
+    /// Nothing for an orthographic camera; a record that is no camera divides, by the plane
+    /// distance. A depth below 1e-08 counts as 1e-08 on p's side.
     void doScreenPointPerspectiveDivision(mgPoint_c &p) const;
     /// The way back. Does not guard an iso plane distance of 0.
     void doScreenPointInversePerspectiveDivision(mgPoint_c &p) const;

@@ -35,12 +35,16 @@ public:
     /// The address of x; y and z follow it.
     operator double *() { return &x_; }
     operator double const *() const { return &x_; }
-    explicit operator bool() = delete; // `if (p)` would ask for an address
-    explicit operator bool() const = delete;
+    // A point is no truth value, which its address would be.
+    template <class B, vexmath::detail::IfBool<B> = 0>
+    operator B() = delete;
+    template <class B, vexmath::detail::IfBool<B> = 0>
+    operator B() const = delete;
 
     mgPoint_c &operator+=(mgVector_c const &v);
     mgPoint_c &operator-=(mgVector_c const &v);
-    /// Moved by the transform, through its perspective division when it holds a record.
+    /// Moved by the transform, through its perspective division when it holds a record. Body in
+    /// xform.h.
     inline mgPoint_c &operator*=(mgXform_c const &x);
 
     // Back from screen to model space: each moves this screen point and also returns it. A view
@@ -130,7 +134,8 @@ int operator!=(mgPoint_c const &p, mgPoint_c const &q);
 int operator!=(mgPoint_c const &p, mgVector_c const &v);
 int operator!=(mgVector_c const &v, mgPoint_c const &p);
 
-// `p + 1` would step the address of x.
+// `p + 1` would step the address of x, and `p < q` compare addresses; isLessThan orders points.
+bool operator<(mgPoint_c const &, mgPoint_c const &) = delete;
 template <class N, vexmath::detail::IfNumber<N> = 0>
 mgPoint_c operator+(mgPoint_c const &, N) = delete;
 template <class N, vexmath::detail::IfNumber<N> = 0>

@@ -23,6 +23,9 @@ public:
     double v() const { return v_; }
     double x() const { return u_; }
     double y() const { return v_; }
+    /// The address of u; v follows it.
+    operator double *() { return &u_; }
+    operator double const *() const { return &u_; }
 
     /// Reads two doubles. REQUIRES a su_CArchive. A failing read leaves the point as it was.
     VEXMATH_API void restore(CArchive &ar);

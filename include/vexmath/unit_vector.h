@@ -10,8 +10,7 @@
 /// direction" and is what every construction from a vector shorter than about 3.2e-09 gives. There
 /// is no flag and no error; who needs a direction asks `isNull()`.
 ///
-/// The inherited setters store what they are given: nothing normalises after construction but the
-/// product with a transform.
+/// The inherited setters store what they are given, without normalising.
 class mgUnitVector_c : public mgVector_c {
 public:
     constexpr mgUnitVector_c() = default; ///< (0, 0, 0), no direction
@@ -38,6 +37,7 @@ public:
     int isSameDirectionUpToTol(mgUnitVector_c const &u, double tol) const;
 
     /// Turned only, then normalised again; unchanged when the transform is flagged as not rotating.
+    /// Body in xform.h.
     inline mgUnitVector_c &operator*=(mgXform_c const &x);
 };
 

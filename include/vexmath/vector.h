@@ -16,7 +16,10 @@
 namespace vexmath::detail {
 
 template <class N>
-using IfNumber = std::enable_if_t<std::is_arithmetic_v<N>, int>;
+using IfNumber = std::enable_if_t<std::is_arithmetic_v<N> || std::is_enum_v<N>, int>;
+
+template <class B>
+using IfBool = std::enable_if_t<std::is_same_v<B, bool>, int>;
 
 } // namespace vexmath::detail
 
@@ -55,8 +58,11 @@ public:
     /// The address of x; y and z follow it.
     operator double *() { return &x_; }
     operator double const *() const { return &x_; }
-    explicit operator bool() = delete; // `if (v)` would ask for an address; ask isNull()
-    explicit operator bool() const = delete;
+    // A vector is no truth value, which its address would be: ask isNull()
+    template <class B, vexmath::detail::IfBool<B> = 0>
+    operator B() = delete;
+    template <class B, vexmath::detail::IfBool<B> = 0>
+    operator B() const = delete;
 
     double len() const;
     double sqlen() const; ///< x*x + y*y + z*z, in this order
@@ -67,7 +73,7 @@ public:
     mgVector_c &operator+=(mgVector_c const &v);
     mgVector_c &operator-=(mgVector_c const &v);
     mgVector_c &operator*=(double s);
-    /// Turned and scaled, never translated; an exactly zero vector stays as it is.
+    /// Turned and scaled, never translated; an exactly zero vector stays as it is. Body in xform.h.
     inline mgVector_c &operator*=(mgXform_c const &x);
     void flip(); ///< negates every component
 
@@ -130,11 +136,14 @@ int operator||(mgVector_c const &a, mgVector_c const &b);
 
 /// 1 when every component differs by strictly less than 1e-08.
 int operator==(mgVector_c const &a, mgVector_c const &b);
-/// 1 when some component differs by strictly more than 1e-08. Not the negation of ==: at a
-/// difference of exactly 1e-08 both are 0.
+/// 1 when some component differs by strictly more than 1e-08.
+// QUIRK: not the negation of ==, as a reader would expect: at a difference of exactly 1e-08 both
+// are 0. Callers that ask twice rely on a border case being neither. Points likewise.
+// (test: EqualAndUnequalAreBothFalseOnTheBound)
 int operator!=(mgVector_c const &a, mgVector_c const &b);
 
-// `v + 1` would step the address of x.
+// `v + 1` would step the address of x, and `v < w` compare addresses.
+bool operator<(mgVector_c const &, mgVector_c const &) = delete;
 template <class N, vexmath::detail::IfNumber<N> = 0>
 mgVector_c operator+(mgVector_c const &, N) = delete;
 template <class N, vexmath::detail::IfNumber<N> = 0>

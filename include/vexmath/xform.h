@@ -40,15 +40,16 @@ public:
 ///
 /// Invariants: none is enforced but by `iValidateRepairXForm` and
 /// `iValidateRepairRotationMatrix`. The rotation is normally orthonormal, and composition keeps it
-/// so. The reflection flag is carried along; no point or vector is moved by it: a mirror has it in
-/// its matrix as well.
+/// so. The reflection flag is carried along and moves no point or vector: the mirror factories set
+/// it and mirror by their matrix too, and `mg_RestoreXform` leaves it 0 whatever its matrix does.
 ///
 /// **Copies change the value.** A copy, an assignment, the result of `a * b` and of `inverse` take
 /// a scale outside (1.0000000000000002e-13, 6e12), bounds excluded, NaN too, as 1; a translation
 /// whose components are all below 1e-08 as zero; and a rotation flagged as the identity as the
 /// exact one. Factories return what they built, without these rules.
 ///
-/// No operation reports an error or throws, unless memory for a record is exhausted.
+/// No operation reports an error. Only exhausted memory for a record throws, and what the archive
+/// throws passes through `save`, `restore` and the raw form.
 class mgXform_c {
 public:
     mgXform_c() = default; ///< the identity
@@ -74,8 +75,9 @@ public:
     /// Rotation, with its flag, and scale alone, as they are.
     VEXMATH_API mgXform_c linearComponent() const;
 
-    // The images of the world axes under the inverse rotation (columns) and, with an I, under the
-    // rotation itself (rows). The numbers are copied and not normalised.
+    // Columns of the rotation, and rows with an I. Mind the names, older than the row-vector rule:
+    // where the rotation takes the world's x axis is row 0, `getIXAxis`; `getXAxis` is where the
+    // inverse takes it. The numbers are copied and not normalised. REQUIRES axis not null.
     void getXAxis(mgUnitVector_c *axis) const { rotation_.getXAxis(axis); }
     void getYAxis(mgUnitVector_c *axis) const { rotation_.getYAxis(axis); }
     void getZAxis(mgUnitVector_c *axis) const { rotation_.getZAxis(axis); }
@@ -95,13 +97,14 @@ public:
     /// 1 when scale, rotation and translation agree within 1e-08, bound included, and the records
     /// in eye point and field-of-view plane exactly. The reflection flag is not compared.
     VEXMATH_API int equals(mgXform_c const &other) const;
-    /// 1 when both turn the z axis into the same or opposite directions, within 1e-08 of cosine.
+    /// 1 when both turn the z axis into the same or opposite directions, within 1e-08 of cosine,
+    /// bound included. REQUIRES other not null.
     VEXMATH_API int sameOrParallel(mgXform_c const *other) const;
 
     /// Snaps a nearly axis-aligned rotation; see `mgMatrix_c::iValidateRepairOrthonormality`.
     VEXMATH_API int iValidateRepairRotationMatrix();
     /// Sets a translation x or y beyond +-1e8 to 0 and a scale outside [1.0000000000000002e-13,
-    /// 6e12], bounds kept, to 1. Returns 1 when something was repaired.
+    /// 6e12], bounds kept, or NaN, to 1. Returns 1 when something was repaired.
     VEXMATH_API int iValidateRepairXForm();
 
     /// Copies the record's four base fields to *out and returns 1; without a record 0, *out as is.
@@ -254,6 +257,9 @@ inline mgXform_c::~mgXform_c() {
     if (perspective_ != nullptr) deletePerspectiveInfo();
 }
 
+// QUIRK: copying changes the value, where a reader would expect an equal one: a tiny translation is
+// flushed and a scale out of range replaced. It keeps rounding out of chains of placements, which
+// callers then compare with the identity. (test: CopiesFlushATinyTranslationAndAFlaggedRotation)
 inline void mgXform_c::copyByRules(mgXform_c const &source) {
     scale_ = vexmath::detail::scaleInRange(source.scale_);
     reflection_ = source.reflection_;

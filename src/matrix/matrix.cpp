@@ -4,7 +4,6 @@
 #include <vexmath/matrix.h>
 
 #include <algorithm>
-#include <cstring>
 
 namespace {
 
@@ -131,6 +130,9 @@ int mgMatrix_c::isNearIdentity() const {
 }
 
 // A single first-order pass of the Gram-Schmidt process: 1 + e/2 stands for 1/sqrt(1 - e).
+// QUIRK: not iterated, and not exact: a row of length r comes out with r (3 - r^2) / 2, turned
+// round beyond the root of 3. Matrices are nearly orthonormal where it is used, and stored ones are
+// compared to the bit. (test: OrthonormalisationIsASinglePassInItsOrder)
 void mgMatrix_c::orthonormalise(bool lengthsFirst) {
     mgVector_c r0 = row(0);
     mgVector_c r1 = row(1);
@@ -202,10 +204,10 @@ Snap snapRow(mgMatrix_c &m, int r) {
 int mgMatrix_c::iValidateRepairOrthonormality() {
     if (identity_) return 0;
     mgMatrix_c repaired = *this;
-    for (int r = 0; r < 3; ++r) {
-        if (snapRow(repaired, r) == Snap::Failed) return 0;
-    }
+    bool failed = false;
+    for (int r = 0; r < 3 && !failed; ++r) failed = snapRow(repaired, r) == Snap::Failed;
     bool const changed = !std::equal(m_, m_ + 9, repaired.m_);
-    *this = repaired;
+    if (failed && changed) return 0;
+    *this = repaired; // when nothing changed, zeros may still lose a sign
     return changed;
 }

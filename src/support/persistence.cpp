@@ -19,7 +19,11 @@ namespace {
 /// The archive behind the older entry points, which by agreement are always given a su_CArchive.
 su_CArchive &itemArchive(CArchive &ar) { return static_cast<su_CArchive &>(ar); }
 
-void writeTriple(su_CArchive &ar, double const *xyz) { ar << xyz[0] << xyz[1] << xyz[2]; }
+// One statement an item: what a host's operators return is not relied on.
+
+void writeTriple(su_CArchive &ar, double const *xyz) {
+    for (int i = 0; i < 3; ++i) ar << xyz[i];
+}
 
 double readDouble(su_CArchive &ar) {
     double value = 0.0;
@@ -64,7 +68,10 @@ void mgPoint_c::save(CArchive &ar) const { writeTriple(itemArchive(ar), *this); 
 
 void mgPoint_c::restore(CArchive &ar) { *this = readTriple(itemArchive(ar)); }
 
-void mgPoint_c::save2D(CArchive &ar) const { itemArchive(ar) << x_ << y_; }
+void mgPoint_c::save2D(CArchive &ar) const {
+    itemArchive(ar) << x_;
+    itemArchive(ar) << y_;
+}
 
 void mgPoint_c::restore2D(CArchive &ar) {
     double const x = readDouble(itemArchive(ar));
@@ -117,10 +124,14 @@ void mgXform_c::save(su_CArchive &ar) {
     ar << static_cast<unsigned char>(rotate());
     if (rotate()) rotation_.save(ar);
     writeTriple(ar, translation_);
-    ar << scale_ << kReserved;
+    ar << scale_;
+    ar << kReserved;
 }
 
 void mgXform_c::restoreRecord(su_CArchive &ar, void (mgMatrix_c::*restoreRotation)(su_CArchive &)) {
+    // QUIRK: a record without a rotation leaves the one that is there, where a reader would expect
+    // the identity. Callers restore into fresh transforms, and some into prepared ones. (test:
+    // RestoringATransformKeepsWhatTheRecordDoesNotHold)
     mgMatrix_c rotation = rotation_;
     if (readByte(ar) != 0) (rotation.*restoreRotation)(ar);
     mgVector_c const translation = readTriple(ar);
@@ -227,7 +238,8 @@ void vexmath::detail::RootedDirection::restore(su_CArchive &ar) {
 void mgCone_c::save(su_CArchive &ar) const {
     writeTriple(ar, root_);
     writeTriple(ar, axis_);
-    ar << radius_ << angle_;
+    ar << radius_;
+    ar << angle_;
 }
 
 void mgCone_c::restore(su_CArchive &ar) {
@@ -246,7 +258,8 @@ void mgCone_c::restore(su_CArchive &ar) {
 void mgPrimitiveBodyData_c::save(su_CArchive &ar) const {
     ar << kind;
     writeTriple(ar, anchor);
-    ar << first << second << third << extra;
+    for (double const dimension : {first, second, third}) ar << dimension;
+    ar << extra;
 }
 
 void mgPrimitiveBodyData_c::restore(su_CArchive &ar) {
@@ -286,7 +299,9 @@ void mgBBox_c::restore(su_CArchive &ar) {
 
 void mgPerspInfo_c::save(su_CArchive &ar) const {
     writeTriple(ar, eye_);
-    ar << planeDistance_ << minFarClipDistance_ << fovPlaneDistance_;
+    for (double const distance : {planeDistance_, minFarClipDistance_, fovPlaneDistance_}) {
+        ar << distance;
+    }
 }
 
 void mgPerspInfo_c::restore(su_CArchive &ar) {

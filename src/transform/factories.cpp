@@ -112,16 +112,16 @@ mgXform_c mg_CoordinateXformLookAt(mgPoint_c const &eye, mgUnitVector_c const &d
     mgUnitVector_c const &x = mgUnitVector_c::xAxis();
     mgUnitVector_c const &z = mgUnitVector_c::zAxis();
 
-    mgUnitVector_c up = dx > 0.0 ? z : -z;
+    mgUnitVector_c hint = dx > 0.0 ? z : -z; // comes to lie along the frame's X
     double dominant = std::fabs(dx);
     if (std::fabs(dy) > dominant + kDominates) {
-        up = x;
+        hint = x;
         dominant = std::fabs(dy);
     }
-    if (std::fabs(dz) > dominant + kDominates) up = dz > 0.0 ? -x : x;
+    if (std::fabs(dz) > dominant + kDominates) hint = dz > 0.0 ? -x : x;
 
     mgUnitVector_c const zFrame = -dir;
-    mgUnitVector_c const yFrame = unit(zFrame * up);
+    mgUnitVector_c const yFrame = unit(zFrame * hint);
     mgUnitVector_c const xFrame = unit(yFrame * zFrame);
     return frame(eye, xFrame, yFrame, zFrame);
 }
@@ -193,6 +193,9 @@ mgXform_c mg_PointAngleXform(mgPoint_c const &p1, mgPoint_c const &p2, double an
 
 mgXform_c mg_PlaneToPlane(mgPoint_c const &p1, mgVector_c const &norm1, mgPoint_c const &p2,
                           mgVector_c const &norm2) {
+    // QUIRK: opposite normals have no cross product to turn about, so that the plane is not turned
+    // over, as a reader would expect. Mates of facing planes rely on it.
+    // (test: PlaneToPlaneOnlyTranslatesOppositeNormals)
     double const angle = mg_getAngleFromVectors(norm1, norm2, 1e-11, 1);
     return mg_PointAngleXform(p1, p2, angle, norm1 * norm2);
 }

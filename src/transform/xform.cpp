@@ -121,7 +121,7 @@ int mgXform_c::iValidateRepairXForm() {
     }
     // QUIRK: a scale exactly on a bound is kept here and replaced by every copy; documents written
     // at the bounds rely on being saved as they are. (test: ScaleOnABoundIsRepairedOnlyByACopy)
-    if (scale_ > kLargestScale || scale_ < kSmallestScale) {
+    if (!(scale_ >= kSmallestScale && scale_ <= kLargestScale)) { // NaN is out of range too
         scale_ = 1.0;
         repaired = 1;
     }

@@ -169,6 +169,9 @@ mgUnitVector_c *mgUnitVector_c::random() {
     /// The 15 bits of a draw that every platform's generator has, and their share of one.
     constexpr int kDrawMask = 0x7fff;
     constexpr double kPerDraw = 3.051850947599719e-05;
+    // QUIRK: reseeds on every call, so that calls within one second agree; a reader would expect a
+    // new direction each time. Repeated probes of one command rely on it.
+    // (test: RandomRepeatsWithinASecond)
     std::srand(static_cast<unsigned>(std::time(nullptr)));
     double const x = (std::rand() & kDrawMask) * kPerDraw;
     double const y = (std::rand() & kDrawMask) * kPerDraw;

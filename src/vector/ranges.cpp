@@ -15,7 +15,7 @@ constexpr double kMostAdditions = 1e6;
 /// The parameter lifted to zero or above. Additions, because callers compare the sums; one
 /// remainder where they would take for ever or change nothing.
 double lifted(double param, double period) {
-    if (-param / period > kMostAdditions) param = std::fmod(param, period);
+    if (-param / period > kMostAdditions) param = std::fmod(param, period) + 0.0; // never -0.0
     while (param < 0.0) param += period;
     return param;
 }

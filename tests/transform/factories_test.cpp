@@ -105,9 +105,12 @@ TEST(Factories, PointsAndDirectionsAreCarriedOver) {
         ASSERT_LT(gap(p2 + turned, (p1 + u2) * mg_PointAngleXform(p1, p2, t, u1)), 1e-13);
         ASSERT_LT(gap(p1 + turned, (p1 + u2) * mg_RotateAtPoint(p1, t, u1, 0.0)), 1e-13);
     }
-    checkRows(mg_PlaneToPlane(eye, z, origin, -z), x, y, z, origin - eye); // not turned over
     checkRows(mg_PointVectorXform(eye, origin, y, y, 0), x, y, z, origin - eye);
     checkRows(mg_PointVecScaleXform(eye, origin, y, y, 1.0), x, y, z, origin - eye);
+}
+
+TEST(Factories, PlaneToPlaneOnlyTranslatesOppositeNormals) {
+    checkRows(mg_PlaneToPlane(eye, z, origin, -z), x, y, z, origin - eye); // not turned over
 }
 
 TEST(Factories, SmallTurnsAreKeptFromTheirOwnThreshold) {

@@ -222,6 +222,7 @@ TEST(Xform, ScaleOnABoundIsRepairedOnlyByACopy) {
     };
     check(kSmallest, 0, kSmallest), check(below(kSmallest), 1, 1.0);
     check(kLargest, 0, kLargest), check(above(kLargest), 1, 1.0);
+    check(kNaN, 1, 1.0);
 }
 
 /// Does the transform hold a record with this plane distance, or none (-1)?

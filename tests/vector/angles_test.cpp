@@ -14,7 +14,7 @@ constexpr double kTurn = 6.2831853071796;
 double const right = std::atan2(1.0, 0.0), half = std::atan2(0.0, -1.0);
 mgVector_c const x(1.0, 0.0, 0.0), y(0.0, 1.0, 0.0), z(0.0, 0.0, 1.0), null;
 
-TEST(Angles, AngleJustBeyondAFullTurnIsKept) {
+TEST(Angles, TheTurnBoundsLieAboveTheirAngles) {
     EXPECT_GT(vexmath::kFullTurnBound, vexmath::kTwoPi + 0.99e-11);
     EXPECT_GT(vexmath::kHalfTurnBound, vexmath::kPi + 0.99e-11);
     EXPECT_BITS_EQ(6.2831853071896, vexmath::kFullTurnBound);

@@ -25,6 +25,7 @@ void checkInterval(double start, double end, double period, double newStart, dou
 TEST(Ranges, APositiveFullTurnStaysAFullTurn) {
     checkParam(2.0 * kTurn, kTurn, kTurn);
     checkParam(-kTurn, kTurn, 0.0); // lifted to 0, which is not positive
+    checkParam(-4e6, 2.0, 0.0);     // in one step, and not to -0
     checkParam(-1e-20, kTurn, kTurn);
     checkParam(kTurn - 1e-12, kTurn, kTurn - 1e-12); // no snap from this side
     checkParam(5e-12, kTurn, 5e-12);                 // nor of a start that was never wrapped
