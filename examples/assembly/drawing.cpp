@@ -5,15 +5,15 @@
 
 #include "legend.h"
 #include "panel.h"
+#include "pick_drawing.h"
 #include "progress.h"
+#include "section_drawing.h"
 #include "silhouette.h"
+#include "strokes.h"
 #include "style.h"
 #include "svg.h"
 
 #include <algorithm>
-#include <map>
-#include <set>
-#include <utility>
 
 namespace assembly {
 
@@ -22,17 +22,14 @@ namespace {
 // Where things stand on the page, in pixels.
 constexpr double kTitleLine = 52.0;
 constexpr double kKeyLine = 88.0;
-constexpr double kViewsTop = 142.0;
+constexpr double kRowGap = 90.0;    // between the two rows of views
 constexpr double kLegendGap = 76.0; // from the views to the first line of the legend
-
-constexpr double kDotRadius = 2.2;
+constexpr double kListRoom = 240.0; // between the views of the upper row
 
 /// Room around the parts in a view, as a part of their extent, and the least of it in model units:
 /// a single point is something to look at, too.
 constexpr double kPadding = 0.03;
 constexpr double kLeastRoom = 1e-6;
-
-using Silhouette = std::vector<SilhouetteEdge>;
 
 /// What the picture has to hold: the boxes of the parts and the cubes around their spheres.
 mgBBox_c extentOf(std::vector<Part> const &parts) {
@@ -55,64 +52,19 @@ void drawSphere(SvgPage &page, Panel const &panel, mgBBox_c box, std::string con
     page.circle(box.sphCenter(), box.sphRadius(), style);
 }
 
-void drawSilhouette(SvgPage &page, Silhouette const &silhouette, std::string const &style) {
-    auto const written = [](mgPoint_c const &p) { return pixels(p.x()) + " " + pixels(p.y()); };
-    // Edges that fall onto each other on the page are drawn once.
-    std::set<std::pair<std::string, std::string>> segments;
-    for (SilhouetteEdge const &edge : silhouette) {
-        segments.insert(std::minmax({written(edge.from), written(edge.to)}));
-    }
-    std::string commands;
-    for (auto const &[from, to] : segments) {
-        commands.append("M").append(from).append("L").append(to);
-    }
-    page.path(commands, style);
-}
-
-/// The point of the silhouette that is nearest to p; p itself when there is no silhouette.
-mgPoint_c nearestPoint(Silhouette const &silhouette, mgPoint_c const &p) {
-    auto const nearest = std::min_element(silhouette.begin(), silhouette.end(),
-                                          [&](SilhouetteEdge const &a, SilhouetteEdge const &b) {
-                                              return sqDist(p, a.from) < sqDist(p, b.from);
-                                          });
-    return nearest == silhouette.end() ? p : nearest->from;
-}
-
-/// The numbers of the parts along the upper edge of a view, in the order in which the parts stand
-/// below them, each with a leader to the nearest point of its silhouette. None when there are more
-/// parts than the edge has room for.
-void drawBalloons(SvgPage &page, Panel const &panel, std::vector<Part> const &parts,
-                  std::vector<Silhouette> const &silhouettes) {
-    double const width = panel.bottomRight.x() - panel.topLeft.x();
-    double const spacing = width / static_cast<double>(parts.size());
-    if (spacing < 2.2 * kBalloonRadius) return;
-
-    std::multimap<double, std::size_t> fromLeftToRight;
-    for (std::size_t i = 0; i < parts.size(); ++i) {
-        fromLeftToRight.emplace((parts[i].placed.center() * panel.toPage).x(), i);
-    }
-    mgPoint_c balloon = panel.topLeft + mgVector_c(0.5 * spacing, 1.7 * kBalloonRadius, 0.0);
-    for (auto const &[x, part] : fromLeftToRight) {
-        mgPoint_c const target = nearestPoint(silhouettes[part], balloon);
-        page.line(balloon, target, partStyle("leader", part));
-        page.circle(target, kDotRadius, partStyle("dot", part));
-        drawBalloon(page, balloon, part);
-        balloon += mgVector_c(spacing, 0.0, 0.0);
-    }
-}
-
 void drawView(SvgPage &page, Panel const &panel, std::vector<Part> const &parts,
               CheckResult const &result, Progress &progress) {
     drawFrame(page, panel);
-    std::vector<Silhouette> silhouettes;
+    std::vector<PartOutline> silhouettes;
     for (std::size_t i = 0; i < parts.size(); ++i) {
         progress.step(parts[i].name);
-        silhouettes.push_back(silhouetteOf(parts[i], panel.toPage));
+        double const middle = (parts[i].placed.center() * panel.toPage).x();
+        silhouettes.push_back({i, middle, silhouetteOf(parts[i], panel.toPage)});
         drawSphere(page, panel, parts[i].placed, partStyle("sphere", i));
         drawBox(page, panel, parts[i].placed, partStyle("box", i));
     }
-    for (std::size_t i = 0; i < parts.size(); ++i) {
-        drawSilhouette(page, silhouettes[i], partStyle("silhouette", i));
+    for (PartOutline const &silhouette : silhouettes) {
+        drawEdges(page, silhouette.edges, partStyle("silhouette", silhouette.part));
     }
     for (PartPair const &pair : result.clashing) {
         mgBBox_c overlap = parts[pair.first].placed;
@@ -120,21 +72,39 @@ void drawView(SvgPage &page, Panel const &panel, std::vector<Part> const &parts,
         // Turned parts may clash although the boxes drawn here, square to the axes, do not.
         if (overlap.isSet()) drawBox(page, panel, overlap, "class='overlap'");
     }
-    drawBalloons(page, panel, parts, silhouettes);
+    drawBalloons(page, panel, silhouettes);
+}
+
+/// The row above the views: perspective and section. Returns where the views begin.
+double drawUpperRow(SvgPage &page, std::vector<Part> const &parts, Extras const &extras) {
+    double left = kFirstRow.x();
+    bool const cuts = extras.section && !extras.section->cuts.empty();
+    if (extras.pick) {
+        drawPick(page, parts, *extras.pick);
+        left += kUpperSize.x() + kListRoom;
+    }
+    if (cuts) drawSection(page, *extras.section, left);
+    return kFirstRow.y() + (extras.pick || cuts ? kUpperSize.y() + kRowGap : 0.0);
 }
 
 } // namespace
 
 std::string drawAssembly(std::string const &title, std::vector<Part> const &parts,
-                         CheckResult const &result) {
+                         CheckResult const &result, Extras const &extras) {
     SvgPage page(kStyleSheet);
-    page.raw(kHatch);
+    page.raw(kDefinitions);
     page.text({kPageMargin, kTitleLine, 0.0}, title, "class='title'");
-    drawKey(page, {kPageMargin, kKeyLine, 0.0});
+    drawKey(page, {kPageMargin, kKeyLine, 0.0}, extras.pick.has_value(),
+            extras.section.has_value());
 
-    std::vector<Panel> const panels = layOutViews(extentOf(parts), kViewsTop);
+    mgBBox_c const extent = extentOf(parts);
+    std::vector<Panel> const panels = layOutViews(extent, drawUpperRow(page, parts, extras));
     Progress progress("drawing", panels.size() * parts.size());
-    for (Panel const &panel : panels) drawView(page, panel, parts, result, progress);
+    for (Panel const &panel : panels) {
+        drawView(page, panel, parts, result, progress);
+        if (extras.section) drawTrace(page, panel, *extras.section, extent);
+        if (extras.pick) drawSight(page, panel, *extras.pick, extent);
+    }
 
     double const legendTop = panels.front().bottomRight.y() + kLegendGap;
     double const bottom = drawLegend(page, legendTop, parts, result);

@@ -6,16 +6,26 @@
 
 #include "check.h"
 #include "parts.h"
+#include "pick.h"
+#include "section.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace assembly {
 
+/// What else is asked about an assembly.
+struct Extras {
+    std::optional<Pick> pick;
+    std::optional<Section> section;
+};
+
 /// An SVG file: front, top and side view on one scale, with each part's silhouette, box and
-/// bounding circle, the overlaps of clashing parts hatched, and a legend.
+/// bounding circle, the overlaps of clashing parts hatched, and a legend. Above them the
+/// perspective view of a pick and the view of a section, whose lines the three views show as well.
 std::string drawAssembly(std::string const &title, std::vector<Part> const &parts,
-                         CheckResult const &result);
+                         CheckResult const &result, Extras const &extras);
 
 } // namespace assembly
 

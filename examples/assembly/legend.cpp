@@ -63,7 +63,7 @@ void drawBalloon(SvgPage &page, mgPoint_c const &centre, std::size_t part) {
               "class='number middle'");
 }
 
-void drawKey(SvgPage &page, mgPoint_c const &start) {
+void drawKey(SvgPage &page, mgPoint_c const &start, bool picks, bool cuts) {
     // Each sign is 24 pixels wide, its meaning begins 8 pixels behind it.
     auto const sign = [&](double x) { return start + mgVector_c(x, -5.0, 0.0); };
     auto const meaning = [&](double x) { return start + mgVector_c(x + 32.0, 0.0, 0.0); };
@@ -78,6 +78,24 @@ void drawKey(SvgPage &page, mgPoint_c const &start) {
     page.text(meaning(300.0), "bounding sphere");
     page.rectangle(sign(480.0) - half, sign(480.0) + wide + half, "class='overlap'");
     page.text(meaning(480.0), "where the boxes of two clashing parts overlap");
+    if (picks) {
+        page.line(sign(870.0), sign(870.0) + wide, "class='sight'");
+        page.circle(sign(870.0) + 0.5 * wide, 5.0, "class='entry'");
+        page.text(meaning(870.0), "line of sight, where it enters a box");
+    }
+    if (cuts) {
+        page.line(sign(1200.0), sign(1200.0) + wide, "class='trace'");
+        page.text(meaning(1200.0), "plane of the section");
+    }
+}
+
+void drawHits(SvgPage &page, mgPoint_c const &start, std::vector<Part> const &parts,
+              std::vector<Hit> const &hits) {
+    drawList(
+        page, start, "Hit, nearest first", hits.size(), [&](std::size_t i, mgPoint_c const &at) {
+            drawBalloon(page, at + mgVector_c(kBalloonRadius, -4.0, 0.0), hits[i].part);
+            page.text(at + mgVector_c(3.0 * kBalloonRadius, 0.0, 0.0), nameOf(parts[hits[i].part]));
+        });
 }
 
 double drawLegend(SvgPage &page, double top, std::vector<Part> const &parts,

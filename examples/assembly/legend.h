@@ -6,6 +6,7 @@
 
 #include "check.h"
 #include "parts.h"
+#include "pick.h"
 #include "svg.h"
 
 #include <cstddef>
@@ -20,8 +21,13 @@ constexpr double kBalloonRadius = 9.0; // pixels
 /// The number of a part, counted from 1, in a ring of its colour.
 void drawBalloon(SvgPage &page, mgPoint_c const &centre, std::size_t part);
 
-/// One line that shows each kind of line of the views beside its meaning.
-void drawKey(SvgPage &page, mgPoint_c const &start);
+/// One line that shows each kind of line of the views beside its meaning, also those of a pick and
+/// a section when there are any.
+void drawKey(SvgPage &page, mgPoint_c const &start, bool picks, bool cuts);
+
+/// The parts that a pick hits.
+void drawHits(SvgPage &page, mgPoint_c const &start, std::vector<Part> const &parts,
+              std::vector<Hit> const &hits);
 
 /// The lists of parts and of pairs below `top`. Returns where they end.
 double drawLegend(SvgPage &page, double top, std::vector<Part> const &parts,

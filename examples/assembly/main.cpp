@@ -3,7 +3,8 @@
 //
 // Read on in the order of the work: assembly_file, mesh_file, placement, parts, check, document,
 // drawing, report. The geometry is done by the library; what it takes is in placement.cpp,
-// mesh_file.cpp (the last lines), check.cpp and document.cpp.
+// mesh_file.cpp (the last lines), check.cpp and document.cpp, and for the options in
+// perspective.cpp, pick.cpp and section.cpp.
 
 #include "assembly_file.h"
 #include "check.h"
@@ -13,7 +14,9 @@
 #include "options.h"
 #include "output.h"
 #include "parts.h"
+#include "pick.h"
 #include "report.h"
+#include "section.h"
 
 #include <exception>
 #include <filesystem>
@@ -38,13 +41,18 @@ void run(Options const &options) {
     AssemblyFile const file = readAssemblyFile(options.assemblyFile);
     std::vector<Part> const parts = loadParts(file);
     CheckResult const result = check(parts, file.clashTolerance);
+    Extras extras;
+    if (options.pick) extras.pick = pickParts(parts, result.total, *options.pick);
+    if (options.section) extras.section = cutParts(parts, *options.section);
 
     OutputFiles output(options.outFolder);
     storeDocument(output, documentOf(file, parts));
-    output.stage(kPictureName, drawAssembly(file.name, parts, result));
+    output.stage(kPictureName, drawAssembly(file.name, parts, result, extras));
     std::vector<std::filesystem::path> const written = output.commit();
 
     printReport(std::cout, parts, result);
+    if (extras.pick) printPick(std::cout, parts, *extras.pick);
+    if (extras.section) printSection(std::cout, parts, *extras.section);
     std::cout << '\n';
     for (std::filesystem::path const &path : written) {
         std::cout << "written: " << path.string() << '\n';

@@ -15,10 +15,14 @@ namespace assembly {
 namespace {
 
 // Pixels.
-constexpr double kNumberRoom = 44.0; // left of a panel
-constexpr double kGap = 24.0;        // between a panel and the next one's numbers
+constexpr double kGap = 24.0; // between a panel and the next one's numbers
 constexpr double kMostHeight = 560.0;
 constexpr double kLeastTickGap = 44.0;
+
+/// Room around what a view of the upper row shows, as a part of its extent, and the least of it in
+/// model units.
+constexpr double kRoomAround = 0.08;
+constexpr double kLeastRoom = 1e-6;
 
 mgPoint_c const kOrigin;
 
@@ -32,6 +36,27 @@ std::vector<Panel> views() {
 /// Into the viewer's frame: x to the right, y upwards, z towards the viewer.
 mgXform_c toViewer(Panel const &panel) {
     return mg_CoordinateXform(kOrigin, panel.right.direction, panel.up.direction).inverse();
+}
+
+/// The page is one more coordinate system: upside down, in pixels, and the middle of what is shown
+/// in the middle of the panel.
+void place(Panel &panel, mgBBox_c const &shown, double scale) {
+    mgXform_c const toPixels = mg_YReflectionXform() * mg_ScaleXform(scale);
+    mgPoint_c const middle = interpolate(0.5, panel.topLeft, panel.bottomRight);
+    panel.toPage =
+        toViewer(panel) * toPixels * mg_TranslateXform(middle - shown.center() * toPixels);
+}
+
+/// "x" or "-x" and the like; nothing for what is no coordinate axis.
+Axis named(mgUnitVector_c const &direction) {
+    mgUnitVector_c const axes[] = {mgUnitVector_c::xAxis(), mgUnitVector_c::yAxis(),
+                                   mgUnitVector_c::zAxis()};
+    for (std::size_t i = 0; i < 3; ++i) {
+        std::string const name(1, "xyz"[i]);
+        if (direction == axes[i]) return {name, axes[i]};
+        if (direction == -axes[i]) return {"-" + name, -axes[i]};
+    }
+    return {"", direction};
 }
 
 /// The smallest of 1, 2 and 5 times a power of ten that is not below `least`.
@@ -74,15 +99,26 @@ std::vector<Panel> layOutViews(mgBBox_c const &extent, double top) {
         double const height = tallest * scale;
         panels[i].topLeft = {left, top, 0.0};
         panels[i].bottomRight = {left + width, top + height, 0.0};
-        // The page is one more coordinate system: upside down, in pixels, and the middle of what
-        // is shown in the middle of the panel.
-        mgXform_c const toPixels = mg_YReflectionXform() * mg_ScaleXform(scale);
-        mgPoint_c const middle = interpolate(0.5, panels[i].topLeft, panels[i].bottomRight);
-        panels[i].toPage = toViewer(panels[i]) * toPixels
-                           * mg_TranslateXform(middle - shown[i].center() * toPixels);
+        place(panels[i], shown[i], scale);
         left += width + kGap + kNumberRoom;
     }
     return panels;
+}
+
+Panel layOutAgainst(char const *title, mgUnitVector_c const &normal,
+                    std::vector<mgPoint_c> const &points, double left) {
+    mgVector_c const level = mgUnitVector_c::zAxis() * normal;
+    mgUnitVector_c const right =
+        level.isNull() ? mgUnitVector_c::xAxis() : mgUnitVector_c(level, 0);
+    mgPoint_c const topLeft(left, kFirstRow.y(), 0.0);
+    Panel panel = {title, named(right), named(mgUnitVector_c(normal * right, 0)),
+                   {},    topLeft,      topLeft + kUpperSize};
+
+    mgBBox_c shown;
+    for (mgPoint_c const &point : points) shown |= point * toViewer(panel);
+    shown += std::max(kRoomAround * shown.maxDimension(), kLeastRoom);
+    place(panel, shown, std::min(kUpperSize.x() / shown.width(), kUpperSize.y() / shown.depth()));
+    return panel;
 }
 
 void drawFrame(SvgPage &page, Panel const &panel) {

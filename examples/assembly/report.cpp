@@ -70,4 +70,24 @@ void printReport(std::ostream &out, std::vector<Part> const &parts, CheckResult 
         << '\n';
 }
 
+void printPick(std::ostream &out, std::vector<Part> const &parts, Pick const &pick) {
+    out << "\npicked at " << number(pick.at.x) << ' ' << number(pick.at.y) << ": "
+        << (pick.hits.empty() ? "none" : std::to_string(pick.hits.size())) << '\n';
+    out << "  from " << cornerText(pick.sight.rootPoint()) << " along "
+        << cornerText(pick.sight.direction()) << '\n';
+    for (Hit const &hit : pick.hits) {
+        out << "  " << parts[hit.part].name << " at " << cornerText(hit.point) << ", distance "
+            << number(hit.distance) << '\n';
+    }
+}
+
+void printSection(std::ostream &out, std::vector<Part> const &parts, Section const &section) {
+    out << "\ncut by the section: "
+        << (section.cuts.empty() ? "none" : std::to_string(section.cuts.size())) << '\n';
+    for (PartCut const &cut : section.cuts) {
+        out << "  " << parts[cut.part].name << ", its box in a polygon of " << cut.boxOutline.size()
+            << " corners\n";
+    }
+}
+
 } // namespace assembly

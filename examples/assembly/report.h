@@ -6,6 +6,8 @@
 
 #include "check.h"
 #include "parts.h"
+#include "pick.h"
+#include "section.h"
 
 #include <ostream>
 #include <vector>
@@ -14,6 +16,10 @@ namespace assembly {
 
 /// A table of the parts, then the pairs that clash, touch and contain, then the total bounds.
 void printReport(std::ostream &out, std::vector<Part> const &parts, CheckResult const &result);
+/// The line of sight and the parts hit, nearest first.
+void printPick(std::ostream &out, std::vector<Part> const &parts, Pick const &pick);
+/// The parts cut.
+void printSection(std::ostream &out, std::vector<Part> const &parts, Section const &section);
 
 } // namespace assembly
 

@@ -47,15 +47,21 @@ std::vector<Side> sidesByEdge(Mesh const &mesh, std::vector<mgPoint_c> const &po
     return sides;
 }
 
-} // namespace
-
-std::vector<SilhouetteEdge> silhouetteOf(Part const &part, mgXform_c const &toPage) {
-    std::vector<mgPoint_c> points; // the vertices, depth (z) flattened away
+/// The vertices on the page, depth (z) flattened away.
+std::vector<mgPoint_c> flattened(Part const &part, mgXform_c const &toPage) {
+    std::vector<mgPoint_c> points;
     for (mgPoint_c const &vertex : part.mesh->vertices) {
         points.push_back(vertex * part.placement * toPage);
         points.back().set_z(0.0);
     }
-    std::vector<SilhouetteEdge> edges;
+    return points;
+}
+
+} // namespace
+
+std::vector<Edge> silhouetteOf(Part const &part, mgXform_c const &toPage) {
+    std::vector<mgPoint_c> const points = flattened(part, toPage);
+    std::vector<Edge> edges;
     std::vector<Side> const sides = sidesByEdge(*part.mesh, points);
     for (auto first = sides.begin(); first != sides.end();) {
         auto const last = std::find_if_not(first, sides.end(),
@@ -67,6 +73,16 @@ std::vector<SilhouetteEdge> silhouetteOf(Part const &part, mgXform_c const &toPa
         first = last;
     }
     return edges;
+}
+
+std::vector<std::vector<mgPoint_c>> facesOf(Part const &part, mgXform_c const &toPage) {
+    std::vector<mgPoint_c> const points = flattened(part, toPage);
+    std::vector<std::vector<mgPoint_c>> faces;
+    for (Mesh::Triangle const &t : part.mesh->triangles) {
+        if (!isClockwise(points[t[0]], points[t[1]], points[t[2]])) continue;
+        faces.push_back({points[t[0]], points[t[1]], points[t[2]]});
+    }
+    return faces;
 }
 
 } // namespace assembly

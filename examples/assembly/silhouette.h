@@ -4,6 +4,7 @@
 #ifndef ASSEMBLY_SILHOUETTE_H
 #define ASSEMBLY_SILHOUETTE_H
 
+#include "box_edges.h"
 #include "parts.h"
 
 #include <vector>
@@ -13,15 +14,13 @@
 
 namespace assembly {
 
-/// A piece of the silhouette between two of its points, on the page.
-struct SilhouetteEdge {
-    mgPoint_c from;
-    mgPoint_c to;
-};
+/// The edges, on the page, where the placed part turns away from the viewer, and the open edges of
+/// its mesh. Nothing is hidden by what lies in front. A cloud of points without triangles has none.
+std::vector<Edge> silhouetteOf(Part const &part, mgXform_c const &toPage);
 
-/// The edges where the placed part turns away from the viewer, and the open edges of its mesh.
-/// Nothing is hidden by what lies in front. A cloud of points without triangles has none.
-std::vector<SilhouetteEdge> silhouetteOf(Part const &part, mgXform_c const &toPage);
+/// The corners, on the page, of the triangles that face one way. Those of a closed mesh together
+/// cover the same area as all of its triangles.
+std::vector<std::vector<mgPoint_c>> facesOf(Part const &part, mgXform_c const &toPage);
 
 } // namespace assembly
 

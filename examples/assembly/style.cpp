@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the picture looks: colours, line styles, the hatch.
+// How the picture looks: colours, line styles, the hatch, the arrow head.
 
 #include "style.h"
 
@@ -32,11 +32,20 @@ char const *const kStyleSheet = R"(text { font: 13px 'DejaVu Sans', Arial, sans-
 .leader { stroke: currentColor; stroke-width: 0.7; stroke-opacity: 0.7 }
 .dot { fill: currentColor }
 .balloon { fill: #fff; stroke: currentColor; stroke-width: 1.5 }
+.solid { fill: currentColor; fill-opacity: 0.14; stroke: none }
+.hit { fill: none; stroke: currentColor; stroke-width: 1.6; stroke-dasharray: 6 3 }
+.sight { stroke: #000; stroke-width: 1.3; fill: none }
+.cross { stroke: #000; stroke-width: 0.8; stroke-dasharray: 2 3 }
+.entry { fill: #000; stroke: #fff; stroke-width: 1.2 }
+.material { fill: currentColor; fill-opacity: 0.38; fill-rule: evenodd; stroke: none }
+.trace { stroke: #000; stroke-width: 1.3; stroke-dasharray: 14 4 2 4 }
 .overlap { fill: url(#hatch); stroke: #d00000; stroke-width: 1.6 }
 )";
 
-char const *const kHatch =
-    "<defs><pattern id='hatch' width='6' height='6' patternUnits='userSpaceOnUse' "
+char const *const kDefinitions =
+    "<defs><marker id='arrow' viewBox='-10 -5 10 10' markerWidth='9' markerHeight='9' "
+    "orient='auto'><path d='M0 0L-10 -4L-10 4Z'/></marker><pattern id='hatch' width='6' height='6' "
+    "patternUnits='userSpaceOnUse' "
     "patternTransform='rotate(45)'><line x1='0' y1='0' x2='0' y2='6' stroke='#d00000' "
     "stroke-width='1.6' stroke-opacity='0.6'/></pattern></defs>";
 

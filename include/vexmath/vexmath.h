@@ -13,10 +13,12 @@
 #include <vexmath/export.h>
 #include <vexmath/forward.h>
 #include <vexmath/gen_xform.h>
+#include <vexmath/general_box.h>
 #include <vexmath/gfxmath.h>
 #include <vexmath/intersection_types.h>
 #include <vexmath/line.h>
 #include <vexmath/matrix.h>
+#include <vexmath/mg_bounds.h>
 #include <vexmath/mg_matrix.h>
 #include <vexmath/mg_primitives.h>
 #include <vexmath/mg_queries.h>

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Boxes with bounding spheres: validity, unions, intersection, growth, transformation, text form.
+// Boxes with bounding spheres: validity, unions, intersection, growth, transformation, text form,
+// planar extent.
 
 #include <vexmath/bbox.h>
+#include <vexmath/mg_bounds.h>
 #include <vexmath/xform.h>
 
 #include "box_offsets.h"
@@ -296,4 +298,15 @@ int mgBBox_c::restoreStringRep(CString const &s) {
 void mgBBox_c::dump() const {
     CString text;
     saveStringRep(text);
+}
+
+void mg_FindBBox(mgPoint_c const &a, mgPoint_c const &b, mgXform_c const &x, double *out,
+                 double grow) {
+    mgBBox_c box(a, b);
+    box *= x;
+    box += grow;
+    out[0] = box.low_.x();
+    out[1] = box.low_.y();
+    out[2] = box.high_.x();
+    out[3] = box.high_.y();
 }

@@ -33,14 +33,14 @@ class AssemblyTest(unittest.TestCase):
         self.out = self.folder / 'out'
         (self.folder / 'a.obj').write_text(TRIANGLE)
 
-    def run_on(self, assembly, out=None):
+    def run_on(self, assembly, out=None, options=()):
         """On an assembly file, given by name, as text or as what JSON makes of it."""
         if not isinstance(assembly, Path):
             text = assembly if isinstance(assembly, str) else json.dumps(assembly)
             assembly = self.folder / 'test.json'
             assembly.write_text(text)
-        return subprocess.run([PROGRAM, '--out', out or self.out, assembly], capture_output=True,
-                              text=True, check=False)
+        return subprocess.run([PROGRAM, '--out', out or self.out, *options, assembly],
+                              capture_output=True, text=True, check=False)
 
     @staticmethod
     def of_parts(*parts, tolerance=0.0):
@@ -59,9 +59,19 @@ class AssemblyTest(unittest.TestCase):
             self.assertIn(message, run.stderr)
             self.assertEqual([p for p in self.folder.rglob('*assembly.*') if p.is_file()], [])
 
-    def pairs(self, stdout, heading):
+    @staticmethod
+    def lines(stdout, heading):
         block = re.search(heading + r': \S+\n((?:  .*\n)*)', stdout).group(1)
-        return {line.strip() for line in block.splitlines()}
+        return [line.strip() for line in block.splitlines()]
+
+    def pairs(self, stdout, heading):
+        return set(self.lines(stdout, heading))
+
+    def check_picture(self, **counts):
+        kinds = [e.get('class')
+                 for e in xml.etree.ElementTree.parse(self.out / 'assembly.svg').iter()]
+        for kind, count in counts.items():
+            self.assertEqual(kinds.count(kind), count, kind)
 
     def test_shipped_assembly(self):
         run = self.run_on(DATA / 'assembly.json')
@@ -79,11 +89,37 @@ class AssemblyTest(unittest.TestCase):
         self.assertRegex(run.stdout, r'bolt left +86 +\(-66\.3325, -6\.35, -17\.4\)')
         self.assertIn('agree bit for bit', run.stdout)
         self.assertEqual(sorted(os.listdir(self.out)), ['assembly.svg', 'assembly.vxa'])
+        self.check_picture(frame=3, silhouette=3 * 11 + 1, overlap=3 * 10 + 1, sight=0, trace=0)
 
-        picture = xml.etree.ElementTree.parse(self.out / 'assembly.svg')
-        kinds = [e.get('class') for e in picture.iter()]
-        for kind, count in (('frame', 3), ('silhouette', 3 * 11 + 1), ('overlap', 3 * 10 + 1)):
-            self.assertEqual(kinds.count(kind), count, kind)
+    def test_pick(self):
+        run = self.run_on(DATA / 'assembly.json', options=['--pick', '0.36', '0.62'])
+        sight, *hits = self.lines(run.stdout, r'picked at 0\.36 0\.62')
+        self.assertEqual([hit.split(' at ')[0] for hit in hits], ['lever', 'shaft', 'bracket left'])
+        number = r'-?[\d.]+(?:e-?\d+)?'
+        root, along = (lambda n: (n[:3], n[3:]))([float(n) for n in re.findall(number, sight)])
+        for hit in hits:
+            *point, distance = [float(n) for n in re.findall(number, hit.split(' at ')[1])]
+            for p, r, a in zip(point, root, along):
+                self.assertAlmostEqual(p, r + distance * a, delta=2e-3)  # six digits are printed
+        self.check_picture(frame=4, hit=3, sight=3 + 1, entry=3 * 3 + 2, trace=0)
+        run = self.run_on(DATA / 'assembly.json', options=['--pick', '0', '0'])
+        self.assertIn('picked at 0 0: none\n', run.stdout)
+
+    def test_section(self):
+        run = self.run_on(DATA / 'assembly.json', options='--section 0 0 0 0 -1 0'.split())
+        cuts = self.lines(run.stdout, 'cut by the section')
+        self.assertEqual(len(cuts), 9)  # neither pinion nor lever
+        self.check_picture(frame=4, material=9, trace=2 + 1, hit=0)
+
+        (self.folder / 'cube.ply').write_text(PLY.format(2, '0 0 0\n1 1 1\n'))
+        for section, corners in (('.5 .5 .5 1 1 1', 6), ('.1 0 0 1 1 1', 3), ('0 0 .5 0 0 -9', 4),
+                                 ('0 0 0 0 0 1', 4), ('0 0 1 0 0 1', 0), ('0 0 9 0 0 1', 0)):
+            with self.subTest(section):
+                run = self.run_on(self.of_parts(self.part(mesh='cube.ply')),
+                                  options=['--section', *section.split()])
+                expected = [f'p, its box in a polygon of {corners} corners'] if corners else []
+                self.assertEqual(self.lines(run.stdout, 'cut by the section'), expected)
+                self.check_picture(frame=4 if corners else 3)
 
     def test_document_bytes(self):
         run = self.run_on(self.of_parts(self.part('né', mirror='y', translation=[7, 0, 0]),
@@ -183,7 +219,11 @@ class AssemblyTest(unittest.TestCase):
     def test_command_line(self):
         def run(*arguments):
             return subprocess.run([PROGRAM, *arguments], capture_output=True, text=True, check=False)
-        for arguments in (['--frob', 'x'], ['--out'], [], ['a', 'b']):
+        for arguments in (['--frob', 'x'], ['--out'], [], ['a', 'b'], ['--pick', '0.5'],
+                          ['--pick', '0.5', 'x', 'a'], ['--pick', '0', '1.01', 'a'],
+                          ['--pick', 'nan', '0', 'a'], ['--section', '1', '2', '3', '4', '5'],
+                          '--section 0 0 0 0 0 1e999 a'.split(),
+                          '--section 0 0 0 0 0 0 a'.split()):
             with self.subTest(arguments):
                 self.assertEqual(run(*arguments).returncode, 2)
                 self.assertIn('(see --help)\n', run(*arguments).stderr)

@@ -4,8 +4,10 @@
 #include "numbers_from_bytes.h"
 
 #include <vexmath/bbox.h>
+#include <vexmath/general_box.h>
 #include <vexmath/mg_transform.h>
 #include <vexmath/mg_vector.h>
+#include <vexmath/plane.h>
 #include <vexmath/xform.h>
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const *data, std::size_t size) {
@@ -29,6 +31,18 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const *data, std::size_t size
     mgBBox_c::clash(box, placement, other, frame);
     box.clash(&other, in.next());
     box.containsBBox(&other, 0.01);
+
+    mgPoint_c hit = move;
+    mgPlane_c const plane(hit, zDir);
+    box.clash(plane, parameter);
+    box.clashLine(&hit, &hit, parameter);
+    box.isRayHit(hit, xDir);
+    box.getFirstRayHit(hit, xDir, &hit);
+    mgParallelogram_c outline;
+    mgGeneralBox_c const block(hit, xDir, zDir, angle, parameter, end);
+    block.projectToPlane(plane, outline);
+    outline.isPointInside(hit);
+
     box *= placement.inverse() * frame;
     box += parameter;
     box &= other;
