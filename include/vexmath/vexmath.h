@@ -8,12 +8,14 @@
 #include <vexmath/export.h>
 #include <vexmath/forward.h>
 #include <vexmath/matrix.h>
+#include <vexmath/matrix4.h>
 #include <vexmath/mg_matrix.h>
 #include <vexmath/mg_transform.h>
 #include <vexmath/mg_vector.h>
 #include <vexmath/persp_info.h>
 #include <vexmath/point.h>
 #include <vexmath/point2d.h>
+#include <vexmath/quaternion.h>
 #include <vexmath/tolerances.h>
 #include <vexmath/unit_vector.h>
 #include <vexmath/vector.h>
