@@ -93,6 +93,31 @@ public:
     /// that of column vectors: the angle of `mg_RotationMatrix(t, n, 0)` about n is -t.
     VEXMATH_API double getRotationAngle(mgUnitVector_c const *axis) const;
 
+    /// Eigenvalues, ascending, and unit eigenvectors of the symmetric part (M + transpose) / 2,
+    /// three of each; either pointer may be null. The vectors are perpendicular to each other
+    /// within rounding, also where eigenvalues coincide; their signs are arbitrary.
+    ///
+    /// 1 when the iteration converged, 0 when it stopped at its limit; the state it stopped in is
+    /// written all the same. Its bounds are absolute: the elements off the diagonal count as gone
+    /// when they sum to at most 1e-20, or when the largest is below 5e-14 between diagonal elements
+    /// closer than 1e-13. So it stops at its limit for NaN and infinite elements, and for large
+    /// elements that equal ones on the diagonal still swallow (1 beside 1e17), where the state is
+    /// right to the last bits.
+    VEXMATH_API int getEigensystem(double *values, mgUnitVector_c *vectors) const;
+    /// The matrix whose rows are the three vectors, orthonormalised. The values play no part and
+    /// are not read.
+    VEXMATH_API static mgMatrix_c getMatrixFromEigs(double const *values,
+                                                    mgVector_c const *vectors);
+    /// Unit vectors that the matrix takes to zero; their number is returned and that many entries
+    /// of basis are written. REQUIRES room for three.
+    ///
+    /// 0 when |determinant| > 1e-08 or not a number, unless forced; 3, the axes, when `isNearZero`;
+    /// 1 when two columns span a plane (squared length of their cross product at least 1e-16), with
+    /// M n = 0 for n as a column vector; else 2, perpendicular to the columns and right-handed with
+    /// the longest of them. Forced, a regular matrix gives the least-squares solution for its
+    /// widest pair of columns. Nearly parallel columns cost accuracy: docs/accuracy.md.
+    VEXMATH_API int getNullspace(mgUnitVector_c *basis, bool force) const;
+
     /// Archive record: nine doubles, row by row, without the flag. A failing read leaves the matrix
     /// as it was.
     VEXMATH_API void save(su_CArchive &ar) const;

@@ -18,6 +18,7 @@
 #include <vexmath/intersection_types.h>
 #include <vexmath/line.h>
 #include <vexmath/matrix.h>
+#include <vexmath/matrix4.h>
 #include <vexmath/mg_bounds.h>
 #include <vexmath/mg_matrix.h>
 #include <vexmath/mg_primitives.h>
@@ -29,6 +30,7 @@
 #include <vexmath/point.h>
 #include <vexmath/point2d.h>
 #include <vexmath/primitive_body_data.h>
+#include <vexmath/quaternion.h>
 #include <vexmath/rect.h>
 #include <vexmath/select_type.h>
 #include <vexmath/selection_sets.h>

@@ -4,25 +4,14 @@
 #include <vexmath/mg_matrix.h>
 #include <vexmath/mg_vector.h>
 
+#include "columns.h"
+
+using vexmath::detail::axisOfIndex;
+using vexmath::detail::column;
+using vexmath::detail::largestOf;
+using vexmath::detail::smallestOf;
+
 namespace {
-
-mgVector_c column(mgMatrix_c const &m, int j) { return {m(0, j), m(1, j), m(2, j)}; }
-
-/// Index of the smallest of three values; the earlier one on a tie.
-int smallestOf(double s0, double s1, double s2) {
-    int const best = s1 < s0 ? 1 : 0;
-    return s2 < s0 && s2 < s1 ? 2 : best;
-}
-
-/// Index of the largest of three values; the earlier one on a tie.
-int largestOf(double s0, double s1, double s2) {
-    int const best = s0 < s1 ? 1 : 0;
-    return s2 > s0 && s2 > s1 ? 2 : best;
-}
-
-mgVector_c axisOfIndex(int k) {
-    return {k == 0 ? 1.0 : 0.0, k == 1 ? 1.0 : 0.0, k == 2 ? 1.0 : 0.0};
-}
 
 struct SineCosine {
     double sine;

@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+// Eigenvalues and eigenvectors of symmetric 3x3 matrices.
+
+#include <vexmath/matrix.h>
+#include <vexmath/mg_vector.h>
+
+#include <utility>
+
+namespace {
+
+/// A symmetric matrix on its way to diagonal form, and the product of the rotations so far.
+struct Working {
+    double diagonal[3];
+    double off[3];        ///< off[r] is the element whose row and column are the two others than r
+    double vectors[3][3]; ///< vectors[j] is column j of the product
+};
+
+Working symmetricPart(mgMatrix_c const &m) {
+    // Element by element: the flag of m.transpose() would stand in the way of a sum by operators.
+    auto const mean = [&m](int i, int j) { return (m(i, j) + m(j, i)) * 0.5; };
+    return {{mean(0, 0), mean(1, 1), mean(2, 2)},
+            {mean(2, 1), mean(2, 0), mean(1, 0)},
+            {{1.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, {0.0, 0.0, 1.0}}};
+}
+
+double sumOff(Working const &a) {
+    return std::fabs(a.off[2]) + std::fabs(a.off[1]) + std::fabs(a.off[0]);
+}
+
+/// A plane rotation by its tangent, cosine, sine, and the tangent of half its angle.
+struct Rotation {
+    double t, c, s, tau;
+};
+
+/// Below about 2^-27 the square of a tangent vanishes beside 1.
+constexpr double kTangentSqVanishes = 0x1p-27;
+constexpr double kCotangentSqSwallowsOne = 0x1p27;
+
+/// Tangent of the smaller angle whose rotation clears x, h being the difference of the diagonal
+/// elements: the smaller root of t^2 + 2 u t - 1 = 0 with u = h / 2x.
+double tangent(double h, double x) {
+    /// |u| up to which it is squared; beyond it t = 1 / 2u. Bound included.
+    constexpr double kSquaredUpTo = 10000000000000.0;
+    constexpr double sign[2] = {-1.0, 1.0}; // u = 0 turns by minus 45 degrees
+    double const u = h / (2.0 * x);
+    double const size = std::fabs(u);
+    if (!(size <= kSquaredUpTo)) return x / h;
+    // sqrt(u^2 + 1) is |u| to the last bit here: u^2 swallows the 1, and the root of a rounded
+    // square is exact.
+    if (size > kCotangentSqSwallowsOne) return sign[u > 0.0] / (size + size);
+    return sign[u > 0.0] / (std::sqrt(u * u + 1.0) + size);
+}
+
+Rotation rotationBy(double t) {
+    if (std::fabs(t) < kTangentSqVanishes) return {t, 1.0, t, t * 0.5}; // what the lines below give
+    double const c = 1.0 / std::sqrt(t * t + 1.0);
+    double const s = t * c;
+    return {t, c, s, s / (c + 1.0)};
+}
+
+/// Clears the element of row P and column Q; false when it is too small to say by which angle. A
+/// template, so that the working matrix stays in registers.
+template <int P, int Q>
+bool rotate(Working &a) {
+    /// Differences of diagonal elements and doubled off-diagonal ones that count as none; strict,
+    /// and both must be so.
+    constexpr double kNoDifference = 1e-13;
+    constexpr int R = 3 - P - Q;
+    double const x = a.off[R];
+    double const h = a.diagonal[Q] - a.diagonal[P];
+    if (std::fabs(h) < kNoDifference && std::fabs(2.0 * x) < kNoDifference) return false;
+
+    auto const [t, c, s, tau] = rotationBy(tangent(h, x));
+    a.diagonal[P] -= t * x;
+    a.diagonal[Q] += t * x;
+    a.off[R] = 0.0;
+    double const rp = a.off[Q];
+    double const rq = a.off[P];
+    a.off[Q] = rp - s * (rq + rp * tau);
+    a.off[P] = rq + s * (rp - rq * tau);
+    for (int i = 0; i < 3; ++i) {
+        double const vp = a.vectors[P][i];
+        double const vq = a.vectors[Q][i];
+        a.vectors[P][i] = c * vp - s * vq;
+        a.vectors[Q][i] = c * vq + s * vp;
+    }
+    return true;
+}
+
+/// Clears the largest off-diagonal element; on a tie the last of (1, 0), (2, 0), (2, 1).
+bool rotateLargest(Working &a) {
+    double const x21 = std::fabs(a.off[0]);
+    double const x20 = std::fabs(a.off[1]);
+    double const x10 = std::fabs(a.off[2]);
+    if (x21 >= x20 && x21 >= x10) return rotate<2, 1>(a);
+    if (x20 >= x10) return rotate<2, 0>(a);
+    return rotate<1, 0>(a);
+}
+
+/// Makes the matrix diagonal; false when that does not come to an end, which takes NaN.
+bool diagonalise(Working &a) {
+    /// Sum of absolute off-diagonal elements that ends the iteration; bound included.
+    constexpr double kDiagonal = 1e-20;
+    /// More rotations than this are not made without success; about ten suffice.
+    constexpr int kMostRotations = 50;
+    int rotations = 0;
+    do {
+        if (rotations++ > kMostRotations) return false;
+        if (!rotateLargest(a)) return true;
+    } while (!(sumOff(a) <= kDiagonal));
+    return true;
+}
+
+struct EigenPair {
+    double value;
+    mgVector_c vector;
+};
+
+void putInOrder(EigenPair &a, EigenPair &b) {
+    if (b.value < a.value) std::swap(a, b);
+}
+
+} // namespace
+
+// Method: C. G. J. Jacobi, Ueber ein leichtes Verfahren, die in der Theorie der Saecularstoerungen
+// vorkommenden Gleichungen numerisch aufzuloesen, 1846; the update by tau after H. Rutishauser, The
+// Jacobi method for real symmetric matrices, 1966.
+int mgMatrix_c::getEigensystem(double *values, mgUnitVector_c *vectors) const {
+    Working a = symmetricPart(*this);
+    bool const converged = diagonalise(a);
+
+    EigenPair pairs[3];
+    for (int i = 0; i < 3; ++i) pairs[i] = {a.diagonal[i], mgVector_c(a.vectors[i])};
+    putInOrder(pairs[0], pairs[1]);
+    putInOrder(pairs[0], pairs[2]);
+    putInOrder(pairs[1], pairs[2]);
+    for (int i = 0; i < 3; ++i) {
+        if (values != nullptr) values[i] = pairs[i].value;
+        if (vectors != nullptr) vectors[i] = mg_Normalise(pairs[i].vector);
+    }
+    return converged;
+}
+
+mgMatrix_c mgMatrix_c::getMatrixFromEigs(double const * /*values*/, mgVector_c const *vectors) {
+    mgMatrix_c v; // the vectors as columns, on an identity that keeps its flag
+    for (int i = 0; i < 3; ++i) {
+        for (int j = 0; j < 3; ++j) v(i, j) = vectors[j].component(i);
+    }
+    // QUIRK: the identity times the inverse of v, where a reader would expect v D v^-1 with the
+    // values on the diagonal of D. v and D both carry the identity's flag, so their product is the
+    // identity; callers take the result for the frame of the vectors.
+    // (test: MatrixFromEigenDataIgnoresTheValues)
+    return mgMatrix_c() * v.inverse();
+}

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+// Null space of a 3x3 matrix.
+
+#include <vexmath/mg_vector.h>
+
+#include "columns.h"
+
+using vexmath::detail::column;
+using vexmath::detail::largestOf;
+
+namespace {
+
+/// Two columns and the third, which they are to express.
+struct Choice {
+    int first, second, rest;
+};
+
+/// The null vector of three dependent columns, c[rest] = s c[first] + t c[second].
+mgUnitVector_c relationBetween(mgVector_c const (&c)[3], Choice choice) {
+    mgVector_c const st = c[choice.rest].pullBack(c[choice.first], c[choice.second]);
+    double n[3];
+    n[choice.first] = st.x();
+    n[choice.second] = st.y();
+    n[choice.rest] = -1.0;
+    return mgUnitVector_c(n);
+}
+
+} // namespace
+
+int mgMatrix_c::getNullspace(mgUnitVector_c *basis, bool force) const {
+    /// Absolute determinant up to which a matrix is singular; bound included.
+    constexpr double kSingularDeterminant = 1e-08;
+    /// Squared length of the cross product from which two columns span a plane; bound included.
+    constexpr double kSpanPlaneSq = 1.0000000000000001e-16;
+    if (!force && !(std::fabs(getDeterminant()) <= kSingularDeterminant)) return 0;
+    if (isNearZero()) {
+        basis[0] = mgUnitVector_c::xAxis();
+        basis[1] = mgUnitVector_c::yAxis();
+        basis[2] = mgUnitVector_c::zAxis();
+        return 3;
+    }
+
+    mgVector_c const c[3] = {column(*this, 0), column(*this, 1), column(*this, 2)};
+    constexpr Choice choices[3] = {{0, 1, 2}, {0, 2, 1}, {1, 2, 0}};
+    double spanSq[3];
+    for (int i = 0; i < 3; ++i) spanSq[i] = (c[choices[i].first] * c[choices[i].second]).sqlen();
+    int const widest = largestOf(spanSq[0], spanSq[1], spanSq[2]);
+    if (spanSq[widest] >= kSpanPlaneSq) {
+        basis[0] = relationBetween(c, choices[widest]);
+        return 1;
+    }
+
+    // QUIRK: vectors perpendicular to the columns, n M = 0, where a reader would expect M n = 0 as
+    // in the step above. The two agree for symmetric matrices, which is what callers have.
+    // (test: NullVectorsOfARankOneMatrixArePerpendicularToItsColumns)
+    int const longest = largestOf(c[0].sqlen(), c[1].sqlen(), c[2].sqlen());
+    mg_getBasis(mg_Normalise(c[longest]), basis[0], basis[1]);
+    return 2;
+}
