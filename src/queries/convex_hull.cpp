@@ -93,9 +93,9 @@ public:
     void append(mg2DPoint_c const &p) { hull_.Add(p); }
 
     /// Drops what p, as the next point, would leave inside or on an edge.
-    // QUIRK: goes on below the start of the upper chain, into the lower one. A hull point is lost
-    // when rounding passes a point of the first edge; a reader would expect the chains to be kept
-    // apart. Nested outlines were stored with the result. (test: UpperChainMayPopTheLower)
+    // QUIRK: goes on below the start of the upper chain, into the lower one. A corner is lost when
+    // a point of the first edge passes, by rounding, for one above it; a reader would expect the
+    // chains to be kept apart. Outlines were stored as they came. (test: UpperChainMayPopTheLower)
     void makeTurnTo(mg2DPoint_c const &p) {
         while (hull_.Count() - begin_ >= 2 && !turnsLeftAt(p)) {
             amDynamicArrayResize(hull_.Data(), hull_.Count() - 1);

@@ -130,11 +130,11 @@ TEST(ConvexHull, CollinearPointsGiveOnePoint) {
 }
 
 TEST(ConvexHull, UpperChainMayPopTheLower) {
-    // The point near the first edge's end is strictly right of the upper edge by rounding alone,
-    // and the turn to it is not: the lower chain's last point goes.
-    List const outline{{0, 0}, {1, 1}, {2, 2}, {3, 3}, {3, 2.9999999999999996}};
-    List const hull = hullOf(outline);
-    EXPECT_EQ(hull, literalHull(outline));
+    // (0.1, 0.25) lies on the edge from (0, 0) to (0.2, 0.5). Divided by its length that edge has
+    // the point on its upper side, by rounding; the turn at (0.2, 0.5), which does not divide, is
+    // none: the corner goes.
+    List const outline{{0, 0}, {0.2, 0.5}, {0.1, 0.25}, {0.05, 1.5}};
+    EXPECT_EQ(hullOf(outline), (List{{0, 0}, {0.1, 0.25}, {0.05, 1.5}}));
 }
 
 TEST(ConvexHull, LeavesTheInputSortedWithoutDuplicatesAndTellsOfEachRemoval) {

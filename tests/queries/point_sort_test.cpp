@@ -53,12 +53,13 @@ void literalSort(mgPoint_c *p, int first, int last) {
     literalSelection(p, first, last);
 }
 
-void CheckAgainstTheSteps(List const &list) {
+/// With indices from -origin on.
+void CheckAgainstTheSteps(List const &list, int origin = 0) {
     List sorted = list;
     List literal = list;
-    int const last = static_cast<int>(list.size()) - 1;
-    mg_pointQuickSort(sorted.data(), 0, last);
-    literalSort(literal.data(), 0, last);
+    int const last = static_cast<int>(list.size()) - 1 - origin;
+    mg_pointQuickSort(sorted.data() + origin, -origin, last);
+    literalSort(literal.data() + origin, -origin, last);
     ASSERT_EQ(std::memcmp(sorted.data(), literal.data(), list.size() * sizeof(mgPoint_c)), 0);
 }
 
@@ -74,7 +75,31 @@ TEST(PointSort, AgreesWithItsStepsOnTies) {
             list.emplace_back(random.below(5) * step, random.below(3) * step,
                               random.below(50) * 1e-9);
         }
-        ASSERT_NO_FATAL_FAILURE(CheckAgainstTheSteps(list));
+        int const origin = random.below(static_cast<int>(list.size()));
+        ASSERT_NO_FATAL_FAILURE(CheckAgainstTheSteps(list, origin));
+    }
+}
+
+TEST(PointSort, AgreesWithItsStepsOnManyPoints) {
+    support::Random random;
+    auto const check = [](auto point) {
+        List list;
+        for (int i = 0; i < 3000; ++i) list.push_back(point());
+        ASSERT_NO_FATAL_FAILURE(CheckAgainstTheSteps(list, 1));
+    };
+    auto const wide = [&random] { return random.uniform(-1e3, 1e3); };
+    auto const tied = [&random](int values, double step) { return random.below(values) * step; };
+    for (int round = 0; round < 20; ++round) {
+        check([&] { return mgPoint_c(wide(), wide(), wide()); });
+        // Equal in x, in x and y, and altogether, to the bit.
+        check([&] { return mgPoint_c(tied(50, 1.0), wide(), wide()); });
+        check([&] { return mgPoint_c(tied(9, 1.0), tied(9, 1.0), tied(9, 1.0)); });
+        // Equal within tolerance: all of a run, neighbours in a run alone, and 0 with -0.
+        check([&] { return mgPoint_c(tied(50, 1.0) + tied(2, 9e-9), wide(), wide()); });
+        check([&] { return mgPoint_c(tied(50, 1.0) + tied(3, 9e-9), tied(50, 1.0), wide()); });
+        check([&] { return mgPoint_c(tied(9, 1.0), tied(9, 1.0), tied(9, 1.0) + tied(2, 1e-9)); });
+        check([&] { return mgPoint_c(tied(9, 1.0), tied(9, 1.0), tied(2, -1.0) * 0.0); });
+        check([&] { return mgPoint_c(5.0, wide(), random.below(3000) == 0 ? NAN : wide()); });
     }
 }
 
