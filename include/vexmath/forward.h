@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Every class of the library, declared and not defined.
+// Every class and record of the library, declared and not defined.
 
 #ifndef VEXMATH_FORWARD_H
 #define VEXMATH_FORWARD_H
@@ -38,6 +38,11 @@ class mgCircle_c;
 class mgCone_c;
 class mgCylinder_c;
 class mgPrimitiveBodyData_c;
+
+// Records of curved edges.
+struct arcEdgeData;
+struct ellipseEdgeData;
+struct parabolaEdgeData;
 
 // Support.
 template <class T>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Free functions that intersect lines, segments, rays, planes and circles, and recognise straight
-// polylines and arcs.
+// Free functions that intersect lines, segments, rays, planes and circles, recognise straight
+// polylines and arcs, and find hulls, tours and orders of points.
 
 #ifndef VEXMATH_MG_QUERIES_H
 #define VEXMATH_MG_QUERIES_H
@@ -130,6 +130,38 @@ VEXMATH_API int mg_IsPolylineLine(int n, mgPoint_c const *pts, mgPoint_c &start,
 /// was.
 VEXMATH_API int mg_Find3PointArcCenter(mgPoint_c const *pts, mgPoint_c *center,
                                        mgUnitVector_c *normal);
+
+// Point sets.
+
+/// Planar convex hull, appended to `hull` counter-clockwise from the point of lowest x (then lowest
+/// y), without a closing duplicate and without points on its edges. Returns 0 for an empty input,
+/// or when both arguments are the same object, and touches nothing; otherwise 1.
+///
+/// Leaves the input sorted by x, then y, NaN last, and free of exact duplicates; each removal is
+/// notified as (index, last index then). Fewer than four different points are all returned, as a
+/// counter-clockwise triangle where there are three. Collinear points: see the marks in the body.
+///
+/// Method: A. M. Andrew, "Another efficient algorithm for convex hulls in two dimensions", 1979.
+VEXMATH_API int convexHull(suDynamicArray<mg2DPoint_c> &input, suDynamicArray<mg2DPoint_c> &hull);
+
+/// A short open path through all points, as their indices in visiting order: the path starts with
+/// the last two points and grows by the cheapest insertion. Up to two points keep their order, and
+/// so do more than that when the path cannot be completed. Ties keep the earlier choice.
+///
+/// About n^2 work for finite points; n^3 when a distance is infinite or NaN.
+/// Method: D. J. Rosenkrantz, R. E. Stearns, P. M. Lewis, "An analysis of several heuristics for
+/// the traveling salesman problem", 1977 (cheapest insertion).
+VEXMATH_API void mg_OpenTSP(suDynamicArray<mgPoint_c> &points, suDynamicArray<int> &order);
+
+/// Sorts points[first] to points[last], both included, by `mgPoint_c::isLessThan` with its default
+/// tolerance. That order is not transitive across the tolerance: points closer than it can end in
+/// an order that depends on their arrangement before, always the same for the same input. Nothing
+/// happens unless first < last. Recursion stays logarithmic.
+/// Method: C. A. R. Hoare, "Quicksort", 1962, with the median of three as pivot.
+VEXMATH_API void mg_pointQuickSort(mgPoint_c *points, int first, int last);
+/// The same by selection: for each place the least of the points behind it, the earliest among
+/// equals. Quadratic work.
+VEXMATH_API void mg_pointSelectionSort(mgPoint_c *points, int first, int last);
 
 // -------------------------------------------------------------------------------------------------
 

@@ -10,6 +10,7 @@
 #include <vexmath/circle.h>
 #include <vexmath/cone.h>
 #include <vexmath/dynamic_array.h>
+#include <vexmath/edge_data.h>
 #include <vexmath/export.h>
 #include <vexmath/forward.h>
 #include <vexmath/gen_xform.h>
@@ -23,6 +24,7 @@
 #include <vexmath/mg_matrix.h>
 #include <vexmath/mg_primitives.h>
 #include <vexmath/mg_queries.h>
+#include <vexmath/mg_tessellation.h>
 #include <vexmath/mg_transform.h>
 #include <vexmath/mg_vector.h>
 #include <vexmath/persp_info.h>

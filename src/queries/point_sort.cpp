@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+// In-place sorting of points.
+
+#include <vexmath/mg_queries.h>
+#include <vexmath/point.h>
+
+#include "stable_order.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <utility>
+#include <vector>
+
+namespace {
+
+bool isLess(mgPoint_c const &a, mgPoint_c const &b) { return a.isLessThan(b, -1.0) != 0; }
+
+bool isGreater(mgPoint_c const &a, mgPoint_c const &b) {
+    return !isLess(a, b) && !a.isSame(b, -1.0);
+}
+
+/// Index of the median of the first, middle and last point.
+int medianOfThree(mgPoint_c const *points, int first, int last) {
+    int const middle = static_cast<int>((std::int64_t{first} + last) / 2);
+    int low = first;
+    int high = last;
+    if (isLess(points[high], points[low])) std::swap(low, high);
+    int median = middle;
+    if (isLess(points[median], points[low])) median = low;
+    if (isLess(points[high], points[median])) median = high;
+    return median;
+}
+
+/// Moves what is less than a pivot before it and what is greater behind it; returns its place. Both
+/// scans stop at each other as well: the order is not transitive within its tolerance, and NaN is
+/// less than nothing, so that no point can be trusted to stop a scan.
+int partition(mgPoint_c *points, int first, int last) {
+    std::swap(points[first], points[medianOfThree(points, first, last)]);
+    mgPoint_c const pivot = points[first];
+    int up = first + 1;
+    int down = last;
+    while (up < down) {
+        while (up < down && isLess(points[up], pivot)) ++up;
+        while (up < down && isGreater(points[down], pivot)) --down;
+        if (up < down) std::swap(points[up++], points[down--]);
+    }
+    int const place = isLess(points[up], pivot) ? up : up - 1;
+    std::swap(points[first], points[place]);
+    return place;
+}
+
+void quickSort(mgPoint_c *points, int first, int last) {
+    /// Ranges of fewer points than this, last - first below it, are left to the selection sort.
+    constexpr int kSmallestSpan = 10;
+    while (first < last && last - first >= kSmallestSpan) {
+        int const place = partition(points, first, last);
+        // The shorter side by recursion, the longer one by the loop: the sides do not meet, so the
+        // result is the same, and the depth stays logarithmic.
+        if (place - first < last - place) {
+            quickSort(points, first, place - 1);
+            first = place + 1;
+        } else {
+            quickSort(points, place + 1, last);
+            last = place - 1;
+        }
+    }
+    mg_pointSelectionSort(points, first, last);
+}
+
+/// Sorts runs of points whose neighbours along an axis are within tolerance, given points that
+/// ascend along it, by the axes behind. False, with the points in any order, unless `isLess` tells
+/// any two of them apart that are not identical, and tells it without a circle.
+bool sortRuns(mgPoint_c *first, mgPoint_c *last, int axis) {
+    auto const within = [axis](mgPoint_c const &a, mgPoint_c const &b) {
+        return b[axis] - a[axis] <= vexmath::kLengthTolerance;
+    };
+    for (mgPoint_c *end = first; first != last; first = end) {
+        do ++end;
+        while (end != last && within(end[-1], *end));
+        if (end - first == 1) continue;
+        // Within tolerance of its neighbours and not of all: equal here is not transitive.
+        if (!within(*first, end[-1])) return false;
+        int const next = axis + 1;
+        if (next == 3) {
+            auto const same = [first](mgPoint_c const &p) {
+                return std::memcmp(first, &p, sizeof p) == 0;
+            };
+            if (!std::all_of(first, end, same)) return false;
+        } else {
+            std::sort(first, end,
+                      [next](mgPoint_c const &a, mgPoint_c const &b) { return a[next] < b[next]; });
+            if (!sortRuns(first, end, next)) return false;
+        }
+    }
+    return true;
+}
+
+/// Are the points finite, and so far spread along x that few are likely to be within tolerance of a
+/// neighbour that is in turn within tolerance of another?
+bool areSpread(mgPoint_c const *points, std::size_t n) {
+    double low = points[0].x();
+    double high = low;
+    for (std::size_t i = 0; i < n; ++i) {
+        mgPoint_c const &p = points[i];
+        if (!std::isfinite(p.x()) || !std::isfinite(p.y()) || !std::isfinite(p.z())) return false;
+        low = std::min(low, p.x());
+        high = std::max(high, p.x());
+    }
+    double const count = static_cast<double>(n);
+    double const chance = count * vexmath::kLengthTolerance / (high - low); // of one neighbour
+    return count * chance * chance < 1.0;
+}
+
+/// Sorts points of which only one order agrees with `isLess`, in linear time where few agree in x.
+/// That order is what any sort comes to, the quick sort too. Other points are left as they were:
+/// false.
+bool sortIfUnique(mgPoint_c *points, std::size_t n) {
+    if (!areSpread(points, n)) return false;
+    std::vector<vexmath::detail::OrderKey> keys(n);
+    for (std::size_t i = 0; i < n; ++i)
+        keys[i] = vexmath::detail::orderKey(points[i].x(), static_cast<std::uint32_t>(i));
+    sortStably(keys);
+    std::vector<mgPoint_c> sorted(n);
+    for (std::size_t i = 0; i < n; ++i) sorted[i] = points[keys[i].index];
+    if (!sortRuns(sorted.data(), sorted.data() + n, 0)) return false;
+    std::copy(sorted.begin(), sorted.end(), points);
+    return true;
+}
+
+} // namespace
+
+void mg_pointSelectionSort(mgPoint_c *points, int first, int last) {
+    for (int i = first; i < last; ++i) {
+        int least = i;
+        for (int j = i + 1; j <= last; ++j) {
+            if (isLess(points[j], points[least])) least = j;
+        }
+        if (least != i) std::swap(points[i], points[least]);
+    }
+}
+
+void mg_pointQuickSort(mgPoint_c *points, int first, int last) {
+    /// From this many points on the other sort is faster.
+    constexpr std::int64_t kMany = 2000;
+    std::int64_t const n = std::int64_t{last} - first + 1;
+    if (n >= kMany && sortIfUnique(points + first, static_cast<std::size_t>(n))) return;
+    quickSort(points, first, last);
+}

@@ -1,0 +1,233 @@
+// SPDX-License-Identifier: MIT
+// Open tours by cheapest insertion.
+//
+// The rule: the path starts with the last two points. In each step every edge of the path, in path
+// order, is combined with every point that is left, in index order. The combination's value is the
+// detour over the point; at the last edge the way from the path's end to the point replaces it when
+// strictly shorter, then at the first edge the way from its start. The first combination of least
+// value is carried out.
+//
+// `insertByScan` does just that, in n^3 work. `Tour` remembers for each point its own first
+// combination of least value and looks only at what an insertion changed. The two agree to the bit
+// for finite distances; NaN and infinity go to the scan.
+
+#include <vexmath/mg_queries.h>
+#include <vexmath/mg_vector.h>
+#include <vexmath/su_dynamic_array.h>
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <vector>
+
+namespace {
+
+/// How a point joins the path at an edge.
+enum class Join { Between, BehindTheEnd, BeforeTheStart };
+
+/// A combination of an edge, named by its place in the path, with a point.
+struct Candidate {
+    double value;
+    int place; ///< the edge joins path[place - 1] and path[place]
+    Join join;
+
+    /// Where in the path the point goes.
+    int position() const {
+        if (join == Join::BeforeTheStart) return 0;
+        return join == Join::BehindTheEnd ? place + 1 : place;
+    }
+};
+
+/// The value of one point at one edge, given its distances to the ends and the edge's length.
+Candidate evaluate(double toTail, double toHead, double length, int place, bool first, bool last) {
+    Candidate best{toHead + toTail - length, place, Join::Between};
+    if (last && toHead < best.value) best = {toHead, place, Join::BehindTheEnd};
+    if (first && toTail < best.value) best = {toTail, place, Join::BeforeTheStart};
+    return best;
+}
+
+/// The path found by scanning all combinations in each step, NaN and infinity included.
+std::vector<int> insertByScan(mgPoint_c const *points, int n) {
+    std::vector<int> path{n - 2, n - 1};
+    std::vector<int> left(static_cast<std::size_t>(n - 2));
+    std::iota(left.begin(), left.end(), 0);
+    while (!left.empty()) {
+        Candidate best{0.0, 0, Join::Between};
+        auto chosen = left.end();
+        int const edges = static_cast<int>(path.size()) - 1;
+        for (int place = 1; place <= edges; ++place) {
+            mgPoint_c const &head = points[path[static_cast<std::size_t>(place)]];
+            mgPoint_c const &tail = points[path[static_cast<std::size_t>(place - 1)]];
+            double const length = dist(head, tail);
+            for (auto r = left.begin(); r != left.end(); ++r) {
+                double const toTail = dist(points[*r], tail);
+                double const toHead = dist(points[*r], head);
+                bool const first = place == 1;
+                bool const last = place == edges;
+                // Not a comparison of values: a detour of NaN is chosen for its end alone.
+                bool const better = toHead + toTail - length < best.value
+                                    || (last && toHead < best.value)
+                                    || (first && toTail < best.value);
+                if (chosen == left.end() || better) {
+                    best = evaluate(toTail, toHead, length, place, first, last);
+                    chosen = r;
+                }
+            }
+        }
+        path.insert(path.begin() + best.position(), *chosen);
+        left.erase(chosen);
+    }
+    return path;
+}
+
+/// The path under construction, for finite distances.
+class Tour {
+public:
+    Tour(mgPoint_c const *points, int n);
+
+    /// All points, in visiting order.
+    std::vector<int> build();
+
+private:
+    /// A point that is left, with its first combination of least value.
+    struct Open {
+        mgPoint_c at;
+        int index;
+        Candidate best;
+    };
+
+    mgPoint_c const &node(int place) const {
+        return points_[path_[static_cast<std::size_t>(place)]];
+    }
+    double &length(int place) { return lengths_[static_cast<std::size_t>(place)]; }
+    int edges() const { return static_cast<int>(path_.size()) - 1; }
+    Candidate bestOfAll(mgPoint_c const &point) const;
+    std::vector<Open>::iterator cheapest();
+    void carryOut(int index, Candidate const &done);
+    void follow(Candidate const &done);
+
+    mgPoint_c const *points_;
+    std::vector<int> path_;
+    std::vector<double> lengths_; // of the edge at each place, 1 and up
+    std::vector<Open> open_;      // in index order
+};
+
+Tour::Tour(mgPoint_c const *points, int n)
+    : points_(points), path_{n - 2, n - 1}, lengths_{0.0, dist(points[n - 1], points[n - 2])} {
+    path_.reserve(static_cast<std::size_t>(n));
+    lengths_.reserve(static_cast<std::size_t>(n));
+    open_.reserve(static_cast<std::size_t>(n - 2));
+    for (int i = 0; i < n - 2; ++i) open_.push_back({points[i], i, bestOfAll(points[i])});
+}
+
+Candidate Tour::bestOfAll(mgPoint_c const &point) const {
+    Candidate best{};
+    double toTail = dist(point, node(0));
+    for (int place = 1; place <= edges(); ++place) {
+        double const toHead = dist(point, node(place));
+        Candidate const here = evaluate(toTail, toHead, lengths_[static_cast<std::size_t>(place)],
+                                        place, place == 1, place == edges());
+        if (place == 1 || here.value < best.value) best = here;
+        toTail = toHead;
+    }
+    return best;
+}
+
+/// The point whose combination comes first in scan order among those of least value.
+std::vector<Tour::Open>::iterator Tour::cheapest() {
+    return std::min_element(open_.begin(), open_.end(), [](Open const &a, Open const &b) {
+        if (a.best.value != b.best.value) return a.best.value < b.best.value;
+        return a.best.place < b.best.place;
+    });
+}
+
+/// Puts a point into the path. What was the edge at done.place is now two: the edges there and at
+/// the next place, one of them the old one when the point went to an end.
+void Tour::carryOut(int index, Candidate const &done) {
+    path_.insert(path_.begin() + done.position(), index);
+    lengths_.insert(lengths_.begin() + done.place, 0.0);
+    for (int place : {done.place, done.place + 1})
+        length(place) = dist(node(place), node(place - 1));
+}
+
+/// Brings the best of every open point up to date after `done` was carried out.
+///
+/// A combination is gone with its edge, or with its end of the path. Every other edge is worse than
+/// it was, or as good and later in the path; so the two edges that took its place decide, as long
+/// as one of them is no worse, and otherwise all must be looked at. A combination that stands is
+/// only challenged by those two.
+void Tour::follow(Candidate const &done) {
+    int const place = done.place;
+    mgPoint_c const tail = node(place - 1);
+    mgPoint_c const middle = node(place);
+    mgPoint_c const head = node(place + 1);
+    double const lengthBefore = length(place);
+    double const lengthBehind = length(place + 1);
+    bool const first = place == 1;
+    bool const last = place + 1 == edges();
+    for (Open &point : open_) {
+        double const toMiddle = dist(point.at, middle);
+        Candidate const before =
+            evaluate(dist(point.at, tail), toMiddle, lengthBefore, place, first, false);
+        Candidate const behind =
+            evaluate(toMiddle, dist(point.at, head), lengthBehind, place + 1, false, last);
+        Candidate const &fresh = behind.value < before.value ? behind : before;
+
+        Candidate &best = point.best;
+        bool const gone =
+            best.place == place && (done.join == Join::Between || best.join == done.join);
+        if (gone) {
+            best = fresh.value <= best.value ? fresh : bestOfAll(point.at);
+            continue;
+        }
+        if (best.place > done.position()) ++best.place;
+        bool const better =
+            fresh.value < best.value || (fresh.value == best.value && fresh.place < best.place);
+        if (better) best = fresh;
+    }
+}
+
+std::vector<int> Tour::build() {
+    while (!open_.empty()) {
+        auto const chosen = cheapest();
+        int const index = chosen->index;
+        Candidate const done = chosen->best;
+        open_.erase(chosen);
+        carryOut(index, done);
+        follow(done);
+    }
+    return path_;
+}
+
+/// No distance between two of the points can be infinite or NaN.
+bool distancesAreFinite(mgPoint_c const *points, int n) {
+    mgPoint_c low = points[0];
+    mgPoint_c high = points[0];
+    for (int i = 0; i < n; ++i) {
+        for (int k = 0; k < 3; ++k) {
+            if (!std::isfinite(points[i][k])) return false;
+            low[k] = std::min(low[k], points[i][k]);
+            high[k] = std::max(high[k], points[i][k]);
+        }
+    }
+    return std::isfinite(dist(low, high));
+}
+
+} // namespace
+
+void mg_OpenTSP(suDynamicArray<mgPoint_c> &points, suDynamicArray<int> &order) {
+    int const n = points.Count();
+    amDynamicArrayResize(order.Data(), 0);
+    order.elementsChanged(0, -1);
+    for (int i = 0; i < n; ++i) order.Add(i);
+    if (n < 3) return;
+
+    mgPoint_c const *const p = points.Data();
+    std::vector<int> const path =
+        distancesAreFinite(p, n) ? Tour(p, n).build() : insertByScan(p, n);
+    auto *const visited =
+        static_cast<int *>(suDynArrayAllocSpecial(n, 1, 1, static_cast<int>(sizeof(int))));
+    if (visited == nullptr) return;
+    std::copy(path.begin(), path.end(), visited);
+    order.Adopt(visited);
+}

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+// Parabolas and arcs of hyperbolas to polylines, by vertex and focus.
+
+#include <vexmath/edge_data.h>
+#include <vexmath/mg_tessellation.h>
+#include <vexmath/mg_vector.h>
+
+#include "polyline_output.h"
+
+#include <algorithm>
+#include <cmath>
+
+double mg_getConicEccentricity(mgPoint_c const &focus, mgPoint_c const &vertex,
+                               mgPoint_c const &start, mgPoint_c const &end) {
+    // Every point is e times as far from the focus as from the directrix, which crosses the axis
+    // f / e before the vertex. At height h along the axis from the vertex: r = e (h + f / e).
+    double const focal = dist(focus, vertex);
+    mgUnitVector_c const axis = mg_Normalise(focus - vertex);
+    double const startHeight = (start - vertex) % axis;
+    double const endHeight = (end - vertex) % axis;
+    bool const endIsFarther = endHeight > startHeight;
+    double const height = endIsFarther ? endHeight : startHeight;
+    double const excess = dist(endIsFarther ? end : start, focus) - focal;
+    return excess == 0.0 && height == 0.0 ? 1.0 : excess / height;
+}
+
+namespace {
+
+/// A parabola or hyperbola over its parameter t, the way across the axis in units of 2 f.
+///
+/// With q = (e + 1) / 4 the height above the vertex in units of f solves
+/// t^2 = 2 q h + (e^2 - 1) h^2 / 4; its root is written with the sum in the denominator, so that it
+/// needs no case for e = 1.
+class OpenConic {
+public:
+    explicit OpenConic(parabolaEdgeData const &p)
+        : vertex_(p.vertex), axis_(mg_Normalise(p.focus - p.vertex)),
+          across_(mg_Normalise(mgUnitVector_c(p.normal) * axis_)), focal_(dist(p.focus, p.vertex)),
+          eccentricity_(std::max(mg_getConicEccentricity(p.focus, p.vertex, p.start, p.end), 1.0)) {
+    }
+
+    double parameterOf(mgPoint_c const &p) const {
+        return ((p - vertex_) % across_) / (2.0 * focal_);
+    }
+
+    mgPoint_c at(double t) const {
+        double const q = 0.25 * (eccentricity_ + 1.0);
+        double const root = std::sqrt(t * t * (eccentricity_ * eccentricity_ - 1.0) * 0.25 + q * q);
+        return vertex_ + across_ * (2.0 * focal_ * t) + axis_ * (focal_ * (t * t) / (root + q));
+    }
+
+private:
+    mgPoint_c vertex_;
+    mgUnitVector_c axis_;
+    mgUnitVector_c across_;
+    double focal_;
+    double eccentricity_;
+};
+
+} // namespace
+
+// QUIRK: the tolerance plays no part, the number of segments depends on the parameters alone; a
+// caller would expect fewer for a coarse one. Stored drawings count on the number.
+// (test: TheToleranceDoesNotChangeAParabola)
+void mg_TessParabola(parabolaEdgeData const *parabola, double /*tol*/, mgPoint_c **outArray,
+                     int &count, suDynamicArray<mgPoint_c> *list) {
+    constexpr double kSegmentsPerUnit = 25.0;
+    constexpr int kFewest = 10;
+    vexmath::detail::PolylineOutput const output(outArray, count, list);
+    OpenConic const curve(*parabola);
+    double const start = curve.parameterOf(parabola->start);
+    double const end = curve.parameterOf(parabola->end);
+    if (start == end) return;
+
+    double const segments = std::fabs(end - start) * kSegmentsPerUnit;
+    int const n = segments < kFewest ? kFewest : vexmath::detail::wholeSegments(segments);
+    // The parameter is a running sum: callers compare these points with ones they stored.
+    output.append(n, [curve, step = (end - start) / n, t = start](int) mutable {
+        mgPoint_c const point = curve.at(t);
+        t += step;
+        return point;
+    });
+}
