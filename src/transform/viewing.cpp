@@ -84,7 +84,8 @@ double targetPixel(std::int64_t p1, std::int64_t p2) {
     // reader would expect the middle of the box. Callers drag their rubber band from the top left
     // and flip it themselves otherwise. (test: ABoxDraggedBackwardsIsCentredBeyondItsStart)
     std::int64_t const extent = p2 < p1 ? p1 - p2 : p2 - p1;
-    return static_cast<double>(extent / 2 + p1);
+    std::int64_t const target = extent / 2 + p1;
+    return static_cast<double>(target);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 // here calls a trigonometric function: those belong to the C library and differ between libraries.
 
 #include <vexmath/bbox.h>
+#include <vexmath/mg_queries.h>
 #include <vexmath/mg_transform.h>
 #include <vexmath/mg_vector.h>
 #include <vexmath/xform.h>
@@ -125,6 +126,27 @@ void boxes(Stream &in, Bits &out) {
     out.add(a);
 }
 
+void queries(Stream &in, Bits &out) {
+    mgLine_c const line{in.point(), in.direction()}, second{in.point(), in.direction()};
+    mgPlane_c const plane{in.point(), in.direction()}, other{in.point(), in.direction()};
+    mgPoint_c const &a = line.rootPoint(), &b = second.rootPoint();
+    double const r1 = in.next(), r2 = in.next();
+    mgPoint_c p, q;
+    mgLine_c common;
+    double t = 0.0;
+    out.add(mg_LineIntPlane(line, plane, &p, &t));
+    out.add(mg_LineIntLine(a, line.direction(), b, second.direction(), &q, 1e-8));
+    out.add(mg_PlaneIntPlane(plane, other, &common));
+    out.add(line.distToLine(common, nullptr, nullptr));
+    out.add(common.direction());
+    for (mgPoint_c const &point : {p, q, common.rootPoint()}) out.add(point);
+    out.add(mg_LineSegIntLineSeg2D(a, p, b, q, &p));
+    out.add(mg_LineIntCircle2D(a, line.direction(), b, r1, &p, &q));
+    out.add(mg_CircleIntCircle2D(a, r1, b, r2, &p, &q));
+    for (mgPoint_c const &point : {p, q}) out.add(point);
+    out.add(t);
+}
+
 void print(char const *name, void (*family)(Stream &, Bits &)) {
     Stream in;
     Bits out;
@@ -138,5 +160,6 @@ int main() {
     print("vectors", vectors);
     print("matrices", matrices);
     print("transforms", transforms);
+    print("queries", queries);
     print("boxes", boxes);
 }

@@ -80,7 +80,7 @@ TEST(Rays, AConeReportsAxisCapAndSideApart) {
 
 TEST(Rays, AConesCapIsPerpendicularToItsAxis) {
     mgUnitVector_c const axis(2, 3, 6);
-    mgPoint_c const onCap = mgPoint_c(1, 2, 3) + 4.0 * axis + 3.0 * mgUnitVector_c(6, 2, -3);
+    mgPoint_c const onCap = mgPoint_c(1, 2, 3) + 4.0 * axis + 5.0 * mgUnitVector_c(6, 2, -3);
     mgLine_c const ray(onCap + mgVector_c(1, 0, 5), mgUnitVector_c(-1, 0, -5));
     mgPoint_c out(1, 2, 3); // the apex as well
     EXPECT_EQ(mgIntersect_Point, mg_RayIntConeSeg(ray, out, axis, 1.0, 0.5, 4.0, &out));

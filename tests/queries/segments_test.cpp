@@ -44,9 +44,9 @@ TEST(Segments, CollinearSegmentsCoincideWhenTheyOverlapOrTouch) {
         checkSegments(type, a, {to, 0, 0}, {from, 0, 0});
     };
     check(Coincident, 1, 2);
-    check(Coincident, -1, 5);
+    check(Coincident, -7, 9);
     check(Coincident, 4, 7);
-    check(Coincident, -7, 0);
+    check(Coincident, -7, -9e-9); // touching within the tolerance
     check(None, std::nextafter(4, 5), 7);
     check(None, -7, -2e-8);
 }
@@ -87,6 +87,7 @@ TEST(Segments2D, OffTheLineTheCandidateIsWrittenUnlessBothEndsAreOnOneSide) {
     checkPlanar(None, {4 + 2e-8, 0, 0}, {4 + 2e-8, -2, 0}, {4 + 2e-8, 2, 0});
     checkPlanar(None, {-1, 0, 0}, {-1, 2, 0}, {-1, 0, 0});
     checkPlanar(None, untouched, {1, 1, 0}, {2, 2, 0});
+    checkPlanar(None, untouched, {1, -1, 0}, {2, -2, 0});
     checkPlanar(Point, {1, 9e-9, 0}, {1, 9e-9, 0}, {2, 1, 0}); // on the line within 1e-08
     checkPlanar(None, untouched, {1, 2e-8, 0}, {2, 1, 0});
 }
@@ -126,6 +127,7 @@ TEST(Segments2D, AMarkedPointMeetsNothing) {
         EXPECT_EQ(Point, crossingWith(9, std::nextafter(mark, -1)));
     }
     checkPlanar(None, untouched, {1, 1, 0}, {1, 1, 9e-9}); // equal ends
+    checkPlanar(None, untouched, {1, 0, 0}, {HUGE_VAL, 0, 0});
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include <vexmath/vexmath.h>
 
 #include <vexmath_platform/dump_context.h>
+#include <vexmath_platform/point.h>
 
 int main() {
     mgPoint_c point(1, 2, 3);
@@ -34,10 +35,14 @@ int main() {
 
     if (uo_GenSelSOLIDBODIESFIRST.getIndex(uoSelTypes_e(76)) != 1) return 6;
 
+    CPoint const topLeft = {0, 10}, bottomRight = {20, 40};
+    mgXform_c const zoom = mg_ZoomBoxToBox(topLeft, bottomRight, point, point, mgXform_c(), 1.0);
+    if (!(point * zoom == mgPoint_c(10, 25, 0))) return 7;
+
     // The same object under the name without operations.
     CArchive &plain = document;
     point.save(plain);
     pointBack.set(0, 0, 0);
     pointBack.restore(plain);
-    return pointBack == point ? 0 : 7;
+    return pointBack == point ? 0 : 8;
 }
