@@ -117,7 +117,8 @@ public:
     VEXMATH_API int clashLine(mgPoint_c const *a, mgPoint_c const *b) const;
     VEXMATH_API int clashLine(mgPoint_c const *a, mgPoint_c const *b, double tol) const;
 
-    // Lines through p along dir, which is used as it is. No direction makes the line the point p.
+    // Lines through p along dir, which is used as it is. Without a direction the sphere counts as
+    // met, wherever it is, and no face does.
 
     /// Does the line, on either side of p, meet the bounding sphere? |distance|^2 <= radius^2 +
     /// 2e-08. An unset box counts as the point (0, 0, 0).

@@ -40,6 +40,7 @@ TEST(SphereHit, AnUnsetBoxIsThePointAtTheOrigin) {
     EXPECT_EQ(unset.sphereHitByRay(mgPoint_c(5.0, 1.414e-4, 0.0), xAxis), 1);
     EXPECT_EQ(unset.sphereHitByRay(mgPoint_c(5.0, 1.415e-4, 0.0), xAxis), 0);
     EXPECT_EQ(unset.sphereHitByRay(box.center(), xAxis), 0);
+    EXPECT_EQ(unset.sphereHitByRay(box.center(), mgUnitVector_c()), 1); // no direction
 }
 
 void CheckHit(int expected, mgPoint_c const &p, mgUnitVector_c const &dir) {
