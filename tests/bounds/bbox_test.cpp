@@ -21,6 +21,7 @@ mgBBox_c const bloated = boxOf(P(), 9.0, P(-1.0, -1.0, -1.0), P(1.0, 1.0, 1.0));
 std::wstring textOf(mgBBox_c const &box) {
     CString text(L"old");
     box.saveStringRep(text);
+    box.dump(); // which nobody sees
     return static_cast<wchar_t const *>(text);
 }
 

@@ -52,4 +52,7 @@ TEST(TransformAccess, PerspectivesCompareThroughTheTransformAndKeepTheirMembers)
     mgPoint_c focus;
     model.getFocusPoint(&focus);
     EXPECT_BITS_EQ(mgPoint_c(5, 2, 3), focus);
+    info.getFocusPoint(&focus);
+    EXPECT_BITS_EQ(mgPoint_c(1, 2, 7), focus);
+    EXPECT_BITS_EQ(mgUnitVector_c::xAxis(), model.getModelViewDir());
 }

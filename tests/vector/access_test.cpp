@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What setters store, getters give back; and arithmetic that mixes points and vectors.
 
+#include <vexmath/mg_vector.h>
 #include <vexmath/point2d.h>
 #include <vexmath/unit_vector.h>
 #include <vexmath/vector4.h>
@@ -50,6 +51,7 @@ TEST(Access, ArraysGoInAndOutInOrder) {
     }
     EXPECT_BITS_EQ(mgPoint_c(), mgVector_c::nullVector());
     EXPECT_BITS_EQ(mgPoint_c(0.0, 1.0, 0.0), mgUnitVector_c::yAxis());
+    EXPECT_BITS_EQ(mgUnitVector_c(1.0, 2.0, 3.0), mgUnitVector_c(xyz));
 }
 
 TEST(Access, PlanarAndHomogeneousValues) {
@@ -69,12 +71,23 @@ TEST(Access, PlanarAndHomogeneousValues) {
     EXPECT_BITS_EQ(kPoint, homogeneous.getVector3());
     EXPECT_EQ(mgVector4_c(kPoint)[2], 3.0);
     EXPECT_EQ(mgVector4_c(kPoint)[3], 1.0);
+
+    mgTessPoint2D_c const stored(1.0F, 2.0F, 0.1F);
+    mgTessPoint2D_c const rounded(1.0, 2.0, 0.1);
+    EXPECT_EQ(stored.z, rounded.z);
+    EXPECT_EQ(stored.x + stored.y, 3.0F);
 }
 
 TEST(Access, MixturesOfPointsAndVectorsMeanWhatTheySay) {
     EXPECT_BITS_EQ(mgPoint_c(9.0, 18.0, 37.0), kVector - kPoint);
     EXPECT_BITS_EQ(mgPoint_c(11.0, 22.0, 43.0), kVector + kPoint);
     EXPECT_BITS_EQ(mgPoint_c(2.0, 4.0, 6.0), kPoint + kPoint);
+    mgPoint_c moved = kPoint;
+    moved += kVector;
+    EXPECT_BITS_EQ(kPoint + kVector, moved);
+    moved -= kVector;
+    EXPECT_BITS_EQ(kPoint, moved);
+    EXPECT_EQ(sqDist(kPoint, kVector), 9.0 * 9.0 + 18.0 * 18.0 + 37.0 * 37.0);
     EXPECT_EQ(kPoint % kVector, 170.0);
     EXPECT_EQ(kVector % kPoint, 170.0);
     EXPECT_EQ(kPoint % kPoint, 14.0);
