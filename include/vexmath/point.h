@@ -106,6 +106,17 @@ public:
     VEXMATH_API void save2D(CArchive &ar) const;
     VEXMATH_API void restore2D(CArchive &ar);
 
+    // `p + 1` would step the address of x, and `p < q` compare addresses; isLessThan orders.
+    // Friends, so that they are seen by this class's operands alone: every number and enumerator
+    // converts, if only to be refused, and would make `1 + enumerator` ambiguous elsewhere.
+    friend bool operator<(mgPoint_c const &, mgPoint_c const &) = delete;
+    template <class N>
+    friend vexmath::detail::IfNumber<N> operator+(mgPoint_c const &, N) = delete;
+    template <class N>
+    friend vexmath::detail::IfNumber<N> operator+(N, mgPoint_c const &) = delete;
+    template <class N>
+    friend vexmath::detail::IfNumber<N> operator-(mgPoint_c const &, N) = delete;
+
 private:
     double x_ = 0.0;
     double y_ = 0.0;
@@ -133,15 +144,6 @@ int operator==(mgVector_c const &v, mgPoint_c const &p);
 int operator!=(mgPoint_c const &p, mgPoint_c const &q);
 int operator!=(mgPoint_c const &p, mgVector_c const &v);
 int operator!=(mgVector_c const &v, mgPoint_c const &p);
-
-// `p + 1` would step the address of x, and `p < q` compare addresses; isLessThan orders points.
-bool operator<(mgPoint_c const &, mgPoint_c const &) = delete;
-template <class N, vexmath::detail::IfNumber<N> = 0>
-mgPoint_c operator+(mgPoint_c const &, N) = delete;
-template <class N, vexmath::detail::IfNumber<N> = 0>
-mgPoint_c operator+(N, mgPoint_c const &) = delete;
-template <class N, vexmath::detail::IfNumber<N> = 0>
-mgPoint_c operator-(mgPoint_c const &, N) = delete;
 
 /// Archive record of a point: x, y, z as three doubles. A failing read leaves p as it was.
 VEXMATH_API su_CArchive &operator<<(su_CArchive &ar, mgPoint_c &p);

@@ -114,6 +114,17 @@ public:
     /// Reads three doubles. REQUIRES a su_CArchive. A failing read leaves the vector as it was.
     VEXMATH_API void restore(CArchive &ar);
 
+    // `v + 1` would step the address of x, and `v < w` compare addresses.
+    // Friends, so that they are seen by this class's operands alone: every number and enumerator
+    // converts, if only to be refused, and would make `1 + enumerator` ambiguous elsewhere.
+    friend bool operator<(mgVector_c const &, mgVector_c const &) = delete;
+    template <class N>
+    friend vexmath::detail::IfNumber<N> operator+(mgVector_c const &, N) = delete;
+    template <class N>
+    friend vexmath::detail::IfNumber<N> operator+(N, mgVector_c const &) = delete;
+    template <class N>
+    friend vexmath::detail::IfNumber<N> operator-(mgVector_c const &, N) = delete;
+
 private:
     double x_ = 0.0;
     double y_ = 0.0;
@@ -141,15 +152,6 @@ int operator==(mgVector_c const &a, mgVector_c const &b);
 // are 0. Callers that ask twice rely on a border case being neither. Points likewise.
 // (test: EqualAndUnequalAreBothFalseOnTheBound)
 int operator!=(mgVector_c const &a, mgVector_c const &b);
-
-// `v + 1` would step the address of x, and `v < w` compare addresses.
-bool operator<(mgVector_c const &, mgVector_c const &) = delete;
-template <class N, vexmath::detail::IfNumber<N> = 0>
-mgVector_c operator+(mgVector_c const &, N) = delete;
-template <class N, vexmath::detail::IfNumber<N> = 0>
-mgVector_c operator+(N, mgVector_c const &) = delete;
-template <class N, vexmath::detail::IfNumber<N> = 0>
-mgVector_c operator-(mgVector_c const &, N) = delete;
 
 // -------------------------------------------------------------------------------------------------
 
