@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
-// The one way in which the program gives up: a line for the user that names the file and the place.
+// The one way in which a program gives up: a line for the user that names the file and the place.
 
-#ifndef ASSEMBLY_FAILURE_H
-#define ASSEMBLY_FAILURE_H
+#ifndef EXAMPLE_FAILURE_H
+#define EXAMPLE_FAILURE_H
 
+#include <functional>
 #include <stdexcept>
 #include <string>
 
-namespace assembly {
+namespace example {
 
-/// Bad input or an output that cannot be written. what() is the line that main() prints before it
-/// ends with status 2.
+/// Bad input or an output that cannot be written. what() is the line that `runProgram` prints.
 class Failure : public std::runtime_error {
 public:
     Failure(std::string const &file, std::string const &what)
@@ -19,6 +19,10 @@ public:
         : std::runtime_error(file + ": " + place + ": " + what) {}
 };
 
-} // namespace assembly
+/// The status with which main() ends: 0 when the work is done and its output is out, 2 when it
+/// failed, after one line on standard error.
+int runProgram(std::function<void()> const &work);
+
+} // namespace example
 
 #endif
