@@ -9,7 +9,7 @@
 
 #include <map>
 
-namespace assembly {
+namespace example::assembly {
 
 namespace fs = std::filesystem;
 
@@ -88,4 +88,4 @@ AssemblyFile readAssemblyFile(std::string const &file) {
     return assembly;
 }
 
-} // namespace assembly
+} // namespace example::assembly

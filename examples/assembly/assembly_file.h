@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace assembly {
+namespace example::assembly {
 
 struct PartEntry {
     std::string name;
@@ -48,6 +48,6 @@ struct AssemblyFile {
 /// part name used twice and a mesh file that is not there each throw Failure with their place.
 AssemblyFile readAssemblyFile(std::string const &file);
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

@@ -5,7 +5,7 @@
 
 #include <cstddef>
 
-namespace assembly {
+namespace example::assembly {
 
 std::array<mgPoint_c, 8> cornersOf(mgBBox_c const &box) {
     mgPoint_c const ends[] = {box.low(), box.high()};
@@ -44,4 +44,4 @@ std::optional<Edge> insideOf(mgBBox_c const &box, mgLine_c const &line) {
     return meets ? std::optional<Edge>(inside) : std::nullopt;
 }
 
-} // namespace assembly
+} // namespace example::assembly

@@ -11,7 +11,7 @@
 #include <vexmath/line.h>
 #include <vexmath/point.h>
 
-namespace assembly {
+namespace example::assembly {
 
 struct Edge {
     mgPoint_c from;
@@ -23,6 +23,6 @@ std::array<Edge, 12> edgesOf(mgBBox_c const &box);
 /// Nothing when the line misses the box.
 std::optional<Edge> insideOf(mgBBox_c const &box, mgLine_c const &line);
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

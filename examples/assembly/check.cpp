@@ -7,7 +7,7 @@
 
 #include <vexmath/mg_transform.h>
 
-namespace assembly {
+namespace example::assembly {
 
 namespace {
 
@@ -81,4 +81,4 @@ std::vector<bool> clashingParts(CheckResult const &result, std::size_t partCount
     return clashes;
 }
 
-} // namespace assembly
+} // namespace example::assembly

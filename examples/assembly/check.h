@@ -11,7 +11,7 @@
 
 #include <vexmath/bbox.h>
 
-namespace assembly {
+namespace example::assembly {
 
 /// Two parts, by their place in the list of parts.
 struct PartPair {
@@ -34,6 +34,6 @@ CheckResult check(std::vector<Part> const &parts, double clashTolerance);
 /// For each part: is it one of a clashing pair?
 std::vector<bool> clashingParts(CheckResult const &result, std::size_t partCount);
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

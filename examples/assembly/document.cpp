@@ -31,7 +31,7 @@
 
 #include <vexmath_platform/archive.h>
 
-namespace assembly {
+namespace example::assembly {
 
 namespace {
 
@@ -128,4 +128,4 @@ Document fromBytes(std::string const &bytes, std::string const &file) {
     }
 }
 
-} // namespace assembly
+} // namespace example::assembly

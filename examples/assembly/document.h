@@ -12,7 +12,7 @@
 #include <vexmath/bbox.h>
 #include <vexmath/xform.h>
 
-namespace assembly {
+namespace example::assembly {
 
 struct DocumentPart {
     std::string name;
@@ -37,6 +37,6 @@ std::string toBytes(Document document);
 /// Failure naming the file when they are something else, cut short or followed by more.
 Document fromBytes(std::string const &bytes, std::string const &file);
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

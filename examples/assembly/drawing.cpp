@@ -15,7 +15,7 @@
 
 #include <algorithm>
 
-namespace assembly {
+namespace example::assembly {
 
 namespace {
 
@@ -111,4 +111,4 @@ std::string drawAssembly(std::string const &title, std::vector<Part> const &part
     return page.finish(kPageWidth, bottom + kPageMargin);
 }
 
-} // namespace assembly
+} // namespace example::assembly

@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-namespace assembly {
+namespace example::assembly {
 
 /// What else is asked about an assembly.
 struct Extras {
@@ -27,6 +27,6 @@ struct Extras {
 std::string drawAssembly(std::string const &title, std::vector<Part> const &parts,
                          CheckResult const &result, Extras const &extras);
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

@@ -10,7 +10,7 @@
 #include <set>
 #include <utility>
 
-namespace assembly {
+namespace example::assembly {
 
 using nlohmann::json;
 
@@ -110,4 +110,4 @@ mgVector_c JsonValue::vector() const {
     return {entries[0].number(), entries[1].number(), entries[2].number()};
 }
 
-} // namespace assembly
+} // namespace example::assembly

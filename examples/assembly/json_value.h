@@ -14,7 +14,7 @@
 
 #include <vexmath/vector.h>
 
-namespace assembly {
+namespace example::assembly {
 
 /// A value and its place, written as in `parts[3].placement.axis`. Each reading member throws
 /// Failure with file and place when the value is not what was asked for.
@@ -50,6 +50,6 @@ private:
     std::string place_;
 };
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <string>
 
-namespace assembly {
+namespace example::assembly {
 
 namespace {
 
@@ -118,4 +118,4 @@ double drawLegend(SvgPage &page, double top, std::vector<Part> const &parts,
     return bottom;
 }
 
-} // namespace assembly
+} // namespace example::assembly

@@ -14,7 +14,7 @@
 
 #include <vexmath/point.h>
 
-namespace assembly {
+namespace example::assembly {
 
 constexpr double kBalloonRadius = 9.0; // pixels
 
@@ -33,6 +33,6 @@ void drawHits(SvgPage &page, mgPoint_c const &start, std::vector<Part> const &pa
 double drawLegend(SvgPage &page, double top, std::vector<Part> const &parts,
                   CheckResult const &result);
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

@@ -18,11 +18,10 @@
 #include "report.h"
 #include "section.h"
 
-#include <exception>
 #include <filesystem>
 #include <iostream>
 
-namespace assembly {
+namespace example::assembly {
 
 namespace {
 
@@ -62,22 +61,18 @@ void run(Options const &options) {
 
 } // namespace
 
-} // namespace assembly
+} // namespace example::assembly
 
 int main(int argc, char **argv) {
-    try {
-        assembly::Options const options = assembly::readOptions(argc, argv);
+    using namespace example::assembly;
+    return example::runProgram([&] {
+        Options const options = readOptions(argc, argv);
         if (options.help) {
-            std::cout << assembly::helpText();
+            std::cout << helpText();
         } else if (options.version) {
-            std::cout << assembly::versionText();
+            std::cout << versionText();
         } else {
-            assembly::run(options);
+            run(options);
         }
-        if (!std::cout.flush()) throw assembly::Failure("standard output", "cannot be written");
-        return 0;
-    } catch (std::exception const &error) {
-        std::cerr << error.what() << '\n';
-        return 2;
-    }
+    });
 }

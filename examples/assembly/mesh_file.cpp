@@ -16,7 +16,7 @@
 #include <assimp/postprocess.h>
 #include <assimp/scene.h>
 
-namespace assembly {
+namespace example::assembly {
 
 namespace {
 
@@ -91,4 +91,4 @@ Mesh readMesh(std::filesystem::path const &file) {
     return mesh;
 }
 
-} // namespace assembly
+} // namespace example::assembly

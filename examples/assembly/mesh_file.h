@@ -12,7 +12,7 @@
 #include <vexmath/bbox.h>
 #include <vexmath/point.h>
 
-namespace assembly {
+namespace example::assembly {
 
 /// A triangle mesh in its own coordinates. A scan may be a cloud of points without a triangle.
 struct Mesh {
@@ -26,6 +26,6 @@ struct Mesh {
 /// Throws Failure when the file cannot be read, has no vertex, or has one that is not finite.
 Mesh readMesh(std::filesystem::path const &file);
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

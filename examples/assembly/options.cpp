@@ -11,7 +11,7 @@
 
 #include <vexmath/mg_vector.h>
 
-namespace assembly {
+namespace example::assembly {
 
 namespace {
 
@@ -109,4 +109,4 @@ std::string helpText() {
 
 std::string versionText() { return "vexmath_assembly " VEXMATH_ASSEMBLY_VERSION "\n"; }
 
-} // namespace assembly
+} // namespace example::assembly

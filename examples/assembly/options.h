@@ -12,7 +12,7 @@
 
 #include <vexmath/plane.h>
 
-namespace assembly {
+namespace example::assembly {
 
 struct Options {
     std::string assemblyFile;
@@ -31,6 +31,6 @@ Options readOptions(int argc, char const *const *argv);
 std::string helpText();
 std::string versionText();
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

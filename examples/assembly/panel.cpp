@@ -10,7 +10,7 @@
 
 #include <vexmath/mg_transform.h>
 
-namespace assembly {
+namespace example::assembly {
 
 namespace {
 
@@ -149,4 +149,4 @@ void drawFrame(SvgPage &page, Panel const &panel) {
     page.text({left - 8.0, top - 12.0, 0.0}, panel.up.name, "class='end'");
 }
 
-} // namespace assembly
+} // namespace example::assembly

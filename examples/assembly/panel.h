@@ -14,7 +14,7 @@
 #include <vexmath/unit_vector.h>
 #include <vexmath/xform.h>
 
-namespace assembly {
+namespace example::assembly {
 
 constexpr double kPageWidth = 1560.0; // pixels
 constexpr double kPageMargin = 40.0;
@@ -52,6 +52,6 @@ Panel layOutAgainst(char const *title, mgUnitVector_c const &normal,
 /// The panel's frame and title, and a grid with numbers at round values.
 void drawFrame(SvgPage &page, Panel const &panel);
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

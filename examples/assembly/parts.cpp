@@ -8,7 +8,7 @@
 
 #include <map>
 
-namespace assembly {
+namespace example::assembly {
 
 namespace {
 
@@ -47,4 +47,4 @@ std::vector<Part> loadParts(AssemblyFile const &file) {
     return parts;
 }
 
-} // namespace assembly
+} // namespace example::assembly

@@ -14,7 +14,7 @@
 #include <vexmath/bbox.h>
 #include <vexmath/xform.h>
 
-namespace assembly {
+namespace example::assembly {
 
 struct Part {
     std::string name;
@@ -27,6 +27,6 @@ struct Part {
 /// a part that ends up too far out for coordinates to be told apart well.
 std::vector<Part> loadParts(AssemblyFile const &file);
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

@@ -13,7 +13,7 @@
 #include <vexmath/mg_vector.h>
 #include <vexmath/persp_info.h>
 
-namespace assembly {
+namespace example::assembly {
 
 namespace {
 
@@ -107,4 +107,4 @@ void drawPerspectiveFrame(SvgPage &page, Panel const &panel) {
     page.text(panel.topLeft + mgVector_c(0.0, -12.0, 0.0), panel.title, "class='heading'");
 }
 
-} // namespace assembly
+} // namespace example::assembly

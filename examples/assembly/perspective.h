@@ -13,7 +13,7 @@
 #include <vexmath/bbox.h>
 #include <vexmath/point.h>
 
-namespace assembly {
+namespace example::assembly {
 
 /// The panel of the perspective view, which shows the parts from the front, the right and above, as
 /// large as their boxes fit. Its transform holds a perspective record: the page is the screen, in
@@ -26,6 +26,6 @@ mgPoint_c placeIn(Panel const &panel, double x, double y);
 /// The panel's frame and title, and the scales from 0 to 1 by which a point is picked.
 void drawPerspectiveFrame(SvgPage &page, Panel const &panel);
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

@@ -10,7 +10,7 @@
 #include <vexmath/mg_transform.h>
 #include <vexmath/mg_vector.h>
 
-namespace assembly {
+namespace example::assembly {
 
 namespace {
 
@@ -53,4 +53,4 @@ Pick pickParts(std::vector<Part> const &parts, mgBBox_c const &total, ScreenPoin
     return pick;
 }
 
-} // namespace assembly
+} // namespace example::assembly

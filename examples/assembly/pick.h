@@ -14,7 +14,7 @@
 #include <vexmath/line.h>
 #include <vexmath/point.h>
 
-namespace assembly {
+namespace example::assembly {
 
 /// A place in the perspective view, as parts of its width and height from the lower left corner.
 struct ScreenPoint {
@@ -39,6 +39,6 @@ struct Pick {
 
 Pick pickParts(std::vector<Part> const &parts, mgBBox_c const &total, ScreenPoint const &at);
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

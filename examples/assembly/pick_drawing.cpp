@@ -12,7 +12,7 @@
 
 #include <optional>
 
-namespace assembly {
+namespace example::assembly {
 
 namespace {
 
@@ -72,4 +72,4 @@ void drawSight(SvgPage &page, Panel const &panel, Pick const &pick, mgBBox_c con
     }
 }
 
-} // namespace assembly
+} // namespace example::assembly

@@ -13,7 +13,7 @@
 
 #include <vexmath/bbox.h>
 
-namespace assembly {
+namespace example::assembly {
 
 /// The perspective view, with the boxes of the parts that are hit and the list of these beside it.
 void drawPick(SvgPage &page, std::vector<Part> const &parts, Pick const &pick);
@@ -22,6 +22,6 @@ void drawPick(SvgPage &page, std::vector<Part> const &parts, Pick const &pick);
 /// enters the boxes. The nearest one is larger.
 void drawSight(SvgPage &page, Panel const &panel, Pick const &pick, mgBBox_c const &extent);
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

@@ -6,7 +6,7 @@
 #include <vexmath/mg_transform.h>
 #include <vexmath/tolerances.h>
 
-namespace assembly {
+namespace example::assembly {
 
 namespace {
 
@@ -42,4 +42,4 @@ mgXform_c withoutScale(mgXform_c const &placement) {
     return mg_ScaleXform(placement, 1.0); // replaces the scale, it does not multiply
 }
 
-} // namespace assembly
+} // namespace example::assembly

@@ -8,7 +8,7 @@
 #include <vexmath/vector.h>
 #include <vexmath/xform.h>
 
-namespace assembly {
+namespace example::assembly {
 
 /// The coordinate that a mirrored part negates.
 enum class Mirror { None, X, Y, Z };
@@ -29,6 +29,6 @@ mgXform_c transformOf(Placement const &placement);
 /// The same transform without its scale, for a part that has been brought to size already.
 mgXform_c withoutScale(mgXform_c const &placement);
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

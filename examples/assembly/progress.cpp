@@ -7,7 +7,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace assembly {
+namespace example::assembly {
 
 namespace {
 
@@ -31,4 +31,4 @@ void Progress::step(std::string const &detail) {
     shown_ = line;
 }
 
-} // namespace assembly
+} // namespace example::assembly

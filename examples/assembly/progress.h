@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <string>
 
-namespace assembly {
+namespace example::assembly {
 
 /// One line on standard error that is written over as the work goes on and wiped when it is done.
 /// Silent when standard error is not a terminal.
@@ -29,6 +29,6 @@ private:
     std::string shown_;
 };
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

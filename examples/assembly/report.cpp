@@ -3,37 +3,17 @@
 
 #include "report.h"
 
+#include "table.h"
 #include "text.h"
 
-#include <algorithm>
-#include <cstddef>
 #include <string>
 
-namespace assembly {
+namespace example::assembly {
 
 namespace {
 
-using Row = std::vector<std::string>;
-
-constexpr std::size_t kGap = 2; // blanks between columns
-
 std::string cornerText(mgPoint_c const &p) {
     return "(" + number(p.x()) + ", " + number(p.y()) + ", " + number(p.z()) + ")";
-}
-
-/// The first column stands to the left, the others to the right.
-void printTable(std::ostream &out, std::vector<Row> const &rows) {
-    std::vector<std::size_t> widths(rows.front().size(), 0);
-    for (Row const &row : rows) {
-        for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], width(row[i]));
-    }
-    for (Row const &row : rows) {
-        out << row[0] << std::string(widths[0] - width(row[0]), ' ');
-        for (std::size_t i = 1; i < row.size(); ++i) {
-            out << std::string(kGap + widths[i] - width(row[i]), ' ') << row[i];
-        }
-        out << '\n';
-    }
 }
 
 Row rowOf(Part const &part) {
@@ -90,4 +70,4 @@ void printSection(std::ostream &out, std::vector<Part> const &parts, Section con
     }
 }
 
-} // namespace assembly
+} // namespace example::assembly

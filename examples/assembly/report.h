@@ -12,7 +12,7 @@
 #include <ostream>
 #include <vector>
 
-namespace assembly {
+namespace example::assembly {
 
 /// A table of the parts, then the pairs that clash, touch and contain, then the total bounds.
 void printReport(std::ostream &out, std::vector<Part> const &parts, CheckResult const &result);
@@ -21,6 +21,6 @@ void printPick(std::ostream &out, std::vector<Part> const &parts, Pick const &pi
 /// The parts cut.
 void printSection(std::ostream &out, std::vector<Part> const &parts, Section const &section);
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

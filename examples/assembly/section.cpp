@@ -10,7 +10,7 @@
 #include <vexmath/mg_transform.h>
 #include <vexmath/mg_vector.h>
 
-namespace assembly {
+namespace example::assembly {
 
 namespace {
 
@@ -90,4 +90,4 @@ Section cutParts(std::vector<Part> const &parts, mgPlane_c const &plane) {
     return section;
 }
 
-} // namespace assembly
+} // namespace example::assembly

@@ -13,7 +13,7 @@
 #include <vexmath/plane.h>
 #include <vexmath/point.h>
 
-namespace assembly {
+namespace example::assembly {
 
 /// A part whose box is cut. The box is taken in the part's own frame, in which it fits it best.
 struct PartCut {
@@ -29,6 +29,6 @@ struct Section {
 
 Section cutParts(std::vector<Part> const &parts, mgPlane_c const &plane);
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

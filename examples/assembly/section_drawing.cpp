@@ -12,7 +12,7 @@
 #include <vexmath/mg_primitives.h>
 #include <vexmath/mg_vector.h>
 
-namespace assembly {
+namespace example::assembly {
 
 namespace {
 
@@ -86,4 +86,4 @@ void drawTrace(SvgPage &page, Panel const &panel, Section const &section, mgBBox
     }
 }
 
-} // namespace assembly
+} // namespace example::assembly

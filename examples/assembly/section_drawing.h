@@ -10,7 +10,7 @@
 
 #include <vexmath/bbox.h>
 
-namespace assembly {
+namespace example::assembly {
 
 /// The cut boxes and, filled, the cut parts, seen against the plane's normal, in the upper row from
 /// `left` on.
@@ -21,6 +21,6 @@ void drawSection(SvgPage &page, Section const &section, double left);
 /// the plane's normal.
 void drawTrace(SvgPage &page, Panel const &panel, Section const &section, mgBBox_c const &extent);
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

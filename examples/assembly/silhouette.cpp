@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <utility>
 
-namespace assembly {
+namespace example::assembly {
 
 namespace {
 
@@ -85,4 +85,4 @@ std::vector<std::vector<mgPoint_c>> facesOf(Part const &part, mgXform_c const &t
     return faces;
 }
 
-} // namespace assembly
+} // namespace example::assembly

@@ -12,7 +12,7 @@
 #include <vexmath/point.h>
 #include <vexmath/xform.h>
 
-namespace assembly {
+namespace example::assembly {
 
 /// The edges, on the page, where the placed part turns away from the viewer, and the open edges of
 /// its mesh. Nothing is hidden by what lies in front. A cloud of points without triangles has none.
@@ -22,6 +22,6 @@ std::vector<Edge> silhouetteOf(Part const &part, mgXform_c const &toPage);
 /// cover the same area as all of its triangles.
 std::vector<std::vector<mgPoint_c>> facesOf(Part const &part, mgXform_c const &toPage);
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

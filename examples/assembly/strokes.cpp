@@ -13,7 +13,7 @@
 
 #include <vexmath/mg_vector.h>
 
-namespace assembly {
+namespace example::assembly {
 
 namespace {
 
@@ -69,4 +69,4 @@ void drawBalloons(SvgPage &page, Panel const &panel, std::vector<PartOutline> co
     }
 }
 
-} // namespace assembly
+} // namespace example::assembly

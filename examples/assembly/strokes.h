@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace assembly {
+namespace example::assembly {
 
 /// The outline of a part on the page.
 struct PartOutline {
@@ -32,6 +32,6 @@ std::string polygon(std::vector<mgPoint_c> const &corners);
 /// parts than the edge has room for.
 void drawBalloons(SvgPage &page, Panel const &panel, std::vector<PartOutline> const &outlines);
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

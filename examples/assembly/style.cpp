@@ -5,7 +5,7 @@
 
 #include <iterator>
 
-namespace assembly {
+namespace example::assembly {
 
 namespace {
 
@@ -54,4 +54,4 @@ std::string partStyle(char const *cssClass, std::size_t part) {
            + "'";
 }
 
-} // namespace assembly
+} // namespace example::assembly

@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <string>
 
-namespace assembly {
+namespace example::assembly {
 
 /// CSS of the page. Its class names are what the drawing code gives as styles.
 extern char const *const kStyleSheet;
@@ -18,6 +18,6 @@ extern char const *const kDefinitions;
 /// lines. Colours repeat after a dozen parts, and none is the red of a clash.
 std::string partStyle(char const *cssClass, std::size_t part);
 
-} // namespace assembly
+} // namespace example::assembly
 
 #endif

@@ -18,10 +18,10 @@
 // Memory that cannot be had gives count 0 as well.
 // REQUIRES a record, points that are not null, and outArray or list. The points may be the list's.
 
-/// An arc from start to end; equal points make a full circle. A step turns by the angle at which the
-/// arc is tol off its tangent, so that chords stay within about tol / 4 of it. But a step is never
-/// less than 1/120 of the arc or more than 1/8 (of half a circle where the arc is longer), so that
-/// a very fine or coarse tol is not honoured. The first and the last point are start and end
+/// An arc from start to end; equal points make a full circle. A step turns by the angle at which
+/// the arc is tol off its tangent, so that chords stay within about tol / 4 of it. But a step is
+/// never less than 1/120 of the arc or more than 1/8 (of half a circle where the arc is longer), so
+/// that a very fine or coarse tol is not honoured. The first and the last point are start and end
 /// exactly, even if their radii differ; those between have that of start. Degenerate: a radius
 /// below 1e-09, an end at the centre within 1e-09.
 VEXMATH_API void mg_TessArc(arcEdgeData const *arc, mgPoint_c const *start, mgPoint_c const *end,
@@ -51,7 +51,8 @@ VEXMATH_API void mg_TessParabola(parabolaEdgeData const *parabola, double tol, m
 VEXMATH_API void mg_TessBConic(parabolaEdgeData const *conic, double tol, mgPoint_c **outArray,
                                int &count, suDynamicArray<mgPoint_c> *list);
 
-/// `mg_TessBConic` for a record that it can take, else `mg_TessParabola`.
+/// `mg_TessBConic` for a record that it can take, else `mg_TessParabola`. It can take any whose
+/// axis crosses the chord beyond the focus, so also a parabola that reaches around its focus.
 VEXMATH_API void mg_TessParabolaOrBConic(parabolaEdgeData const *curve, double tol,
                                          mgPoint_c **outArray, int &count,
                                          suDynamicArray<mgPoint_c> *list);

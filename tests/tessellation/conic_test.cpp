@@ -14,8 +14,8 @@ Polyline polylineOf(parabolaEdgeData const &conic) {
 }
 
 /// End tangents that cross at (0, 1, 0); the arc goes the given part of the way to the chord.
-parabolaEdgeData conicOf(double fullness) {
-    return {{0, 1, 0}, {0, 1 - fullness, 0}, {}, {-1, 0, 0}, {1, 0, 0}, {0, 0, 1}};
+parabolaEdgeData conicOf(double flatness) {
+    return {{0, 1, 0}, {0, 1 - flatness, 0}, {}, {-1, 0, 0}, {1, 0, 0}, {0, 0, 1}};
 }
 
 double angle(mgVector_c const &a, mgVector_c const &b) { return mg_AngleBetween(a, b); }
@@ -23,12 +23,12 @@ double angle(mgVector_c const &a, mgVector_c const &b) { return mg_AngleBetween(
 } // namespace
 
 TEST(TessBConic, LiesOnTheConicWithItsChordsNearItsTangents) {
-    for (double const fullness : {0.05, 0.3, 0.5, 0.7, 0.95}) {
-        Polyline const points = polylineOf(conicOf(fullness));
+    for (double const flatness : {0.05, 0.3, 0.5, 0.7, 0.95}) {
+        Polyline const points = polylineOf(conicOf(flatness));
         ASSERT_GT(points.size(), 100u);
         EXPECT_BITS_EQ(points.front(), mgPoint_c(-1, 0, 0));
         EXPECT_BITS_EQ(points.back(), mgPoint_c(1, 0, 0));
-        double const m = (1.0 - fullness) / fullness;
+        double const m = (1.0 - flatness) / flatness;
         for (mgPoint_c const &p : points) {
             // In coordinates a, b, c of the triangle start, vertex, end: b^2 = 4 m^2 a c.
             double const b = p.y(), a = 0.5 * (1.0 - b - p.x()), c = 0.5 * (1.0 - b + p.x());
@@ -45,8 +45,8 @@ TEST(TessBConic, LiesOnTheConicWithItsChordsNearItsTangents) {
 
 TEST(TessBConic, FollowsACircleWhoseTangentsAreKnown) {
     // A quarter: 256 chords are 0.00307 off their tangents, 128 are 0.00614.
-    double const fullness = 2.0 - std::sqrt(2.0);
-    Polyline const points = polylineOf(conicOf(fullness));
+    double const flatness = 2.0 - std::sqrt(2.0);
+    Polyline const points = polylineOf(conicOf(flatness));
     for (mgPoint_c const &p : points)
         EXPECT_NEAR(dist(p, mgPoint_c(0, -1, 0)), std::sqrt(2.0), 1e-15);
     EXPECT_EQ(support::segmentsOf(points), 256);
@@ -94,6 +94,22 @@ TEST(TessBConic, RefusesWhatItCannotTakeAndTheDispatcherDrawsAParabola) {
     parabolaEdgeData skew = conicOf(0.5);
     skew.start.set_z(1e-7);
     CheckTaken(skew, false);
+}
+
+TEST(TessBConic, AParabolaAroundItsFocusIsTakenForABlend) {
+    // y = x^2 / 4 with its focus at (0, 1), cut at one height: below the focus and above it.
+    auto const lowest = [](double x) {
+        parabolaEdgeData const parabola{
+            {}, {0, 1, 0}, {}, {-x, x * x / 4, 0}, {x, x * x / 4, 0}, {0, 0, 1}};
+        Polyline const points = support::handedOut([&](auto array, int &count, auto list) {
+            mg_TessParabolaOrBConic(&parabola, 0.01, array, count, list);
+        });
+        double y = 1e9;
+        for (mgPoint_c const &p : points) y = std::min(y, p.y());
+        return y;
+    };
+    EXPECT_NEAR(lowest(1.99), 0.0, 1e-3);
+    EXPECT_EQ(lowest(4.0), 1.0); // at the focus, not at the vertex
 }
 
 TEST(TessBConic, EndsWhereNumbersAreTooCoarseToBecomeStraight) {

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Files that appear whole or not at all.
 
-#ifndef ASSEMBLY_OUTPUT_H
-#define ASSEMBLY_OUTPUT_H
+#ifndef EXAMPLE_OUTPUT_H
+#define EXAMPLE_OUTPUT_H
 
 #include <filesystem>
 #include <string>
 #include <vector>
 
-namespace assembly {
+namespace example {
 
 /// The whole content of a file. Throws Failure when it cannot be read.
 std::string readFile(std::filesystem::path const &file);
@@ -39,6 +39,6 @@ private:
     std::vector<File> files_; // staged and not yet renamed
 };
 
-} // namespace assembly
+} // namespace example
 
 #endif

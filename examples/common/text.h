@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 // Numbers and names as text, for the table and the picture.
 
-#ifndef ASSEMBLY_TEXT_H
-#define ASSEMBLY_TEXT_H
+#ifndef EXAMPLE_TEXT_H
+#define EXAMPLE_TEXT_H
 
 #include <cstddef>
 #include <string>
 
-namespace assembly {
+namespace example {
 
-/// Six significant digits, no trailing zeros: 12.5, 0.333333, 1.5e+09.
-std::string number(double value);
+/// To so many significant digits, no trailing zeros: 12.5, 0.333333, 1.5e+09.
+std::string number(double value, int digits = 6);
 
 /// How many characters a text of UTF-8 shows.
 std::size_t width(std::string const &text);
@@ -18,6 +18,6 @@ std::size_t width(std::string const &text);
 /// The text, or its beginning and an ellipsis when it shows more than `most` characters.
 std::string shortened(std::string const &text, std::size_t most);
 
-} // namespace assembly
+} // namespace example
 
 #endif

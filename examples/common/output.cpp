@@ -11,7 +11,7 @@
 #include <system_error>
 #include <utility>
 
-namespace assembly {
+namespace example {
 
 namespace fs = std::filesystem;
 
@@ -69,4 +69,4 @@ std::vector<fs::path> OutputFiles::commit() {
     return written;
 }
 
-} // namespace assembly
+} // namespace example

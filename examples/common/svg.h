@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 // A page of SVG, written element by element.
 
-#ifndef ASSEMBLY_SVG_H
-#define ASSEMBLY_SVG_H
+#ifndef EXAMPLE_SVG_H
+#define EXAMPLE_SVG_H
 
 #include <sstream>
 #include <string>
 
 #include <vexmath/point.h>
 
-namespace assembly {
+namespace example {
 
 /// Coordinates are pixels, y runs downwards, z is not looked at; everything is rounded to a tenth
 /// of a pixel. A style is a list of attributes, such as `class='grid'` or `stroke='red'`.
@@ -38,6 +38,6 @@ private:
 /// A coordinate or length as the page writes it.
 std::string pixels(double value);
 
-} // namespace assembly
+} // namespace example
 
 #endif

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <utility>
 
-namespace assembly {
+namespace example {
 
 namespace {
 
@@ -77,4 +77,4 @@ std::string SvgPage::finish(double width, double height) const {
     return page.str();
 }
 
-} // namespace assembly
+} // namespace example

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <sstream>
 
-namespace assembly {
+namespace example {
 
 namespace {
 
@@ -15,8 +15,9 @@ bool beginsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) !=
 
 } // namespace
 
-std::string number(double value) {
+std::string number(double value, int digits) {
     std::ostringstream text;
+    text.precision(digits);
     text << value + 0.0; // -0 reads as 0
     return text.str();
 }
@@ -35,4 +36,4 @@ std::string shortened(std::string const &text, std::size_t most) {
     return kept + "\xE2\x80\xA6"; // an ellipsis
 }
 
-} // namespace assembly
+} // namespace example
