@@ -25,16 +25,16 @@ public:
     void set(double x, double y, double z);
     void set(double const *xyz); ///< REQUIRES three readable doubles.
     void set(float const *xyz);  ///< REQUIRES three readable floats.
-    void set_x(double x) { x_ = x; }
-    void set_y(double y) { y_ = y; }
-    void set_z(double z) { z_ = z; }
+    void set_x(double x) { c_[0] = x; }
+    void set_y(double y) { c_[1] = y; }
+    void set_z(double z) { c_[2] = z; }
 
-    double x() const { return x_; }
-    double y() const { return y_; }
-    double z() const { return z_; }
+    double x() const { return c_[0]; }
+    double y() const { return c_[1]; }
+    double z() const { return c_[2]; }
     /// The address of x; y and z follow it.
-    operator double *() { return &x_; }
-    operator double const *() const { return &x_; }
+    operator double *() { return c_; }
+    operator double const *() const { return c_; }
     // A point is no truth value, which its address would be.
     template <class B, vexmath::detail::IfBool<B> = 0>
     operator B() = delete;
@@ -55,10 +55,11 @@ public:
     /// To the model point that is seen here at this point's depth, or on the near clip plane when
     /// that is deeper.
     VEXMATH_API mgPoint_c xformByPerspInverseVisible(mgXform_c const &view);
-    /// To where the line of sight meets the plane. When it does not: as `xformByPerspInverse`.
+    /// To where the line of sight meets the plane. When it does not: to where the line
+    /// of sight begins.
     VEXMATH_API mgPoint_c xformByPerspInversePlane(mgXform_c const &view, mgPlane_c const &plane);
-    /// To the point of the line of sight that is nearest to the line. When they are parallel: as
-    /// `xformByPerspInverse`.
+    /// To the point of the line of sight that is nearest to the line. When they are parallel: to
+    /// where the line of sight begins.
     VEXMATH_API mgPoint_c xformByPerspInverseLine(mgXform_c const &view, mgLine_c const &line);
 
     /// 1 when each coordinate differs by strictly less than tol; a negative tol means 1e-08.
@@ -118,9 +119,7 @@ public:
     friend vexmath::detail::IfNumber<N> operator-(mgPoint_c const &, N) = delete;
 
 private:
-    double x_ = 0.0;
-    double y_ = 0.0;
-    double z_ = 0.0;
+    double c_[3] = {0.0, 0.0, 0.0};
 };
 
 // Point and vector arithmetic. Because points and vectors convert both ways, every mixture has its
@@ -181,18 +180,18 @@ private:
 
 // -------------------------------------------------------------------------------------------------
 
-constexpr mgPoint_c::mgPoint_c(double x, double y, double z) : x_(x), y_(y), z_(z) {}
+constexpr mgPoint_c::mgPoint_c(double x, double y, double z) : c_{x, y, z} {}
 
-inline mgPoint_c::mgPoint_c(mgVector_c const &v) : x_(v.x()), y_(v.y()), z_(v.z()) {}
+inline mgPoint_c::mgPoint_c(mgVector_c const &v) : c_{v.x(), v.y(), v.z()} {}
 
-inline mgPoint_c::mgPoint_c(double const *xyz) : x_(xyz[0]), y_(xyz[1]), z_(xyz[2]) {}
+inline mgPoint_c::mgPoint_c(double const *xyz) : c_{xyz[0], xyz[1], xyz[2]} {}
 
-inline mgVector_c::mgVector_c(mgPoint_c const &p) : x_(p.x()), y_(p.y()), z_(p.z()) {}
+inline mgVector_c::mgVector_c(mgPoint_c const &p) : c_{p.x(), p.y(), p.z()} {}
 
 inline void mgPoint_c::set(double x, double y, double z) {
-    x_ = x;
-    y_ = y;
-    z_ = z;
+    c_[0] = x;
+    c_[1] = y;
+    c_[2] = z;
 }
 
 inline void mgPoint_c::set(double const *xyz) { set(xyz[0], xyz[1], xyz[2]); }
@@ -202,12 +201,12 @@ inline void mgPoint_c::set(float const *xyz) {
 }
 
 inline mgPoint_c &mgPoint_c::operator+=(mgVector_c const &v) {
-    set(x_ + v.x(), y_ + v.y(), z_ + v.z());
+    set(c_[0] + v.x(), c_[1] + v.y(), c_[2] + v.z());
     return *this;
 }
 
 inline mgPoint_c &mgPoint_c::operator-=(mgVector_c const &v) {
-    set(x_ - v.x(), y_ - v.y(), z_ - v.z());
+    set(c_[0] - v.x(), c_[1] - v.y(), c_[2] - v.z());
     return *this;
 }
 
@@ -218,12 +217,12 @@ inline int mgPoint_c::isSame(mgPoint_c const &p, double tol) const {
 inline int mgPoint_c::isSame2(mgPoint_c const &p, double /*tol*/) const {
     // QUIRK: a caller would expect its tolerance to count. Sketch clean-up passes loose ones and
     // relies on the fixed 1e-08. (test: SecondComparisonIgnoresItsTolerance)
-    return mgVector_c(x_ - p.x_, y_ - p.y_, z_ - p.z_).isNull();
+    return mgVector_c(c_[0] - p.c_[0], c_[1] - p.c_[1], c_[2] - p.c_[2]).isNull();
 }
 
 inline int mgPoint_c::isLessThan(mgPoint_c const &p, double tol) const {
     double const reach = tol < 0.0 ? vexmath::kLengthTolerance : tol;
-    double const differences[3] = {x_ - p.x_, y_ - p.y_, z_ - p.z_};
+    double const differences[3] = {c_[0] - p.c_[0], c_[1] - p.c_[1], c_[2] - p.c_[2]};
     for (double const d : differences) {
         if (d < -reach) return 1;
         if (d > reach) return 0;

@@ -13,26 +13,25 @@
 class mg2DPoint_c {
 public:
     constexpr mg2DPoint_c() = default; ///< (0, 0)
-    constexpr mg2DPoint_c(double u, double v) : u_(u), v_(v) {}
+    constexpr mg2DPoint_c(double u, double v) : c_{u, v} {}
 
     void set(double u, double v) { *this = {u, v}; }
-    void set_x(double u) { u_ = u; }
-    void set_y(double v) { v_ = v; }
+    void set_x(double u) { c_[0] = u; }
+    void set_y(double v) { c_[1] = v; }
 
-    double u() const { return u_; }
-    double v() const { return v_; }
-    double x() const { return u_; }
-    double y() const { return v_; }
+    double u() const { return c_[0]; }
+    double v() const { return c_[1]; }
+    double x() const { return c_[0]; }
+    double y() const { return c_[1]; }
     /// The address of u; v follows it.
-    operator double *() { return &u_; }
-    operator double const *() const { return &u_; }
+    operator double *() { return c_; }
+    operator double const *() const { return c_; }
 
     /// Reads two doubles. REQUIRES a su_CArchive. A failing read leaves the point as it was.
     VEXMATH_API void restore(CArchive &ar);
 
 private:
-    double u_ = 0.0;
-    double v_ = 0.0;
+    double c_[2] = {0.0, 0.0};
 };
 
 /// A point of a tessellation that the display code takes: three floats, (0, 0, 0) by default.

@@ -44,20 +44,20 @@ public:
 
     void set(double x, double y, double z);
     void set(double const *xyz); ///< REQUIRES three readable doubles.
-    void set_x(double x) { x_ = x; }
-    void set_y(double y) { y_ = y; }
-    void set_z(double z) { z_ = z; }
+    void set_x(double x) { c_[0] = x; }
+    void set_y(double y) { c_[1] = y; }
+    void set_z(double z) { c_[2] = z; }
 
-    double x() const { return x_; }
-    double y() const { return y_; }
-    double z() const { return z_; }
+    double x() const { return c_[0]; }
+    double y() const { return c_[1]; }
+    double z() const { return c_[2]; }
     /// 0, 1, 2 for x, y, z. REQUIRES an index in that range.
-    double component(int i) const { return (&x_)[i]; }
+    double component(int i) const { return c_[i]; }
     void get(double *xyz) const;
     void get(float *xyz) const; ///< each component rounded to single precision
     /// The address of x; y and z follow it.
-    operator double *() { return &x_; }
-    operator double const *() const { return &x_; }
+    operator double *() { return c_; }
+    operator double const *() const { return c_; }
     // A vector is no truth value, which its address would be: ask isNull()
     template <class B, vexmath::detail::IfBool<B> = 0>
     operator B() = delete;
@@ -126,9 +126,7 @@ public:
     friend vexmath::detail::IfNumber<N> operator-(mgVector_c const &, N) = delete;
 
 private:
-    double x_ = 0.0;
-    double y_ = 0.0;
-    double z_ = 0.0;
+    double c_[3] = {0.0, 0.0, 0.0};
 };
 
 mgVector_c operator+(mgVector_c const &a, mgVector_c const &b);
@@ -188,61 +186,61 @@ inline int apart(double const *a, double const *b) {
 
 } // namespace vexmath::detail
 
-constexpr mgVector_c::mgVector_c(double x, double y, double z) : x_(x), y_(y), z_(z) {}
+constexpr mgVector_c::mgVector_c(double x, double y, double z) : c_{x, y, z} {}
 
-inline mgVector_c::mgVector_c(double const *xyz) : x_(xyz[0]), y_(xyz[1]), z_(xyz[2]) {}
+inline mgVector_c::mgVector_c(double const *xyz) : c_{xyz[0], xyz[1], xyz[2]} {}
 
 inline void mgVector_c::set(double x, double y, double z) {
-    x_ = x;
-    y_ = y;
-    z_ = z;
+    c_[0] = x;
+    c_[1] = y;
+    c_[2] = z;
 }
 
 inline void mgVector_c::set(double const *xyz) { set(xyz[0], xyz[1], xyz[2]); }
 
 inline void mgVector_c::get(double *xyz) const {
-    xyz[0] = x_;
-    xyz[1] = y_;
-    xyz[2] = z_;
+    xyz[0] = c_[0];
+    xyz[1] = c_[1];
+    xyz[2] = c_[2];
 }
 
 inline void mgVector_c::get(float *xyz) const {
-    xyz[0] = static_cast<float>(x_);
-    xyz[1] = static_cast<float>(y_);
-    xyz[2] = static_cast<float>(z_);
+    xyz[0] = static_cast<float>(c_[0]);
+    xyz[1] = static_cast<float>(c_[1]);
+    xyz[2] = static_cast<float>(c_[2]);
 }
 
 inline double mgVector_c::len() const { return std::sqrt(sqlen()); }
 
-inline double mgVector_c::sqlen() const { return x_ * x_ + y_ * y_ + z_ * z_; }
+inline double mgVector_c::sqlen() const { return c_[0] * c_[0] + c_[1] * c_[1] + c_[2] * c_[2]; }
 
-inline int mgVector_c::null() const { return x_ == 0.0 && y_ == 0.0 && z_ == 0.0; }
+inline int mgVector_c::null() const { return c_[0] == 0.0 && c_[1] == 0.0 && c_[2] == 0.0; }
 
 inline int mgVector_c::isNull() const {
     using vexmath::detail::isTiny;
-    return isTiny(x_) && isTiny(y_) && isTiny(z_);
+    return isTiny(c_[0]) && isTiny(c_[1]) && isTiny(c_[2]);
 }
 
 inline mgVector_c &mgVector_c::operator+=(mgVector_c const &v) {
-    set(x_ + v.x_, y_ + v.y_, z_ + v.z_);
+    set(c_[0] + v.c_[0], c_[1] + v.c_[1], c_[2] + v.c_[2]);
     return *this;
 }
 
 inline mgVector_c &mgVector_c::operator-=(mgVector_c const &v) {
-    set(x_ - v.x_, y_ - v.y_, z_ - v.z_);
+    set(c_[0] - v.c_[0], c_[1] - v.c_[1], c_[2] - v.c_[2]);
     return *this;
 }
 
 inline mgVector_c &mgVector_c::operator*=(double s) {
-    set(x_ * s, y_ * s, z_ * s);
+    set(c_[0] * s, c_[1] * s, c_[2] * s);
     return *this;
 }
 
-inline void mgVector_c::flip() { set(-x_, -y_, -z_); }
+inline void mgVector_c::flip() { set(-c_[0], -c_[1], -c_[2]); }
 
 inline int mgVector_c::normalise() {
     if (isNull()) return 0;
-    *this = vexmath::detail::normalised(x_, y_, z_);
+    *this = vexmath::detail::normalised(c_[0], c_[1], c_[2]);
     return 1;
 }
 

@@ -270,7 +270,7 @@ inline void mgXform_c::copyByRules(mgXform_c const &source) {
 
 inline mgPoint_c &mgPoint_c::operator*=(mgXform_c const &x) {
     using vexmath::detail::moved;
-    mgVector_c const v = vexmath::detail::turnedAndScaled(x_, y_, z_, x);
+    mgVector_c const v = vexmath::detail::turnedAndScaled(c_[0], c_[1], c_[2], x);
     mgVector_c const &t = x.translation();
     set(moved(v.x(), t.x()), moved(v.y(), t.y()), moved(v.z(), t.z()));
     if (x.hasPerspective()) x.dividePerspective(*this);
@@ -284,7 +284,7 @@ inline mgPoint_c operator*(mgPoint_c const &p, mgXform_c const &x) {
 }
 
 inline mgVector_c &mgVector_c::operator*=(mgXform_c const &x) {
-    if (!null()) *this = vexmath::detail::turnedAndScaled(x_, y_, z_, x);
+    if (!null()) *this = vexmath::detail::turnedAndScaled(c_[0], c_[1], c_[2], x);
     return *this;
 }
 

@@ -15,19 +15,19 @@ namespace vexmath::detail {
 
 namespace {
 
-constexpr int kDigitBits = 11; // 2048 counters stay in the fastest cache
-constexpr int kDigits = 4;
+constexpr std::size_t kDigitBits = 11; // 2048 counters stay in the fastest cache
+constexpr std::size_t kDigits = 4;
 constexpr std::size_t kDigitValues = std::size_t{1} << kDigitBits;
 
 /// Lower bits that are not counted: few keys agree in all the others, and those are compared.
-constexpr int kLowBits = 64 - kDigits * kDigitBits;
+constexpr std::size_t kLowBits = 64 - kDigits * kDigitBits;
 
 /// Below this comparing is faster than counting.
 constexpr std::size_t kSmallest = 2000;
 
 using Counts = std::array<std::size_t, kDigitValues>;
 
-std::size_t digit(std::uint64_t key, int place) {
+std::size_t digit(std::uint64_t key, std::size_t place) {
     return static_cast<std::size_t>(key >> (kLowBits + place * kDigitBits)) & (kDigitValues - 1);
 }
 
@@ -66,12 +66,12 @@ void sortStably(std::vector<OrderKey> &keys) {
     }
     std::vector<Counts> counts(kDigits, Counts{});
     for (OrderKey const &k : keys) {
-        for (int place = 0; place < kDigits; ++place) ++counts[place][digit(k.key, place)];
+        for (std::size_t place = 0; place < kDigits; ++place) ++counts[place][digit(k.key, place)];
     }
     std::unique_ptr<OrderKey[]> const spare(new OrderKey[keys.size()]); // written before it is read
     OrderKey *from = keys.data();
     OrderKey *to = spare.get();
-    for (int place = 0; place < kDigits; ++place) {
+    for (std::size_t place = 0; place < kDigits; ++place) {
         Counts &places = counts[place];
         bool const allSame = places[digit(keys.front().key, place)] == keys.size();
         if (allSame) continue;

@@ -69,8 +69,8 @@ void mgPoint_c::save(CArchive &ar) const { writeTriple(itemArchive(ar), *this); 
 void mgPoint_c::restore(CArchive &ar) { *this = readTriple(itemArchive(ar)); }
 
 void mgPoint_c::save2D(CArchive &ar) const {
-    itemArchive(ar) << x_;
-    itemArchive(ar) << y_;
+    itemArchive(ar) << c_[0];
+    itemArchive(ar) << c_[1];
 }
 
 void mgPoint_c::restore2D(CArchive &ar) {

@@ -30,7 +30,7 @@ mgPoint_c mgPoint_c::xformByPerspInverse(mgXform_c const &view) {
 mgPoint_c mgPoint_c::xformByPerspInverseVisible(mgXform_c const &view) {
     mgPerspInfo_c info;
     if (view.getPerspectiveInfo(&info)) {
-        if (z_ < info.getNearClipZ()) z_ = info.getNearClipZ();
+        if (z() < info.getNearClipZ()) set_z(info.getNearClipZ());
         info.doScreenPointInversePerspectiveDivision(*this);
     }
     return *this *= withoutPerspective(view).inverse();
@@ -75,7 +75,7 @@ mgXform_c zoomTo(double x, double y, mgPoint_c const &a, mgPoint_c const &b, mgX
     zoomed *= mg_ScaleXform(scale);
     zoomed *= view;
     zoomed *= translation(x, y, 0.0);
-    return zoomed;
+    return mgXform_c(zoomed); // the copy rules apply to the result; no elision may skip them
 }
 
 /// A pixel coordinate of the target. In 64 bits: the difference of two pixels may exceed an int.

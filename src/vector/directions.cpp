@@ -93,22 +93,23 @@ int mgVector_c::isAlmostParallelTo(mgUnitVector_c const &u) const {
 int mgVector_c::isOrthogonal() const {
     using vexmath::detail::isTiny;
     if (isNull()) return 0;
-    return (isTiny(x_) && isTiny(y_)) || (isTiny(x_) && isTiny(z_)) || (isTiny(y_) && isTiny(z_));
+    return (isTiny(c_[0]) && isTiny(c_[1])) || (isTiny(c_[0]) && isTiny(c_[2]))
+           || (isTiny(c_[1]) && isTiny(c_[2]));
 }
 
 int mgVector_c::dominantComponentIndex() const {
-    double const ax = std::fabs(x_);
-    double const ay = std::fabs(y_);
+    double const ax = std::fabs(c_[0]);
+    double const ay = std::fabs(c_[1]);
     bool const yWins = ax <= ay;
     double const larger = yWins ? ay : ax;
-    if (std::fabs(z_) < larger) return yWins ? 1 : 0;
+    if (std::fabs(c_[2]) < larger) return yWins ? 1 : 0;
     return 2;
 }
 
 mgUnitVector_c mgVector_c::anyUnitNormal(int preferAxis) const {
-    double const ax = std::fabs(x_);
-    double const ay = std::fabs(y_);
-    double const az = std::fabs(z_);
+    double const ax = std::fabs(c_[0]);
+    double const ay = std::fabs(c_[1]);
+    double const az = std::fabs(c_[2]);
     if (preferAxis) {
         if (ax < kAxisTolerance) return mgUnitVector_c::xAxis();
         if (ay < kAxisTolerance) return mgUnitVector_c::yAxis();
@@ -119,14 +120,14 @@ mgUnitVector_c mgVector_c::anyUnitNormal(int preferAxis) const {
     mgVector_c w(1.0, 1.0, 1.0);
     if (ax <= ay) {
         if (az < ay) {
-            w.set_y(-(x_ + z_) / y_);
+            w.set_y(-(c_[0] + c_[2]) / c_[1]);
             return mg_Normalise(w);
         }
     } else if (az < ax) {
-        w.set_x(-(y_ + z_) / x_);
+        w.set_x(-(c_[1] + c_[2]) / c_[0]);
         return mg_Normalise(w);
     }
-    if (z_ != 0.0) w.set_z(-(x_ + y_) / z_);
+    if (c_[2] != 0.0) w.set_z(-(c_[0] + c_[1]) / c_[2]);
     return mg_Normalise(w);
 }
 

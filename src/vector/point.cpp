@@ -84,35 +84,35 @@ double awayFromOrigin(double coordinate) { return coordinate < 0.0 ? -1.0 : 1.0;
 void mgPoint_c::getPLUSrep(mgPoint_c &p1, mgPoint_c &p2, mgPoint_c &p3, mgPoint_c &p4,
                            double size) const {
     mgPoint_c const c = *this;
-    double const sx = awayFromOrigin(c.x_);
-    double const sy = awayFromOrigin(c.y_);
+    double const sx = awayFromOrigin(c.c_[0]);
+    double const sy = awayFromOrigin(c.c_[1]);
     double const inner = kInnerArmSizes * size;
     double const outer = kOuterArmSizes * size;
-    p1.set(c.x_ - sx * inner, c.y_, 0.0);
-    p2.set(c.x_ + sx * outer, c.y_, 0.0);
-    p3.set(c.x_, c.y_ - sy * inner, 0.0);
-    p4.set(c.x_, c.y_ + sy * outer, 0.0);
+    p1.set(c.c_[0] - sx * inner, c.c_[1], 0.0);
+    p2.set(c.c_[0] + sx * outer, c.c_[1], 0.0);
+    p3.set(c.c_[0], c.c_[1] - sy * inner, 0.0);
+    p4.set(c.c_[0], c.c_[1] + sy * outer, 0.0);
 }
 
 void mgPoint_c::getXrep(mgPoint_c &p1, mgPoint_c &p2, mgPoint_c &p3, mgPoint_c &p4,
                         double size) const {
     mgPoint_c const c = *this;
-    double const sx = awayFromOrigin(c.x_);
-    double const sy = awayFromOrigin(c.y_);
+    double const sx = awayFromOrigin(c.c_[0]);
+    double const sy = awayFromOrigin(c.c_[1]);
     double const inner = kInnerArmSizes * size;
     double const outer = kOuterArmSizes * size;
-    p1.set(c.x_ - sx * inner, c.y_ - sy * inner, 0.0);
-    p2.set(c.x_ + sx * outer, c.y_ + sy * outer, 0.0);
-    p3.set(c.x_ + sx * inner, c.y_ - sy * inner, 0.0);
-    p4.set(c.x_ - sx * outer, c.y_ + sy * outer, 0.0);
+    p1.set(c.c_[0] - sx * inner, c.c_[1] - sy * inner, 0.0);
+    p2.set(c.c_[0] + sx * outer, c.c_[1] + sy * outer, 0.0);
+    p3.set(c.c_[0] + sx * inner, c.c_[1] - sy * inner, 0.0);
+    p4.set(c.c_[0] - sx * outer, c.c_[1] + sy * outer, 0.0);
 }
 
 void mgPoint_c::Dump(CDumpContext &dc) const {
     CString text;
-    text.Format(L"(%.4f", x_);
+    text.Format(L"(%.4f", c_[0]);
     dc << static_cast<wchar_t const *>(text);
-    text.Format(L",%.4f", y_);
+    text.Format(L",%.4f", c_[1]);
     dc << static_cast<wchar_t const *>(text);
-    text.Format(L",%.4f)", z_);
+    text.Format(L",%.4f)", c_[2]);
     dc << static_cast<wchar_t const *>(text);
 }
