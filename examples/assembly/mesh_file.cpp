@@ -8,23 +8,62 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
+#include <fstream>
 #include <map>
 #include <sstream>
 #include <string>
 
 #include <assimp/Importer.hpp>
-#include <assimp/postprocess.h>
 #include <assimp/scene.h>
 
 namespace example::assembly {
 
 namespace {
 
-bool isKnownFormat(std::filesystem::path const &file) {
+std::string extensionOf(std::filesystem::path const &file) {
     std::string extension = file.extension().string();
     std::transform(extension.begin(), extension.end(), extension.begin(),
                    [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return extension == ".obj" || extension == ".stl" || extension == ".ply";
+    return extension;
+}
+
+/// What the header of a PLY file declares.
+struct PlyCounts {
+    unsigned long vertices = 0;
+    unsigned long faces = 0;
+};
+
+/// Read before the mesh library sees the file: it never returns from a header without an end, and
+/// takes a file that ends early for a whole one.
+PlyCounts readPlyHeader(std::filesystem::path const &file) {
+    constexpr int kMostLines = 1000;
+    std::ifstream in(file, std::ios::binary);
+    PlyCounts counts;
+    std::string line;
+    for (int i = 0; i < kMostLines && std::getline(in, line); ++i) {
+        std::istringstream words(line);
+        std::string word, element;
+        unsigned long count = 0;
+        words >> word;
+        if (word == "end_header") return counts;
+        if (word != "element" || !(words >> element >> count)) continue;
+        if (element == "vertex") counts.vertices = count;
+        if (element == "face") counts.faces = count;
+    }
+    throw Failure(file.string(), "no mesh: the header has no end");
+}
+
+/// Refuses a file that ended before it had what its header declares.
+void checkIsWhole(aiScene const &scene, PlyCounts const &declared, std::string const &file) {
+    unsigned long vertices = 0;
+    unsigned long faces = 0;
+    for (unsigned i = 0; i < scene.mNumMeshes; ++i) {
+        vertices += scene.mMeshes[i]->mNumVertices;
+        faces += scene.mMeshes[i]->mNumFaces;
+    }
+    if (vertices < declared.vertices || faces < declared.faces) {
+        throw Failure(file, "is cut short: it has not all the vertices and faces it declares");
+    }
 }
 
 /// Collects vertices under one index per position. Files that name no shared vertices (STL names
@@ -57,35 +96,48 @@ private:
     std::map<std::array<float, 3>, std::uint32_t> indexOf_;
 };
 
-void append(aiMesh const &part, VertexCollector &vertices, Mesh &mesh) {
+void append(aiMesh const &part, std::string const &file, VertexCollector &vertices, Mesh &mesh) {
     std::vector<std::uint32_t> indices;
     for (unsigned i = 0; i < part.mNumVertices; ++i) {
         indices.push_back(vertices.add(part.mVertices[i]));
     }
     for (unsigned i = 0; i < part.mNumFaces; ++i) {
         aiFace const &face = part.mFaces[i];
-        if (face.mNumIndices != 3) continue; // a loose point or line
-        mesh.triangles.push_back(
-            {indices[face.mIndices[0]], indices[face.mIndices[1]], indices[face.mIndices[2]]});
+        for (unsigned k = 0; k < face.mNumIndices; ++k) {
+            if (face.mIndices[k] < part.mNumVertices) continue;
+            throw Failure(file, "face " + std::to_string(i + 1),
+                          "names a vertex that is not there");
+        }
+        // A fan; what has fewer than three corners is a loose point or line.
+        for (unsigned k = 2; k < face.mNumIndices; ++k) {
+            mesh.triangles.push_back({indices[face.mIndices[0]], indices[face.mIndices[k - 1]],
+                                      indices[face.mIndices[k]]});
+        }
     }
 }
 
 } // namespace
 
 Mesh readMesh(std::filesystem::path const &file) {
-    if (!isKnownFormat(file)) {
+    std::string const format = extensionOf(file);
+    if (format != ".obj" && format != ".stl" && format != ".ply") {
         throw Failure(file.string(), "is no known kind of mesh: .obj, .stl and .ply are");
     }
+    PlyCounts const declared = format == ".ply" ? readPlyHeader(file) : PlyCounts();
     Assimp::Importer importer;
-    // Triangles are asked for and nothing else: the vertices stay as the file has them.
-    aiScene const *const scene = importer.ReadFile(file.string(), aiProcess_Triangulate);
+    constexpr unsigned kAsTheFileHasIt = 0; // no step that would move, join or trust anything
+    aiScene const *const scene = importer.ReadFile(file.string(), kAsTheFileHasIt);
     if (scene == nullptr) {
         throw Failure(file.string(), std::string("no mesh: ") + importer.GetErrorString());
     }
 
+    checkIsWhole(*scene, declared, file.string());
+
     Mesh mesh;
     VertexCollector vertices(file.string(), mesh);
-    for (unsigned i = 0; i < scene->mNumMeshes; ++i) append(*scene->mMeshes[i], vertices, mesh);
+    for (unsigned i = 0; i < scene->mNumMeshes; ++i) {
+        append(*scene->mMeshes[i], file.string(), vertices, mesh);
+    }
     if (mesh.vertices.empty()) throw Failure(file.string(), "the mesh has no vertices");
     for (mgPoint_c const &vertex : mesh.vertices) mesh.bounds |= vertex;
     return mesh;

@@ -34,13 +34,15 @@ public:
     /// Low corner, then high corner, as they are (not sorted), and the sphere through them.
     /// REQUIRES six readable doubles.
     VEXMATH_API void set(double const *lowHigh);
+    void set(mgPoint_c const &) = delete; // which would pass for an array of six
+    void set(mgVector_c const &) = delete;
     VEXMATH_API void set2Points(mgPoint_c const *a, mgPoint_c const *b); ///< as the constructor
     void setSphereOnly(mgPoint_c const &centre, double r);
     void setCornersOnly(mgPoint_c const &low, mgPoint_c const &high); ///< not sorted
     /// Unset by its corners, low (0, 0, 0) and high (0, 0, -2); the sphere stays as it was.
     VEXMATH_API void reset();
 
-    /// The model's working range, 1000 across its diagonal: a cube of radius slightly below 500.
+    /// The model's working range: a cube of radius slightly below 500.
     VEXMATH_API static mgBBox_c maxBox();
     /// The cube from -500 to 500 with the sphere of radius 500 in it.
     VEXMATH_API static mgBBox_c correctedMaxBox();
@@ -101,10 +103,13 @@ public:
     /// clash; boxes that share a face do. REQUIRES b not null.
     VEXMATH_API int clash(mgBBox_c const *b, double tol) const;
     /// Do box a placed by xa and box b placed by xb clash? Each is carried into the frame of the
-    /// other and both tests must agree, which removes most false alarms of turned boxes.
+    /// other and both tests must agree, which removes most false alarms of turned boxes. The
+    /// spheres must overlap by 1e-08, and b's radius enters unscaled: REQUIRES placements of one
+    /// scale.
     VEXMATH_API static int clash(mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b,
                                  mgXform_c const &xb);
-    /// 1 when b, scaled by (1 - tol) about its middle, lies strictly inside this box. 0 for null.
+    /// 1 when b, scaled by (1 - tol) about its middle, lies strictly inside this box, and the
+    /// spheres are no farther apart than their radii and tol. 0 for null.
     VEXMATH_API int containsBBox(mgBBox_c const *b, double tol) const;
     /// 1 when p lies in the box grown by tol, bound included. Does not look at the set state: the
     /// corners of an unset box decide too.
@@ -174,7 +179,8 @@ private:
 
 namespace vexmath::detail {
 
-/// How far a sphere's squared radius may fall short of the farthest corner, relative and absolute.
+/// What a sphere's squared radius may exceed the farthest corner by: a factor, then an absolute
+/// slack, which the test of the nearest point shares.
 inline constexpr double kFarthestFactor = 0.99999999;
 inline constexpr double kSquaredSlack = 1e-08;
 
@@ -260,7 +266,7 @@ inline int mgBBox_c::isRayHit(mgPoint_c const &p, mgUnitVector_c const &dir) con
 
 /// Valid by comparisons and one sum of squares alone: the sphere's centre lies in the box, no
 /// corner coordinate is farther than the radius, and the farthest corner asks for the radius. Says
-/// true only where `isValid` does, and does so for every box that unions alone have built.
+/// true only where `isValid` does, and does so for nearly every box that unions have built.
 inline bool mgBBox_c::isPlainlyValid() const {
     double reachSq = 0.0;
     for (int i = 0; i < 3; ++i) {

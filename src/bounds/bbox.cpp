@@ -246,8 +246,8 @@ void mgBBox_c::clipCornersToSphere() {
 mgBBox_c &mgBBox_c::operator|=(mgBBox_c const &b) {
     if (!b.isValid()) return *this;
     if (!isSet()) return *this = b;
-    widenCorners(b.low_);
-    widenCorners(b.high_);
+    low_ = lower(low_, b.low_);
+    high_ = upper(high_, b.high_);
 
     mgVector_c const v = b.sphCentre_ - sphCentre_;
     double const distance = v.len();
