@@ -14,6 +14,10 @@
 #include "svg.h"
 
 #include <algorithm>
+#include <memory>
+
+#include <vexmath/edge_data.h>
+#include <vexmath/mg_tessellation.h>
 
 namespace example::assembly {
 
@@ -47,9 +51,23 @@ void drawBox(SvgPage &page, Panel const &panel, mgBBox_c box, std::string const 
     page.rectangle(box.low(), box.high(), style);
 }
 
+/// Points so close that chords and circle fall together on the page.
+std::vector<mgPoint_c> circleOnPage(mgPoint_c const &middle, double radius) {
+    constexpr double kTolerance = 0.4; // pixels; the chords are off by a quarter of it
+    mgPoint_c const centre(middle.x(), middle.y(), 0.0);
+    mgPoint_c const start = centre + mgVector_c(radius, 0.0, 0.0);
+    arcEdgeData const circle{centre, {0.0, 0.0, 1.0}, radius};
+    mgPoint_c *points = nullptr;
+    int segments = 0; // none for a radius of 0
+    mg_TessArc(&circle, &start, &start, kTolerance, &points, segments, nullptr);
+    std::unique_ptr<mgPoint_c[]> const owned(points);
+    return {points, points + segments};
+}
+
 void drawSphere(SvgPage &page, Panel const &panel, mgBBox_c box, std::string const &style) {
     box *= panel.toPage;
-    page.circle(box.sphCenter(), box.sphRadius(), style);
+    std::vector<mgPoint_c> const circle = circleOnPage(box.sphCenter(), box.sphRadius());
+    if (!circle.empty()) page.path(polygon(circle), style);
 }
 
 void drawView(SvgPage &page, Panel const &panel, std::vector<Part> const &parts,
@@ -62,6 +80,9 @@ void drawView(SvgPage &page, Panel const &panel, std::vector<Part> const &parts,
         silhouettes.push_back({i, middle, silhouetteOf(parts[i], panel.toPage)});
         drawSphere(page, panel, parts[i].placed, partStyle("sphere", i));
         drawBox(page, panel, parts[i].placed, partStyle("box", i));
+    }
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        page.path(polygon(hullOf(parts[i], panel.toPage)), partStyle("hull", i));
     }
     for (PartOutline const &silhouette : silhouettes) {
         drawEdges(page, silhouette.edges, partStyle("silhouette", silhouette.part));
@@ -94,14 +115,14 @@ std::string drawAssembly(std::string const &title, std::vector<Part> const &part
     SvgPage page(kStyleSheet);
     page.raw(kDefinitions);
     page.text({kPageMargin, kTitleLine, 0.0}, title, "class='title'");
-    drawKey(page, {kPageMargin, kKeyLine, 0.0}, extras.pick.has_value(),
-            extras.section.has_value());
+    drawKey(page, {kPageMargin, kKeyLine, 0.0}, extras);
 
     mgBBox_c const extent = extentOf(parts);
     std::vector<Panel> const panels = layOutViews(extent, drawUpperRow(page, parts, extras));
     Progress progress("drawing", panels.size() * parts.size());
     for (Panel const &panel : panels) {
         drawView(page, panel, parts, result, progress);
+        drawDrillingPath(page, panel, extras.drilling);
         if (extras.section) drawTrace(page, panel, *extras.section, extent);
         if (extras.pick) drawSight(page, panel, *extras.pick, extent);
     }

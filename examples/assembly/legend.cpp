@@ -3,6 +3,7 @@
 
 #include "legend.h"
 
+#include "drawing.h"
 #include "panel.h"
 #include "style.h"
 #include "text.h"
@@ -63,7 +64,7 @@ void drawBalloon(SvgPage &page, mgPoint_c const &centre, std::size_t part) {
               "class='number middle'");
 }
 
-void drawKey(SvgPage &page, mgPoint_c const &start, bool picks, bool cuts) {
+void drawKey(SvgPage &page, mgPoint_c const &start, Extras const &extras) {
     // Each sign is 24 pixels wide, its meaning begins 8 pixels behind it.
     auto const sign = [&](double x) { return start + mgVector_c(x, -5.0, 0.0); };
     auto const meaning = [&](double x) { return start + mgVector_c(x + 32.0, 0.0, 0.0); };
@@ -72,20 +73,27 @@ void drawKey(SvgPage &page, mgPoint_c const &start, bool picks, bool cuts) {
 
     page.line(sign(0.0), sign(0.0) + wide, "class='silhouette'");
     page.text(meaning(0.0), "silhouette");
-    page.rectangle(sign(140.0) - half, sign(140.0) + wide + half, "class='box'");
-    page.text(meaning(140.0), "bounding box");
-    page.circle(sign(300.0) + 0.5 * wide, 9.0, "class='sphere'");
-    page.text(meaning(300.0), "bounding sphere");
-    page.rectangle(sign(480.0) - half, sign(480.0) + wide + half, "class='overlap'");
-    page.text(meaning(480.0), "where the boxes of two clashing parts overlap");
-    if (picks) {
-        page.line(sign(870.0), sign(870.0) + wide, "class='sight'");
-        page.circle(sign(870.0) + 0.5 * wide, 5.0, "class='entry'");
-        page.text(meaning(870.0), "line of sight, where it enters a box");
+    page.rectangle(sign(120.0) - half, sign(120.0) + wide + half, "class='hull'");
+    page.text(meaning(120.0), "its convex hull");
+    page.rectangle(sign(270.0) - half, sign(270.0) + wide + half, "class='box'");
+    page.text(meaning(270.0), "box");
+    page.circle(sign(350.0) + 0.5 * wide, 9.0, "class='sphere'");
+    page.text(meaning(350.0), "bounding sphere");
+    page.rectangle(sign(515.0) - half, sign(515.0) + wide + half, "class='overlap'");
+    page.text(meaning(515.0), "where the boxes of two clashing parts overlap");
+    if (!extras.drilling.bolts.empty()) {
+        page.line(sign(880.0), sign(880.0) + wide, "class='drill'");
+        page.circle(sign(880.0), 3.5, "class='hole'");
+        page.text(meaning(880.0), "drilling path");
     }
-    if (cuts) {
-        page.line(sign(1200.0), sign(1200.0) + wide, "class='trace'");
-        page.text(meaning(1200.0), "plane of the section");
+    if (extras.pick) {
+        page.line(sign(1020.0), sign(1020.0) + wide, "class='sight'");
+        page.circle(sign(1020.0) + 0.5 * wide, 5.0, "class='entry'");
+        page.text(meaning(1020.0), "line of sight, where it enters a box");
+    }
+    if (extras.section) {
+        page.line(sign(1318.0), sign(1318.0) + wide, "class='trace'");
+        page.text(meaning(1318.0), "plane of the section");
     }
 }
 

@@ -16,14 +16,16 @@
 
 namespace example::assembly {
 
+struct Extras;
+
 constexpr double kBalloonRadius = 9.0; // pixels
 
 /// The number of a part, counted from 1, in a ring of its colour.
 void drawBalloon(SvgPage &page, mgPoint_c const &centre, std::size_t part);
 
-/// One line that shows each kind of line of the views beside its meaning, also those of a pick and
-/// a section when there are any.
-void drawKey(SvgPage &page, mgPoint_c const &start, bool picks, bool cuts);
+/// One line that shows each kind of line of the views beside its meaning, also those of the extras
+/// that there are.
+void drawKey(SvgPage &page, mgPoint_c const &start, Extras const &extras);
 
 /// The parts that a pick hits.
 void drawHits(SvgPage &page, mgPoint_c const &start, std::vector<Part> const &parts,

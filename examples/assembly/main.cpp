@@ -3,7 +3,7 @@
 //
 // Read on in the order of the work: assembly_file, mesh_file, placement, parts, check, document,
 // drawing, report. The geometry is done by the library; what it takes is in placement.cpp,
-// mesh_file.cpp (the last lines), check.cpp and document.cpp, and for the options in
+// mesh_file.cpp (the last lines), drilling.cpp, check.cpp and document.cpp, and for the options in
 // perspective.cpp, pick.cpp and section.cpp.
 
 #include "assembly_file.h"
@@ -41,6 +41,7 @@ void run(Options const &options) {
     std::vector<Part> const parts = loadParts(file);
     CheckResult const result = check(parts, file.clashTolerance);
     Extras extras;
+    extras.drilling = drillingPathOf(parts);
     if (options.pick) extras.pick = pickParts(parts, result.total, *options.pick);
     if (options.section) extras.section = cutParts(parts, *options.section);
 
@@ -50,6 +51,7 @@ void run(Options const &options) {
     std::vector<std::filesystem::path> const written = output.commit();
 
     printReport(std::cout, parts, result);
+    printDrillingPath(std::cout, parts, extras.drilling);
     if (extras.pick) printPick(std::cout, parts, *extras.pick);
     if (extras.section) printSection(std::cout, parts, *extras.section);
     std::cout << '\n';

@@ -50,6 +50,15 @@ void printReport(std::ostream &out, std::vector<Part> const &parts, CheckResult 
         << '\n';
 }
 
+void printDrillingPath(std::ostream &out, std::vector<Part> const &parts,
+                       DrillingPath const &path) {
+    if (path.bolts.empty()) return;
+    out << "\ndrilling path, " << number(path.length) << " long: " << path.bolts.size() << '\n';
+    for (std::size_t i = 0; i < path.bolts.size(); ++i) {
+        out << "  " << parts[path.bolts[i]].name << " at " << cornerText(path.centres[i]) << '\n';
+    }
+}
+
 void printPick(std::ostream &out, std::vector<Part> const &parts, Pick const &pick) {
     out << "\npicked at " << number(pick.at.x) << ' ' << number(pick.at.y) << ": "
         << (pick.hits.empty() ? "none" : std::to_string(pick.hits.size())) << '\n';

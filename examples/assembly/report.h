@@ -5,6 +5,7 @@
 #define ASSEMBLY_REPORT_H
 
 #include "check.h"
+#include "drilling.h"
 #include "parts.h"
 #include "pick.h"
 #include "section.h"
@@ -16,6 +17,8 @@ namespace example::assembly {
 
 /// A table of the parts, then the pairs that clash, touch and contain, then the total bounds.
 void printReport(std::ostream &out, std::vector<Part> const &parts, CheckResult const &result);
+/// The bolts in the order of drilling; nothing without bolts.
+void printDrillingPath(std::ostream &out, std::vector<Part> const &parts, DrillingPath const &path);
 /// The line of sight and the parts hit, nearest first.
 void printPick(std::ostream &out, std::vector<Part> const &parts, Pick const &pick);
 /// The parts cut.

@@ -7,6 +7,10 @@
 #include <cstdint>
 #include <utility>
 
+#include <vexmath/mg_queries.h>
+#include <vexmath/point2d.h>
+#include <vexmath/su_dynamic_array.h>
+
 namespace example::assembly {
 
 namespace {
@@ -73,6 +77,16 @@ std::vector<Edge> silhouetteOf(Part const &part, mgXform_c const &toPage) {
         first = last;
     }
     return edges;
+}
+
+std::vector<mgPoint_c> hullOf(Part const &part, mgXform_c const &toPage) {
+    suDynamicArray<mg2DPoint_c> points;
+    for (mgPoint_c const &p : flattened(part, toPage)) points.Add({p.x(), -p.y()});
+    suDynamicArray<mg2DPoint_c> hull; // y runs upwards in here
+    convexHull(points, hull);
+    std::vector<mgPoint_c> corners;
+    for (int i = 0; i < hull.Count(); ++i) corners.emplace_back(hull[i].x(), -hull[i].y(), 0.0);
+    return corners;
 }
 
 std::vector<std::vector<mgPoint_c>> facesOf(Part const &part, mgXform_c const &toPage) {

@@ -18,6 +18,9 @@ namespace example::assembly {
 /// its mesh. Nothing is hidden by what lies in front. A cloud of points without triangles has none.
 std::vector<Edge> silhouetteOf(Part const &part, mgXform_c const &toPage);
 
+/// The convex hull of the silhouette, or of a cloud of points, counter-clockwise for the viewer.
+std::vector<mgPoint_c> hullOf(Part const &part, mgXform_c const &toPage);
+
 /// The corners, on the page, of the triangles that face one way. Those of a closed mesh together
 /// cover the same area as all of its triangles.
 std::vector<std::vector<mgPoint_c>> facesOf(Part const &part, mgXform_c const &toPage);

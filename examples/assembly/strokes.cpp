@@ -44,13 +44,7 @@ void drawEdges(SvgPage &page, std::vector<Edge> const &edges, std::string const 
     page.path(commands, style);
 }
 
-std::string polygon(std::vector<mgPoint_c> const &corners) {
-    std::string commands;
-    for (mgPoint_c const &corner : corners) {
-        commands += (commands.empty() ? "M" : "L") + written(corner);
-    }
-    return commands + "Z";
-}
+std::string polygon(std::vector<mgPoint_c> const &corners) { return pathThrough(corners) + "Z"; }
 
 void drawBalloons(SvgPage &page, Panel const &panel, std::vector<PartOutline> const &outlines) {
     double const width = panel.bottomRight.x() - panel.topLeft.x();

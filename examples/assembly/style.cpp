@@ -29,6 +29,10 @@ char const *const kStyleSheet = R"(text { font: 13px 'DejaVu Sans', Arial, sans-
 .sphere { fill: none; stroke: currentColor; stroke-opacity: 0.7; stroke-dasharray: 1 4;
           stroke-linecap: round }
 .silhouette { fill: none; stroke: currentColor; stroke-width: 1.2; stroke-linecap: round }
+.hull { fill: currentColor; fill-opacity: 0.1; stroke: currentColor; stroke-width: 0.8;
+        stroke-dasharray: 5 2 }
+.drill { fill: none; stroke: #d6007a; stroke-width: 1.8; stroke-linejoin: round }
+.hole { fill: #fff; stroke: #d6007a; stroke-width: 1.8 }
 .leader { stroke: currentColor; stroke-width: 0.7; stroke-opacity: 0.7 }
 .dot { fill: currentColor }
 .balloon { fill: #fff; stroke: currentColor; stroke-width: 1.5 }
@@ -44,7 +48,10 @@ char const *const kStyleSheet = R"(text { font: 13px 'DejaVu Sans', Arial, sans-
 
 char const *const kDefinitions =
     "<defs><marker id='arrow' viewBox='-10 -5 10 10' markerWidth='9' markerHeight='9' "
-    "orient='auto'><path d='M0 0L-10 -4L-10 4Z'/></marker><pattern id='hatch' width='6' height='6' "
+    "orient='auto'><path d='M0 0L-10 -4L-10 4Z'/></marker>"
+    "<marker id='drilled' viewBox='-10 -5 10 10' markerWidth='6' markerHeight='6' orient='auto'>"
+    "<path d='M0 0L-10 -4L-10 4Z' fill='#d6007a'/></marker><pattern id='hatch' width='6' "
+    "height='6' "
     "patternUnits='userSpaceOnUse' "
     "patternTransform='rotate(45)'><line x1='0' y1='0' x2='0' y2='6' stroke='#d00000' "
     "stroke-width='1.6' stroke-opacity='0.6'/></pattern></defs>";

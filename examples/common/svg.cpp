@@ -38,6 +38,13 @@ std::string pixels(double value) {
     return text.str();
 }
 
+std::string pathThrough(std::vector<mgPoint_c> const &points) {
+    std::string commands;
+    for (mgPoint_c const &p : points)
+        commands += (commands.empty() ? "M" : "L") + pixels(p.x()) + " " + pixels(p.y());
+    return commands;
+}
+
 SvgPage::SvgPage(std::string styleSheet) : styleSheet_(std::move(styleSheet)) {}
 
 void SvgPage::raw(std::string const &markup) { body_ << markup << '\n'; }

@@ -6,6 +6,7 @@
 
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include <vexmath/point.h>
 
@@ -37,6 +38,8 @@ private:
 
 /// A coordinate or length as the page writes it.
 std::string pixels(double value);
+/// Commands of a path from point to point of the page.
+std::string pathThrough(std::vector<mgPoint_c> const &points);
 
 } // namespace example
 

@@ -3,8 +3,6 @@
 
 #include "page.h"
 
-#include "svg.h"
-
 #include <iterator>
 
 namespace example::curves {
@@ -40,13 +38,6 @@ char const *const kStyleSheet = R"(text { font: 13px 'DejaVu Sans', Arial, sans-
 std::string shapeStyle(char const *cssClass, std::size_t shape) {
     return std::string("class='") + cssClass + "' color='" + kColours[shape % std::size(kColours)]
            + "'";
-}
-
-std::string pathThrough(std::vector<mgPoint_c> const &points) {
-    std::string commands;
-    for (mgPoint_c const &p : points)
-        commands += (commands.empty() ? "M" : "L") + pixels(p.x()) + " " + pixels(p.y());
-    return commands;
 }
 
 } // namespace example::curves

@@ -6,9 +6,6 @@
 
 #include <cstddef>
 #include <string>
-#include <vector>
-
-#include <vexmath/point.h>
 
 namespace example::curves {
 
@@ -19,9 +16,6 @@ extern char const *const kStyleSheet;
 
 /// Attributes for what belongs to a shape, counted from 0: its CSS class and the shape's colour.
 std::string shapeStyle(char const *cssClass, std::size_t shape);
-
-/// Commands of a path through points of the page.
-std::string pathThrough(std::vector<mgPoint_c> const &points);
 
 } // namespace example::curves
 

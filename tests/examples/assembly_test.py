@@ -77,19 +77,32 @@ class AssemblyTest(unittest.TestCase):
         run = self.run_on(DATA / 'assembly.json')
         self.assertEqual((run.returncode, run.stderr), (0, ''))
         self.assertEqual(self.pairs(run.stdout, 'clashing pairs'), {
-            'base plate - bolt left', 'base plate - bolt right', 'bracket left - shaft',
-            'bracket left - bolt left', 'bracket right - shaft', 'bracket right - bolt right',
-            'shaft - gear', 'shaft - key', 'gear - pinion', 'gear - key'})
+            'bracket left - shaft', 'bracket right - shaft', 'shaft - gear', 'shaft - key',
+            'gear - pinion', 'gear - key'} | {
+                f'{part} - bolt {side}{end}' for side in ('left', 'right')
+                for end in ('', ' front', ' rear') for part in ('base plate', 'bracket ' + side)})
         self.assertEqual(self.pairs(run.stdout, 'touching pairs'), {
             'base plate - bracket left', 'base plate - bracket right', 'bracket left - lid',
             'bracket right - lid'})
         self.assertEqual(self.pairs(run.stdout, 'containments'), {'gear contains key'})
         # A mirrored part, and one drawn in inches.
-        self.assertRegex(run.stdout, r'bracket right +180 +\(32, -25, 0\) +\(78, 25, 85\) .* yes\n')
+        self.assertRegex(run.stdout, r'bracket right +276 +\(32, -25, 0\) +\(78, 25, 85\) .* yes\n')
         self.assertRegex(run.stdout, r'bolt left +86 +\(-66\.3325, -6\.35, -17\.4\)')
         self.assertIn('agree bit for bit', run.stdout)
         self.assertEqual(sorted(os.listdir(self.out)), ['assembly.svg', 'assembly.vxa'])
-        self.check_picture(frame=3, silhouette=3 * 11 + 1, overlap=3 * 10 + 1, sight=0, trace=0)
+        self.check_picture(frame=3, silhouette=3 * 15 + 1, hull=3 * 15 + 1, sphere=3 * 15 + 1,
+                           overlap=3 * 18 + 1, drill=3 + 1, hole=3 * 6 + 1, sight=0, trace=0)
+
+    def test_drilling_path(self):
+        run = self.run_on(DATA / 'assembly.json')
+        path = self.lines(run.stdout, 'drilling path, 186 long')  # 2 x 34 and once across, 118
+        self.assertEqual([hole.split(' at ')[0] for hole in path], [
+            'bolt left front', 'bolt left', 'bolt left rear', 'bolt right rear', 'bolt right',
+            'bolt right front'])
+        self.assertEqual(path[1], 'bolt left at (-59, 0, -2.1219)')
+        run = self.run_on(self.of_parts(self.part()))
+        self.assertNotIn('drilling', run.stdout)
+        self.check_picture(drill=0, hole=0)
 
     def test_pick(self):
         run = self.run_on(DATA / 'assembly.json', options=['--pick', '0.36', '0.62'])

@@ -58,11 +58,23 @@ def cross(a, b, c):
     return (b[0] - a[0]) * (c[1] - a[1]) - (b[1] - a[1]) * (c[0] - a[0])
 
 
+def sees(outline, i, p):
+    """Does the segment from corner i to p begin inside the outline and cross none of its sides?"""
+    before, v, after = outline[i - 1], outline[i], outline[(i + 1) % len(outline)]
+    if cross(v, after, before) >= 0.0:
+        inside = cross(v, p, before) > 0.0 and cross(p, v, after) > 0.0
+    else:
+        inside = not (cross(v, p, after) >= 0.0 and cross(p, v, before) >= 0.0)
+    return inside and not any(
+        cross(v, p, q) * cross(v, p, r) <= 0.0 and cross(q, r, v) * cross(q, r, p) <= 0.0
+        for q, r in zip(outline, outline[1:] + outline[:1]) if v[:2] not in (q[:2], r[:2]))
+
+
 def bridge(outline, hole):
     """One outline that runs to the hole, round it and back. Both hold (x, y, index)."""
     far = max(range(len(hole)), key=lambda i: hole[i][0])
     start = hole[far]
-    right = [i for i, p in enumerate(outline) if p[0] > start[0]]
+    right = [i for i, p in enumerate(outline) if p[0] > start[0] and sees(outline, i, start)]
     near = min(right, key=lambda i: (outline[i][0] - start[0]) ** 2 + (outline[i][1] - start[1]) ** 2)
     around = hole[far:] + hole[:far + 1]
     return outline[:near + 1] + around + outline[near:]
@@ -146,19 +158,22 @@ def join(*solids):
 
 # The parts.
 
+BOLTS = (-17.0, 0.0, 17.0)  # where they are along a bracket
+
+
 def base_plate():
-    holes = [circle(x, 0.0, 4.0, 24) for x in (-59.0, 59.0)]
+    holes = [circle(x, y, 4.0, 24) for x in (-59.0, 59.0) for y in BOLTS]
     outline = [p for x, y, start in ((74, 42, 0), (-74, 42, 90), (-74, -42, 180), (74, -42, 270))
                for p in arc(x, y, 8.0, start, start + 90, 6)]
     return extrude(outline, holes, -10.0, 0.0)
 
 
 def bracket():
-    """An upright with a bore for the shaft, welded to a foot that a bolt holds down."""
+    """An upright with a bore for the shaft, welded to a foot that bolts hold down."""
     upright = [(-25.0, 0.0), (25.0, 0.0)] + arc(0.0, 60.0, 25.0, 0.0, 180.0, 24)
     foot = rectangle(-38.0, -25.0, 0.0, 25.0)
     return join(standing(extrude(upright, [circle(0.0, 45.0, 8.0, 36)], 0.0, 8.0)),
-                extrude(foot, [circle(-19.0, 0.0, 4.2, 24)], 0.0, 8.0))
+                extrude(foot, [circle(-19.0, y, 4.2, 24) for y in BOLTS], 0.0, 8.0))
 
 
 def shaft():

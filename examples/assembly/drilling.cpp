@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+// The way of a drill from bolt to bolt.
+
+#include "drilling.h"
+
+#include <vexmath/mg_queries.h>
+#include <vexmath/mg_vector.h>
+#include <vexmath/su_dynamic_array.h>
+
+namespace example::assembly {
+
+DrillingPath drillingPathOf(std::vector<Part> const &parts) {
+    std::vector<std::size_t> bolts;
+    suDynamicArray<mgPoint_c> centres;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        if (parts[i].name.rfind("bolt", 0) != 0) continue;
+        bolts.push_back(i);
+        centres.Add(parts[i].placed.center());
+    }
+    suDynamicArray<int> order;
+    mg_OpenTSP(centres, order);
+
+    DrillingPath path;
+    for (int i = 0; i < order.Count(); ++i) {
+        path.bolts.push_back(bolts[static_cast<std::size_t>(order[i])]);
+        path.centres.push_back(centres[order[i]]);
+        if (i > 0) path.length += dist(centres[order[i - 1]], centres[order[i]]);
+    }
+    return path;
+}
+
+void drawDrillingPath(SvgPage &page, Panel const &panel, DrillingPath const &path) {
+    constexpr double kHoleRadius = 3.5; // pixels
+    std::vector<mgPoint_c> holes;
+    for (mgPoint_c const &centre : path.centres) holes.push_back(centre * panel.toPage);
+    if (holes.size() > 1) page.path(pathThrough(holes), "class='drill' marker-end='url(#drilled)'");
+    for (mgPoint_c const &hole : holes) page.circle(hole, kHoleRadius, "class='hole'");
+}
+
+} // namespace example::assembly
