@@ -70,8 +70,8 @@ public:
     VEXMATH_API mgMatrix4_c operator-(mgMatrix4_c const &b) const;
     VEXMATH_API mgMatrix4_c scale(double s) const;
 
-    mgMatrix4_c operator*(mgMatrix4_c const &b) const; ///< b first, then this
-    mgMatrix4_c &operator*=(mgMatrix4_c const &b);     ///< this * b
+    VEXMATH_API mgMatrix4_c operator*(mgMatrix4_c const &b) const; ///< b first, then this
+    mgMatrix4_c &operator*=(mgMatrix4_c const &b);                 ///< this * b
     VEXMATH_API mgMatrix4_c transpose() const;
     /// The inverse of an affine matrix; the bottom row is not looked at. The identity when the
     /// determinant is below 1e-13 in absolute value.
@@ -122,18 +122,6 @@ inline double mgMatrix4_c::getScale() const { return mgVector_c(m_).len(); }
 inline double mgMatrix4_c::getDeterminant() const {
     return m_[0] * (m_[5] * m_[10] - m_[9] * m_[6]) - m_[1] * (m_[4] * m_[10] - m_[8] * m_[6])
            + m_[2] * (m_[9] * m_[4] - m_[8] * m_[5]);
-}
-
-inline mgMatrix4_c mgMatrix4_c::operator*(mgMatrix4_c const &b) const {
-    mgMatrix4_c product;
-    for (int i = 0; i < 4; ++i) {
-        double const *row = m_ + 4 * i;
-        for (int j = 0; j < 4; ++j) {
-            product.m_[4 * i + j] = row[0] * b.m_[j] + row[1] * b.m_[4 + j] + row[2] * b.m_[8 + j]
-                                    + row[3] * b.m_[12 + j];
-        }
-    }
-    return product;
 }
 
 inline mgMatrix4_c &mgMatrix4_c::operator*=(mgMatrix4_c const &b) { return *this = *this * b; }

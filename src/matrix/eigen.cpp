@@ -23,45 +23,39 @@ Working symmetricPart(mgMatrix_c const &m) {
             {{1.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, {0.0, 0.0, 1.0}}};
 }
 
-double sumOff(Working const &a) {
-    return std::fabs(a.off[2]) + std::fabs(a.off[1]) + std::fabs(a.off[0]);
-}
-
 /// A plane rotation by its tangent, cosine, sine, and the tangent of half its angle.
 struct Rotation {
     double t, c, s, tau;
 };
 
-/// Below about 2^-27 the square of a tangent vanishes beside 1.
-constexpr double kTangentSqVanishes = 0x1p-27;
-constexpr double kCotangentSqSwallowsOne = 0x1p27;
+/// The sign of a number that is not positive, and of one that is. A table, since a branch would be
+/// guessed wrong half of the time.
+constexpr double kSign[2] = {-1.0, 1.0};
 
-/// Tangent of the smaller angle whose rotation clears x, h being the difference of the diagonal
-/// elements: the smaller root of t^2 + 2 u t - 1 = 0 with u = h / 2x.
-double tangent(double h, double x) {
-    /// |u| up to which it is squared; beyond it t = 1 / 2u. Bound included.
-    constexpr double kSquaredUpTo = 10000000000000.0;
-    constexpr double sign[2] = {-1.0, 1.0}; // u = 0 turns by minus 45 degrees
+/// The rotation by the smaller angle that clears an element x between diagonal elements h apart:
+/// its tangent is the smaller root of t^2 + 2 u t - 1 = 0 with u = h / 2x.
+inline Rotation rotationClearing(double x, double h) {
+    /// |u| up to which t is computed from it; bound included.
+    constexpr double kUsable = 10000000000000.0;
+    /// |u| above which the long way finds the same bits: u^2 swallows the 1 and the root of a
+    /// rounded square is exact, so sqrt(u^2 + 1) is |u|; and t^2 vanishes beside 1.
+    constexpr double kSmallAngle = 0x1p27;
     double const u = h / (2.0 * x);
     double const size = std::fabs(u);
-    if (!(size <= kSquaredUpTo)) return x / h;
-    // sqrt(u^2 + 1) is |u| to the last bit here: u^2 swallows the 1, and the root of a rounded
-    // square is exact.
-    if (size > kCotangentSqSwallowsOne) return sign[u > 0.0] / (size + size);
-    return sign[u > 0.0] / (std::sqrt(u * u + 1.0) + size);
-}
-
-Rotation rotationBy(double t) {
-    if (std::fabs(t) < kTangentSqVanishes) return {t, 1.0, t, t * 0.5}; // what the lines below give
+    if (!(size <= kSmallAngle)) {
+        double const t = size <= kUsable ? kSign[u > 0.0] / (size + size) : x / h;
+        return {t, 1.0, t, t * 0.5};
+    }
+    double const t = kSign[u > 0.0] / (std::sqrt(u * u + 1.0) + size);
     double const c = 1.0 / std::sqrt(t * t + 1.0);
     double const s = t * c;
     return {t, c, s, s / (c + 1.0)};
 }
 
 /// Clears the element of row P and column Q; false when it is too small to say by which angle. A
-/// template, so that the working matrix stays in registers.
+/// template and inline, since known indices keep the working matrix in registers.
 template <int P, int Q>
-bool rotate(Working &a) {
+inline bool rotate(Working &a) {
     /// Differences of diagonal elements and doubled off-diagonal ones that count as none; strict,
     /// and both must be so.
     constexpr double kNoDifference = 1e-13;
@@ -70,7 +64,7 @@ bool rotate(Working &a) {
     double const h = a.diagonal[Q] - a.diagonal[P];
     if (std::fabs(h) < kNoDifference && std::fabs(2.0 * x) < kNoDifference) return false;
 
-    auto const [t, c, s, tau] = rotationBy(tangent(h, x));
+    auto const [t, c, s, tau] = rotationClearing(x, h);
     a.diagonal[P] -= t * x;
     a.diagonal[Q] += t * x;
     a.off[R] = 0.0;
@@ -97,27 +91,23 @@ bool rotateLargest(Working &a) {
     return rotate<1, 0>(a);
 }
 
-/// Makes the matrix diagonal; false when that does not come to an end, which takes NaN.
+/// Makes the matrix diagonal; false when that does not come to an end.
 bool diagonalise(Working &a) {
     /// Sum of absolute off-diagonal elements that ends the iteration; bound included.
     constexpr double kDiagonal = 1e-20;
-    /// More rotations than this are not made without success; about ten suffice.
+    /// More rotations than this are not made without success; about nine suffice.
     constexpr int kMostRotations = 50;
     int rotations = 0;
     do {
         if (rotations++ > kMostRotations) return false;
         if (!rotateLargest(a)) return true;
-    } while (!(sumOff(a) <= kDiagonal));
+    } while (!(std::fabs(a.off[2]) + std::fabs(a.off[1]) + std::fabs(a.off[0]) <= kDiagonal));
     return true;
 }
 
-struct EigenPair {
-    double value;
-    mgVector_c vector;
-};
-
-void putInOrder(EigenPair &a, EigenPair &b) {
-    if (b.value < a.value) std::swap(a, b);
+/// Exchanges two indices when the value of the second is the smaller one.
+void putInOrder(double const *values, int &i, int &j) {
+    if (values[j] < values[i]) std::swap(i, j);
 }
 
 } // namespace
@@ -129,14 +119,15 @@ int mgMatrix_c::getEigensystem(double *values, mgUnitVector_c *vectors) const {
     Working a = symmetricPart(*this);
     bool const converged = diagonalise(a);
 
-    EigenPair pairs[3];
-    for (int i = 0; i < 3; ++i) pairs[i] = {a.diagonal[i], mgVector_c(a.vectors[i])};
-    putInOrder(pairs[0], pairs[1]);
-    putInOrder(pairs[0], pairs[2]);
-    putInOrder(pairs[1], pairs[2]);
-    for (int i = 0; i < 3; ++i) {
-        if (values != nullptr) values[i] = pairs[i].value;
-        if (vectors != nullptr) vectors[i] = mg_Normalise(pairs[i].vector);
+    int first = 0;
+    int second = 1;
+    int third = 2;
+    putInOrder(a.diagonal, first, second);
+    putInOrder(a.diagonal, first, third);
+    putInOrder(a.diagonal, second, third);
+    for (int i : {first, second, third}) {
+        if (values != nullptr) *values++ = a.diagonal[i];
+        if (vectors != nullptr) *vectors++ = mgUnitVector_c(a.vectors[i]);
     }
     return converged;
 }

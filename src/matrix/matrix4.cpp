@@ -112,6 +112,18 @@ mgMatrix4_c mgMatrix4_c::scale(double s) const {
     return scaled;
 }
 
+mgMatrix4_c mgMatrix4_c::operator*(mgMatrix4_c const &b) const {
+    mgMatrix4_c product;
+    for (int i = 0; i < 4; ++i) {
+        double const *row = m_ + 4 * i;
+        for (int j = 0; j < 4; ++j) {
+            product.m_[4 * i + j] = row[0] * b.m_[j] + row[1] * b.m_[4 + j] + row[2] * b.m_[8 + j]
+                                    + row[3] * b.m_[12 + j];
+        }
+    }
+    return product;
+}
+
 mgMatrix4_c mgMatrix4_c::transpose() const {
     mgMatrix4_c transposed;
     for (int i = 0; i < 4; ++i) {
@@ -125,13 +137,18 @@ mgMatrix4_c mgMatrix4_c::inverse() const {
     constexpr double kSmallestDeterminant = 1e-13;
     double const determinant = getDeterminant();
     if (std::fabs(determinant) < kSmallestDeterminant) return mgMatrix4_c();
-    // The columns of the inverse are cross products of the rows, over the determinant.
-    mgVector_c const r0(m_);
-    mgVector_c const r1(m_ + 4);
-    mgVector_c const r2(m_ + 8);
+    double const *m = m_;
     double const reciprocal = 1.0 / determinant;
-    mgMatrix4_c inverse =
-        fromColumns(r1 * r2 * reciprocal, r2 * r0 * reciprocal, r0 * r1 * reciprocal, {});
+    mgMatrix4_c inverse;
+    inverse.m_[0] = (m[5] * m[10] - m[6] * m[9]) * reciprocal;
+    inverse.m_[1] = (m[2] * m[9] - m[1] * m[10]) * reciprocal;
+    inverse.m_[2] = (m[1] * m[6] - m[2] * m[5]) * reciprocal;
+    inverse.m_[4] = (m[6] * m[8] - m[4] * m[10]) * reciprocal;
+    inverse.m_[5] = (m[0] * m[10] - m[2] * m[8]) * reciprocal;
+    inverse.m_[6] = (m[2] * m[4] - m[0] * m[6]) * reciprocal;
+    inverse.m_[8] = (m[4] * m[9] - m[5] * m[8]) * reciprocal;
+    inverse.m_[9] = (m[1] * m[8] - m[0] * m[9]) * reciprocal;
+    inverse.m_[10] = (m[0] * m[5] - m[1] * m[4]) * reciprocal;
     return inverse.setTranslation(-(inverse * getTranslation()));
 }
 

@@ -115,19 +115,25 @@ double searchedRoot(Cubic const &f) {
     constexpr double kValues = 1e-13;
     constexpr int kMostSteps = 101;
     Bracket at = bracketOf(f);
-    int idleSteps = 0;
+    bool wasIdle = false;
     for (int k = 1; k <= kMostSteps; ++k) {
         if (at.high - at.low <= kWidth && std::fabs(at.atHigh) + std::fabs(at.atLow) <= kValues)
             break;
         double const middle = nextArgument(at, k);
         double const value = f(middle);
-        double &end = at.atHigh * value > 0.0 ? at.high : at.low;
-        double &atEnd = at.atHigh * value > 0.0 ? at.atHigh : at.atLow;
+        bool idle;
+        if (at.atHigh * value > 0.0) {
+            idle = middle == at.high;
+            at.high = middle;
+            at.atHigh = value;
+        } else {
+            idle = middle == at.low;
+            at.low = middle;
+            at.atLow = value;
+        }
         // After a step of either kind that moved nothing none will: the rest is left out.
-        idleSteps = middle == end ? idleSteps + 1 : 0;
-        if (idleSteps == 2) break;
-        end = middle;
-        atEnd = value;
+        if (idle && wasIdle) break;
+        wasIdle = idle;
     }
     return std::fabs(at.atHigh) < std::fabs(at.atLow) ? at.high : at.low;
 }
