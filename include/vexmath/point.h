@@ -136,12 +136,12 @@ int operator!=(mgVector_c const &v, mgPoint_c const &p);
 
 // `p + 1` would step the address of x, and `p < q` compare addresses; isLessThan orders points.
 bool operator<(mgPoint_c const &, mgPoint_c const &) = delete;
-template <class N, vexmath::detail::IfNumber<N> = 0>
-mgPoint_c operator+(mgPoint_c const &, N) = delete;
-template <class N, vexmath::detail::IfNumber<N> = 0>
-mgPoint_c operator+(N, mgPoint_c const &) = delete;
-template <class N, vexmath::detail::IfNumber<N> = 0>
-mgPoint_c operator-(mgPoint_c const &, N) = delete;
+template <class V, class N, vexmath::detail::IfNumberBeside<mgPoint_c, V, N> = 0>
+mgPoint_c operator+(V const &, N) = delete;
+template <class V, class N, vexmath::detail::IfNumberBeside<mgPoint_c, V, N> = 0>
+mgPoint_c operator+(N, V const &) = delete;
+template <class V, class N, vexmath::detail::IfNumberBeside<mgPoint_c, V, N> = 0>
+mgPoint_c operator-(V const &, N) = delete;
 
 /// Archive record of a point: x, y, z as three doubles. A failing read leaves p as it was.
 VEXMATH_API su_CArchive &operator<<(su_CArchive &ar, mgPoint_c &p);

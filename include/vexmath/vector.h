@@ -18,6 +18,13 @@ namespace vexmath::detail {
 template <class N>
 using IfNumber = std::enable_if_t<std::is_arithmetic_v<N> || std::is_enum_v<N>, int>;
 
+/// A number next to a T itself: were a conversion to T enough, the overload would compete for the
+/// sums of other code, in which an enumeration stands beside an int.
+template <class T, class V, class N>
+using IfNumberBeside =
+    std::enable_if_t<std::is_base_of_v<T, V> && (std::is_arithmetic_v<N> || std::is_enum_v<N>),
+                     int>;
+
 template <class B>
 using IfBool = std::enable_if_t<std::is_same_v<B, bool>, int>;
 
@@ -144,12 +151,12 @@ int operator!=(mgVector_c const &a, mgVector_c const &b);
 
 // `v + 1` would step the address of x, and `v < w` compare addresses.
 bool operator<(mgVector_c const &, mgVector_c const &) = delete;
-template <class N, vexmath::detail::IfNumber<N> = 0>
-mgVector_c operator+(mgVector_c const &, N) = delete;
-template <class N, vexmath::detail::IfNumber<N> = 0>
-mgVector_c operator+(N, mgVector_c const &) = delete;
-template <class N, vexmath::detail::IfNumber<N> = 0>
-mgVector_c operator-(mgVector_c const &, N) = delete;
+template <class V, class N, vexmath::detail::IfNumberBeside<mgVector_c, V, N> = 0>
+mgVector_c operator+(V const &, N) = delete;
+template <class V, class N, vexmath::detail::IfNumberBeside<mgVector_c, V, N> = 0>
+mgVector_c operator+(N, V const &) = delete;
+template <class V, class N, vexmath::detail::IfNumberBeside<mgVector_c, V, N> = 0>
+mgVector_c operator-(V const &, N) = delete;
 
 // -------------------------------------------------------------------------------------------------
 
