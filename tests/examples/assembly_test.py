@@ -217,6 +217,8 @@ class AssemblyTest(unittest.TestCase):
         check('inf.ply', PLY.format(1, '0 0 inf\n'), ': vertex 1 (0, 0, inf): every coordinate')
         check('huge.obj', TRIANGLE.replace('1 0 0', '1e300 0 0'), ': vertex 2 (inf, 0, 0): every')
         check('none.ply', PLY.format(0, ''), ': ')
+        check('short.ply', PLY.format(3, '0 0 0\n'), ': is cut short: 2 of the elements')
+        check('header.ply', 'ply\nformat ascii 1.0\nelement vertex 1\n', ': no mesh: the header has no')
         check('none.obj', '# nothing in here but this remark\no nothing\n', ': ')
         check('none.stl', 'solid nothing\nendsolid nothing\n', ': ')
         check('wrong.obj', TRIANGLE.replace('f 1 2 3', 'f 1 2 9'), ': ')
