@@ -72,7 +72,8 @@ TEST(Access, PlanarAndHomogeneousValues) {
     EXPECT_EQ(mgVector4_c(kPoint)[2], 3.0);
     EXPECT_EQ(mgVector4_c(kPoint)[3], 1.0);
 
-    mgTessPoint2D_c const stored(1.0F, 2.0F, 0.1F);
+    float third = 0.1F; // not a constant, so that the constructor is called
+    mgTessPoint2D_c const stored(1.0F, 2.0F, third);
     mgTessPoint2D_c const rounded(1.0, 2.0, 0.1);
     EXPECT_EQ(stored.z, rounded.z);
     EXPECT_EQ(stored.x + stored.y, 3.0F);
