@@ -85,6 +85,7 @@ std::vector<mgPoint_c> hullOf(Part const &part, mgXform_c const &toPage) {
     suDynamicArray<mg2DPoint_c> hull; // y runs upwards in here
     convexHull(points, hull);
     std::vector<mgPoint_c> corners;
+    corners.reserve(static_cast<std::size_t>(hull.Count()));
     for (int i = 0; i < hull.Count(); ++i) corners.emplace_back(hull[i].x(), -hull[i].y(), 0.0);
     return corners;
 }
