@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -69,6 +68,14 @@ void quickSort(mgPoint_c *points, int first, int last) {
     mg_pointSelectionSort(points, first, last);
 }
 
+/// Finite points that no operation can tell apart: -0 is not 0.
+bool areIdentical(mgPoint_c const &a, mgPoint_c const &b) {
+    for (int k = 0; k < 3; ++k) {
+        if (a[k] != b[k] || std::signbit(a[k]) != std::signbit(b[k])) return false;
+    }
+    return true;
+}
+
 /// Sorts runs of points whose neighbours along an axis are within tolerance, given points that
 /// ascend along it, by the axes behind. False, with the points in any order, unless `isLess` tells
 /// any two of them apart that are not identical, and tells it without a circle.
@@ -84,9 +91,7 @@ bool sortRuns(mgPoint_c *first, mgPoint_c *last, int axis) {
         if (!within(*first, end[-1])) return false;
         int const next = axis + 1;
         if (next == 3) {
-            auto const same = [first](mgPoint_c const &p) {
-                return std::memcmp(first, &p, sizeof p) == 0;
-            };
+            auto const same = [first](mgPoint_c const &p) { return areIdentical(*first, p); };
             if (!std::all_of(first, end, same)) return false;
         } else {
             std::sort(first, end,
