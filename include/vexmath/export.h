@@ -19,6 +19,14 @@
 #define VEXMATH_API __attribute__((visibility("default")))
 #endif
 
+/// Marks a function that reads and returns, and does nothing else. A loop that may come to its call
+/// still keeps in registers what it knows.
+#if defined(__GNUC__)
+#define VEXMATH_PURE __attribute__((pure))
+#else
+#define VEXMATH_PURE
+#endif
+
 /// Marks a polymorphic class template whose instances several modules share: the virtual table and
 /// run-time type that each module emits for an instance must become one. Windows compares run-time
 /// types by name and needs no mark.

@@ -160,16 +160,29 @@ mgPoint_c operator*(mgMatrix_c const &m, mgPoint_c const &p);
 
 namespace vexmath::detail {
 
-/// Are the elements exactly those of the identity? Diagonal first: a rotation fails at once.
+/// Are the elements but the first exactly those of the identity?
+VEXMATH_API VEXMATH_PURE bool endsLikeIdentity(mgMatrix_c const &m) noexcept;
+
+/// Are the elements exactly those of the identity? A rotation fails at the first.
 inline bool isExactIdentity(mgMatrix_c const &m) {
-    return m(0, 0) == 1.0 && m(1, 1) == 1.0 && m(2, 2) == 1.0 && m(0, 1) == 0.0 && m(0, 2) == 0.0
-           && m(1, 0) == 0.0 && m(1, 2) == 0.0 && m(2, 0) == 0.0 && m(2, 1) == 0.0;
+    return m.element(0, 0) == 1.0 && endsLikeIdentity(m);
 }
 
+/// The elements of a matrix as values. A loop that turns many points can keep them in registers,
+/// where elements in memory might change with every point that it writes.
+struct Elements {
+    Elements(mgMatrix_c const &m)
+        : xx(m.element(0, 0)), xy(m.element(0, 1)), xz(m.element(0, 2)), yx(m.element(1, 0)),
+          yy(m.element(1, 1)), yz(m.element(1, 2)), zx(m.element(2, 0)), zy(m.element(2, 1)),
+          zz(m.element(2, 2)) {}
+
+    double xx, xy, xz, yx, yy, yz, zx, zy, zz;
+};
+
 /// (x, y, z) as a row vector times m, each component summed from x to z.
-inline mgVector_c rowTimes(double x, double y, double z, mgMatrix_c const &m) {
-    return {x * m(0, 0) + y * m(1, 0) + z * m(2, 0), x * m(0, 1) + y * m(1, 1) + z * m(2, 1),
-            x * m(0, 2) + y * m(1, 2) + z * m(2, 2)};
+inline mgVector_c rowTimes(double x, double y, double z, Elements const &m) {
+    return {x * m.xx + y * m.yx + z * m.zx, x * m.xy + y * m.yy + z * m.zy,
+            x * m.xz + y * m.yz + z * m.zz};
 }
 
 } // namespace vexmath::detail

@@ -8,6 +8,7 @@
 #include <vexmath/matrix.h>
 #include <vexmath/mg_vector.h>
 #include <vexmath/persp_info.h>
+#include <vexmath/point2d.h>
 
 #include <vexmath_platform/archive.h>
 #include <vexmath_platform/string.h>
@@ -179,7 +180,9 @@ private:
               int reflection);
 
     void copyByRules(mgXform_c const &source);
-    VEXMATH_API void dividePerspective(mgPoint_c &p) const;
+    /// x and y of a point after the perspective division, which leaves z. REQUIRES a record.
+    VEXMATH_API VEXMATH_PURE mg2DPoint_c dividePerspective(double x, double y,
+                                                           double z) const noexcept;
     void restoreRecord(su_CArchive &ar, void (mgMatrix_c::*restoreRotation)(su_CArchive &));
 
     mgMatrix_c rotation_;
@@ -223,17 +226,16 @@ inline bool scales(double s) { return std::fabs(s - 1.0) > 1e-08; }
 /// The linear half of the point and vector rules. The elements decide whether to multiply, not the
 /// identity flag: callers edit elements and leave the flag stale.
 inline mgVector_c turnedAndScaled(double x, double y, double z, mgXform_c const &form) {
+    Elements const elements = form.rotation(); // before the test, so that a loop reads them once
     mgVector_c v =
-        isExactIdentity(form.rotation()) ? mgVector_c(x, y, z) : rowTimes(x, y, z, form.rotation());
+        isExactIdentity(form.rotation()) ? mgVector_c(x, y, z) : rowTimes(x, y, z, elements);
     if (scales(form.scaling())) v *= form.scaling();
     return v;
 }
 
-/// A coordinate moved by a translation component. A component of exactly 0 is not added, so that
-/// -0.0 stays -0.0.
-inline double moved(double coordinate, double by) {
-    return by == 0.0 ? coordinate : coordinate + by;
-}
+/// A coordinate moved by a translation component. Subtracting its opposite leaves every coordinate
+/// as it is when the component is 0 of either sign, where adding 0.0 would turn -0.0 into 0.0.
+inline double moved(double coordinate, double by) { return coordinate - (0.0 - by); }
 
 inline mgXform_c makeXform(mgMatrix_c const &rotation, mgVector_c const &translation, double scale,
                            int reflection) {
@@ -272,8 +274,14 @@ inline mgPoint_c &mgPoint_c::operator*=(mgXform_c const &x) {
     using vexmath::detail::moved;
     mgVector_c const v = vexmath::detail::turnedAndScaled(c_[0], c_[1], c_[2], x);
     mgVector_c const &t = x.translation();
-    set(moved(v.x(), t.x()), moved(v.y(), t.y()), moved(v.z(), t.z()));
-    if (x.hasPerspective()) x.dividePerspective(*this);
+    double px = moved(v.x(), t.x()), py = moved(v.y(), t.y());
+    double const pz = moved(v.z(), t.z());
+    if (x.hasPerspective()) {
+        mg2DPoint_c const divided = x.dividePerspective(px, py, pz);
+        px = divided.x();
+        py = divided.y();
+    }
+    set(px, py, pz);
     return *this;
 }
 

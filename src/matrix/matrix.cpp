@@ -102,6 +102,11 @@ mgMatrix_c mgMatrix_c::inverse() const {
     return mgMatrix_c(transposed, 1);
 }
 
+bool vexmath::detail::endsLikeIdentity(mgMatrix_c const &m) noexcept {
+    return m(1, 1) == 1.0 && m(2, 2) == 1.0 && m(0, 1) == 0.0 && m(0, 2) == 0.0 && m(1, 0) == 0.0
+           && m(1, 2) == 0.0 && m(2, 0) == 0.0 && m(2, 1) == 0.0;
+}
+
 mgMatrix_c operator*(mgMatrix_c const &a, mgMatrix_c const &b) {
     if (a.isIdentity() && b.isIdentity()) return mgMatrix_c();
     double product[9];

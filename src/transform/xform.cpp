@@ -172,8 +172,10 @@ int mgXform_c::iIsPerspectiveEqual(mgXform_c const &other) const {
                   == other.perspective_->getCameraFOVPlaneDistance();
 }
 
-void mgXform_c::dividePerspective(mgPoint_c &p) const {
+mg2DPoint_c mgXform_c::dividePerspective(double x, double y, double z) const noexcept {
+    mgPoint_c p(x, y, z);
     perspective_->doScreenPointPerspectiveDivision(p);
+    return {p.x(), p.y()};
 }
 
 void mgXform_c::SetHelper(mgXform_64BitHelper_c const &helper) {

@@ -141,6 +141,27 @@ TEST(Xform, ThreeKindsOfThingsAreMovedInThreeWays) {
     EXPECT_BITS_EQ(3.0 * below(down), scaled(below(down)));
 }
 
+TEST(Xform, PointsFollowTheirStepsToTheBit) {
+    support::Random random;
+    auto const number = [&] {
+        return random.below(2) == 0 ? random.hostile() : random.uniform(-9.0, 9.0);
+    };
+    for (int k = 0; k < 100000; ++k) {
+        double m[9] = {1.0, -0.0, 0.0, 0.0, 1.0, 0.0, 0.0, -0.0, 1.0};
+        for (int edits = random.below(4); edits > 0; --edits) m[random.below(9)] = number();
+        mgMatrix_c const rotation(m, 0);
+        mgVector_c const t(number(), number(), number());
+        double const scale = random.below(2) == 0 ? 1.0 : number();
+        mgPoint_c const p(number(), number(), number());
+        mgPoint_c expected = std::equal(m, m + 9, &one[0]) ? p : p * rotation;
+        for (int i = 0; i < 3; ++i) {
+            if (std::fabs(scale - 1.0) > 1e-08) expected[i] *= scale;
+            if (t[i] != 0.0) expected[i] += t[i];
+        }
+        ASSERT_BITS_EQ(expected, p * Raw(rotation, t, scale)) << k;
+    }
+}
+
 TEST(Xform, InverseDropsMirrorAndPerspective) {
     Raw mirror(one, {}, 1.0, 1);
     mirror.addPerspectiveInfo(mgPerspInfo_c(1.0, 2.0, 3.0, 4.0));
