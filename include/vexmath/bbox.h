@@ -161,10 +161,9 @@ private:
 
     bool isFacePairHit(mgPoint_c const &p, mgUnitVector_c const &dir, int k, int i, int j) const;
     void assignCorners(mgPoint_c const &low, mgPoint_c const &high);
-    bool isPlainlyValid() const;
+    bool plainlyEncloses(mgPoint_c const &p) const;
+    VEXMATH_API void unite(mgPoint_c const &p);
     void widenCorners(mgPoint_c const &p);
-    VEXMATH_API void uniteChecked(mgPoint_c const &p);
-    VEXMATH_API void growSphereTo(mgPoint_c const &p);
     void moveSphere(mgVector_c const &towards, double distance, double newRadius);
     void shrinkSphereToBox();
     void clipCornersToSphere();
@@ -183,6 +182,8 @@ namespace vexmath::detail {
 /// slack, which the test of the nearest point shares.
 inline constexpr double kFarthestFactor = 0.99999999;
 inline constexpr double kSquaredSlack = 1e-08;
+
+inline double larger(double a, double b) { return a < b ? b : a; }
 
 } // namespace vexmath::detail
 
@@ -264,45 +265,32 @@ inline int mgBBox_c::isRayHit(mgPoint_c const &p, mgUnitVector_c const &dir) con
                || isFacePairHit(p, dir, 1, 2, 0));
 }
 
-/// Valid by comparisons and one sum of squares alone: the sphere's centre lies in the box, no
-/// corner coordinate is farther than the radius, and the farthest corner asks for the radius. Says
-/// true only where `isValid` does, and does so for nearly every box that unions have built.
-inline bool mgBBox_c::isPlainlyValid() const {
-    double reachSq = 0.0;
-    for (int i = 0; i < 3; ++i) {
-        double const above = high_[i] - sphCentre_[i];
-        double const below = sphCentre_[i] - low_[i];
-        double const farther = above < below ? below : above;
-        if (!(above >= 0.0 && below >= 0.0 && farther <= sphRadius_)) return false;
-        reachSq += farther * farther;
-    }
-    return sphRadius_ * sphRadius_ * vexmath::detail::kFarthestFactor
-               - vexmath::detail::kSquaredSlack
-           <= reachSq;
-}
-
-inline void mgBBox_c::widenCorners(mgPoint_c const &p) {
-    for (int i = 0; i < 3; ++i) {
-        if (p[i] < low_[i]) low_[i] = p[i];
-        if (p[i] > high_[i]) high_[i] = p[i];
-    }
+/// Is this box valid and the union with p the box itself? Says so by comparisons and two sums of
+/// squares, and only where the rule of `unite` comes to the same, to the bit:
+/// - A point between the corners and in the sphere proves that the box is set and that the sphere
+///   touches it. It keeps NaN out, too.
+/// - That no corner coordinate is farther than the radius, and that the farthest corner asks for
+///   the radius, are the rule's own tests without their tolerance.
+/// - A distance whose square is strictly smaller than the radius' is not larger than the radius,
+///   also where squares underflow, and where the radius' square overflows.
+inline bool mgBBox_c::plainlyEncloses(mgPoint_c const &p) const {
+    using vexmath::detail::larger;
+    double const radiusSq = sphRadius_ * sphRadius_;
+    bool const inside = low_.x() <= p.x() && p.x() <= high_.x() && low_.y() <= p.y()
+                        && p.y() <= high_.y() && low_.z() <= p.z() && p.z() <= high_.z()
+                        && (p - sphCentre_).sqlen() < radiusSq;
+    if (!inside) return false;
+    mgVector_c const above = high_ - sphCentre_;
+    mgVector_c const below = sphCentre_ - low_;
+    mgVector_c const farther(larger(above.x(), below.x()), larger(above.y(), below.y()),
+                             larger(above.z(), below.z()));
+    return larger(larger(farther.x(), farther.y()), farther.z()) <= sphRadius_
+           && radiusSq * vexmath::detail::kFarthestFactor - vexmath::detail::kSquaredSlack
+                  <= farther.sqlen();
 }
 
 inline mgBBox_c &mgBBox_c::operator|=(mgPoint_c const &p) {
-    /// Squared radii between which comparing squares decides as comparing lengths does: no square
-    /// has underflowed or overflowed.
-    constexpr double kSmallestSq = 1e-290;
-    constexpr double kLargestSq = 1.7e308;
-    if (!isPlainlyValid()) {
-        uniteChecked(p);
-        return *this;
-    }
-    widenCorners(p);
-    double const distanceSq = (p - sphCentre_).sqlen();
-    double const radiusSq = sphRadius_ * sphRadius_;
-    bool const enclosed =
-        distanceSq <= radiusSq && radiusSq >= kSmallestSq && radiusSq <= kLargestSq;
-    if (!enclosed) growSphereTo(p);
+    if (!plainlyEncloses(p)) unite(p);
     return *this;
 }
 

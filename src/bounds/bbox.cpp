@@ -88,9 +88,10 @@ int mgBBox_c::isValid() const {
     double const reach = tol + sphRadius_;
     for (int i = 0; i < 3; ++i) {
         double const centre = sphCentre_[i];
-        if (std::fabs(centre / tol) >= kNoDigitsLeft) continue;
-        if (!(std::fabs(low_[i] - centre) <= reach)) return 0;
-        if (!(std::fabs(high_[i] - centre) <= reach)) return 0;
+        bool const reached =
+            std::fabs(low_[i] - centre) <= reach && std::fabs(high_[i] - centre) <= reach;
+        // The division last: unions test every point that is new to them.
+        if (!reached && !(std::fabs(centre / tol) >= kNoDigitsLeft)) return 0;
     }
     double const radiusSq = sphRadius_ * sphRadius_;
     double const nearestSq = nearestOffset(sphCentre_, low_, high_).sqlen();
@@ -195,16 +196,20 @@ mgBBox_c &mgBBox_c::operator*=(mgXform_c const &x) {
     return *this;
 }
 
-void mgBBox_c::uniteChecked(mgPoint_c const &p) {
+void mgBBox_c::widenCorners(mgPoint_c const &p) {
+    for (int i = 0; i < 3; ++i) {
+        if (p[i] < low_[i]) low_[i] = p[i];
+        if (p[i] > high_[i]) high_[i] = p[i];
+    }
+}
+
+/// The union with a point, for those that may change the box; `plainlyEncloses` has the others.
+void mgBBox_c::unite(mgPoint_c const &p) {
     if (!isValid()) {
         *this = mgBBox_c(p, p);
         return;
     }
     widenCorners(p);
-    growSphereTo(p);
-}
-
-void mgBBox_c::growSphereTo(mgPoint_c const &p) {
     mgVector_c const v = p - sphCentre_;
     double const distance = v.len();
     double const newRadius = (sphRadius_ + distance) * 0.5;
