@@ -4,9 +4,12 @@
 // here calls a trigonometric function: those belong to the C library and differ between libraries.
 
 #include <vexmath/bbox.h>
+#include <vexmath/matrix4.h>
+#include <vexmath/mg_matrix.h>
 #include <vexmath/mg_queries.h>
 #include <vexmath/mg_transform.h>
 #include <vexmath/mg_vector.h>
+#include <vexmath/quaternion.h>
 #include <vexmath/xform.h>
 
 #include <cinttypes>
@@ -147,6 +150,32 @@ void queries(Stream &in, Bits &out) {
     out.add(t);
 }
 
+void numerics(Stream &in, Bits &out) {
+    mgMatrix_c m;
+    mgMatrix4_c m4;
+    for (int k = 0; k < 9; ++k) m[k] = in.next();
+    for (int k = 0; k < 12; ++k) m4.getDataPtr()[k] = in.next();
+    double values[3] = {};
+    mgUnitVector_c vectors[3];
+    out.add(m.getEigensystem(values, vectors));
+    for (int i = 0; i < 3; ++i) {
+        out.add(values[i]);
+        out.add(vectors[i]);
+    }
+    mgUnitVector_c null[3];
+    int const dimension = m.getNullspace(null, true);
+    for (int i = 0; i < dimension; ++i) out.add(null[i]);
+    double roots[3] = {};
+    int const count = mg_solveCubic(m[0], m[1], m[2], m[3], roots);
+    for (int i = 0; i < count; ++i) out.add(roots[i]);
+    mgMatrix4_c const product = m4 * m4.inverse();
+    for (int k = 0; k < 16; ++k) out.add(product.getDataPtr()[k]);
+    mgQuaternion_c q;
+    q.matrixToQuat(in.placement().rotation());
+    q.quatToMatrix(m);
+    for (int k = 0; k < 9; ++k) out.add(m[k]);
+}
+
 void print(char const *name, void (*family)(Stream &, Bits &)) {
     Stream in;
     Bits out;
@@ -162,4 +191,5 @@ int main() {
     print("transforms", transforms);
     print("queries", queries);
     print("boxes", boxes);
+    print("numerics", numerics);
 }
