@@ -51,8 +51,8 @@ void mgSolveQuadratic(double a, double b, double c, double *disc, double *root1,
         return;
     }
     if (!(*disc >= 0.0)) return;
-    double plus = -b;
     double minus = -b;
+    double plus = minus;
     if (*disc >= kDistinctDiscriminant) {
         double const root = std::sqrt(*disc);
         plus = root - b;

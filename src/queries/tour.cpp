@@ -53,7 +53,8 @@ std::vector<int> insertByScan(mgPoint_c const *points, int n) {
     std::iota(left.begin(), left.end(), 0);
     while (!left.empty()) {
         Candidate best{0.0, 0, Join::Between};
-        auto chosen = left.end();
+        auto chosen = left.begin();
+        bool found = false;
         int const edges = static_cast<int>(path.size()) - 1;
         for (int place = 1; place <= edges; ++place) {
             mgPoint_c const &head = points[path[static_cast<std::size_t>(place)]];
@@ -68,7 +69,8 @@ std::vector<int> insertByScan(mgPoint_c const *points, int n) {
                 bool const better = toHead + toTail - length < best.value
                                     || (last && toHead < best.value)
                                     || (first && toTail < best.value);
-                if (chosen == left.end() || better) {
+                if (!found || better) {
+                    found = true;
                     best = evaluate(toTail, toHead, length, place, first, last);
                     chosen = r;
                 }
