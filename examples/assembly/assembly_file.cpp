@@ -7,7 +7,10 @@
 
 #include <vexmath/mg_transform.h>
 
+#include <cerrno>
+#include <fstream>
 #include <map>
+#include <system_error>
 
 namespace example::assembly {
 
@@ -51,13 +54,26 @@ Placement readPlacement(JsonValue const &value) {
     return placement;
 }
 
+/// Refuses a mesh while the place that names it is known.
+void refuseUnreadable(fs::path const &mesh, JsonValue const &value) {
+    std::error_code error;
+    fs::file_status const status = fs::status(mesh, error);
+    if (!fs::status_known(status)) {
+        value.fail(mesh.string() + " cannot be read: " + error.message());
+    }
+    if (!fs::is_regular_file(status)) value.fail("there is no file " + mesh.string());
+    if (!std::ifstream(mesh)) {
+        value.fail(mesh.string() + " cannot be opened: " + std::generic_category().message(errno));
+    }
+}
+
 PartEntry readPart(JsonValue const &value, fs::path const &folder) {
     value.allowKeys({"name", "mesh", "placement"});
     PartEntry part;
     part.name = value.at("name").text();
     JsonValue const mesh = value.at("mesh");
     part.mesh = folder / mesh.text();
-    if (!fs::is_regular_file(part.mesh)) mesh.fail("there is no file " + part.mesh.string());
+    refuseUnreadable(part.mesh, mesh);
     if (auto const placement = value.find("placement")) part.placement = readPlacement(*placement);
     return part;
 }

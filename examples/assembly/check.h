@@ -19,8 +19,9 @@ struct PartPair {
     std::size_t second = 0;
 };
 
-/// What the bounding volumes say. They enclose the parts, so that two parts of no pair are clear of
-/// each other for certain, and a pair is where an exact test of the bodies is worth its time.
+/// What the bounding volumes say. They enclose the parts, so that two parts of no pair do not
+/// overlap; at most they meet where two boxes have a corner in common. A pair is where an exact
+/// test of the bodies is worth its time.
 struct CheckResult {
     std::vector<PartPair> clashing;   ///< overlapping by more than the tolerance
     std::vector<PartPair> touching;   ///< within the tolerance of touching
@@ -28,7 +29,8 @@ struct CheckResult {
     mgBBox_c total;                   ///< of all parts in the assembly
 };
 
-/// Tests every pair of parts. With a tolerance of 0 there is no touching: what meets, clashes.
+/// Tests every pair of parts. With a tolerance of 0 there is no touching: what meets, clashes,
+/// but for boxes that meet in a single corner.
 CheckResult check(std::vector<Part> const &parts, double clashTolerance);
 
 /// For each part: is it one of a clashing pair?

@@ -25,6 +25,7 @@
 #include "document.h"
 
 #include "failure.h"
+#include "output.h"
 
 #include <sstream>
 #include <utility>
@@ -70,7 +71,7 @@ DocumentPart readPart(su_CArchive &archive) {
     return part;
 }
 
-Document readDocument(su_CArchive &archive, std::string const &file) {
+Document readFrom(su_CArchive &archive, std::string const &file) {
     for (char const expected : kMagic) {
         if (readChar(archive) != expected) throw Failure(file, "is no assembly document");
     }
@@ -114,11 +115,11 @@ std::string toBytes(Document document) {
     return stream.str();
 }
 
-Document fromBytes(std::string const &bytes, std::string const &file) {
-    std::stringstream stream(bytes);
+Document readDocument(std::string const &file) {
+    std::stringstream stream(readFile(file));
     su_CArchive archive(stream);
     try {
-        Document document = readDocument(archive, file);
+        Document document = readFrom(archive, file);
         if (stream.peek() != std::stringstream::traits_type::eof()) {
             throw Failure(file, "goes on after its last part");
         }

@@ -33,9 +33,9 @@ Document documentOf(AssemblyFile const &file, std::vector<Part> const &parts);
 /// exactly when their bytes are.
 std::string toBytes(Document document);
 
-/// Reads the bytes of a file, written by this version of the program or an earlier one. Throws
-/// Failure naming the file when they are something else, cut short or followed by more.
-Document fromBytes(std::string const &bytes, std::string const &file);
+/// Reads a document file, written by this version of the program or an earlier one. Throws Failure
+/// naming the file when it is something else, cut short or followed by more.
+Document readDocument(std::string const &file);
 
 } // namespace example::assembly
 

@@ -4,11 +4,11 @@
 #include "mesh_file.h"
 
 #include "failure.h"
+#include "mesh_check.h"
 
 #include <algorithm>
 #include <cctype>
 #include <cmath>
-#include <fstream>
 #include <map>
 #include <sstream>
 #include <string>
@@ -25,37 +25,6 @@ std::string extensionOf(std::filesystem::path const &file) {
     std::transform(extension.begin(), extension.end(), extension.begin(),
                    [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     return extension;
-}
-
-/// Refuses a PLY file whose header has no end, or whose text ends before all that the header
-/// declares: the mesh library never returns from the first and fills up the second with zeros.
-void checkIsWhole(std::filesystem::path const &file) {
-    std::ifstream in(file, std::ios::binary);
-    bool inHeader = true;
-    bool isText = false;
-    unsigned long declared = 0; // elements, each a line of text
-    std::string line;
-    while (std::getline(in, line)) {
-        std::istringstream words(line);
-        std::string word, name;
-        unsigned long count = 0;
-        if (!(words >> word)) continue;
-        if (!inHeader) {
-            if (declared > 0) --declared;
-        } else if (word == "end_header") {
-            if (!isText) return; // a binary body is the mesh library's to judge
-            inHeader = false;
-        } else if (word == "format") {
-            isText = words >> name && name == "ascii";
-        } else if (word == "element" && words >> name >> count) {
-            declared += count;
-        }
-    }
-    if (inHeader) throw Failure(file.string(), "no mesh: the header has no end");
-    if (declared > 0) {
-        throw Failure(file.string(), "is cut short: " + std::to_string(declared)
-                                         + " of the elements it declares are missing");
-    }
 }
 
 /// Collects vertices under one index per position. Files that name no shared vertices (STL names
@@ -112,10 +81,15 @@ void append(aiMesh const &part, std::string const &file, VertexCollector &vertic
 
 Mesh readMesh(std::filesystem::path const &file) {
     std::string const format = extensionOf(file);
-    if (format != ".obj" && format != ".stl" && format != ".ply") {
+    if (format == ".obj") {
+        checkObjFile(file);
+    } else if (format == ".ply") {
+        checkPlyFile(file);
+    } else if (format == ".stl") {
+        checkStlFile(file);
+    } else {
         throw Failure(file.string(), "is no known kind of mesh: .obj, .stl and .ply are");
     }
-    if (format == ".ply") checkIsWhole(file);
     Assimp::Importer importer;
     constexpr unsigned kAsTheFileHasIt = 0; // no step that would move, join or trust anything
     aiScene const *const scene = importer.ReadFile(file.string(), kAsTheFileHasIt);

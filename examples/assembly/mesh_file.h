@@ -18,12 +18,14 @@ namespace example::assembly {
 struct Mesh {
     using Triangle = std::array<std::uint32_t, 3>; ///< indices into vertices
 
-    std::vector<mgPoint_c> vertices; ///< each position once, in order of first use
+    std::vector<mgPoint_c> vertices; ///< each position once, in order of first use;
+                                     ///< those of an OBJ file that nothing uses are left out
     std::vector<Triangle> triangles;
     mgBBox_c bounds; ///< of the vertices
 };
 
-/// Throws Failure when the file cannot be read, has no vertex, or has one that is not finite.
+/// Throws Failure when the file cannot be read, ends too early, has no vertex, or has one that is
+/// not finite, used or not.
 Mesh readMesh(std::filesystem::path const &file);
 
 } // namespace example::assembly

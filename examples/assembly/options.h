@@ -4,6 +4,7 @@
 #ifndef ASSEMBLY_OPTIONS_H
 #define ASSEMBLY_OPTIONS_H
 
+#include "command_line.h"
 #include "pick.h"
 
 #include <filesystem>
@@ -14,22 +15,20 @@
 
 namespace example::assembly {
 
-struct Options {
+struct Options : CommonOptions {
     std::string assemblyFile;
-    std::filesystem::path outFolder = ".";
     std::optional<ScreenPoint> pick;
     std::optional<mgPlane_c> section;
-    bool help = false;
-    bool version = false;
+    std::filesystem::path exportFile; ///< empty for none, as for the next two
+    std::string importFile;
+    std::string earlierDocument;
 };
 
 /// Throws Failure on an unknown option, a missing or unusable value, or not exactly one assembly
-/// file. After
-/// `--help` or `--version` nothing else is asked for.
-Options readOptions(int argc, char const *const *argv);
+/// file. After `--help` or `--version` nothing else is asked for.
+Options readOptions(CommandLine &line);
 
-std::string helpText();
-std::string versionText();
+Program aboutProgram();
 
 } // namespace example::assembly
 

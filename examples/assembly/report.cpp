@@ -79,4 +79,19 @@ void printSection(std::ostream &out, std::vector<Part> const &parts, Section con
     }
 }
 
+void printLosses(std::ostream &out, std::string const &file, std::vector<Loss> const &losses) {
+    out << "\nnot kept by the forms in " << printable(file) << ": "
+        << (losses.empty() ? "none" : std::to_string(losses.size())) << '\n';
+    for (Loss const &loss : losses) {
+        out << "  " << loss.name << ", " << loss.form << ": " << loss.what << '\n';
+    }
+}
+
+void printChanges(std::ostream &out, std::string const &document,
+                  std::vector<std::string> const &changes) {
+    out << "\nchanged since " << printable(document) << ": "
+        << (changes.empty() ? "none" : std::to_string(changes.size())) << '\n';
+    for (std::string const &change : changes) out << "  " << printable(change) << '\n';
+}
+
 } // namespace example::assembly

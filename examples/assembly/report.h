@@ -6,11 +6,13 @@
 
 #include "check.h"
 #include "drilling.h"
+#include "exchange.h"
 #include "parts.h"
 #include "pick.h"
 #include "section.h"
 
 #include <ostream>
+#include <string>
 #include <vector>
 
 namespace example::assembly {
@@ -23,6 +25,11 @@ void printDrillingPath(std::ostream &out, std::vector<Part> const &parts, Drilli
 void printPick(std::ostream &out, std::vector<Part> const &parts, Pick const &pick);
 /// The parts cut.
 void printSection(std::ostream &out, std::vector<Part> const &parts, Section const &section);
+/// What the forms of an exchange file did not keep.
+void printLosses(std::ostream &out, std::string const &file, std::vector<Loss> const &losses);
+/// The parts that changed since a document was written.
+void printChanges(std::ostream &out, std::string const &document,
+                  std::vector<std::string> const &changes);
 
 } // namespace example::assembly
 

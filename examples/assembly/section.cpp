@@ -24,7 +24,9 @@ bool crosses(mgPlane_c const &plane, Edge const &edge, mgPoint_c &crossing) {
     return true;
 }
 
-/// Brings the corners of a convex polygon into order and leaves each once.
+/// Brings the corners of a convex polygon into order round their middle and leaves each once, where
+/// several edges cross the plane in one place. The order begins at an angle of -pi, so that the
+/// same corner may come first and last.
 void sortAround(std::vector<mgPoint_c> &corners, mgUnitVector_c const &normal) {
     mgVector_c sum;
     for (mgPoint_c const &corner : corners) sum += corner;
@@ -39,6 +41,7 @@ void sortAround(std::vector<mgPoint_c> &corners, mgUnitVector_c const &normal) {
               [&](mgPoint_c const &a, mgPoint_c const &b) { return angle(a) < angle(b); });
     auto const same = [](mgPoint_c const &a, mgPoint_c const &b) { return a == b; };
     corners.erase(std::unique(corners.begin(), corners.end(), same), corners.end());
+    if (corners.size() > 1 && same(corners.front(), corners.back())) corners.pop_back();
 }
 
 std::vector<mgPoint_c> outlineOf(mgBBox_c const &box, mgPlane_c const &plane) {

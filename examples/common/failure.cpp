@@ -3,6 +3,8 @@
 
 #include "failure.h"
 
+#include "text.h"
+
 #include <exception>
 #include <iostream>
 
@@ -14,7 +16,7 @@ int runProgram(std::function<void()> const &work) {
         if (!std::cout.flush()) throw Failure("standard output", "cannot be written");
         return 0;
     } catch (std::exception const &error) {
-        std::cerr << error.what() << '\n';
+        std::cerr << printable(error.what()) << '\n';
         return 2;
     }
 }

@@ -10,7 +10,8 @@
 
 namespace example {
 
-/// Bad input or an output that cannot be written. what() is the line that `runProgram` prints.
+/// Bad input or an output that cannot be written. what() is the line that `runProgram` prints, with
+/// control characters from names and arguments spelled out.
 class Failure : public std::runtime_error {
 public:
     Failure(std::string const &file, std::string const &what)

@@ -9,7 +9,6 @@
 #include <fstream>
 #include <iterator>
 #include <system_error>
-#include <utility>
 
 namespace example {
 
@@ -19,10 +18,15 @@ namespace {
 
 std::string lastSystemError() { return std::generic_category().message(errno); }
 
+bool isFolder(fs::path const &path) {
+    std::error_code ignored; // what cannot be looked at fails when it is opened
+    return fs::is_directory(path, ignored);
+}
+
 } // namespace
 
 std::string readFile(fs::path const &file) {
-    if (fs::is_directory(file)) throw Failure(file.string(), "cannot be read: it is a folder");
+    if (isFolder(file)) throw Failure(file.string(), "cannot be read: it is a folder");
     std::ifstream stream(file, std::ios::binary);
     if (!stream) throw Failure(file.string(), "cannot be opened: " + lastSystemError());
     std::string content{std::istreambuf_iterator<char>(stream), {}};
@@ -30,11 +34,11 @@ std::string readFile(fs::path const &file) {
     return content;
 }
 
-OutputFiles::OutputFiles(fs::path folder) : folder_(std::move(folder)) {
+void makeFolder(fs::path const &folder) {
     std::error_code error;
-    fs::create_directories(folder_, error);
-    if (!error && fs::is_directory(folder_)) return;
-    throw Failure(folder_.string(), "cannot be made an output folder: " + error.message());
+    fs::create_directories(folder, error);
+    if (!error && isFolder(folder)) return;
+    throw Failure(folder.string(), "cannot be made an output folder: " + error.message());
 }
 
 OutputFiles::~OutputFiles() {
@@ -42,10 +46,16 @@ OutputFiles::~OutputFiles() {
     for (File const &file : files_) fs::remove(file.staged, ignored);
 }
 
-fs::path OutputFiles::stage(std::string const &name, std::string const &content) {
-    File const file{folder_ / (name + ".part"), folder_ / name};
-    if (fs::is_directory(file.target)) {
-        throw Failure(file.target.string(), "cannot be written: a folder has this name");
+fs::path OutputFiles::stage(fs::path const &target, std::string const &content) {
+    File const file{target.string() + ".part", target};
+    for (File const &earlier : files_) {
+        if (fs::absolute(earlier.target).lexically_normal()
+            != fs::absolute(target).lexically_normal())
+            continue;
+        throw Failure(target.string(), "cannot be written: another output has this name");
+    }
+    if (isFolder(target)) {
+        throw Failure(target.string(), "cannot be written: a folder has this name");
     }
     std::ofstream stream(file.staged, std::ios::binary);
     if (!stream) throw Failure(file.target.string(), "cannot be written: " + lastSystemError());

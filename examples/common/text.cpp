@@ -22,6 +22,28 @@ std::string number(double value, int digits) {
     return text.str();
 }
 
+std::string printable(std::string const &text) {
+    constexpr char kHex[] = "0123456789abcdef";
+    std::string result;
+    unsigned char before = 0;
+    for (char const c : text) {
+        auto const byte = static_cast<unsigned char>(c);
+        bool const isControl = byte < 0x20 || byte == 0x7f;
+        bool const isUpper =
+            before == 0xc2 && byte >= 0x80 && byte < 0xa0; // the second of two bytes
+        before = byte;
+        if (!isControl && !isUpper) {
+            result += c;
+            continue;
+        }
+        if (isUpper) result.pop_back();
+        result += "\\x";
+        result += kHex[byte >> 4U];
+        result += kHex[byte & 0xfU];
+    }
+    return result;
+}
+
 std::size_t width(std::string const &text) {
     return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), beginsCharacter));
 }

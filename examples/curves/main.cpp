@@ -5,7 +5,7 @@
 // measures and draws.
 
 #include "approximation.h"
-#include "failure.h"
+#include "command_line.h"
 #include "gallery.h"
 #include "options.h"
 #include "output.h"
@@ -47,8 +47,9 @@ void printRows(std::vector<double> const &tolerances, std::vector<GalleryRow> co
 
 void run(Options const &options) {
     std::vector<GalleryRow> const rows = rowsFor(options.tolerances);
-    OutputFiles output(options.outFolder);
-    output.stage("curves.svg", drawGallery(options.tolerances, rows));
+    makeFolder(options.outFolder);
+    OutputFiles output;
+    output.stage(options.outFolder / "curves.svg", drawGallery(options.tolerances, rows));
     std::vector<std::filesystem::path> const written = output.commit();
     printRows(options.tolerances, rows);
     std::cout << "\nwritten: " << written.front().string() << '\n';
@@ -60,14 +61,5 @@ void run(Options const &options) {
 
 int main(int argc, char **argv) {
     using namespace example::curves;
-    return example::runProgram([&] {
-        Options const options = readOptions(argc, argv);
-        if (options.help) {
-            std::cout << helpText();
-        } else if (options.version) {
-            std::cout << versionText();
-        } else {
-            run(options);
-        }
-    });
+    return example::runProgram(aboutProgram(), argc, argv, readOptions, run);
 }

@@ -50,10 +50,10 @@ class AssemblyTest(unittest.TestCase):
     def part(name='p', mesh='a.obj', **placement):
         return {'name': name, 'mesh': mesh, 'placement': placement}
 
-    def check_refused(self, assembly, message, out=None):
+    def check_refused(self, assembly, message, out=None, options=()):
         """One line on standard error that holds the message, status 2, no file left behind."""
         with self.subTest(message):
-            run = self.run_on(assembly, out)
+            run = self.run_on(assembly, out, options)
             self.assertEqual((run.returncode, run.stdout), (2, ''), run.stderr)
             self.assertRegex(run.stderr, r'\A[^\n]+\n\Z')
             self.assertIn(message, run.stderr)
@@ -147,6 +147,57 @@ class AssemblyTest(unittest.TestCase):
         placed = struct.unpack_from('<10d', document, len(document) - 80)
         self.assertEqual(placed[3:9], (8, 0, 0, 7, -1, 0))  # high corner, low corner
 
+    def test_exchange(self):
+        file = self.folder / 'export.json'
+        good = self.of_parts(self.part('p', translation=[1, 2, 0.1]), self.part('q', mirror='x', scale=2))
+        run = self.run_on(good, options=['--export', file])
+        self.assertEqual((run.returncode, run.stderr), (0, ''))
+        self.assertIn(f'written: {file}\n', run.stdout)
+        first, second, view = json.loads(file.read_text())['transforms']
+        self.assertEqual(first['text'], '1 0 0 0 0 1 0 0 0 0 1 0 1 2 0.1 1')
+        self.assertEqual(second['gl'], [-2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 1])
+        first['gl'][13] += 0.5
+        file.write_text(json.dumps({'transforms': [first, second, view]}))
+        run = self.run_on(good, options=['--import', file])
+        *losses, text, array = self.lines(run.stdout, 'not kept by the forms in .*')
+        self.assertEqual(losses, ['p, GL array: translation by 0.5', 'q, text form: scale 2, mirror flag',
+                                  'q, GL array: scale 2, mirror flag'])
+        self.assertRegex(text + array, r'^perspective view, text form: scale .*, perspective, '
+                         r'rotation by \S+e-1\d.*perspective view, GL array: scale .*, perspective')
+
+        shutil.rmtree(self.out)
+
+        def check(message, changed):
+            file.write_text(json.dumps({'transforms': changed}))
+            self.check_refused(good, 'export.json: transforms' + message, options=['--import', file])
+        for text in ('1 0', 'nan' + first['text'][1:], first['text'].replace('0.1', 'inf')):
+            check('[0].text: ', [dict(first, text=text), second, view])
+        for gl in ([1], 16 * [0], 15 * [1] + ['1']):
+            check('[1].gl', [first, dict(second, gl=gl), view])
+        check('[1].name: must be "q", as', [first, first, view])
+        check(': must have 3 entries', [first])
+        self.check_refused(good, 'a.obj: would be over', options=['--export', self.folder / 'a.obj'])
+        self.check_refused(good, 'another output', options=['--export', self.out / 'x/../assembly.svg'])
+
+    def test_since_an_earlier_document(self):
+        earlier = Path(__file__).parent / 'layout_1.vxa'  # of these three parts
+        parts = [self.part('né', mirror='y', translation=[7, 0, 0]), self.part('turned', scale=2,
+                 axis=[0, 0, 1], angle_degrees=90), self.part('p')]
+        run = self.run_on(self.of_parts(*parts, tolerance=0.5), options=['--since', earlier])
+        self.assertIn(f'changed since {earlier}: none\n', run.stdout, run.stderr)
+        (self.folder / 'b.obj').write_text(TRIANGLE.replace('1 0 0', '2 0 0'))
+        parts = [dict(parts[0], mesh='b.obj'), self.part('turned', scale=2), self.part('o')]
+        run = self.run_on(self.of_parts(*parts), options=['--since', earlier])
+        self.assertEqual(self.lines(run.stdout, 'changed since .*'), [
+            'né has another shape', 'turned is placed differently', 'o is new', 'p is gone'])
+        shutil.rmtree(self.out)
+        whole, other = earlier.read_bytes(), self.folder / 'other.vxa'
+        for content, message in ((whole[:-1], 'is cut short'), (whole + b'0', 'goes on after'),
+                                 (b'x' + whole, 'is no assembly document'),
+                                 (b'VXAS\2' + whole[5:], 'has layout 2, this program reads up to 1')):
+            other.write_bytes(content)
+            self.check_refused(self.of_parts(self.part()), message, options=['--since', other])
+
     def test_placement_order_is_mirror_scale_rotate_translate(self):
         (self.folder / 'a.obj').write_text(3 * 'v 1 0 0\n' + 'f 1 2 3\n')
         run = self.run_on(self.of_parts(self.part(
@@ -190,6 +241,8 @@ class AssemblyTest(unittest.TestCase):
         self.check_refused(self.of_parts(self.part(), self.part()),
                            'parts[1].name: "p" is the name of parts[0] already')
         self.check_refused(self.of_parts(self.part(mesh='b.obj')), 'parts[0].mesh: there is no file')
+        self.check_refused(self.of_parts(self.part(mesh=300 * 'b' + '.obj')), 'read: File name too long')
+        self.check_refused('{"\\n\\u001b[2J\\u009b": 1}', r'unknown key "\x0a\x1b[2J\x9b"')
 
     def test_bad_placements(self):
         def check(message, **placement):
@@ -211,17 +264,28 @@ class AssemblyTest(unittest.TestCase):
 
     def test_bad_meshes(self):
         def check(name, content, message):
-            (self.folder / name).write_text(content)
+            (self.folder / name).write_bytes(content if isinstance(content, bytes) else content.encode())
             self.check_refused(self.of_parts(self.part(mesh=name)), name + message)
-        check('nan.obj', TRIANGLE.replace('1 0 0', 'nan 0 0'), ': vertex 2 (nan, 0, 0): every coord')
+        check('nan.obj', 'v 0 nan 0\n' + TRIANGLE, ': line 1: every coordinate must be finite, not nan')
         check('inf.ply', PLY.format(1, '0 0 inf\n'), ': vertex 1 (0, 0, inf): every coordinate')
-        check('huge.obj', TRIANGLE.replace('1 0 0', '1e300 0 0'), ': vertex 2 (inf, 0, 0): every')
+        check('huge.obj', TRIANGLE.replace('1 0 0', '1e300 0 0'), ': line 2: every')
         check('none.ply', PLY.format(0, ''), ': ')
         check('short.ply', PLY.format(3, '0 0 0\n'), ': is cut short: 2 of the elements')
         check('header.ply', 'ply\nformat ascii 1.0\nelement vertex 1\n', ': no mesh: the header has no')
         check('none.obj', '# nothing in here but this remark\no nothing\n', ': ')
         check('none.stl', 'solid nothing\nendsolid nothing\n', ': ')
         check('wrong.obj', TRIANGLE.replace('f 1 2 3', 'f 1 2 9'), ': ')
+        facets = 'facet normal 0 0 1\nouter loop\n' + 3 * 'vertex 0 0 1\n' + 'endloop\nendfacet\n'
+        check('short.stl', 'solid s\n' + 9 * facets, ': is cut short: its last line')
+        check('binary.stl', b'solid'.ljust(80, b'\0') + struct.pack('<I', 9) + bytes(9 * 50 - 1),
+              ': is cut short: 1 of the triangles')
+        check('stub.stl', 'x', ': is cut short: it has no')
+        for order, letter in (('little', '<'), ('big', '>')):
+            body = struct.pack(letter + '6fB3i', 0, 0, 0, 1, 0, 0, 3, 0, 1, 1)
+            text = PLY.format(2, '').replace('ascii', f'binary_{order}_endian').replace('ce 0', 'ce 1')
+            for missing, size in ((1, -1), (1, -13), (2, -14)):
+                check('binary.ply', text.encode() + body[:size], f': is cut short: {missing} of the')
+        check('type.ply', PLY.format(1, '').replace('float z', 'real z'), ': no mesh: unknown type "real"')
         check('a.step', TRIANGLE, ': is no known kind of mesh')
 
     def test_unwritable_output(self):
@@ -234,7 +298,7 @@ class AssemblyTest(unittest.TestCase):
     def test_command_line(self):
         def run(*arguments):
             return subprocess.run([PROGRAM, *arguments], capture_output=True, text=True, check=False)
-        for arguments in (['--frob', 'x'], ['--out'], [], ['a', 'b'], ['--pick', '0.5'],
+        for arguments in (['--frob', 'x'], ['--out'], [], ['a', 'b'], ['--out', '', 'a'], ['--pick', '0.5'],
                           ['--pick', '0.5', 'x', 'a'], ['--pick', '0', '1.01', 'a'],
                           ['--pick', 'nan', '0', 'a'], ['--section', '1', '2', '3', '4', '5'],
                           '--section 0 0 0 0 0 1e999 a'.split(),
