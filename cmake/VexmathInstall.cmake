@@ -1,4 +1,4 @@
-# What is installed: library, headers, platform headers, CMake package, pkg-config file.
+# What is installed: library, headers, platform headers, CMake package, pkg-config file, licence.
 include(CMakePackageConfigHelpers)
 
 set(_package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/vexmath")
@@ -10,6 +10,8 @@ install(TARGETS vexmath vexmath_strict_fp EXPORT vexmath-targets
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/vexmath" "${VEXMATH_PLATFORM_HEADERS}/vexmath_platform"
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
   FILES_MATCHING PATTERN "*.h")
+
+install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 install(EXPORT vexmath-targets NAMESPACE vexmath:: DESTINATION ${_package_dir})
 configure_package_config_file(

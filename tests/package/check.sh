@@ -21,6 +21,7 @@ if [[ $how == install ]]; then
     rm -rf "$work"
     cmake --install "$build" --prefix "$work/first" >/dev/null
     mv "$work/first" "$work/installed"
+    [[ -s $work/installed/share/doc/vexmath/LICENSE ]]
     exit
 fi
 
