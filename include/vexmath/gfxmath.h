@@ -79,7 +79,8 @@ VEXMATH_API void gfxmath_rotate_axis(const float v[3], float angle, const float 
 
 /**
  * Latitude in [-pi/2, pi/2] and azimuth in (-pi, pi] of a direction n of any length, each up to
- * rounding to float: (0, 0, -1) has the azimuth +pi, and +y, -y and the null vector have 0.
+ * rounding to float: (0, 0, -1) has the azimuth +pi, and +y, -y and the null vector have 0, or +pi
+ * where their z is -0. The null vector has the latitude of +y, of -y where its y is -0.
  */
 VEXMATH_API void gfxmath_cartesian_to_spherical_normal(const float n[3], float sph[2]);
 

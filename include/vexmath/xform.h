@@ -89,7 +89,10 @@ public:
     /// on a tie; opposite becomes 1 when it points the other way.
     VEXMATH_API int getNearestAxis(mgUnitVector_c const &dir, int &opposite) const;
 
-    /// This transform first, then b. b may be this transform: the result is its square.
+    /// This transform first, then b. b may be this transform: the result is its square. It holds a
+    /// copy of b's perspective record when b has one, else keeps its own: of two views the later
+    /// one counts. It is flagged as a reflection, by 1, when exactly one of the two is. A product
+    /// of scales out of range stays here, until it is copied.
     VEXMATH_API mgXform_c const &operator*=(mgXform_c const &b);
     /// The way back, without reflection and perspective; the scale's inverse follows the copy
     /// rules.
@@ -143,7 +146,8 @@ public:
     VEXMATH_API void getGLData(double *gl) const;
     VEXMATH_API void getGLData(float *gl) const; ///< each rounded to single precision
     /// The transform of such numbers. Its rows are normalised, so the scale is lost: it becomes 1.
-    /// The fourth number of each column is ignored. REQUIRES sixteen readable numbers.
+    /// The rotation is orthonormalised; where row 0 or 1 has no direction, that row and row 2
+    /// become zero. The fourth number of each column is ignored. REQUIRES sixteen readable numbers.
     VEXMATH_API static mgXform_c createFromGLData(double const *gl);
 
     /// Text form: the sixteen numbers of `getGLData` with 16 digits, separated by spaces. Written
@@ -192,7 +196,8 @@ private:
     mgPerspInfo_c *perspective_ = nullptr; // owned, always a plain mgPerspInfo_c
 };
 
-/// a first, then b; the result follows the copy rules.
+/// a first, then b; the result follows the copy rules. It holds b's perspective record when b has
+/// one, else a's, and is a reflection when exactly one of the two is.
 VEXMATH_API mgXform_c operator*(mgXform_c const &a, mgXform_c const &b);
 
 /// Moved by rotation, scale, translation and, when the transform holds a record, its perspective.
