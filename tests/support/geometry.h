@@ -13,9 +13,6 @@
 
 namespace support {
 
-inline constexpr double kInfinity = std::numeric_limits<double>::infinity();
-inline constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-
 /// The doubles next to a threshold.
 inline double below(double x) { return std::nextafter(x, -kInfinity); }
 inline double above(double x) { return std::nextafter(x, kInfinity); }
@@ -43,6 +40,12 @@ inline ::testing::AssertionResult bitsEqual(char const *aText, char const *bText
     auto result = bitsEqual(aText, bText, a.rotation(), b.rotation());
     if (result) result = bitsEqual(aText, bText, a.translation(), b.translation());
     return result ? bitsEqual(aText, bText, a.scaling(), b.scaling()) : result;
+}
+
+/// A transform of exactly these fields, which no copy would let through.
+inline mgXform_c raw(mgMatrix_c const &rotation, mgVector_c const &translation = {},
+                     double scale = 1.0, int reflection = 0) {
+    return vexmath::detail::makeXform(rotation, translation, scale, reflection);
 }
 
 inline mgUnitVector_c direction(Random &random) {

@@ -59,30 +59,14 @@ private:
                                   "VEXMATH_TEST_SEED=" + std::to_string(seed())};
 };
 
+using Limits = std::numeric_limits<double>;
+inline constexpr double kInfinity = Limits::infinity(), kNaN = Limits::quiet_NaN();
+inline constexpr double kTiny = Limits::denorm_min(), kMin = Limits::min(), kMax = Limits::max();
+
 /// What a careless formula turns into a loop without end, a trap or a wrong answer.
 inline constexpr double hostileValues[] = {
-    0.0,
-    -0.0,
-    std::numeric_limits<double>::denorm_min(),
-    -std::numeric_limits<double>::denorm_min(),
-    std::numeric_limits<double>::min(),
-    1e-300,
-    1e-17,
-    1e-8,
-    -1e-8,
-    1.0,
-    -1.0,
-    3e9,
-    1e18,
-    1e155,
-    -1e155,
-    1e308,
-    std::numeric_limits<double>::max(),
-    -std::numeric_limits<double>::max(),
-    std::numeric_limits<double>::infinity(),
-    -std::numeric_limits<double>::infinity(),
-    std::numeric_limits<double>::quiet_NaN(),
-};
+    0.0, -0.0, kTiny, -kTiny, kMin,  1e-300, 1e-17, 1e-8,      -1e-8,      1.0, -1.0,
+    3e9, 1e18, 1e155, -1e155, 1e308, kMax,   -kMax, kInfinity, -kInfinity, kNaN};
 
 inline double Random::hostile() {
     return hostileValues[below(static_cast<int>(std::size(hostileValues)))];
@@ -101,23 +85,22 @@ inline std::string shown(double value) {
     return text.str();
 }
 
-inline ::testing::AssertionResult bitsEqual(char const *aText, char const *bText, double a,
-                                            double b) {
+// The same for points, vectors and what else has x(), y() and z().
+template <class A, class B>
+auto sameBits(A const &a, B const &b) -> decltype(a.z() == b.z()) {
+    return sameBits(a.x(), b.x()) && sameBits(a.y(), b.y()) && sameBits(a.z(), b.z());
+}
+template <class A>
+auto shown(A const &a) -> decltype(std::to_string(a.z())) {
+    return "\n    " + shown(a.x()) + "\n    " + shown(a.y()) + "\n    " + shown(a.z()) + "\n";
+}
+
+template <class A, class B>
+auto bitsEqual(char const *aText, char const *bText, A const &a, B const &b)
+    -> decltype(sameBits(a, b), ::testing::AssertionResult(true)) {
     if (sameBits(a, b)) return ::testing::AssertionSuccess();
     return ::testing::AssertionFailure()
            << aText << " is " << shown(a) << ", " << bText << " is " << shown(b);
-}
-
-/// For points, vectors and what else has x(), y() and z().
-template <class A, class B>
-auto bitsEqual(char const *aText, char const *bText, A const &a, B const &b)
-    -> decltype(a.x(), b.x(), ::testing::AssertionResult(true)) {
-    if (sameBits(a.x(), b.x()) && sameBits(a.y(), b.y()) && sameBits(a.z(), b.z()))
-        return ::testing::AssertionSuccess();
-    return ::testing::AssertionFailure()
-           << aText << " and " << bText << " differ:\n  x " << shown(a.x()) << "\n    "
-           << shown(b.x()) << "\n  y " << shown(a.y()) << "\n    " << shown(b.y()) << "\n  z "
-           << shown(a.z()) << "\n    " << shown(b.z());
 }
 
 } // namespace support

@@ -1,253 +1,193 @@
 // SPDX-License-Identifier: MIT
-// Archive records: their bytes, every shorter stream refused, and what a reader repairs or keeps.
+// Archive records: their items, every shorter stream refused, and what a reader repairs or keeps.
 
 #include <vexmath/bbox.h>
 #include <vexmath/cone.h>
 #include <vexmath/line.h>
-#include <vexmath/persp_info.h>
 #include <vexmath/point2d.h>
 #include <vexmath/primitive_body_data.h>
-
-#include <functional>
-#include <initializer_list>
-#include <sstream>
-#include <string>
 
 #include "support/geometry.h"
 
 namespace {
 
-using support::below;
+using namespace support;
 using P = mgPoint_c;
 using V = mgVector_c;
 using Xform = mgXform_c;
-using Numbers = std::initializer_list<double>;
 
-std::string littleEndian(std::uint64_t bits, int size) {
-    std::string text;
-    for (; size > 0; --size, bits >>= 8) text += static_cast<char>(bits & 0xFF);
-    return text;
-}
-
-std::string doubles(Numbers values) {
-    std::string text;
-    for (double const value : values) {
-        std::uint64_t bits = 0;
-        std::memcpy(&bits, &value, sizeof bits);
-        text += littleEndian(bits, 8);
-    }
-    return text;
-}
-
-/// What an object is read from and written to, by the pair of operations under test.
-template <class T>
-struct Record {
-    std::function<void(su_CArchive &, T &)> write, read;
-
-    std::string stored(T &object) const {
-        std::stringstream stream;
-        su_CArchive ar(stream);
-        write(ar, object);
-        return stream.str();
-    }
-
-    void restore(T &object, std::string const &bytes) const {
-        std::stringstream stream(bytes);
-        su_CArchive ar(stream);
-        read(ar, object);
-        EXPECT_EQ(bytes.size(), static_cast<std::size_t>(stream.tellg())) << "bytes were left over";
-    }
-
-    /// The object is stored as these bytes and read back from them, over another value, which every
-    /// shorter stream leaves as it was.
-    void check(std::string const &bytes, T object, T const &other) const {
-        T target(other);
-        std::string const old = stored(target);
-        EXPECT_EQ(bytes, stored(object));
-        for (std::size_t length = 0; length < bytes.size(); ++length) {
-            EXPECT_THROW(restore(target, bytes.substr(0, length)), su_CArchiveError) << length;
-            EXPECT_EQ(old, stored(target)) << length;
-        }
-        restore(target, bytes);
-        EXPECT_EQ(bytes, stored(target));
-    }
+/// An archive in memory.
+struct Memory {
+    explicit Memory(std::string const &text = {}) : stream(text) {}
+    std::stringstream stream;
+    su_CArchive ar{stream};
 };
 
-/// The entry points of a class by their names, through either type of archive.
-template <class T, class Archive = su_CArchive>
-Record<T> const named{[](Archive &ar, T &object) { object.save(ar); },
-                      [](Archive &ar, T &object) { object.restore(ar); }};
-template <class T, class Archive = su_CArchive>
-Record<T> const asIs{[](Archive &ar, T &object) { object.save(ar); },
-                     [](Archive &ar, T &object) { object.restoreAsIs(ar); }};
-template <class T>
-Record<T> const streamed{[](su_CArchive &ar, T &object) { ar << object; },
-                         [](su_CArchive &ar, T &object) { ar >> object; }};
+/// The items one after the other, each as the archive writes it.
+template <class... Items>
+std::string bytes(Items... items) {
+    Memory memory;
+    (memory.ar << ... << items);
+    return memory.stream.str();
+}
+
+// The entry points, for each class and type of archive.
+constexpr auto save = [](auto &ar, auto &object) { object.save(ar); };
+constexpr auto restore = [](auto &ar, auto &object) { object.restore(ar); };
+constexpr auto restoreAsIs = [](auto &ar, auto &object) { object.restoreAsIs(ar); };
+constexpr auto put = [](auto &ar, auto &object) { ar << object; };
+constexpr auto get = [](auto &ar, auto &object) { ar >> object; };
+
+template <class Archive = su_CArchive, class T, class Write>
+std::string stored(T &object, Write write) {
+    Memory memory;
+    write(static_cast<Archive &>(memory.ar), object);
+    return memory.stream.str();
+}
+
+template <class Archive = su_CArchive, class T, class Read>
+void load(T &object, std::string const &record, Read read) {
+    Memory memory(record);
+    read(static_cast<Archive &>(memory.ar), object);
+    EXPECT_EQ(record.size(), static_cast<std::size_t>(memory.stream.tellg()));
+}
+
+/// The object is stored as this record and read back from it, over another value, which every
+/// shorter stream leaves as it was.
+template <class Archive = su_CArchive, class T, class Read = decltype(restore),
+          class Write = decltype(save)>
+void check(std::string const &record, T object, T target, Read read = restore, Write write = save) {
+    std::string const old = stored<Archive>(target, write);
+    for (std::size_t length = 0; length < record.size(); ++length) {
+        EXPECT_THROW(load<Archive>(target, record.substr(0, length), read), su_CArchiveError);
+        EXPECT_EQ(old, stored<Archive>(target, write)) << length;
+    }
+    load<Archive>(target, record, read);
+    EXPECT_EQ(record, stored<Archive>(object, write));
+    EXPECT_EQ(record, stored<Archive>(target, write));
+}
 
 TEST(Persistence, PointsAndVectorsAreTheirDoubles) {
-    P const p(1.5, -0.0, 3e-320);
-    std::string const xyz = doubles({1.5, -0.0, 3e-320});
-    streamed<P>.check(xyz, p, P(7.0, 8.0, 9.0));
-    named<P, CArchive>.check(xyz, p, P(7.0, 8.0, 9.0));
-    Record<V>{[](su_CArchive &ar, V &v) { ar << v.x() << v.y() << v.z(); },
-              [](CArchive &ar, V &v) { v.restore(ar); }}
-        .check(xyz, p, V(7.0, 8.0, 9.0));
-    Record<mg2DPoint_c>{[](su_CArchive &ar, mg2DPoint_c &q) { ar << q.u() << q.v(); },
-                        [](CArchive &ar, mg2DPoint_c &q) { q.restore(ar); }}
-        .check(doubles({-2.5, 4.0}), mg2DPoint_c(-2.5, 4.0), mg2DPoint_c(7.0, 8.0));
-
-    Record<P> const planar{[](CArchive &ar, P &q) { q.save2D(ar); },
-                           [](CArchive &ar, P &q) { q.restore2D(ar); }};
-    planar.check(doubles({1.5, -0.0}), p, P(7.0, 8.0, 9.0));
-    P target(7.0, 8.0, 5.0);
-    EXPECT_THROW(planar.restore(target, doubles({1.0})), su_CArchiveError);
-    EXPECT_BITS_EQ(P(7.0, 8.0, 5.0), target);
-    planar.restore(target, doubles({1.0, 2.0}));
-    EXPECT_BITS_EQ(P(1.0, 2.0, 0.0), target);
+    P const p(1.5, -0.0, 3e-320), other(7.0, 8.0, 9.0);
+    std::string const xy = bytes(1.5, -0.0), xyz = xy + bytes(3e-320);
+    auto const save2D = [](CArchive &ar, P &q) { q.save2D(ar); };
+    auto const restore2D = [](CArchive &ar, P &q) { q.restore2D(ar); };
+    check(xyz, p, other, get, put);
+    check<CArchive>(xyz, p, other);
+    check<CArchive>(xy, p, other, restore2D, save2D);
+    P flat = other;
+    load(flat, xy, restore2D);
+    EXPECT_BITS_EQ(P(1.5, -0.0, 0.0), flat);
+    V vector;
+    mg2DPoint_c uv;
+    load<CArchive>(vector, xyz, restore);
+    load<CArchive>(uv, xy, restore);
+    EXPECT_BITS_EQ(p, vector);
+    EXPECT_BITS_EQ(P(1.5, -0.0, 7.0), P(uv.u(), uv.v(), 7.0));
+    EXPECT_THROW(load<CArchive>(vector, xy, restore), su_CArchiveError);
+    EXPECT_THROW(load<CArchive>(uv, bytes(2.0), restore), su_CArchiveError);
+    EXPECT_EQ(3.0, vector.x() + uv.u());
 }
 
-double const rotated[9] = {0.0, 1.0, 0.0, -1.0, 0.0, 0.0, 0.0, 0.0, 1.0};
-double const skewed[9] = {1.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0, 8.0, 9.0};
-std::string const turn = doubles({0.0, 1.0, 0.0, -1.0, 0.0, 0.0, 0.0, 0.0, 1.0});
-std::string const skew = doubles({1.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0, 8.0, 9.0});
-
-TEST(Persistence, MatricesAreStoredWithoutTheirFlag) {
-    mgMatrix_c const quarter(rotated, 0), odd(skewed, 0);
-    named<mgMatrix_c>.check(turn, quarter, odd);
-    named<mgMatrix_c, CArchive>.check(turn, quarter.transpose().transpose(), odd);
-    asIs<mgMatrix_c>.check(skew, odd, quarter);
-    asIs<mgMatrix_c, CArchive>.check(skew, odd, quarter);
-}
+mgMatrix_c const quarter({0, 1, 0, -1, 0, 0, 0, 0, 1}, 0), odd({1, 2, 3, 4, 5, 6, 7, 8, 9}, 0);
+std::string const turn = bytes(0.0, 1.0, 0.0, -1.0, 0.0, 0.0, 0.0, 0.0, 1.0);
+std::string const skew = bytes(1.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0, 8.0, 9.0);
 
 TEST(Persistence, MatricesAreRepairedOrTakenAsTheyAre) {
-    auto const restored = [](Record<mgMatrix_c> const &record, Numbers elements) {
-        mgMatrix_c target(skewed, 0);
-        record.restore(target, doubles(elements));
-        return target;
+    check(turn, quarter, odd);
+    check<CArchive>(turn, quarter.transpose().transpose(), odd); // the flag is not stored
+    check(skew, odd, quarter, restoreAsIs);
+    check<CArchive>(skew, odd, quarter, restoreAsIs);
+    auto const becomes = [](auto read, mgMatrix_c const &expected, auto... elements) {
+        mgMatrix_c target = odd;
+        load(target, bytes(static_cast<double>(elements)...), read);
+        EXPECT_BITS_EQ(expected, target);
+        EXPECT_EQ(expected.isIdentity(), target.isIdentity());
     };
-    auto const &repairing = named<mgMatrix_c>, &plain = asIs<mgMatrix_c>;
-    double const s = below(1e-08);
-    mgMatrix_c const one = restored(repairing, {s, -s, s, 0.0, 0.0, 0.0, s, s, -s}); // null rows
-    EXPECT_BITS_EQ(mgMatrix_c(), one);
-    EXPECT_EQ(1, one.isIdentity());
-    mgMatrix_c const zero = restored(plain, {0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0});
-    EXPECT_EQ(1, zero.isNearZero() & !zero.isIdentity());
-    // With a row that is not null the three go through one pass, as they are: lengths are corrected
-    // to first order, and row 2 is rebuilt from the other two.
-    mgMatrix_c const m = restored(repairing, {1.1, 0.0, 0.0, 0.0, 1.0, 0.0, 0.0, 0.0, 1e-08});
-    double const corrected = 1.1 * (1.0 + (1.0 - 1.1 * 1.1) / 2.0);
-    for (int k = 0; k < 9; ++k)
-        EXPECT_BITS_EQ(k == 4 ? 1.0 : k % 4 == 0 ? corrected : 0.0, m[k]) << k;
-
-    for (double const off : {s, 1e-08}) { // rows off their axes, kept as they are
-        auto const rows = restored(plain, {1.0, off, 0.0, 0.0, 1.0, -off, off, 0.0, 1.0});
-        EXPECT_EQ(off < 1e-08, rows.isIdentity());
-        EXPECT_EQ(off, rows[1]);
-    }
+    double const s = below(1e-08), off = 1e-08;
+    mgMatrix_c nearly; // flagged within 1e-08 of the axes
+    nearly[1] = s;
+    becomes(restore, {}, s, -s, s, 0, 0, 0, s, s, -s); // null rows
+    becomes(restoreAsIs, mgMatrix_c({0, 0, 0, 0, 0, 0, 0, 0, 0}, 0), 0, 0, 0, 0, 0, 0, 0, 0, 0);
+    becomes(restore, mgMatrix_c({1.1, 0, 0, 0, 1, 0, 0, 0, off}, 1), 1.1, 0, 0, 0, 1, 0, 0, 0, off);
+    becomes(restoreAsIs, nearly, 1, s, 0, 0, 1, 0, 0, 0, 1);
+    becomes(restoreAsIs, mgMatrix_c({1, 0, 0, 0, 1, 0, off, 0, 1}, 0), 1, 0, 0, 0, 1, 0, off, 0, 1);
 }
 
-/// A transform of exactly these fields.
-Xform raw(mgMatrix_c const &rotation, V const &translation, double scale, int reflection = 0) {
-    return vexmath::detail::makeXform(rotation, translation, scale, reflection);
-}
+unsigned char const no = 0, yes = 1;
+std::string const rest = bytes(10.0, 20.0, -30.0, 2.0, no); // translation, scale, reserved
+V const t(10.0, 20.0, -30.0);
+Xform const turned = raw(quarter, t, 2.0), moved = raw(mgMatrix_c(), t, 2.0);
+mgPerspInfo_c const perspective(1.0, 2.0, 3.0, 4.0);
 
-std::string const no(1, '\0'), yes(1, '\1');
-std::string const rest = doubles({10.0, 20.0, -30.0, 2.0}) + no; // translation, scale, reserved
-
-TEST(Persistence, TransformsAreStoredWithTheRotationTheyHave) {
-    V const t(10.0, 20.0, -30.0);
-    Xform const turned = raw(mgMatrix_c(rotated, 0), t, 2.0), moved = raw(mgMatrix_c(), t, 2.0);
-    Xform const odd = raw(mgMatrix_c(skewed, 0), V(1.0, 2.0, 3.0), 0.5, 1);
-    named<Xform>.check(yes + turn + rest, turned, odd);
-    named<Xform, CArchive>.check(yes + turn + rest, turned, odd);
-    asIs<Xform>.check(yes + skew + rest, raw(mgMatrix_c(skewed, 0), t, 2.0), turned);
-    asIs<Xform, CArchive>.check(yes + skew + rest, raw(mgMatrix_c(skewed, 0), t, 2.0), moved);
-    named<Xform>.check(no + rest, moved, mgXform_c());
-    asIs<Xform>.check(no + rest, moved, mgXform_c());
-}
-
-TEST(Persistence, SavingATransformRepairsItFirst) {
-    auto const check = [](V const &t, double scale, V const &keptT, double keptScale) {
-        Xform x = raw(mgMatrix_c(), t, scale);
-        EXPECT_EQ(no + doubles({keptT.x(), keptT.y(), keptT.z(), keptScale}) + no,
-                  named<Xform>.stored(x));
-        EXPECT_BITS_EQ(raw(mgMatrix_c(), keptT, keptScale), x);
-    };
-    check(V(2e8, -2e8, 5e8), 1.0, V(0.0, 0.0, 5e8), 1.0);
-    check(V(1e8, -1e8, 5e-09), 6e12, V(1e8, -1e8, 5e-09), 6e12);
-    check(V(), support::above(6e12), V(), 1.0);
+TEST(Persistence, TransformsAreRepairedAndStoredWithTheRotationTheyHave) {
+    Xform const other = raw(odd, {1.0, 2.0, 3.0}, 0.5, 1);
+    check(bytes(yes) + turn + rest, turned, other);
+    check<CArchive>(bytes(yes) + turn + rest, turned, other);
+    check(bytes(yes) + skew + rest, raw(odd, t, 2.0), turned, restoreAsIs);
+    check<CArchive>(bytes(yes) + skew + rest, raw(odd, t, 2.0), moved, restoreAsIs);
+    check(bytes(no) + rest, moved, Xform());
+    Xform onBounds = raw({}, {1e8, -1e8, 5e-09}, 6e12), beyond = raw({}, {2e8, -2e8, 5e8}, 7e12);
+    EXPECT_EQ(bytes(no, 1e8, -1e8, 5e-09, 6e12, no), stored(onBounds, save));
+    EXPECT_EQ(bytes(no, 0.0, 0.0, 5e8, 1.0, no), stored(beyond, save));
+    EXPECT_BITS_EQ(raw({}, {0.0, 0.0, 5e8}), beyond);
 }
 
 TEST(Persistence, RestoringATransformKeepsWhatTheRecordDoesNotHold) {
-    mgMatrix_c const quarter(rotated, 0);
-    for (auto const &record : {named<Xform>, asIs<Xform>}) {
-        Xform x = raw(quarter, V(1.0, 2.0, 3.0), 0.5, 1);
-        x.addPerspectiveInfo(mgPerspInfo_c(1.0, 2.0, 3.0, 4.0));
-        EXPECT_THROW(record.restore(x, yes + skew + rest.substr(1)), su_CArchiveError);
-        EXPECT_BITS_EQ(raw(quarter, V(1.0, 2.0, 3.0), 0.5, 1), x);
+    auto const keeps = [](auto read) {
+        Xform x = raw(quarter, {1.0, 2.0, 3.0}, 0.5, 1), y;
+        x.addPerspectiveInfo(perspective);
         // No rotation: the old one stays. Numbers are not checked, the reserved byte not looked at.
-        record.restore(x, no + doubles({5e-09, 2e8, 0.0, -7e12}) + "\xFF");
-        EXPECT_BITS_EQ(raw(quarter, V(5e-09, 2e8, 0.0), -7e12, 1), x);
+        load(x, bytes(no, 5e-09, 2e8, 0.0, -7e12, yes), read);
+        EXPECT_BITS_EQ(raw(quarter, {5e-09, 2e8, 0.0}, -7e12, 1), x);
         EXPECT_EQ(1, x.hasPerspective());
-        Xform y;
-        record.restore(y, "\xFE" + turn + rest); // any byte but 0 announces a rotation
-        EXPECT_BITS_EQ(raw(quarter, V(10.0, 20.0, -30.0), 2.0), y);
-    }
+        load(y, "\xFE" + turn + rest, read); // any byte but 0 announces a rotation
+        EXPECT_BITS_EQ(turned, y);
+    };
+    keeps(restore);
+    keeps(restoreAsIs);
 }
 
 TEST(Persistence, TheRawFormDropsThePerspective) {
-    mgMatrix_c stale = mgMatrix_c(skewed, 0).transpose().transpose(); // under the identity's flag
-    Xform object = raw(stale, V(10.0, -0.0, 5e-09), 7e12, -1);
-    std::string const bytes = skew + littleEndian(1, 8) + doubles({10.0, -0.0, 5e-09, 7e12})
-                              + littleEndian(0xFFFFFFFF, 4) + littleEndian(0, 4);
-    ASSERT_EQ(120u, bytes.size());
-    EXPECT_EQ(bytes, streamed<Xform>.stored(object));
-    streamed<Xform>.check(turn + littleEndian(0, 8) + rest.substr(0, 32) + littleEndian(2, 8),
-                          raw(mgMatrix_c(rotated, 0), V(10.0, 20.0, -30.0), 2.0, 2), Xform());
-
-    object.addPerspectiveInfo(mgPerspInfo_c(1.0, 2.0, 3.0, 4.0));
-    EXPECT_EQ(bytes, streamed<Xform>.stored(object));
+    Xform object = raw(odd.transpose().transpose(), {10.0, -0.0, 5e-09}, 7e12, -1), target;
+    std::string const fields = bytes(10.0, -0.0, 5e-09, 7e12, 0xFFFFFFFFul);
+    check(turn + bytes(0ul, 0ul, 10.0, 20.0, -30.0, 2.0, 2ul, 0ul), raw(quarter, t, 2.0, 2),
+          Xform(), get, put);
+    object.addPerspectiveInfo(perspective);
+    EXPECT_EQ(skew + bytes(1ul, 0ul) + fields + bytes(0ul), stored(object, put));
     EXPECT_EQ(0, object.hasPerspective());
 
     // Read: any flag but 0 is set, padding and the perspective's word carry no meaning.
-    Xform target;
-    target.addPerspectiveInfo(mgPerspInfo_c(1.0, 2.0, 3.0, 4.0));
-    EXPECT_THROW(streamed<Xform>.restore(target, bytes.substr(1)), su_CArchiveError);
+    target.addPerspectiveInfo(perspective);
+    EXPECT_THROW(load(target, skew, get), su_CArchiveError);
     EXPECT_EQ(1, target.hasPerspective());
-    streamed<Xform>.restore(target, skew + littleEndian(0xDEADBEEF00000040, 8)
-                                        + bytes.substr(80, 36) + littleEndian(0xDEADBEEF, 4));
+    load(target, skew + bytes(64ul, 0xDEADul) + fields + bytes(0xDEADul), get);
     EXPECT_BITS_EQ(object, target);
     EXPECT_EQ(0, target.hasPerspective());
 }
 
 TEST(Persistence, OtherRecordsAreTheirMembersAsTheyAre) {
+    std::string const six = bytes(1.0, 2.0, 3.0, 4.0, 5.0, 6.0), three = bytes(7.0, 8.0, 9.0);
+    P const root(4.0, 5.0, 6.0);
     mgBBox_c box; // unset and inverted
-    box.setSphereOnly(P(1.0, 2.0, 3.0), support::kNaN);
-    box.setCornersOnly(P(7.0, 8.0, 9.0), P(4.0, 5.0, 6.0));
-    std::string const ten = doubles({1.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0, 8.0, 9.0, support::kNaN});
-    named<mgBBox_c>.check(ten, box, mgBBox_c(P(1.0, 1.0, 1.0), 1.0));
-
-    mgPerspInfo_c info(1.0, 2.0, 3.0, 4.0);
-    info.setMinFarClipPlaneDistance(5.0);
-    info.setCameraFOVPlaneDistance(6.0);
-    named<mgPerspInfo_c>.check(ten.substr(0, 48), info, mgPerspInfo_c());
-
+    box.setSphereOnly(P(1.0, 2.0, 3.0), kNaN);
+    box.setCornersOnly(P(7.0, 8.0, 9.0), root);
     mgUnitVector_c longer; // not normalised either way
     longer.set(7.0, 8.0, 9.0);
     mgModelPerspInfo_c model(1.0, 2.0, 3.0, 4.0);
     model.setMinFarClipPlaneDistance(5.0);
     model.setCameraFOVPlaneDistance(6.0);
     model.setModelViewDir(longer);
-    named<mgModelPerspInfo_c>.check(ten.substr(0, 72), model, mgModelPerspInfo_c());
-    named<mgLine_c>.check(ten.substr(24, 48), mgLine_c(P(4.0, 5.0, 6.0), longer),
-                          mgLine_c(P(), mgUnitVector_c::xAxis()));
-    named<mgCone_c>.check(ten.substr(24, 48) + doubles({-0.0, 0.25}),
-                          mgCone_c(P(4.0, 5.0, 6.0), longer, -0.0, 0.25), mgCone_c());
-
     mgPrimitiveBodyData_c const body(0x01020304, P(1.0, 2.0, 3.0), 4.0, 5.0, 6.0, -2);
-    std::string const bytes = "\x04\x03\x02\x01" + ten.substr(0, 48) + "\xFE\xFF\xFF\xFF";
-    named<mgPrimitiveBodyData_c>.check(bytes, body, mgPrimitiveBodyData_c());
-    named<mgPrimitiveBodyData_c, CArchive>.check(bytes, body, mgPrimitiveBodyData_c());
+
+    check(six + three + bytes(kNaN), box, mgBBox_c());
+    check(six, mgPerspInfo_c(model), mgPerspInfo_c());
+    check(six + three, model, mgModelPerspInfo_c());
+    check(six.substr(24) + three, mgLine_c(root, longer), mgLine_c());
+    check(six.substr(24) + three + bytes(-0.0, 0.25), mgCone_c(root, longer, -0.0, 0.25),
+          mgCone_c());
+    check(bytes(0x01020304) + six + bytes(-2), body, mgPrimitiveBodyData_c());
+    check<CArchive>(bytes(0x01020304) + six + bytes(-2), body, mgPrimitiveBodyData_c());
 }
 
 } // namespace
