@@ -11,10 +11,7 @@
 
 namespace {
 
-using support::above;
-using support::below;
-using support::kInfinity;
-using support::kNaN;
+using namespace support;
 
 // The rotation comes first, so that a transform's address serves where its matrix is meant.
 static_assert(std::is_standard_layout_v<mgXform_c> && !std::is_trivially_copyable_v<mgXform_c>);
@@ -27,19 +24,6 @@ constexpr double kSmallest = 1.0000000000000002e-13, kLargest = 6e12;
 mgUnitVector_c const x(1.0, 0.0, 0.0), y(0.0, 1.0, 0.0), z(0.0, 0.0, 1.0);
 mgMatrix_c const one, quarter = mg_RotationMatrix(1.5707963267949, z, 1e-6); // rows y, -x, z
 mgMatrix_c const flagged = quarter.transpose().transpose(); // the same, claiming to be the identity
-
-/// A transform of exactly these fields, which no copy would let through.
-struct Raw : mgXform_c {
-    Raw(mgMatrix_c const &rotation, mgVector_c const &translation, double scale,
-        int reflection = 0) {
-        Helper helper;
-        helper.rotation = rotation;
-        helper.translation = translation;
-        helper.scale = scale;
-        helper.reflection = reflection;
-        SetHelper(helper);
-    }
-};
 
 /// Every way to copy the source gives exactly these fields.
 void checkCopies(mgXform_c const &source, mgXform_c const &expected) {
@@ -54,95 +38,69 @@ void checkCopies(mgXform_c const &source, mgXform_c const &expected) {
 }
 
 TEST(Xform, CopiesTakeAScaleOutOfRangeAsOne) {
-    auto const check = [](double scale, double expected) {
-        checkCopies(Raw(quarter, x, scale, 1), Raw(quarter, x, expected, 1));
+    for (double const scale : {kSmallest, kLargest, -2.0, kInfinity, kNaN, above(kSmallest)}) {
+        double const expected = scale == above(kSmallest) ? scale : 1.0;
+        checkCopies(raw(quarter, x, scale, 1), raw(quarter, x, expected, 1));
         EXPECT_EQ(expected, mg_ScaleXform(scale).scaling());
         EXPECT_EQ(expected, mg_ScaleXform(mg_ScaleXform(3.0), scale).scaling()); // replaced
         EXPECT_EQ(expected, mg_RestoreXform(quarter, {}, scale).scaling());
-    };
-    for (double const kept : {above(kSmallest), below(kLargest)}) check(kept, kept);
-    for (double const lost : {kSmallest, kLargest, -2.0, kInfinity, kNaN}) check(lost, 1.0);
+    }
+    EXPECT_EQ(below(kLargest), mg_ScaleXform(below(kLargest)).scaling());
 }
 
 TEST(Xform, CopiesFlushATinyTranslationAndAFlaggedRotation) {
     double const s = below(1e-08);
-    checkCopies(Raw(quarter, {s, -s, s}, 2.0), Raw(quarter, {}, 2.0));
-    checkCopies(Raw(quarter, {s, 0.0, -1e-08}, 2.0), Raw(quarter, {s, 0.0, -1e-08}, 2.0));
-    checkCopies(Raw(quarter, {0.0, kNaN, 0.0}, 2.0), Raw(quarter, {0.0, kNaN, 0.0}, 2.0));
-    checkCopies(Raw(flagged, {}, 2.0), Raw(one, {}, 2.0));
-    // What is built is not copied; what goes in by value is.
-    Raw const odd(flagged, {s, s, s}, kLargest);
-    EXPECT_BITS_EQ(Raw(flagged, {}, kLargest), odd.linearComponent());
-    EXPECT_BITS_EQ(Raw(flagged, {s, s, s}, 1.0), mg_RestoreXform(flagged, {s, s, s}, kLargest));
-    EXPECT_BITS_EQ(Raw(one, {}, 3.0), mg_ScaleXform(odd, 3.0));
-}
-
-TEST(Xform, TheResultOfAProductIsCopiedAgain) {
-    mgXform_c const a = Raw(one, x, 1e7), b = Raw(one, {-1e6 + 5e-9, 0.0, 0.0}, 1e6);
-    mgXform_c inPlace = a;
-    inPlace *= b;
-    EXPECT_BITS_EQ(1e13, inPlace.scaling()); // neither range nor flush here
-    EXPECT_NEAR(5e-9, inPlace.translation().x(), 1e-10);
-    EXPECT_BITS_EQ(mgXform_c(), a * b);
-    EXPECT_BITS_EQ(1.0, Raw(one, {}, 1.2e-13).inverse().scaling()); // 1 / 1.2e-13 is too large
+    checkCopies(raw(quarter, {s, -s, s}, 2.0), raw(quarter, {}, 2.0));
+    checkCopies(raw(quarter, {s, 0.0, -1e-08}, 2.0), raw(quarter, {s, 0.0, -1e-08}, 2.0));
+    checkCopies(raw(quarter, {0.0, kNaN, 0.0}, 2.0), raw(quarter, {0.0, kNaN, 0.0}, 2.0));
+    checkCopies(raw(flagged, {}, 2.0), raw(one, {}, 2.0));
+    // What is built is not copied; what goes in by value is, and the result of a product.
+    mgXform_c odd, wide = mg_ScaleXform(1e7);
+    odd.SetHelper(raw(flagged, {s, s, s}, kLargest).GetHelper());
+    EXPECT_BITS_EQ(raw(flagged, {}, kLargest), odd.linearComponent());
+    EXPECT_BITS_EQ(raw(flagged, {s, s, s}), mg_RestoreXform(flagged, {s, s, s}, kLargest));
+    EXPECT_BITS_EQ(mg_ScaleXform(3.0), mg_ScaleXform(odd, 3.0));
+    EXPECT_BITS_EQ(mgXform_c(), wide * mg_ScaleXform(1e6));
+    wide *= mg_ScaleXform(1e6);
+    EXPECT_EQ(1e13, wide.scaling());                           // in place neither range nor flush
+    EXPECT_EQ(1.0, raw(one, {}, 1.2e-13).inverse().scaling()); // 1 / 1.2e-13 is too large
 }
 
 TEST(Xform, CompositionAppliesLeftThenRight) {
-    support::Random random;
+    Random random;
     for (int i = 0; i < 1000; ++i) {
-        mgXform_c const a = support::placement(random), b = support::placement(random), ab = a * b;
+        mgXform_c const a = placement(random), b = placement(random), ab = a * b;
         auto const p = random.triple<mgPoint_c>(-10.0, 10.0);
-        ASSERT_LT(support::gap((p * a) * b, p * ab), 1e-11); // 1e-16 of 500, a few times over
-        ASSERT_LT(support::gap(p, (p * a) * a.inverse()), 1e-12);
-        ASSERT_BITS_EQ(b.scaling() * a.scaling(), ab.scaling());
-        ASSERT_BITS_EQ(a.rotation() * b.rotation(), ab.rotation());
-        ASSERT_BITS_EQ(a.translation() * b + b.translation(), ab.translation());
+        ASSERT_LT(gap((p * a) * b, p * ab), 1e-11); // 1e-16 of 500, a few times over
+        ASSERT_LT(gap(p, (p * a) * a.inverse()), 1e-12);
+        ASSERT_BITS_EQ(raw(a.rotation() * b.rotation(), a.translation() * b + b.translation(),
+                           b.scaling() * a.scaling()),
+                       ab);
         mgXform_c square = a;
         square *= square;
         ASSERT_BITS_EQ(a * mgXform_c(a), square);
     }
-    mgXform_c const shift = mg_TranslateXform(y);
-    EXPECT_BITS_EQ(Raw(one, y, 5.0), mg_ScaleXform(5.0) * shift); // a null translation adds nothing
 }
 
 TEST(Xform, CompositionGoesByTheFlags) {
-    Raw a(flagged, {}, 1.0), b(quarter, {}, 1.0);
+    mgXform_c a = raw(flagged), b = raw(quarter);
     a *= mgXform_c(); // both flags set: left alone, elements and all
-    EXPECT_BITS_EQ(Raw(flagged, {}, 1.0), a);
+    EXPECT_BITS_EQ(raw(flagged), a);
     a *= b; // one is clear: the elements of both
-    EXPECT_BITS_EQ(Raw(quarter * quarter, {}, 1.0), a);
-    b *= Raw(quarter.inverse(), {}, 1.0);
+    EXPECT_BITS_EQ(raw(quarter * quarter), a);
+    b *= raw(quarter.inverse());
     EXPECT_EQ(1, b.isIdentity()); // an honest flag
     auto const mirrored = [](int left, int right) {
-        return (Raw(one, {}, 1.0, left) * Raw(one, {}, 1.0, right)).isReflection();
+        return (raw(one, {}, 1.0, left) * raw(one, {}, 1.0, right)).isReflection();
     };
     EXPECT_EQ(2, mirrored(7, 0) + mirrored(0, -1));
     EXPECT_EQ(0, mirrored(1, 7) + mirrored(0, 0));
 }
 
-TEST(Xform, ThreeKindsOfThingsAreMovedInThreeWays) {
-    Raw const form(quarter, {10.0, 0.0, 30.0}, 2.0), stale(flagged, {}, 1.0);
-    mgUnitVector_c longer;
-    longer.set(0.0, 3.0, 0.0);
-    EXPECT_BITS_EQ(mgPoint_c(6.0, 2.0, 36.0), mgPoint_c(1.0, 2.0, 3.0) * form);
-    EXPECT_BITS_EQ(mgVector_c(-4.0, 2.0, 6.0), mgVector_c(1.0, 2.0, 3.0) * form);
-    EXPECT_BITS_EQ(mgVector_c(-1.0, 0.0, 0.0), longer * form); // normalised
-    // Points and vectors go by the elements, directions by the flag.
-    EXPECT_BITS_EQ(mgPoint_c(-2.0, 1.0, 3.0), mgPoint_c(1.0, 2.0, 3.0) * stale);
-    EXPECT_BITS_EQ(3.0 * y, longer * stale);
-    // A zero of either sign stays; a translation component of 0 is not added.
-    EXPECT_BITS_EQ(mgVector_c(-0.0, 0.0, -0.0), mgVector_c(-0.0, 0.0, -0.0) * form);
-    EXPECT_BITS_EQ(mgPoint_c(kInfinity, 5.0, -0.0),
-                   mgPoint_c(kInfinity, 0.0, -0.0) * mg_TranslateXform({0.0, 5.0, 0.0}));
-    auto const scaled = [](double s) { return (mgPoint_c(3.0, 0.0, 0.0) * Raw(one, {}, s)).x(); };
+TEST(Xform, PointsVectorsAndDirectionsAreMovedInThreeWays) {
+    Random random;
     double const up = 1.0 + 1e-08, down = above(1.0 - 1e-08); // the last within 1e-08 of 1
-    EXPECT_EQ(6.0, scaled(up) + scaled(down));
-    EXPECT_BITS_EQ(3.0 * above(up), scaled(above(up)));
-    EXPECT_BITS_EQ(3.0 * below(down), scaled(below(down)));
-}
-
-TEST(Xform, PointsFollowTheirStepsToTheBit) {
-    support::Random random;
+    double const scales[] = {1.0, up, above(up), down, below(down), 2.0, kNaN};
     auto const number = [&] {
         return random.below(2) == 0 ? random.hostile() : random.uniform(-9.0, 9.0);
     };
@@ -151,58 +109,65 @@ TEST(Xform, PointsFollowTheirStepsToTheBit) {
         for (int edits = random.below(4); edits > 0; --edits) m[random.below(9)] = number();
         mgMatrix_c const rotation(m, 0);
         mgVector_c const t(number(), number(), number());
-        double const scale = random.below(2) == 0 ? 1.0 : number();
+        double const scale = scales[random.below(7)];
         mgPoint_c const p(number(), number(), number());
-        mgPoint_c expected = std::equal(m, m + 9, &one[0]) ? p : p * rotation;
+        mgPoint_c turned = std::equal(m, m + 9, &one[0]) ? p : p * rotation, moved;
         for (int i = 0; i < 3; ++i) {
-            if (std::fabs(scale - 1.0) > 1e-08) expected[i] *= scale;
-            if (t[i] != 0.0) expected[i] += t[i];
+            if (std::fabs(scale - 1.0) > 1e-08) turned[i] *= scale;
+            moved[i] = t[i] != 0.0 ? turned[i] + t[i] : turned[i];
         }
-        ASSERT_BITS_EQ(expected, p * Raw(rotation, t, scale)) << k;
+        mgXform_c const form = raw(rotation, t, scale);
+        ASSERT_BITS_EQ(moved, p * form) << k;
+        ASSERT_BITS_EQ(mgVector_c(p).null() ? p : turned, mgVector_c(p) * form) << k;
     }
+    // Directions go by the flag, vectors by the elements; directions are normalised when turned.
+    mgUnitVector_c longer;
+    longer.set(0.0, 3.0, 0.0);
+    EXPECT_EQ(0.0, gap(-x, longer * raw(quarter, x, 2.0)) + gap(3.0 * y, longer * raw(flagged)));
+    EXPECT_EQ(0.0, gap(-3.0 * x, mgVector_c(longer) * raw(flagged)));
 }
 
 TEST(Xform, InverseDropsMirrorAndPerspective) {
-    Raw mirror(one, {}, 1.0, 1);
+    mgXform_c mirror;
+    mirror.setReflection(1);
     mirror.addPerspectiveInfo(mgPerspInfo_c(1.0, 2.0, 3.0, 4.0));
     EXPECT_BITS_EQ(mgXform_c(), mirror.inverse());
     EXPECT_EQ(0, mirror.inverse().hasPerspective());
-    EXPECT_BITS_EQ(Raw(quarter.inverse(), mgVector_c(-2.0, 1.0, -3.0) * 0.25, 0.25),
-                   Raw(quarter, {1.0, 2.0, 3.0}, 4.0, 1).inverse());
-    EXPECT_BITS_EQ(Raw(one, -x, 1.0), Raw(one, x, 1.0 + 1e-9).inverse()); // nearly no scale
+    EXPECT_BITS_EQ(raw(quarter.inverse(), mgVector_c(-2.0, 1.0, -3.0) * 0.25, 0.25),
+                   raw(quarter, {1.0, 2.0, 3.0}, 4.0, 1).inverse());
+    EXPECT_BITS_EQ(raw(one, -x), raw(one, x, 1.0 + 1e-9).inverse()); // nearly no scale
 }
 
 TEST(Xform, IdentityAndEqualityHaveBoundsOfTheirOwn) {
-    EXPECT_EQ(1, Raw(flagged, {below(1e-08), 0.0, 0.0}, 1.0 + 9e-09, 1).isIdentity());
-    EXPECT_EQ(0, Raw(one, {1e-08, 0.0, 0.0}, 1.0).isIdentity());
-    EXPECT_EQ(0, Raw(one, {}, 1.0 - 1.1e-08).isIdentity() + Raw(quarter, {}, 1.0).isIdentity());
-    mgXform_c const turn = Raw(quarter, {}, 1.0);
+    EXPECT_EQ(1, raw(flagged, below(1e-08) * x, 1.0 + 9e-09, 1).isIdentity());
+    EXPECT_EQ(0, raw(one, 1e-08 * x).isIdentity() + raw(one, {}, 1.0 - 1.1e-08).isIdentity());
+    EXPECT_EQ(0, raw(quarter).isIdentity());
+    mgXform_c const turn = raw(quarter);
     mgMatrix_c onBound = quarter, beyond = quarter;
     onBound[0] = 1e-08, beyond[7] = -above(1e-08);
-    EXPECT_EQ(1, turn.equals(Raw(onBound, {0.0, -1e-08, 0.0}, 1.0 + 9e-09)));
-    EXPECT_EQ(0, turn.equals(Raw(beyond, {}, 1.0)));
-    EXPECT_EQ(0, turn.equals(Raw(quarter, {0.0, 0.0, above(1e-08)}, 1.0)));
-    EXPECT_EQ(0, turn.equals(Raw(quarter, {}, 1.0 - 1.1e-08)) + turn.equals(mgXform_c()));
-    EXPECT_EQ(1, Raw(flagged, {}, 1.0).equals(mgXform_c())); // two set flags are believed
+    EXPECT_EQ(1, turn.equals(raw(onBound, -1e-08 * y, 1.0 + 9e-09)));
+    EXPECT_EQ(0, turn.equals(raw(beyond)) + turn.equals(raw(quarter, above(1e-08) * z)));
+    EXPECT_EQ(0, turn.equals(raw(quarter, {}, 1.0 - 1.1e-08)) + turn.equals(mgXform_c()));
+    EXPECT_EQ(1, raw(flagged).equals(mgXform_c())); // two set flags are believed
 }
 
 TEST(Xform, TransformsThatDifferInReflectionAreEqual) {
-    EXPECT_EQ(1, Raw(quarter, {}, 1.0, 1).equals(Raw(quarter, {}, 1.0, 0)));
+    EXPECT_EQ(1, raw(quarter, {}, 1.0, 1).equals(raw(quarter)));
 }
 
 TEST(Xform, PerspectivesThatDifferInClipPlanesAreEqual) {
-    mgPerspInfo_c record(1.0, 2.0, 3.0, 4.0);
-    mgXform_c a, b;
-    a.addPerspectiveInfo(record);
-    EXPECT_EQ(0, a.equals(b) + b.equals(a)); // one alone
-    record.setNearClipPlaneDistance(40.0), record.setMinFarClipPlaneDistance(50.0);
-    b.addPerspectiveInfo(record);
-    EXPECT_EQ(1, a.equals(b));
-    record.setCameraFOVPlaneDistance(above(-1.0));
-    b.addPerspectiveInfo(record);
-    EXPECT_EQ(0, a.equals(b));
-    b.addPerspectiveInfo(mgPerspInfo_c(1.0, 2.0, above(3.0), 4.0));
-    EXPECT_EQ(0, a.equals(b));
+    auto const view = [](double eyeZ, double planes, double fov) {
+        mgPerspInfo_c record(1.0, 2.0, eyeZ, planes);
+        record.setMinFarClipPlaneDistance(planes);
+        record.setCameraFOVPlaneDistance(fov);
+        mgXform_c form;
+        form.addPerspectiveInfo(record);
+        return form;
+    };
+    mgXform_c const a = view(3.0, 4.0, -1.0), none;
+    EXPECT_EQ(2, a.equals(view(3.0, 50.0, -1.0)) + none.iIsPerspectiveEqual(none));
+    EXPECT_EQ(0, a.equals(view(above(3.0), 4.0, -1.0)) + a.equals(view(3.0, 4.0, above(-1.0))));
+    EXPECT_EQ(0, a.equals(none) + none.equals(a)); // one alone
 }
 
 TEST(Xform, AxesAreComparedByDirection) {
@@ -214,7 +179,7 @@ TEST(Xform, AxesAreComparedByDirection) {
     EXPECT_EQ(0, parallel(1.415e-4));
     auto const check = [](mgUnitVector_c const &dir, int axis, int expectedOpposite) {
         int opposite = 7;
-        EXPECT_EQ(axis, Raw(quarter, {}, 1.0).getNearestAxis(dir, opposite));
+        EXPECT_EQ(axis, raw(quarter).getNearestAxis(dir, opposite));
         EXPECT_EQ(expectedOpposite, opposite);
     };
     check({1.0, 0.5, 0.0}, 2, 1);
@@ -223,40 +188,38 @@ TEST(Xform, AxesAreComparedByDirection) {
     check({}, 1, 0);
 }
 
+void checkRepair(mgXform_c form, int expected, mgXform_c const &repaired) {
+    EXPECT_EQ(expected, form.iValidateRepairXForm());
+    EXPECT_BITS_EQ(repaired, form);
+}
+
 TEST(Xform, RepairLeavesTranslationInDepth) {
-    auto const check = [](mgVector_c const &translation, int expected, mgVector_c const &after) {
-        Raw form(quarter, translation, 2.0);
-        EXPECT_EQ(expected, form.iValidateRepairXForm());
-        EXPECT_BITS_EQ(Raw(quarter, after, 2.0), form);
-    };
-    check({2e8, -2e8, 5e8}, 1, {0.0, 0.0, 5e8});
-    check({1e8, -1e8, -5e8}, 0, {1e8, -1e8, -5e8});
-    check({1.0, above(1e8), 1.0}, 1, {1.0, 0.0, 1.0});
+    checkRepair(raw(quarter, {2e8, -2e8, 5e8}), 1, raw(quarter, {0.0, 0.0, 5e8}));
+    checkRepair(raw(quarter, {1e8, -1e8, -5e8}), 0, raw(quarter, {1e8, -1e8, -5e8}));
+    checkRepair(raw(quarter, {1.0, above(1e8), 1.0}), 1, raw(quarter, {1.0, 0.0, 1.0}));
+    mgXform_c nearly = raw(mgMatrix_c({1.0 - 5e-9, 5e-9, 0, -5e-9, 1.0 - 5e-9, 0, 0, 0, 1}, 0));
+    EXPECT_EQ(1, nearly.iValidateRepairRotationMatrix());
+    EXPECT_BITS_EQ(one, nearly.rotation());
 }
 
 TEST(Xform, ScaleOnABoundIsRepairedOnlyByACopy) {
-    auto const check = [](double scale, int expected, double after) {
-        Raw form(one, {}, scale);
-        EXPECT_EQ(expected, form.iValidateRepairXForm());
-        EXPECT_BITS_EQ(after, form.scaling());
-        EXPECT_BITS_EQ(1.0, mgXform_c(form).scaling());
-    };
-    check(kSmallest, 0, kSmallest), check(below(kSmallest), 1, 1.0);
-    check(kLargest, 0, kLargest), check(above(kLargest), 1, 1.0);
-    check(kNaN, 1, 1.0);
+    for (double const bound : {kSmallest, kLargest})
+        checkRepair(raw(one, {}, bound), 0, raw(one, {}, bound)); // which a copy takes as 1
+    for (double const beyond : {below(kSmallest), above(kLargest), kNaN})
+        checkRepair(raw(one, {}, beyond), 1, mgXform_c());
 }
 
 /// Does the transform hold a record with this plane distance, or none (-1)?
 void checkRecord(mgXform_c const &form, double planeDistance) {
     mgPerspInfo_c out(0.0, 0.0, 0.0, -1.0);
     EXPECT_EQ(planeDistance >= 0.0, form.getPerspectiveInfo(&out));
-    EXPECT_EQ(planeDistance >= 0.0, form.hasPerspective());
     EXPECT_EQ(planeDistance, out.getPlaneDistance());
 }
 
 // Run under the address sanitizer, this also counts what is freed and how often.
 TEST(Xform, ARecordIsOwnedByOneTransform) {
     mgXform_c a, b, none;
+    Helper helper;
     a.addPerspectiveInfo(mgModelPerspInfo_c(1.0, 2.0, 3.0, 4.0)); // by its base fields
     b.addPerspectiveInfo(mgPerspInfo_c(9.0, 9.0, 9.0, 9.0));
     b.addPerspectiveInfo(mgPerspInfo_c(1.0, 2.0, 3.0, 5.0)); // the second stays
@@ -268,12 +231,13 @@ TEST(Xform, ARecordIsOwnedByOneTransform) {
     checkRecord(copy * a, 4.0);    // replaced
     a *= a;
     checkRecord(a, 4.0), checkRecord(a.linearComponent(), -1.0);
-    b = none, a.SetHelper(copy.GetHelper());
+    copy.GetHelper(helper);
+    EXPECT_EQ(nullptr, helper.perspective);
+    b = none, a.SetHelper(helper);
     checkRecord(a, -1.0), checkRecord(b, -1.0), checkRecord(copy, 5.0);
     b = copy;
     b.deletePerspectiveInfo(), b.deletePerspectiveInfo();
     checkRecord(b, -1.0), checkRecord(copy, 5.0);
-    EXPECT_EQ(nullptr, copy.GetHelper().perspective);
     // e + (p - e) 5 / dz, with the eye e at (1, 2, 3), after the scale
     EXPECT_BITS_EQ(mgPoint_c(11.0, 2.0, 5.5),
                    mgPoint_c(3.0, 1.0, 2.75) * (mg_ScaleXform(2.0) * copy));
@@ -281,16 +245,15 @@ TEST(Xform, ARecordIsOwnedByOneTransform) {
 }
 
 TEST(Xform, AxesAreCopiedFromColumnsAndRows) {
-    Raw const form(mgMatrix_c({1, 2, 3, 4, 5, 6, 7, 8, 9}, 0), {}, 2.0);
+    mgXform_c const form = raw(mgMatrix_c({1, 2, 3, 4, 5, 6, 7, 8, 9}, 0), {}, 2.0);
     mgUnitVector_c a[3], b[3];
     form.getXAxis(&a[0]), form.getYAxis(&a[1]), form.getZAxis(&a[2]);
     form.getIXAxis(&b[0]), form.getIYAxis(&b[1]), form.getIZAxis(&b[2]);
     for (int i = 0; i < 3; ++i) {
         EXPECT_BITS_EQ(mgVector_c(1.0 + i, 4.0 + i, 7.0 + i), a[i]);
-        EXPECT_BITS_EQ(mgVector_c(1.0 + 3 * i, 2.0 + 3 * i, 3.0 + 3 * i), b[i]);
+        EXPECT_BITS_EQ(mgVector_c(&form.rotation()[3 * i]), b[i]);
     }
-    mgVector_c const near(5e-9, 0.0, 0.0);
-    EXPECT_BITS_EQ(Raw(mgMatrix_c(z, x, y), near, 1.0), mgXform_c(y, z, near)); // z, x, origin
+    EXPECT_BITS_EQ(raw(mgMatrix_c(z, x, y), 5e-9 * x), mgXform_c(y, z, 5e-9 * x)); // z, x, origin
 }
 
 } // namespace
