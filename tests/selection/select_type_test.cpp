@@ -3,131 +3,113 @@
 
 #include <vexmath/select_type.h>
 
-#include <initializer_list>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-uoSelTypes_e codeOf(uoSelectType_c const *, int number) {
-    return static_cast<uoSelTypes_e>(number);
-}
-uoSelConstraint_e codeOf(uoSelectConstraint_c const *, int number) {
-    return static_cast<uoSelConstraint_e>(number);
-}
+using Codes = std::vector<long>;
 
 /// A set filled as it stands, duplicates included.
 template <class Set>
 struct Raw : Set {
-    Raw(std::initializer_list<int> numbers) {
-        for (int const number : numbers) this->words_.Add(static_cast<std::uint32_t>(number));
+    Raw(Codes const &codes) {
+        for (long const code : codes) this->words_.Add(static_cast<std::uint32_t>(code));
     }
 };
-
-std::vector<long> listed(std::initializer_list<long> numbers) { return numbers; }
 
 template <class Set>
-class SelectSets : public ::testing::Test {
-protected:
-    static auto code(int number) { return codeOf(static_cast<Set const *>(nullptr), number); }
-
-    static std::vector<long> codes(Set const &set) {
-        std::vector<long> result(static_cast<std::size_t>(set.getNumOfTypes()));
-        set.getTypes(result.data());
-        return result;
-    }
-
-    static void CheckRelations(Raw<Set> const &a, Raw<Set> const &b, int meets, int contains,
-                               int equals, std::vector<long> const &intersection) {
-        EXPECT_EQ(meets, static_cast<Set const &>(a) & b);
-        EXPECT_EQ(contains, a.contains(b));
-        EXPECT_EQ(equals, static_cast<Set const &>(a) == b);
-        EXPECT_EQ(intersection, codes(a.intersection(b)));
-    }
-};
-
-using SetTypes = ::testing::Types<uoSelectType_c, uoSelectConstraint_c>;
-TYPED_TEST_SUITE(SelectSets, SetTypes, ); // the empty argument is the default naming
-
-TEST(SelectSet, ConstructorRefusesNothingAndOnlyTypesRefuseMinusOne) {
-    EXPECT_EQ(0, uoSelectType_c(uoSelTypes_e(0)).getNumOfTypes());
-    EXPECT_EQ(0, uoSelectType_c(uoSelTypes_e(-1)).getNumOfTypes());
-    EXPECT_EQ(0, uoSelectType_c(uoSelTypes_e(-2)).getIndex(uoSelTypes_e(-2)));
-    EXPECT_EQ(0, uoSelectConstraint_c(uoSelConstraint_e(0)).getNumOfTypes());
-    EXPECT_EQ(0, uoSelectConstraint_c(uoSelConstraint_e(-1)).getIndex(uoSelConstraint_e(-1)));
-    EXPECT_EQ(cvSelectType_e(76), uoSelectType_c::uoTypeToAuType(uoSelTypes_e(76)));
+Codes codesOf(Set const &set) {
+    Codes result(static_cast<std::size_t>(set.getNumOfTypes()));
+    set.getTypes(result.data());
+    return result;
 }
 
-TYPED_TEST(SelectSets, AddKeepsOrderAndSkipsWhatIsPresent) {
-    TypeParam set;
-    for (int const number : {7, -2, 0, 7, -1, 0}) set.add(this->code(number));
-    EXPECT_EQ(listed({7, -2, 0, -1}), this->codes(set));
-    EXPECT_EQ(1, set.getIndex(this->code(-2)));
-    EXPECT_EQ(-1, set.getIndex(this->code(8)));
-    EXPECT_EQ(listed({0, -1}), this->codes(this->code(0) | this->code(-1)));
-    EXPECT_EQ(listed({5}), this->codes(this->code(5) | this->code(5)));
+// Each test runs for both classes, with the codes of each.
+template <class Enumeration>
+Enumeration code(int number) {
+    return static_cast<Enumeration>(number);
+}
+template <class Test>
+void forBoth(Test test) {
+    test(uoSelectType_c(), code<uoSelTypes_e>);
+    test(uoSelectConstraint_c(), code<uoSelConstraint_e>);
 }
 
-TYPED_TEST(SelectSets, UnsetRemovesFirstOccurrences) {
-    Raw<TypeParam> set{1, 2, 1, 3, 1};
-    set.unset(this->code(4));
-    set.unset(this->code(1));
-    EXPECT_EQ(listed({2, 1, 3, 1}), this->codes(set));
-    set.unset(Raw<TypeParam>{1, 3, 9});
-    EXPECT_EQ(listed({2, 1}), this->codes(set));
-    set.unset(set);
-    EXPECT_EQ(listed({}), this->codes(set));
+TEST(SelectSets, ConstructorRefusesNothingAndOnlyTypesRefuseMinusOne) {
+    EXPECT_EQ(Codes{}, codesOf(uoSelectType_c(uoSelTypes_e(0))));
+    EXPECT_EQ(Codes{}, codesOf(uoSelectType_c(uoSelTypes_e(-1))));
+    EXPECT_EQ(Codes{-2}, codesOf(uoSelectType_c(uoSelTypes_e(-2))));
+    EXPECT_EQ(Codes{}, codesOf(uoSelectConstraint_c(uoSelConstraint_e(0))));
+    EXPECT_EQ(Codes{-1}, codesOf(uoSelectConstraint_c(uoSelConstraint_e(-1))));
 }
 
-TYPED_TEST(SelectSets, UnionsDropDuplicatesAndAssignmentKeepsThem) {
-    Raw<TypeParam> const doubled{1, 1, 2};
-    EXPECT_EQ(listed({1, 2, 3}), this->codes(doubled | this->code(3)));
-    EXPECT_EQ(listed({1, 2}), this->codes(doubled | this->code(1)));
-    EXPECT_EQ(listed({1, 2, 4}), this->codes(doubled | Raw<TypeParam>{4, 2, 4}));
+TEST(SelectSets, EditsKeepTheOrderAndAddNothingTwice) {
+    forBoth([](auto set, auto c) {
+        using Set = decltype(set);
+        for (int const number : {7, -2, 0, 7, -1, 0}) set.add(c(number));
+        EXPECT_EQ((Codes{7, -2, 0, -1}), codesOf(set));
+        EXPECT_EQ(1, set.getIndex(c(-2)));
+        EXPECT_EQ(-1, set.getIndex(c(8)));
+        EXPECT_EQ(8, static_cast<int>(Set::uoTypeToAuType(c(8))));
+        EXPECT_EQ((Codes{0, -1}), codesOf(c(0) | c(-1)));
+        EXPECT_EQ((Codes{5}), codesOf(c(5) | c(5)));
 
-    TypeParam set(this->code(9));
-    set = doubled;
-    EXPECT_EQ(listed({1, 1, 2}), this->codes(set));
-    TypeParam &self = set;
-    set = self;
-    set |= self;
-    EXPECT_EQ(listed({1, 1, 2}), this->codes(set));
-    TypeParam const copy(set);
-    (set |= Raw<TypeParam>{3, 2, 3}) |= TypeParam(this->code(5));
-    EXPECT_EQ(listed({1, 1, 2, 3, 5}), this->codes(set));
-    EXPECT_EQ(listed({1, 1, 2}), this->codes(copy));
+        Raw<Set> const doubled({1, 1, 2});
+        EXPECT_EQ((Codes{1, 2, 3}), codesOf(doubled | c(3)));
+        EXPECT_EQ((Codes{1, 2}), codesOf(doubled | c(1)));
+        EXPECT_EQ((Codes{1, 2, 4}), codesOf(doubled | Raw<Set>({4, 2, 4})));
+        Set const copy = set = doubled; // which keeps duplicates
+        set = *&set;
+        (set |= set) |= Raw<Set>({3, 2, 3});
+        EXPECT_EQ((Codes{1, 1, 2, 3}), codesOf(set));
+        EXPECT_EQ((Codes{1, 1, 2}), codesOf(copy));
+
+        Raw<Set> rest({1, 2, 1, 3, 1}); // first occurrences go
+        rest.unset(c(4)), rest.unset(c(1));
+        EXPECT_EQ((Codes{2, 1, 3, 1}), codesOf(rest));
+        rest.unset(Raw<Set>({1, 3, 9}));
+        EXPECT_EQ((Codes{2, 1}), codesOf(rest));
+        rest.unset(rest);
+        EXPECT_EQ((Codes{}), codesOf(rest));
+    });
 }
 
-TYPED_TEST(SelectSets, RelateByMatchedElements) {
-    this->CheckRelations({1, 2}, {2}, 1, 1, 0, {2});
-    this->CheckRelations({1, 2}, {3, 2, 1}, 1, 0, 0, {2, 1});
-    this->CheckRelations({1, 2}, {2, 1}, 1, 1, 1, {2, 1});
-    this->CheckRelations({1, 2}, {1, 3}, 1, 0, 0, {1});
-    this->CheckRelations({1, 2}, {3}, 0, 0, 0, {});
-    this->CheckRelations({}, {}, 0, 1, 1, {});
-    this->CheckRelations({1}, {}, 0, 1, 0, {});
-    this->CheckRelations({}, {1}, 0, 0, 0, {});
-    this->CheckRelations({}, {0}, 1, 0, 0, {0}); // "nothing" is matched by the empty set
-    this->CheckRelations({0}, {}, 0, 1, 0, {});
-    this->CheckRelations({0}, {0}, 0, 0, 0, {}); // and by no other, not even one that holds it
-    this->CheckRelations({0, 1}, {1, 0}, 1, 0, 0, {1});
+void checkRelations(Codes const &a, Codes const &b, int meets, int contains, int equals,
+                    Codes const &intersection) {
+    forBoth([&](auto left, auto c) {
+        using Set = decltype(left);
+        Raw<Set> const right(b);
+        left = Raw<Set>(a);
+        EXPECT_EQ(meets, left & right);
+        EXPECT_EQ(contains, left.contains(right));
+        EXPECT_EQ(equals, left == right);
+        EXPECT_EQ(intersection, codesOf(left.intersection(right)));
+        for (long const lone : Codes(b.size() == 1 ? b : Codes{}))
+            EXPECT_EQ(meets, left & c(static_cast<int>(lone)));
+    });
 }
 
-TYPED_TEST(SelectSets, DuplicatesCountInComparisons) {
-    this->CheckRelations({1}, {1, 1}, 1, 0, 0, {1});
-    this->CheckRelations({1, 1}, {1}, 1, 1, 0, {1});
-    this->CheckRelations({1, 2}, {1, 1}, 1, 1, 1, {1});
-    this->CheckRelations({1, 1}, {1, 2}, 1, 0, 0, {1});
+TEST(SelectSets, RelateByMatchedElements) {
+    checkRelations({1, 2}, {2}, 1, 1, 0, {2});
+    checkRelations({1, 2}, {3, 2, 1}, 1, 0, 0, {2, 1});
+    checkRelations({1, 2}, {2, 1}, 1, 1, 1, {2, 1});
+    checkRelations({1, 2}, {1, 3}, 1, 0, 0, {1});
+    checkRelations({1, 2}, {-1}, 0, 0, 0, {});
+    checkRelations({}, {}, 0, 1, 1, {});
+    checkRelations({1}, {}, 0, 1, 0, {});
+    checkRelations({}, {1}, 0, 0, 0, {});
+    checkRelations({}, {0}, 1, 0, 0, {0}); // "nothing" is matched by the empty set
+    checkRelations({0}, {0}, 0, 0, 0, {}); // and by no other, not even one that holds it
+    checkRelations({0, 1}, {1, 0}, 1, 0, 0, {1});
 }
 
-TYPED_TEST(SelectSets, MeetACodeWhenItIsPresent) {
-    Raw<TypeParam> const empty{}, set{3, 0};
-    EXPECT_EQ(1, empty & this->code(0));
-    EXPECT_EQ(0, empty & this->code(3));
-    EXPECT_EQ(0, set & this->code(0));
-    EXPECT_EQ(1, set & this->code(3));
-    EXPECT_EQ(0, set & this->code(-1));
+TEST(SelectSets, DuplicatesCountInComparisons) {
+    checkRelations({1}, {1, 1}, 1, 0, 0, {1});
+    checkRelations({1, 1}, {1}, 1, 1, 0, {1});
+    checkRelations({1, 2}, {1, 1}, 1, 1, 1, {1});
+    checkRelations({1, 1}, {1, 2}, 1, 0, 0, {1});
 }
 
 } // namespace
