@@ -254,6 +254,7 @@ TEST(Xform, AxesAreCopiedFromColumnsAndRows) {
         EXPECT_BITS_EQ(mgVector_c(&form.rotation()[3 * i]), b[i]);
     }
     EXPECT_BITS_EQ(raw(mgMatrix_c(z, x, y), 5e-9 * x), mgXform_c(y, z, 5e-9 * x)); // z, x, origin
+    EXPECT_BITS_EQ(mgMatrix_c(1, z, x, y), mgMatrix_c(z, x, y));
 }
 
 } // namespace

@@ -12,17 +12,16 @@
 
 namespace {
 
-using support::above;
-using support::below;
-using support::kInfinity;
-using support::kNaN;
+using namespace support;
+using P = mgPoint_c;
+using V = mgVector_c;
 
 // Callers copy these by memcpy, pass them as arrays and overlay them on their own structures.
 template <class T, std::size_t size>
 constexpr bool plain = sizeof(T)
                        == size &&std::is_trivially_copyable_v<T>
                            &&std::is_trivially_destructible_v<T> &&std::is_standard_layout_v<T>;
-static_assert(plain<mgVector_c, 24> && plain<mgPoint_c, 24> && plain<gcMdiPoint_c, 24>);
+static_assert(plain<V, 24> && plain<P, 24> && plain<gcMdiPoint_c, 24>);
 static_assert(plain<mgUnitVector_c, 24> && plain<mg2DPoint_c, 16> && plain<mgVector4_c, 32>);
 static_assert(plain<mgTessPoint2D_c, 12>);
 
@@ -37,69 +36,94 @@ constexpr bool loose =
     || Adds<double, T>::value;
 template <class T>
 constexpr bool fromNumber = std::is_constructible_v<T, int> || std::is_constructible_v<T, double>;
-static_assert(!loose<mgVector_c &> && !loose<mgPoint_c &> && !loose<mgUnitVector_c &>);
-static_assert(!loose<mgVector_c const &> && !loose<mgPoint_c const &>);
-static_assert(!fromNumber<mgVector_c> && !fromNumber<mgPoint_c> && !fromNumber<mgUnitVector_c>);
+static_assert(!loose<V &> && !loose<P &> && !loose<mgUnitVector_c &>);
+static_assert(!loose<V const &> && !loose<P const &>);
+static_assert(!fromNumber<V> && !fromNumber<P> && !fromNumber<mgUnitVector_c>);
 static_assert(!fromNumber<mgVector4_c>);
 
 // Every mixture of points and vectors has its plain meaning.
 template <class A, class B>
 constexpr bool is = std::is_same_v<A, B>;
-mgPoint_c const p(1.0, 2.0, 3.0), q(0.5, -0.25, 4.0), origin;
-mgVector_c const v(10.0, 20.0, 30.0);
-static_assert(is<decltype(p - q), mgVector_c> && is<decltype(v - p), mgVector_c>);
-static_assert(is<decltype(p - v), mgPoint_c> && is<decltype(p + v), mgPoint_c>);
-static_assert(is<decltype(v + p), mgPoint_c> && is<decltype(p + q), mgPoint_c>);
-static_assert(
-    is<decltype(v == p), int> && is<decltype(p != v), int> && is<decltype(-v), mgVector_c>);
+P const p(1.0, 2.0, 3.0), q(0.5, -0.25, 4.0), origin;
+V const v(10.0, 20.0, 30.0);
+static_assert(is<decltype(p - q), V> && is<decltype(v - p), V> && is<decltype(-v), V>);
+static_assert(is<decltype(p - v), P> && is<decltype(p + v), P> && is<decltype(v + p), P>);
+static_assert(is<decltype(p + q), P> && is<decltype(v == p), int> && is<decltype(p != v), int>);
 
 TEST(Points, ArithmeticIsByComponent) {
-    EXPECT_BITS_EQ(mgPoint_c(11.0, 22.0, 33.0), p + v);
-    EXPECT_BITS_EQ(mgPoint_c(11.0, 22.0, 33.0), v + p);
-    EXPECT_BITS_EQ(mgPoint_c(1.5, 1.75, 7.0), p + q);
-    EXPECT_BITS_EQ(mgPoint_c(-9.0, -18.0, -27.0), p - v);
-    EXPECT_BITS_EQ(mgVector_c(9.0, 18.0, 27.0), v - p);
-    EXPECT_BITS_EQ(mgVector_c(0.5, 2.25, -1.0), p - q);
-    EXPECT_BITS_EQ(mgVector_c(20.0, 40.0, 60.0), v * 2.0);
-    EXPECT_BITS_EQ(mgVector_c(87.5, -25.0, -12.5), v * q); // a cross product
+    EXPECT_BITS_EQ(P(11.0, 22.0, 33.0), p + v);
+    EXPECT_BITS_EQ(P(11.0, 22.0, 33.0), v + p);
+    EXPECT_BITS_EQ(P(1.5, 1.75, 7.0), p + q);
+    EXPECT_BITS_EQ(P(-9.0, -18.0, -27.0), p - v);
+    EXPECT_BITS_EQ(V(9.0, 18.0, 27.0), v - p);
+    EXPECT_BITS_EQ(V(0.5, 2.25, -1.0), p - q);
+    EXPECT_BITS_EQ(V(20.0, 40.0, 60.0), v * 2.0);
+    EXPECT_BITS_EQ(V(87.5, -25.0, -12.5), v * q); // a cross product
     EXPECT_EQ(12.0, p % q);
-    EXPECT_EQ(0.0, mgVector_c(1e16, 1.0, -1e16) % mgVector_c(1.0, 1.0, 1.0)); // x before y before z
-    EXPECT_EQ(175.0, vol(v, q, mgVector_c(2.0, -2.0, 4.0)));
+    EXPECT_EQ(280.0, p % v + v % p);
+    EXPECT_EQ(0.0, V(1e16, 1.0, -1e16) % V(1.0, 1.0, 1.0)); // x before y before z
+    EXPECT_EQ(175.0, vol(v, q, V(2.0, -2.0, 4.0)));
+    EXPECT_EQ(0.25 + 5.0625 + 1.0, sqDist(p, q));
     EXPECT_EQ(std::sqrt(0.25 + 5.0625 + 1.0), dist(p, q));
-    EXPECT_BITS_EQ(mgPoint_c(2.0, 6.5, 1.0), interpolate(-2.0, p, q));
-    EXPECT_BITS_EQ(mgVector_c(), v / -below(1e-08));
-    EXPECT_BITS_EQ(mgVector_c(10.0 / 1e-08, 20.0 / 1e-08, 30.0 / 1e-08), v / 1e-08);
-    mgVector_c w = v;
-    w += p, w -= mgVector_c(1.0, 2.0, 4.0), w *= -0.5, w.flip();
-    EXPECT_BITS_EQ(mgVector_c(5.0, 10.0, 14.5), w);
-    float singles[] = {0.1F, 0.2F, 0.3F};
-    mgPoint_c r = p;
-    r += v, r -= mgVector_c(1.0, 2.0, 4.0);
-    EXPECT_BITS_EQ(mgPoint_c(10.0, 20.0, 29.0), r);
-    r.set(singles);
-    r[2] = 0.7; // an array of three as well
-    EXPECT_BITS_EQ(mgPoint_c(static_cast<double>(0.1F), static_cast<double>(0.2F), 0.7), r);
-    mgVector_c(r).get(singles);
-    EXPECT_EQ(0.7F, singles[2]);
-    EXPECT_BITS_EQ(mgVector_c(1.0, 2.0, 3.0), mgVector4_c(2.0, 4.0, 6.0, 2.0).getVector3());
+    EXPECT_BITS_EQ(P(2.0, 6.5, 1.0), interpolate(-2.0, p, q));
+    EXPECT_BITS_EQ(V(), v / -below(1e-08));
+    EXPECT_BITS_EQ(V(10.0 / 1e-08, 20.0 / 1e-08, 30.0 / 1e-08), v / 1e-08);
+    V w = v;
+    w += p, w -= V(1.0, 2.0, 4.0), w *= -0.5, w.flip();
+    EXPECT_BITS_EQ(V(5.0, 10.0, 14.5), w);
+    P r = p;
+    r += v, r -= V(1.0, 2.0, 4.0);
+    EXPECT_BITS_EQ(P(10.0, 20.0, 29.0), r);
+}
+
+template <class Triple>
+void checkSetters() {
+    Triple t(7.0, 8.0, 9.0);
+    t.set_x(1.0), t.set_y(2.0), t.set_z(3.0);
+    EXPECT_BITS_EQ(p, t);
+    EXPECT_BITS_EQ(V::nullVector(), Triple());
+}
+
+TEST(Points, ValuesGoInAndOutInOrder) {
+    checkSetters<P>(), checkSetters<V>(), checkSetters<gcMdiPoint_c>();
+    double xyzw[] = {2.0, 4.0, 6.0, 2.0};
+    float singles[] = {1.0F, 2.0F, 3.0F};
+    EXPECT_BITS_EQ(p, mgVector4_c(xyzw).getVector3());
+    EXPECT_BITS_EQ(p, mgVector4_c(p).getVector3());
     EXPECT_BITS_EQ(v, mgVector4_c(v).getVector3());
-    EXPECT_EQ(0.1F, mgTessPoint2D_c(0.1, 0.2, 0.3).x);
+    P fromDoubles, fromFloats;
+    V(p).get(xyzw), fromDoubles.set(xyzw), fromFloats.set(singles);
+    EXPECT_BITS_EQ(p, fromDoubles);
+    EXPECT_BITS_EQ(p, fromFloats);
+    fromFloats[2] = 0.7; // an array of three as well
+    V(fromFloats).get(singles);
+    EXPECT_EQ(0.7F, singles[2]);
+    EXPECT_BITS_EQ(mg_Normalise(p), mgUnitVector_c(xyzw));
+    mg2DPoint_c uv;
+    uv.set(5.0, 6.0);
+    EXPECT_BITS_EQ(P(5.0, 6.0, uv.u()), P(uv.x(), uv.y(), 5.0));
+    uv.set_x(3.0), uv.set_y(4.0);
+    EXPECT_BITS_EQ(P(3.0, 4.0, 4.0), P(uv.u(), uv.v(), uv.y()));
+    float third = 0.1F; // not a constant, so that the constructor is called
+    mgTessPoint2D_c const stored(1.0F, 2.0F, third), rounded(1.0, 2.0, 0.1);
+    EXPECT_BITS_EQ(P(1.0, 2.0, stored.z), P(rounded.x, rounded.y, rounded.z));
 }
 
 /// A point that lies off the origin by d along one axis after the other.
 void checkEquality(double d, int equal, int unequal) {
     for (int axis = 0; axis < 3; ++axis) {
-        mgPoint_c a;
+        P a;
         a[axis] = d;
+        V const w(a);
         EXPECT_EQ(equal, a == origin) << d << " along " << axis;
         EXPECT_EQ(unequal, a != origin) << d << " along " << axis;
-        EXPECT_EQ(equal, mgVector_c() == mgVector_c(a));
-        EXPECT_EQ(unequal, mgVector_c() != mgVector_c(a));
+        EXPECT_EQ(3 * equal, (V() == w) + (w == origin) + (origin == w));
+        EXPECT_EQ(3 * unequal, (V() != w) + (w != origin) + (origin != w));
         EXPECT_EQ(equal, a.isSame(origin, -0.5));
         EXPECT_EQ(equal, a.isSame2(origin));
-        EXPECT_EQ(equal, mgVector_c(a).isNull());
-        EXPECT_EQ(!equal, mgVector_c(a).isNotNull());
-        EXPECT_EQ(d == 0.0, mgVector_c(a).null() != 0);
+        EXPECT_EQ(equal, w.isNull());
+        EXPECT_EQ(!equal, w.isNotNull());
+        EXPECT_EQ(d == 0.0, w.null() != 0);
     }
 }
 
@@ -113,15 +137,15 @@ TEST(Points, EqualAndUnequalAreBothFalseOnTheBound) {
 }
 
 TEST(Points, SecondComparisonIgnoresItsTolerance) {
-    mgPoint_c const a(0.0, 0.3, 0.0);
+    P const a(0.0, 0.3, 0.0);
     EXPECT_EQ(1, a.isSame(origin, 0.5));
     EXPECT_EQ(0, a.isSame(origin, 0.3) + a.isSame(a, 0.0)); // strict
     EXPECT_EQ(0, a.isSame2(origin, 0.5));
-    EXPECT_EQ(1, mgPoint_c(0.0, 5e-9, 0.0).isSame2(origin, 1e-12));
+    EXPECT_EQ(1, P(0.0, 5e-9, 0.0).isSame2(origin, 1e-12));
 }
 
 TEST(Points, OrderIsLexicographicBeyondTheTolerance) {
-    auto const less = [](mgPoint_c const &a, double tol) { return a.isLessThan(origin, tol); };
+    auto const less = [](P const &a, double tol) { return a.isLessThan(origin, tol); };
     EXPECT_EQ(1, less({0.0, 0.0, -above(1e-08)}, -1.0));
     EXPECT_EQ(0, less({0.0, 0.0, -1e-08}, -1.0)); // the bound counts as equal
     EXPECT_EQ(0, less({2e-08, -1.0, -1.0}, -1.0));
@@ -131,66 +155,61 @@ TEST(Points, OrderIsLexicographicBeyondTheTolerance) {
 }
 
 TEST(Points, ParametersAndFeetLieWhereTheyShould) {
-    mgPoint_c const at(2.0, 21.0, 301.0), from(1.0, 1.0, 1.0), off(8.0, 4.0, 3.0);
+    P const at(2.0, 21.0, 301.0), from(1.0, 1.0, 1.0), off(8.0, 4.0, 3.0);
     EXPECT_EQ(0.5, at.getParamOnLine(from, {3.0, -1.0, 3.0})); // x on a tie
     EXPECT_EQ(-20.0, at.getParamOnLine(from, {1.5, 0.0, 1.2}));
     EXPECT_EQ(150.0, at.getParamOnLine(from, {1.5, 1.5, 3.0}));
-    EXPECT_BITS_EQ(mgPoint_c(1.0, 2.0, -5.0), p.mirror({9.0, 9.0, -1.0}, {0.0, 0.0, 1.0}));
+    EXPECT_BITS_EQ(P(1.0, 2.0, -5.0), p.mirror({9.0, 9.0, -1.0}, {0.0, 0.0, 1.0}));
     double t = -1.0;
-    mgPoint_c foot;
+    P foot;
     EXPECT_EQ(5.0, p.distToLine({-2.0, 6.0, 3.0}, {-2.0 + 5e-9, 6.0, 3.0}, &t, &foot));
     EXPECT_EQ(0.0, t);
-    EXPECT_BITS_EQ(mgPoint_c(-2.0, 6.0, 3.0), foot);
+    EXPECT_BITS_EQ(P(-2.0, 6.0, 3.0), foot);
     EXPECT_EQ(5.0, off.distToLine({2.0, 0.0, 0.0}, {4.0, 0.0, 0.0}, &t, &foot));
     EXPECT_EQ(3.0, t); // beyond the segment
-    EXPECT_BITS_EQ(mgPoint_c(8.0, 0.0, 0.0), foot);
+    EXPECT_BITS_EQ(P(8.0, 0.0, 0.0), foot);
     EXPECT_EQ(5.0, off.distToRay({1.0, 0.0, 0.0}, {-1.0, 0.0, 0.0}, &t));
     EXPECT_EQ(-7.0, t); // and behind the root
 }
 
-void checkCollinear(mgPoint_c const &b, mgPoint_c const &c, int expected,
-                    mgVector_c const &expectedNormal) {
-    mgPoint_c const points[3] = {p, p + b, p + c};
-    mgPoint_c at(7.0, 7.0, 7.0);
-    mgVector_c normal(9.0, 9.0, 9.0);
-    EXPECT_EQ(expected, mgPoint_c::checkCollinear(points, at, normal));
+void checkCollinear(P const &b, P const &c, int expected, V const &expectedNormal) {
+    P const points[3] = {p, p + b, p + c};
+    P at;
+    V normal(9.0, 9.0, 9.0);
+    EXPECT_EQ(expected, P::checkCollinear(points, at, normal));
     EXPECT_BITS_EQ(p, at);
     EXPECT_BITS_EQ(expectedNormal, normal);
 }
 
 TEST(Points, CollinearPointsShareAPlaneAllTheSame) {
-    mgPoint_c const x(3.0, 0.0, 0.0), y(0.0, 2.0, 0.0);
+    P const x(3.0, 0.0, 0.0), y(0.0, 2.0, 0.0);
     checkCollinear(x, y, 0, {0.0, 0.0, -6.0}); // (c - a) x (b - a), not normalised
-    checkCollinear(x, {6.0, 0.0, 0.0}, 1, mgVector_c(x).anyUnitNormal(0));
+    checkCollinear(x, {6.0, 0.0, 0.0}, 1, V(x).anyUnitNormal(0));
     checkCollinear(origin, origin, 1, {});
-    checkCollinear(origin, y, 1, mgVector_c(y).anyUnitNormal(0));
-    checkCollinear(y, origin, 1, mgVector_c(y).anyUnitNormal(0));
+    checkCollinear(origin, y, 1, V(y).anyUnitNormal(0));
+    checkCollinear(y, origin, 1, V(y).anyUnitNormal(0));
     // A chain: the first equals the second, the second the third, the first not the third.
-    checkCollinear({8e-9, 0.0, 0.0}, {1.6e-8, 0.0, 0.0}, 1, mgVector_c(x).anyUnitNormal(0));
+    checkCollinear({8e-9, 0.0, 0.0}, {1.6e-8, 0.0, 0.0}, 1, V(x).anyUnitNormal(0));
 }
 
 TEST(Points, LastTwoPointsEqualLeaveTheNormal) { checkCollinear(q, q, 1, {9.0, 9.0, 9.0}); }
 
 TEST(Points, MarkerArmsAreUnequal) {
-    mgPoint_c a, b, c, d;
-    auto const check = [&](double ax, double ay, double bx, double by, double cx, double cy,
-                           double dx, double dy) {
-        EXPECT_BITS_EQ(mgPoint_c(ax, ay, 0.0), a);
-        EXPECT_BITS_EQ(mgPoint_c(bx, by, 0.0), b);
-        EXPECT_BITS_EQ(mgPoint_c(cx, cy, 0.0), c);
-        EXPECT_BITS_EQ(mgPoint_c(dx, dy, 0.0), d);
+    P a, b, c, d;
+    auto const check = [&](P const &ab, P const &ba, P const &cd, P const &dc) {
+        EXPECT_EQ(0.0, gap(ab, a) + gap(ba, b) + gap(cd, c) + gap(dc, d));
     };
-    mgPoint_c(-1.0, 0.0, -5.0).getPLUSrep(a, b, c, d, 1.0);
-    check(2.0, 0.0, -5.0, 0.0, -1.0, -3.0, -1.0, 4.0);
-    a = mgPoint_c(1.0, -2.0, 5.0);
+    P(-1.0, 0.0, -5.0).getPLUSrep(a, b, c, d, 1.0);
+    check({2.0, 0.0, 0.0}, {-5.0, 0.0, 0.0}, {-1.0, -3.0, 0.0}, {-1.0, 4.0, 0.0});
+    a = P(1.0, -2.0, 5.0);
     a.getXrep(a, b, c, d, 0.5); // an output may be the point itself
-    check(-0.5, -0.5, 3.0, -4.0, 2.5, -0.5, -1.0, -4.0);
+    check({-0.5, -0.5, 0.0}, {3.0, -4.0, 0.0}, {2.5, -0.5, 0.0}, {-1.0, -4.0, 0.0});
 }
 
 TEST(Points, DumpWritesFourDecimalsAndNothingElse) {
     std::wostringstream text;
     CDumpContext context(text);
-    mgPoint_c(1.0, -2.00006, 1e300).Dump(context);
+    P(1.0, -2.00006, 1e300).Dump(context);
     EXPECT_EQ(L"(1.0000,-2.0001,", text.str().substr(0, 16));
     EXPECT_EQ(16u + 301u + 6u, text.str().size()); // the huge one is not cut
 }
@@ -203,6 +222,8 @@ TEST(Points, ApplicationPointDividesWithoutGuard) {
     a.set_z(0.0);
     a /= 0.0;
     EXPECT_BITS_EQ(gcMdiPoint_c(kInfinity, -kInfinity, kNaN), a);
+    a.zero();
+    EXPECT_BITS_EQ(origin, a);
 }
 
 } // namespace

@@ -7,6 +7,8 @@
 
 namespace {
 
+using namespace support;
+
 constexpr double kTurn = 6.283185307179586;
 constexpr double kUlp = 0x1p-52; // spacing of the doubles in [1, 2)
 
@@ -50,7 +52,7 @@ TEST(Ranges, OrdinaryValuesHaveTheBitsOfPlainAdditions) {
         double const rest = std::fmod(param, period);
         return rest < 1e-11 && param > 1e-11 ? period : rest;
     };
-    support::Random random;
+    Random random;
     for (int i = 0; i < 2000; ++i) {
         double const period = std::fabs(random.ofMagnitude(-3.0, 3.0));
         double const param = period * random.uniform(-1000.0, 1000.0);
@@ -59,12 +61,12 @@ TEST(Ranges, OrdinaryValuesHaveTheBitsOfPlainAdditions) {
     checkParam(-99999.9, 0.1, plain(-99999.9, 0.1)); // just under a million of them
     checkParam(-1e18, 3.0, 2.0);                     // beyond, one exact remainder in their place
     checkParam(-2.5e-14, 1e-14, -2.5e-14 + 1e-14 + 1e-14 + 1e-14);
-    checkParam(-2.5e-14, support::below(1e-14), std::fmod(-2.5e-14, support::below(1e-14)));
+    checkParam(-2.5e-14, below(1e-14), std::fmod(-2.5e-14, below(1e-14)));
 }
 
 TEST(Ranges, HostileValuesEndAndFiniteOnesLandInRange) {
-    for (double const start : support::hostileValues) {
-        for (double const period : support::hostileValues) {
+    for (double const start : hostileValues) {
+        for (double const period : hostileValues) {
             double param = start, from = start, to = 1.0;
             mg_PutParamInRange(&param, period, nullptr);
             mg_PutParamInRange(&from, period, &to);
