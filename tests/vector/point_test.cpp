@@ -94,8 +94,9 @@ TEST(Points, ValuesGoInAndOutInOrder) {
     EXPECT_BITS_EQ(P(5.0, 6.0, uv.u()), P(uv.x(), uv.y(), 5.0));
     uv.set_x(3.0), uv.set_y(4.0);
     EXPECT_BITS_EQ(P(3.0, 4.0, 4.0), P(uv.u(), uv.v(), uv.y()));
-    float third = 0.1F; // not a constant, so that the constructor is called
-    mgTessPoint2D_c const stored(1.0F, 2.0F, third), rounded(1.0, 2.0, 0.1);
+    float single = 0.1F;
+    double number = 0.1; // neither is a constant, so that the constructors are called
+    mgTessPoint2D_c const stored(1.0F, 2.0F, single), rounded(1.0, 2.0, number);
     EXPECT_BITS_EQ(P(1.0, 2.0, stored.z), P(rounded.x, rounded.y, rounded.z));
 }
 
