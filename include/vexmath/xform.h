@@ -144,7 +144,7 @@ public:
     /// rotation, scaled, each followed by 0, then the translation and 1.
     /// REQUIRES sixteen writable numbers.
     VEXMATH_API void getGLData(double *gl) const;
-    VEXMATH_API void getGLData(float *gl) const; ///< each rounded to single precision
+    VEXMATH_API void getGLData(float *gl) const; ///< rounded to float, infinite beyond its range
     /// The transform of such numbers. Its rows are normalised, so the scale is lost: it becomes 1.
     /// The rotation is orthonormalised; where row 0 or 1 has no direction, that row and row 2
     /// become zero. The fourth number of each column is ignored. REQUIRES sixteen readable numbers.
