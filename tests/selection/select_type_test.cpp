@@ -61,8 +61,9 @@ TEST(SelectSets, EditsKeepTheOrderAndAddNothingTwice) {
         EXPECT_EQ((Codes{1, 2}), codesOf(doubled | c(1)));
         EXPECT_EQ((Codes{1, 2, 4}), codesOf(doubled | Raw<Set>({4, 2, 4})));
         Set const copy = set = doubled; // which keeps duplicates
-        set = *&set;
-        (set |= set) |= Raw<Set>({3, 2, 3});
+        Set &self = set;
+        set = self;
+        (set |= self) |= Raw<Set>({3, 2, 3});
         EXPECT_EQ((Codes{1, 1, 2, 3}), codesOf(set));
         EXPECT_EQ((Codes{1, 1, 2}), codesOf(copy));
 
