@@ -100,9 +100,9 @@ public:
     /// 1 when the iteration converged, 0 when it stopped at its limit; the state it stopped in is
     /// written all the same. Its bounds are absolute: the elements off the diagonal count as gone
     /// when they sum to at most 1e-20, or when the largest is below 5e-14 between diagonal elements
-    /// closer than 1e-13. So it stops at its limit for NaN and infinite elements, and for large
-    /// elements that equal ones on the diagonal still swallow (1 beside 1e17), where the state is
-    /// right to the last bits.
+    /// closer than 1e-13. So it stops at its limit for large elements that equal ones on the
+    /// diagonal still swallow (1 beside 1e17), where the state is right to the last bits. Of NaN
+    /// and infinite elements neither the result nor the values tell anything.
     VEXMATH_API int getEigensystem(double *values, mgUnitVector_c *vectors) const;
     /// The matrix whose rows are the three vectors, orthonormalised. The values play no part and
     /// are not read.

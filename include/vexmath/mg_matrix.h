@@ -34,8 +34,9 @@ VEXMATH_API void mgSolveQuadratic(double a, double b, double c, double *disc, do
 /// Real roots of a x^3 + b x^2 + c x + d: their number, 1 or 3, is returned and that many entries
 /// of roots are written, ascending; a double root appears twice. |a| < 1e-13 gives the roots of the
 /// quadratic as `mg_solveQuadratic` does. One root is searched for and the others come from the
-/// quadratic that is left when it is divided out, so its error reaches them. Coefficients so large
-/// that values overflow give a root that means nothing; NaN gives NaN. REQUIRES room for three.
+/// quadratic that is left when it is divided out, so its error reaches them. Coefficients that are
+/// NaN, or so large that values overflow, may give a root that means nothing. REQUIRES room for
+/// three.
 VEXMATH_API int mg_solveCubic(double a, double b, double c, double d, double *roots);
 
 /// What `mg_GoodEqu3` found.

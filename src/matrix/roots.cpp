@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -58,8 +59,9 @@ void mgSolveQuadratic(double a, double b, double c, double *disc, double *root1,
         plus = root - b;
         minus = -b - root;
     }
-    *root1 = std::min(minus / (a + a), plus / (a + a));
-    *root2 = std::max(minus / (a + a), plus / (a + a));
+    *root1 = minus / (a + a);
+    *root2 = plus / (a + a);
+    if (*root2 < *root1) std::swap(*root1, *root2);
 }
 
 namespace {
@@ -102,9 +104,14 @@ double nextArgument(Bracket const &at, int k) {
     // two, and callers compare them. (test: AFallingCubicIsHalvedAtEveryStep)
     if (rise <= kSmallestRise || k % 2 == 0) return (at.low + at.high) / 2.0;
     double const secant = (at.atHigh * at.low - at.atLow * at.high) / rise;
-    double const inset = at.high - at.low >= kInsetFromWidth ? kInset : 0.0;
+    double low = at.low;
+    double high = at.high;
+    if (high - low >= kInsetFromWidth) {
+        low += kInset;
+        high -= kInset;
+    }
     // In this order NaN, the secant of values that overflow, becomes the lower bound.
-    return std::min(at.high - inset, std::max(at.low + inset, secant));
+    return std::min(high, std::max(low, secant));
 }
 
 /// Method: alternating false position and bisection.
@@ -149,6 +156,13 @@ double oneRoot(Cubic const &f) {
     return searchedRoot(f);
 }
 
+/// Ascending, by exchanges: std::sort must not see the NaN that coefficients of 1e308 lead to.
+void sortThree(double *roots) {
+    for (int i : {0, 1, 0}) {
+        if (roots[i + 1] < roots[i]) std::swap(roots[i], roots[i + 1]);
+    }
+}
+
 } // namespace
 
 int mg_solveCubic(double a, double b, double c, double d, double *roots) {
@@ -157,7 +171,7 @@ int mg_solveCubic(double a, double b, double c, double d, double *roots) {
     double const linear = b + r * a;
     roots[0] = r;
     int const others = mg_solveQuadratic(a, linear, c + r * linear, roots + 1);
-    if (others > 0) std::sort(roots, roots + 3); // none or two: a is no less than before
+    if (others > 0) sortThree(roots); // none or two: a is no less than before
     return others + 1;
 }
 
