@@ -52,6 +52,8 @@ mgArc_c::mgArc_c(mgUnitVector_c const &normal, mgPoint_c const &centre, mgPoint_
     if (!(radius_ >= kShortestRadius)) return;
 
     endAngle_ = iGetAngle(end);
+    // QUIRK: the double nearest to 2 pi, where a reader would expect the rounded turn of all other
+    // angles. Stored circles hold it. (test: FromPointsSweepsCounterClockwiseAboutTheNormal)
     if (std::fabs(endAngle_) < kSameAngle) endAngle_ = vexmath::kTwoPiExact;
     // In order and within a turn; the turn itself, to which an angle may be rounded, stays.
     startAngle_ = broughtDown(startAngle_, kFullTurnBound);
@@ -63,6 +65,8 @@ int mgArc_c::isValid() const {
     return radius_ >= kShortestRadius && std::fabs(startAngle_ - endAngle_) >= kSameAngle;
 }
 
+// QUIRK: in the plane z = centre.z whatever the normal, where a reader would expect the arc's own
+// plane. Who draws the arc turns it by its matrix. (test: EndsAreComputedInThePlaneOfTheCentresZ)
 mgPoint_c mgArc_c::pointAt(double angle) const { return centre_ + radius_ * onUnitCircle(angle); }
 
 void mgArc_c::getStartPoint(mgPoint_c &out) const { out = pointAt(startAngle_); }

@@ -6,17 +6,15 @@
 
 #include "support/geometry.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
-using vexmath::kInvPi;
 using vexmath::kTwoPi;
 
-mgUnitVector_c const up(0.0, 0.0, 1.0);
+mgPoint_c const o;
+mgUnitVector_c const right(1, 0, 0), up(0, 0, 1);
 
 /// About the origin, of radius 1.
-mgArc_c ofAngles(double start, double end) { return {up, {}, 1.0, start, end}; }
+mgArc_c ofAngles(double start, double end) { return {up, o, 1.0, start, end}; }
 
 mgVector_c endOf(mgArc_c const &arc) {
     mgPoint_c end;
@@ -24,45 +22,57 @@ mgVector_c endOf(mgArc_c const &arc) {
     return end;
 }
 
-void CheckOgl(double startDeg, double sweepDeg, mgArc_c const &arc) {
-    EXPECT_NEAR(startDeg, arc.getOglStartAngle(), 1e-11);
-    EXPECT_NEAR(sweepDeg, arc.getOglSweepAngle(), 1e-11);
+TEST(Arc, FromPointsSweepsCounterClockwiseAboutTheNormal) {
+    mgArc_c const full(up, o, {2, 0, 0}, {7, 0, 0});
+    EXPECT_EQ(6.283185307179586, full.getEndAngleInRadians());
+    EXPECT_EQ(2.0, full.getRadius() + full.getStartAngleInRadians());
+    auto const check = [](double startDeg, double sweepDeg, mgArc_c const &arc) {
+        EXPECT_NEAR(startDeg, arc.getOglStartAngle(), 1e-11);
+        EXPECT_NEAR(sweepDeg, arc.getOglSweepAngle(), 1e-11);
+    };
+    check(0, 90, {up, o, {2, 0, 0}, {0, 5, 0}}); // from +y clockwise to +x
+    check(180, 270, {-up, o, {2, 0, 0}, {0, 5, 0}});
+    check(0, 360, full);
+    check(0, 360, ofAngles(1, 1));
 }
 
-TEST(Arc, FromPointsSweepsCounterClockwiseAboutTheNormal) {
-    mgPoint_c const o, x(2.0, 0.0, 0.0), y(0.0, 5.0, 0.0);
-    mgArc_c const quarter(up, o, x, y), full(up, o, x, {7.0, 0.0, 0.0});
-    EXPECT_EQ(2.0, quarter.getRadius());
-    EXPECT_NEAR(std::acos(0.0), quarter.getEndAngleInRadians(), 1e-15);
-    EXPECT_EQ(6.283185307179586, full.getEndAngleInRadians());
-    CheckOgl(0.0, 90.0, quarter); // from +y clockwise to +x
-    CheckOgl(180.0, 270.0, mgArc_c(-up, o, x, y));
-    CheckOgl(0.0, 360.0, full);
-    CheckOgl(0.0, 360.0, ofAngles(1.0, 1.0));
+TEST(Arc, EndsAreComputedInThePlaneOfTheCentresZ) {
+    mgArc_c arc(right, {1, 2, 3}, {1, 4, 3}, {1, 2, 5});
+    auto const check = [&](mgPoint_c const &expected, void (mgArc_c::*get)(mgPoint_c &) const) {
+        mgPoint_c got;
+        (arc.*get)(got);
+        EXPECT_BITS_EQ(expected, got);
+    };
+    check({1, 2, 3}, &mgArc_c::getCenter);
+    check({1, 4, 3}, &mgArc_c::getStart);
+    check({1, 2, 5}, &mgArc_c::getEnd);
+    check({3, 2, 3}, &mgArc_c::getStartPoint);
+    mgUnitVector_c normal;
+    arc.getNormal(normal);
+    EXPECT_BITS_EQ(right, normal);
+    arc.set2D(true);
+    arc.setMatrix(mgMatrix_c() + mgMatrix_c());
+    EXPECT_TRUE(arc.is2D() && arc.matrix()(0, 0) == 2.0);
 }
 
 TEST(Arc, WithoutRadiusOrSweepItIsNotValid) {
-    auto const ofRadius = [](double r) { return mgArc_c(up, {}, {r, 0.0, 0.0}, {0.0, 1.0, 0.0}); };
-    mgArc_c const point = ofRadius(support::below(1e-8));
-    EXPECT_EQ(0, point.isValid());
-    EXPECT_EQ(0.0, point.getEndAngleInRadians());
+    auto const ofRadius = [](double r) { return mgArc_c(up, o, {r, 0, 0}, {0, 1, 0}); };
+    EXPECT_EQ(0, ofRadius(support::below(1e-8)).isValid());
     EXPECT_EQ(1, ofRadius(1e-8).isValid());
-    EXPECT_EQ(0.0, ofRadius(1.0).iGetAngle({0.0, -9e-9, 0.0}));
-    EXPECT_EQ(1, ofAngles(1e-11, 0.0).isValid());
-    EXPECT_EQ(0, ofAngles(support::below(1e-11), 0.0).isValid());
+    EXPECT_EQ(0.0, ofRadius(1.0).iGetAngle({0, -9e-9, 0}));
+    EXPECT_EQ(1, ofAngles(1e-11, 0).isValid());
+    EXPECT_EQ(0, ofAngles(support::below(1e-11), 0).isValid());
 }
 
 TEST(Arc, AngleJustBeyondAFullTurnIsKept) {
     double const beyond = kTwoPi + 9e-12, more = beyond - kTwoPi;
-    EXPECT_EQ(beyond, ofAngles(0.0, beyond).getEndAngleInRadians());
-    EXPECT_BITS_EQ(mgVector_c(1.0, more, 0.0), endOf(ofAngles(0.0, beyond)));
-    EXPECT_BITS_EQ(more * kInvPi * 180.0, ofAngles(beyond, 0.0).getStartAngleInDegrees());
-    EXPECT_BITS_EQ(kTwoPi * kInvPi * 180.0, ofAngles(0.0, kTwoPi).getEndAngleInDegrees());
-
+    EXPECT_BITS_EQ(mgVector_c(1, more, 0), endOf(ofAngles(0, beyond)));
+    EXPECT_BITS_EQ(more * vexmath::kInvPi * 180, ofAngles(beyond, 0).getStartAngleInDegrees());
+    EXPECT_NEAR(360, ofAngles(0, kTwoPi).getEndAngleInDegrees(), 1e-11);
     // Half a turn is not mirrored up to the bound, which shows in the digits that kTwoPi lacks.
     double const bound = 3.1415926535998002, after = support::above(bound);
-    EXPECT_BITS_EQ(std::sin(bound), endOf(ofAngles(0.0, bound)).y());
-    EXPECT_BITS_EQ(-std::sin(kTwoPi - after), endOf(ofAngles(0.0, after)).y());
+    EXPECT_BITS_EQ(std::sin(bound), endOf(ofAngles(0, bound)).y());
+    EXPECT_BITS_EQ(-std::sin(kTwoPi - after), endOf(ofAngles(0, after)).y());
 }
 
 TEST(Arc, TheAngleOfUpIsAFullTurn) {
@@ -71,30 +81,31 @@ TEST(Arc, TheAngleOfUpIsAFullTurn) {
 }
 
 TEST(Arc, AnyAngleEndsWithinATurn) {
-    for (double angle = -20.0; angle < 1e4; angle += 0.37) {
-        // Each of the turns taken off lacks 1.4e-14.
-        mgVector_c const expected(std::cos(angle), std::sin(angle), 0.0);
-        ASSERT_LT((endOf(ofAngles(0.0, angle)) - expected).len(), 1e-10);
+    for (double angle = -20; angle < 1e4; angle += 0.37) {
+        mgVector_c const expected(std::cos(angle), std::sin(angle), 0);
+        ASSERT_LT(support::gap(endOf(ofAngles(0, angle)), expected), 1e-10); // 1.4e-14 a turn
     }
     for (double const angle : support::hostileValues) {
         double const ogl = mgArc_c::convertToOglAngle(angle);
-        EXPECT_EQ(std::isfinite(angle), ogl >= 0.0 && ogl <= kTwoPi) << angle;
-        EXPECT_EQ(std::isfinite(angle), endOf(ofAngles(0.0, angle)).len() < 1.1) << angle;
-        EXPECT_EQ(std::isfinite(angle), ofAngles(angle, 0.0).getStartAngleInDegrees() < 361.0);
+        EXPECT_EQ(std::isfinite(angle), ogl >= 0 && ogl <= kTwoPi) << angle;
+        EXPECT_EQ(std::isfinite(angle), endOf(ofAngles(0, angle)).len() < 1.1) << angle;
     }
 }
 
 TEST(Circle, IsMovedAsAWholeAndComparedInSense) {
-    mgXform_c const x = mg_ScaleXform(mg_RotateXform(2.0, {1.0, 0.0, 0.0}, 0.0), 3.0);
-    mgCircle_c circle({1.0, 2.0, 0.0}, 2.0, up);
+    support::Random random;
+    mgXform_c const x = support::placement(random);
+    mgCircle_c circle({1, 2, 0}, 2.0, up);
     circle *= x;
-    mgPoint_c const centre = mgPoint_c(1.0, 2.0, 0.0) * x;
-    mgUnitVector_c const normal = up * x;
-    mgVector_c const off(1.1e-8, 0.0, 0.0);
-    EXPECT_EQ(1, circle.isEquivalent(mgCircle_c(centre, 6.0 + 0.9e-8, normal)));
-    EXPECT_EQ(0, circle.isEquivalent(mgCircle_c(centre, 6.0 + 1.1e-8, normal)));
-    EXPECT_EQ(0, circle.isEquivalent(mgCircle_c(centre + off, 6.0, normal)));
-    EXPECT_EQ(0, circle.isEquivalent(mgCircle_c(centre, 6.0, -normal)));
+    EXPECT_EQ(1, circle.isEquivalent({mgPoint_c(1, 2, 0) * x, 2.0 * x.scaling(), up * x}));
+    auto const check = [&](int same, double shift, double more, mgUnitVector_c const &normal) {
+        mgCircle_c const other(circle.center() + shift * right, circle.radius() + more, normal);
+        EXPECT_EQ(same, circle.isEquivalent(other)) << shift << " " << more;
+    };
+    check(1, 0.9e-8, 0.9e-8, circle.normal());
+    check(0, 0, 1.1e-8, circle.normal());
+    check(0, 1.1e-8, 0, circle.normal());
+    check(0, 0, 0, -circle.normal());
 }
 
 } // namespace

@@ -6,28 +6,32 @@
 
 #include "support/geometry.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
-mgUnitVector_c const up(0.0, 0.0, 1.0);
+mgUnitVector_c const up(0, 0, 1);
 double const eighthTurn = std::atan(1.0);
 
 TEST(Cone, AnUnsetRadiusIsNotScaled) {
-    mgXform_c const x = mg_ScaleXform(mg_RotateXform(1.0, {1.0, 0.0, 0.0}, 0.0), 3.0);
-    mgCone_c unset, cone({1.0, 2.0, 3.0}, up, 2.0, 0.5);
+    support::Random random;
+    mgXform_c const x = support::placement(random);
+    mgCone_c unset, cone;
+    cone.setRootPoint({1, 2, 3});
+    cone.setAxis(up);
+    cone.setRadius(2.0);
+    cone.setAngle(0.5);
     unset *= x;
     cone *= x;
     EXPECT_EQ(-2.0, unset.radius());
-    EXPECT_EQ(6.0, cone.radius());
-    EXPECT_BITS_EQ(mgPoint_c(1.0, 2.0, 3.0) * x, cone.rootPoint());
+    EXPECT_EQ(2.0 * x.scaling(), cone.radius());
+    EXPECT_BITS_EQ(mgPoint_c(1, 2, 3) * x, cone.rootPoint());
     EXPECT_BITS_EQ(up * x, cone.axis());
+    EXPECT_EQ(0.01, mgCylinder_c().radius() + mgCylinder_c().angle());
 }
 
 TEST(Cone, TheRadiusAtTheRootIsThatOfAWideningCone) {
-    mgCone_c const cone({0.0, 0.0, 1.0}, up, 5.0, eighthTurn);
-    EXPECT_NEAR(7.0 - 2.0, cone.transformRadiusAtRoot({9.0, 9.0, 3.0}, 7.0), 1e-14);
-    EXPECT_BITS_EQ(mgPoint_c(0.0, 0.0, 3.0), cone.projectPointOnAxis({9.0, 9.0, 3.0}));
+    mgCone_c const cone({0, 0, 1}, up, 5.0, eighthTurn);
+    EXPECT_NEAR(7.0 - 2.0, cone.transformRadiusAtRoot({9, 9, 3}, 7.0), 1e-14);
+    EXPECT_BITS_EQ(mgPoint_c(0, 0, 3), cone.projectPointOnAxis({9, 9, 3}));
 }
 
 void CheckFoot(int result, mgPoint_c const &expected, mgCone_c const &cone, mgPoint_c p) {
@@ -37,15 +41,15 @@ void CheckFoot(int result, mgPoint_c const &expected, mgCone_c const &cone, mgPo
 
 TEST(Cone, TheConesFootIsThatOfItsRoot) {
     mgCone_c const cone({}, up, 5.0, eighthTurn);
-    CheckFoot(1, {2.0, 0.0, 2.0}, cone, {4.0, 0.0, 0.0});
-    CheckFoot(0, {-1.0, 0.0, -1.0}, cone, {0.5, 0.0, -2.5});
+    CheckFoot(1, {2, 0, 2}, cone, {4, 0, 0});
+    CheckFoot(0, {-1, 0, -1}, cone, {0.5, 0, -2.5});
     CheckFoot(1, {}, cone, {}); // on the axis: is it the root?
-    CheckFoot(0, {0.0, 0.0, 2.0}, cone, {0.0, 0.0, 2.0});
+    CheckFoot(0, {0, 0, 2}, cone, {0, 0, 2});
 }
 
 TEST(Cylinder, TheFootLiesOnTheSurface) {
-    mgUnitVector_c const axis(1.0, 2.0, 2.0), side(2.0, 1.0, -2.0);
-    mgPoint_c const root(1.0, 2.0, 3.0), p = root - 5.0 * axis;
+    mgUnitVector_c const axis(1, 2, 2), side(2, 1, -2);
+    mgPoint_c const root(1, 2, 3), p = root - 5.0 * axis;
     mgCylinder_c const cylinder(root, axis, 2.0);
     CheckFoot(0, p + 2.0 * side, cylinder, p + 7.0 * side);
     CheckFoot(0, p + 2.0 * side, cylinder, p + 0.1 * side);
@@ -64,33 +68,24 @@ void CheckExtremes(mgPoint_c const &low, mgPoint_c const &high, mgCone_c const &
 TEST(Cone, LookingBackTheRootAloneCounts) {
     mgCylinder_c const cylinder({}, up, 1.0);
     mgCone_c const cone({}, up, 1.0, eighthTurn); // 9 at the top
-    CheckExtremes({}, {0.0, 0.0, 10.0}, cylinder, {0.0, 0.0, -1.0});
-    CheckExtremes({-1.0, 0.0, 0.0}, {1.0, 0.0, 10.0}, cylinder, {0.6, 0.0, 0.8});
-    CheckExtremes({-1.0, 0.0, 0.0}, {1.0, 0.0, 0.0}, cylinder, {1.0, 0.0, 0.0});
-    CheckExtremes({-5.4, 0.0, 7.2}, {5.4, 0.0, -7.2}, cone, {0.6, 0.0, -0.8});
-    CheckExtremes({-9.0, 0.0, 10.0}, {9.0, 0.0, 10.0}, cone, {1.0, 0.0, 1e-6});
     double const less = support::below(1e-6);
-    CheckExtremes({-9.0, 0.0, -9.0 * less}, {9.0, 0.0, 9.0 * less}, cone, {1.0, 0.0, less});
+    CheckExtremes({}, {0, 0, 10}, cylinder, {0, 0, -1});
+    CheckExtremes({-1, 0, 0}, {1, 0, 10}, cylinder, {0.6, 0, 0.8});
+    CheckExtremes({-1, 0, 0}, {1, 0, 0}, cylinder, {1, 0, 0});
+    CheckExtremes({-5.4, 0, 7.2}, {5.4, 0, -7.2}, cone, {0.6, 0, -0.8});
+    CheckExtremes({-9, 0, 10}, {9, 0, 10}, cone, {1, 0, 1e-6});
+    CheckExtremes({-9, 0, -9 * less}, {9, 0, 9 * less}, cone, {1, 0, less});
 }
 
 TEST(Cylinder, EquivalenceNeedsRadii) {
-    auto const like = [](double r1, double r2, mgPoint_c const &root, mgUnitVector_c const &axis) {
-        return mgCylinder_c({}, up, r1).isEquivalent(mgCylinder_c(root, axis, r2));
+    auto const check = [](int same, double r1, double r2, double x, mgUnitVector_c const &axis) {
+        EXPECT_EQ(same, mgCylinder_c({}, up, r1).isEquivalent({{x, 0, 7}, axis, r2})) << r2;
     };
-    EXPECT_EQ(1, like(1.0, 1.0 + 9e-9, {9e-9, 0.0, 7.0}, up));
-    EXPECT_EQ(0, like(0.0, 0.0, {}, up));
-    EXPECT_EQ(0, like(5e-9, 0.0, {}, up));
-    EXPECT_EQ(0, like(1.0, 1.0 + 1.1e-8, {}, up));
-    EXPECT_EQ(0, like(1.0, 1.0, {1.1e-8, 0.0, 0.0}, up));
-    EXPECT_EQ(0, like(1.0, 1.0, {}, -up));
-}
-
-TEST(Line, AProjectedPointIsTheFootOnTheLine) {
-    mgVector_c const v(0.0, 0.0, 3.0);
-    mgPoint_c const a(1.0, 2.0, 3.0), near(1.0 + 1e-9, 2.0, 7.0);
-    EXPECT_LT(dist({1.0, 2.0, 9.0}, s_projPointOnLine({5.0, -1.0, 9.0}, a, v)), 1e-14);
-    EXPECT_BITS_EQ(near, s_projPointOnLine(near, a, v));
-    EXPECT_BITS_EQ(near, s_projPointOnLine(near, mgPoint_c(), mgVector_c()));
+    check(1, 1, 1 + 9e-9, 9e-9, up);
+    check(0, 5e-9, 0, 0, up);
+    check(0, 1, 1 + 1.1e-8, 0, up);
+    check(0, 1, 1, 1.1e-8, up);
+    check(0, 1, 1, 0, -up);
 }
 
 } // namespace

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Lines: feet, distances, snapping, comparison.
 
-#include "support/numbers.h"
+#include "support/geometry.h"
 
+#include <vexmath/mg_primitives.h>
 #include <vexmath/plane.h>
 
 namespace {
@@ -17,11 +18,10 @@ TEST(Line, FeetMayReplaceThePointAndSnappingIsStrict) {
     mgPoint_c p(4, 7, 3);
     EXPECT_EQ(3.0, alongX.pointPerpParam(p, nullptr));
     EXPECT_EQ(0, alongX.pointPerp(p, &p));
-    EXPECT_BITS_EQ(mgPoint_c(4, 0, 3), p);
-    EXPECT_EQ(1, alongX.pointPerp(p, &p));
-    EXPECT_EQ(1, alongX.isPointOn(mgPoint_c(5, std::nextafter(1e-08, 0.0), 3)));
+    EXPECT_EQ(1, alongX.pointPerp(p, &p)); // on the line since
+    EXPECT_EQ(1, alongX.isPointOn(mgPoint_c(5, support::below(1e-08), 3)));
     EXPECT_EQ(0, alongX.isPointOn(mgPoint_c(5, 1e-08, 3)));
-    for (double tol : {0.5, std::nextafter(0.5, 1.0)}) {
+    for (double tol : {0.5, support::above(0.5)}) {
         p.set(4, 0.5, 3);
         EXPECT_EQ(tol > 0.5, alongX.snapPointToLine(p, &p, tol));
         EXPECT_EQ(tol > 0.5 ? 0.0 : 0.5, p.y());
@@ -32,13 +32,20 @@ TEST(Line, FeetMayReplaceThePointAndSnappingIsStrict) {
 }
 
 TEST(Line, DistanceComesWithTheNearestPoints) {
-    double t1 = 77.0, t2 = 77.0;
+    double t1 = 77, t2 = 77;
     EXPECT_EQ(5.0, alongX.distToLine({mgPoint_c(4, 7, 8), mgUnitVector_c(0, 1, 0)}, &t1, &t2));
     EXPECT_BITS_EQ(mgPoint_c(3, -7, 0), mgPoint_c(t1, t2, 0));
-    mgLine_c const parallel(mgPoint_c(5, 0, 7), -x); // measured from its root
+    mgLine_c parallel(mgPoint_c(5, 0, 7), x); // measured from its root
+    parallel.setDirection(-x);
     EXPECT_EQ(4.0, alongX.distToLine(parallel, &t1, &t2));
     EXPECT_BITS_EQ(mgPoint_c(4, 0, 0), mgPoint_c(t1, t2, 0));
-    EXPECT_EQ(4.0, alongX.distToLine(parallel, nullptr, nullptr));
+}
+
+TEST(Line, AProjectedPointIsTheFootOnTheLine) {
+    mgPoint_c const a(1, 2, 3), near(1 + 1e-9, 2, 7);
+    EXPECT_LT(dist({1, 2, 9}, s_projPointOnLine({5, -1, 9}, a, {0, 0, 3})), 1e-14);
+    EXPECT_BITS_EQ(near, s_projPointOnLine(near, a, {0, 0, 3}));
+    EXPECT_BITS_EQ(near, s_projPointOnLine(near, mgPoint_c(), mgVector_c()));
 }
 
 } // namespace
