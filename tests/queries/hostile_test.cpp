@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Every query, line, plane and view function on numbers made to break it. Under the sanitizers any
-// trap is a failure; here only results outside of the enumerations are.
+// Every query, line, plane, cone and view function on numbers made to break it. Under the
+// sanitizers any trap is a failure; here only results outside of the enumerations are.
 
 #include "support/numbers.h"
 
+#include <vexmath/cone.h>
 #include <vexmath/mg_primitives.h>
 #include <vexmath/mg_queries.h>
 #include <vexmath/mg_transform.h>
@@ -15,10 +16,7 @@ class Arguments {
 public:
     double number() { return random_.hostile(); }
     mgPoint_c point() { return vector(); }
-    mgVector_c vector() {
-        double const x = number(), y = number(), z = number();
-        return {x, y, z};
-    }
+    mgVector_c vector() { return mgVector_c{number(), number(), number()}; }
     /// Normalised, or as restored from a document.
     mgUnitVector_c unit() {
         mgUnitVector_c u(vector(), 0);
@@ -36,17 +34,26 @@ public:
         }
         return x;
     }
-    int pixel() { return static_cast<int>(random_.uniform(-0x1p31, 0x1p31)); }
+    mgCone_c cone() { return {point(), unit(), number(), number()}; }
+    double const (*triangle())[2] {
+        for (auto &corner : triangle_)
+            for (double &coordinate : corner) coordinate = number();
+        return triangle_;
+    }
+    CPoint pixels() { return {pixel(), pixel()}; }
 
 private:
+    int pixel() { return static_cast<int>(random_.uniform(-0x1p31, 0x1p31)); }
+
     support::Random random_;
+    double triangle_[3][2] = {};
 };
 
 mgPoint_c p, q, pts[4];
 mgUnitVector_c u;
 mgLine_c line;
 mgXform_c form;
-double number, triangle[3][2];
+double number;
 int flag;
 
 struct Row {
@@ -71,7 +78,7 @@ Row const rows[] = {
     ROW(4, mg_RayIntDiskSeg(&form, &q, &u, a.number(), a.number(), a.number(), &p)),
     ROW(4, mg_RayIntSphere(&p, &u, &q, a.number())),
     ROW(4, mg_RayIntCylSeg(a.line(), a.point(), a.unit(), a.number(), a.number(), &p)),
-    ROW(4, mg_RayIntConeSeg(a.line(), a.point(), a.unit(), a.number(), a.number(), 9.0, &p)),
+    ROW(4, mg_RayIntConeSeg(a.line(), a.point(), a.unit(), a.number(), a.number(), a.number(), &p)),
     ROW(3, mg_LineIntCircle2D(a.point(), a.unit(), a.point(), a.number(), &p, &q)),
     ROW(4, mg_CircleIntCircle2D(a.point(), a.number(), a.point(), a.number(), &p, &q)),
     ROW(2, mg_LineIntPlane(a.line(), a.plane(), &p, &number)),
@@ -82,7 +89,7 @@ Row const rows[] = {
     ROW(1, (pts[flag & 3] = a.point(), ++flag, mg_Find3PointArcCenter(pts, &p, &u))),
     ROW(0, (mg_getModelSpaceViewRay(a.form(), a.point(), flag & 1, p, u, flag, &form), 0)),
     ROW(0, (form = mg_ZoomToPosition(p, a.point(), a.point(), a.form(), a.number()), 0)),
-    ROW(0, (form = mg_ZoomBoxToBox({a.pixel(), 7}, {a.pixel(), 0}, p, q, a.form(), 9.0), 0)),
+    ROW(0, (form = mg_ZoomBoxToBox(a.pixels(), a.pixels(), p, q, a.form(), a.number()), 0)),
     ROW(1, mg_PlaneReflectionXform(a.plane()).isReflection()),
     ROW(0, (p.xformByPerspInverse(a.form()), q.xformByPerspInverseVisible(a.form()), 0)),
     ROW(0, (a.point().xformByPerspInversePlane(a.form(), a.plane()), 0)),
@@ -98,8 +105,11 @@ Row const rows[] = {
     ROW(1, a.plane().cutLineSegment(a.point(), a.point(), a.number())),
     ROW(0, (number = a.plane().getHessianNormalFormConstant(), 0)),
     ROW(1, interLine(a.plane(), a.plane(), &p, &u)),
-    ROW(1, (triangle[0][0] = a.number(), triangle[2][1] = a.number(), triangle[1][0] = a.number(),
-            getBaricentricCoordinates(a.number(), a.point(), triangle, pts[0], flag), flag)),
+    ROW(1, (getBaricentricCoordinates(a.number(), a.point(), a.triangle(), p, flag), flag)),
+    ROW(1, a.cone().pointPerp(a.point(), &p)),
+    ROW(0, (a.cone().extremePts(a.unit(), a.number(), pts), 0)),
+    ROW(1, mgCylinder_c(a.point(), a.unit(), a.number()).pointPerp(a.point(), &p)),
+    ROW(0, (p = s_projPointOnLine(a.point(), a.point(), a.vector()), 0)),
 };
 
 TEST(Hostile, NothingTrapsAndEveryResultIsOfItsEnumeration) {

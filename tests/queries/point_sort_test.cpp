@@ -6,9 +6,6 @@
 #include <vexmath/mg_queries.h>
 #include <vexmath/point.h>
 
-#include <gtest/gtest.h>
-
-#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -16,129 +13,94 @@ namespace {
 
 using List = std::vector<mgPoint_c>;
 
-void literalSelection(mgPoint_c *p, int first, int last) {
-    for (int i = first; i < last; ++i) {
-        int least = i;
-        for (int j = i + 1; j <= last; ++j) {
-            if (p[j].isLessThan(p[least], -1.0)) least = j;
-        }
-        if (least != i) std::swap(p[i], p[least]);
-    }
-}
+bool less(mgPoint_c const &a, mgPoint_c const &b) { return a.isLessThan(b, -1.0) != 0; }
 
 /// The steps, one by one, with the left side by recursion and the right one by the loop.
 void literalSort(mgPoint_c *p, int first, int last) {
     while (last - first >= 10) {
         int const mid = (first + last) / 2;
-        int lo = first;
-        int hi = last;
-        if (p[last].isLessThan(p[first], -1.0)) std::swap(lo, hi);
+        int lo = first, hi = last;
+        if (less(p[last], p[first])) std::swap(lo, hi);
         int median = mid;
-        if (p[mid].isLessThan(p[lo], -1.0)) median = lo;
-        if (p[hi].isLessThan(p[median], -1.0)) median = hi;
+        if (less(p[mid], p[lo])) median = lo;
+        if (less(p[hi], p[median])) median = hi;
         std::swap(p[first], p[median]);
         mgPoint_c const pivot = p[first];
-        int i = first + 1;
-        int j = last;
+        int i = first + 1, j = last;
         while (i < j) {
-            while (i < j && p[i].isLessThan(pivot, -1.0)) ++i;
-            while (i < j && !p[j].isLessThan(pivot, -1.0) && !p[j].isSame(pivot, -1.0)) --j;
+            while (i < j && less(p[i], pivot)) ++i;
+            while (i < j && !less(p[j], pivot) && !p[j].isSame(pivot, -1.0)) --j;
             if (i < j) std::swap(p[i++], p[j--]);
         }
-        int const k = p[i].isLessThan(pivot, -1.0) ? i : i - 1;
+        int const k = less(p[i], pivot) ? i : i - 1;
         std::swap(p[first], p[k]);
         literalSort(p, first, k - 1);
         first = k + 1;
     }
-    literalSelection(p, first, last);
+    for (int i = first; i < last; ++i) { // selection
+        int least = i;
+        for (int j = i + 1; j <= last; ++j)
+            if (less(p[j], p[least])) least = j;
+        if (least != i) std::swap(p[i], p[least]);
+    }
 }
 
 /// With indices from -origin on.
-void CheckAgainstTheSteps(List const &list, int origin = 0) {
-    List sorted = list;
-    List literal = list;
+void CheckAgainstTheSteps(List const &list, int origin) {
+    List sorted = list, literal = list;
     int const last = static_cast<int>(list.size()) - 1 - origin;
     mg_pointQuickSort(sorted.data() + origin, -origin, last);
     literalSort(literal.data() + origin, -origin, last);
-    ASSERT_EQ(std::memcmp(sorted.data(), literal.data(), list.size() * sizeof(mgPoint_c)), 0);
+    for (std::size_t i = 0; i < list.size(); ++i) ASSERT_BITS_EQ(literal[i], sorted[i]);
 }
 
-} // namespace
-
-TEST(PointSort, AgreesWithItsStepsOnTies) {
+TEST(PointSort, AgreesWithItsSteps) {
     support::Random random;
-    for (int round = 0; round < 12000; ++round) {
+    auto const check = [&random](int n, auto point) {
+        List list;
+        for (int i = 0; i < n; ++i) list.push_back(point());
+        CheckAgainstTheSteps(list, random.below(n));
+    };
+    auto const wide = [&] { return random.uniform(-1e3, 1e3); };
+    auto const tied = [&](int values, double step) { return random.below(values) * step; };
+    for (int round = 0; round < 12000 && !::testing::Test::HasFailure(); ++round) {
         // Steps of 0.7 tolerances: "equal" is not transitive here.
         double const step = round % 3 == 0 ? 7e-9 : 1.0;
-        List list;
-        for (int i = random.below(60); i >= 0; --i) {
-            list.emplace_back(random.below(5) * step, random.below(3) * step,
-                              random.below(50) * 1e-9);
-        }
-        int const origin = random.below(static_cast<int>(list.size()));
-        ASSERT_NO_FATAL_FAILURE(CheckAgainstTheSteps(list, origin));
-    }
-}
-
-TEST(PointSort, AgreesWithItsStepsOnManyPoints) {
-    support::Random random;
-    auto const check = [](auto point) {
-        List list;
-        for (int i = 0; i < 3000; ++i) list.push_back(point());
-        ASSERT_NO_FATAL_FAILURE(CheckAgainstTheSteps(list, 1));
-    };
-    auto const wide = [&random] { return random.uniform(-1e3, 1e3); };
-    auto const tied = [&random](int values, double step) { return random.below(values) * step; };
-    for (int round = 0; round < 20; ++round) {
-        check([&] { return mgPoint_c(wide(), wide(), wide()); });
+        check(1 + random.below(60),
+              [&] { return mgPoint_c(tied(5, step), tied(3, step), tied(50, 1e-9)); });
+        if (round % 24 == 0) check(200, [&] { return random.triple<mgPoint_c>(-1, 1); });
+        if (round % 24 == 0)
+            check(200, [&] {
+                return mgPoint_c{random.hostile(), random.hostile(), random.hostile()};
+            });
+        if (round % 600 != 0) continue;
+        check(3000, [&] { return mgPoint_c(wide(), wide(), wide()); });
         // Equal in x, in x and y, and altogether, to the bit.
-        check([&] { return mgPoint_c(tied(50, 1.0), wide(), wide()); });
-        check([&] { return mgPoint_c(tied(9, 1.0), tied(9, 1.0), tied(9, 1.0)); });
+        check(3000, [&] { return mgPoint_c(tied(50, 1), wide(), wide()); });
+        check(3000, [&] { return mgPoint_c(tied(9, 1), tied(9, 1), tied(9, 1)); });
         // Equal within tolerance: all of a run, neighbours in a run alone, and 0 with -0.
-        check([&] { return mgPoint_c(tied(50, 1.0) + tied(2, 9e-9), wide(), wide()); });
-        check([&] { return mgPoint_c(tied(50, 1.0) + tied(3, 9e-9), tied(50, 1.0), wide()); });
-        check([&] { return mgPoint_c(tied(9, 1.0), tied(9, 1.0), tied(9, 1.0) + tied(2, 1e-9)); });
-        check([&] { return mgPoint_c(tied(9, 1.0), tied(9, 1.0), tied(2, -1.0) * 0.0); });
-        check([&] { return mgPoint_c(5.0, wide(), random.below(3000) == 0 ? NAN : wide()); });
-    }
-}
-
-TEST(PointSort, AgreesWithItsStepsOnHostileAndScatteredPoints) {
-    support::Random random;
-    for (int round = 0; round < 500; ++round) {
-        List list;
-        for (int i = 0; i < 200; ++i) {
-            list.emplace_back(random.hostile(), random.hostile(), random.hostile());
-        }
-        ASSERT_NO_FATAL_FAILURE(CheckAgainstTheSteps(list));
-        for (mgPoint_c &p : list) p = random.triple<mgPoint_c>(-1.0, 1.0);
-        ASSERT_NO_FATAL_FAILURE(CheckAgainstTheSteps(list));
+        check(3000, [&] { return mgPoint_c(tied(50, 1) + tied(2, 9e-9), wide(), wide()); });
+        check(3000, [&] { return mgPoint_c(tied(50, 1) + tied(3, 9e-9), tied(50, 1), wide()); });
+        check(3000, [&] { return mgPoint_c(tied(9, 1), tied(9, 1), tied(9, 1) + tied(2, 1e-9)); });
+        check(3000, [&] { return mgPoint_c(tied(9, 1), tied(9, 1), tied(2, -1) * 0.0); });
+        check(3000, [&] { return mgPoint_c(5, wide(), random.below(3000) == 0 ? NAN : wide()); });
     }
 }
 
 TEST(PointSort, SortsOnlyTheRangeAndRefusesAnEmptyOne) {
-    List const list{{9, 0, 0}, {3, 0, 0}, {2, 0, 0}, {1, 0, 0}, {0, 0, 0}};
-    for (auto const sort : {mg_pointQuickSort, mg_pointSelectionSort}) {
-        List range = list;
-        sort(range.data(), 1, 3);
-        EXPECT_EQ(range[0].x(), 9);
-        EXPECT_EQ(range[1].x(), 1);
-        EXPECT_EQ(range[3].x(), 3);
-        EXPECT_EQ(range[4].x(), 0);
-        List untouched = list;
-        sort(untouched.data(), 3, 3);
-        sort(untouched.data(), 3, 1);
-        sort(untouched.data(), 0, -1);
-        EXPECT_EQ(std::memcmp(untouched.data(), list.data(), list.size() * sizeof(mgPoint_c)), 0);
-    }
+    auto const check = [](int first, int last, int digits) { // of the coordinates
+        for (auto const sort : {mg_pointQuickSort, mg_pointSelectionSort}) {
+            List list{{9, 0, 0}, {3, 0, 0}, {2, 0, 0}, {1, 0, 0}, {0, 0, 0}};
+            sort(list.data(), first, last);
+            double got = 0;
+            for (mgPoint_c const &p : list) got = 10 * got + p.x();
+            EXPECT_EQ(digits, got);
+        }
+    };
+    check(1, 3, 91230);
+    check(3, 3, 93210);
+    check(3, 1, 93210);
+    check(0, -1, 93210);
 }
 
-TEST(PointSort, KeepsItsRecursionShallowOnOneSidedInput) {
-    // Every median of three is the second least: a recursion into the longer side would be deep.
-    int const n = 20000;
-    List list;
-    for (int i = 0; i < n; ++i) list.emplace_back(i % 2 == 0 ? i : n - i, 0.0, 0.0);
-    mg_pointQuickSort(list.data(), 0, n - 1);
-    for (std::size_t i = 1; i < list.size(); ++i)
-        ASSERT_FALSE(list[i].isLessThan(list[i - 1], -1.0));
-}
+} // namespace
