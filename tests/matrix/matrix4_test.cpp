@@ -80,11 +80,9 @@ TEST(Matrix4, OrderIsExactAndLexicographic) {
 TEST(Matrix4, InverseUndoesAnAffineMap) {
     support::Random random;
     for (int i = 0; i < 1000; ++i) {
-        mgMatrix4_c m = randomMatrix(random);
+        mgMatrix4_c const m = randomMatrix(random), affine = m.scale(1);
         if (std::fabs(m.getDeterminant()) < 0.1) continue;
-        mgMatrix4_c const inverse = m.inverse(); // the bottom row is not looked at
-        ASSERT_LT((m.scale(1) * inverse).distTo({}), 1e-11);
-        ASSERT_EQ(1, inverse(3, 3));
+        ASSERT_LT((affine * m.inverse()).distTo({}), 1e-11); // whatever m's bottom row is
     }
     mgMatrix4_c thin = mgMatrix4_c::translationMatrix({1, 2, 3});
     thin(0, 0) = 1e-13;
