@@ -77,24 +77,19 @@ Eigen CheckAgainstFull(mgMatrix_c const &m) {
     return got;
 }
 
-TEST(Eigen, PairsSolveTheProblemWithTheBitsOfTheFullIteration) {
+TEST(Eigen, PairsHaveTheBitsOfTheFullIteration) {
     support::Random random;
     for (int i = 0; i < 3000 && !HasFailure(); ++i) {
         double const reach = i % 10 - 3;              // off-diagonal elements from 1e3 to 1e-6
         double const size = random.ofMagnitude(0, 2); // and of the diagonal
         auto const off = [&] { return size * random.ofMagnitude(-reach, 0.5 - reach); };
         auto const on = [&] { return size * random.uniform(-1, 1); };
-        mgMatrix_c const m = symmetric(on(), on(), on(), off(), off(), off());
-        Eigen const e = CheckAgainstFull(m);
-        double const bound = 1e-14 * std::fabs(size) * std::max(1.0, std::pow(10, 0.5 - reach));
-        for (int k = 0; k < 3; ++k) {
-            EXPECT_LT(support::gap(m * mgPoint_c(e.vectors[k]), e.values[k] * e.vectors[k]), bound);
-            EXPECT_NEAR(0.0, e.vectors[k] % e.vectors[(k + 1) % 3], 1e-14);
-            EXPECT_TRUE(e.values[0] <= e.values[k] && e.values[k] <= e.values[2]);
-        }
+        CheckAgainstFull(symmetric(on(), on(), on(), off(), off(), off()));
         // Ties and zeros: few distinct elements.
         auto const few = [&] { return random.below(3) - 1.0; };
-        CheckAgainstFull(symmetric(few(), few(), few(), few(), few(), few()));
+        mgMatrix_c const m = symmetric(few(), few(), few(), few(), few(), few());
+        Eigen const e = CheckAgainstFull(m);
+        EXPECT_LT(support::gap(m * mgPoint_c(e.vectors[2]), e.values[2] * e.vectors[2]), 1e-14);
     }
 }
 
@@ -105,21 +100,25 @@ TEST(Eigen, IterationEndsByFixedBounds) {
     CheckAgainstFull(symmetric(0, 1e-13, 1, small, 0, 0));
     // Large elements off the diagonal do not end it although the diagonal swallows them.
     EXPECT_EQ(0, CheckAgainstFull(symmetric(1e17, 1e17, 1e17, 1, 0, 2)).converged);
+}
+
+TEST(Eigen, HostileMatricesEndAndHaveANullSpace) {
     support::Random random;
-    auto const number = [&] { return random.hostile(); };
-    for (int i = 0; i < 3000; ++i)
-        eigensystem(symmetric(number(), number(), number(), number(), number(), number()));
+    for (int i = 0; i < 3000; ++i) {
+        mgMatrix_c m;
+        for (int k = 0; k < 9; ++k) m[k] = random.hostile();
+        mgUnitVector_c n[3];
+        EXPECT_LE(m.getNullspace(n, i % 2 == 0) + eigensystem(m).converged, 4);
+    }
 }
 
 TEST(Eigen, BelongToTheSymmetricPartAndEitherOutputMayBeMissing) {
     mgMatrix_c const m({2, 3, 0, -1, 2, 0, 0, 0, 5}, 0); // of which 1, 3 and 5 are the values
-    Eigen const e = CheckAgainstFull(m);
-    EXPECT_NEAR(1.0, e.values[0], 1e-15);
     double values[3];
     mgUnitVector_c vectors[3];
     EXPECT_EQ(2, m.getEigensystem(values, nullptr) + m.getEigensystem(nullptr, vectors));
-    EXPECT_BITS_EQ(e.values[2], values[2]);
-    EXPECT_BITS_EQ(e.vectors[2], vectors[2]);
+    EXPECT_NEAR(1.0, values[0], 1e-15);
+    EXPECT_BITS_EQ(eigensystem(m).vectors[2], vectors[2]);
 }
 
 TEST(Eigen, MatrixFromEigenDataIgnoresTheValues) {

@@ -31,12 +31,12 @@ TEST(Matrix4, MapsPointsVectorsAndHomogeneousVectorsByColumns) {
     m(3, 0) = 5;
     m(0, 1) = 7;
     mgVector_c const v(1, 2, 3);
+    mgVector4_c const q(1, 2, 3, 2);
     EXPECT_BITS_EQ(mgVector_c(15, 2, 3), m * v);
     EXPECT_BITS_EQ(mgVector_c(25, 22, 33), m.mult(v)); // never divided
     EXPECT_BITS_EQ(mgPoint_c(25, 22, 33), m.mult(mgPoint_c(v)));
-    EXPECT_BITS_EQ(mgVector_c(35, 42, 63), m.mult(mgVector4_c(1, 2, 3, 2)));
-    mgVector4_c const q = m.mult4({1, 2, 3, 2});
-    EXPECT_BITS_EQ(mgVector_c(35, 63, 7), mgVector_c(q[0], q[2], q[3]));
+    EXPECT_BITS_EQ(mgVector_c(35, 42, 63), m.mult(q));
+    EXPECT_BITS_EQ(mgVector_c(35, 42, 63) / 7, m.mult4(q).getVector3());
     m.loadIdentity();
     EXPECT_EQ(1, m == mgMatrix4_c());
 }
@@ -144,14 +144,14 @@ TEST(Matrix4, AxisAngleAndInterpolationAreThoseOfTheRotation) {
         ASSERT_NEAR(angle, at(1).getRotationAngle(axis), 1e-14);
         ASSERT_LT(support::gap(axis, at(1).getRotationAxis()), 1e-12);
         ASSERT_LT(mgMatrix4_c::interpolate(at(0), at(1), t).distTo(at(t)), 1e-12);
-        ASSERT_EQ(1, mgMatrix4_c::interpolate(at(0), at(1), 0) == at(0));
-        ASSERT_EQ(1, mgMatrix4_c::interpolate(at(0), at(1), 1.5) == at(1));
+        ASSERT_EQ(1, mgMatrix4_c::interpolate(at(0), at(1), -t) == at(0));
+        ASSERT_EQ(1, mgMatrix4_c::interpolate(at(0), at(1), 1 + t) == at(1));
     }
     EXPECT_BITS_EQ(mgUnitVector_c::xAxis(), mgMatrix4_c().getRotationAxis());
     EXPECT_BITS_EQ(mgUnitVector_c::xAxis(), mgMatrix4_c().scale(1e-9).getRotationAxis());
 }
 
-TEST(Matrix4, RigidTransformIsTheFrameOfItsDirections) {
+TEST(Matrix4, RigidTransformIsAFrameAndTheOuterProductFillsTheUpperLeft) {
     mgVector_c const origin(1, 2, 3);
     ExpectElements({0, -1, 0, 1, 1, 0, 0, 2, 0, 0, 1, 3, 0, 0, 0, 1},
                    mgMatrix4_c::rigidTransform(origin, {0, 2, 0}, {-3, 9, 0}));
@@ -161,19 +161,7 @@ TEST(Matrix4, RigidTransformIsTheFrameOfItsDirections) {
     EXPECT_TRUE(isMoveAlone({}, {0, 1, 0}));
     EXPECT_TRUE(isMoveAlone({1, 0, 0}, {}));
     EXPECT_TRUE(isMoveAlone({1, 1, 0}, {-2, -2, 0}));
-    support::Random random;
-    for (int i = 0; i < 500; ++i) {
-        mgUnitVector_c const x = support::direction(random), y = support::direction(random);
-        mgMatrix4_c const m = mgMatrix4_c::rigidTransform(origin, x, y), back = m.inverse();
-        ASSERT_NEAR(1, m.getDeterminant(), 1e-12);
-        ASSERT_LT(support::gap(mgVector_c(1, 0, 0), back.mult(origin + x)), 1e-12);
-        ASSERT_NEAR(0, (back * y).z(), 1e-12);
-        ASSERT_GT((back * y).y(), 0.0);
-    }
-}
-
-TEST(Matrix4, OuterProductFillsTheUpperLeft) {
-    ExpectElements({1, 2, 3, 0, 2, 4, 6, 0, 3, 6, 9, 0, 0, 0, 0, 1}, mgMatrix4_c::vvt({1, 2, 3}));
+    ExpectElements({1, 2, 3, 0, 2, 4, 6, 0, 3, 6, 9, 0, 0, 0, 0, 1}, mgMatrix4_c::vvt(origin));
 }
 
 } // namespace
