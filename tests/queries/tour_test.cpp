@@ -91,12 +91,6 @@ TEST(OpenTour, AgreesWithTheRule) {
     });
 }
 
-TEST(OpenTour, StartsFromTheLastTwoPointsHoweverNearTheyAre) {
-    EXPECT_EQ((Order{1, 2, 0}), tourOf({{10, 0, 0}, {0, 0, 0}, {1, 0, 0}}));
-    EXPECT_EQ((Order{0, 1, 2}), tourOf({{-5, 0, 0}, {0, 0, 0}, {1, 0, 0}}));
-    EXPECT_EQ((Order{1, 0, 2}), tourOf({{0.5, 0, 0}, {0, 0, 0}, {1, 0, 0}}));
-}
-
 TEST(OpenTour, EmptiesFillsAndReplacesTheOrderWithNotifications) {
     struct Listening : suDynamicArray<int> {
         void elementsChanged(int first, int last) override { told.emplace_back(first, last); }
