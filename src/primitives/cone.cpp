@@ -44,10 +44,12 @@ namespace {
 /// The candidates that project lowest and highest from the root along dir.
 void chooseExtremes(mgPoint_c const (&candidates)[4], mgPoint_c const &root,
                     mgUnitVector_c const &dir, mgPoint_c *out) {
-    // Two rim points lie opposite each other about the root, one at or below 0 and one at or above:
-    // starts that far out are always replaced, but by NaN.
-    double lowest = 1000.0;
-    double highest = -1000.0;
+    /// Where the search starts, in model units. Two rim points lie opposite each other about the
+    /// root, one at or below 0 and one at or above, so that starts this far out are replaced; only
+    /// NaN, or roots so far out that rounding moves the rim by as much, leave the first candidate.
+    constexpr double kStart = 1000.0;
+    double lowest = kStart;
+    double highest = -kStart;
     int low = 0;
     int high = 0;
     for (int i = 0; i < 4; ++i) {

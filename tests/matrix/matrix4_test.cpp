@@ -70,9 +70,8 @@ TEST(Matrix4, DifferenceOfAffineMatricesIsTheArgumentMinusThis) {
 TEST(Matrix4, OrderIsExactAndLexicographic) {
     mgMatrix4_c const a;
     mgMatrix4_c b;
-    EXPECT_FALSE(a < b || b < a);
     b(3, 2) = std::numeric_limits<double>::denorm_min();
-    EXPECT_TRUE(a < b && !(b < a) && !(a == b));
+    EXPECT_TRUE(a < b && !(b < a) && !(a < a) && !(a == b));
     b(0, 0) = below(1.0);
     EXPECT_TRUE(b < a && !(a < b));
 }

@@ -34,13 +34,11 @@ mgQuaternion_c slerp(mgQuaternion_c a, mgQuaternion_c const &b, double t) {
 TEST(Quaternion, EqualityIsStrictlyWithinItsBound) {
     for (int i = 0; i < 4; ++i) {
         mgQuaternion_c const q(0, 0, 0, 0);
-        mgQuaternion_c other = q;
-        other[i] = 1e-05;
-        EXPECT_EQ(0, q == other);
-        other[i] = support::above(-1e-05);
-        EXPECT_EQ(1, q == other);
+        mgQuaternion_c on = q, within = q;
+        on[i] = 1e-05;
+        within[i] = support::above(-1e-05);
+        EXPECT_TRUE(!(q == on) && q == within);
     }
-    EXPECT_EQ(0, mgQuaternion_c() == negated({}));
 }
 
 // Column sense: a rotation of row vectors comes out with the opposite angle.
