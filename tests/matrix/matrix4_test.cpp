@@ -120,14 +120,11 @@ TEST(Matrix4, ShortAxisTurnsOnlyByAnAngleAboveItsLength) {
 
 // Columns here and rows there: the same elements turn the other way.
 TEST(Matrix4, ConvertedMatrixTurnsRowVectorsTheOtherWay) {
-    mgUnitVector_c const x(1, 0, 0), y(0, 1, 0), z(0, 0, 1);
-    double const quarter = std::acos(0.0);
-    mgMatrix4_c const turn = placed({0, 0, 2}, quarter, 1, {1, 2, 3});
-    EXPECT_LT(support::gap(y, turn * mgVector_c(x)), 1e-15);
-    EXPECT_LT(support::gap(-y, mgVector_c(x) * turn.convertToMatrix()), 1e-15);
+    mgVector_c const x(1, 0, 0), y(0, 1, 0);
+    mgMatrix4_c const turn = placed({0, 0, 2}, std::acos(0.0), 1, {1, 2, 3});
+    EXPECT_LT(support::gap(y, turn * x), 1e-15);
+    EXPECT_LT(support::gap(-y, x * turn.convertToMatrix()), 1e-15);
     EXPECT_EQ(1, mgMatrix4_c::translationMatrix({1, 2, 3}).convertToMatrix().isIdentity());
-    EXPECT_NEAR(quarter, turn.getRotationAngle(7.0 * z), 1e-15);
-    EXPECT_NEAR(-quarter, mg_RotationMatrix(quarter, z, 0).getRotationAngle(&z), 1e-15);
 }
 
 TEST(Matrix4, AxisAngleAndInterpolationAreThoseOfTheRotation) {
@@ -140,7 +137,7 @@ TEST(Matrix4, AxisAngleAndInterpolationAreThoseOfTheRotation) {
         auto const at = [&](double s) {
             return placed(axis, angle * s, std::pow(scale, s), s * move);
         };
-        ASSERT_NEAR(angle, at(1).getRotationAngle(axis), 1e-14);
+        ASSERT_NEAR(angle, at(1).getRotationAngle(7.0 * axis), 1e-14);
         ASSERT_LT(support::gap(axis, at(1).getRotationAxis()), 1e-12);
         ASSERT_LT(mgMatrix4_c::interpolate(at(0), at(1), t).distTo(at(t)), 1e-12);
         ASSERT_EQ(1, mgMatrix4_c::interpolate(at(0), at(1), -t) == at(0));

@@ -12,11 +12,10 @@ using support::kNaN;
 
 constexpr double untouched = -777.0;
 
-void CheckQuadratic(double a, double b, double c, std::vector<double> expected) {
-    double roots[3] = {untouched, untouched, untouched};
-    EXPECT_EQ(expected.size(), static_cast<std::size_t>(mg_solveQuadratic(a, b, c, roots)));
-    expected.resize(3, untouched);
-    for (std::size_t i = 0; i < 3; ++i) EXPECT_EQ(expected[i], roots[i]) << b << " " << c;
+void CheckQuadratic(double a, double b, double c, std::vector<double> const &expected) {
+    double roots[2];
+    int const count = mg_solveQuadratic(a, b, c, roots);
+    EXPECT_EQ(expected, std::vector<double>(roots, roots + count)) << a << " " << b << " " << c;
 }
 
 TEST(Roots, OfAQuadraticAreNotSorted) {

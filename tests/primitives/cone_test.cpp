@@ -25,7 +25,8 @@ TEST(Cone, AnUnsetRadiusIsNotScaled) {
     EXPECT_EQ(2.0 * x.scaling(), cone.radius());
     EXPECT_BITS_EQ(mgPoint_c(1, 2, 3) * x, cone.rootPoint());
     EXPECT_BITS_EQ(up * x, cone.axis());
-    EXPECT_EQ(0.01, mgCylinder_c().radius() + mgCylinder_c().angle());
+    EXPECT_EQ(0.5 + 0.0, cone.angle() + mgCylinder_c().angle());
+    EXPECT_EQ(0.01, mgCylinder_c().radius());
 }
 
 TEST(Cone, TheRadiusAtTheRootIsThatOfAWideningCone) {
