@@ -10,6 +10,10 @@
 // `insertByScan` does just that, in n^3 work. `Tour` remembers for each point its own first
 // combination of least value and looks only at what an insertion changed. The two agree to the bit
 // for finite distances; NaN and infinity go to the scan.
+//
+// QUIRK: the path starts with the last two points however near they are, where a reader would
+// expect the two that are farthest apart. Drilling orders that were stored start so.
+// (test: StartsFromTheLastTwoPointsHoweverNearTheyAre)
 
 #include <vexmath/mg_queries.h>
 #include <vexmath/mg_vector.h>

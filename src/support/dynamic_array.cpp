@@ -249,6 +249,8 @@ void amDynamicArrayRemoveAt(void *array, int index, int n) {
 
 void *amDynamicArrayResize(void *array, int newCount) {
     if (!array) return nullptr;
+    // QUIRK: a larger count is ignored, where a reader would expect new elements. Callers cut to a
+    // count that the array may not have reached. (test: RefusedEditsChangeNothing)
     std::int32_t &count = headerOf(array)->count;
     count = std::min(count, std::max(newCount, 0));
     return array;
