@@ -27,7 +27,8 @@ public:
     mgBBox_c() = default;
     /// The cube around a sphere; a negative radius gives an unset box.
     mgBBox_c(mgPoint_c const &centre, double r);
-    /// The box of two opposite corners, in any order, with the sphere through them.
+    /// The box of two opposite corners, in any order, with the sphere through them. A NaN of b
+    /// counts as the coordinate of a; a NaN of a leaves the box unset.
     mgBBox_c(mgPoint_c const &a, mgPoint_c const &b);
 
     void set(mgPoint_c const &centre, double r); ///< as the constructor
@@ -36,7 +37,8 @@ public:
     VEXMATH_API void set(double const *lowHigh);
     void set(mgPoint_c const &) = delete; // which would pass for an array of six
     void set(mgVector_c const &) = delete;
-    VEXMATH_API void set2Points(mgPoint_c const *a, mgPoint_c const *b); ///< as the constructor
+    /// As the constructor. REQUIRES a and b not null.
+    VEXMATH_API void set2Points(mgPoint_c const *a, mgPoint_c const *b);
     void setSphereOnly(mgPoint_c const &centre, double r);
     void setCornersOnly(mgPoint_c const &low, mgPoint_c const &high); ///< not sorted
     /// Unset by its corners, low (0, 0, 0) and high (0, 0, -2); the sphere stays as it was.
@@ -78,16 +80,21 @@ public:
     VEXMATH_API void translate(mgVector_c const &v); ///< unset boxes too; they stay unset
     mgBBox_c &operator+=(mgVector_c const &v);       ///< as translate
     /// Grows by d on every side, or shrinks. A radius that becomes negative unsets the box. An
-    /// unset box (radius -2) becomes set when grown by 2 or more: callers seed boxes that way.
+    /// unset box is grown alike: the default one (radius -2) becomes set by 2 or more, but not
+    /// valid, and one unset by its corners alone becomes set where the step closes the gap, or by
+    /// any shrinking that leaves the radius.
     VEXMATH_API mgBBox_c &operator+=(double d);
-    /// Scales corners and sphere about the middle of the corners; s is not checked.
+    /// Scales corners and sphere about the middle of the corners, an unset box about (0, 0, 0); s
+    /// is not checked.
     VEXMATH_API mgBBox_c &operator*=(double s);
     /// Encloses the image of the box, ignoring perspective: exact for axis-aligned rotations, wider
-    /// otherwise, but never beyond the cube around the transformed sphere.
+    /// otherwise, but never beyond the cube around the transformed sphere. A box that is unset by
+    /// its radius stays so; one unset by its corners alone may become set.
     VEXMATH_API mgBBox_c &operator*=(mgXform_c const &x);
     /// Encloses p as well. An unset or invalid box becomes the point.
     mgBBox_c &operator|=(mgPoint_c const &p);
-    /// Encloses b as well, unless b is not valid. An unset box becomes b.
+    /// Encloses b as well, unless b is not valid. An unset box becomes b; one that is set but not
+    /// valid enters as it is.
     VEXMATH_API mgBBox_c &operator|=(mgBBox_c const &b);
     /// The common part of the corners with a new sphere through them. Unset when a gap of 1e-08 or
     /// more lies between them on an axis; a narrower gap becomes a box as wide as the gap.
@@ -96,7 +103,7 @@ public:
     // Interference. Every test is 0 for an unset box unless it says that it does not look.
 
     /// Does the plane meet the box: is a corner strictly nearer to it than tol, or do corners lie
-    /// on both sides? A tol below 1e-08 counts as 1e-08.
+    /// on both sides? A tol below 1e-08, or of NaN, counts as 1e-08.
     VEXMATH_API int clash(mgPlane_c const &plane, double tol) const;
     /// Do the boxes clash? tol widens the gap that is bridged between corners and spheres, and
     /// again the squared radii as a factor (1 + tol). Boxes that share a single corner do not
@@ -112,9 +119,11 @@ public:
     /// spheres are no farther apart than their radii and tol. 0 for null.
     VEXMATH_API int containsBBox(mgBBox_c const *b, double tol) const;
     /// 1 when p lies in the box grown by tol, bound included. Does not look at the set state: the
-    /// corners of an unset box decide too.
+    /// corners of an unset box decide too. A coordinate of NaN, of p or of a corner, excludes
+    /// nothing, nor does a tol of NaN.
     VEXMATH_API int containsPoint(mgPoint_c const &p, double tol) const;
-    /// The same without looking along one axis, 0, 1 or 2 for x, y, z.
+    /// The same without looking along one axis, 0, 1 or 2 for x, y, z; any other number ignores
+    /// none.
     VEXMATH_API int containsPoint(mgPoint_c const &p, double tol, int ignoredAxis) const;
     /// Does the segment meet the box? Its own box must clash with this one within 1e-08, or within
     /// tol, and its line must meet the sphere, whose squared radius tol widens. The faces are not

@@ -90,6 +90,9 @@ int mgBBox_c::isValid() const {
         double const centre = sphCentre_[i];
         bool const reached =
             std::fabs(low_[i] - centre) <= reach && std::fabs(high_[i] - centre) <= reach;
+        // QUIRK: an axis along which the centre is that far out is not looked at, where a reader
+        // would expect the tolerance to grow with the distance. Parts placed astray keep their
+        // bounds by it. (test: ACentreFarOutIsNotHeldAgainstTheCorners)
         // The division last: unions test every point that is new to them.
         if (!reached && !(std::fabs(centre / tol) >= kNoDigitsLeft)) return 0;
     }
@@ -143,6 +146,9 @@ void mgBBox_c::translate(mgVector_c const &v) {
 }
 
 mgBBox_c &mgBBox_c::operator+=(double d) {
+    // QUIRK: an unset box grows by the same rule, out of the numbers that it happens to hold, where
+    // a reader would expect it to stay unset. Callers seed boxes with a default one grown by 2 or
+    // more. (test: AnUnsetBoxBecomesSetByGrowing)
     mgVector_c const step(d, d, d);
     sphRadius_ += d;
     if (!(sphRadius_ >= 0.0)) {
@@ -249,6 +255,9 @@ void mgBBox_c::clipCornersToSphere() {
 }
 
 mgBBox_c &mgBBox_c::operator|=(mgBBox_c const &b) {
+    // QUIRK: the operand must be valid, and this box only set; a reader would expect the same of
+    // both, as of the union with a point. Boxes whose halves were set one by one gather parts
+    // without losing what they hold. (test: AUnionAsksMoreOfItsOperandThanOfItself)
     if (!b.isValid()) return *this;
     if (!isSet()) return *this = b;
     low_ = lower(low_, b.low_);
