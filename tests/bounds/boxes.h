@@ -20,6 +20,13 @@ inline mgBBox_c boxOf(mgPoint_c const &centre, double r, mgPoint_c const &low,
     return box;
 }
 
+/// One of the ten doubles: sphere centre, high corner, low corner, radius.
+inline double doubleOf(mgBBox_c const &box, int k) {
+    double all[10];
+    std::memcpy(all, &box, sizeof all);
+    return all[k];
+}
+
 /// The box with one of its ten doubles replaced.
 inline mgBBox_c withDouble(mgBBox_c box, int k, double value) {
     std::memcpy(reinterpret_cast<char *>(&box) + 8 * k, &value, 8);
@@ -33,13 +40,10 @@ inline mgBBox_c cube(double low, double high) {
 
 inline ::testing::AssertionResult bitsEqual(char const *aText, char const *bText, mgBBox_c const &a,
                                             mgBBox_c const &b) {
-    double p[10], q[10];
-    std::memcpy(p, &a, sizeof p);
-    std::memcpy(q, &b, sizeof q);
-    for (int k = 0; k < 10; ++k) {
-        if (!sameBits(p[k], q[k])) return bitsEqual(aText, bText, p[k], q[k]) << ", double " << k;
-    }
-    return ::testing::AssertionSuccess();
+    auto result = ::testing::AssertionSuccess();
+    for (int k = 0; k < 10 && result; ++k)
+        result = bitsEqual(aText, bText, doubleOf(a, k), doubleOf(b, k));
+    return result;
 }
 
 } // namespace support

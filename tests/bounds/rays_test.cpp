@@ -1,229 +1,163 @@
 // SPDX-License-Identifier: MIT
-// Boxes against lines and rays, their range along a line, and the planar extent.
+// Boxes against lines and rays, their range along a line, the planar extent, and every operation of
+// boxes on numbers made to break it.
 
-#include <vexmath/bbox.h>
 #include <vexmath/general_box.h>
 #include <vexmath/mg_bounds.h>
-#include <vexmath/mg_transform.h>
 #include <vexmath/plane.h>
 
-#include <algorithm>
-#include <utility>
+#include <array>
 
-#include "support/geometry.h"
+#include "bounds/boxes.h"
 
 namespace {
 
-using support::below;
+using namespace support;
+using P = mgPoint_c;
+using U = mgUnitVector_c;
 
-mgBBox_c const box(mgPoint_c(0.0, 0.0, 0.0), mgPoint_c(1.0, 2.0, 3.0));
-mgUnitVector_c const xAxis(1.0, 0.0, 0.0);
+mgBBox_c const box(P(), P(1, 2, 3));
+U const xAxis(1, 0, 0), none;
 
-/// The box with a negative radius: unset, its corners as they were.
-mgBBox_c unsetBySphere(mgBBox_c b) {
-    b.setSphereOnly(b.center(), -1.0);
-    return b;
-}
+mgBBox_c const unset = boxOf(P(), -1, P(), P(1, 2, 3)); // by its radius alone
 
 TEST(SphereHit, SphereToleranceIsAddedToTheSquaredRadius) {
-    mgBBox_c const ball(mgPoint_c(0.0, 0.0, 0.0), 3.0);
-    mgPoint_c const p(-100.0, 5.0, 0.0); // the line passes at 5
-    EXPECT_EQ(ball.sphereHitByRay(p, xAxis), 0);
-    EXPECT_EQ(ball.sphereHitByRay2(p, xAxis, 15.9), 0);
-    EXPECT_EQ(ball.sphereHitByRay2(p, xAxis, 16.0 - 1.9e-08), 1);
-    EXPECT_EQ(ball.sphereHitByRay2(p, xAxis, 16.0 - 2.1e-08), 0);
-    EXPECT_EQ(ball.sphereHitByRay(mgPoint_c(100.0, 3.0, 0.0), xAxis), 1); // behind p, too
+    mgBBox_c const ball(P(), 3);
+    P const p(-100, 5, 0); // the line passes at 5
+    EXPECT_EQ(0, ball.sphereHitByRay(p, xAxis));
+    EXPECT_EQ(1, ball.sphereHitByRay2(p, xAxis, 16 - 1.9e-08));
+    EXPECT_EQ(0, ball.sphereHitByRay2(p, xAxis, 16 - 2.1e-08));
+    EXPECT_EQ(1, ball.sphereHitByRay(P(100, 3, 0), xAxis));       // behind p, too
+    EXPECT_EQ(1, unset.sphereHitByRay(P(5, 1.414e-4, 0), xAxis)); // unset is (0, 0, 0)
+    EXPECT_EQ(0, unset.sphereHitByRay(P(5, 1.415e-4, 0), xAxis));
+    EXPECT_EQ(1, unset.sphereHitByRay(P(5, 1, 0), none)); // without a direction all are hit
 }
 
-TEST(SphereHit, AnUnsetBoxIsThePointAtTheOrigin) {
-    mgBBox_c const unset = unsetBySphere(box);
-    EXPECT_EQ(unset.sphereHitByRay(mgPoint_c(5.0, 1.414e-4, 0.0), xAxis), 1);
-    EXPECT_EQ(unset.sphereHitByRay(mgPoint_c(5.0, 1.415e-4, 0.0), xAxis), 0);
-    EXPECT_EQ(unset.sphereHitByRay(box.center(), xAxis), 0);
-    EXPECT_EQ(unset.sphereHitByRay(box.center(), mgUnitVector_c()), 1); // no direction
+void CheckHit(int expected, P const &p, U const &dir) {
+    EXPECT_EQ(box.isRayHit(p, dir), expected) << p.x() << ' ' << p.y() << ' ' << p.z();
 }
 
-void CheckHit(int expected, mgPoint_c const &p, mgUnitVector_c const &dir) {
-    EXPECT_EQ(box.isRayHit(p, dir), expected)
-        << '(' << p.x() << ", " << p.y() << ", " << p.z() << ") along (" << dir.x() << ", "
-        << dir.y() << ", " << dir.z() << ')';
-}
-
-TEST(RayHit, ALineHitsTheInsideOfFacesAlone) {
-    CheckHit(1, {-5.0, 1.0, 1.0}, {1.0, 0.0, 0.0});
-    CheckHit(1, {0.5, -5.0, 1.0}, {0.0, 1.0, 0.0});
-    CheckHit(1, {0.5, 1.0, -5.0}, {0.0, 0.0, 1.0});
-    CheckHit(0, {-5.0, 2.0, 1.0}, {1.0, 0.0, 0.0});  // along a face
-    CheckHit(0, {-5.0, 0.0, 0.0}, {1.0, 0.0, 0.0});  // along an edge
-    CheckHit(0, {-1.0, 1.0, 1.0}, {1.0, -1.0, 0.0}); // through an edge, from outside
-    CheckHit(1, {-0.5, 1.0, 1.0}, {1.0, -1.0, 0.0});
-    CheckHit(0, {0.5, 1.0, 1.0}, {0.0, 0.0, 0.0}); // no direction
-    mgBBox_c const aroundOrigin(mgPoint_c(-1.0, -1.0, -1.0), mgPoint_c(1.0, 1.0, 1.0));
-    EXPECT_EQ(unsetBySphere(aroundOrigin).isRayHit(mgPoint_c(), xAxis), 0);
-}
-
-TEST(RayHit, ALineHitsBehindItsPointToo) {
-    CheckHit(1, {5.0, 1.0, 1.0}, {1.0, 0.0, 0.0});
-    CheckHit(1, {0.5, 1.0, 1.0}, {1.0, 0.0, 0.0});
-}
-
-TEST(RayHit, ALineAlmostAlongTheFacesPassesBetweenThem) {
-    // Only the faces across z can be hit: those across x are too far out.
-    mgBBox_c const slab(mgPoint_c(-1e9, -1.0, -1.0), mgPoint_c(1e9, 1.0, 1.0));
-    mgUnitVector_c dir;
-    dir.set(1.0, 0.0, 1e-08);
-    EXPECT_EQ(slab.isRayHit(mgPoint_c(), dir), 1);
-    dir.set_z(below(1e-08));
-    EXPECT_EQ(slab.isRayHit(mgPoint_c(), dir), 0);
-    dir.set_z(-1e-08);
-    EXPECT_EQ(slab.isRayHit(mgPoint_c(), dir), 1);
-}
-
-void CheckFirstHit(mgBBox_c const &b, mgPoint_c const &p, mgUnitVector_c const &dir,
-                   mgPoint_c const &expected) {
-    mgPoint_c hit(9.0, 9.0, 9.0);
-    EXPECT_EQ(b.getFirstRayHit(p, dir, &hit), 1);
-    EXPECT_BITS_EQ(expected, hit);
-    hit = p;
-    EXPECT_EQ(b.getFirstRayHit(hit, dir, &hit), 1); // the output is the input
-    EXPECT_BITS_EQ(expected, hit);
-}
-
-void CheckNoHit(mgBBox_c const &b, mgPoint_c const &p, mgUnitVector_c const &dir) {
-    mgPoint_c hit(9.0, 9.0, 9.0);
-    EXPECT_EQ(b.getFirstRayHit(p, dir, &hit), 0);
-    EXPECT_BITS_EQ(mgPoint_c(9.0, 9.0, 9.0), hit);
-}
-
-TEST(FirstRayHit, TheRayBeginsAtItsPoint) {
-    CheckFirstHit(box, {-5.0, 1.0, 1.0}, xAxis, {0.0, 1.0, 1.0});
-    CheckFirstHit(box, {0.25, 1.0, 1.0}, xAxis, {1.0, 1.0, 1.0}); // from inside: the exit
-    CheckNoHit(box, {5.0, 1.0, 1.0}, xAxis);
-    CheckFirstHit(box, {0.0, 1.0, 1.0}, xAxis, {1.0, 1.0, 1.0}); // on a face, looking in
-    CheckNoHit(box, {1.0, 1.0, 1.0}, xAxis);                     // and out
-    CheckFirstHit(box, {2.0, 1.0, 1.0}, {-1.0, 0.0, 0.0}, {1.0, 1.0, 1.0});
-    CheckFirstHit(box, {0.5, 1.0, 7.0}, {0.0, 0.0, -1.0}, {0.5, 1.0, 3.0});
-    CheckNoHit(box, {0.5, 1.0, 1.0}, mgUnitVector_c());
-}
-
-TEST(FirstRayHit, FacesAreAToleranceWider) {
-    CheckFirstHit(box, {-5.0, 2.0, 1.0}, xAxis, {0.0, 2.0, 1.0}); // along a face
-    CheckFirstHit(box, {-5.0, -1e-08, 1.0}, xAxis, {0.0, -1e-08, 1.0});
-    CheckNoHit(box, {-5.0, below(-1e-08), 1.0}, xAxis);
-}
-
-TEST(FirstRayHit, HitsBeyondTheFarthestDistanceDoNotCount) {
-    mgBBox_c const nearer(mgPoint_c(0.9e32, -1.0, -1.0), mgPoint_c(2e32, 1.0, 1.0));
-    mgBBox_c const farther(mgPoint_c(1e32, -1.0, -1.0), mgPoint_c(2e32, 1.0, 1.0));
-    CheckFirstHit(nearer, mgPoint_c(), xAxis, {0.9e32, 0.0, 0.0});
-    CheckNoHit(farther, mgPoint_c(), xAxis);
-}
-
-TEST(FirstRayHit, TheSetStateDoesNotMatter) {
-    CheckFirstHit(unsetBySphere(box), {-5.0, 1.0, 1.0}, xAxis, {0.0, 1.0, 1.0});
-    CheckNoHit(mgBBox_c(), {-5.0, 0.0, 0.0}, xAxis); // the corners of an empty box hold no point
-}
-
-/// Parameters between which the line is inside the box, by clipping it at each pair of faces.
-std::pair<double, double> insideOf(mgBBox_c const &b, mgPoint_c const &p, mgVector_c const &dir) {
-    std::pair<double, double> range(-1e300, 1e300);
-    for (int i = 0; i < 3; ++i) {
-        auto const [in, out] =
-            std::minmax({(b.low()[i] - p[i]) / dir[i], (b.high()[i] - p[i]) / dir[i]});
-        range = {std::max(range.first, in), std::min(range.second, out)};
+TEST(RayHit, OnlyTheInsideOfFacesIsHit) {
+    CheckHit(1, {-5, 1, 1}, xAxis);
+    CheckHit(0, {-5, 2, 1}, xAxis);      // along a face
+    CheckHit(0, {-1, 1, 1}, {1, -1, 0}); // through an edge, from outside
+    CheckHit(1, {-0.5, 1, 1}, {1, -1, 0});
+    CheckHit(0, {0.5, 1, 1}, none);
+    EXPECT_EQ(unset.isRayHit(P(0.5, 1, 1), xAxis), 0);
+    // Only the faces across z of a wide slab can be hit: those across x are too far out.
+    mgBBox_c const slab(P(-1e9, -1, -1), P(1e9, 1, 1));
+    for (double const z : {1e-08, -1e-08, below(1e-08)}) {
+        U almost;
+        almost.set(1, 0, z);
+        EXPECT_EQ(slab.isRayHit(P(), almost), std::fabs(z) == 1e-08);
     }
-    return range;
 }
 
-TEST(RayHit, RandomRaysAgreeWithClipping) {
-    constexpr double kRounding = 1e-12; // coordinates are below 20, no direction is near a face
-    support::Random random;
+/// Expects a hit there; none where the point expected is (9, 9, 9).
+void CheckFirstHit(mgBBox_c const &b, P const &p, U const &dir, P const &expected = P(9, 9, 9)) {
+    P hit(9, 9, 9), same = p; // or the output is the input
+    int const found = expected.x() != 9;
+    EXPECT_EQ(b.getFirstRayHit(p, dir, &hit), found);
+    EXPECT_BITS_EQ(expected, hit);
+    EXPECT_EQ(b.getFirstRayHit(same, dir, &same), found);
+    EXPECT_BITS_EQ(found ? expected : p, same);
+}
+
+TEST(FirstRayHit, TheRayBeginsAtItsPointAndFacesAreAToleranceWider) {
+    CheckFirstHit(box, {-5, 1, 1}, xAxis, {0, 1, 1});
+    CheckFirstHit(box, {0.25, 1, 1}, xAxis, {1, 1, 1}); // from inside: the exit
+    CheckFirstHit(box, {5, 1, 1}, xAxis);
+    CheckFirstHit(box, {0, 1, 1}, xAxis, {1, 1, 1}); // on a face, looking in
+    CheckFirstHit(box, {1, 1, 1}, xAxis);            // and out
+    CheckFirstHit(box, {0.5, 1, 7}, {0, 0, -1}, {0.5, 1, 3});
+    CheckFirstHit(box, {0.5, 1, 1}, none);
+    CheckFirstHit(box, {-5, 2, 1}, xAxis, {0, 2, 1}); // along a face
+    CheckFirstHit(box, {-5, -1e-08, 1}, xAxis, {0, -1e-08, 1});
+    CheckFirstHit(box, {-5, below(-1e-08), 1}, xAxis);
+    CheckFirstHit({P(0.9e32, -1, -1), P(2e32, 1, 1)}, P(), xAxis, {0.9e32, 0, 0});
+    CheckFirstHit({P(1e32, -1, -1), P(2e32, 1, 1)}, P(), xAxis); // too far
+    CheckFirstHit(unset, {-5, 1, 1}, xAxis, {0, 1, 1});
+    CheckFirstHit(mgBBox_c(), {-5, 0, 0}, xAxis); // the corners of an empty box hold no point
+}
+
+/// Random rays against clipping at each pair of faces.
+TEST(RayHit, ALineHitsBehindItsPointToo) {
+    Random random;
     int hits = 0;
     for (int n = 0; n < 20000; ++n) {
-        mgBBox_c const b(random.triple<mgPoint_c>(-2.0, 2.0), random.triple<mgPoint_c>(-2.0, 2.0));
-        auto const p = random.triple<mgPoint_c>(-5.0, 5.0);
-        auto const dir = mg_Normalise(random.triple<mgVector_c>(-2.0, 2.0) - p);
-        auto const [in, out] = insideOf(b, p, dir);
-        double const steepest =
-            std::min({std::fabs(dir.x()), std::fabs(dir.y()), std::fabs(dir.z())});
+        mgBBox_c const b(random.triple<P>(-2, 2), random.triple<P>(-2, 2));
+        P const p = random.triple<P>(-5, 5);
+        U const dir = mg_Normalise(random.triple<P>(-2, 2) - p);
+        double in = -1e300, out = 1e300, steepest = 1;
+        for (int i = 0; i < 3; ++i) {
+            double const a = (b.low()[i] - p[i]) / dir[i], c = (b.high()[i] - p[i]) / dir[i];
+            in = std::max(in, std::min(a, c));
+            out = std::min(out, std::max(a, c));
+            steepest = std::min(steepest, std::fabs(dir[i]));
+        }
         if (steepest < 1e-3 || std::fabs(out - in) < 1e-6) continue;
-
         EXPECT_EQ(b.isRayHit(p, dir), in < out);
         EXPECT_EQ(b.isRayHit(p, -dir), in < out);
-        mgPoint_c hit;
-        bool const isAhead = in < out && out > 0.0;
-        ASSERT_EQ(b.getFirstRayHit(p, dir, &hit), isAhead);
-        if (isAhead) {
-            EXPECT_LT((hit - (p + (in > 0.0 ? in : out) * dir)).len(), kRounding / steepest);
-        }
-        hits += isAhead;
+        P hit;
+        ASSERT_EQ(b.getFirstRayHit(p, dir, &hit), in < out && out > 0);
+        if (in >= out || out <= 0) continue;
+        EXPECT_LT(dist(hit, p + (in > 0 ? in : out) * dir), 1e-12 / steepest);
+        ++hits;
     }
     EXPECT_GT(hits, 1000);
 }
 
-TEST(LimitRay, TheRangeSpansTheCorners) {
-    double tmin = 0.0, tmax = 0.0;
-    box.limitRay(mgPoint_c(1.0, 1.0, 1.0), mgUnitVector_c(0.0, 0.6, -0.8), &tmin, &tmax);
+TEST(LimitRay, TheRangeSpansTheCornersOfUnsetBoxesToo) {
+    double tmin = 0, tmax = 0;
+    unset.limitRay(P(1, 1, 1), U(0, 0.6, -0.8), &tmin, &tmax);
     EXPECT_DOUBLE_EQ(tmin, -0.6 - 1.6);
     EXPECT_DOUBLE_EQ(tmax, 0.6 + 0.8);
-    mgBBox_c().limitRay(mgPoint_c(0.5, 0.0, 0.0), xAxis, &tmin, &tmax); // corners as they are
-    EXPECT_EQ(tmin, -1.5);
-    EXPECT_EQ(tmax, 0.5);
-}
-
-void CheckExtent(mgXform_c const &x, double grow, std::initializer_list<double> expected) {
-    double extent[4];
-    mg_FindBBox(mgPoint_c(4.0, 1.0, 9.0), mgPoint_c(2.0, 5.0, -9.0), x, extent, grow);
-    EXPECT_TRUE(std::equal(expected.begin(), expected.end(), extent))
-        << extent[0] << ' ' << extent[1] << ' ' << extent[2] << ' ' << extent[3];
 }
 
 TEST(FindBBox, ThePlanarExtentIsTransformedAndGrown) {
-    mgXform_c const turn = mg_RotateXform(1.5707963267949, mgVector_c(0.0, 0.0, 1.0), 1e-9);
-    mgXform_c const placed = turn * mg_TranslateXform(mgVector_c(10.0, 0.0, 0.0));
-    CheckExtent(mgXform_c(), 0.0, {2.0, 1.0, 4.0, 5.0});
-    CheckExtent(placed, 0.0, {5.0, 2.0, 9.0, 4.0});
-    CheckExtent(placed, 0.5, {4.5, 1.5, 9.5, 4.5});
-    CheckExtent(placed, -1.5, {6.5, 3.0, 7.5, 3.0}); // too narrow in y: closed in the middle
-    CheckExtent(placed, -100.0, {1.0, 1.0, -1.0, -1.0});
+    mgXform_c const turn = mg_RotateXform(1.5707963267949, mgVector_c(0, 0, 1), 1e-9);
+    mgXform_c const placed = turn * mg_TranslateXform(mgVector_c(10, 0, 0));
+    auto const check = [](mgXform_c const &x, double grow, std::array<double, 4> const &expected) {
+        double extent[4];
+        mg_FindBBox(P(4, 1, 9), P(2, 5, -9), x, extent, grow);
+        EXPECT_TRUE(std::equal(expected.begin(), expected.end(), extent)) << grow;
+    };
+    check(mgXform_c(), 0, {2, 1, 4, 5});
+    check(placed, 0.5, {4.5, 1.5, 9.5, 4.5});
+    check(placed, -1.5, {6.5, 3, 7.5, 3}); // too narrow in y: closed in the middle
+    check(placed, -100, {1, 1, -1, -1});
 }
 
 TEST(Hostile, NoInputTrapsOrLeavesTheRangeOfResults) {
-    support::Random random;
-    auto const triple = [&] {
-        double const x = random.hostile(), y = random.hostile(), z = random.hostile();
-        return mgVector_c(x, y, z);
-    };
-    auto const direction = [&] { // normalised, or as restored from a document
-        mgUnitVector_c dir(triple(), 0);
-        if (random.below(2) != 0) dir.set(triple());
-        return dir;
-    };
+    Random random;
     for (int n = 0; n < 30000; ++n) {
-        mgPoint_c const a = triple(), b = triple();
-        mgUnitVector_c const dir = direction(), dir2 = direction();
-        double const tol = random.hostile(), size = random.hostile();
-        mgBBox_c hostile(a, b);
-        if (random.below(2) != 0) hostile.setCornersOnly(triple(), triple());
-        if (random.below(2) != 0) hostile.setSphereOnly(triple(), size);
-        mgPlane_c plane(triple(), direction());
+        auto const p = random.hostile<mgPoint_c>(), q = random.hostile<mgPoint_c>();
+        auto const dir = mgUnitVector_c(random.hostile<mgVector_c>(), 0);
+        auto const asRestored = random.hostile<mgUnitVector_c>();
+        auto const plane = random.hostile<mgPlane_c>();
+        double const tol = random.hostile();
+        mgXform_c x(dir, asRestored, random.hostile<mgVector_c>()), placing;
         mgPoint_c hit;
-        int const results[] = {hostile.clash(plane, tol),      hostile.clashLine(&a, &b),
-                               hostile.clashLine(&a, &b, tol), hostile.sphereHitByRay(a, dir),
-                               hostile.isRayHit(a, dir),       hostile.sphereHitByRay2(a, dir, tol),
-                               box.isRayHit(a, dir),           hostile.getFirstRayHit(a, dir, &hit),
-                               box.clash(plane, tol),          box.getFirstRayHit(a, dir, &hit)};
-        for (int const result : results) ASSERT_TRUE(result == 0 || result == 1);
-
+        mgBBox_c const kinds[] = {cube(0, 1), {p, q}, {q, tol}, random.hostile<mgBBox_c>()};
+        mgBBox_c const &a = kinds[random.below(4)], &b = kinds[random.below(4)];
+        int const all = a.clash(plane, tol) | a.clash(&b, tol) | mgBBox_c::clash(a, x, b, placing)
+                        | mgBBox_c::clash(a, x, b, x) | a.containsBBox(&b, tol)
+                        | a.containsPoint(p, tol) | a.containsPoint(p, tol, random.below(3))
+                        | a.clashLine(&p, &q) | a.clashLine(&p, &q, tol) | a.sphereHitByRay(p, dir)
+                        | a.sphereHitByRay2(p, asRestored, tol) | a.isRayHit(p, dir)
+                        | a.isRayHit(p, asRestored) | a.getFirstRayHit(p, dir, &hit)
+                        | a.isSame(b, tol) | a.getFirstRayHit(p, asRestored, &hit);
+        ASSERT_EQ(all & ~1, 0);
+        mgBBox_c changed = a;
+        ((changed *= x) &= b) *= tol;
         double extent[4];
-        hostile.limitRay(a, dir, &extent[0], &extent[1]);
-        mg_FindBBox(a, b, mgXform_c(dir, dir2, triple()), extent, tol);
-        mgParallelogram_c plate(a, dir, dir2, tol, size);
-        plate.isPointInside(b);
+        a.limitRay(p, asRestored, &extent[0], &extent[1]);
+        mg_FindBBox(p, q, x, extent, tol);
+        auto plate = random.hostile<mgParallelogram_c>();
+        plate.isPointInside(p);
         plate.getExtremPts(dir, hit, hit);
-        mgGeneralBox_c const block(a, dir, dir2, tol, size, random.hostile());
-        mgXform_c placing;
-        block.getBBoxAndXform(hostile, placing);
+        auto const block = random.hostile<mgGeneralBox_c>();
+        block.getBBoxAndXform(changed, placing);
         block.projectToPlane(plane, plate);
     }
 }

@@ -53,6 +53,17 @@ public:
     /// One of the hostile values below.
     double hostile();
 
+    /// A record of doubles alone, each of them hostile, as one restored from a document may be.
+    template <class T>
+    T hostile() {
+        T record;
+        for (std::size_t at = 0; at < sizeof record; at += sizeof(double)) {
+            double const value = hostile();
+            std::memcpy(reinterpret_cast<char *>(&record) + at, &value, sizeof value);
+        }
+        return record;
+    }
+
 private:
     std::mt19937_64 engine_{seed()};
     ::testing::ScopedTrace trace_{__FILE__, __LINE__,
