@@ -3,134 +3,112 @@
 
 #include "polyline.h"
 
-#include <limits>
-
 namespace {
 
-using support::Polyline;
+using namespace support;
+using P = mgPoint_c;
 
-double const kNaN = std::numeric_limits<double>::quiet_NaN();
-
-Polyline polylineOf(arcEdgeData const &arc, mgPoint_c const &start, mgPoint_c const &end,
-                    double tol) {
-    return support::handedOut([&](auto array, int &count, auto list) {
+Polyline polylineOf(arcEdgeData const &arc, P const &start, P const &end, double tol) {
+    return handedOut([&](auto array, int &count, auto list) {
         mg_TessArc(&arc, &start, &end, tol, array, count, list);
     });
 }
 
-mgPoint_c onCircle(double radius, double angle) {
-    return {radius * std::cos(angle), radius * std::sin(angle), 0.0};
+P onCircle(double radius, double angle) {
+    return {radius * std::cos(angle), radius * std::sin(angle), 0};
 }
 
-/// An arc about the origin and the z axis, from the x axis on.
-Polyline planar(double radius, double sweep, double tol) {
-    return polylineOf({{}, {0, 0, 1}, radius}, {radius, 0, 0}, onCircle(radius, sweep), tol);
-}
-
-void CheckSegments(double sweepDeg, double tol, int expected) {
-    EXPECT_EQ(support::segmentsOf(planar(10.0, sweepDeg * vexmath::kRadPerDeg, tol)), expected)
-        << sweepDeg << " degrees, tol " << tol;
+/// Segments of an arc about the origin and the z axis.
+int segments(double radius, P const &start, P const &end, double tol) {
+    return segmentsOf(polylineOf({{}, {0, 0, 1}, radius}, start, end, tol));
 }
 
 } // namespace
 
 TEST(TessArc, CountsSegmentsByToleranceBetweenAnEighthAndA120th) {
-    CheckSegments(0.0, 0.01, 140); // equal ends: all around
-    CheckSegments(90.0, 0.01, 35); // pi / 2 over acos(0.999)
-    CheckSegments(90.0, 1e9, 8);
-    CheckSegments(90.0, 1e-9, 120);
-    CheckSegments(90.0, 0.0, 120);
-    CheckSegments(90.0, -1.0, 120);
-    CheckSegments(0.0, 1e9, 16); // an eighth of half a turn
-    CheckSegments(0.0, 1e-9, 240);
-    CheckSegments(4.0, 1e9, 8);
-    CheckSegments(2.0, 1e9, 8); // not the two that are the least of other curves
-    CheckSegments(2.0, 10.0, 8);
-    CheckSegments(90.0, kNaN, 8);
+    // Degrees, tolerance, segments. Equal ends go all around, in eighths of half a turn. Small arcs
+    // have eight segments too, not the few that are the least of other curves.
+    double const rows[][3] = {{0, 0.01, 140}, {90, 0.01, 35}, {90, 1e9, 8},  {90, 1e-9, 120},
+                              {90, 0, 120},   {90, -1, 120},  {90, kNaN, 8}, {0, 1e9, 16},
+                              {0, 1e-9, 240}, {4, 1e9, 8},    {2, 1e9, 8},   {2, 10, 8}};
+    for (auto const &[degrees, tol, expected] : rows) {
+        P const end = onCircle(10, degrees * vexmath::kRadPerDeg);
+        EXPECT_EQ(expected, segments(10, {10, 0, 0}, end, tol)) << degrees << ' ' << tol;
+    }
+    // A sweep too small for a step is one segment, between different radii.
+    EXPECT_EQ(1, segments(1, {1, 0, 0}, {2, 0, 0}, 1e9));
+    EXPECT_EQ(1, segments(1, {1, 0, 0}, {2, 1.5e-10, 0}, 1e9)); // the step is an eighth of 7.5e-11
+    EXPECT_EQ(8, segments(1, {1, 0, 0}, {2, 1.7e-10, 0}, 1e9));
 }
 
-TEST(TessArc, ASweepTooSmallForAStepIsOneSegment) {
-    auto const segments = [](double x, double y) {
-        return support::segmentsOf(polylineOf({{}, {0, 0, 1}, 1.0}, {1, 0, 0}, {x, y, 0}, 1e9));
-    };
-    EXPECT_EQ(segments(2.0, 0.0), 1);     // on one ray, at different distances
-    EXPECT_EQ(segments(2.0, 1.5e-10), 1); // the step is an eighth of 7.5e-11
-    EXPECT_EQ(segments(2.0, 1.7e-10), 8);
+TEST(TessArc, DegenerateInputMakesNothing) {
+    P const p{1, 0, 0}, q{0, 1, 0};
+    EXPECT_EQ(8, segments(1e-09, p, q, 0.01));
+    EXPECT_EQ(0, segments(below(1e-09), p, q, 0.01));
+    EXPECT_EQ(0, segments(-1, p, q, 0.01));
+    EXPECT_EQ(0, segments(1, {5e-10, 5e-10, 0}, q, 0.01));
+    EXPECT_EQ(0, segments(1, p, {0, 0, 5e-10}, 0.01));
+    EXPECT_EQ(11, segments(1, {1e-09, 0, 0}, q, 0.01));
+    EXPECT_EQ(0, segments(1, p, {kNaN, 0, 0}, 0.01));
 }
 
 TEST(TessArc, GoesCounterClockwiseAboutTheNormalInEqualSteps) {
-    support::Random random;
+    Random random;
     for (int round = 0; round < 200; ++round) {
-        double const radius = random.uniform(0.1, 100.0);
-        auto const centre = random.triple<mgPoint_c>(-100.0, 100.0);
-        auto const normal = random.triple<mgVector_c>(-1.0, 1.0);
-        mgUnitVector_c u, v;
-        mg_getBasis(mg_Normalise(normal), u, v);
-        double const sweep = random.uniform(0.01, 6.28);
+        double const radius = random.uniform(0.1, 100), sweep = random.uniform(0.01, 6.28);
         double const tol = random.uniform(0.001, 0.01) * radius;
-        auto const at = [&](double angle) {
-            return centre + radius * std::cos(angle) * u + radius * std::sin(angle) * v;
+        P const centre = random.triple<P>(-100, 100);
+        mgUnitVector_c const normal = direction(random);
+        mgUnitVector_c u, v;
+        mg_getBasis(normal, u, v);
+        auto const at = [&](double share) {
+            P const p = onCircle(radius, share * sweep);
+            return centre + p.x() * u + p.y() * v;
         };
-        arcEdgeData const arc{centre, {normal.x(), normal.y(), normal.z()}, radius};
-        Polyline const points = polylineOf(arc, at(0.0), at(sweep), tol);
-        int const n = support::segmentsOf(points);
+        arcEdgeData const arc{centre, {3 * normal.x(), 3 * normal.y(), 3 * normal.z()}, radius};
+        Polyline const points = polylineOf(arc, at(0), at(1), tol);
+        int const n = segmentsOf(points);
         ASSERT_GE(n, 8);
-        ASSERT_BITS_EQ(points.front(), at(0.0));
-        ASSERT_BITS_EQ(points.back(), at(sweep));
-        for (int i = 0; i <= n; ++i)
-            ASSERT_LT(dist(points[static_cast<std::size_t>(i)], at(sweep * i / n)), 1e-12 * 300.0);
-        double const gap = radius * (1.0 - std::cos(0.5 * sweep / n));
-        ASSERT_LT(gap, n == 8 ? 0.05 * radius : 0.25 * tol * (1.0 + 2.5 / n));
+        ASSERT_BITS_EQ(points.front(), at(0));
+        ASSERT_BITS_EQ(points.back(), at(1));
+        ASSERT_NO_FATAL_FAILURE(ExpectNear(points, 3e-10, at));
+        double const sagitta = radius * (1 - std::cos(0.5 * sweep / n));
+        ASSERT_LT(sagitta, n == 8 ? 0.05 * radius : 0.25 * tol * (1 + 2.5 / n));
     }
 }
 
 TEST(TessArc, TheStartGivesTheRadiusAndTheRecordTheTolerance) {
-    arcEdgeData const arc{{}, {0, 0, -5}, 1000.0};
-    Polyline const points = polylineOf(arc, {2, 0, 0}, {0, 3, 0}, 1.0);
+    Polyline const points = polylineOf({{}, {0, 0, -5}, 1000}, {2, 0, 0}, {0, 3, 0}, 1);
     ASSERT_EQ(points.size(), 106u); // three quarters the other way round, as of a radius of 1000
-    EXPECT_BITS_EQ(points.back(), mgPoint_c(0, 3, 0));
-    for (std::size_t i = 0; i + 1 < points.size(); ++i)
-        EXPECT_NEAR(dist(points[i], mgPoint_c()), 2.0, 1e-13);
+    EXPECT_BITS_EQ(points.back(), P(0, 3, 0));
+    for (std::size_t i = 0; i + 1 < points.size(); ++i) EXPECT_NEAR(dist(points[i], P()), 2, 1e-13);
 }
 
 TEST(TessArc, HalfATurnSnapsWithin1e11) {
-    auto const second = [](double offset) { return planar(1.0, vexmath::kPi + offset, 1e9)[1]; };
-    EXPECT_BITS_EQ(second(0.0), second(-5e-12));
-    EXPECT_BITS_EQ(second(0.0), second(5e-12));
-    EXPECT_FALSE(support::sameBits(second(0.0).y(), second(-2e-11).y()));
-}
-
-TEST(TessArc, DegenerateInputMakesNothing) {
-    mgPoint_c const p{1, 0, 0}, q{0, 1, 0};
-    double const least = 1e-09;
-    auto const segments = [](double radius, mgPoint_c const &start, mgPoint_c const &end) {
-        return support::segmentsOf(polylineOf({{}, {0, 0, 1}, radius}, start, end, 0.01));
+    auto const height = [](double beyond) { // of the second point
+        return polylineOf({{}, {0, 0, 1}, 1}, {1, 0, 0}, onCircle(1, vexmath::kPi + beyond), 9)[1]
+            .y();
     };
-    EXPECT_EQ(segments(least, p, q), 8);
-    EXPECT_EQ(segments(std::nextafter(least, 0.0), p, q), 0);
-    EXPECT_EQ(segments(-1.0, p, q), 0);
-    EXPECT_EQ(segments(1.0, {5e-10, 5e-10, 0}, q), 0);
-    EXPECT_EQ(segments(1.0, p, {0, 0, 5e-10}), 0);
-    EXPECT_EQ(segments(1.0, {1e-09, 0, 0}, q), 11);
-    EXPECT_EQ(segments(1.0, p, {kNaN, 0, 0}), 0);
+    EXPECT_BITS_EQ(height(0), height(-5e-12));
+    EXPECT_BITS_EQ(height(0), height(5e-12));
+    EXPECT_FALSE(sameBits(height(0), height(-2e-11)));
 }
 
 TEST(TessArc, TakesItsEndsFromTheListItAppendsTo) {
-    suDynamicArray<mgPoint_c> list;
-    for (int i = 0; i < 8; ++i) list.Add(onCircle(1.0, i)); // full: the next point moves it
-    arcEdgeData const arc{{}, {0, 0, 1}, 1.0};
+    suDynamicArray<P> list;
+    for (int i = 0; i < 8; ++i) list.Add(onCircle(1, i)); // full: the next point moves it
+    arcEdgeData const arc{{}, {0, 0, 1}, 1};
     int count = 0;
     mg_TessArc(&arc, &list[0], &list[1], 1e-3, nullptr, count, &list);
     ASSERT_EQ(list.Count(), 8 + count + 1);
-    EXPECT_BITS_EQ(list[8], onCircle(1.0, 0));
-    EXPECT_BITS_EQ(list[8 + count], onCircle(1.0, 1));
+    EXPECT_BITS_EQ(list[8], onCircle(1, 0));
+    EXPECT_BITS_EQ(list[8 + count], onCircle(1, 1));
 }
 
 TEST(TessArc, EndsOnHostileValues) {
-    support::Random random;
-    auto const h = [&random] { return random.hostile(); };
+    Random random;
     for (int round = 0; round < 5000; ++round) {
-        arcEdgeData const arc{{h(), h(), h()}, {h(), h(), h()}, h()};
-        polylineOf(arc, {h(), h(), h()}, {h(), h(), h()}, h());
+        P const start = random.hostile<P>(), end = random.hostile<P>();
+        polylineOf(random.hostile<arcEdgeData>(), start, end, random.hostile());
     }
 }

@@ -5,12 +5,12 @@
 
 namespace {
 
-using support::Polyline;
+using namespace support;
+using P = mgPoint_c;
 
-Polyline polylineOf(parabolaEdgeData const &conic) {
-    return support::handedOut([&](auto array, int &count, auto list) {
-        mg_TessBConic(&conic, 0.01, array, count, list);
-    });
+Polyline polylineOf(parabolaEdgeData const &conic, decltype(mg_TessBConic) tess = mg_TessBConic) {
+    return handedOut(
+        [&](auto array, int &count, auto list) { tess(&conic, 0.01, array, count, list); });
 }
 
 /// End tangents that cross at (0, 1, 0); the arc goes the given part of the way to the chord.
@@ -18,120 +18,95 @@ parabolaEdgeData conicOf(double flatness) {
     return {{0, 1, 0}, {0, 1 - flatness, 0}, {}, {-1, 0, 0}, {1, 0, 0}, {0, 0, 1}};
 }
 
-double angle(mgVector_c const &a, mgVector_c const &b) { return mg_AngleBetween(a, b); }
-
 } // namespace
 
 TEST(TessBConic, LiesOnTheConicWithItsChordsNearItsTangents) {
     for (double const flatness : {0.05, 0.3, 0.5, 0.7, 0.95}) {
-        Polyline const points = polylineOf(conicOf(flatness));
+        Polyline points = polylineOf(conicOf(flatness));
         ASSERT_GT(points.size(), 100u);
-        EXPECT_BITS_EQ(points.front(), mgPoint_c(-1, 0, 0));
-        EXPECT_BITS_EQ(points.back(), mgPoint_c(1, 0, 0));
-        double const m = (1.0 - flatness) / flatness;
-        for (mgPoint_c const &p : points) {
+        EXPECT_BITS_EQ(points.front(), P(-1, 0, 0));
+        EXPECT_BITS_EQ(points.back(), P(1, 0, 0));
+        double const m = (1 - flatness) / flatness;
+        for (P const &p : points) {
             // In coordinates a, b, c of the triangle start, vertex, end: b^2 = 4 m^2 a c.
-            double const b = p.y(), a = 0.5 * (1.0 - b - p.x()), c = 0.5 * (1.0 - b + p.x());
-            EXPECT_NEAR(b * b, 4.0 * m * m * a * c, 4e-15 * (1.0 + m * m));
+            double const b = p.y(), a = 0.5 * (1 - b - p.x()), c = 0.5 * (1 - b + p.x());
+            EXPECT_NEAR(b * b, 4 * m * m * a * c, 4e-15 * (1 + m * m));
         }
         // Chords within the limit of both tangents turn by less than twice as much from one to
         // the next; those at the ends are held against the sides of the triangle.
-        for (std::size_t i = 2; i < points.size(); ++i)
-            EXPECT_LT(angle(points[i - 1] - points[i - 2], points[i] - points[i - 1]), 0.008);
-        EXPECT_LT(angle(points[1] - points[0], mgVector_c(1, 1, 0)), 0.004);
-        EXPECT_LT(angle(points.back() - points[points.size() - 2], mgVector_c(1, -1, 0)), 0.004);
+        points.insert(points.begin(), P(-2, -1, 0));
+        points.push_back(P(2, -1, 0));
+        for (std::size_t i = 2; i < points.size(); ++i) {
+            double const limit = i == 2 || i + 1 == points.size() ? 0.004 : 0.008;
+            EXPECT_LT(mg_AngleBetween(points[i - 1] - points[i - 2], points[i] - points[i - 1]),
+                      limit);
+        }
     }
 }
 
 TEST(TessBConic, FollowsACircleWhoseTangentsAreKnown) {
     // A quarter: 256 chords are 0.00307 off their tangents, 128 are 0.00614.
-    double const flatness = 2.0 - std::sqrt(2.0);
-    Polyline const points = polylineOf(conicOf(flatness));
-    for (mgPoint_c const &p : points)
-        EXPECT_NEAR(dist(p, mgPoint_c(0, -1, 0)), std::sqrt(2.0), 1e-15);
-    EXPECT_EQ(support::segmentsOf(points), 256);
-}
-
-TEST(TessBConic, DoesNotDependOnTheNormal) {
-    parabolaEdgeData conic = conicOf(0.4);
+    parabolaEdgeData conic = conicOf(2 - std::sqrt(2.0));
     Polyline const points = polylineOf(conic);
-    conic.normal[2] = -3.0;
-    support::expectSame(points, polylineOf(conic));
+    for (P const &p : points) EXPECT_NEAR(dist(p, P(0, -1, 0)), std::sqrt(2.0), 1e-15);
+    EXPECT_EQ(segmentsOf(points), 256);
+    conic.normal[2] = -3; // which plays no part
+    EXPECT_TRUE(areSame(points, polylineOf(conic)));
 }
 
 TEST(TessBConic, AListIsReplaced) {
     parabolaEdgeData const conic = conicOf(0.5);
-    suDynamicArray<mgPoint_c> list;
-    for (int i = 0; i < 3; ++i) list.Add({9, 9, 9});
+    suDynamicArray<P> list;
+    list.Add({9, 9, 9});
     int count = 0;
     mg_TessBConic(&conic, 0.01, nullptr, count, &list);
     EXPECT_GT(count, 0);
     EXPECT_EQ(list.Count(), count + 1);
 }
 
+void CheckTaken(bool taken, parabolaEdgeData const &conic) {
+    EXPECT_EQ(taken, !polylineOf(conic).empty());
+    EXPECT_TRUE(areSame(polylineOf(conic, mg_TessParabolaOrBConic),
+                        polylineOf(conic, taken ? mg_TessBConic : mg_TessParabola)));
+}
+
 TEST(TessBConic, RefusesWhatItCannotTakeAndTheDispatcherDrawsAParabola) {
-    auto const CheckTaken = [](parabolaEdgeData const &conic, bool taken) {
-        Polyline const direct = polylineOf(conic);
-        EXPECT_EQ(!direct.empty(), taken);
-        Polyline const dispatched = support::handedOut([&](auto array, int &count, auto list) {
-            mg_TessParabolaOrBConic(&conic, 0.01, array, count, list);
-        });
-        if (taken) return support::expectSame(dispatched, direct);
-        support::expectSame(dispatched, support::handedOut([&](auto array, int &count, auto list) {
-                                mg_TessParabola(&conic, 0.01, array, count, list);
-                            }));
-    };
-    CheckTaken(conicOf(0.5), true);
-    CheckTaken(conicOf(0.001), true);
-    CheckTaken(conicOf(0.999), true);
-    CheckTaken(conicOf(1.0), false);  // the focus on the chord
-    CheckTaken(conicOf(1.5), false);  // beyond it
-    CheckTaken(conicOf(-0.5), false); // on the other side of the vertex
-    CheckTaken(conicOf(0.0), false);
-    parabolaEdgeData missed = conicOf(0.5);
+    for (double const flatness : {0.001, 0.5, 0.999}) CheckTaken(true, conicOf(flatness));
+    // The focus on the chord or beyond it, at the vertex or on its other side.
+    for (double const flatness : {1.0, 1.5, 0.0, -0.5}) CheckTaken(false, conicOf(flatness));
+    parabolaEdgeData missed = conicOf(0.5), skew = missed;
     missed.end = {-0.5, 0, 0}; // the axis passes the chord
-    CheckTaken(missed, false);
-    parabolaEdgeData skew = conicOf(0.5);
     skew.start.set_z(1e-7);
-    CheckTaken(skew, false);
+    CheckTaken(false, missed);
+    CheckTaken(false, skew);
 }
 
 TEST(TessBConic, AParabolaAroundItsFocusIsTakenForABlend) {
     // y = x^2 / 4 with its focus at (0, 1), cut at one height: below the focus and above it.
     auto const lowest = [](double x) {
-        parabolaEdgeData const parabola{
-            {}, {0, 1, 0}, {}, {-x, x * x / 4, 0}, {x, x * x / 4, 0}, {0, 0, 1}};
-        Polyline const points = support::handedOut([&](auto array, int &count, auto list) {
-            mg_TessParabolaOrBConic(&parabola, 0.01, array, count, list);
-        });
-        double y = 1e9;
-        for (mgPoint_c const &p : points) y = std::min(y, p.y());
+        double const top = x * x / 4;
+        double y = top;
+        for (P const &p : polylineOf({{}, {0, 1, 0}, {}, {-x, top, 0}, {x, top, 0}, {0, 0, 1}},
+                                     mg_TessParabolaOrBConic))
+            y = std::min(y, p.y());
         return y;
     };
-    EXPECT_NEAR(lowest(1.99), 0.0, 1e-3);
-    EXPECT_EQ(lowest(4.0), 1.0); // at the focus, not at the vertex
+    EXPECT_NEAR(lowest(1.99), 0, 1e-3);
+    EXPECT_EQ(lowest(4), 1); // at the focus, not at the vertex
 }
 
 TEST(TessBConic, EndsWhereNumbersAreTooCoarseToBecomeStraight) {
     // Size 1 at a distance where neighbouring numbers are 1/8 apart: every chord is off.
-    double const far = 1e15;
     parabolaEdgeData conic = conicOf(0.5);
-    for (mgPoint_c *p : {&conic.vertex, &conic.focus, &conic.start, &conic.end})
-        p->set_x(p->x() + far);
+    for (P *p : {&conic.vertex, &conic.focus, &conic.start, &conic.end}) p->set_x(p->x() + 1e15);
     EXPECT_LT(polylineOf(conic).size(), 5000u);
-    support::Random random;
-    auto const h = [&random] { return random.hostile(); };
+    Random random;
     for (int round = 0; round < 5000; ++round) {
-        polylineOf({{h(), h(), h()},
-                    {h(), h(), h()},
-                    {},
-                    {h(), h(), h()},
-                    {h(), h(), h()},
-                    {h(), h(), h()}});
-        parabolaEdgeData bent = conicOf(random.uniform(0.0, 1.0));
-        bent.start.set_x(h());
-        bent.end.set_x(-bent.start.x());
-        bent.normal[random.below(3)] = h();
-        polylineOf(bent);
+        polylineOf(random.hostile<parabolaEdgeData>());
+        conic = conicOf(random.uniform(0, 1));
+        conic.start.set_x(random.hostile());
+        conic.end.set_x(-conic.start.x());
+        conic.normal[random.below(3)] = random.hostile();
+        polylineOf(conic);
     }
 }
