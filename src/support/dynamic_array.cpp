@@ -199,7 +199,7 @@ void *amDynamicArrayAppend(void *array, void const *source) {
     if (isFullFor(*headerOf(array), n)) {
         // QUIRK: the number appended is raised to first and compared with the count then, so that a
         // proportional array grows by n, and not by its count, until it holds n. Other modules
-        // foresee the capacity so. (test: AppendGrowsByItsNumberWhenThatIsMoreThanTheStep)
+        // foresee the capacity so. (test: EditsFollowTheirRules)
         std::int32_t const least = std::max<std::int32_t>(headerOf(array)->growStep, n);
         array = grow(array, growthAmount(*headerOf(array), least), n);
         if (!array) return nullptr;
@@ -269,7 +269,7 @@ void *amDynArrayRealloc(void *array, int minimumCapacity) {
     Header const &header = *headerOf(array);
     if (minimumCapacity <= header.capacity || header.growStep == 0) return array;
     // QUIRK: a proportional array grows by whole steps here too. Callers use this to size an array
-    // closely. (test: ReallocAddsWholeStepsWhateverTheMode)
+    // closely. (test: EditsFollowTheirRules)
     double const missing = static_cast<double>(std::int64_t{minimumCapacity} - header.capacity);
     auto const steps = static_cast<std::int64_t>(std::ceil(missing / header.growStep));
     void *const grown = grow(array, header.growStep * steps, 0);
