@@ -6,55 +6,52 @@
 
 namespace {
 
+using namespace support;
+using P = mgPoint_c;
+
 constexpr int kSteps = 300000;
 
 enum Outcome { kBecamePoint, kEnclosed, kGrown, kSphereMadeAnew, kOutcomes };
 
-double sumOfSquares(double const *v) { return v[0] * v[0] + v[1] * v[1] + v[2] * v[2]; }
-
-double distance(double const *a, double const *b) {
-    double const d[] = {b[0] - a[0], b[1] - a[1], b[2] - a[2]};
-    return std::sqrt(sumOfSquares(d));
-}
-
-/// The ten doubles of a box, in their order.
+/// The members of a box, in their order.
 struct LiteralBox {
-    double centre[3], high[3], low[3], radius;
+    P centre, high, low;
+    double radius;
 
     explicit LiteralBox(mgBBox_c const &b) { std::memcpy(static_cast<void *>(this), &b, sizeof b); }
 
     bool isSet() const {
-        return 0.0 <= radius && low[0] <= high[0] && low[1] <= high[1] && low[2] <= high[2];
+        return 0 <= radius && low[0] <= high[0] && low[1] <= high[1] && low[2] <= high[2];
     }
 
     bool isValid() const {
         if (!isSet()) return false;
         double const millions = radius * 1e-06;
-        double tol = 1e-08, nearest[3];
+        double tol = 1e-08;
         int n = millions < 2147483647.0 ? static_cast<int>(millions) : 2147483647;
-        for (double power = 10.0; n > 0; n /= 10, power *= 10.0) tol = power * 1e-08;
+        for (double power = 10; n > 0; n /= 10, power *= 10) tol = power * 1e-08;
+        P nearest;
         for (int i = 0; i < 3; ++i) {
             double const c = centre[i], reach = tol + radius;
-            nearest[i] = c < low[i] ? low[i] - c : c <= high[i] ? 0.0 : high[i] - c;
+            nearest[i] = c < low[i] ? low[i] - c : c <= high[i] ? 0 : high[i] - c;
             if (std::fabs(c / tol) >= 1e13) continue;
             if (!(std::fabs(low[i] - c) <= reach && std::fabs(high[i] - c) <= reach)) return false;
         }
-        return sumOfSquares(nearest) <= radius * radius * 1.00000001 + 1e-08
+        return (nearest - P()).sqlen() <= radius * radius * 1.00000001 + 1e-08
                && radius * radius * 0.99999999 - 1e-08 <= farthestSq();
     }
 
     double farthestSq() const {
-        double f[3];
-        for (int i = 0; i < 3; ++i) {
-            double const toHigh = high[i] - centre[i], toLow = low[i] - centre[i];
-            f[i] = std::fabs(toHigh) >= std::fabs(toLow) ? toHigh : toLow;
-        }
-        return sumOfSquares(f);
+        mgVector_c const toHigh = high - centre, toLow = low - centre;
+        P farthest;
+        for (int i = 0; i < 3; ++i)
+            farthest[i] = std::fabs(toHigh[i]) >= std::fabs(toLow[i]) ? toHigh[i] : toLow[i];
+        return (farthest - P()).sqlen();
     }
 
     void takeSphereFromCorners() {
-        for (int i = 0; i < 3; ++i) centre[i] = (low[i] + high[i]) * 0.5;
-        radius = 0.5 * distance(low, high);
+        centre = (low + high) * 0.5;
+        radius = 0.5 * (high - low).len();
     }
 
     Outcome shrinkSphere() {
@@ -64,28 +61,28 @@ struct LiteralBox {
         return kSphereMadeAnew;
     }
 
-    void widen(double const *lowest, double const *highest) {
+    void widen(P const &lowest, P const &highest) {
         for (int i = 0; i < 3; ++i) { // NaN replaces no corner
             if (lowest[i] < low[i]) low[i] = lowest[i];
             if (highest[i] > high[i]) high[i] = highest[i];
         }
     }
 
-    Outcome moveSphere(double const *towards, double newRadius) {
-        double const step = (newRadius - radius) / distance(centre, towards);
-        for (int i = 0; i < 3; ++i) centre[i] += (towards[i] - centre[i]) * step;
+    Outcome moveSphere(P const &towards, double newRadius) {
+        mgVector_c const way = towards - centre;
+        centre = centre + way * ((newRadius - radius) / way.len());
         radius = newRadius;
         return shrinkSphere();
     }
 
-    Outcome unite(double const *p) {
+    Outcome unite(P const &p) {
         if (!isValid()) {
-            for (int i = 0; i < 3; ++i) low[i] = high[i] = p[i];
+            low = high = p;
             takeSphereFromCorners();
             return kBecamePoint;
         }
         widen(p, p);
-        double const newRadius = (radius + distance(centre, p)) * 0.5;
+        double const newRadius = (radius + (p - centre).len()) * 0.5;
         return radius < newRadius ? moveSphere(p, newRadius) : kEnclosed;
     }
 
@@ -96,31 +93,31 @@ struct LiteralBox {
             return;
         }
         widen(b.low, b.high);
-        double const newRadius = (b.radius + radius + distance(centre, b.centre)) * 0.5;
+        double const newRadius = (b.radius + radius + (b.centre - centre).len()) * 0.5;
         if (newRadius <= radius) return;
-        if (newRadius <= b.radius) {
-            std::copy_n(b.centre, 3, centre);
-            radius = b.radius;
-        } else {
+        if (newRadius > b.radius || std::isnan(newRadius)) {
             moveSphere(b.centre, newRadius);
+        } else {
+            centre = b.centre;
+            radius = b.radius;
         }
     }
 
     void grow(double d) {
         radius += d;
-        bool const stays = radius >= 0.0;
+        bool const stays = radius >= 0;
         for (int i = 0; i < 3; ++i) {
-            low[i] = stays ? low[i] - d : 1.0;
-            high[i] = stays ? high[i] + d : -1.0;
-            if (stays && d < 0.0 && high[i] < low[i]) low[i] = high[i] = (high[i] + low[i]) * 0.5;
+            low[i] = stays ? low[i] - d : 1;
+            high[i] = stays ? high[i] + d : -1;
+            if (stays && d < 0 && high[i] < low[i]) low[i] = high[i] = (high[i] + low[i]) * 0.5;
         }
-        if (!stays) radius = -2.0;
-        if (stays && d < 0.0) shrinkSphere();
+        if (!stays) radius = -2;
+        if (stays && d < 0) shrinkSphere();
     }
 };
 
 /// Boxes, points and numbers that sit on the edges of the rules.
-class Cases : public support::Random {
+class Cases : public Random {
 public:
     /// Changes the kind and the size of what follows.
     void change() {
@@ -137,18 +134,18 @@ public:
         if (below(4) == 0) box = mgBBox_c(any(), std::fabs(number()));
         for (int changes = below(3); changes > 0; --changes) {
             int const at = std::min(below(14), 9); // the radius most of all
-            double const value = support::doubleOf(box, at);
-            box = support::withDouble(box, at, below(8) == 0 ? number() : nudged(value));
+            double const value = doubleOf(box, at);
+            box = withDouble(box, at, below(8) == 0 ? number() : nudged(value));
         }
         return below(8) == 0 ? mgBBox_c() : box;
     }
 
-    mgPoint_c point(LiteralBox const &b) {
-        mgPoint_c p = any();
+    P point(LiteralBox const &b) {
+        P p = any();
         int const kind = below(6);
         if (kind == 0) p = b.centre;
         for (int i = 0; i < 3 && kind == 1; ++i) p[i] = below(2) == 0 ? b.low[i] : b.high[i];
-        if (kind == 2) p = mgPoint_c(b.centre) + support::direction(*this) * nudged(b.radius);
+        if (kind == 2) p = b.centre + direction(*this) * nudged(b.radius);
         if (kind == 3) p.set(b.centre[0] + nudged(b.radius), b.centre[1], b.centre[2]);
         return p;
     }
@@ -159,7 +156,7 @@ public:
     }
 
 private:
-    mgPoint_c any() {
+    P any() {
         double const x = number(), y = number(), z = number();
         return {x, y, z};
     }
@@ -172,7 +169,7 @@ private:
     }
 
     double nudged(double x) {
-        double const all[] = {support::above(x), support::below(x), x * uniform(0.5, 2.0),
+        double const all[] = {above(x), std::nextafter(x, -kInfinity), x * uniform(0.5, 2.0),
                               x * (1.0 + uniform(-3e-08, 3e-08)), x + uniform(-3e-08, 3e-08)};
         return all[below(5)];
     }
@@ -200,13 +197,12 @@ TEST(BBoxOracle, BoxesFollowTheirLiteralRulesToTheBit) {
                 literal.grow(d);
                 box += d;
             } else {
-                mgPoint_c const p = cases.point(literal);
+                P const p = cases.point(literal);
                 ++seen[literal.unite(p)];
                 box |= p;
             }
-            auto const expected =
-                support::boxOf(literal.centre, literal.radius, literal.low, literal.high);
-            ASSERT_BITS_EQ(expected, box) << ", step " << step;
+            ASSERT_BITS_EQ(boxOf(literal.centre, literal.radius, literal.low, literal.high), box)
+                << step;
         }
     }
     for (int const often : seen) EXPECT_GT(often, kSteps / 5000) << "the cases miss a branch";

@@ -32,7 +32,18 @@ TEST(Clash, FacesAndEdgesTouchSingleCornersDoNot) {
     CheckClash(0, unit, mgBBox_c());
 }
 
-TEST(Clash, TheToleranceBridgesGapsBetweenCornersAndSpheres) {
+TEST(Clash, SphereToleranceIsAFactorOnTheSquaredRadius) {
+    // The overlap begins at x = d, on the sphere of radius 1 about the origin. With tolerance 3 the
+    // squared radius is 4: the reach is 2, where a distance would give 4.
+    mgBBox_c const a = boxOf(P(), 1, P(-1, -1, -1), P(3, 1, 1)), b = boxOf(P(), 1, P(), P(2, 1, 1));
+    auto const from = [](double d) { return boxOf(P(d, 0, 0), 1, P(d, -1, -1), P(3, 1, 1)); };
+    CheckClash(1, a, from(1));
+    CheckClash(0, a, from(above(1)));
+    CheckClash(1, a, from(2), 3);
+    CheckClash(0, a, from(above(2)), 3);
+    // Before that it bridges gaps between spheres and between corners, as a distance.
+    CheckClash(1, b, boxOf(P(3.5, 0, 0), 2, P(), P(4, 1, 1)), 0.5);
+    CheckClash(0, b, boxOf(P(above(3.5), 0, 0), 2, P(), P(4, 1, 1)), 0.5);
     for (int i = 0; i < 3; ++i) {
         P low, high(2, 2, 2);
         low[i] = 0.125;
@@ -41,20 +52,6 @@ TEST(Clash, TheToleranceBridgesGapsBetweenCornersAndSpheres) {
         CheckClash(0, {P(), high}, {low, P(2, 2, 2)}, below(0.125));
     }
     CheckClash(0, unit, unit, -1.25); // taken as it is: the overlap must be that wide
-    mgBBox_c const a = boxOf(P(), 1, P(), P(2, 1, 1)); // spheres apart, corners overlapping
-    CheckClash(1, a, boxOf(P(3.5, 0, 0), 2, P(), P(4, 1, 1)), 0.5);
-    CheckClash(0, a, boxOf(P(above(3.5), 0, 0), 2, P(), P(4, 1, 1)), 0.5);
-}
-
-TEST(Clash, SphereToleranceIsAFactorOnTheSquaredRadius) {
-    // The overlap begins at x = d, on the sphere of radius 1 about the origin. With tolerance 3 the
-    // squared radius is 4: the reach is 2, where a distance would give 4.
-    mgBBox_c const a = boxOf(P(), 1, P(-1, -1, -1), P(3, 1, 1));
-    auto const from = [](double d) { return boxOf(P(d, 0, 0), 1, P(d, -1, -1), P(3, 1, 1)); };
-    CheckClash(1, a, from(1));
-    CheckClash(0, a, from(above(1)));
-    CheckClash(1, a, from(2), 3);
-    CheckClash(0, a, from(above(2)), 3);
 }
 
 int placedClash(mgBBox_c const &a, mgBBox_c const &b, mgXform_c const &xb) {

@@ -6,8 +6,6 @@
 #include <vexmath/mg_bounds.h>
 #include <vexmath/plane.h>
 
-#include <array>
-
 #include "bounds/boxes.h"
 
 namespace {
@@ -24,7 +22,6 @@ mgBBox_c const unset = boxOf(P(), -1, P(), P(1, 2, 3)); // by its radius alone
 TEST(SphereHit, SphereToleranceIsAddedToTheSquaredRadius) {
     mgBBox_c const ball(P(), 3);
     P const p(-100, 5, 0); // the line passes at 5
-    EXPECT_EQ(0, ball.sphereHitByRay(p, xAxis));
     EXPECT_EQ(1, ball.sphereHitByRay2(p, xAxis, 16 - 1.9e-08));
     EXPECT_EQ(0, ball.sphereHitByRay2(p, xAxis, 16 - 2.1e-08));
     EXPECT_EQ(1, ball.sphereHitByRay(P(100, 3, 0), xAxis));       // behind p, too
@@ -33,17 +30,11 @@ TEST(SphereHit, SphereToleranceIsAddedToTheSquaredRadius) {
     EXPECT_EQ(1, unset.sphereHitByRay(P(5, 1, 0), none)); // without a direction all are hit
 }
 
-void CheckHit(int expected, P const &p, U const &dir) {
-    EXPECT_EQ(box.isRayHit(p, dir), expected) << p.x() << ' ' << p.y() << ' ' << p.z();
-}
-
 TEST(RayHit, OnlyTheInsideOfFacesIsHit) {
-    CheckHit(1, {-5, 1, 1}, xAxis);
-    CheckHit(0, {-5, 2, 1}, xAxis);      // along a face
-    CheckHit(0, {-1, 1, 1}, {1, -1, 0}); // through an edge, from outside
-    CheckHit(1, {-0.5, 1, 1}, {1, -1, 0});
-    CheckHit(0, {0.5, 1, 1}, none);
-    EXPECT_EQ(unset.isRayHit(P(0.5, 1, 1), xAxis), 0);
+    EXPECT_EQ(0, box.isRayHit(P(-5, 2, 1), xAxis));       // along a face
+    EXPECT_EQ(0, box.isRayHit(P(-1, 1, 1), U(1, -1, 0))); // through an edge, from outside
+    EXPECT_EQ(1, box.isRayHit(P(-0.5, 1, 1), U(1, -1, 0)));
+    EXPECT_EQ(0, box.isRayHit(P(0.5, 1, 1), none) + unset.isRayHit(P(0.5, 1, 1), xAxis));
     // Only the faces across z of a wide slab can be hit: those across x are too far out.
     mgBBox_c const slab(P(-1e9, -1, -1), P(1e9, 1, 1));
     for (double const z : {1e-08, -1e-08, below(1e-08)}) {
@@ -64,12 +55,8 @@ void CheckFirstHit(mgBBox_c const &b, P const &p, U const &dir, P const &expecte
 }
 
 TEST(FirstRayHit, TheRayBeginsAtItsPointAndFacesAreAToleranceWider) {
-    CheckFirstHit(box, {-5, 1, 1}, xAxis, {0, 1, 1});
-    CheckFirstHit(box, {0.25, 1, 1}, xAxis, {1, 1, 1}); // from inside: the exit
-    CheckFirstHit(box, {5, 1, 1}, xAxis);
     CheckFirstHit(box, {0, 1, 1}, xAxis, {1, 1, 1}); // on a face, looking in
     CheckFirstHit(box, {1, 1, 1}, xAxis);            // and out
-    CheckFirstHit(box, {0.5, 1, 7}, {0, 0, -1}, {0.5, 1, 3});
     CheckFirstHit(box, {0.5, 1, 1}, none);
     CheckFirstHit(box, {-5, 2, 1}, xAxis, {0, 2, 1}); // along a face
     CheckFirstHit(box, {-5, -1e-08, 1}, xAxis, {0, -1e-08, 1});
@@ -117,15 +104,14 @@ TEST(LimitRay, TheRangeSpansTheCornersOfUnsetBoxesToo) {
 TEST(FindBBox, ThePlanarExtentIsTransformedAndGrown) {
     mgXform_c const turn = mg_RotateXform(1.5707963267949, mgVector_c(0, 0, 1), 1e-9);
     mgXform_c const placed = turn * mg_TranslateXform(mgVector_c(10, 0, 0));
-    auto const check = [](mgXform_c const &x, double grow, std::array<double, 4> const &expected) {
+    double const rows[][5] = {{0.5, 4.5, 1.5, 9.5, 4.5}, // growth and extent
+                              {-1.5, 6.5, 3, 7.5, 3},    // too narrow in y: closed in the middle
+                              {-100, 1, 1, -1, -1}};
+    for (auto const &row : rows) {
         double extent[4];
-        mg_FindBBox(P(4, 1, 9), P(2, 5, -9), x, extent, grow);
-        EXPECT_TRUE(std::equal(expected.begin(), expected.end(), extent)) << grow;
-    };
-    check(mgXform_c(), 0, {2, 1, 4, 5});
-    check(placed, 0.5, {4.5, 1.5, 9.5, 4.5});
-    check(placed, -1.5, {6.5, 3, 7.5, 3}); // too narrow in y: closed in the middle
-    check(placed, -100, {1, 1, -1, -1});
+        mg_FindBBox(P(4, 1, 9), P(2, 5, -9), placed, extent, row[0]);
+        EXPECT_TRUE(std::equal(extent, extent + 4, row + 1)) << row[0];
+    }
 }
 
 TEST(Hostile, NoInputTrapsOrLeavesTheRangeOfResults) {

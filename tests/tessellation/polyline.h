@@ -18,7 +18,8 @@ namespace support {
 using Polyline = std::vector<mgPoint_c>;
 
 inline bool areSame(Polyline const &a, Polyline const &b) {
-    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof a[0]) == 0;
+    return a.size() == b.size()
+           && (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof a[0]) == 0);
 }
 
 /// The points that call(outArray, count, list) hands out, after a look at both ways: the array is
