@@ -86,6 +86,27 @@ TEST(BBox, ComparisonsAreStrictInEveryMember) {
     }
 }
 
+TEST(BBox, TheSphereFitsWithinARelativeAndAnAbsoluteSlack) {
+    // Validity, radius, and the squared distance from the centre of a box that is one point.
+    double const touching[][3] = {{1, 1, 1.00000002 - 1e-15},   {0, 1, 1.00000002 + 1e-15},
+                                  {1, 1, 0.99999998 + 1e-15},   {0, 1, 0.99999998 - 1e-15},
+                                  {1, 1000, 1000000.010000005}, {0, 1000, 1000000.010000015},
+                                  {1, 1000, 999999.989999995},  {0, 1000, 999999.989999985}};
+    for (auto const &[expected, radius, sq] : touching) {
+        P const p(0.8 * radius, 0, -std::sqrt(sq - 0.64 * radius * radius));
+        EXPECT_EQ(expected, boxOf(P(), radius, p, p).isValid()) << radius << ' ' << sq;
+    }
+    // Half a box, and a radius that a shrinking by next to nothing keeps; the next is made anew.
+    double const absolute = std::sqrt(4 + 5e-09), relative = 0.5 * std::sqrt(1.000000005);
+    double const largest[][2] = {{2, absolute - 1e-15}, {0.5, relative - 1e-15}, {0, 1e-10}};
+    for (auto const &[half, kept] : largest) {
+        for (double const r : {kept, std::max(above(kept), kept + 4e-15 * half)}) {
+            mgBBox_c box = boxOf(P(), r, P(-half, 0, 0), P(half, 0, 0));
+            EXPECT_EQ(r == kept ? r : half, (box += below(0)).sphRadius()) << r;
+        }
+    }
+}
+
 TEST(BBox, ACentreFarOutIsNotHeldAgainstTheCorners) {
     // 1e13 tolerances from the origin no digits are left to compare on that axis.
     auto const valid = [](double x, double y) {
@@ -122,21 +143,19 @@ TEST(BBox, TheSwitchGivesTheCubeAroundTheMergedSphere) {
 }
 
 TEST(BBox, IntersectionsBridgeGapsBelowTheTolerance) {
-    for (int axis = 0; axis < 3; ++axis) {
-        auto const slab = [axis](double low, double high) {
-            P a, b(2, 2, 2);
-            a[axis] = low;
-            b[axis] = high;
-            return mgBBox_c(a, b);
-        };
-        for (double const gap : {-0.5, 0.0, below(1e-08), 1e-08, 1.0}) {
-            mgBBox_c const common = gap < 1e-08 ? slab(gap, 0) : mgBBox_c();
-            EXPECT_BITS_EQ(common, slab(-1, 0) &= slab(gap, 2)) << axis << " " << gap;
-            EXPECT_BITS_EQ(common, slab(gap, 2) &= slab(-1, 0)) << axis << " " << gap;
+    for (double const gap : {-0.5, 0.0, below(1e-08), 1e-08, 1.0}) {
+        for (int axis = 0; axis < 3; ++axis) {
+            P nearer(2, 2, 2), farther(-2, -2, -2);
+            nearer[axis] = 0;
+            farther[axis] = gap;
+            mgBBox_c const a(P(-2, -2, -2), nearer), b(farther, P(2, 2, 2));
+            mgBBox_c const common = gap < 1e-08 ? mgBBox_c(nearer, farther) : mgBBox_c();
+            EXPECT_BITS_EQ(common, mgBBox_c(a) &= b) << axis << " " << gap;
+            EXPECT_BITS_EQ(common, mgBBox_c(b) &= a) << axis << " " << gap;
         }
     }
-    EXPECT_BITS_EQ(mgBBox_c(), mgBBox_c(P(1, 2, 3), 4) &= mgBBox_c()); // centre and all
-    EXPECT_BITS_EQ(mgBBox_c(), mgBBox_c(P(1, 2, 3), -4) &= unit);
+    for (double const r : {4, -4}) // the unset one is the default one, centre and all
+        EXPECT_BITS_EQ(mgBBox_c(), mgBBox_c(P(1, 2, 3), r) &= mgBBox_c(P(1, 2, 3), -4));
 }
 
 TEST(BBox, AnUnsetBoxBecomesSetByGrowing) {

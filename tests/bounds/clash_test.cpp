@@ -41,6 +41,10 @@ TEST(Clash, SphereToleranceIsAFactorOnTheSquaredRadius) {
     CheckClash(0, a, from(above(1)));
     CheckClash(1, a, from(2), 3);
     CheckClash(0, a, from(above(2)), 3);
+    // Across a gap the offset goes to the middle of the gap: here 2 of 2.
+    mgBBox_c const apart = boxOf(P(3, 0, 0), 2, P(3, 0, 0), P(4, 1, 1));
+    CheckClash(1, apart, boxOf(P(), 1, P(-1, 0, 0), P(1, 1, 1)), 3);
+    CheckClash(0, apart, boxOf(P(), below(1), P(-1, 0, 0), P(1, 1, 1)), 3);
     // Before that it bridges gaps between spheres and between corners, as a distance.
     CheckClash(1, b, boxOf(P(3.5, 0, 0), 2, P(), P(4, 1, 1)), 0.5);
     CheckClash(0, b, boxOf(P(above(3.5), 0, 0), 2, P(), P(4, 1, 1)), 0.5);
@@ -54,9 +58,10 @@ TEST(Clash, SphereToleranceIsAFactorOnTheSquaredRadius) {
     CheckClash(0, unit, unit, -1.25); // taken as it is: the overlap must be that wide
 }
 
-int placedClash(mgBBox_c const &a, mgBBox_c const &b, mgXform_c const &xb) {
-    int const clash = mgBBox_c::clash(a, mgXform_c(), b, xb);
-    EXPECT_EQ(clash, mgBBox_c::clash(b, xb, a, mgXform_c()));
+int placedClash(mgBBox_c const &a, mgBBox_c const &b, mgXform_c const &xb,
+                mgXform_c const &xa = mgXform_c()) {
+    int const clash = mgBBox_c::clash(a, xa, b, xb);
+    EXPECT_EQ(clash, mgBBox_c::clash(b, xb, a, xa));
     return clash;
 }
 
@@ -72,10 +77,11 @@ TEST(Clash, PlacedBoxesMustMeetInBothFrames) {
     Random random;
     for (int k = 0; k < 1000; ++k) { // boxes that share a point of their inside
         mgBBox_c const a(P(), random.triple<P>(0.5, 5)), b(P(), random.triple<P>(0.5, 5));
-        mgXform_c const x = mg_ScaleXform(placement(random), 1);
-        V const shift = interpolate(random.uniform(0.1, 0.9), a.low(), a.high())
-                        - interpolate(random.uniform(0.1, 0.9), b.low(), b.high()) * x;
-        ASSERT_EQ(1, placedClash(a, b, x * mg_TranslateXform(shift))) << k;
+        mgXform_c const xa = mg_ScaleXform(placement(random), 1);
+        mgXform_c const xb = mg_ScaleXform(placement(random), 1);
+        V const shift = interpolate(random.uniform(0.1, 0.9), a.low(), a.high()) * xa
+                        - interpolate(random.uniform(0.1, 0.9), b.low(), b.high()) * xb;
+        ASSERT_EQ(1, placedClash(a, b, xb * mg_TranslateXform(shift), xa)) << k;
     }
 }
 
@@ -133,19 +139,15 @@ TEST(Clash, PointsOnTheBoundAreContainedWhetherSetOrNot) {
     EXPECT_EQ(0, mgBBox_c().containsPoint(P(), below(1)));
 }
 
-void CheckPlane(int expected, double x, double tol) {
-    EXPECT_EQ(expected, unit.clash(mgPlane_c(P(x, 7, -7), mgUnitVector_c(1, 0, 0)), tol)) << x;
-}
-
 TEST(PlaneClash, ACornerNearerThanTheToleranceTouches) {
-    CheckPlane(1, 0.5, 0);
-    CheckPlane(0, -1e-08, 0); // strict
-    CheckPlane(1, above(-1e-08), 0);
-    CheckPlane(1, 1 + 5e-09, -1); // a smaller tolerance counts as 1e-08
-    CheckPlane(1, 1 + 5e-09, kNaN);
-    CheckPlane(0, -0.25, 0.25);
-    CheckPlane(1, -0.25, above(0.25));
-    CheckPlane(0, kNaN, 1);
+    // Answer, x of the plane, tolerance, of which a smaller one counts as 1e-08. Strict.
+    double const rows[][3] = {
+        {1, 0.5, 0},          {0, -1e-08, 0},   {1, above(-1e-08), 0},   {1, 1 + 5e-09, -1},
+        {1, 1 + 5e-09, kNaN}, {0, -0.25, 0.25}, {1, -0.25, above(0.25)}, {0, kNaN, 1}};
+    for (auto const &[expected, x, tol] : rows) {
+        mgPlane_c const plane(P(x, 7, -7), mgUnitVector_c(1, 0, 0));
+        EXPECT_EQ(expected, unit.clash(plane, tol)) << x << ' ' << tol;
+    }
     mgPlane_c const withoutNormal(P(9, 9, 9), mgUnitVector_c()); // every point lies in it
     EXPECT_EQ(1, unit.clash(withoutNormal, 0));
     EXPECT_EQ(0, mgBBox_c().clash(withoutNormal, 0));
