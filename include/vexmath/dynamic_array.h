@@ -29,6 +29,9 @@ extern "C" {
  * array. Each operation says how it departs from that. When there is no memory for a proportional
  * growth of more than 32767 slots, the array grows by 32767, as a linear array from then on.
  *
+ * Whatever makes, copies or moves a block clears the keep flag of the result. A kept block that has
+ * to move is released all the same.
+ *
  * Sizes are computed in 64 bits. No handle or element pointer may be null unless its operation says
  * so. Where elements are passed in, they may lie in the array itself: they are taken by value.
  */

@@ -139,14 +139,18 @@ VEXMATH_API int mg_Find3PointArcCenter(mgPoint_c const *pts, mgPoint_c *center,
 ///
 /// Leaves the input sorted by x, then y, NaN last, and free of exact duplicates; each removal is
 /// notified as (index, last index then). Fewer than four different points are all returned, as a
-/// counter-clockwise triangle where there are three. Collinear points: see the marks in the body.
+/// counter-clockwise triangle where there are three. Four or more on one line that differ in x come
+/// to the first alone, and a corner may be lost to rounding: see the marks in the body.
 ///
 /// Method: A. M. Andrew, "Another efficient algorithm for convex hulls in two dimensions", 1979.
 VEXMATH_API int convexHull(suDynamicArray<mg2DPoint_c> &input, suDynamicArray<mg2DPoint_c> &hull);
 
 /// A short open path through all points, as their indices in visiting order: the path starts with
 /// the last two points and grows by the cheapest insertion. Up to two points keep their order, and
-/// so do more than that when the path cannot be completed. Ties keep the earlier choice.
+/// so do more than that when memory is exhausted. Ties keep the earlier choice.
+///
+/// Notifies `order` of its being emptied, (0, -1), of each index in turn, and of the path,
+/// (0, count - 1), where there are three points or more.
 ///
 /// About n^2 work for finite points; n^3 when a distance is infinite or NaN.
 /// Method: D. J. Rosenkrantz, R. E. Stearns, P. M. Lewis, "An analysis of several heuristics for

@@ -15,7 +15,7 @@
 //   with delete[]; the list plays no part and may be null. With count 0, *outArray stays.
 // - Without (null), the points go to the list: `mg_TessBConic` replaces what it holds, the others
 //   append. With count 0 the list stays.
-// Memory that cannot be had gives count 0 as well.
+// Memory that cannot be had gives count 0 as well; a list that cannot grow has lost its elements.
 // REQUIRES a record, points that are not null, and outArray or list. The points may be the list's.
 
 /// An arc from start to end; equal points make a full circle. A step turns by the angle at which
