@@ -13,7 +13,7 @@
 //
 // QUIRK: the path starts with the last two points however near they are, where a reader would
 // expect the two that are farthest apart. Drilling orders that were stored start so.
-// (test: StartsFromTheLastTwoPointsHoweverNearTheyAre)
+// (test: AgreesWithTheRule)
 
 #include <vexmath/mg_queries.h>
 #include <vexmath/mg_vector.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Validity, unions and growth of boxes against their rules in the plainest words, with all
-// divisions, roots and loops. The library comes to the same bits by cheaper ways.
+// Validity, unions with points and growth of boxes against their rules in the plainest words, with
+// all divisions, roots and loops. The library comes to the same bits by cheaper ways.
 
 #include "bounds/boxes.h"
 
@@ -61,46 +61,22 @@ struct LiteralBox {
         return kSphereMadeAnew;
     }
 
-    void widen(P const &lowest, P const &highest) {
-        for (int i = 0; i < 3; ++i) { // NaN replaces no corner
-            if (lowest[i] < low[i]) low[i] = lowest[i];
-            if (highest[i] > high[i]) high[i] = highest[i];
-        }
-    }
-
-    Outcome moveSphere(P const &towards, double newRadius) {
-        mgVector_c const way = towards - centre;
-        centre = centre + way * ((newRadius - radius) / way.len());
-        radius = newRadius;
-        return shrinkSphere();
-    }
-
     Outcome unite(P const &p) {
         if (!isValid()) {
             low = high = p;
             takeSphereFromCorners();
             return kBecamePoint;
         }
-        widen(p, p);
-        double const newRadius = (radius + (p - centre).len()) * 0.5;
-        return radius < newRadius ? moveSphere(p, newRadius) : kEnclosed;
-    }
-
-    void unite(LiteralBox const &b) {
-        if (!b.isValid()) return;
-        if (!isSet()) {
-            *this = b;
-            return;
+        for (int i = 0; i < 3; ++i) { // NaN replaces no corner
+            if (p[i] < low[i]) low[i] = p[i];
+            if (p[i] > high[i]) high[i] = p[i];
         }
-        widen(b.low, b.high);
-        double const newRadius = (b.radius + radius + (b.centre - centre).len()) * 0.5;
-        if (newRadius <= radius) return;
-        if (newRadius > b.radius || std::isnan(newRadius)) {
-            moveSphere(b.centre, newRadius);
-        } else {
-            centre = b.centre;
-            radius = b.radius;
-        }
+        mgVector_c const way = p - centre;
+        double const newRadius = (radius + way.len()) * 0.5;
+        if (!(radius < newRadius)) return kEnclosed;
+        centre = centre + way * ((newRadius - radius) / way.len());
+        radius = newRadius;
+        return shrinkSphere();
     }
 
     void grow(double d) {
@@ -187,12 +163,7 @@ TEST(BBoxOracle, BoxesFollowTheirLiteralRulesToTheBit) {
         LiteralBox literal(box);
         for (int length = 1 + cases.below(12); length > 0; --length, ++step) {
             ASSERT_EQ(literal.isValid(), box.isValid() != 0) << "step " << step;
-            int const kind = cases.below(8);
-            if (kind == 0) {
-                mgBBox_c const other = cases.box();
-                literal.unite(LiteralBox(other));
-                box |= other;
-            } else if (kind == 1) {
+            if (cases.below(8) == 0) {
                 double const d = cases.growth(literal.radius);
                 literal.grow(d);
                 box += d;
