@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A fixed set of works for valgrind's callgrind, which counts their instructions one by one:
-// bench/guard.py runs this and compares. Nothing here depends on a clock or a random seed.
+// bench/guard.py runs this and compares. Works have the names of the benchmarks where there is one.
+// Nothing here depends on a clock or a random seed.
 
 #include <vexmath/vexmath.h>
 
@@ -83,17 +84,17 @@ void points(Numbers &in) {
         mg_BoundPoints(all.data(), kItems, box);
         keep(box);
     };
-    countEach("transform a point", [&](std::size_t i) { return all[i] *= x; });
-    countEach("move a point", [&](std::size_t i) { return all[i] *= move; });
+    countEach("transform points", [&](std::size_t i) { return all[i] *= x; });
+    countEach("move points", [&](std::size_t i) { return all[i] *= move; });
     mg_SetUseVectorUnits(1);
-    count("transform an array, by vectors", kItems, array(x));
-    count("bounds of an array, by vectors", kItems, bounds);
+    count("transform array", kItems, array(x));
+    count("bounds of array", kItems, bounds);
     mg_SetUseVectorUnits(0);
-    count("transform an array", kItems, array(x));
-    count("move an array", kItems, array(move));
-    count("bounds of an array", kItems, bounds);
+    count("transform array, plain", kItems, array(x));
+    count("move array", kItems, array(move));
+    count("bounds of array, plain", kItems, bounds);
     mgBBox_c box;
-    countEach("box and point", [&](std::size_t i) { return box |= all[i]; });
+    countEach("bounds", [&](std::size_t i) { return box |= all[i]; });
 }
 
 void placements(Numbers &in) {
@@ -124,24 +125,24 @@ void intersections(Numbers &in) {
         inputs([&in] { return mgPlane_c(in.point(1.0), in.direction()); }, kItems + 1);
     mgBBox_c const box(mgPoint_c(-0.5, -0.5, -0.5), mgPoint_c(0.5, 0.5, 0.5));
     mgPoint_c out;
-    countEach("line and plane",
+    countEach("line plane",
               [&](std::size_t i) { return mg_LineIntPlane(lines[i], planes[i], &out, nullptr); });
-    countEach("line and line", [&](std::size_t i) {
+    countEach("line line", [&](std::size_t i) {
         mgLine_c const &a = lines[i], &b = lines[i + 1];
         return mg_LineIntLine(a.rootPoint(), a.direction(), b.rootPoint(), b.direction(), &out,
                               1e-8);
     });
-    countEach("segment and segment", [&](std::size_t i) {
+    countEach("segment segment", [&](std::size_t i) {
         mgLine_c const &a = lines[i], &b = lines[i + 1];
         return mg_LineSegIntLineSeg(a.rootPoint(), a.direction(), b.rootPoint(), b.direction(), out,
                                     1e-8);
     });
-    countEach("plane and plane", [&](std::size_t i) {
+    countEach("plane plane", [&](std::size_t i) {
         mgLine_c common;
         mg_PlaneIntPlane(planes[i], planes[i + 1], &common);
         return common;
     });
-    countEach("ray and box", [&](std::size_t i) {
+    countEach("ray box", [&](std::size_t i) {
         return box.getFirstRayHit(lines[i].rootPoint(), lines[i].direction(), &out);
     });
 }
@@ -160,7 +161,7 @@ void numerics(Numbers &in) {
     struct Roots {
         double root[3];
     };
-    countEach("eigensystem", [&](std::size_t i) {
+    countEach("eigensystem 3x3", [&](std::size_t i) {
         Eigensystem system;
         matrices[i].getEigensystem(system.values, system.vectors);
         return system;
@@ -208,7 +209,7 @@ void pointSets(Numbers &in) {
         mg_OpenTSP(stops, order);
         keep(order[0]);
     });
-    count("append", 20 * kItems, [&all] {
+    count("append points", 20 * kItems, [&all] {
         suDynamicArray<mgPoint_c> list;
         for (mgPoint_c const &p : all) list.Add(p);
         keep(list[0]);
