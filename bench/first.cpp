@@ -17,7 +17,7 @@
 #ifdef VEXMATH_BENCH_EIGEN
 #include <Eigen/Geometry>
 #endif
-#ifdef VEXMATH_BENCH_FCL
+#if defined(VEXMATH_BENCH_FCL) && defined(VEXMATH_BENCH_EIGEN)
 #include <fcl/math/bv/OBB.h>
 #endif
 #ifdef VEXMATH_BENCH_GLM
@@ -253,7 +253,7 @@ void addEigen() {
 
 #endif
 
-#ifdef VEXMATH_BENCH_FCL
+#if defined(VEXMATH_BENCH_FCL) && defined(VEXMATH_BENCH_EIGEN)
 
 void addFcl() {
     addClash(
