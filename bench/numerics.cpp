@@ -124,7 +124,7 @@ BENCHMARK(inverse4Vexmath)->Name("4x4 inverse/vexmath");
 auto const randomSlerp = [](auto &random) {
     std::array<double, 9> numbers;
     for (double &x : numbers) x = random(-1.0, 1.0);
-    for (std::size_t first : {0, 4}) {
+    for (std::size_t const first : {std::size_t{0}, std::size_t{4}}) {
         double sq = 0.0;
         for (std::size_t i = 0; i < 4; ++i) sq += numbers[first + i] * numbers[first + i];
         for (std::size_t i = 0; i < 4; ++i) numbers[first + i] /= std::sqrt(sq);
