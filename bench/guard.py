@@ -69,7 +69,7 @@ def compare(counts):
             print(f"{work:<34}  only {'stored' if new is None else 'measured'}")
             failures += 1
             continue
-        change = f"{100 * (new / old - 1):+.1f} %" if abs(new / old - 1) >= 0.001 else ""
+        change = f"{100 * (new / old - 1):+.1f} %" if abs(new / old - 1) >= 0.005 else ""
         grown = new > LIMIT * old
         failures += grown
         print(f"{work:<34}{old:>12.1f}{new:>12.1f}  {change}{'  GROWN' if grown else ''}")
