@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The path of a typical request: move points, bound them, chain placements, test pairs for a clash.
-// A name is "<work>/<who>"; bench/report.py compares those who do the same work.
 
 #include <vexmath/bbox.h>
+#include <vexmath/bulk.h>
 #include <vexmath/mg_matrix.h>
 #include <vexmath/mg_transform.h>
 #include <vexmath/point.h>
@@ -10,51 +10,46 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstddef>
-#include <random>
 #include <utility>
-#include <vector>
 
-#include <benchmark/benchmark.h>
+#include "works.h"
 
 #ifdef VEXMATH_BENCH_EIGEN
 #include <Eigen/Geometry>
 #endif
+#if defined(VEXMATH_BENCH_FCL) && defined(VEXMATH_BENCH_EIGEN)
+#include <fcl/math/bv/OBB.h>
+#endif
+#ifdef VEXMATH_BENCH_GLM
+#include <glm/glm.hpp>
+#include <glm/gtc/matrix_inverse.hpp>
+#include <glm/gtc/matrix_transform.hpp>
+#endif
+#ifdef VEXMATH_BENCH_IMATH
+#include <ImathMatrix.h>
+#endif
+#ifdef VEXMATH_BENCH_OCC
+#include <Bnd_OBB.hxx>
+#include <gp_Ax1.hxx>
+#include <gp_Dir.hxx>
+#include <gp_Pnt.hxx>
+#include <gp_Trsf.hxx>
+#endif
 
 namespace {
 
-constexpr std::size_t pointCount = 1000000;
+using works::countItems;
+using works::Numbers;
+using works::Triple;
+
 constexpr std::size_t placementCount = 1000;
 
-std::mt19937_64 engine(7);
-
-double random(double low, double high) {
-    return std::uniform_real_distribution<double>(low, high)(engine);
-}
-
-/// The same work for everybody: numbers first, each library's own types from them.
-struct Triple {
-    double x, y, z;
-};
-
-Triple randomTriple(double reach) {
-    return {random(-reach, reach), random(-reach, reach), random(-reach, reach)};
-}
-
-std::vector<Triple> const &vertices() {
-    static std::vector<Triple> const all = [] {
-        std::vector<Triple> triples(pointCount);
-        for (Triple &triple : triples) triple = randomTriple(100.0);
-        return triples;
-    }();
-    return all;
-}
-
 template <class Point>
-std::vector<Point> verticesAs() {
+std::vector<Point> verticesAs(std::size_t count) {
+    static auto const all =
+        works::inputs([](Numbers &random) { return random.triple(100.0); }, 1000000);
     std::vector<Point> points;
-    points.reserve(pointCount);
-    for (Triple const &v : vertices()) points.emplace_back(v.x, v.y, v.z);
+    for (std::size_t i = 0; i < count; ++i) points.push_back({all[i].x, all[i].y, all[i].z});
     return points;
 }
 
@@ -64,14 +59,100 @@ struct Placement {
     double angle, scale;
 };
 
-std::vector<Placement> const &placements() {
-    static std::vector<Placement> const all = [] {
-        std::vector<Placement> result(placementCount);
-        for (Placement &p : result)
-            p = {randomTriple(50.0), randomTriple(1.0), random(0.1, 3.0), random(0.5, 2.0)};
-        return result;
-    }();
-    return all;
+/// Made from the same placements for everybody.
+template <class Make>
+auto placementsAs(Make const &make) {
+    return works::inputs(
+        [&make](Numbers &random) {
+            Triple const move = random.triple(50.0), axis = random.triple(1.0);
+            double const angle = random(0.1, 3.0);
+            return make({move, axis, angle, random(0.5, 2.0)});
+        },
+        placementCount);
+}
+
+/// Each work on a mesh of a million vertices, and on one that stays in the second cache.
+template <class Run>
+void addForBothSizes(std::string const &work, char const *who, Run const &run) {
+    for (auto const &[suffix, count] : {std::pair("", 1000000), std::pair(" in cache", 10000)}) {
+        auto const n = static_cast<std::size_t>(count);
+        works::add(work + suffix, who, [run, n](benchmark::State &state) { run(state, n); });
+    }
+}
+
+/// Points are moved there and back in turn, so that they stay of ordinary size.
+template <class Point, class Form>
+void addTransform(char const *work, char const *who, Form const &there, Form const &back,
+                  void (*moveAll)(std::vector<Point> &, Form const &)) {
+    addForBothSizes(work, who, [=](benchmark::State &state, std::size_t count) {
+        auto points = verticesAs<Point>(count);
+        bool returns = false;
+        for (auto _ : state) {
+            moveAll(points, returns ? back : there);
+            returns = !returns;
+            benchmark::ClobberMemory();
+        }
+        countItems(state, count);
+    });
+}
+
+template <class Box, class Point, class Bound>
+void addBounds(char const *work, char const *who, Bound const &bound) {
+    addForBothSizes(work, who, [bound](benchmark::State &state, std::size_t count) {
+        auto const points = verticesAs<Point>(count);
+        for (auto _ : state) {
+            Box box = bound(points);
+            benchmark::DoNotOptimize(box);
+        }
+        countItems(state, count);
+    });
+}
+
+/// Products of neighbours, and inverses.
+template <class Make, class Compose, class Invert>
+void addPlacements(char const *who, Make const &make, Compose const &compose,
+                   Invert const &invert) {
+    works::add("compose", who, [=](benchmark::State &state) {
+        auto const chain = placementsAs(make);
+        for (auto _ : state) {
+            for (std::size_t i = 1; i < chain.size(); ++i) {
+                auto product = compose(chain[i - 1], chain[i]);
+                benchmark::DoNotOptimize(product);
+            }
+        }
+        countItems(state, chain.size() - 1);
+    });
+    works::add("inverse", who,
+               [=](benchmark::State &state) { works::measure(state, placementsAs(make), invert); });
+}
+
+/// Boxes of parts, each placed somewhere: the first with the last, and so on.
+template <class Make, class Clash>
+void addClash(char const *who, Make const &make, Clash const &clash) {
+    works::add("placed clash", who, [=](benchmark::State &state) {
+        Numbers random;
+        auto const placed = placementsAs([&](Placement const &p) {
+            double const x = random(1.0, 20.0), y = random(1.0, 20.0);
+            return make(p, Triple{x, y, random(1.0, 20.0)});
+        });
+        using Placed = typename decltype(placed)::value_type;
+        std::vector<std::pair<Placed, Placed>> pairs;
+        for (std::size_t i = 0; i < placed.size(); ++i)
+            pairs.emplace_back(placed[i], placed[placed.size() - 1 - i]);
+        works::measure(state, pairs,
+                       [&](auto const &pair) { return clash(pair.first, pair.second); });
+    });
+}
+
+// In each library, loops over points are functions of their own, as with most callers: they know
+// nothing about their transform.
+
+__attribute__((noinline)) void moveAll(std::vector<mgPoint_c> &points, mgXform_c const &x) {
+    for (mgPoint_c &point : points) point *= x;
+}
+
+void moveArray(std::vector<mgPoint_c> &points, mgXform_c const &x) {
+    mg_TransformPoints(points.data(), static_cast<int>(points.size()), x);
 }
 
 mgXform_c vexmathXform(Placement const &p) {
@@ -80,41 +161,33 @@ mgXform_c vexmathXform(Placement const &p) {
     return mg_RestoreXform(mg_RotationMatrix(p.angle, axis, 0.0), move, p.scale);
 }
 
-void countItems(benchmark::State &state, std::size_t perIteration) {
-    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(perIteration));
-}
-
-// Points are moved there and back in turn, so that they stay of ordinary size. The loop is a
-// function of its own, as with most callers: it knows nothing about its transform.
-
-__attribute__((noinline)) void moveAll(std::vector<mgPoint_c> &points, mgXform_c const &x) {
-    for (mgPoint_c &point : points) point *= x;
-}
-
-void transformPointsVexmath(benchmark::State &state) {
-    auto points = verticesAs<mgPoint_c>();
-    mgXform_c const there = vexmathXform(placements()[0]);
-    mgXform_c const back = there.inverse();
-    mgXform_c const *next = &there;
-    for (auto _ : state) {
-        moveAll(points, *next);
-        next = next == &there ? &back : &there;
-        benchmark::ClobberMemory();
-    }
-    countItems(state, pointCount);
-}
-BENCHMARK(transformPointsVexmath)->Name("transform points/vexmath");
-
-void boundVexmath(benchmark::State &state) {
-    auto const points = verticesAs<mgPoint_c>();
-    for (auto _ : state) {
+void addVexmath() {
+    mgXform_c const there = placementsAs(vexmathXform)[0], back = there.inverse();
+    addTransform("transform points", "vexmath", there, back, moveAll);
+    addTransform("transform array", "vexmath", there, back, moveArray);
+    addBounds<mgBBox_c, mgPoint_c>("bounds", "vexmath", [](auto const &points) {
         mgBBox_c box;
         for (mgPoint_c const &point : points) box |= point;
-        benchmark::DoNotOptimize(box);
-    }
-    countItems(state, pointCount);
+        return box;
+    });
+    addBounds<mgBBox_c, mgPoint_c>("bounds of array", "vexmath", [](auto const &points) {
+        mgBBox_c box;
+        mg_BoundPoints(points.data(), static_cast<int>(points.size()), box);
+        return box;
+    });
+    addPlacements(
+        "vexmath", vexmathXform, [](auto const &a, auto const &b) { return a * b; },
+        [](mgXform_c const &x) { return x.inverse(); });
+    addClash(
+        "vexmath",
+        [](Placement const &p, Triple const &half) {
+            mgPoint_c const corner(half.x, half.y, half.z);
+            return std::pair(mgBBox_c(mgPoint_c() - corner, corner), vexmathXform(p));
+        },
+        [](auto const &a, auto const &b) {
+            return mgBBox_c::clash(a.first, a.second, b.first, b.second);
+        });
 }
-BENCHMARK(boundVexmath)->Name("bounds/vexmath");
 
 /// A box and a sphere that trust themselves: what the union costs without its test of validity.
 struct UncheckedBounds {
@@ -135,56 +208,13 @@ struct UncheckedBounds {
     }
 };
 
-void boundUnchecked(benchmark::State &state) {
-    std::vector<Triple> const &points = vertices();
-    for (auto _ : state) {
+void addUnchecked() {
+    addBounds<UncheckedBounds, Triple>("bounds", "unchecked", [](auto const &points) {
         UncheckedBounds bounds{points[0], points[0], points[0], 0.0};
         for (Triple const &point : points) bounds.add(point);
-        benchmark::DoNotOptimize(bounds);
-    }
-    countItems(state, pointCount);
+        return bounds;
+    });
 }
-BENCHMARK(boundUnchecked)->Name("bounds/unchecked");
-
-void composeVexmath(benchmark::State &state) {
-    std::vector<mgXform_c> chain;
-    for (Placement const &p : placements()) chain.push_back(vexmathXform(p));
-    for (auto _ : state)
-        for (std::size_t i = 1; i < chain.size(); ++i)
-            benchmark::DoNotOptimize(chain[i - 1] * chain[i]);
-    countItems(state, placementCount - 1);
-}
-BENCHMARK(composeVexmath)->Name("compose/vexmath");
-
-void invertVexmath(benchmark::State &state) {
-    std::vector<mgXform_c> all;
-    for (Placement const &p : placements()) all.push_back(vexmathXform(p));
-    for (auto _ : state)
-        for (mgXform_c const &xform : all) benchmark::DoNotOptimize(xform.inverse());
-    countItems(state, placementCount);
-}
-BENCHMARK(invertVexmath)->Name("inverse/vexmath");
-
-void clashVexmath(benchmark::State &state) {
-    struct Placed {
-        mgBBox_c box;
-        mgXform_c placement;
-    };
-    auto const placed = [](Placement const &p) {
-        Triple const half{random(1.0, 20.0), random(1.0, 20.0), random(1.0, 20.0)};
-        return Placed{
-            mgBBox_c(mgPoint_c(-half.x, -half.y, -half.z), mgPoint_c(half.x, half.y, half.z)),
-            vexmathXform(p)};
-    };
-    std::vector<std::pair<Placed, Placed>> pairs;
-    for (std::size_t i = 0; i < placementCount; ++i)
-        pairs.emplace_back(placed(placements()[i]), placed(placements()[placementCount - 1 - i]));
-    for (auto _ : state)
-        for (auto const &[a, b] : pairs)
-            benchmark::DoNotOptimize(mgBBox_c::clash(a.box, a.placement, b.box, b.placement));
-    countItems(state, pairs.size());
-}
-BENCHMARK(clashVexmath)->Name("placed clash/vexmath");
 
 #ifdef VEXMATH_BENCH_EIGEN
 
@@ -199,55 +229,153 @@ __attribute__((noinline)) void moveAll(std::vector<Eigen::Vector3d> &points,
     for (Eigen::Vector3d &point : points) point = x * point;
 }
 
-void transformPointsEigen(benchmark::State &state) {
-    auto points = verticesAs<Eigen::Vector3d>();
-    Eigen::Affine3d const there = eigenAffine(placements()[0]);
-    Eigen::Affine3d const back = there.inverse(Eigen::Affine);
-    Eigen::Affine3d const *next = &there;
-    for (auto _ : state) {
-        moveAll(points, *next);
-        next = next == &there ? &back : &there;
-        benchmark::ClobberMemory();
-    }
-    countItems(state, pointCount);
+/// The whole list as one matrix, product and sum.
+__attribute__((noinline)) void moveAsMatrix(std::vector<Eigen::Vector3d> &points,
+                                            Eigen::Affine3d const &x) {
+    Eigen::Map<Eigen::Matrix3Xd> all(points[0].data(), 3, static_cast<Eigen::Index>(points.size()));
+    all = (x.linear() * all).colwise() + x.translation();
 }
-BENCHMARK(transformPointsEigen)->Name("transform points/Eigen");
 
-void boundEigen(benchmark::State &state) {
-    auto const points = verticesAs<Eigen::Vector3d>();
-    for (auto _ : state) {
-        Eigen::AlignedBox3d box;
-        for (Eigen::Vector3d const &point : points) box.extend(point);
-        benchmark::DoNotOptimize(box);
-    }
-    countItems(state, pointCount);
+void addEigen() {
+    Eigen::Affine3d const there = placementsAs(eigenAffine)[0], back = there.inverse();
+    addTransform("transform points", "Eigen", there, back, moveAll);
+    addTransform("transform array", "Eigen matrix", there, back, moveAsMatrix);
+    addBounds<Eigen::AlignedBox3d, Eigen::Vector3d>("bounds", "Eigen box only",
+                                                    [](auto const &points) {
+                                                        Eigen::AlignedBox3d box;
+                                                        for (auto const &p : points) box.extend(p);
+                                                        return box;
+                                                    });
+    addPlacements(
+        "Eigen", eigenAffine, [](auto const &a, auto const &b) { return Eigen::Affine3d(b * a); },
+        [](auto const &x) { return Eigen::Affine3d(x.inverse(Eigen::Affine)); });
 }
-BENCHMARK(boundEigen)->Name("bounds/Eigen box only");
-
-void composeEigen(benchmark::State &state) {
-    std::vector<Eigen::Affine3d> chain;
-    for (Placement const &p : placements()) chain.push_back(eigenAffine(p));
-    for (auto _ : state)
-        for (std::size_t i = 1; i < chain.size(); ++i) {
-            Eigen::Affine3d product = chain[i] * chain[i - 1];
-            benchmark::DoNotOptimize(product);
-        }
-    countItems(state, placementCount - 1);
-}
-BENCHMARK(composeEigen)->Name("compose/Eigen");
-
-void invertEigen(benchmark::State &state) {
-    std::vector<Eigen::Affine3d> all;
-    for (Placement const &p : placements()) all.push_back(eigenAffine(p));
-    for (auto _ : state)
-        for (Eigen::Affine3d const &affine : all) {
-            Eigen::Affine3d inverse = affine.inverse(Eigen::Affine);
-            benchmark::DoNotOptimize(inverse);
-        }
-    countItems(state, placementCount);
-}
-BENCHMARK(invertEigen)->Name("inverse/Eigen");
 
 #endif
+
+#if defined(VEXMATH_BENCH_FCL) && defined(VEXMATH_BENCH_EIGEN)
+
+void addFcl() {
+    addClash(
+        "FCL prebuilt",
+        [](Placement const &p, Triple const &half) {
+            Eigen::Affine3d const x = eigenAffine(p);
+            return fcl::OBBd(x.linear() / p.scale, x.translation(),
+                             fcl::Vector3d(half.x, half.y, half.z) * p.scale);
+        },
+        [](auto const &a, auto const &b) { return a.overlap(b); });
+}
+
+#endif
+
+#ifdef VEXMATH_BENCH_GLM
+
+glm::dmat4 glmMatrix(Placement const &p) {
+    glm::dmat4 const moved = glm::translate(glm::dmat4(1.0), {p.move.x, p.move.y, p.move.z});
+    glm::dmat4 const turned =
+        glm::rotate(moved, p.angle, glm::normalize(glm::dvec3(p.axis.x, p.axis.y, p.axis.z)));
+    return glm::scale(turned, glm::dvec3(p.scale));
+}
+
+__attribute__((noinline)) void moveAll(std::vector<glm::dvec3> &points, glm::dmat4 const &m) {
+    for (glm::dvec3 &point : points) point = glm::dvec3(m * glm::dvec4(point, 1.0));
+}
+
+void addGlm() {
+    glm::dmat4 const there = placementsAs(glmMatrix)[0], back = glm::affineInverse(there);
+    addTransform("transform points", "GLM", there, back, moveAll);
+    addPlacements(
+        "GLM", glmMatrix, [](auto const &a, auto const &b) { return b * a; },
+        [](auto const &m) { return glm::affineInverse(m); });
+}
+
+#endif
+
+#ifdef VEXMATH_BENCH_IMATH
+
+Imath::M44d imathMatrix(Placement const &p) {
+    Imath::M44d scaled, turned, moved;
+    scaled.setScale(p.scale);
+    turned.setAxisAngle(Imath::V3d(p.axis.x, p.axis.y, p.axis.z).normalized(), p.angle);
+    moved.setTranslation(Imath::V3d(p.move.x, p.move.y, p.move.z));
+    return scaled * turned * moved;
+}
+
+__attribute__((noinline)) void moveAll(std::vector<Imath::V3d> &points, Imath::M44d const &m) {
+    for (Imath::V3d &point : points) point *= m; // divides by w
+}
+
+void addImath() {
+    Imath::M44d const there = placementsAs(imathMatrix)[0], back = there.inverse();
+    addTransform("transform points", "Imath", there, back, moveAll);
+    addPlacements(
+        "Imath", imathMatrix, [](auto const &a, auto const &b) { return a * b; },
+        [](auto const &m) { return m.inverse(); });
+}
+
+#endif
+
+#ifdef VEXMATH_BENCH_OCC
+
+gp_Trsf occTrsf(Placement const &p) {
+    gp_Trsf scaled, turned, moved;
+    scaled.SetScale(gp_Pnt(), p.scale);
+    turned.SetRotation(gp_Ax1(gp_Pnt(), gp_Dir(p.axis.x, p.axis.y, p.axis.z)), p.angle);
+    moved.SetTranslation(gp_Vec(p.move.x, p.move.y, p.move.z));
+    return moved * turned * scaled;
+}
+
+__attribute__((noinline)) void moveAll(std::vector<gp_Pnt> &points, gp_Trsf const &x) {
+    for (gp_Pnt &point : points) point.Transform(x);
+}
+
+Bnd_OBB occBox(std::pair<gp_Trsf, Triple> const &placed) {
+    auto const &[x, half] = placed;
+    auto const axis = [&x](double a, double b, double c) { return gp_Dir(a, b, c).Transformed(x); };
+    double const scale = x.ScaleFactor();
+    return {gp_Pnt().Transformed(x), axis(1, 0, 0),  axis(0, 1, 0), axis(0, 0, 1),
+            half.x * scale,          half.y * scale, half.z * scale};
+}
+
+void addOcc() {
+    gp_Trsf const there = placementsAs(occTrsf)[0], back = there.Inverted();
+    addTransform("transform points", "Open CASCADE", there, back, moveAll);
+    addPlacements(
+        "Open CASCADE", occTrsf, [](auto const &a, auto const &b) { return b * a; },
+        [](auto const &x) { return x.Inverted(); });
+    auto const placed = [](Placement const &p, Triple const &half) {
+        return std::pair(occTrsf(p), half);
+    };
+    // Boxes placed for the test, as in an assembly that moves, and placed before.
+    addClash("Open CASCADE", placed,
+             [](auto const &a, auto const &b) { return occBox(a).IsOut(occBox(b)); });
+    addClash(
+        "Open CASCADE prebuilt",
+        [placed](auto const &p, auto const &half) { return occBox(placed(p, half)); },
+        [](auto const &a, auto const &b) { return a.IsOut(b); });
+}
+
+#endif
+
+[[maybe_unused]] bool const registered = [] {
+    addVexmath();
+    addUnchecked();
+#ifdef VEXMATH_BENCH_EIGEN
+    addEigen();
+#endif
+#if defined(VEXMATH_BENCH_FCL) && defined(VEXMATH_BENCH_EIGEN)
+    addFcl();
+#endif
+#ifdef VEXMATH_BENCH_GLM
+    addGlm();
+#endif
+#ifdef VEXMATH_BENCH_IMATH
+    addImath();
+#endif
+#ifdef VEXMATH_BENCH_OCC
+    addOcc();
+#endif
+    return true;
+}();
 
 } // namespace

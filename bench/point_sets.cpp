@@ -7,15 +7,10 @@
 #include <vexmath/su_dynamic_array.h>
 
 #include <algorithm>
-#include <cmath>
-#include <cstdint>
 #include <iterator>
-#include <random>
-#include <string>
 #include <utility>
-#include <vector>
 
-#include <benchmark/benchmark.h>
+#include "works.h"
 
 #ifdef VEXMATH_BENCH_CGAL
 #include <CGAL/Simple_cartesian.h>
@@ -47,118 +42,140 @@ std::vector<mgPoint_c> const &points() {
     return all;
 }
 
-void countItems(benchmark::State &state, int perIteration) {
-    state.SetItemsProcessed(state.iterations() * perIteration);
+/// n of the points, from another place each time: a processor learns what it sees again.
+mgPoint_c const *somePoints(int n) {
+    static int next = 0;
+    if (next + n > manyPoints) next = 0;
+    return points().data() + (next += n) - n;
 }
 
 template <class Sort>
-void sortPoints(benchmark::State &state, Sort sort) {
-    for (auto _ : state) {
-        state.PauseTiming();
-        std::vector<mgPoint_c> sorted = points();
-        state.ResumeTiming();
-        sort(sorted);
-        benchmark::DoNotOptimize(sorted.data());
-    }
-    countItems(state, manyPoints);
+void addSort(std::string const &work, char const *who, int n, Sort const &sort) {
+    auto const some = [n] {
+        mgPoint_c const *const first = somePoints(n);
+        return std::vector<mgPoint_c>(first, first + n);
+    };
+    works::addPrepared(work, who, static_cast<std::size_t>(n), some, [sort](auto &unsorted) {
+        sort(unsorted);
+        benchmark::DoNotOptimize(unsorted.data());
+    });
 }
 
-void sortVexmath(benchmark::State &state) {
-    sortPoints(state, [](auto &p) { mg_pointQuickSort(p.data(), 0, manyPoints - 1); });
-}
-BENCHMARK(sortVexmath)->Name("sort points/vexmath");
-
-/// Another order: exact, where the library's has a tolerance.
-void sortStd(benchmark::State &state) {
+void addSorts(int n) {
+    std::string const work = "sort of " + std::to_string(n);
+    addSort(work, "vexmath", n,
+            [n](auto &unsorted) { mg_pointQuickSort(unsorted.data(), 0, n - 1); });
+    // Another order: exact, where the library's has a tolerance.
     auto const less = [](mgPoint_c const &a, mgPoint_c const &b) {
         if (a.x() != b.x()) return a.x() < b.x();
         if (a.y() != b.y()) return a.y() < b.y();
         return a.z() < b.z();
     };
-    sortPoints(state, [&](auto &p) { std::sort(p.begin(), p.end(), less); });
+    addSort(work, "std::sort", n,
+            [less](auto &unsorted) { std::sort(unsorted.begin(), unsorted.end(), less); });
 }
-BENCHMARK(sortStd)->Name("sort points/std::sort");
-
-void hullVexmath(benchmark::State &state) {
-    suDynamicArray<mg2DPoint_c> unsorted;
-    for (mgPoint_c const &p : points()) unsorted.Add({p.x(), p.y()});
-    for (auto _ : state) {
-        state.PauseTiming();
-        suDynamicArray<mg2DPoint_c> input = unsorted; // the call sorts it
-        suDynamicArray<mg2DPoint_c> hull;
-        state.ResumeTiming();
-        benchmark::DoNotOptimize(convexHull(input, hull));
-    }
-    countItems(state, manyPoints);
-}
-BENCHMARK(hullVexmath)->Name("hull/vexmath");
 
 #ifdef VEXMATH_BENCH_CGAL
 using CgalPoint = CGAL::Simple_cartesian<double>::Point_2;
 
 template <class Hull>
-void hullCgal(benchmark::State &state, Hull hullOf) {
-    std::vector<CgalPoint> input;
-    for (mgPoint_c const &p : points()) input.emplace_back(p.x(), p.y());
-    for (auto _ : state) {
+void addCgalHull(std::string const &work, char const *who, int n, Hull const &hullOf) {
+    auto const input = [n] {
+        std::vector<CgalPoint> result;
+        mgPoint_c const *p = somePoints(n);
+        for (int i = 0; i < n; ++i, ++p) result.emplace_back(p->x(), p->y());
+        return result;
+    };
+    works::addPrepared(work, who, static_cast<std::size_t>(n), input, [hullOf](auto const &all) {
         std::vector<CgalPoint> hull;
-        hullOf(input.begin(), input.end(), std::back_inserter(hull));
+        hullOf(all.begin(), all.end(), std::back_inserter(hull));
         benchmark::DoNotOptimize(hull.data());
-    }
-    countItems(state, manyPoints);
+    });
 }
-
-/// The same method, sorting included.
-void hullGrahamAndrew(benchmark::State &state) {
-    hullCgal(state, [](auto... range) { CGAL::ch_graham_andrew(range...); });
-}
-BENCHMARK(hullGrahamAndrew)->Name("hull/CGAL Graham-Andrew");
-
-/// Drops most points before it sorts.
-void hullConvexHull2(benchmark::State &state) {
-    hullCgal(state, [](auto... range) { CGAL::convex_hull_2(range...); });
-}
-BENCHMARK(hullConvexHull2)->Name("hull/CGAL convex_hull_2");
 #endif
+
+void addHulls(int n) {
+    std::string const work = "hull of " + std::to_string(n);
+    auto const some = [n] {
+        suDynamicArray<mg2DPoint_c> result;
+        mgPoint_c const *p = somePoints(n);
+        for (int i = 0; i < n; ++i, ++p) result.Add({p->x(), p->y()});
+        return result;
+    };
+    works::addPrepared(work, "vexmath", static_cast<std::size_t>(n), some, [](auto &input) {
+        suDynamicArray<mg2DPoint_c> hull;
+        benchmark::DoNotOptimize(convexHull(input, hull));
+    });
+#ifdef VEXMATH_BENCH_CGAL
+    // The same method, sorting included; and one that drops most points before it sorts.
+    addCgalHull(work, "CGAL Graham-Andrew", n,
+                [](auto... range) { CGAL::ch_graham_andrew(range...); });
+    addCgalHull(work, "CGAL convex_hull_2", n,
+                [](auto... range) { CGAL::convex_hull_2(range...); });
+#endif
+}
+
+/// How long an open tour is, for the table.
+template <class Order>
+double lengthOf(Order const &order) {
+    double length = 0.0;
+    for (std::size_t i = 1; i < order.size(); ++i)
+        length += (points()[order[i]] - points()[order[i - 1]]).len();
+    return length;
+}
 
 void tourVexmath(benchmark::State &state, int n) {
     suDynamicArray<mgPoint_c> stops;
     for (int i = 0; i < n; ++i) stops.Add(points()[static_cast<std::size_t>(i)]);
+    suDynamicArray<int> order;
     for (auto _ : state) {
-        suDynamicArray<int> order;
+        order = suDynamicArray<int>();
         mg_OpenTSP(stops, order);
         benchmark::DoNotOptimize(order.Data());
     }
-    countItems(state, n);
+    std::vector<std::size_t> tour;
+    for (int i = 0; i < order.Count(); ++i) tour.push_back(static_cast<std::size_t>(order[i]));
+    state.counters["length"] = lengthOf(tour);
+    works::countItems(state, static_cast<std::size_t>(n));
 }
 
 #ifdef VEXMATH_BENCH_BOOST
 using Distances = boost::adjacency_matrix<boost::undirectedS, boost::no_property,
                                           boost::property<boost::edge_weight_t, double>>;
 
-/// A closed tour of at most twice the shortest length. The table of all distances, which it needs
-/// and the library does without, is made beforehand.
+/// At most twice the shortest length, without the way back. The table of all distances, which it
+/// needs and the library does without, is made beforehand.
 void tourBoost(benchmark::State &state, std::size_t n) {
     Distances distances(n);
     for (std::size_t i = 0; i < n; ++i)
         for (std::size_t j = 0; j < i; ++j)
             boost::add_edge(i, j, (points()[i] - points()[j]).len(), distances);
+    std::vector<std::size_t> tour;
     for (auto _ : state) {
-        std::vector<std::size_t> tour;
+        tour.clear();
         boost::metric_tsp_approx_tour(distances, std::back_inserter(tour));
         benchmark::DoNotOptimize(tour.data());
     }
-    countItems(state, static_cast<int>(n));
+    tour.pop_back(); // the start again
+    state.counters["length"] = lengthOf(tour);
+    works::countItems(state, n);
 }
 #endif
 
-[[maybe_unused]] bool const toursOfAllSizes = [] {
-    for (int const n : {500, 1000, 2000, 4000}) {
-        std::string const work = "tour of " + std::to_string(n);
-        benchmark::RegisterBenchmark((work + "/vexmath").c_str(), tourVexmath, n);
+void addTours(int n) {
+    std::string const work = "tour of " + std::to_string(n);
+    works::add(work, "vexmath", [n](benchmark::State &state) { tourVexmath(state, n); });
 #ifdef VEXMATH_BENCH_BOOST
-        benchmark::RegisterBenchmark((work + "/Boost approximation").c_str(), tourBoost, n);
+    works::add(work, "Boost 2-approximation",
+               [n](benchmark::State &state) { tourBoost(state, static_cast<std::size_t>(n)); });
 #endif
+}
+
+[[maybe_unused]] bool const ofAllSizes = [] {
+    for (int const n : {500, 1000, 2000, 4000}) addTours(n);
+    for (int const n : {1000, 10000, 100000, manyPoints}) {
+        addSorts(n);
+        addHulls(n);
     }
     return true;
 }();

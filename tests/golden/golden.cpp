@@ -4,6 +4,7 @@
 // here calls a trigonometric function: those belong to the C library and differ between libraries.
 
 #include <vexmath/bbox.h>
+#include <vexmath/bulk.h>
 #include <vexmath/matrix4.h>
 #include <vexmath/mg_matrix.h>
 #include <vexmath/mg_queries.h>
@@ -129,6 +130,17 @@ void boxes(Stream &in, Bits &out) {
     out.add(a);
 }
 
+void bulk(Stream &in, Bits &out) {
+    constexpr int count = 11;
+    mgPoint_c points[count];
+    for (mgPoint_c &p : points) p = in.point();
+    mgBBox_c box;
+    mg_TransformPoints(points, count, in.placement());
+    mg_BoundPoints(points, count, box);
+    for (mgPoint_c const &p : points) out.add(p);
+    out.add(box);
+}
+
 void queries(Stream &in, Bits &out) {
     mgLine_c const line{in.point(), in.direction()}, second{in.point(), in.direction()};
     mgPlane_c const plane{in.point(), in.direction()}, other{in.point(), in.direction()};
@@ -189,6 +201,7 @@ int main() {
     print("vectors", vectors);
     print("matrices", matrices);
     print("transforms", transforms);
+    print("bulk", bulk);
     print("queries", queries);
     print("boxes", boxes);
     print("numerics", numerics);

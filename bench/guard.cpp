@@ -1,0 +1,241 @@
+// SPDX-License-Identifier: MIT
+// A fixed set of works for valgrind's callgrind, which counts their instructions one by one:
+// bench/guard.py runs this and compares. Works have the names of the benchmarks where there is one.
+// Nothing here depends on a clock or a random seed.
+
+#include <vexmath/vexmath.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include <valgrind/callgrind.h>
+
+namespace {
+
+constexpr int kItems = 1000;
+
+/// Keeps a result from being left out, and tells nothing of it.
+template <class T>
+void keep(T const &value) {
+    asm volatile("" : : "r"(&value) : "memory");
+}
+
+/// What the work executes is written out under its name; "items" says for how many items.
+template <class Work>
+void count(char const *name, int items, Work const &work) {
+    work(); // whatever the first call alone must do
+    CALLGRIND_START_INSTRUMENTATION;
+    CALLGRIND_ZERO_STATS;
+    work();
+    CALLGRIND_DUMP_STATS_AT(name);
+    CALLGRIND_STOP_INSTRUMENTATION;
+    std::printf("%s\t%d\n", name, items);
+}
+
+template <class Work>
+void countEach(char const *name, Work const &work) {
+    count(name, kItems, [&work] {
+        for (std::size_t i = 0; i < kItems; ++i) keep(work(i));
+    });
+}
+
+/// The same numbers everywhere, by Knuth's 64-bit linear congruence.
+struct Numbers {
+    double next(double reach) {
+        state = state * 6364136223846793005u + 1442695040888963407u;
+        return (static_cast<double>(state >> 11) * 0x1p-52 - 1.0) * reach;
+    }
+    mgPoint_c point(double reach) {
+        double const x = next(reach), y = next(reach), z = next(reach);
+        return {x, y, z};
+    }
+    mgUnitVector_c direction() {
+        mgPoint_c const p = point(1.0);
+        return {p.x(), p.y(), p.z()};
+    }
+    mgXform_c placement() {
+        mgUnitVector_c const axis = direction();
+        double const angle = next(3.0);
+        return mg_RestoreXform(mg_RotationMatrix(angle, axis, 0.0), point(30.0), 1.5);
+    }
+
+    std::uint64_t state = 1;
+};
+
+template <class Make>
+auto inputs(Make const &make, int n = kItems) {
+    std::vector<decltype(make())> all;
+    for (int i = 0; i < n; ++i) all.push_back(make());
+    return all;
+}
+
+void points(Numbers &in) {
+    mgXform_c const x = in.placement(), move = mg_TranslateXform(mgVector_c(1.0, 2.0, 3.0));
+    auto all = inputs([&in] { return in.point(100.0); });
+    auto const array = [&all](mgXform_c const &form) {
+        return [&all, &form] { mg_TransformPoints(all.data(), kItems, form); };
+    };
+    auto const bounds = [&all] {
+        mgBBox_c box;
+        mg_BoundPoints(all.data(), kItems, box);
+        keep(box);
+    };
+    countEach("transform points", [&](std::size_t i) { return all[i] *= x; });
+    countEach("move points", [&](std::size_t i) { return all[i] *= move; });
+    mg_SetUseVectorUnits(1);
+    count("transform array", kItems, array(x));
+    count("bounds of array", kItems, bounds);
+    mg_SetUseVectorUnits(0);
+    count("transform array, plain", kItems, array(x));
+    count("move array", kItems, array(move));
+    count("bounds of array, plain", kItems, bounds);
+    mgBBox_c box;
+    countEach("bounds", [&](std::size_t i) { return box |= all[i]; });
+}
+
+void placements(Numbers &in) {
+    auto const all = inputs([&in] { return in.placement(); }, kItems + 1);
+    auto const boxes =
+        inputs([&in] { return mgBBox_c(in.point(20.0), in.point(20.0)); }, kItems + 1);
+    countEach("compose", [&](std::size_t i) { return all[i] * all[i + 1]; });
+    countEach("inverse", [&](std::size_t i) { return all[i].inverse(); });
+    countEach("box and box", [&](std::size_t i) { return mgBBox_c(boxes[i]) |= boxes[i + 1]; });
+    countEach("place a box", [&](std::size_t i) { return mgBBox_c(boxes[i]) *= all[i]; });
+    countEach("placed clash", [&](std::size_t i) {
+        return mgBBox_c::clash(boxes[i], all[i], boxes[i + 1], all[i + 1]);
+    });
+    countEach("archive round trip", [&](std::size_t i) {
+        std::stringstream stream;
+        su_CArchive archive(stream);
+        mgXform_c saved = all[i], restored;
+        saved.save(archive);
+        restored.restore(archive);
+        return restored;
+    });
+}
+
+void intersections(Numbers &in) {
+    auto const lines =
+        inputs([&in] { return mgLine_c(in.point(1.0), in.direction()); }, kItems + 1);
+    auto const planes =
+        inputs([&in] { return mgPlane_c(in.point(1.0), in.direction()); }, kItems + 1);
+    mgBBox_c const box(mgPoint_c(-0.5, -0.5, -0.5), mgPoint_c(0.5, 0.5, 0.5));
+    mgPoint_c out;
+    countEach("line plane",
+              [&](std::size_t i) { return mg_LineIntPlane(lines[i], planes[i], &out, nullptr); });
+    countEach("line line", [&](std::size_t i) {
+        mgLine_c const &a = lines[i], &b = lines[i + 1];
+        return mg_LineIntLine(a.rootPoint(), a.direction(), b.rootPoint(), b.direction(), &out,
+                              1e-8);
+    });
+    countEach("segment segment", [&](std::size_t i) {
+        mgLine_c const &a = lines[i], &b = lines[i + 1];
+        return mg_LineSegIntLineSeg(a.rootPoint(), a.direction(), b.rootPoint(), b.direction(), out,
+                                    1e-8);
+    });
+    countEach("plane plane", [&](std::size_t i) {
+        mgLine_c common;
+        mg_PlaneIntPlane(planes[i], planes[i + 1], &common);
+        return common;
+    });
+    countEach("ray box", [&](std::size_t i) {
+        return box.getFirstRayHit(lines[i].rootPoint(), lines[i].direction(), &out);
+    });
+}
+
+void numerics(Numbers &in) {
+    auto const matrices = inputs([&in] {
+        mgMatrix_c m;
+        for (int i = 0; i < 3; ++i)
+            for (int j = i; j < 3; ++j) m[3 * i + j] = m[3 * j + i] = in.next(1.0);
+        return m;
+    });
+    struct Eigensystem {
+        double values[3];
+        mgUnitVector_c vectors[3];
+    };
+    struct Roots {
+        double root[3];
+    };
+    countEach("eigensystem 3x3", [&](std::size_t i) {
+        Eigensystem system;
+        matrices[i].getEigensystem(system.values, system.vectors);
+        return system;
+    });
+    countEach("null space", [&](std::size_t i) {
+        Eigensystem system;
+        matrices[i].getNullspace(system.vectors, true);
+        return system;
+    });
+    countEach("cubic roots", [&](std::size_t i) {
+        mgMatrix_c const &m = matrices[i];
+        Roots roots;
+        mg_solveCubic(m[0], m[1], m[2], m[4], roots.root);
+        return roots;
+    });
+    float const matrix[16] = {0, 1, 0, 0, -1, 0, 0, 0, 0, 0, 1, 0, 1, 2, 3, 1};
+    float p[3] = {1, 2, 3}, product[16];
+    countEach("float point by matrix", [&](std::size_t) {
+        gfxmath_mult_point_by_matrix(p, matrix, p);
+        return p[0];
+    });
+    countEach("float matrix product", [&](std::size_t) {
+        gfxmath_mult_matrix(matrix, matrix, product);
+        return product[0];
+    });
+}
+
+void pointSets(Numbers &in) {
+    auto const all = inputs([&in] { return in.point(100.0); }, 20 * kItems);
+    count("sort", 20 * kItems, [&all] {
+        std::vector<mgPoint_c> sorted = all;
+        mg_pointQuickSort(sorted.data(), 0, 20 * kItems - 1);
+        keep(sorted[0]);
+    });
+    suDynamicArray<mg2DPoint_c> flat;
+    for (mgPoint_c const &p : all) flat.Add({p.x(), p.y()});
+    count("hull", 20 * kItems, [&flat] {
+        suDynamicArray<mg2DPoint_c> input = flat, hull; // the call sorts it
+        keep(convexHull(input, hull));
+    });
+    suDynamicArray<mgPoint_c> stops;
+    for (std::size_t i = 0; i < kItems; ++i) stops.Add(all[i]);
+    count("tour", kItems, [&stops] {
+        suDynamicArray<int> order;
+        mg_OpenTSP(stops, order);
+        keep(order[0]);
+    });
+    count("append points", 20 * kItems, [&all] {
+        suDynamicArray<mgPoint_c> list;
+        for (mgPoint_c const &p : all) list.Add(p);
+        keep(list[0]);
+    });
+}
+
+void tessellation() {
+    mgPoint_c const start(5.0, 0.0, 0.0);
+    arcEdgeData const arc{mgPoint_c(), {0.0, 0.0, 1.0}, 5.0};
+    int segments = 0;
+    count("arc", 240, [&] {
+        mgPoint_c *points = nullptr;
+        mg_TessArc(&arc, &start, &start, 0.001, &points, segments, nullptr);
+        keep(points[0]);
+        delete[] points;
+    });
+}
+
+} // namespace
+
+int main() {
+    Numbers in;
+    points(in);
+    placements(in);
+    intersections(in);
+    numerics(in);
+    pointSets(in);
+    tessellation();
+}

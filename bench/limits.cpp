@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+// What the memory alone costs: loops that read and write as many bytes as a work does, and compute
+// nothing. Nobody is faster than that on the same data.
+
+#include <algorithm>
+
+#include "works.h"
+
+#if defined(__GNUC__) && defined(__x86_64__)
+#define AS_WIDE_AS_THE_MACHINE __attribute__((target_clones("avx2", "default")))
+#else
+#define AS_WIDE_AS_THE_MACHINE
+#endif
+
+namespace {
+
+/// The bytes of one item; of a work in place, the bytes read are written again.
+struct Traffic {
+    char const *work;
+    std::size_t items, read, written;
+    bool inPlace;
+};
+
+constexpr Traffic works_[] = {
+    {"transform points", 1000000, 24, 24, true},
+    {"transform points in cache", 10000, 24, 24, true},
+    {"transform array", 1000000, 24, 24, true},
+    {"transform array in cache", 10000, 24, 24, true},
+    {"bounds", 1000000, 24, 0, false},
+    {"bounds in cache", 10000, 24, 0, false},
+    {"bounds of array", 1000000, 24, 0, false},
+    {"bounds of array in cache", 10000, 24, 0, false},
+    {"compose", 1000, 128, 128, false},
+    {"inverse", 1000, 128, 128, false},
+    {"placed clash", 1000, 416, 0, false},
+    {"line plane", 1024, 96, 24, false},
+    {"sort of 1000000", 1000000, 24, 24, true},
+    {"hull of 1000000", 1000000, 16, 0, false},
+    {"arc", 241, 0, 24, false},
+    {"eigensystem 3x3", works::kInputs, 80, 96, false},
+    {"cubic roots", works::kInputs, 32, 24, false},
+    {"append points", 1000000, 0, 24, false},
+    {"float point by matrix", works::kInputs, 12, 12, false},
+    {"float matrix product", works::kInputs, 128, 64, false},
+};
+
+using Words = std::vector<std::uint64_t>;
+
+AS_WIDE_AS_THE_MACHINE void change(std::uint64_t *data, std::size_t count, std::uint64_t mask) {
+    for (std::size_t i = 0; i < count; ++i) data[i] ^= mask;
+}
+
+AS_WIDE_AS_THE_MACHINE std::uint64_t sum(std::uint64_t const *data, std::size_t count) {
+    std::uint64_t result = 0;
+    for (std::size_t i = 0; i < count; ++i) result += data[i];
+    return result;
+}
+
+void measure(benchmark::State &state, Traffic const &traffic) {
+    Words in(traffic.items * traffic.read / sizeof(std::uint64_t), 1);
+    Words out(traffic.items * traffic.written / sizeof(std::uint64_t), 2);
+    std::size_t const both = std::min(in.size(), out.size());
+    for (auto _ : state) {
+        if (traffic.inPlace) {
+            change(in.data(), in.size(), 3);
+        } else {
+            std::copy_n(in.data(), both, out.data());
+            std::fill(out.begin() + static_cast<std::ptrdiff_t>(both), out.end(), both);
+            benchmark::DoNotOptimize(sum(in.data() + both, in.size() - both));
+        }
+        benchmark::ClobberMemory();
+    }
+    works::countItems(state, traffic.items);
+}
+
+[[maybe_unused]] bool const registered = [] {
+    for (Traffic const &traffic : works_)
+        works::add(traffic.work, "limit", [&traffic](benchmark::State &s) { measure(s, traffic); });
+    return true;
+}();
+
+} // namespace

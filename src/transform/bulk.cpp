@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+// Points moved by the array, with the questions about the transform asked once.
+
+#include <vexmath/bulk.h>
+#include <vexmath/xform.h>
+
+#include "vector/four_points.h"
+
+namespace {
+
+using vexmath::detail::moved;
+using vexmath::detail::scales;
+
+/// What is true for all points, as a constant of the loop.
+template <bool kTurns, bool kScales>
+void placeOneByOne(mgPoint_c *points, int count, mgXform_c const &x) {
+    // Copies: in x they might change with every point that is written. A scale of 1 leaves every
+    // product as it is.
+    vexmath::detail::Elements const turn = x.rotation();
+    double const scale = scales(x.scaling()) ? x.scaling() : 1.0;
+    mgVector_c const by = x.translation();
+    for (int i = 0; i < count; ++i) {
+        mgVector_c v = points[i];
+        if (kTurns) v = vexmath::detail::rowTimes(v.x(), v.y(), v.z(), turn);
+        if (kScales) v *= scale;
+        points[i].set(moved(v.x(), by.x()), moved(v.y(), by.y()), moved(v.z(), by.z()));
+    }
+}
+
+#if defined(VEXMATH_AVX2)
+
+using vexmath::detail::FourPoints;
+using vexmath::detail::loadFour;
+using vexmath::detail::storeFour;
+
+/// What makes one coordinate: a column of the rotation, the scale, a translation component.
+struct Column {
+    __m256d x, y, z, scale, back;
+};
+
+VEXMATH_AVX2 inline Column columnOf(mgXform_c const &form, int j) {
+    mgMatrix_c const &m = form.rotation();
+    return {_mm256_set1_pd(m.element(0, j)), _mm256_set1_pd(m.element(1, j)),
+            _mm256_set1_pd(m.element(2, j)), _mm256_set1_pd(form.scaling()),
+            _mm256_set1_pd(0.0 - form.translation().component(j))};
+}
+
+template <bool kScales>
+VEXMATH_AVX2 inline __m256d placed(FourPoints const &p, Column const &to) {
+    __m256d const xy = _mm256_add_pd(_mm256_mul_pd(p.x, to.x), _mm256_mul_pd(p.y, to.y));
+    __m256d sum = _mm256_add_pd(xy, _mm256_mul_pd(p.z, to.z));
+    if (kScales) sum = _mm256_mul_pd(sum, to.scale);
+    return _mm256_sub_pd(sum, to.back);
+}
+
+/// Turned, scaled if kScales, and moved: all points but up to three at the end. Returns how many.
+template <bool kScales>
+VEXMATH_AVX2 int placeByFour(mgPoint_c *points, int count, mgXform_c const &form) {
+    Column const x = columnOf(form, 0), y = columnOf(form, 1), z = columnOf(form, 2);
+    int done = 0;
+    for (; count - done >= 4; done += 4) {
+        FourPoints const p = loadFour(points + done);
+        storeFour({placed<kScales>(p, x), placed<kScales>(p, y), placed<kScales>(p, z)},
+                  points + done);
+    }
+    return done;
+}
+
+#endif
+
+/// The points that are placed four by four. Returns how many.
+int placeByFour([[maybe_unused]] mgPoint_c *points, [[maybe_unused]] int count,
+                [[maybe_unused]] mgXform_c const &x) {
+#if defined(VEXMATH_AVX2)
+    if (vexmath::detail::hasVectorUnits())
+        return scales(x.scaling()) ? placeByFour<true>(points, count, x)
+                                   : placeByFour<false>(points, count, x);
+#endif
+    return 0;
+}
+
+} // namespace
+
+void mg_TransformPoints(mgPoint_c *points, int count, mgXform_c const &x) {
+    if (x.hasPerspective()) {
+        for (int i = 0; i < count; ++i) points[i] *= x;
+    } else if (vexmath::detail::isExactIdentity(x.rotation())) {
+        placeOneByOne<false, true>(points, count, x);
+    } else {
+        int const done = placeByFour(points, count, x);
+        auto const place =
+            scales(x.scaling()) ? placeOneByOne<true, true> : placeOneByOne<true, false>;
+        if (done < count) place(points + done, count - done, x);
+    }
+}

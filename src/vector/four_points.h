@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+// Four points at a time in the vector registers of x86-64, for those who ask `hasVectorUnits`
+// first.
+
+#ifndef VEXMATH_SRC_VECTOR_FOUR_POINTS_H
+#define VEXMATH_SRC_VECTOR_FOUR_POINTS_H
+
+#include <vexmath/point.h>
+
+#if defined(__GNUC__) && defined(__x86_64__)
+#include <immintrin.h>
+
+/// Marks a function that is compiled for AVX2, whatever the rest of the library is compiled for.
+/// Fused multiplication and addition is a feature of its own and stays off.
+#define VEXMATH_AVX2 __attribute__((target("avx2")))
+#endif
+
+namespace vexmath::detail {
+
+/// May functions marked VEXMATH_AVX2 be called: does the processor have the units, and does the
+/// switch of bulk.h allow them?
+bool hasVectorUnits();
+
+#if defined(VEXMATH_AVX2)
+
+static_assert(sizeof(mgPoint_c) == 3 * sizeof(double));
+
+/// The coordinates of four points that follow each other in memory. The shuffles stay within the
+/// halves of a register, where they are cheap: a half is exchanged by loading it.
+struct FourPoints {
+    __m256d x, y, z;
+};
+
+/// Loads them, and asks for the memory of points farther on in the list, if there are any.
+VEXMATH_AVX2 inline FourPoints loadFour(mgPoint_c const *points) {
+    /// How many points farther: lists beyond the cache gain a fifth, shorter ones lose nothing.
+    constexpr int kAhead = 16;
+    auto const *const ahead = reinterpret_cast<char const *>(points + kAhead);
+    _mm_prefetch(ahead, _MM_HINT_T0);
+    _mm_prefetch(ahead + 64, _MM_HINT_T0);
+    auto const *const p = reinterpret_cast<double const *>(points);
+    __m256d const xy = _mm256_loadu2_m128d(p + 6, p);      // x0 y0 x2 y2
+    __m256d const zx = _mm256_loadu2_m128d(p + 8, p + 2);  // z0 x1 z2 x3
+    __m256d const yz = _mm256_loadu2_m128d(p + 10, p + 4); // y1 z1 y3 z3
+    return {_mm256_blend_pd(xy, zx, 0b1010), _mm256_shuffle_pd(xy, yz, 0b0101),
+            _mm256_blend_pd(zx, yz, 0b1010)};
+}
+
+VEXMATH_AVX2 inline void storeFour(FourPoints const &four, mgPoint_c *points) {
+    auto *const p = reinterpret_cast<double *>(points);
+    _mm256_storeu2_m128d(p + 6, p, _mm256_unpacklo_pd(four.x, four.y));
+    _mm256_storeu2_m128d(p + 8, p + 2, _mm256_blend_pd(four.z, four.x, 0b1010));
+    _mm256_storeu2_m128d(p + 10, p + 4, _mm256_unpackhi_pd(four.y, four.z));
+}
+
+#endif
+
+} // namespace vexmath::detail
+
+#endif

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+// What is called for every vertex or pair allocates nothing, and a value is as large as its fields.
+// A program of its own, because it counts what the C++ heap hands out.
+
+#include <vexmath/vexmath.h>
+
+#include <cstdlib>
+#include <new>
+
+#include "support/geometry.h"
+
+namespace {
+int allocations = 0;
+}
+
+void *operator new(std::size_t size) {
+    ++allocations;
+    if (void *const block = std::malloc(size)) return block;
+    throw std::bad_alloc();
+}
+void *operator new[](std::size_t size) { return operator new(size); }
+void *operator new(std::size_t size, std::nothrow_t const &) noexcept {
+    ++allocations;
+    return std::malloc(size);
+}
+void *operator new[](std::size_t size, std::nothrow_t const &tag) noexcept {
+    return operator new(size, tag);
+}
+void operator delete(void *block) noexcept { std::free(block); }
+void operator delete[](void *block) noexcept { std::free(block); }
+void operator delete(void *block, std::size_t) noexcept { std::free(block); }
+void operator delete[](void *block, std::size_t) noexcept { std::free(block); }
+
+namespace {
+
+template <class T>
+constexpr bool holdsDoubles(std::size_t count) {
+    return sizeof(T) == count * sizeof(double);
+}
+
+static_assert(holdsDoubles<mgVector_c>(3) && holdsDoubles<mgPoint_c>(3));
+static_assert(holdsDoubles<mgUnitVector_c>(3) && holdsDoubles<gcMdiPoint_c>(3));
+static_assert(holdsDoubles<mg2DPoint_c>(2) && holdsDoubles<mgVector4_c>(4));
+static_assert(sizeof(mgTessPoint2D_c) == 3 * sizeof(float));
+static_assert(holdsDoubles<mgMatrix4_c>(16) && holdsDoubles<mgQuaternion_c>(4));
+static_assert(holdsDoubles<mgBBox_c>(10) && holdsDoubles<mgRect>(4) && sizeof(mgCheckSum_c) == 8);
+static_assert(holdsDoubles<mgParallelogram_c>(11) && holdsDoubles<mgGeneralBox_c>(12));
+static_assert(holdsDoubles<mgLine_c>(6) && holdsDoubles<mgPlane_c>(6)
+              && holdsDoubles<mgCircle_c>(7));
+static_assert(holdsDoubles<arcEdgeData>(7) && holdsDoubles<ellipseEdgeData>(17));
+static_assert(holdsDoubles<parabolaEdgeData>(17));
+// An int, bool or pointer takes the place of a double where doubles are aligned to 8 bytes.
+#if defined(__x86_64__) || defined(__aarch64__)
+static_assert(holdsDoubles<mgMatrix_c>(10) && holdsDoubles<mgXform_c>(16));
+static_assert(holdsDoubles<mgGenXform_c>(35) && holdsDoubles<mgPrimitiveBodyData_c>(8));
+static_assert(holdsDoubles<mgPerspInfo_c>(7) && holdsDoubles<mgModelPerspInfo_c>(10));
+static_assert(holdsDoubles<mgCone_c>(9) && holdsDoubles<mgCylinder_c>(9));
+static_assert(holdsDoubles<mgArc_c>(26) && holdsDoubles<suDynamicArray<int>>(2));
+#endif
+
+struct Scene {
+    support::Random random;
+    mgXform_c a = support::placement(random), b = support::placement(random), out;
+    mgPoint_c points[21], p, q;
+    mgUnitVector_c u = support::direction(random), axes[3];
+    mgLine_c line{points[0], u}, cut;
+    mgPlane_c plane{points[1], u}, other{points[2], u *a};
+    mgBBox_c box{mgPoint_c(-1.0, -2.0, -3.0), mgPoint_c(1.0, 2.0, 3.0)}, grown;
+    mgMatrix4_c m4;
+    mgQuaternion_c turn;
+    double numbers[3] = {};
+    int answer = 0;
+};
+
+TEST(Memory, NothingIsAllocatedForAPointAPlacementOrAPair) {
+    Scene s;
+    auto const check = [&s](char const *what, auto const &work) {
+        for (mgPoint_c &p : s.points) p = s.random.triple<mgPoint_c>(-10.0, 10.0);
+        int const before = allocations;
+        work();
+        EXPECT_EQ(before, allocations) << what;
+    };
+    check("transform", [&] { s.p = s.points[0] * s.a; });
+    check("transform all", [&] { mg_TransformPoints(s.points, 21, s.a); });
+    check("bound all", [&] { mg_BoundPoints(s.points, 21, s.grown); });
+    check("union", [&] { (s.grown |= s.points[3]) |= s.box; });
+    check("move a box", [&] { s.grown *= s.a; });
+    check("compose", [&] { s.out = s.a * s.b; });
+    check("inverse", [&] { s.out = s.a.inverse(); });
+    check("clash", [&] { s.answer = mgBBox_c::clash(s.box, s.a, s.grown, s.b); });
+    check("ray and box", [&] { s.answer = s.box.getFirstRayHit(s.points[0], s.u, &s.p); });
+    check("line and plane", [&] { mg_LineIntPlane(s.line, s.plane, &s.p, nullptr); });
+    check("planes", [&] { mg_PlaneIntPlane(s.plane, s.other, &s.cut); });
+    check("lines", [&] { mg_LineIntLine(s.p, s.u, s.points[1], s.points[2], &s.q, 1e-8); });
+    check("segments", [&] {
+        mg_LineSegIntLineSeg(s.points[0], s.points[1], s.points[2], s.points[3], s.q, 1e-8);
+    });
+    check("cylinder", [&] { mg_RayIntCylSeg(s.line, s.points[1], s.u, 2.0, 3.0, &s.p); });
+    check("circle", [&] { mg_LineIntCircle2D(s.p, s.u, s.q, 3.0, &s.p, &s.q); });
+    check("eigensystem", [&] { s.a.rotation().getEigensystem(s.numbers, s.axes); });
+    check("null space", [&] { s.a.rotation().getNullspace(s.axes, true); });
+    check("cubic", [&] { mg_solveCubic(1.0, -6.0, 11.0, -6.0, s.numbers); });
+    check("4x4", [&] { s.m4 = s.m4 * s.m4.inverse(); });
+    check("quaternion", [&] { s.turn.matrixToQuat(s.a.rotation()); });
+}
+
+TEST(Memory, APolylineIsAllocatedOnceOrNotAtAll) {
+    arcEdgeData const arc{mgPoint_c(), {0.0, 0.0, 1.0}, 5.0};
+    mgPoint_c const start(5.0, 0.0, 0.0);
+    mgPoint_c *made = nullptr;
+    int count = 0;
+    int const before = allocations;
+    mg_TessArc(&arc, &start, &start, 0.001, &made, count, nullptr);
+    EXPECT_EQ(before + 1, allocations);
+    delete[] made;
+
+    suDynamicArray<mgPoint_c> list;
+    list.Adopt(static_cast<mgPoint_c *>(suDynArrayAlloc(count + 1, 1, 1, sizeof(mgPoint_c))));
+    mgPoint_c const *const room = list.Data();
+    mg_TessArc(&arc, &start, &start, 0.001, nullptr, count, &list);
+    EXPECT_EQ(before + 1, allocations);
+    EXPECT_EQ(room, list.Data());
+    EXPECT_EQ(count + 1, list.Count());
+}
+
+} // namespace

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+// Points transformed by the array, against the loop over the single operation.
+
+#include <vexmath/bulk.h>
+
+#include <vector>
+
+#include "support/geometry.h"
+
+namespace {
+
+/// A transform of every kind that the bulk operation tells apart; some numbers break things.
+mgXform_c anyTransform(support::Random &random) {
+    auto const number = [&] { return random.below(6) == 0 ? random.hostile() : 2.5; };
+    mgXform_64BitHelper_c fields = support::placement(random).GetHelper();
+    if (random.below(3) == 0) fields.rotation = mgMatrix_c();
+    if (random.below(3) == 0) fields.rotation[random.below(9)] = number(); // the flag grows stale
+    if (random.below(2) == 0) fields.scale = random.below(2) == 0 ? 1.0 + 5e-9 : number();
+    if (random.below(2) == 0) fields.translation = mgVector_c(number(), -0.0, 0.0);
+    if (random.below(4) == 0) fields.rotation = fields.rotation.transpose();
+    fields.reflection = random.below(2);
+    mgXform_c x;
+    x.SetHelper(fields);
+    if (random.below(4) == 0) x.addPerspectiveInfo(mgPerspInfo_c(1.0, 2.0, number(), 3.0));
+    return x;
+}
+
+TEST(Bulk, TransformedPointsAreThoseOfTheLoopToTheBit) {
+    support::Random random;
+    for (int round = 0; round < 4000; ++round) {
+        mgXform_c const x = anyTransform(random);
+        std::vector<mgPoint_c> points(static_cast<std::size_t>(random.below(20)));
+        for (mgPoint_c &p : points) {
+            p = random.triple<mgPoint_c>(-100.0, 100.0);
+            if (random.below(2) == 0) p[random.below(3)] = random.hostile();
+        }
+        std::vector<mgPoint_c> expected = points;
+        for (mgPoint_c &p : expected) p *= x;
+        mg_SetUseVectorUnits(round % 2);
+        mg_TransformPoints(points.data(), static_cast<int>(points.size()), x);
+        for (std::size_t i = 0; i < points.size(); ++i)
+            ASSERT_BITS_EQ(expected[i], points[i]) << "point " << i << ", round " << round;
+    }
+    mg_SetUseVectorUnits(1);
+}
+
+TEST(Bulk, EmptyListsMayBeNull) {
+    mg_TransformPoints(nullptr, 0, mgXform_c());
+    mg_TransformPoints(nullptr, -1, mg_ScaleXform(2.0));
+    mg_TransformPoints(nullptr, -5, mg_RotateXform(1.0, mgVector_c(0.0, 0.0, 1.0), 0.0));
+}
+
+TEST(Bulk, TheSwitchAnswersWithWhatStoodBefore) {
+    mg_SetUseVectorUnits(2);
+    EXPECT_EQ(1, mg_SetUseVectorUnits(0));
+    EXPECT_EQ(0, mg_GetUseVectorUnits());
+    EXPECT_EQ(0, mg_SetUseVectorUnits(-7));
+    EXPECT_EQ(1, mg_GetUseVectorUnits());
+}
+
+} // namespace
