@@ -4,7 +4,6 @@
 #include <vexmath/dynamic_array.h>
 #include <vexmath/su_dynamic_array.h>
 
-#include <array>
 #include <climits>
 #include <type_traits>
 #include <utility>
@@ -23,7 +22,11 @@ namespace {
 
 enum { kLinear = 1, kProportional = 2 };
 
-using Item = std::array<int, 3>;
+struct Item {
+    int a, b, c;
+};
+
+bool operator==(Item const &l, Item const &r) { return l.a == r.a && l.b == r.b && l.c == r.c; }
 
 Item item(int i) { return {i, 10 * i, -i}; }
 
