@@ -132,13 +132,14 @@ public:
 
 private:
     friend class mgXform_c;
+    VEXMATH_API friend mgMatrix_c operator*(mgMatrix_c const &a, mgMatrix_c const &b);
+
+    struct Rows;
+    explicit mgMatrix_c(Rows const &rows); ///< as they are, with an honest flag
 
     static int inRange(int k) { return k >= 0 && k <= 8 ? k : 0; }
     void copyColumn(int j, mgUnitVector_c *axis) const;
-    mgVector_c row(int i) const { return mgVector_c(m_ + 3 * i); }
     bool rowsAreAxes(double tol) const;
-    void orthonormalise(bool lengthsFirst);
-    void refreshIdentityFlag();
 
     double m_[9] = {1.0, 0.0, 0.0, 0.0, 1.0, 0.0, 0.0, 0.0, 1.0};
     int identity_ = 1;

@@ -179,11 +179,20 @@ private:
     friend mgXform_c vexmath::detail::makeXform(mgMatrix_c const &, mgVector_c const &, double,
                                                 int);
     friend mgXform_c mg_ScaleXform(mgXform_c x, double s);
+    VEXMATH_API friend mgXform_c operator*(mgXform_c const &a, mgXform_c const &b);
 
     mgXform_c(mgMatrix_c const &rotation, mgVector_c const &translation, double scale,
               int reflection);
 
+    // Product and inverse are made where they shall be: a rotation that is copied is read before
+    // the processor has stored it, and waits.
+    mgXform_c(mgXform_c const &a, mgXform_c const &b);
+    struct Inverse {};
+    mgXform_c(Inverse, mgXform_c const &of);
+    static mgXform_c rotatingProduct(mgXform_c const &a, mgXform_c const &b);
+
     void copyByRules(mgXform_c const &source);
+    void followCopyRules(); ///< as a copy of this transform would
     /// x and y of a point after the perspective division, which leaves z. REQUIRES a record.
     VEXMATH_API VEXMATH_PURE mg2DPoint_c dividePerspective(double x, double y,
                                                            double z) const noexcept;
@@ -273,6 +282,12 @@ inline void mgXform_c::copyByRules(mgXform_c const &source) {
     rotation_ = source.rotate() ? source.rotation_ : mgMatrix_c();
     translation_ = source.translation_.isNotNull() ? source.translation_ : mgVector_c();
     if (perspective_ != nullptr || source.perspective_ != nullptr) iCopyPerspectiveInfo(source);
+}
+
+inline void mgXform_c::followCopyRules() {
+    scale_ = vexmath::detail::scaleInRange(scale_);
+    if (!rotate()) rotation_ = mgMatrix_c();
+    if (!translation_.isNotNull()) translation_ = mgVector_c();
 }
 
 inline mgPoint_c &mgPoint_c::operator*=(mgXform_c const &x) {

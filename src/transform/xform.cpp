@@ -42,14 +42,23 @@ int mgXform_c::getNearestAxis(mgUnitVector_c const &dir, int &opposite) const {
     return nearest;
 }
 
+namespace {
+
+/// A translation that another transform moves on. By rule one that counts as none is not turned.
+mgVector_c movedOn(mgVector_c const &t, mgXform_c const &b) {
+    if (!t.isNotNull()) return b.translation();
+    return vexmath::detail::turnedAndScaled(t.x(), t.y(), t.z(), b) + b.translation();
+}
+
+int exactlyOne(int a, int b) { return (a != 0) != (b != 0); }
+
+} // namespace
+
 mgXform_c const &mgXform_c::operator*=(mgXform_c const &b) {
     // Every field is computed before the first is written: b may be this transform.
-    mgMatrix_c const rotation = rotate() || b.rotate() ? rotation_ * b.rotation_ : rotation_;
-    mgVector_c const translation =
-        translation_.isNotNull() ? translation_ * b + b.translation_ : b.translation_;
-    int const reflection = (reflection_ != 0) != (b.reflection_ != 0);
-
-    rotation_ = rotation;
+    mgVector_c const translation = movedOn(translation_, b);
+    int const reflection = exactlyOne(reflection_, b.reflection_);
+    if (rotate() || b.rotate()) rotation_ = rotation_ * b.rotation_;
     translation_ = translation;
     scale_ = b.scale_ * scale_;
     reflection_ = reflection;
@@ -57,25 +66,49 @@ mgXform_c const &mgXform_c::operator*=(mgXform_c const &b) {
     return *this;
 }
 
-mgXform_c operator*(mgXform_c const &a, mgXform_c const &b) {
+/// a first, as a copy has it, then b, both without their records. REQUIRES an a that rotates: of
+/// one flagged as the identity a copy has other elements.
+inline mgXform_c::mgXform_c(mgXform_c const &a, mgXform_c const &b)
+    : rotation_(a.rotation_ * b.rotation_), translation_(movedOn(a.translation_, b)),
+      scale_(b.scale_ * vexmath::detail::scaleInRange(a.scale_)),
+      reflection_(exactlyOne(a.reflection_, b.reflection_)) {}
+
+inline mgXform_c mgXform_c::rotatingProduct(mgXform_c const &a, mgXform_c const &b) {
+    mgXform_c product(a, b);
+    product.followCopyRules();
+    return product;
+}
+
+namespace {
+
+/// The product in steps, for what is rare.
+mgXform_c productOfCopy(mgXform_c const &a, mgXform_c const &b) {
     mgXform_c product(a);
     product *= b;
     return mgXform_c(product); // the copy rules apply to the result; no elision may skip them
 }
 
+} // namespace
+
+mgXform_c operator*(mgXform_c const &a, mgXform_c const &b) {
+    bool const isPlain = a.rotate() && !a.hasPerspective() && !b.hasPerspective();
+    return isPlain ? mgXform_c::rotatingProduct(a, b) : productOfCopy(a, b);
+}
+
+inline mgXform_c::mgXform_c(Inverse, mgXform_c const &of)
+    : rotation_(of.rotate() ? of.rotation_.inverse() : mgMatrix_c()) {
+    bool const hasScale = vexmath::detail::scales(of.scale_);
+    if (hasScale) scale_ = 1.0 / of.scale_;
+    if (!of.translation_.isNotNull()) return;
+    translation_ = -of.translation_;
+    if (of.rotate()) translation_ = translation_ * rotation_;
+    if (hasScale) translation_ *= scale_;
+}
+
 mgXform_c mgXform_c::inverse() const {
-    bool const hasTranslation = translation_.isNotNull();
-    bool const hasScale = vexmath::detail::scales(scale_);
-    mgMatrix_c const rotation = rotate() ? rotation_.inverse() : mgMatrix_c();
-    double const scale = hasScale ? 1.0 / scale_ : 1.0;
-    mgVector_c translation;
-    if (hasTranslation) {
-        translation = -translation_;
-        if (rotate()) translation = translation * rotation;
-        if (hasScale) translation *= scale;
-    }
-    mgXform_c const built = mg_RestoreXform(rotation, translation, scale);
-    return mgXform_c(built); // by the copy rules
+    mgXform_c back(Inverse{}, *this);
+    back.followCopyRules();
+    return back;
 }
 
 int mgXform_c::equals(mgXform_c const &other) const {
