@@ -9,6 +9,10 @@
 
 #include <vexmath_platform/archive.h>
 
+namespace vexmath::detail {
+struct Rows;
+}
+
 /// A 3x3 matrix of doubles, nearly always a rotation, with a cached identity flag.
 ///
 /// Points and vectors multiply from the left as row vectors: component j of v * M is the sum over i
@@ -134,8 +138,7 @@ private:
     friend class mgXform_c;
     VEXMATH_API friend mgMatrix_c operator*(mgMatrix_c const &a, mgMatrix_c const &b);
 
-    struct Rows;
-    explicit mgMatrix_c(Rows const &rows); ///< as they are, with an honest flag
+    explicit mgMatrix_c(vexmath::detail::Rows const &rows); ///< as they are, with an honest flag
 
     static int inRange(int k) { return k >= 0 && k <= 8 ? k : 0; }
     void copyColumn(int j, mgUnitVector_c *axis) const;

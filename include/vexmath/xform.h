@@ -184,11 +184,9 @@ private:
     mgXform_c(mgMatrix_c const &rotation, mgVector_c const &translation, double scale,
               int reflection);
 
-    // Product and inverse are made where they shall be: a rotation that is copied is read before
-    // the processor has stored it, and waits.
+    // Product and inverse are made in their place, by the steps of the operations.
     mgXform_c(mgXform_c const &a, mgXform_c const &b);
-    struct Inverse {};
-    mgXform_c(Inverse, mgXform_c const &of);
+    mgXform_c(vexmath::detail::Rows const &inverse, mgXform_c const &of);
     static mgXform_c rotatingProduct(mgXform_c const &a, mgXform_c const &b);
 
     void copyByRules(mgXform_c const &source);

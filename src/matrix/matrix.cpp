@@ -3,62 +3,12 @@
 
 #include <vexmath/matrix.h>
 
-#include "always_inline.h"
+#include "matrix/rows.h"
 
 #include <algorithm>
 
-namespace {
-
-/// Elements and rows that count as equal when a flag is computed or matrices compared; strict.
-constexpr double kElementTolerance = 1e-12;
-/// Sum of length and angle errors below which the orthonormalisation leaves a matrix alone; strict.
-constexpr double kOrthonormalEnough = 1e-15;
-
-double dot(mgVector_c const &a, mgVector_c const &b) { return a % b; }
-} // namespace
-
-/// Three rows as values, which a chain of steps keeps in registers.
-struct mgMatrix_c::Rows {
-    mgVector_c r0, r1, r2;
-
-    static Rows of(double const *elements) { return {elements, elements + 3, elements + 6}; }
-    Rows orthonormalised(bool lengthsFirst) const;
-};
-
-// A single first-order pass of the Gram-Schmidt process: 1 + e/2 stands for 1/sqrt(1 - e).
-// QUIRK: not iterated, and not exact: a row of length r comes out with r (3 - r^2) / 2, turned
-// round beyond the root of 3. Matrices are nearly orthonormal where it is used, and stored ones are
-// compared to the bit. (test: OrthonormalisationIsASinglePassInItsOrder)
-VEXMATH_ALWAYS_INLINE mgMatrix_c::Rows mgMatrix_c::Rows::orthonormalised(bool lengthsFirst) const {
-    double const e0 = 1.0 - dot(r0, r0);
-    double const e1 = 1.0 - dot(r1, r1);
-    double const e2 = 1.0 - dot(r2, r2);
-    double const d01 = dot(r0, r1);
-    double const d02 = dot(r0, r2);
-    double const d12 = dot(r1, r2);
-
-    // The two orders differ by rounding alone, and callers compare matrices built either way.
-    double const a01 = std::fabs(d01);
-    double const a02 = std::fabs(d02);
-    double const a12 = std::fabs(d12);
-    double const b0 = std::fabs(e0);
-    double const b1 = std::fabs(e1);
-    double const b2 = std::fabs(e2);
-    double const error =
-        lengthsFirst ? b2 + b0 + b1 + a12 + a01 + a02 : a12 + a02 + a01 + b2 + b0 + b1;
-    if (error < kOrthonormalEnough) return *this;
-
-    mgVector_c const s0 = r0 * (1.0 + e0 / 2.0);
-    mgVector_c const s1 = r1 * (1.0 + e1 / 2.0) - d01 * s0; // d01 of the rows as they were
-    mgVector_c s2 = s0 * s1;
-    if (s2 % r2 < 0.0) s2.flip(); // a reflection stays a reflection
-    return {s0, s1, s2};
-}
-
-inline mgMatrix_c::mgMatrix_c(Rows const &rows)
-    : m_{rows.r0.x(), rows.r0.y(), rows.r0.z(), rows.r1.x(), rows.r1.y(),
-         rows.r1.z(), rows.r2.x(), rows.r2.y(), rows.r2.z()},
-      identity_(rowsAreAxes(kElementTolerance)) {}
+using vexmath::detail::kElementTolerance;
+using vexmath::detail::Rows;
 
 mgMatrix_c::mgMatrix_c(double const (&elements)[9], int orthonormalise)
     : mgMatrix_c(orthonormalise ? Rows::of(elements).orthonormalised(false) : Rows::of(elements)) {}
@@ -69,13 +19,6 @@ mgMatrix_c::mgMatrix_c(mgUnitVector_c const &r0, mgUnitVector_c const &r1, mgUni
 mgMatrix_c::mgMatrix_c(int order, mgUnitVector_c const &r0, mgUnitVector_c const &r1,
                        mgUnitVector_c const &r2)
     : mgMatrix_c(Rows{r0, r1, r2}.orthonormalised(order != 0)) {}
-
-bool mgMatrix_c::rowsAreAxes(double tol) const {
-    mgMatrix_c const axes;
-    return vexmath::detail::sameWithin(m_, axes.m_, tol)
-           && vexmath::detail::sameWithin(m_ + 3, axes.m_ + 3, tol)
-           && vexmath::detail::sameWithin(m_ + 6, axes.m_ + 6, tol);
-}
 
 mgMatrix_c mgMatrix_c::operator+(mgMatrix_c const &b) const {
     // QUIRK: the sum keeps the flag of the identity it is built on, where a reader would expect it
@@ -132,8 +75,7 @@ mgMatrix_c mgMatrix_c::transpose() const {
 }
 
 mgMatrix_c mgMatrix_c::inverse() const {
-    Rows const columns{{m_[0], m_[3], m_[6]}, {m_[1], m_[4], m_[7]}, {m_[2], m_[5], m_[8]}};
-    return mgMatrix_c(columns.orthonormalised(false));
+    return mgMatrix_c(Rows::ofTransposed(m_).orthonormalised(false));
 }
 
 bool vexmath::detail::endsLikeIdentity(mgMatrix_c const &m) noexcept {
@@ -143,12 +85,7 @@ bool vexmath::detail::endsLikeIdentity(mgMatrix_c const &m) noexcept {
 
 mgMatrix_c operator*(mgMatrix_c const &a, mgMatrix_c const &b) {
     if (a.isIdentity() && b.isIdentity()) return mgMatrix_c();
-    using vexmath::detail::rowTimes;
-    vexmath::detail::Elements const right = b;
-    mgMatrix_c::Rows const product{rowTimes(a.m_[0], a.m_[1], a.m_[2], right),
-                                   rowTimes(a.m_[3], a.m_[4], a.m_[5], right),
-                                   rowTimes(a.m_[6], a.m_[7], a.m_[8], right)};
-    return mgMatrix_c(product.orthonormalised(false));
+    return mgMatrix_c(Rows::ofProduct(a, b).orthonormalised(false));
 }
 
 int mgMatrix_c::isNearZero() const { return std::all_of(m_, m_ + 9, vexmath::detail::isTiny); }

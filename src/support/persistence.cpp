@@ -11,6 +11,8 @@
 #include <vexmath/primitive_body_data.h>
 #include <vexmath/xform.h>
 
+#include "matrix/rows.h"
+
 #include <cstdint>
 #include <cstring>
 

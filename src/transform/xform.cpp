@@ -4,8 +4,13 @@
 #include <vexmath/mg_transform.h>
 #include <vexmath/xform.h>
 
+#include "matrix/rows.h"
+
 #include <new>
 #include <type_traits>
+
+using vexmath::detail::Rows;
+using vexmath::detail::scales;
 
 namespace {
 
@@ -58,7 +63,8 @@ mgXform_c const &mgXform_c::operator*=(mgXform_c const &b) {
     // Every field is computed before the first is written: b may be this transform.
     mgVector_c const translation = movedOn(translation_, b);
     int const reflection = exactlyOne(reflection_, b.reflection_);
-    if (rotate() || b.rotate()) rotation_ = rotation_ * b.rotation_;
+    if (rotate() || b.rotate())
+        rotation_ = mgMatrix_c(Rows::ofProduct(rotation_, b.rotation_).orthonormalised(false));
     translation_ = translation;
     scale_ = b.scale_ * scale_;
     reflection_ = reflection;
@@ -95,18 +101,20 @@ mgXform_c operator*(mgXform_c const &a, mgXform_c const &b) {
     return isPlain ? mgXform_c::rotatingProduct(a, b) : productOfCopy(a, b);
 }
 
-inline mgXform_c::mgXform_c(Inverse, mgXform_c const &of)
-    : rotation_(of.rotate() ? of.rotation_.inverse() : mgMatrix_c()) {
-    bool const hasScale = vexmath::detail::scales(of.scale_);
-    if (hasScale) scale_ = 1.0 / of.scale_;
+/// The inverse but for the copy rules. The translation is turned by the rows, not by the rotation
+/// just written, which the processor would have to wait for.
+inline mgXform_c::mgXform_c(Rows const &inverse, mgXform_c const &of)
+    : rotation_(inverse), scale_(scales(of.scale_) ? 1.0 / of.scale_ : 1.0) {
     if (!of.translation_.isNotNull()) return;
-    translation_ = -of.translation_;
-    if (of.rotate()) translation_ = translation_ * rotation_;
-    if (hasScale) translation_ *= scale_;
+    mgVector_c const t = -of.translation_;
+    translation_ = vexmath::detail::isExactIdentity(rotation_) ? t : inverse.times(t);
+    if (scales(of.scale_)) translation_ *= scale_;
 }
 
 mgXform_c mgXform_c::inverse() const {
-    mgXform_c back(Inverse{}, *this);
+    mgXform_c back(rotate() ? Rows::ofTransposed(rotation_.m_).orthonormalised(false)
+                            : Rows::of(mgMatrix_c().m_),
+                   *this);
     back.followCopyRules();
     return back;
 }
