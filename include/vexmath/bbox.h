@@ -175,6 +175,7 @@ private:
     void widenCorners(mgPoint_c const &p);
     void moveSphere(mgVector_c const &towards, double distance, double newRadius);
     void shrinkSphereToBox();
+    mgBBox_c movedBy(mgXform_c const &x) const;
     void clipCornersToSphere();
 
     mgPoint_c sphCentre_;

@@ -177,29 +177,73 @@ mgBBox_c &mgBBox_c::operator*=(double s) {
     return *this;
 }
 
+namespace {
+
+/// Does a copy of the transform move boxes as the transform itself? Copies change some, and a
+/// record plays no part.
+bool movesAsItsCopy(mgXform_c const &x) {
+    mgVector_c const &t = x.translation();
+    return !x.hasPerspective() && vexmath::detail::scaleInRange(x.scaling()) == x.scaling()
+           && (t.isNotNull() || t.null())
+           && (x.rotate() || vexmath::detail::isExactIdentity(x.rotation()));
+}
+
+/// The largest absolute value.
+double reach(double a, double b, double c, double d) {
+    using vexmath::detail::larger;
+    return larger(larger(larger(std::fabs(a), std::fabs(b)), std::fabs(c)), std::fabs(d));
+}
+
+/// How far the image of a box about the origin, of half diagonal e, reaches along the axes. An
+/// exact identity turns nothing, and a zero vector stays as it is, also where products would not.
+inline mgVector_c reachOfImage(mgVector_c const &e, mgMatrix_c const &m, bool turns, double scale) {
+    if (e.null()) return {};
+    mgVector_c x(e.x(), 0.0, 0.0);
+    mgVector_c y(0.0, e.y(), 0.0);
+    mgVector_c z(0.0, 0.0, e.z());
+    if (turns) {
+        x = {e.x() * m(0, 0), e.x() * m(0, 1), e.x() * m(0, 2)};
+        y = {e.y() * m(1, 0), e.y() * m(1, 1), e.y() * m(1, 2)};
+        z = {e.z() * m(2, 0), e.z() * m(2, 1), e.z() * m(2, 2)};
+    }
+    // Four of the eight half diagonals, by the products of one: a sign changes no product's bits.
+    mgVector_c const d0 = ((x + y) + z) * scale;
+    mgVector_c const d1 = ((y - x) + z) * scale;
+    mgVector_c const d2 = ((x - y) + z) * scale;
+    mgVector_c const d3 = (d1 + d2) - d0; // a sum, not a fourth product: the last bits differ
+    return {reach(d0.x(), d1.x(), d2.x(), d3.x()), reach(d0.y(), d1.y(), d2.y(), d3.y()),
+            reach(d0.z(), d1.z(), d2.z(), d3.z())};
+}
+
+} // namespace
+
+mgBBox_c mgBBox_c::movedBy(mgXform_c const &x) const {
+    mgMatrix_c const &m = x.rotation();
+    mgVector_c const &t = x.translation();
+    bool const turns = !vexmath::detail::isExactIdentity(m);
+    double const scale = vexmath::detail::scales(x.scaling()) ? x.scaling() : 1.0;
+    auto const image = [&](mgPoint_c const &p) -> mgPoint_c {
+        using vexmath::detail::moved;
+        mgVector_c v(p);
+        if (turns) v = vexmath::detail::rowTimes(p.x(), p.y(), p.z(), m);
+        v *= scale;
+        return {moved(v.x(), t.x()), moved(v.y(), t.y()), moved(v.z(), t.z())};
+    };
+    mgPoint_c const middle = center();
+    mgVector_c const extent = reachOfImage(high_ - middle, m, turns, scale);
+    mgPoint_c const newMiddle = image(middle);
+    mgBBox_c box;
+    box.setSphereOnly(image(sphCentre_), sphRadius_ * x.scaling());
+    box.setCornersOnly(newMiddle - extent, newMiddle + extent);
+    box.clipCornersToSphere();
+    return box;
+}
+
 mgBBox_c &mgBBox_c::operator*=(mgXform_c const &x) {
+    if (movesAsItsCopy(x)) return *this = movedBy(x);
     mgXform_c similarity(x);
     similarity.deletePerspectiveInfo();
-
-    // Four of the eight half-diagonals: the other four are their opposites.
-    mgPoint_c const middle = center();
-    mgVector_c const e = high_ - middle;
-    mgVector_c const d0 = e * similarity;
-    mgVector_c const d1 = mgVector_c(-e.x(), e.y(), e.z()) * similarity;
-    mgVector_c const d2 = mgVector_c(e.x(), -e.y(), e.z()) * similarity;
-    mgVector_c const d3 = (d1 + d2) - d0; // a sum, not a fourth product: the last bits differ
-    mgVector_c extent;
-    for (int i = 0; i < 3; ++i) {
-        static_cast<double *>(extent)[i] =
-            std::max({std::fabs(d0[i]), std::fabs(d1[i]), std::fabs(d2[i]), std::fabs(d3[i])});
-    }
-    mgPoint_c const moved = middle * similarity;
-    high_ = moved + extent;
-    low_ = moved - extent;
-    sphCentre_ *= similarity;
-    sphRadius_ *= similarity.scaling();
-    clipCornersToSphere();
-    return *this;
+    return *this = movedBy(similarity);
 }
 
 void mgBBox_c::widenCorners(mgPoint_c const &p) {
@@ -244,13 +288,12 @@ void mgBBox_c::shrinkSphereToBox() {
 }
 
 void mgBBox_c::clipCornersToSphere() {
+    // Choices rather than branches: which corners stick out is anybody's guess.
     for (int i = 0; i < 3; ++i) {
         double const lowest = sphCentre_[i] - sphRadius_;
-        if (low_[i] < lowest) low_[i] = lowest;
-    }
-    for (int i = 0; i < 3; ++i) {
         double const highest = sphCentre_[i] + sphRadius_;
-        if (highest < high_[i]) high_[i] = highest;
+        low_[i] = low_[i] < lowest ? lowest : low_[i];
+        high_[i] = highest < high_[i] ? highest : high_[i];
     }
 }
 

@@ -15,6 +15,8 @@ inline constexpr double kElementTolerance = 1e-12;
 
 /// Three rows as values, which a chain of steps keeps in registers.
 struct Rows {
+    struct Errors;
+
     mgVector_c r0, r1, r2;
 
     static Rows of(double const *elements) { return {elements, elements + 3, elements + 6}; }
@@ -23,6 +25,7 @@ struct Rows {
     }
     static Rows ofProduct(mgMatrix_c const &a, mgMatrix_c const &b); ///< a first, then b
     Rows orthonormalised(bool lengthsFirst) const;
+    double error() const; ///< 0 of an orthonormal matrix
     /// The row vector v times the matrix of these rows.
     mgVector_c times(mgVector_c const &v) const;
 };
@@ -33,6 +36,26 @@ VEXMATH_ALWAYS_INLINE Rows Rows::ofProduct(mgMatrix_c const &a, mgMatrix_c const
             rowTimes(a(2, 0), a(2, 1), a(2, 2), right)};
 }
 
+/// What the rows lack of orthonormality: 1 minus their squared lengths, and their dot products.
+struct Rows::Errors {
+    explicit Errors(Rows const &rows)
+        : e0(1.0 - rows.r0 % rows.r0), e1(1.0 - rows.r1 % rows.r1), e2(1.0 - rows.r2 % rows.r2),
+          d01(rows.r0 % rows.r1), d02(rows.r0 % rows.r2), d12(rows.r1 % rows.r2) {}
+
+    /// The two orders differ by rounding alone, and callers compare matrices built either way.
+    double sum(bool lengthsFirst) const;
+
+    double e0, e1, e2, d01, d02, d12;
+};
+
+inline double Rows::Errors::sum(bool lengthsFirst) const {
+    using std::fabs;
+    return lengthsFirst ? fabs(e2) + fabs(e0) + fabs(e1) + fabs(d12) + fabs(d01) + fabs(d02)
+                        : fabs(d12) + fabs(d02) + fabs(d01) + fabs(e2) + fabs(e0) + fabs(e1);
+}
+
+inline double Rows::error() const { return Errors(*this).sum(false); }
+
 // A single first-order pass of the Gram-Schmidt process: 1 + e/2 stands for 1/sqrt(1 - e).
 // QUIRK: not iterated, and not exact: a row of length r comes out with r (3 - r^2) / 2, turned
 // round beyond the root of 3. Matrices are nearly orthonormal where it is used, and stored ones are
@@ -40,27 +63,11 @@ VEXMATH_ALWAYS_INLINE Rows Rows::ofProduct(mgMatrix_c const &a, mgMatrix_c const
 VEXMATH_ALWAYS_INLINE Rows Rows::orthonormalised(bool lengthsFirst) const {
     /// Sum of length and angle errors below which the rows are left alone; strict.
     constexpr double kOrthonormalEnough = 1e-15;
-    auto const dot = [](mgVector_c const &a, mgVector_c const &b) { return a % b; };
-    double const e0 = 1.0 - dot(r0, r0);
-    double const e1 = 1.0 - dot(r1, r1);
-    double const e2 = 1.0 - dot(r2, r2);
-    double const d01 = dot(r0, r1);
-    double const d02 = dot(r0, r2);
-    double const d12 = dot(r1, r2);
+    Errors const errors(*this);
+    if (errors.sum(lengthsFirst) < kOrthonormalEnough) return *this;
 
-    // The two orders differ by rounding alone, and callers compare matrices built either way.
-    double const a01 = std::fabs(d01);
-    double const a02 = std::fabs(d02);
-    double const a12 = std::fabs(d12);
-    double const b0 = std::fabs(e0);
-    double const b1 = std::fabs(e1);
-    double const b2 = std::fabs(e2);
-    double const error =
-        lengthsFirst ? b2 + b0 + b1 + a12 + a01 + a02 : a12 + a02 + a01 + b2 + b0 + b1;
-    if (error < kOrthonormalEnough) return *this;
-
-    mgVector_c const s0 = r0 * (1.0 + e0 / 2.0);
-    mgVector_c const s1 = r1 * (1.0 + e1 / 2.0) - d01 * s0; // d01 of the rows as they were
+    mgVector_c const s0 = r0 * (1.0 + errors.e0 / 2.0);
+    mgVector_c const s1 = r1 * (1.0 + errors.e1 / 2.0) - errors.d01 * s0;
     mgVector_c s2 = s0 * s1;
     if (s2 % r2 < 0.0) s2.flip(); // a reflection stays a reflection
     return {s0, s1, s2};

@@ -85,6 +85,32 @@ TEST(Clash, PlacedBoxesMustMeetInBothFrames) {
     }
 }
 
+TEST(Clash, PlacedBoxesAreToldApartAsByTheSteps) {
+    support::Random random;
+    int clashes[2] = {0, 0};
+    for (int k = 0; k < 6000; ++k) {
+        mgBBox_c const a(random.triple<P>(-2.0, 2.0), random.uniform(1.0, 5.0));
+        mgBBox_c const b(random.triple<P>(-2.0, 2.0), random.uniform(1.0, 5.0));
+        mgXform_c xa = support::placement(random);
+        mgXform_c xb = support::placement(random);
+        xb = mg_RestoreXform(xb.rotation(), xa.translation() + random.triple<V>(-12.0, 12.0),
+                             xa.scaling());
+        double elements[9]; // every third is no rotation, and its inverse leads elsewhere
+        for (int i = 0; i < 9; ++i)
+            elements[i] = xa.rotation()[i] * (k % 3 == 0 ? random.uniform(0.5, 2.0) : 1.0);
+        xa = mg_RestoreXform(mgMatrix_c(elements, 0), xa.translation(), xa.scaling());
+        mgXform_c const intoA = xb * xa.inverse();
+        double const distance = (b.sphCenter() * intoA - a.sphCenter()).len();
+        bool const meet = distance + 1e-08 <= a.sphRadius() + b.sphRadius()
+                          && (mgBBox_c(b) *= intoA).clash(&a, 1e-08)
+                          && (mgBBox_c(a) *= intoA.inverse()).clash(&b, 1e-08);
+        ASSERT_EQ(meet, mgBBox_c::clash(a, xa, b, xb)) << k;
+        ++clashes[meet];
+    }
+    EXPECT_GT(clashes[0], 1000);
+    EXPECT_GT(clashes[1], 1000);
+}
+
 TEST(Clash, PlacedSpheresAreComparedUnscaled) {
     // Scaled by 2, the second sphere reaches well into the first, but its radius counts as 1.
     EXPECT_EQ(0, mgBBox_c::clash(ball, mgXform_c(), ball, mg_ScaleXform(aside(2.5), 2)));
