@@ -13,7 +13,9 @@ namespace vexmath::detail {
 /// Elements and rows that count as equal when a flag is computed or matrices compared; strict.
 inline constexpr double kElementTolerance = 1e-12;
 
-/// Three rows as values, which a chain of steps keeps in registers.
+/// Three rows as values, which a chain of steps keeps in registers. All steps are inlined: one left
+/// out of line has the rows written and read back in other pieces, which takes longer than the
+/// steps.
 struct Rows {
     struct Errors;
 
@@ -38,7 +40,7 @@ VEXMATH_ALWAYS_INLINE Rows Rows::ofProduct(mgMatrix_c const &a, mgMatrix_c const
 
 /// What the rows lack of orthonormality: 1 minus their squared lengths, and their dot products.
 struct Rows::Errors {
-    explicit Errors(Rows const &rows)
+    VEXMATH_ALWAYS_INLINE explicit Errors(Rows const &rows)
         : e0(1.0 - rows.r0 % rows.r0), e1(1.0 - rows.r1 % rows.r1), e2(1.0 - rows.r2 % rows.r2),
           d01(rows.r0 % rows.r1), d02(rows.r0 % rows.r2), d12(rows.r1 % rows.r2) {}
 
@@ -48,7 +50,7 @@ struct Rows::Errors {
     double e0, e1, e2, d01, d02, d12;
 };
 
-inline double Rows::Errors::sum(bool lengthsFirst) const {
+VEXMATH_ALWAYS_INLINE double Rows::Errors::sum(bool lengthsFirst) const {
     using std::fabs;
     return lengthsFirst ? fabs(e2) + fabs(e0) + fabs(e1) + fabs(d12) + fabs(d01) + fabs(d02)
                         : fabs(d12) + fabs(d02) + fabs(d01) + fabs(e2) + fabs(e0) + fabs(e1);
@@ -73,7 +75,7 @@ VEXMATH_ALWAYS_INLINE Rows Rows::orthonormalised(bool lengthsFirst) const {
     return {s0, s1, s2};
 }
 
-inline mgVector_c Rows::times(mgVector_c const &v) const {
+VEXMATH_ALWAYS_INLINE mgVector_c Rows::times(mgVector_c const &v) const {
     return {v.x() * r0.x() + v.y() * r1.x() + v.z() * r2.x(),
             v.x() * r0.y() + v.y() * r1.y() + v.z() * r2.y(),
             v.x() * r0.z() + v.y() * r1.z() + v.z() * r2.z()};
@@ -88,7 +90,7 @@ inline bool mgMatrix_c::rowsAreAxes(double tol) const {
            && vexmath::detail::sameWithin(m_ + 6, axes.m_ + 6, tol);
 }
 
-inline mgMatrix_c::mgMatrix_c(vexmath::detail::Rows const &rows)
+VEXMATH_ALWAYS_INLINE mgMatrix_c::mgMatrix_c(vexmath::detail::Rows const &rows)
     : m_{rows.r0.x(), rows.r0.y(), rows.r0.z(), rows.r1.x(), rows.r1.y(),
          rows.r1.z(), rows.r2.x(), rows.r2.y(), rows.r2.z()},
       identity_(rowsAreAxes(vexmath::detail::kElementTolerance)) {}

@@ -4,6 +4,7 @@
 #include <vexmath/mg_transform.h>
 #include <vexmath/xform.h>
 
+#include "always_inline.h"
 #include "matrix/rows.h"
 
 #include <new>
@@ -50,7 +51,7 @@ int mgXform_c::getNearestAxis(mgUnitVector_c const &dir, int &opposite) const {
 namespace {
 
 /// A translation that another transform moves on. By rule one that counts as none is not turned.
-mgVector_c movedOn(mgVector_c const &t, mgXform_c const &b) {
+VEXMATH_ALWAYS_INLINE mgVector_c movedOn(mgVector_c const &t, mgXform_c const &b) {
     if (!t.isNotNull()) return b.translation();
     return vexmath::detail::turnedAndScaled(t.x(), t.y(), t.z(), b) + b.translation();
 }
@@ -74,12 +75,12 @@ mgXform_c const &mgXform_c::operator*=(mgXform_c const &b) {
 
 /// a first, as a copy has it, then b, both without their records. REQUIRES an a that rotates: of
 /// one flagged as the identity a copy has other elements.
-inline mgXform_c::mgXform_c(mgXform_c const &a, mgXform_c const &b)
+VEXMATH_ALWAYS_INLINE mgXform_c::mgXform_c(mgXform_c const &a, mgXform_c const &b)
     : rotation_(a.rotation_ * b.rotation_), translation_(movedOn(a.translation_, b)),
       scale_(b.scale_ * vexmath::detail::scaleInRange(a.scale_)),
       reflection_(exactlyOne(a.reflection_, b.reflection_)) {}
 
-inline mgXform_c mgXform_c::rotatingProduct(mgXform_c const &a, mgXform_c const &b) {
+VEXMATH_ALWAYS_INLINE mgXform_c mgXform_c::rotatingProduct(mgXform_c const &a, mgXform_c const &b) {
     mgXform_c product(a, b);
     product.followCopyRules();
     return product;
@@ -103,7 +104,7 @@ mgXform_c operator*(mgXform_c const &a, mgXform_c const &b) {
 
 /// The inverse but for the copy rules. The translation is turned by the rows, not by the rotation
 /// just written, which the processor would have to wait for.
-inline mgXform_c::mgXform_c(Rows const &inverse, mgXform_c const &of)
+VEXMATH_ALWAYS_INLINE mgXform_c::mgXform_c(Rows const &inverse, mgXform_c const &of)
     : rotation_(inverse), scale_(scales(of.scale_) ? 1.0 / of.scale_ : 1.0) {
     if (!of.translation_.isNotNull()) return;
     mgVector_c const t = -of.translation_;
