@@ -101,6 +101,7 @@ std::string differenceOf(mgXform_c const &original, mgXform_c const &restored) {
 
 std::vector<NamedTransform> transformsOf(std::vector<Part> const &parts, mgBBox_c const &total) {
     std::vector<NamedTransform> transforms;
+    transforms.reserve(parts.size() + 1);
     for (Part const &part : parts) transforms.push_back({part.name, part.placement});
     transforms.push_back({"perspective view", layOutPerspective(parts, total).toPage});
     return transforms;

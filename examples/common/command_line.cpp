@@ -26,7 +26,7 @@ std::vector<double> CommandLine::takeNumbers(std::size_t count, std::string cons
         char *end = nullptr;
         numbers.push_back(std::strtod(text.c_str(), &end));
         bool const isNumber = end == text.c_str() + text.size() && std::isfinite(numbers.back());
-        if (!isNumber) throw failure(complaint + ", not " + text);
+        if (!isNumber) throw failure(std::string(complaint).append(", not ").append(text));
     }
     return numbers;
 }
