@@ -104,7 +104,6 @@ TEST(Persistence, MatricesAreRepairedOrTakenAsTheyAre) {
     mgMatrix_c nearly; // flagged within 1e-08 of the axes
     nearly[1] = s;
     becomes(restore, {}, s, -s, s, 0, 0, 0, s, s, -s); // null rows
-    becomes(restoreAsIs, mgMatrix_c({0, 0, 0, 0, 0, 0, 0, 0, 0}, 0), 0, 0, 0, 0, 0, 0, 0, 0, 0);
     becomes(restore, mgMatrix_c({1.1, 0, 0, 0, 1, 0, 0, 0, off}, 1), 1.1, 0, 0, 0, 1, 0, 0, 0, off);
     becomes(restoreAsIs, nearly, 1, s, 0, 0, 1, 0, 0, 0, 1);
     becomes(restoreAsIs, mgMatrix_c({1, 0, 0, 0, 1, 0, off, 0, 1}, 0), 1, 0, 0, 0, 1, 0, off, 0, 1);
@@ -123,25 +122,20 @@ TEST(Persistence, TransformsAreRepairedAndStoredWithTheRotationTheyHave) {
     check(bytes(yes) + skew + rest, raw(odd, t, 2.0), turned, restoreAsIs);
     check<CArchive>(bytes(yes) + skew + rest, raw(odd, t, 2.0), moved, restoreAsIs);
     check(bytes(no) + rest, moved, Xform());
-    Xform onBounds = raw({}, {1e8, -1e8, 5e-09}, 6e12), beyond = raw({}, {2e8, -2e8, 5e8}, 7e12);
-    EXPECT_EQ(bytes(no, 1e8, -1e8, 5e-09, 6e12, no), stored(onBounds, save));
+    Xform beyond = raw({}, {2e8, -2e8, 5e8}, 7e12);
     EXPECT_EQ(bytes(no, 0.0, 0.0, 5e8, 1.0, no), stored(beyond, save));
     EXPECT_BITS_EQ(raw({}, {0.0, 0.0, 5e8}), beyond);
 }
 
 TEST(Persistence, RestoringATransformKeepsWhatTheRecordDoesNotHold) {
-    auto const keeps = [](auto read) {
-        Xform x = raw(quarter, {1.0, 2.0, 3.0}, 0.5, 1), y;
-        x.addPerspectiveInfo(perspective);
-        // No rotation: the old one stays. Numbers are not checked, the reserved byte not looked at.
-        load(x, bytes(no, 5e-09, 2e8, 0.0, -7e12, yes), read);
-        EXPECT_BITS_EQ(raw(quarter, {5e-09, 2e8, 0.0}, -7e12, 1), x);
-        EXPECT_EQ(1, x.hasPerspective());
-        load(y, "\xFE" + turn + rest, read); // any byte but 0 announces a rotation
-        EXPECT_BITS_EQ(turned, y);
-    };
-    keeps(restore);
-    keeps(restoreAsIs);
+    Xform x = raw(quarter, {1.0, 2.0, 3.0}, 0.5, 1), y;
+    x.addPerspectiveInfo(perspective);
+    // No rotation: the old one stays. Numbers are not checked, the reserved byte not looked at.
+    load(x, bytes(no, 5e-09, 2e8, 0.0, -7e12, yes), restore);
+    EXPECT_BITS_EQ(raw(quarter, {5e-09, 2e8, 0.0}, -7e12, 1), x);
+    EXPECT_EQ(1, x.hasPerspective());
+    load(y, "\xFE" + turn + rest, restoreAsIs); // any byte but 0 announces a rotation
+    EXPECT_BITS_EQ(turned, y);
 }
 
 TEST(Persistence, TheRawFormDropsThePerspective) {
