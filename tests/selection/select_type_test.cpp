@@ -59,6 +59,8 @@ TEST(SelectSets, EditsKeepTheOrderAndAddNothingTwice) {
         EXPECT_EQ((Codes{2, 1, 3, 1}), codesOf(rest));
         rest.unset(Raw<Set>({1, 3, 9}));
         EXPECT_EQ((Codes{2, 1}), codesOf(rest));
+        rest.unset(rest);
+        EXPECT_EQ(Codes{}, codesOf(rest));
     });
 }
 

@@ -50,7 +50,6 @@ TEST(Euler, NewerAnglesBearRoundingErrorsAndAreConfirmedByFourElements) {
     double const sine = above(1.0); // asin has no value for it
     mgXform_c const quarter = ofElements({0.0, 0.0, -sine, 0.0, 1.0, 0.0, sine, 0.0, 0.0});
     CheckAngles(newer, quarter, 1, {0.0, std::asin(1.0), 0.0});
-    CheckAngles(older, quarter, 0, unwritten);
 
     // At the quarter turn about y the four vanish, and the turn about x that is left is not found.
     CheckAngles(newer, ofElements({0.0, 0.6, -0.8, 0.0, 0.8, 0.6, 1.0, 0.0, 0.0}), 1,
