@@ -72,11 +72,12 @@ TEST(PerspInfo, AModelRecordLooksAlongItsOwnDirection) {
 TEST(PerspInfo, EqualityComparesEveryMemberExactly) {
     P const eye(1.0, 2.0, below(3.0));
     mgPerspInfo_c const one = record(2.0);
-    mgPerspInfo_c eyeOff = one, farOff = one;
+    mgPerspInfo_c eyeOff = one, nearOff = one, farOff = one;
     eyeOff.setEyePoint(&eye);
+    nearOff.setNearClipPlaneDistance(below(4.0));
     farOff.setMinFarClipPlaneDistance(above(one.getMinFarClipPlaneDistance()));
     EXPECT_TRUE(one == mgPerspInfo_c(one));
-    EXPECT_FALSE(one == eyeOff || one == farOff || one == record(below(2.0)));
+    EXPECT_FALSE(one == eyeOff || one == nearOff || one == farOff || one == record(below(2.0)));
 }
 
 } // namespace
