@@ -46,6 +46,7 @@ static_assert(is<decltype(p + q), P> && is<decltype(v == p), int> && is<decltype
 TEST(Points, ArithmeticIsByComponent) {
     EXPECT_BITS_EQ(P(11.5, 21.75, 37.0), v + p + q);
     EXPECT_BITS_EQ(V(-9.5, -17.75, -31.0), p - v - q);
+    EXPECT_BITS_EQ(V(9.0, 18.0, 27.0), v - p);
     EXPECT_BITS_EQ(V(87.5, -25.0, -12.5), v * q); // a cross product
     EXPECT_EQ(12.0, p % q);
     EXPECT_EQ(280.0, p % v + v % p);
