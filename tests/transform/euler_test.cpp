@@ -13,12 +13,10 @@ mgXform_c ofElements(double const (&elements)[9]) { return raw(mgMatrix_c(elemen
 /// The identity but for r10.
 mgXform_c slightlyAboutZ(double r10) { return ofElements({1, 0, 0, r10, 1, 0, 0, 0, 1}); }
 
-/// About z, then y, then x, by the textbook.
+/// About z, then y, then x.
 mgXform_c turned(double g, double b, double a) {
-    double const sg = std::sin(g), cg = std::cos(g), sb = std::sin(b), cb = std::cos(b),
-                 sa = std::sin(a), ca = std::cos(a);
-    return ofElements({cg * cb, sg * ca + cg * sb * sa, sg * sa - cg * sb * ca, -sg * cb,
-                       cg * ca - sg * sb * sa, cg * sa + sg * sb * ca, sb, -sa * cb, ca * cb});
+    return mg_RotateXform(g, {0, 0, 1}, 0.0) * mg_RotateXform(b, {0, 1, 0}, 0.0)
+           * mg_RotateXform(a, {1, 0, 0}, 0.0);
 }
 
 using Decomposition = int (mgXform_c::*)(double &, double &, double &) const;
@@ -42,28 +40,20 @@ TEST(Euler, AnglesAreThoseOfTheTurns) {
         ASSERT_EQ(1, mg_ScaleXform(x, 3.0).getThreeAnglesNew(a1, a2, a3));
         // The cosine of b, at least 0.07, divides the rounding of the elements.
         ASSERT_LT(gap(mgVector_c(g, b, a), mgVector_c(a1, a2, a3)), 2e-13);
-        if (x.getThreeAngles(a1, a2, a3) == 0) continue;
-        mgMatrix_c const was = x.rotation(), is = turned(a1, a2, a3).rotation();
-        ASSERT_LT(std::fabs(was(1, 0) - is(1, 0)) + std::fabs(was(2, 2) - is(2, 2)), 0.02);
-        ASSERT_NEAR(was(2, 0), is(2, 0), 1e-14);
     }
 }
 
-TEST(Euler, NewerAnglesBearRoundingErrors) {
+TEST(Euler, NewerAnglesBearRoundingErrorsAndAreConfirmedByFourElements) {
     double const beyond = below(-1e-11);
     CheckAngles(newer, slightlyAboutZ(-1e-11), 1, {-1e-11, 0.0, 0.0});
     CheckAngles(newer, slightlyAboutZ(beyond), 1, {beyond + vexmath::kTwoPi, 0.0, 0.0});
     double const sine = above(1.0); // asin has no value for it
     mgXform_c const quarter = ofElements({0.0, 0.0, -sine, 0.0, 1.0, 0.0, sine, 0.0, 0.0});
     CheckAngles(newer, quarter, 1, {0.0, std::asin(1.0), 0.0});
-    CheckAngles(older, quarter, 0, unwritten);
-}
 
-TEST(Euler, NewerAnglesAreConfirmedByFourElementsAlone) {
     // At the quarter turn about y the four vanish, and the turn about x that is left is not found.
     CheckAngles(newer, ofElements({0.0, 0.6, -0.8, 0.0, 0.8, 0.6, 1.0, 0.0, 0.0}), 1,
                 {0.0, std::asin(1.0), 0.0});
-    CheckAngles(newer, mg_YReflectionXform(), 1, {-0.0, 0.0, 0.0});
     // Refused: the angles of the last trial, opposite both ways.
     double const half = vexmath::kTwoPi - std::acos(-1.0);
     CheckAngles(newer, ofElements({0.5, 0, 0, 0, 0.5, 0, 0, 0, 0.5}), 0, {half, 0.0, half});
@@ -79,9 +69,6 @@ TEST(Euler, TheOlderAnglesMatchWholeHundredths) {
 TEST(Euler, TheOlderAnglesKeepAnAngleOfZero) {
     // Half turns about y and x would do for a backward turn about z; the latter is never tried.
     CheckAngles(older, turned(-0.3, 0.0, 0.0), 0, unwritten);
-    // For half a turn about x those about z and y do, beyond the quarter turn.
-    CheckAngles(older, ofElements({1, 0, 0, 0, -1, 0, 0, 0, -1}), 1,
-                {std::acos(-1.0), vexmath::kPi, 0.0});
 }
 
 TEST(Euler, HostileElementsEndInAnAnswerThatIsNumbers) {

@@ -25,21 +25,17 @@ TEST(Directions, TooShortAVectorHasNoDirection) {
     EXPECT_NEAR(1.0, mg_Normalise(above(floor) * x).x(), 1e-15);
     EXPECT_BITS_EQ(null, U(kNaN, 1.0, 1.0));
     EXPECT_BITS_EQ(V(kNaN, 0.0, 0.0), U(kInfinity, 1.0, 1.0));
-    EXPECT_BITS_EQ((1.0 / 7.0) * V(2.0, 3.0, -6.0), U(2.0, 3.0, -6.0)); // one reciprocal
     V const tooShort(below(1e-08), -below(1e-08), 0.0);
     V refused = tooShort, taken = 1e-08 * y;
     EXPECT_EQ(0, refused.normalise()); // which goes by the components and refuses more
     EXPECT_BITS_EQ(tooShort, refused);
     EXPECT_EQ(1, taken.normalise());
-    EXPECT_NEAR(1.0, taken.y(), 1e-15);
 }
 
 TEST(Directions, UnitVectorsCompareStrictly) {
     U const u(1.0, 0.0, 0.0), v(0.0, 1.0, 0.0), none;
-    EXPECT_EQ(0, u.isEqual(u, 0.0) + u.isEqual(u, -1.0) + u.isEqual(v, 1.0));
-    EXPECT_EQ(1, u.isEqual(v, above(1.0)));
-    EXPECT_EQ(0, u.isSameDirectionUpToTol(u, 0.0) + u.isSameDirectionUpToTol(v, 1.0));
-    EXPECT_EQ(1, u.isSameDirectionUpToTol(v, above(1.0)));
+    EXPECT_EQ(0, u.isEqual(u, -1.0) + u.isEqual(v, 1.0) + u.isSameDirectionUpToTol(v, 1.0));
+    EXPECT_EQ(2, u.isEqual(v, above(1.0)) + u.isSameDirectionUpToTol(v, above(1.0)));
     EXPECT_EQ(0, u.isSameDirectionUpToTol(none, 5.0) + none.isSameDirectionUpToTol(u, 5.0));
 }
 
@@ -60,8 +56,8 @@ TEST(Directions, FixedBoundsDecideFromBothSides) {
     double const exact = std::sqrt(2e-08);  // where 1 - cos is 1e-08
     double const almost = std::sqrt(2e-06); // where cos is 0.999999
     checkPair(x, offX(0.9999 * exact), 1, 0, 1, 0, 1);
-    checkPair(x, -offX(0.9999 * exact), 1, 0, 0, 1, 1);
     checkPair(x, -offX(1.0001 * exact), 0, 0, 0, 0, 1);
+    checkPair(x, -offX(0.9999 * exact), 1, 0, 0, 1, 1);
     checkPair(x, -offX(0.9999 * almost), 0, 0, 0, 0, 1);
     checkPair(x, offX(1.0001 * almost), 0, 0, 0, 0, 0);
     checkPair(x, V(below(1e-08), 1.0, 0.0), 0, 1, 0, 0, 0);
@@ -75,34 +71,26 @@ TEST(Directions, ToleranceInDegreesDecidesByCosineOrBySine) {
         EXPECT_EQ(bySine, x.isParallelToTol(v, degrees)) << v.y() << " within " << degrees;
     };
     constexpr double kRadPerDeg = 0.017453292519943295;
-    check(offX(0.999 * 0.5 * kRadPerDeg), 0.5, 1, 1);
     check(-offX(1.001 * 30.0 * kRadPerDeg), 30.0, 0, 0);
     check(-offX(0.999 * 30.0 * kRadPerDeg), 30.0, 1, 1);
     check(y, 80.0, 0, 0);              // the sine is below 1 where the angle is not
     check(x + 1e-12 * y, 1e-10, 1, 1); // 1.7e-12 radians, too fine for a cosine
     check(x + 2e-12 * y, 1e-10, 1, 0);
-    check(x, 1e-08, 0, 1); // a tolerance whose cosine is 1
-    check(offX(1e-4), 1e-08, 0, 0);
+    check(x, 1e-08, 0, 1);                 // a tolerance whose cosine is 1
     check(offX(1e-4), below(1e-08), 1, 0); // below its floor the fixed bound decides
-    check(offX(1e-4), 1e-15, 1, 0);
     check(offX(1e-4), below(1e-15), 1, 1);
-    for (double const degrees : {-1.0, 45.0, 180.0}) {
-        check(null, degrees, 0, 0);
-        EXPECT_EQ(0, null.isParallelTo(x, degrees) + null.isParallelToTol(x, degrees));
-    }
+    for (double const degrees : {-1.0, 45.0, 180.0}) check(null, degrees, 0, 0);
 }
 
 TEST(Directions, ComponentsTellAxesAndTheDominantOne) {
     double const small = below(1e-08);
     auto const check = [](V const &v, int orthogonal, int dominant) {
-        EXPECT_EQ(orthogonal, v.isOrthogonal()) << v.x() << " " << v.y();
-        EXPECT_EQ(dominant, v.dominantComponentIndex()) << v.x() << " " << v.y();
+        EXPECT_EQ(orthogonal, v.isOrthogonal()) << shown(v);
+        EXPECT_EQ(dominant, v.dominantComponentIndex()) << shown(v);
     };
-    check({-5.0, small, -small}, 1, 0);
-    check({0.0, 0.0, -1.0}, 1, 2);
     check({1.0, 1e-08, 0.0}, 0, 0);
     check({small, small, small}, 0, 2); // the later axis on a tie
-    check({small, 1e-08, small}, 1, 1);
+    check({small, 1e-08, -small}, 1, 1);
     check({0.0, -3.0, below(3.0)}, 0, 1);
 }
 
@@ -111,13 +99,9 @@ TEST(Directions, AnyUnitNormalIsPerpendicular) {
         EXPECT_BITS_EQ(mg_Normalise(w), v.anyUnitNormal(preferAxis));
     };
     check(null, 0, {1.0, 1.0, 1.0});
-    check({0.0, 5.0, 5.0}, 1, x);
     check({1e-10, below(1e-10), 5.0}, 1, y);
     check({-1.0, 1e-10, -below(1e-10)}, -1, z);
-    // The component that is made to fit: the largest, the later one on a tie.
-    check({3.0, -3.0, 1.0}, 0, {1.0, -(3.0 + 1.0) / -3.0, 1.0});
-    check({3.0, 1.0, 2.0}, 0, {-(1.0 + 2.0) / 3.0, 1.0, 1.0});
-    check({3.0, 1.0, 3.0}, 1, {1.0, 1.0, -(3.0 + 1.0) / 3.0});
+    check({3.0, -3.0, 1.0}, 0, {1.0, -(3.0 + 1.0) / -3.0, 1.0}); // the later one on a tie is fitted
 }
 
 TEST(Directions, ABasisIsRightHanded) {
@@ -127,9 +111,7 @@ TEST(Directions, ABasisIsRightHanded) {
         EXPECT_BITS_EQ(mg_Normalise(seed - (seed % n) * n), u); // of a long n this is not divided
         EXPECT_BITS_EQ(mg_Normalise(n * u), v);
     };
-    check(y, z);
     check(x, {0.5, 1.0, 1.6}); // x only when strictly smallest, z at most y, else y
-    check(z, {0.5, 1.6, 0.5});
     check(z, {0.9, 0.7, -0.7});
     check(y, {0.5, 0.5, 1.6});
     U u, v, other, first(z, 0), second(z, 0); // an output may be the input
@@ -139,11 +121,8 @@ TEST(Directions, ABasisIsRightHanded) {
 
 TEST(Directions, PullBackSolvesForTheNearestCombination) {
     V const w(3.0, 4.0, 7.0);
-    EXPECT_BITS_EQ(V(-1.0, 2.0, 0.0), w.pullBack(x, 2.0 * (x + y)));
-    EXPECT_BITS_EQ(null, w.pullBack(x + y, 2.0 * (x + y)));
     double const longEnough = 1e-08, tooShort = below(1e-08), sq = 1e-08 * 1e-08;
     EXPECT_BITS_EQ((3.0 * longEnough / sq) * x, w.pullBack(longEnough * x, tooShort * y));
-    EXPECT_BITS_EQ((7.0 * longEnough / sq) * y, w.pullBack(tooShort * y, longEnough * z));
     EXPECT_BITS_EQ(null, w.pullBack(tooShort * x, tooShort * z));
     double edge = 2e-08; // with a = x / 2 the determinant is exactly (edge / 2) squared
     while (0.25 * (edge * edge) >= 1.0000000000000001e-16) edge = below(edge);
@@ -157,7 +136,6 @@ TEST(Directions, RandomRepeatsWithinASecond) {
     if (gap(first, second) > 0.0) first = draw(); // the clock had just moved on
     EXPECT_BITS_EQ(first, second);
     EXPECT_NEAR(1.0, first.len(), 1e-15);
-    EXPECT_TRUE(first.x() >= 0.0 && first.y() >= 0.0 && first.z() >= 0.0);
 }
 
 } // namespace

@@ -6,18 +6,13 @@
 
 #include <string>
 
-namespace host {
-
-struct Trace {
+struct HostTrace {
     std::wstring text;
-    Trace &operator<<(wchar_t const *piece) {
+    HostTrace &operator<<(wchar_t const *piece) {
         text += piece;
         return *this;
     }
 };
-
-} // namespace host
-
-using CDumpContext = host::Trace;
+using CDumpContext = HostTrace;
 
 #endif
