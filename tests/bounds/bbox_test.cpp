@@ -64,15 +64,12 @@ TEST(BBox, SettersWriteWhatTheyAreGiven) {
 }
 
 TEST(BBox, MeasuresComeFromTheCorners) {
-    P const low(1, 2, 3);
-    for (V const &size : {V(4, 6, 8), V(8, 4, 6), V(6, 8, 4)}) {
-        mgBBox_c const box = boxOf(P(7, 7, 7), 100, low, low + size);
-        EXPECT_BITS_EQ(low + size * 0.5, box.center());
-        EXPECT_BITS_EQ(size, V(box.width(), box.depth(), box.height()));
-        EXPECT_BITS_EQ(V(std::sqrt(116.0), 8, 4),
-                       V(box.diagonalLength(), box.maxDimension(), box.minDimension()));
-        EXPECT_BITS_EQ(P(1, 2 + size.y(), 3.5), box.pointPerp(P(below(1), 99, 3.5)));
-    }
+    mgBBox_c const box = boxOf(P(7, 7, 7), 100, P(1, 2, 3), P(5, 8, 11));
+    EXPECT_BITS_EQ(P(3, 5, 7), box.center());
+    EXPECT_BITS_EQ(V(4, 6, 8), V(box.width(), box.depth(), box.height()));
+    EXPECT_BITS_EQ(V(std::sqrt(116.0), 8, 4),
+                   V(box.diagonalLength(), box.maxDimension(), box.minDimension()));
+    EXPECT_BITS_EQ(P(1, 8, 3.5), box.pointPerp(P(below(1), 99, 3.5)));
 }
 
 TEST(BBox, ComparisonsAreStrictInEveryMember) {
@@ -83,27 +80,6 @@ TEST(BBox, ComparisonsAreStrictInEveryMember) {
         EXPECT_FALSE(zero == off(1e-08) || zero.isSame(off(1e-08), -1)) << k;
         EXPECT_TRUE(zero.isSame(off(below(0.25)), 0.25) && !zero.isSame(off(0.25), 0.25)) << k;
         EXPECT_FALSE(zero == off(kNaN) || zero.isSame(zero, 0)) << k; // 0 stays 0
-    }
-}
-
-TEST(BBox, TheSphereFitsWithinARelativeAndAnAbsoluteSlack) {
-    // Validity, radius, and the squared distance from the centre of a box that is one point.
-    double const touching[][3] = {{1, 1, 1.00000002 - 1e-15},   {0, 1, 1.00000002 + 1e-15},
-                                  {1, 1, 0.99999998 + 1e-15},   {0, 1, 0.99999998 - 1e-15},
-                                  {1, 1000, 1000000.010000005}, {0, 1000, 1000000.010000015},
-                                  {1, 1000, 999999.989999995},  {0, 1000, 999999.989999985}};
-    for (auto const &[expected, radius, sq] : touching) {
-        P const p(0.8 * radius, 0, -std::sqrt(sq - 0.64 * radius * radius));
-        EXPECT_EQ(expected, boxOf(P(), radius, p, p).isValid()) << radius << ' ' << sq;
-    }
-    // Half a box, and a radius that a shrinking by next to nothing keeps; the next is made anew.
-    double const absolute = std::sqrt(4 + 5e-09), relative = 0.5 * std::sqrt(1.000000005);
-    double const largest[][2] = {{2, absolute - 1e-15}, {0.5, relative - 1e-15}, {0, 1e-10}};
-    for (auto const &[half, kept] : largest) {
-        for (double const r : {kept, std::max(above(kept), kept + 4e-15 * half)}) {
-            mgBBox_c box = boxOf(P(), r, P(-half, 0, 0), P(half, 0, 0));
-            EXPECT_EQ(r == kept ? r : half, (box += below(0)).sphRadius()) << r;
-        }
     }
 }
 
@@ -133,12 +109,8 @@ TEST(BBox, TheSwitchGivesTheCubeAroundTheMergedSphere) {
     EXPECT_EQ(2, mgBBox_c::SetUseSphereBoundingBox(1));
     EXPECT_EQ(1, mgBBox_c::GetUseSphereBoundingBox());
     EXPECT_BITS_EQ(mgBBox_c(both.sphCenter(), both.sphRadius()), mgBBox_c(unit) |= beside);
-    EXPECT_BITS_EQ(mgBBox_c(P(), big.sphRadius()), mgBBox_c(unit) |= big);
     EXPECT_BITS_EQ(big, mgBBox_c(big) |= unit); // where the sphere stays, it is not asked
     EXPECT_EQ(0, (mgBBox_c(unit) |= P(9, 0, 0)).low().y()); // nor by points
-    // The cube may cut corners off: here at x = -2 and z = 8.
-    mgBBox_c box = boxOf(P(), 1, P(-2, 0, 0), P(1, 1, 8));
-    EXPECT_BITS_EQ(mgBBox_c(P(2, 0, 0), 3), box |= mgBBox_c(P(4, 0, 0), 1));
     mgBBox_c::SetUseSphereBoundingBox(0);
 }
 
@@ -165,16 +137,13 @@ TEST(BBox, AnUnsetBoxBecomesSetByGrowing) {
     EXPECT_BITS_EQ(mgBBox_c(), mgBBox_c() += below(2));
     mgBBox_c const inverted = boxOf(P(), 9, P(), P(0, 0, -2)); // by its corners alone
     EXPECT_BITS_EQ(boxOf(P(), 10, P(-1, -1, -1), P(1, 1, -1)), mgBBox_c(inverted) += 1);
-    EXPECT_BITS_EQ(mgBBox_c(P(0, 0, -1), 0), mgBBox_c(inverted) += -1);
 }
 
 TEST(BBox, TranslationAndScalingMoveEveryMember) {
-    mgBBox_c box = boxOf(P(3, 2, 3), 5, P(), P(2, 4, 6)), unset;
+    mgBBox_c box = boxOf(P(3, 2, 3), 5, P(), P(2, 4, 6));
     EXPECT_BITS_EQ(boxOf(P(13, 22, 33), 5, P(10, 20, 30), P(12, 24, 36)), box += V(10, 20, 30));
     EXPECT_BITS_EQ(boxOf(P(10, 22, 33), -2.5, P(11.5, 23, 34.5), P(10.5, 21, 31.5)),
                    box *= -0.5); // about the middle of the corners
-    EXPECT_BITS_EQ(boxOf(P(), -4, P(2, 2, 2), P(-2, -2, -2)), unset *= 2);
-    EXPECT_BITS_EQ(boxOf(P(1, 1, 1), -4, P(3, 3, 3), P(-1, -1, -1)), unset += V(1, 1, 1));
 }
 
 TEST(BBox, TransformsEncloseTheImageWithinTheSphereIgnoringPerspective) {

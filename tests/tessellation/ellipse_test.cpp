@@ -42,9 +42,6 @@ TEST(TessEllipse, CountsSegmentsByToleranceBetweenTenAndOneAndAHalfDegrees) {
 }
 
 TEST(TessEllipse, GoesFromStartToEndInEqualAngles) {
-    Polyline const points = polylineOf(ellipseOf(10, 4, 3, 7), 0.01);
-    EXPECT_EQ(segmentsOf(points), 89);
-    ExpectNear(points, 1e-12, [](double share) { return onEllipse(10, 4, 3 + 4 * share); });
     // Directions are used as given, here twice as long.
     ellipseEdgeData const twice{{1, 2, 3}, {2, 0, 0}, {0, 0, 2}, 3, 1, {7, 2, 3}, {7, 2, 3}};
     Polyline const closed = polylineOf(twice, 1);
