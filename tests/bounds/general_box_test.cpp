@@ -2,7 +2,7 @@
 // Parallelograms and boxes in any orientation.
 
 #include <vexmath/general_box.h>
-#include <vexmath/plane.h>
+#include <vexmath/mg_queries.h>
 
 #include "bounds/boxes.h"
 
@@ -28,6 +28,7 @@ TEST(Parallelogram, PointsInsideReachTheEdges) {
     auto const check = [](bool expected, mgParallelogram_c const &plate, P const &p) {
         EXPECT_EQ(expected, plate.isPointInside(p)) << p.x() << ' ' << p.y() << ' ' << p.z();
     };
+    check(true, square, origin);
     check(true, square, {1, 1, 0});
     check(true, square, {0.5, 0.5, below(1e-08)});
     check(false, square, {0.5, 0.5, -1e-08}); // off the plane
@@ -43,6 +44,7 @@ TEST(Parallelogram, PointsInsideReachTheEdges) {
         check(false, {origin, slanted, d2, 9, 9}, {0.5, 1, 1.5});
         check(true, {origin, slanted, d2, 9, 9}, {5e-09, 0, 0});
     }
+    check(false, {origin, xAxis, xAxis, 9, 9}, {3, 0, 0});
 }
 
 TEST(Parallelogram, TheFarCornerIsNeverTheHighPoint) {
@@ -51,11 +53,16 @@ TEST(Parallelogram, TheFarCornerIsNeverTheHighPoint) {
     EXPECT_BITS_EQ(P(1, 0, 0), high);
     EXPECT_TRUE(square.getExtremPts(zAxis, low, high));
     EXPECT_BITS_EQ(origin, high);
-    mgParallelogram_c const flipped(origin, xAxis, -yAxis, 2, 3);
-    EXPECT_TRUE(flipped.getExtremPts(U(1, -1, 0), low, high)); // (2, -3, 0) would be higher
-    EXPECT_BITS_EQ(P(0, -3, 0), high);
-    EXPECT_TRUE(flipped.getExtremPts(U(-1, 1, 0), low, high));
-    EXPECT_BITS_EQ(P(2, -3, 0), low);
+    Random random;
+    for (int n = 0; n < 2000; ++n) {
+        P const corner = random.triple<P>(-9, 9);
+        U const d1 = direction(random), d2 = direction(random), dir = direction(random);
+        double const len1 = random.uniform(0.1, 9), len2 = random.uniform(0.1, 9);
+        double const s1 = len1 * d1 % dir, s2 = len2 * d2 % dir;
+        ASSERT_TRUE(mgParallelogram_c(corner, d1, d2, len1, len2).getExtremPts(dir, low, high));
+        EXPECT_NEAR((low - corner) % dir, std::min({0.0, s1, s2, s1 + s2}), 1e-13);
+        EXPECT_NEAR((high - corner) % dir, std::max({0.0, s1, s2}), 1e-13);
+    }
 }
 
 TEST(GeneralBox, WithoutALengthNothingIsWritten) {
@@ -86,6 +93,7 @@ TEST(GeneralBox, BecomesABoxAndItsPlacement) {
     EXPECT_BITS_EQ(mgBBox_c(origin, P(2, 5, 10)), box);
     EXPECT_LT(gap(P(1, 0, 0) * placing, P(1, 2, 3) + block.getBoxDir_v1()), 1e-14);
     EXPECT_LT(gap(P(0, 1, 0) * placing, P(1, 2, 3) + block.getBoxDir_v2()), 1e-14);
+    EXPECT_LT(gap(P(0, 0, 1) * placing, P(1, 2, 3) + block.getBoxDir_v3()), 1e-14);
     EXPECT_LT(gap(block.getBoxDir_v3(), P(0, -0.8, 0.6)), 1e-15);
     EXPECT_TRUE(block.getBoxLen_v1() == 2 && block.getBoxLen_v3() == 10);
 }
@@ -100,17 +108,25 @@ TEST(GeneralBox, ProjectsAlongItsThirdDirection) {
     CheckProjection(true, {origin, xAxis, yAxis, 1e-08, 5, 1});
     CheckProjection(false, {origin, xAxis, yAxis, below(1e-08), 5, 1});
     CheckProjection(false, {origin, xAxis, yAxis, 2, below(1e-08), 1});
-    CheckProjection(false, {origin, xAxis, zAxis, 2, 5, 1}); // along the plane
-    CheckProjection(false, {origin, xAxis, xAxis, 2, 5, 1}); // no third direction
-    // The parallelogram leans over the plane z = -5, where the edges of the block come down.
-    mgGeneralBox_c const block(P(1, 2, 3), xAxis, U(0, 3, 4), 2, 5, 10);
-    mgParallelogram_c plate;
-    ASSERT_TRUE(block.projectToPlane(mgPlane_c(P(1, 2, -5), zAxis), plate));
-    P const foot(1, 2 + 8 / 0.6 * 0.8, -5);
-    for (mgVector_c const &inside : {mgVector_c(0.01, 0.01, 0), mgVector_c(1.99, 8.32, 0)})
-        EXPECT_TRUE(plate.isPointInside(foot + inside));
-    for (mgVector_c const &outside : {mgVector_c(-0.01, 1, 0), mgVector_c(1, 8.34, 0)})
-        EXPECT_FALSE(plate.isPointInside(foot + outside));
+    CheckProjection(false, {origin, xAxis, zAxis, 2, 5, 1});      // along the plane
+    CheckProjection(false, {P(1, 2, -5), xAxis, zAxis, 2, 5, 1}); // and in it
+    CheckProjection(false, {origin, xAxis, xAxis, 2, 5, 1});      // no third direction
+    Random random;
+    for (int n = 0; n < 2000; ++n) {
+        mgPlane_c const plane(random.triple<P>(-3, 3), direction(random));
+        P const corner = random.triple<P>(-3, 3);
+        U const d1 = direction(random), d2 = direction(random);
+        mgGeneralBox_c const block(corner, d1, d2, 1, 2, 3);
+        U const d3 = block.getBoxDir_v3();
+        mgParallelogram_c plate;
+        if ((d1 * d2).len() < 0.3 || std::fabs(d3 % plane.normal()) < 0.3) continue;
+        ASSERT_TRUE(block.projectToPlane(plane, plate));
+        auto const share = random.triple<mgVector_c>(0.001, 0.999);
+        P const inside = corner + share.x() * d1 + 2 * share.y() * d2 + 3 * share.z() * d3;
+        P shadow;
+        mg_LineIntPlane(mgLine_c(inside, d3), plane, &shadow, nullptr);
+        EXPECT_TRUE(plate.isPointInside(shadow));
+    }
 }
 
 } // namespace
