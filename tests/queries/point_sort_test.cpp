@@ -82,10 +82,10 @@ TEST(PointSort, AgreesWithItsSteps) {
 
 TEST(PointSort, SortsOnlyTheRangeAndRefusesAnEmptyOne) {
     for (auto const sort : {mg_pointQuickSort, mg_pointSelectionSort}) {
-        List list{{9, 0, 0}, {3, 0, 0}, {2, 0, 0}, {1, 0, 0}, {0, 0, 0}};
-        sort(list.data(), 3, 1);
+        mgPoint_c list[] = {{9, 0, 0}, {3, 0, 0}, {2, 0, 0}, {1, 0, 0}, {0, 0, 0}};
+        sort(list, 3, 1);
         EXPECT_EQ(3, list[1].x());
-        sort(list.data(), 1, 3);
+        sort(list, 1, 3);
         for (int i = 0; i < 5; ++i) EXPECT_EQ(i == 0 ? 9 : i % 4, list[i].x());
     }
 }
