@@ -8,7 +8,6 @@
 #include <vexmath/point.h>
 
 #if defined(__GNUC__) && defined(__x86_64__)
-#include <cstdint>
 #include <immintrin.h>
 
 /// Marks a function that is compiled for AVX2, whatever the rest of the library is compiled for.
@@ -32,16 +31,9 @@ struct FourPoints {
     __m256d x, y, z;
 };
 
-/// Loads them, and asks for the memory of points farther on in the list, if there are any.
 VEXMATH_AVX2 inline FourPoints loadFour(mgPoint_c const *points) {
-    /// How many points farther: lists beyond the cache gain a fifth, shorter ones lose nothing.
-    constexpr int kAhead = 16;
-    // By number: past the end there is no pointer to form, and nothing is read there.
-    // NOLINTBEGIN(performance-no-int-to-ptr)
-    auto const ahead = reinterpret_cast<std::uintptr_t>(points) + kAhead * sizeof(mgPoint_c);
-    _mm_prefetch(reinterpret_cast<char const *>(ahead), _MM_HINT_T0);
-    _mm_prefetch(reinterpret_cast<char const *>(ahead + 64), _MM_HINT_T0);
-    // NOLINTEND(performance-no-int-to-ptr)
+    prefetchBehind(points, 0); // four points are a cache line and a half
+    prefetchBehind(points, 64);
     auto const *const p = reinterpret_cast<double const *>(points);
     __m256d const xy = _mm256_loadu2_m128d(p + 6, p);      // x0 y0 x2 y2
     __m256d const zx = _mm256_loadu2_m128d(p + 8, p + 2);  // z0 x1 z2 x3
