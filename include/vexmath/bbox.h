@@ -300,7 +300,7 @@ inline bool mgBBox_c::plainlyEncloses(mgPoint_c const &p) const {
 }
 
 inline mgBBox_c &mgBBox_c::operator|=(mgPoint_c const &p) {
-    vexmath::detail::prefetchBehind(&p, 0); // callers unite with lists of vertices
+    vexmath::detail::prefetchAhead(&p, 0); // callers unite with lists of vertices
     if (!plainlyEncloses(p)) unite(p);
     return *this;
 }

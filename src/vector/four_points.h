@@ -32,8 +32,8 @@ struct FourPoints {
 };
 
 VEXMATH_AVX2 inline FourPoints loadFour(mgPoint_c const *points) {
-    prefetchBehind(points, 0); // four points are a cache line and a half
-    prefetchBehind(points, 64);
+    prefetchAhead(points, 0); // four points are a cache line and a half
+    prefetchAhead(points, 64);
     auto const *const p = reinterpret_cast<double const *>(points);
     __m256d const xy = _mm256_loadu2_m128d(p + 6, p);      // x0 y0 x2 y2
     __m256d const zx = _mm256_loadu2_m128d(p + 8, p + 2);  // z0 x1 z2 x3
