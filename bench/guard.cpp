@@ -5,6 +5,7 @@
 
 #include <vexmath/vexmath.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -177,16 +178,6 @@ void numerics(Numbers &in) {
         mg_solveCubic(m[0], m[1], m[2], m[4], roots.root);
         return roots;
     });
-    float const matrix[16] = {0, 1, 0, 0, -1, 0, 0, 0, 0, 0, 1, 0, 1, 2, 3, 1};
-    float p[3] = {1, 2, 3}, product[16];
-    countEach("float point by matrix", [&](std::size_t) {
-        gfxmath_mult_point_by_matrix(p, matrix, p);
-        return p[0];
-    });
-    countEach("float matrix product", [&](std::size_t) {
-        gfxmath_mult_matrix(matrix, matrix, product);
-        return product[0];
-    });
 }
 
 void pointSets(Numbers &in) {
@@ -228,6 +219,28 @@ void tessellation() {
     });
 }
 
+void singlePrecision(Numbers &in) {
+    using Matrix = std::array<float, 16>;
+    auto const matrices = inputs(
+        [&in] {
+            Matrix m;
+            for (float &element : m) element = static_cast<float>(in.next(1.0));
+            return m;
+        },
+        kItems + 1);
+    std::vector<std::array<float, 3>> points(kItems, {1, 2, 3});
+    count("float point by matrix", kItems, [&] {
+        Matrix const m = matrices[0];
+        for (auto &p : points) gfxmath_mult_point_by_matrix(p.data(), m.data(), p.data());
+        keep(points[0]);
+    });
+    countEach("float matrix product", [&matrices](std::size_t i) {
+        Matrix product;
+        gfxmath_mult_matrix(matrices[i].data(), matrices[i + 1].data(), product.data());
+        return product;
+    });
+}
+
 } // namespace
 
 int main() {
@@ -238,4 +251,5 @@ int main() {
     numerics(in);
     pointSets(in);
     tessellation();
+    singlePrecision(in);
 }

@@ -18,6 +18,9 @@ extern "C" {
  *
  * The caller provides all storage. An output may be one of the inputs. Sums of products are taken
  * in single precision from left to right; values beyond the range of float become infinite.
+ *
+ * A loop over many points is fastest when the matrix is a local variable of the caller: the
+ * compiler then knows that no output changes it.
  */
 
 /** out = a + b */
@@ -86,6 +89,91 @@ VEXMATH_API void gfxmath_cartesian_to_spherical_normal(const float n[3], float s
 
 /** The unit normal (sin az cos lat, sin lat, cos az cos lat). */
 VEXMATH_API void gfxmath_spherical_to_cartesian_normal(const float sph[2], float n[3]);
+
+/*
+ * Elsewhere a function is either inline or exported. These small ones are both: a loop over points
+ * shall not pay a call for each, and callers in C, or who look a function up by its name at run
+ * time, need the symbol. The library has the only copy, made by gfxmath.cpp from these bodies. For
+ * everybody else they are there to be inlined and for nothing more: what is not inlined calls the
+ * library, and no caller puts a copy with the rounding of its own compiler flags in its place. A
+ * compiler without such a kind of function just calls. gfxmath_length is always a call, since its
+ * square root would have callers in C link the mathematical library.
+ */
+#if defined(VEXMATH_GFXMATH_DEFINE)
+#define VEXMATH_GFXMATH_INLINE
+#elif defined(__GNUC__) && !defined(_WIN32)
+#define VEXMATH_GFXMATH_INLINE extern __inline__ __attribute__((__gnu_inline__))
+#elif defined(_MSC_VER) && !defined(VEXMATH_STATIC)
+#define VEXMATH_GFXMATH_INLINE VEXMATH_API __inline
+#endif
+
+#if defined(VEXMATH_GFXMATH_INLINE)
+/* NOLINTBEGIN(misc-definitions-in-headers): one file alone defines them */
+
+VEXMATH_GFXMATH_INLINE void gfxmath_add(const float a[3], const float b[3], float out[3]) {
+    const float x = a[0] + b[0], y = a[1] + b[1], z = a[2] + b[2];
+    out[0] = x;
+    out[1] = y;
+    out[2] = z;
+}
+
+VEXMATH_GFXMATH_INLINE void gfxmath_subtract(const float a[3], const float b[3], float out[3]) {
+    const float x = a[0] - b[0], y = a[1] - b[1], z = a[2] - b[2];
+    out[0] = x;
+    out[1] = y;
+    out[2] = z;
+}
+
+VEXMATH_GFXMATH_INLINE float gfxmath_dot_product(const float a[3], const float b[3]) {
+    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
+}
+
+VEXMATH_GFXMATH_INLINE void gfxmath_cross_product(const float a[3], const float b[3],
+                                                  float out[3]) {
+    const float x = a[1] * b[2] - a[2] * b[1];
+    const float y = a[2] * b[0] - a[0] * b[2];
+    const float z = a[0] * b[1] - a[1] * b[0];
+    out[0] = x;
+    out[1] = y;
+    out[2] = z;
+}
+
+VEXMATH_GFXMATH_INLINE void gfxmath_mult_vector_by_matrix(const float v[3], const float matrix[16],
+                                                          float out[3]) {
+    const float x = v[0] * matrix[0] + v[1] * matrix[4] + v[2] * matrix[8];
+    const float y = v[0] * matrix[1] + v[1] * matrix[5] + v[2] * matrix[9];
+    const float z = v[0] * matrix[2] + v[1] * matrix[6] + v[2] * matrix[10];
+    out[0] = x;
+    out[1] = y;
+    out[2] = z;
+}
+
+VEXMATH_GFXMATH_INLINE void gfxmath_mult_point_by_matrix(const float p[3], const float matrix[16],
+                                                         float out[3]) {
+    float turned[3];
+    gfxmath_mult_vector_by_matrix(p, matrix, turned);
+    gfxmath_add(turned, matrix + 12, out);
+}
+
+/*
+ * QUIRK: the second matrix comes first: its rows times the columns of a. Display code composes
+ * matrices in the order of its own stack, the outermost first.
+ * (test: ProductAppliesItsSecondMatrixFirst)
+ */
+VEXMATH_GFXMATH_INLINE void gfxmath_mult_matrix(const float a[16], const float b[16],
+                                                float out[16]) {
+    float product[16];
+    int r, c, k;
+    for (r = 0; r < 4; ++r)
+        for (c = 0; c < 4; ++c)
+            product[4 * r + c] = b[4 * r] * a[c] + b[4 * r + 1] * a[4 + c] + b[4 * r + 2] * a[8 + c]
+                                 + b[4 * r + 3] * a[12 + c];
+    for (k = 0; k < 16; ++k) out[k] = product[k];
+}
+
+/* NOLINTEND(misc-definitions-in-headers) */
+#undef VEXMATH_GFXMATH_INLINE
+#endif
 
 #ifdef __cplusplus
 }

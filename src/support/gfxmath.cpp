@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Vectors and matrices in plain float arrays.
 
+#define VEXMATH_GFXMATH_DEFINE // the bodies in the header, for the symbols of the library
 #include <vexmath/gfxmath.h>
 
-#include <algorithm>
 #include <cmath>
 
 #include <vexmath/tolerances.h>
@@ -20,11 +20,6 @@ void store(float out[3], float x, float y, float z) {
     out[2] = z;
 }
 
-/// Column `c` of the matrix under the row vector v.
-float timesColumn(float const v[3], float const matrix[16], int c) {
-    return v[0] * matrix[c] + v[1] * matrix[4 + c] + v[2] * matrix[8 + c];
-}
-
 int scaledTriangleNormal(float const p0[3], float const p1[3], float const p2[3], float scale,
                          float n[3]) {
     float side1[3], side2[3], normal[3];
@@ -37,22 +32,6 @@ int scaledTriangleNormal(float const p0[3], float const p1[3], float const p2[3]
 
 } // namespace
 
-void gfxmath_add(float const a[3], float const b[3], float out[3]) {
-    store(out, a[0] + b[0], a[1] + b[1], a[2] + b[2]);
-}
-
-void gfxmath_subtract(float const a[3], float const b[3], float out[3]) {
-    store(out, a[0] - b[0], a[1] - b[1], a[2] - b[2]);
-}
-
-float gfxmath_dot_product(float const a[3], float const b[3]) {
-    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
-
-void gfxmath_cross_product(float const a[3], float const b[3], float out[3]) {
-    store(out, a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]);
-}
-
 float gfxmath_length(float const v[3]) { return std::sqrt(gfxmath_dot_product(v, v)); }
 
 int gfxmath_normalise(float v[3]) {
@@ -61,26 +40,6 @@ int gfxmath_normalise(float v[3]) {
     float const length = gfxmath_length(v);
     store(v, v[0] / length, v[1] / length, v[2] / length);
     return 1;
-}
-
-void gfxmath_mult_point_by_matrix(float const p[3], float const matrix[16], float out[3]) {
-    store(out, timesColumn(p, matrix, 0) + matrix[12], timesColumn(p, matrix, 1) + matrix[13],
-          timesColumn(p, matrix, 2) + matrix[14]);
-}
-
-void gfxmath_mult_vector_by_matrix(float const v[3], float const matrix[16], float out[3]) {
-    store(out, timesColumn(v, matrix, 0), timesColumn(v, matrix, 1), timesColumn(v, matrix, 2));
-}
-
-// QUIRK: the second matrix comes first: its rows times the columns of a. Display code composes
-// matrices in the order of its own stack, the outermost first.
-// (test: ProductAppliesItsSecondMatrixFirst)
-void gfxmath_mult_matrix(float const a[16], float const b[16], float out[16]) {
-    float product[16];
-    for (int r = 0; r < 4; ++r)
-        for (int c = 0; c < 4; ++c)
-            product[4 * r + c] = timesColumn(b + 4 * r, a, c) + b[4 * r + 3] * a[12 + c];
-    std::copy(product, product + 16, out);
 }
 
 int gfxmath_triangle_normal(float const p0[3], float const p1[3], float const p2[3], float n[3]) {

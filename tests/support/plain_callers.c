@@ -4,6 +4,8 @@
 #include <vexmath/dynamic_array.h>
 #include <vexmath/gfxmath.h>
 
+#include <string.h>
+
 #define EXPECT(condition)                                                                          \
     if (!(condition)) return __LINE__
 
@@ -12,6 +14,31 @@ typedef struct point {
 } point;
 
 int runPlainCallers(void);
+
+/// Does a function give the same bits inlined, where the compiler can, and as the library has it?
+#define EXPECT_SAME_BITS(function)                                                                 \
+    exported = function;                                                                           \
+    function(a, b, inlined);                                                                       \
+    exported(a, b, called);                                                                        \
+    EXPECT(memcmp(inlined, called, sizeof called) == 0)
+
+static int runInlined(void) {
+    typedef void operation(const float *, const float *, float *);
+    operation *volatile exported;
+    float volatile const one = 1.0F; // which the compiler does not know
+    float a[16], b[16], inlined[16] = {0}, called[16] = {0};
+    for (int i = 0; i < 16; ++i) {
+        a[i] = one / (float)(i + 3);
+        b[i] = 0.1F - a[i] * a[i];
+    }
+    EXPECT_SAME_BITS(gfxmath_add);
+    EXPECT_SAME_BITS(gfxmath_subtract);
+    EXPECT_SAME_BITS(gfxmath_cross_product);
+    EXPECT_SAME_BITS(gfxmath_mult_point_by_matrix);
+    EXPECT_SAME_BITS(gfxmath_mult_vector_by_matrix);
+    EXPECT_SAME_BITS(gfxmath_mult_matrix);
+    return 0;
+}
 
 /// 0, or the line that fails.
 int runPlainCallers(void) {
@@ -30,5 +57,5 @@ int runPlainCallers(void) {
     float p[3] = {1, 1, 1};
     gfxmath_mult_point_by_matrix(p, matrix, p);
     EXPECT(p[0] == 3.0F && p[1] == 4.0F && p[2] == 5.0F && gfxmath_normalise(p) == 1);
-    return 0;
+    return runInlined();
 }
