@@ -42,6 +42,15 @@ double stepOf(double sweep, double tol, double radius) {
     return 1.0 - std::cos(finest) < ratio ? std::acos(1.0 - ratio) : finest;
 }
 
+/// Cosine and sine of an angle.
+struct Turn {
+    double cos, sin;
+
+    Turn by(Turn const &step) const {
+        return {step.cos * cos - step.sin * sin, step.sin * cos + step.cos * sin};
+    }
+};
+
 } // namespace
 
 void mg_TessArc(arcEdgeData const *arc, mgPoint_c const *start, mgPoint_c const *end, double tol,
@@ -64,15 +73,17 @@ void mg_TessArc(arcEdgeData const *arc, mgPoint_c const *start, mgPoint_c const 
     double const sweep = sweepOf(centre, x, y, first, last);
     int const n = vexmath::detail::segmentsOfSweep(sweep, stepOf(sweep, tol, arc->radius));
 
-    // One sine and one cosine; each point is the one before, turned by the same step.
-    double const cosStep = std::cos(sweep / n);
-    double const sinStep = std::sin(sweep / n);
-    output.append(n, [=, c = 1.0, s = 0.0](int i) mutable -> mgPoint_c {
+    // One sine and one cosine; each point is the one before, turned by the same step. The turns are
+    // made two points ahead: each waits for the one before, while nothing waits for a point, and a
+    // processor does the oldest of what is ready first.
+    Turn const step{std::cos(sweep / n), std::sin(sweep / n)};
+    Turn const once = Turn{1.0, 0.0}.by(step);
+    output.append(n, [=, turn = once, next = once.by(step)](int i) mutable -> mgPoint_c {
         if (i == 0) return first;
         if (i == n) return last;
-        double const turned = cosStep * c - sinStep * s;
-        s = sinStep * c + cosStep * s;
-        c = turned;
-        return centre + x * c + y * s;
+        Turn const now = turn;
+        turn = next;
+        next = next.by(step);
+        return centre + x * now.cos + y * now.sin;
     });
 }

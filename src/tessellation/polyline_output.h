@@ -11,6 +11,7 @@
 #include <cmath>
 #include <cstddef>
 #include <new>
+#include <type_traits>
 
 namespace vexmath::detail {
 
@@ -59,10 +60,9 @@ public:
             for (int i = 0; i <= segments; ++i)
                 if (list_->Add(next(i)) < 0) return;
         } else {
-            auto *const points =
-                new (std::nothrow) mgPoint_c[static_cast<std::size_t>(segments) + 1];
+            mgPoint_c *const points = roomFor(static_cast<std::size_t>(segments) + 1);
             if (points == nullptr) return;
-            for (int i = 0; i <= segments; ++i) points[i] = next(i);
+            for (int i = 0; i <= segments; ++i) ::new (points + i) mgPoint_c(next(i));
             *outArray_ = points;
         }
         count_ = segments;
@@ -79,6 +79,14 @@ public:
     }
 
 private:
+    /// The storage that `new mgPoint_c[count]` takes, without the zeros that it writes first; null
+    /// when there is no memory. The caller's delete[] gives it back just the same: for elements
+    /// without a destructor it has nothing else to do, and no count is kept before them.
+    static mgPoint_c *roomFor(std::size_t count) {
+        static_assert(std::is_trivially_destructible_v<mgPoint_c>);
+        return static_cast<mgPoint_c *>(::operator new[](count * sizeof(mgPoint_c), std::nothrow));
+    }
+
     mgPoint_c **outArray_;
     int &count_;
     suDynamicArray<mgPoint_c> *list_;
