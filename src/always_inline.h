@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// How a function is inlined that the compiler's estimate would leave out of line.
+// How a function is inlined that the compiler's estimate would leave out of line, and the other way
+// round.
 
 #ifndef VEXMATH_SRC_ALWAYS_INLINE_H
 #define VEXMATH_SRC_ALWAYS_INLINE_H
@@ -12,6 +13,15 @@
 #define VEXMATH_ALWAYS_INLINE __forceinline
 #else
 #define VEXMATH_ALWAYS_INLINE inline
+#endif
+
+/// For the rare or the slow way behind a quick one, which would save registers for it.
+#if defined(__GNUC__)
+#define VEXMATH_NEVER_INLINE __attribute__((noinline))
+#elif defined(_MSC_VER)
+#define VEXMATH_NEVER_INLINE __declspec(noinline)
+#else
+#define VEXMATH_NEVER_INLINE
 #endif
 
 #endif

@@ -7,19 +7,9 @@
 
 #include <vexmath/point.h>
 
-#if defined(__GNUC__) && defined(__x86_64__)
-#include <immintrin.h>
-
-/// Marks a function that is compiled for AVX2, whatever the rest of the library is compiled for.
-/// Fused multiplication and addition is a feature of its own and stays off.
-#define VEXMATH_AVX2 __attribute__((target("avx2")))
-#endif
+#include "vector/vector_units.h"
 
 namespace vexmath::detail {
-
-/// May functions marked VEXMATH_AVX2 be called: does the processor have the units, and does the
-/// switch of bulk.h allow them?
-bool hasVectorUnits();
 
 #if defined(VEXMATH_AVX2)
 

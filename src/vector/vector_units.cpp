@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: MIT
-// Which vector units the bulk operations may use.
+// Which vector units the library may use.
 
 #include <vexmath/bulk.h>
 
-#include "vector/four_points.h"
+#include "vector/vector_units.h"
 
-#include <atomic>
 #include <cstdlib>
 #include <cstring>
+#include <mutex>
+
+using vexmath::detail::vectorUnits;
+
+std::atomic<int> vexmath::detail::vectorUnits{-1};
 
 namespace {
 
@@ -31,13 +35,19 @@ std::atomic<int> &use() {
 
 } // namespace
 
-bool vexmath::detail::hasVectorUnits() {
-    static bool const available = processorHasThem();
-    return available && use().load(std::memory_order_relaxed) != 0;
+int vexmath::detail::findVectorUnits() {
+    static int const available = processorHasThem() ? 1 : 0;
+    static std::mutex oneByOne; // the switch and what follows from it change together
+    std::lock_guard<std::mutex> const lock(oneByOne);
+    int const both = available & use().load(std::memory_order_relaxed);
+    vectorUnits.store(both, std::memory_order_relaxed);
+    return both;
 }
 
 int mg_GetUseVectorUnits() { return use().load(std::memory_order_relaxed); }
 
 int mg_SetUseVectorUnits(int value) {
-    return use().exchange(value != 0 ? 1 : 0, std::memory_order_relaxed);
+    int const previous = use().exchange(value != 0 ? 1 : 0, std::memory_order_relaxed);
+    vexmath::detail::findVectorUnits();
+    return previous;
 }
