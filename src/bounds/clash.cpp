@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Interference of boxes with planes, boxes, points and segments.
+// Interference of boxes with planes, boxes in the same frame, points and segments.
 
 #include <vexmath/bbox.h>
 #include <vexmath/plane.h>
-#include <vexmath/xform.h>
 
 #include "box_offsets.h"
 #include "corners.h"
-#include "matrix/rows.h"
 
 #include <algorithm>
 
@@ -69,68 +67,6 @@ int mgBBox_c::clash(mgBBox_c const *b, double tol) const {
     }
     return !sphereMisses(sphCentre_, sphRadius_, low, high, tol)
            && !sphereMisses(b->sphCentre_, b->sphRadius_, low, high, tol);
-}
-
-namespace {
-
-/// Is this a placement with a rotation to many digits, of a scale not far from 1?
-bool isOrdinary(mgXform_c const &x) {
-    constexpr double kNearlyOrthonormal = 1e-08;
-    constexpr double kLeastScale = 1e-03;
-    constexpr double kMostScale = 1e03;
-    return x.rotate() && x.scaling() > kLeastScale && x.scaling() < kMostScale
-           && vexmath::detail::Rows::of(&x.rotation()[0]).error() < kNearlyOrthonormal;
-}
-
-/// The similarity alone; a record plays no part.
-mgVector_c placed(mgPoint_c const &p, mgXform_c const &x) {
-    return x.scaling() * vexmath::detail::rowTimes(p.x(), p.y(), p.z(), x.rotation())
-           + x.translation();
-}
-
-double sumOfSizes(mgVector_c const &v) {
-    return std::fabs(v.x()) + std::fabs(v.y()) + std::fabs(v.z());
-}
-
-/// Are the spheres of placed boxes so far apart that carrying one into the frame of the other
-/// cannot but find them apart? Compared where they are placed, which takes no inverse and no
-/// product.
-///
-/// In exact numbers both ways agree. They differ by what the rotations lack of orthonormality, by
-/// rounding, and by what operations on transforms take for none: scales within 1e-08 of 1 and
-/// translations below 1e-08. For ordinary placements that is less than 1e-06 of the lengths that
-/// take part, and 1e-04 in all for the translations; the margin is a hundred times that. NaN and
-/// infinite numbers, which compare as not greater, are left to the rule.
-bool arePlainlyApart(mgPoint_c const &ca, mgXform_c const &xa, mgPoint_c const &cb,
-                     mgXform_c const &xb, double radii) {
-    constexpr double kMargin = 1e-04;
-    constexpr double kLeastMargin = 1e-02;
-    double const lengths = xa.scaling() * (sumOfSizes(ca) + radii) + xb.scaling() * sumOfSizes(cb)
-                           + sumOfSizes(xa.translation()) + sumOfSizes(xb.translation());
-    double const reach = xa.scaling() * radii + kMargin * lengths + kLeastMargin;
-    return (placed(cb, xb) - placed(ca, xa)).sqlen() > reach * reach && !xb.hasPerspective()
-           && isOrdinary(xa) && isOrdinary(xb);
-}
-
-} // namespace
-
-int mgBBox_c::clash(mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b,
-                    mgXform_c const &xb) {
-    /// Depth by which the spheres must overlap; bound included. Also the tolerance of the tests.
-    constexpr double kOverlap = 1e-08;
-    if (!a.isSet() || !b.isSet()) return 0;
-    double const radii = a.sphRadius_ + b.sphRadius_;
-    if (arePlainlyApart(a.sphCentre_, xa, b.sphCentre_, xb, radii)) return 0;
-    mgXform_c const intoA = xb * xa.inverse();
-
-    // QUIRK: b's radius enters unscaled, where a reader would expect the radius in a's frame. With
-    // placements of scale 1, which components have, it is the same.
-    // (test: PlacedSpheresAreComparedUnscaled)
-    double const distance = (b.sphCentre_ * intoA - a.sphCentre_).len();
-    if (!(distance + kOverlap <= radii)) return 0;
-
-    if (!b.movedBy(intoA).clash(&a, kOverlap)) return 0;
-    return a.movedBy(intoA.inverse()).clash(&b, kOverlap);
 }
 
 int mgBBox_c::containsBBox(mgBBox_c const *b, double tol) const {
