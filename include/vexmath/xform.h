@@ -15,6 +15,8 @@
 
 namespace vexmath::detail {
 
+struct WideForm;
+
 /// A transform of exactly these fields, without a perspective record and without the copy rules.
 mgXform_c makeXform(mgMatrix_c const &rotation, mgVector_c const &translation, double scale = 1.0,
                     int reflection = 0);
@@ -184,10 +186,19 @@ private:
     mgXform_c(mgMatrix_c const &rotation, mgVector_c const &translation, double scale,
               int reflection);
 
-    // Product and inverse are made in their place, by the steps of the operations.
+    // Product and inverse are made in their place, by rows or by the vector units.
     mgXform_c(mgXform_c const &a, mgXform_c const &b);
     mgXform_c(vexmath::detail::Rows const &inverse, mgXform_c const &of);
-    static mgXform_c rotatingProduct(mgXform_c const &a, mgXform_c const &b);
+    static mgXform_c productByRows(mgXform_c const &a, mgXform_c const &b);
+    static mgXform_c productByUnits(mgXform_c const &a, mgXform_c const &b);
+    mgXform_c inverseByRows() const;
+    mgXform_c inverseByUnits() const;
+    double inverseScale() const;
+    static mgXform_c made(vexmath::detail::WideForm const &form, double scale, int reflection);
+    void set(vexmath::detail::WideForm const &form); ///< rotation and translation
+    /// Rotation and translation of the product with b; false, with nothing changed, when that may
+    /// be the identity.
+    bool turnAndMoveByUnits(mgXform_c const &b);
 
     void copyByRules(mgXform_c const &source);
     void followCopyRules(); ///< as a copy of this transform would

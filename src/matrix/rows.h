@@ -13,6 +13,9 @@ namespace vexmath::detail {
 /// Elements and rows that count as equal when a flag is computed or matrices compared; strict.
 inline constexpr double kElementTolerance = 1e-12;
 
+/// Sum of length and angle errors below which rows are left alone; strict.
+inline constexpr double kOrthonormalEnough = 1e-15;
+
 /// Three rows as values, which a chain of steps keeps in registers. All steps are inlined: one left
 /// out of line has the rows written and read back in other pieces, which takes longer than the
 /// steps.
@@ -63,8 +66,6 @@ inline double Rows::error() const { return Errors(*this).sum(false); }
 // round beyond the root of 3. Matrices are nearly orthonormal where it is used, and stored ones are
 // compared to the bit. (test: OrthonormalisationIsASinglePassInItsOrder)
 VEXMATH_ALWAYS_INLINE Rows Rows::orthonormalised(bool lengthsFirst) const {
-    /// Sum of length and angle errors below which the rows are left alone; strict.
-    constexpr double kOrthonormalEnough = 1e-15;
     Errors const errors(*this);
     if (errors.sum(lengthsFirst) < kOrthonormalEnough) return *this;
 

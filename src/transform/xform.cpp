@@ -6,6 +6,7 @@
 
 #include "always_inline.h"
 #include "matrix/rows.h"
+#include "transform/wide_form.h"
 
 #include <new>
 #include <type_traits>
@@ -58,16 +59,25 @@ VEXMATH_ALWAYS_INLINE mgVector_c movedOn(mgVector_c const &t, mgXform_c const &b
 
 int exactlyOne(int a, int b) { return (a != 0) != (b != 0); }
 
+/// Is this product one that the vector units make by the rule's own operations?
+bool unitsMultiply(mgXform_c const &a, mgXform_c const &b) {
+    return vexmath::detail::hasVectorUnits() && a.rotate() && b.rotate()
+           && !vexmath::detail::isExactIdentity(b.rotation());
+}
+
 } // namespace
 
 mgXform_c const &mgXform_c::operator*=(mgXform_c const &b) {
     // Every field is computed before the first is written: b may be this transform.
-    mgVector_c const translation = movedOn(translation_, b);
+    double const scale = b.scale_ * scale_;
     int const reflection = exactlyOne(reflection_, b.reflection_);
-    if (rotate() || b.rotate())
-        rotation_ = mgMatrix_c(Rows::ofProduct(rotation_, b.rotation_).orthonormalised(false));
-    translation_ = translation;
-    scale_ = b.scale_ * scale_;
+    if (!unitsMultiply(*this, b) || !turnAndMoveByUnits(b)) {
+        mgVector_c const translation = movedOn(translation_, b);
+        if (rotate() || b.rotate())
+            rotation_ = mgMatrix_c(Rows::ofProduct(rotation_, b.rotation_).orthonormalised(false));
+        translation_ = translation;
+    }
+    scale_ = scale;
     reflection_ = reflection;
     if (b.hasPerspective()) iCopyPerspectiveInfo(b);
     return *this;
@@ -80,7 +90,7 @@ VEXMATH_ALWAYS_INLINE mgXform_c::mgXform_c(mgXform_c const &a, mgXform_c const &
       scale_(b.scale_ * vexmath::detail::scaleInRange(a.scale_)),
       reflection_(exactlyOne(a.reflection_, b.reflection_)) {}
 
-VEXMATH_ALWAYS_INLINE mgXform_c mgXform_c::rotatingProduct(mgXform_c const &a, mgXform_c const &b) {
+VEXMATH_NEVER_INLINE mgXform_c mgXform_c::productByRows(mgXform_c const &a, mgXform_c const &b) {
     mgXform_c product(a, b);
     product.followCopyRules();
     return product;
@@ -89,7 +99,7 @@ VEXMATH_ALWAYS_INLINE mgXform_c mgXform_c::rotatingProduct(mgXform_c const &a, m
 namespace {
 
 /// The product in steps, for what is rare.
-mgXform_c productOfCopy(mgXform_c const &a, mgXform_c const &b) {
+VEXMATH_NEVER_INLINE mgXform_c productOfCopy(mgXform_c const &a, mgXform_c const &b) {
     mgXform_c product(a);
     product *= b;
     return mgXform_c(product); // the copy rules apply to the result; no elision may skip them
@@ -99,26 +109,84 @@ mgXform_c productOfCopy(mgXform_c const &a, mgXform_c const &b) {
 
 mgXform_c operator*(mgXform_c const &a, mgXform_c const &b) {
     bool const isPlain = a.rotate() && !a.hasPerspective() && !b.hasPerspective();
-    return isPlain ? mgXform_c::rotatingProduct(a, b) : productOfCopy(a, b);
+    if (!isPlain) return productOfCopy(a, b);
+    return unitsMultiply(a, b) ? mgXform_c::productByUnits(a, b) : mgXform_c::productByRows(a, b);
 }
 
 /// The inverse but for the copy rules. The translation is turned by the rows, not by the rotation
 /// just written, which the processor would have to wait for.
 VEXMATH_ALWAYS_INLINE mgXform_c::mgXform_c(Rows const &inverse, mgXform_c const &of)
-    : rotation_(inverse), scale_(scales(of.scale_) ? 1.0 / of.scale_ : 1.0) {
+    : rotation_(inverse), scale_(of.inverseScale()) {
     if (!of.translation_.isNotNull()) return;
     mgVector_c const t = -of.translation_;
     translation_ = vexmath::detail::isExactIdentity(rotation_) ? t : inverse.times(t);
     if (scales(of.scale_)) translation_ *= scale_;
 }
 
-mgXform_c mgXform_c::inverse() const {
+VEXMATH_NEVER_INLINE mgXform_c mgXform_c::inverseByRows() const {
     mgXform_c back(rotate() ? Rows::ofTransposed(rotation_.m_).orthonormalised(false)
                             : Rows::of(mgMatrix_c().m_),
                    *this);
     back.followCopyRules();
     return back;
 }
+
+mgXform_c mgXform_c::inverse() const {
+    return rotate() && vexmath::detail::hasVectorUnits() ? inverseByUnits() : inverseByRows();
+}
+
+double mgXform_c::inverseScale() const { return scales(scale_) ? 1.0 / scale_ : 1.0; }
+
+#if defined(VEXMATH_AVX2)
+
+VEXMATH_AVX2_STEP void mgXform_c::set(vexmath::detail::WideForm const &form) {
+    _mm256_storeu_pd(rotation_.m_, form.rows.r0); // the fourth lane is overwritten by the next row
+    _mm256_storeu_pd(rotation_.m_ + 3, form.rows.r1);
+    vexmath::detail::store(form.rows.r2, rotation_.m_ + 6);
+    rotation_.identity_ = 0;
+    vexmath::detail::store(form.translation, &translation_[0]);
+}
+
+/// Without a record, by the copy rules.
+VEXMATH_AVX2_STEP mgXform_c mgXform_c::made(vexmath::detail::WideForm const &form, double scale,
+                                            int reflection) {
+    using namespace vexmath::detail;
+    bool const isMoved = !areBelow(absolute(form.translation), all(vexmath::kLengthTolerance));
+    mgXform_c x;
+    x.set({form.rows, isMoved ? form.translation : all(0.0)});
+    x.scale_ = scaleInRange(scale);
+    x.reflection_ = reflection;
+    return x;
+}
+
+VEXMATH_AVX2 bool mgXform_c::turnAndMoveByUnits(mgXform_c const &b) {
+    auto const form = vexmath::detail::WideForm::ofProduct(*this, b);
+    if (form.mayBeIdentity()) return false;
+    set(form);
+    return true;
+}
+
+VEXMATH_AVX2 mgXform_c mgXform_c::productByUnits(mgXform_c const &a, mgXform_c const &b) {
+    auto const form = vexmath::detail::WideForm::ofProduct(a, b);
+    if (form.mayBeIdentity()) return productByRows(a, b);
+    return made(form, b.scale_ * vexmath::detail::scaleInRange(a.scale_),
+                exactlyOne(a.reflection_, b.reflection_));
+}
+
+VEXMATH_AVX2 mgXform_c mgXform_c::inverseByUnits() const {
+    auto const form = vexmath::detail::WideForm::ofInverse(*this, inverseScale());
+    return form.mayBeIdentity() ? inverseByRows() : made(form, inverseScale(), 0);
+}
+
+#else // never called
+
+bool mgXform_c::turnAndMoveByUnits(mgXform_c const &) { return false; }
+mgXform_c mgXform_c::productByUnits(mgXform_c const &a, mgXform_c const &b) {
+    return productByRows(a, b);
+}
+mgXform_c mgXform_c::inverseByUnits() const { return inverseByRows(); }
+
+#endif
 
 int mgXform_c::equals(mgXform_c const &other) const {
     if (differs(scale_, other.scale_)) return 0;

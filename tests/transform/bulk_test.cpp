@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Points transformed by the array, against the loop over the single operation.
+// Points transformed by the array, against the loop over the single operation; vector units against
+// the plain steps.
 
+#include <vexmath/bbox.h>
 #include <vexmath/bulk.h>
 
 #include <vector>
@@ -42,6 +44,32 @@ TEST(Bulk, TransformedPointsAreThoseOfTheLoopToTheBit) {
             ASSERT_BITS_EQ(expected[i], points[i]) << "point " << i << ", round " << round;
     }
     mg_SetUseVectorUnits(1);
+}
+
+TEST(VectorUnits, ChangeNoProductInverseOrClash) {
+    support::Random random;
+    int clashes = 0;
+    for (int round = 0; round < 6000; ++round) {
+        mgXform_c const a = anyTransform(random);
+        mgXform_c const b = random.below(9) == 0 ? a.inverse() : anyTransform(random);
+        mgBBox_c boxes[2];
+        for (mgBBox_c &box : boxes)
+            box.set(random.triple<mgPoint_c>(-3.0, 3.0), random.uniform(0.1, 5.0));
+        mg_SetUseVectorUnits(0);
+        mgXform_c const product = a * b, inverse = a.inverse();
+        mgXform_c chained = a;
+        chained *= b;
+        int const clash = mgBBox_c::clash(boxes[0], a, boxes[1], b);
+        mg_SetUseVectorUnits(1);
+        ASSERT_BITS_EQ(product, a * b) << round;
+        ASSERT_BITS_EQ(inverse, a.inverse()) << round;
+        mgXform_c byUnits = a;
+        byUnits *= b;
+        ASSERT_BITS_EQ(chained, byUnits) << round;
+        ASSERT_EQ(clash, mgBBox_c::clash(boxes[0], a, boxes[1], b)) << round;
+        clashes += clash;
+    }
+    EXPECT_GT(clashes, 500);
 }
 
 TEST(Bulk, EmptyListsMayBeNull) {

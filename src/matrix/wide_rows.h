@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// Matrix steps in the registers of AVX2, to the bit those of rows.h.
+
+#ifndef VEXMATH_SRC_MATRIX_WIDE_ROWS_H
+#define VEXMATH_SRC_MATRIX_WIDE_ROWS_H
+
+#include "matrix/rows.h"
+#include "vector/wide_vector.h"
+
+#if defined(VEXMATH_AVX2)
+
+namespace vexmath::detail {
+
+VEXMATH_AVX2_STEP Wide cross(Wide a, Wide b) { return turned(a * turned(b) - turned(a) * b); }
+
+/// The pass of `Rows::orthonormalised`, errors summed in the order of the products. REQUIRES the
+/// columns of the rows as well.
+VEXMATH_AVX2_STEP WideRows orthonormalised(WideRows const &rows, WideRows const &columns) {
+    WideRows const next = {turned(columns.r0), turned(columns.r1), turned(columns.r2)};
+    Wide const e = all(1.0) - dots(columns, columns); // 0, 1, 2
+    Wide const d = dots(columns, next);               // 01, 12, 20
+    Wide const length = absolute(e), angle = absolute(d);
+    double const error =
+        lane1(angle) + lane2(angle) + lane0(angle) + lane2(length) + lane0(length) + lane1(length);
+    if (error < kOrthonormalEnough) return rows;
+
+    Wide const factor = all(1.0) + e * all(0.5);
+    Wide const s0 = rows.r0 * all<0>(factor);
+    Wide const s1 = rows.r1 * all<1>(factor) - all<0>(d) * s0;
+    Wide const s2 = cross(s0, s1);
+    return {s0, s1, sum(s2 * rows.r2) < 0.0 ? opposite(s2) : s2};
+}
+
+} // namespace vexmath::detail
+
+#endif
+
+#endif
