@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <sstream>
 #include <string>
+#include <string>
 #include <vector>
 
 #include <valgrind/callgrind.h>
@@ -27,18 +28,18 @@ void keep(T const &value) {
 
 /// What the work executes is written out under its name; "items" says for how many items.
 template <class Work>
-void count(char const *name, int items, Work const &work) {
+void count(std::string const &name, int items, Work const &work) {
     work(); // whatever the first call alone must do
     CALLGRIND_START_INSTRUMENTATION;
     CALLGRIND_ZERO_STATS;
     work();
-    CALLGRIND_DUMP_STATS_AT(name);
+    CALLGRIND_DUMP_STATS_AT(name.c_str());
     CALLGRIND_STOP_INSTRUMENTATION;
-    std::printf("%s\t%d\n", name, items);
+    std::printf("%s\t%d\n", name.c_str(), items);
 }
 
 template <class Work>
-void countEach(char const *name, Work const &work) {
+void countEach(std::string const &name, Work const &work) {
     count(name, kItems, [&work] {
         for (std::size_t i = 0; i < kItems; ++i) keep(work(i));
     });
@@ -102,13 +103,16 @@ void placements(Numbers &in) {
     auto const all = inputs([&in] { return in.placement(); }, kItems + 1);
     auto const boxes =
         inputs([&in] { return mgBBox_c(in.point(20.0), in.point(20.0)); }, kItems + 1);
-    countEach("compose", [&](std::size_t i) { return all[i] * all[i + 1]; });
-    countEach("inverse", [&](std::size_t i) { return all[i].inverse(); });
+    for (std::string const suffix : {"", ", plain"}) {
+        mg_SetUseVectorUnits(suffix.empty());
+        countEach("compose" + suffix, [&](std::size_t i) { return all[i] * all[i + 1]; });
+        countEach("inverse" + suffix, [&](std::size_t i) { return all[i].inverse(); });
+        countEach("placed clash" + suffix, [&](std::size_t i) {
+            return mgBBox_c::clash(boxes[i], all[i], boxes[i + 1], all[i + 1]);
+        });
+    }
     countEach("box and box", [&](std::size_t i) { return mgBBox_c(boxes[i]) |= boxes[i + 1]; });
     countEach("place a box", [&](std::size_t i) { return mgBBox_c(boxes[i]) *= all[i]; });
-    countEach("placed clash", [&](std::size_t i) {
-        return mgBBox_c::clash(boxes[i], all[i], boxes[i + 1], all[i + 1]);
-    });
     countEach("archive round trip", [&](std::size_t i) {
         std::stringstream stream;
         su_CArchive archive(stream);

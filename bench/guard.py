@@ -15,7 +15,8 @@ import sys
 
 LIMIT = 1.03
 STORED = pathlib.Path(__file__).with_name("guard.txt")
-NEED_VECTOR_UNITS = ("transform array", "bounds of array")
+NEED_VECTOR_UNITS = ("transform array", "bounds of array", "compose", "inverse",
+                     "placed clash")
 
 
 def measure(program, folder):
