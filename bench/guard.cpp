@@ -11,7 +11,6 @@
 #include <cstdio>
 #include <sstream>
 #include <string>
-#include <string>
 #include <vector>
 
 #include <valgrind/callgrind.h>

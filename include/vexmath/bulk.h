@@ -16,11 +16,11 @@ VEXMATH_API void mg_TransformPoints(mgPoint_c *points, int count, mgXform_c cons
 /// or less does nothing; points may be null then. REQUIRES box outside the array.
 VEXMATH_API void mg_BoundPoints(mgPoint_c const *points, int count, mgBBox_c &box);
 
-// A process-wide switch: do the operations above, products and inverses of transforms, and the clash
-// of placed boxes use the vector units that this processor has beyond those that the library was
-// built for, AVX2 on x86-64? No bit of a result depends on it.
-// It is 1 at first, or 0 when the environment says VEXMATH_USE_VECTOR_UNITS=0, which is read once.
-// Without such units it changes nothing.
+// A process-wide switch: do the operations above, products and inverses of transforms, and the
+// clash of placed boxes use the vector units that this processor has beyond those that the library
+// was built for, AVX2 on x86-64? No bit of a result depends on it. It is 1 at first, or 0 when the
+// environment says VEXMATH_USE_VECTOR_UNITS=0, which is read once. Without such units it changes
+// nothing.
 VEXMATH_API int mg_GetUseVectorUnits();
 /// Any use other than 0 counts as 1. Returns the previous value. May be called from any thread.
 VEXMATH_API int mg_SetUseVectorUnits(int use);
