@@ -9,8 +9,6 @@
 #include <cstring>
 #include <mutex>
 
-using vexmath::detail::vectorUnits;
-
 std::atomic<int> vexmath::detail::vectorUnits{-1};
 
 namespace {
