@@ -73,6 +73,22 @@ TEST(Roots, AFallingCubicIsHalvedAtEveryStep) {
     }
 }
 
+void CheckLeast(double a, double b, double c, double d, double root) {
+    double roots[3];
+    mg_solveCubic(a, b, c, d, roots);
+    EXPECT_EQ(root, roots[0]) << a << " " << b << " " << c << " " << d;
+}
+
+// Each as the plain search finds it, step by step: what foretells steps must not change a bit.
+TEST(Roots, OfACubicAreThoseOfThePlainSearch) {
+    CheckLeast(6, 6.5, 1, 8, -0x1.89d38f55be67dp+0);             // idle once, and on it goes
+    CheckLeast(-4, 3, 10, -2.5, -0x1.622e00d16240ep+0);          // a secant leaves a value of 0
+    CheckLeast(10, -65, 10, -19000, 0x1.de297b8774a2fp+3);       // a middle does
+    CheckLeast(-3.81, -2.77, 2.37, 0.34, -0x1.3003f325f50b9p+0); // a guess at another root
+    CheckLeast(-1, 5, -7.5, 3, 0x1.4498517a7b3p-1);              // found soon after the guess
+    CheckLeast(-1, 6.19, -3.29, 1.75e12, 0x1.78a633076e1fp+13);  // too large for exact halves
+}
+
 TEST(Roots, EveryHostileEquationEnds) {
     support::Random random;
     for (int i = 0; i < 50000; ++i) {
