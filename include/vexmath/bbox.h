@@ -10,6 +10,10 @@
 #include <vexmath_platform/archive.h>
 #include <vexmath_platform/string.h>
 
+#if defined(__x86_64__) || defined(_M_X64)
+#include <emmintrin.h>
+#endif
+
 /// An axis-aligned box and a bounding sphere, kept side by side so that each can serve as the
 /// cheaper or the tighter bound. A plain value of ten doubles.
 ///
@@ -195,6 +199,57 @@ inline constexpr double kSquaredSlack = 1e-08;
 
 inline double larger(double a, double b) { return a < b ? b : a; }
 
+#if defined(__x86_64__) || defined(_M_X64)
+
+/// A vector whose x and y share a register: what is done to it takes two instructions in place of
+/// three, and the bits are those of `mgVector_c`.
+struct Packed {
+    explicit Packed(double const *xyz) : firstTwo(_mm_loadu_pd(xyz)), last(xyz[2]) {}
+    Packed(__m128d xy, double z) : firstTwo(xy), last(z) {}
+
+    double x() const { return _mm_cvtsd_f64(firstTwo); }
+    double y() const { return _mm_cvtsd_f64(_mm_unpackhi_pd(firstTwo, firstTwo)); }
+    double z() const { return last; }
+    double sqlen() const {
+        Packed const squares(_mm_mul_pd(firstTwo, firstTwo), last * last);
+        return squares.x() + squares.y() + squares.z();
+    }
+
+    __m128d firstTwo;
+    double last;
+};
+
+inline Packed operator-(Packed const &a, Packed const &b) {
+    return {_mm_sub_pd(a.firstTwo, b.firstTwo), a.last - b.last};
+}
+
+inline Packed larger(Packed const &a, Packed const &b) {
+    // This way round: of two that do not compare, _mm_max_pd takes the second.
+    return {_mm_max_pd(b.firstTwo, a.firstTwo), larger(a.last, b.last)};
+}
+
+inline bool between(Packed const &low, Packed const &p, Packed const &high) {
+    __m128d const notBelow = _mm_cmple_pd(low.firstTwo, p.firstTwo);
+    __m128d const notAbove = _mm_cmple_pd(p.firstTwo, high.firstTwo);
+    return low.last <= p.last && p.last <= high.last
+           && _mm_movemask_pd(_mm_and_pd(notBelow, notAbove)) == 0b11;
+}
+
+#else // the same one by one
+
+using Packed = mgVector_c;
+
+inline Packed larger(Packed const &a, Packed const &b) {
+    return {larger(a.x(), b.x()), larger(a.y(), b.y()), larger(a.z(), b.z())};
+}
+
+inline bool between(Packed const &low, Packed const &p, Packed const &high) {
+    return low.x() <= p.x() && p.x() <= high.x() && low.y() <= p.y() && p.y() <= high.y()
+           && low.z() <= p.z() && p.z() <= high.z();
+}
+
+#endif
+
 } // namespace vexmath::detail
 
 inline mgBBox_c::mgBBox_c(mgPoint_c const &centre, double r) { set(centre, r); }
@@ -277,26 +332,28 @@ inline int mgBBox_c::isRayHit(mgPoint_c const &p, mgUnitVector_c const &dir) con
 
 /// Is this box valid and the union with p the box itself? Says so by comparisons and two sums of
 /// squares, and only where the rule of `unite` comes to the same, to the bit:
-/// - A point between the corners and in the sphere proves that the box is set and that the sphere
-///   touches it. It keeps NaN out, too.
+/// - A point between the corners and in the sphere proves that the corners are in order and that
+///   the sphere touches the box. It keeps NaN out, too.
 /// - That no corner coordinate is farther than the radius, and that the farthest corner asks for
-///   the radius, are the rule's own tests without their tolerance.
+///   the radius, are the rule's own tests without their tolerance. One of them is left to ask: a
+///   farthest corner on the sphere or beyond asks for it, and one inside it has no coordinate
+///   farther than the radius, whose sign the square hides.
 /// - A distance whose square is strictly smaller than the radius' is not larger than the radius,
 ///   also where squares underflow, and where the radius' square overflows.
 inline bool mgBBox_c::plainlyEncloses(mgPoint_c const &p) const {
     using vexmath::detail::larger;
+    using vexmath::detail::Packed;
+    Packed const low(low_), point(p), high(high_), centre(sphCentre_);
+    if (!vexmath::detail::between(low, point, high)) return false;
     double const radiusSq = sphRadius_ * sphRadius_;
-    bool const inside = low_.x() <= p.x() && p.x() <= high_.x() && low_.y() <= p.y()
-                        && p.y() <= high_.y() && low_.z() <= p.z() && p.z() <= high_.z()
-                        && (p - sphCentre_).sqlen() < radiusSq;
-    if (!inside) return false;
-    mgVector_c const above = high_ - sphCentre_;
-    mgVector_c const below = sphCentre_ - low_;
-    mgVector_c const farther(larger(above.x(), below.x()), larger(above.y(), below.y()),
-                             larger(above.z(), below.z()));
-    return larger(larger(farther.x(), farther.y()), farther.z()) <= sphRadius_
+    if (!((point - centre).sqlen() < radiusSq)) return false;
+    Packed const farther = larger(high - centre, centre - low);
+    double const farthestSq = farther.sqlen();
+    if (radiusSq <= farthestSq)
+        return larger(larger(farther.x(), farther.y()), farther.z()) <= sphRadius_;
+    return 0.0 <= sphRadius_
            && radiusSq * vexmath::detail::kFarthestFactor - vexmath::detail::kSquaredSlack
-                  <= farther.sqlen();
+                  <= farthestSq;
 }
 
 inline mgBBox_c &mgBBox_c::operator|=(mgPoint_c const &p) {
