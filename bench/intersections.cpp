@@ -20,7 +20,7 @@
 
 namespace {
 
-constexpr std::size_t count = 1024; // what stays in the first cache
+constexpr std::size_t count = 256; // what stays in the first cache
 
 /// A point, a direction, and another of each.
 struct Numbers {
