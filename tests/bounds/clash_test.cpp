@@ -64,20 +64,36 @@ TEST(Clash, PlacedBoxesMustMeetInBothFrames) {
     EXPECT_EQ(1, placedClash(block, beam, diagonal * aside(1, -1)));
 }
 
+/// A box whose sphere and corners need not agree, so that each of them decides sometimes.
+mgBBox_c anyBox(support::Random &random) {
+    mgBBox_c box(random.triple<P>(-5.0, 5.0), random.triple<P>(-5.0, 5.0));
+    if (random.below(3) != 0) box.setSphereOnly(random.triple<P>(-4.0, 4.0), random.uniform(2, 8));
+    return box;
+}
+
+/// Kinds 0 and 1 are none, and their inverses lead elsewhere: longer, or at odd angles.
+mgMatrix_c anyRotation(support::Random &random, int kind) {
+    mgMatrix_c const turn = support::placement(random).rotation();
+    double elements[9];
+    for (int i = 0; i < 9; ++i) elements[i] = kind == 0 ? 1.5 * turn[i] : turn[i];
+    for (int j = 0; kind == 1 && j < 3; ++j) {
+        mgUnitVector_c const column = support::direction(random);
+        for (int i = 0; i < 3; ++i) elements[3 * i + j] = column[i];
+    }
+    return {elements, 0};
+}
+
 TEST(Clash, PlacedBoxesAreToldApartAsByTheSteps) {
     support::Random random;
     int clashes[2] = {0, 0};
-    for (int k = 0; k < 6000; ++k) {
-        mgBBox_c const a(random.triple<P>(-2.0, 2.0), random.uniform(1.0, 5.0));
-        mgBBox_c const b(random.triple<P>(-2.0, 2.0), random.uniform(1.0, 5.0));
-        mgXform_c xa = support::placement(random);
-        mgXform_c xb = support::placement(random);
-        xb = mg_RestoreXform(xb.rotation(), xa.translation() + random.triple<V>(-12.0, 12.0),
-                             xa.scaling());
-        double elements[9]; // every third is no rotation, and its inverse leads elsewhere
-        for (int i = 0; i < 9; ++i)
-            elements[i] = xa.rotation()[i] * (k % 3 == 0 ? random.uniform(0.5, 2.0) : 1.0);
-        xa = mg_RestoreXform(mgMatrix_c(elements, 0), xa.translation(), xa.scaling());
+    for (int k = 0; k < 40000; ++k) {
+        mgBBox_c const a = anyBox(random), b = anyBox(random);
+        mgMatrix_c const turnA = anyRotation(random, k % 9), turnB = anyRotation(random, 2);
+        V const shift = random.triple<V>(-10.0, 10.0), apart = random.triple<V>(-5.0, 5.0);
+        double const scale = random.uniform(0.2, 5.0);
+        double const ratio = random.below(2) == 0 ? 1.0 : random.uniform(0.5, 2.0);
+        mgXform_c const xa = mg_RestoreXform(turnA, shift, scale);
+        mgXform_c const xb = mg_RestoreXform(turnB, shift + apart * scale, ratio * scale);
         mgXform_c const intoA = xb * xa.inverse();
         double const distance = (b.sphCenter() * intoA - a.sphCenter()).len();
         bool const meet = distance + 1e-08 <= a.sphRadius() + b.sphRadius()
@@ -86,8 +102,8 @@ TEST(Clash, PlacedBoxesAreToldApartAsByTheSteps) {
         ASSERT_EQ(meet, mgBBox_c::clash(a, xa, b, xb)) << k;
         ++clashes[meet];
     }
-    EXPECT_GT(clashes[0], 1000);
-    EXPECT_GT(clashes[1], 1000);
+    EXPECT_GT(clashes[0], 4000);
+    EXPECT_GT(clashes[1], 4000);
 }
 
 TEST(Clash, PlacedSpheresAreComparedUnscaled) {
