@@ -95,7 +95,8 @@ VEXMATH_API void gfxmath_spherical_to_cartesian_normal(const float sph[2], float
  * shall not pay a call for each, and callers in C, or who look a function up by its name at run
  * time, need the symbol. The library has the only copy, made by gfxmath.cpp from these bodies. For
  * everybody else they are there to be inlined and for nothing more: what is not inlined calls the
- * library, and no caller puts a copy with the rounding of its own compiler flags in its place. A
+ * library, and no caller puts a copy with the rounding of its own compiler flags in its place. What
+ * is inlined rounds as those flags say: the library's way, unless they fuse products with sums. A
  * compiler without such a kind of function just calls. gfxmath_length is always a call, since its
  * square root would have callers in C link the mathematical library.
  */

@@ -81,12 +81,13 @@ VEXMATH_AVX2_STEP Findings inFrame(WideRows const &columns, WideBox const &own,
     return {high - low, squaredGap(own.fromMiddle, low, high), squaredGap(centre, low, high)};
 }
 
-/// Is a squared distance less than a radius, by the margin at least?
+/// Is a distance, given by its square, less than a radius by more than the margin?
 bool isWithin(double radius, double distanceSq, double margin) {
     return radius > margin && distanceSq < (radius - margin) * (radius - margin);
 }
 
-/// What both frames say. The spheres overlap when their squared distance is within reach.
+/// What both frames say. The squared distance is that of the sphere centres, which the rule wants
+/// within reach.
 VEXMATH_AVX2 Verdict verdictInFrames(WideRows const &axesA, WideBox const &a, WideRows const &axesB,
                                      WideBox const &b, double reach, double distanceSq,
                                      double margin) {
@@ -118,11 +119,12 @@ bool isOrdinary(mgXform_c const &x) {
 /// What the steps of the rule cannot but find, told where the boxes are placed, which takes no
 /// inverse and no product of transforms; Close when that is not plain.
 ///
-/// In exact numbers both ways agree. They differ by what the rotations lack of orthonormality, by
-/// rounding, and by what operations on transforms take for none: scales within 1e-08 of 1, and
-/// translations below 1e-08 in any of the frames. For ordinary placements that is less than 1e-06
-/// of the lengths that take part and 1e-07 of the frames' units; the margin is a hundred times
-/// that. NaN and lengths whose squares may overflow are left to the rule.
+/// In exact numbers and without tolerances both ways agree. They differ by what the rotations lack
+/// of orthonormality, by rounding, and by what the steps take for none: scales within 1e-08 of 1,
+/// translations below 1e-08 in any of the frames, and gaps and overlaps as small as that. For
+/// ordinary placements all of it is less than 1e-06 of the lengths that take part and 1e-07 of the
+/// frames' units; the margin is a hundred times that. NaN and lengths whose squares may overflow
+/// are left to the rule.
 VEXMATH_AVX2 Verdict verdictOn(Parts const &a, mgXform_c const &xa, Parts const &b,
                                mgXform_c const &xb) {
     constexpr double kNearlyOrthonormal = 1e-09;
@@ -145,6 +147,8 @@ VEXMATH_AVX2 Verdict verdictOn(Parts const &a, mgXform_c const &xa, Parts const 
 
     lengths = lengths + (absolute(load(&a.low[0])) + absolute(load(&a.high[0]))) * placeA.scale
               + (absolute(load(&b.low[0])) + absolute(load(&b.high[0]))) * placeB.scale;
+    // b's radius as placed may be longer than all of these: then it cuts nothing off and leaves
+    // nothing out.
     double const allLengths = reach + sum(lengths);
     if (!(allLengths < kMostLengths)) return Verdict::Close;
     double const margin = kMargin * allLengths + unit;
