@@ -6,7 +6,8 @@
 
 #include <atomic>
 
-#if defined(__GNUC__) && defined(__x86_64__)
+// Not by GCC for Windows, which keeps these registers on a stack that it does not align for them.
+#if defined(__GNUC__) && defined(__x86_64__) && (defined(__clang__) || !defined(_WIN32))
 #include <immintrin.h>
 
 /// Marks a function that is compiled for AVX2, whatever the rest of the library is compiled for.
