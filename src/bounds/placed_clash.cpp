@@ -5,12 +5,24 @@
 #include <vexmath/bbox.h>
 #include <vexmath/xform.h>
 
+#include "matrix/rows.h"
 #include "vector/wide_vector.h"
 
 #include <algorithm>
 
 namespace {
 
+using namespace vexmath::detail;
+
+/// What the steps of the rule cannot but find, told where the boxes are placed, which takes no
+/// inverse and no product of transforms; Close when that is not plain.
+///
+/// In exact numbers and without tolerances both ways agree. They differ by what the rotations lack
+/// of orthonormality, by rounding, and by what the steps take for none: scales within 1e-08 of 1,
+/// translations below 1e-08 in any of the frames, and gaps and overlaps as small as that. For
+/// ordinary placements all of it is less than 1e-06 of the lengths that take part and 1e-07 of the
+/// frames' units; the margin is a hundred times that. NaN and lengths whose squares may overflow
+/// are left to the rule.
 enum class Verdict { Apart, Clash, Close };
 
 /// A set box by what it holds.
@@ -19,9 +31,38 @@ struct Parts {
     double radius;
 };
 
-#if defined(VEXMATH_AVX2)
+/// Is this flagged as what it is, of a scale not far from 1, and without a record?
+bool isOrdinary(mgXform_c const &x) {
+    constexpr double kLeastScale = 1e-03;
+    constexpr double kMostScale = 1e03;
+    return x.scaling() > kLeastScale && x.scaling() < kMostScale && !x.hasPerspective()
+           && (x.rotate() || isExactIdentity(x.rotation()));
+}
 
-using namespace vexmath::detail;
+/// What the rotations of ordinary placements may lack of orthonormality together; strict.
+constexpr double kNearlyOrthonormal = 1e-09;
+
+/// How far the centres of placed spheres that clash are from each other at most.
+struct Reach {
+    Reach(Parts const &a, mgXform_c const &xa, Parts const &b, mgXform_c const &xb)
+        : radii(xa.scaling() * (a.radius + b.radius)), // the rule does not scale b's
+          units(1.0 + xa.scaling() + xb.scaling()) {}
+
+    /// How plain it must be, besides the radii by the other lengths that take part.
+    double margin(double otherLengths) const {
+        constexpr double kPerLength = 1e-04;
+        constexpr double kPerUnit = 1e-05;
+        return kPerLength * (radii + otherLengths) + kPerUnit * units;
+    }
+    bool isPlainlyExceeded(double distanceSq, double otherLengths) const {
+        double const tooFar = radii + margin(otherLengths);
+        return distanceSq > tooFar * tooFar;
+    }
+
+    double radii, units;
+};
+
+#if defined(VEXMATH_AVX2)
 
 /// A placement in registers.
 struct WidePlacement {
@@ -108,28 +149,8 @@ VEXMATH_AVX2 Verdict verdictInFrames(WideRows const &axesA, WideBox const &a, Wi
     return clashes ? Verdict::Clash : Verdict::Close;
 }
 
-/// Is this flagged as what it is, of a scale not far from 1, and without a record?
-bool isOrdinary(mgXform_c const &x) {
-    constexpr double kLeastScale = 1e-03;
-    constexpr double kMostScale = 1e03;
-    return x.scaling() > kLeastScale && x.scaling() < kMostScale && !x.hasPerspective()
-           && (x.rotate() || isExactIdentity(x.rotation()));
-}
-
-/// What the steps of the rule cannot but find, told where the boxes are placed, which takes no
-/// inverse and no product of transforms; Close when that is not plain.
-///
-/// In exact numbers and without tolerances both ways agree. They differ by what the rotations lack
-/// of orthonormality, by rounding, and by what the steps take for none: scales within 1e-08 of 1,
-/// translations below 1e-08 in any of the frames, and gaps and overlaps as small as that. For
-/// ordinary placements all of it is less than 1e-06 of the lengths that take part and 1e-07 of the
-/// frames' units; the margin is a hundred times that. NaN and lengths whose squares may overflow
-/// are left to the rule.
-VEXMATH_AVX2 Verdict verdictOn(Parts const &a, mgXform_c const &xa, Parts const &b,
-                               mgXform_c const &xb) {
-    constexpr double kNearlyOrthonormal = 1e-09;
-    constexpr double kMargin = 1e-04;
-    constexpr double kMarginPerUnit = 1e-05;
+VEXMATH_AVX2 Verdict verdictByUnits(Parts const &a, mgXform_c const &xa, Parts const &b,
+                                    mgXform_c const &xb) {
     constexpr double kMostLengths = 1e100;
     if (!isOrdinary(xa) || !isOrdinary(xb)) return Verdict::Close;
     WidePlacement const placeA(xa), placeB(xb);
@@ -138,31 +159,51 @@ VEXMATH_AVX2 Verdict verdictOn(Parts const &a, mgXform_c const &xa, Parts const 
 
     Wide const apart = placeB.image(&b.centre[0]) - placeA.image(&a.centre[0]);
     double const distanceSq = sum(apart * apart);
-    double const reach = xa.scaling() * (a.radius + b.radius); // the rule does not scale b's
-    double const unit = kMarginPerUnit * (1.0 + xa.scaling() + xb.scaling());
+    Reach const reach(a, xa, b, xb);
     Wide lengths = absolute(load(&a.centre[0])) * placeA.scale + absolute(placeA.translation)
                    + absolute(load(&b.centre[0])) * placeB.scale + absolute(placeB.translation);
-    double const tooFar = reach + kMargin * (reach + sum(lengths)) + unit;
-    if (distanceSq > tooFar * tooFar) return Verdict::Apart;
+    if (reach.isPlainlyExceeded(distanceSq, sum(lengths))) return Verdict::Apart;
 
     lengths = lengths + (absolute(load(&a.low[0])) + absolute(load(&a.high[0]))) * placeA.scale
               + (absolute(load(&b.low[0])) + absolute(load(&b.high[0]))) * placeB.scale;
     // b's radius as placed may be longer than all of these: then it cuts nothing off and leaves
     // nothing out.
-    double const allLengths = reach + sum(lengths);
-    if (!(allLengths < kMostLengths)) return Verdict::Close;
-    double const margin = kMargin * allLengths + unit;
-    return verdictInFrames(placeA.axes, WideBox(a, placeA), placeB.axes, WideBox(b, placeB), reach,
-                           distanceSq, margin);
+    double const otherLengths = sum(lengths);
+    if (!(reach.radii + otherLengths < kMostLengths)) return Verdict::Close;
+    return verdictInFrames(placeA.axes, WideBox(a, placeA), placeB.axes, WideBox(b, placeB),
+                           reach.radii, distanceSq, reach.margin(otherLengths));
 }
 
-#else
+#else // never called
 
-Verdict verdictOn(Parts const &, mgXform_c const &, Parts const &, mgXform_c const &) {
+Verdict verdictByUnits(Parts const &, mgXform_c const &, Parts const &, mgXform_c const &) {
     return Verdict::Close;
 }
 
 #endif
+
+mgVector_c placed(mgPoint_c const &p, mgXform_c const &x) {
+    return x.scaling() * rowTimes(p.x(), p.y(), p.z(), x.rotation()) + x.translation();
+}
+
+/// The lengths that take part in that.
+double sizesOf(mgPoint_c const &p, mgXform_c const &x) {
+    mgVector_c const &t = x.translation();
+    return x.scaling() * (std::fabs(p.x()) + std::fabs(p.y()) + std::fabs(p.z())) + std::fabs(t.x())
+           + std::fabs(t.y()) + std::fabs(t.z());
+}
+
+double error(mgXform_c const &x) { return Rows::of(&x.rotation()[0]).error(); }
+
+/// The verdict without vector units, where only the spheres are worth the time.
+Verdict verdictBySpheres(Parts const &a, mgXform_c const &xa, Parts const &b, mgXform_c const &xb) {
+    double const distanceSq = (placed(b.centre, xb) - placed(a.centre, xa)).sqlen();
+    double const lengths = sizesOf(a.centre, xa) + sizesOf(b.centre, xb);
+    bool const isApart = Reach(a, xa, b, xb).isPlainlyExceeded(distanceSq, lengths)
+                         && isOrdinary(xa) && isOrdinary(xb)
+                         && error(xa) + error(xb) < kNearlyOrthonormal;
+    return isApart ? Verdict::Apart : Verdict::Close;
+}
 
 } // namespace
 
@@ -171,11 +212,11 @@ int mgBBox_c::clash(mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b,
     /// Depth by which the spheres must overlap; bound included. Also the tolerance of the tests.
     constexpr double kOverlap = 1e-08;
     if (!a.isSet() || !b.isSet()) return 0;
-    if (vexmath::detail::hasVectorUnits()) {
-        Verdict const verdict = verdictOn({a.low_, a.high_, a.sphCentre_, a.sphRadius_}, xa,
-                                          {b.low_, b.high_, b.sphCentre_, b.sphRadius_}, xb);
-        if (verdict != Verdict::Close) return verdict == Verdict::Clash;
-    }
+    Parts const partsA = {a.low_, a.high_, a.sphCentre_, a.sphRadius_};
+    Parts const partsB = {b.low_, b.high_, b.sphCentre_, b.sphRadius_};
+    Verdict const verdict = hasVectorUnits() ? verdictByUnits(partsA, xa, partsB, xb)
+                                             : verdictBySpheres(partsA, xa, partsB, xb);
+    if (verdict != Verdict::Close) return verdict == Verdict::Clash;
     mgXform_c const intoA = xb * xa.inverse();
 
     // QUIRK: b's radius enters unscaled, where a reader would expect the radius in a's frame. With
