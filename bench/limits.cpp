@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What the memory alone costs: loops that read and write as many bytes as a work does, and compute
-// nothing. Nobody is faster than that on the same data.
+// What the machine allows. Loops that read and write as many bytes as a work does, and compute
+// nothing: nobody is faster than that on the same data. And loops that only compute, the ceilings
+// of the roofline plot.
 
 #include <algorithm>
 
@@ -33,7 +34,7 @@ constexpr Traffic works_[] = {
     {"compose", 1000, 128, 128, false},
     {"inverse", 1000, 128, 128, false},
     {"placed clash", 1000, 416, 0, false},
-    {"line plane", 1024, 96, 24, false},
+    {"line plane", 256, 96, 24, false},
     {"sort of 1000000", 1000000, 24, 24, true},
     {"hull of 1000000", 1000000, 16, 0, false},
     {"arc", 241, 0, 24, false},
@@ -73,9 +74,53 @@ void measure(benchmark::State &state, Traffic const &traffic) {
     works::countItems(state, traffic.items);
 }
 
+#if defined(__GNUC__) && defined(__x86_64__)
+
+constexpr int kRounds = 1000;
+/// So many numbers wait for nobody: while one is computed the others are.
+constexpr int kEnough = 12;
+
+/// Multiplies numbers and adds to them in turn. A macro: what a function without vector units does
+/// to four at a time is not done in one instruction, even where it is inlined.
+#define COMPUTE(Number, count, factor, keep)                                                       \
+    for (auto _ : state) {                                                                         \
+        Number numbers[count] = {};                                                                \
+        benchmark::DoNotOptimize(numbers);                                                         \
+        for (int round = 0; round < kRounds; ++round) {                                            \
+            for (Number & number : numbers) {                                                      \
+                number = number * (factor) + (factor);                                             \
+                keep(number);                                                                      \
+            }                                                                                      \
+        }                                                                                          \
+        benchmark::DoNotOptimize(numbers);                                                         \
+    }                                                                                              \
+    works::countItems(state, 2 * (count)*kRounds * sizeof(Number) / sizeof(double))
+
+/// Keeps the compiler from taking several numbers together.
+#define BY_ITSELF(number) asm volatile("" : "+x"(number))
+#define AS_IT_IS(number)
+
+void computeInTurn(benchmark::State &state) { COMPUTE(double, 1, 0.5, BY_ITSELF); }
+void computeSideBySide(benchmark::State &state) { COMPUTE(double, kEnough, 0.5, BY_ITSELF); }
+
+using Four = double __attribute__((vector_size(32)));
+
+__attribute__((target("avx2"))) void computeFourAtATime(benchmark::State &state) {
+    Four const factor = {0.5, 0.5, 0.5, 0.5};
+    COMPUTE(Four, kEnough, factor, AS_IT_IS);
+}
+
+#endif
+
 [[maybe_unused]] bool const registered = [] {
     for (Traffic const &traffic : works_)
         works::add(traffic.work, "limit", [&traffic](benchmark::State &s) { measure(s, traffic); });
+#if defined(__GNUC__) && defined(__x86_64__)
+    works::add("operations", "one after another", computeInTurn);
+    works::add("operations", "side by side", computeSideBySide);
+    if (__builtin_cpu_supports("avx2"))
+        works::add("operations", "four at a time", computeFourAtATime);
+#endif
     return true;
 }();
 

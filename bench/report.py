@@ -50,6 +50,23 @@ WANTED = (
 # Works "<name> of <n>" may grow with this power of n at most.
 GROWTH_WANTED = {"tour": 2.2, "sort": 1.2, "hull": 1.2}
 
+# What an item takes: sums, products, quotients, roots and comparisons of numbers, as the source has
+# them on the usual way, and the bytes that it reads and writes.
+OPERATIONS = {
+    "transform points in cache": (21, 48),
+    "transform array in cache": (21, 48),
+    "bounds in cache": (31, 24),
+    "bounds of array in cache": (15, 24),
+    "compose": (124, 256),
+    "inverse": (72, 256),
+    "placed clash": (210, 416),
+    "line plane": (28, 120),
+    "arc": (18, 24),
+    "eigensystem 3x3": (420, 176),
+    "cubic roots": (440, 56),
+    "float point by matrix": (18, 24),
+}
+
 PACKAGES = {"Eigen": "libeigen3-dev", "Imath": "libimath-dev", "GLM": "libglm-dev",
             "CGAL": "libcgal-dev", "Boost": "libboost-dev", "FCL": "libfcl-dev",
             "Open CASCADE": "libocct-foundation-dev"}
@@ -227,6 +244,45 @@ def growth_plot(curves, path):
     plot.write(path)
 
 
+def label(plot, text, x, y, taken):
+    """Writes beside a point, where no other text or point is."""
+    width = 7 * len(text)
+    for left in (x + 8, x - 8 - width):
+        for shift in (0, -11, 11, -22, 22):
+            place = (left, left + width, y + shift)
+            if left + width < 800 and not any(a < place[1] and place[0] < b
+                                              and abs(c - place[2]) < 11 for a, b, c in taken):
+                taken.append(place)
+                plot.text(left, y + shift + 4, text, f'font-size="12" textLength="{width}"')
+                return
+
+
+def roofline_plot(times, path):
+    """Operations per nanosecond over operations per byte, under what the machine allows."""
+    plot = Plot("Operations done, and what the machine allows", "operations per byte",
+                (0.1, 10.0), "operations per nanosecond", (0.1, 100.0), "{:g}".format)
+    bandwidths = (("memory", "transform points"), ("cache", "transform points in cache"))
+    slopes = {name: 48 / times[work][LIMIT] for name, work in bandwidths}
+    ceilings = {who: 1 / time for who, time in times.get("operations", {}).items()}
+    highest = max(ceilings.values(), default=100.0)
+    for colour, (name, slope) in zip(COLOURS, slopes.items()):
+        plot.curve(f"{name}: {slope:.0f} bytes a nanosecond",
+                   [(0.1, 0.1 * slope), (highest / slope, highest)],
+                   f'stroke="{colour}" stroke-width="2"')
+    for colour, (who, ceiling) in zip(COLOURS[2:], ceilings.items()):
+        plot.curve(f"{who}: {ceiling:.1f} a nanosecond",
+                   [(ceiling / max(slopes.values()), ceiling), (10.0, ceiling)],
+                   f'stroke="{colour}" stroke-width="2" stroke-dasharray="7 4"')
+    points = {work.removesuffix(" in cache"):
+              (plot.x(operations / moved), plot.y(operations / times[work][US]))
+              for work, (operations, moved) in OPERATIONS.items() if US in times.get(work, {})}
+    taken = [(x - 5, x + 5, y) for x, y in points.values()]
+    for name, (x, y) in points.items():
+        plot.box(x - 4, y - 4, 8, 8, 'fill="black"')
+        label(plot, name, x, y, taken)
+    plot.write(path)
+
+
 def machine(context):
     cpu = pathlib.Path("/proc/cpuinfo").read_text(encoding="utf-8")
     name = re.search(r"^model name\s*: (.*)$", cpu, re.M)
@@ -257,6 +313,7 @@ def main():
     docs = pathlib.Path(sys.argv[2])
     ratio_plot(compared, docs / "performance.svg")
     growth_plot(growths(times), docs / "performance-growth.svg")
+    roofline_plot(times, docs / "performance-roofline.svg")
     filled = {"machine": machine(context), "table": as_markdown(HEAD, lines),
               "growth": as_markdown(GROWTH_HEAD, growth_lines)}
     text = pathlib.Path(__file__).with_name("performance.md.in").read_text(encoding="utf-8")
