@@ -6,7 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
+#include <new>
 #include <type_traits>
 
 #include <vexmath/dynamic_array.h>
@@ -108,10 +108,11 @@ template <class T>
 inline int suDynamicArray<T>::Add(T const &element) {
     if (Count() < (data_ ? vexmath::detail::headerOf(data_)->capacity : 0)) {
         std::int32_t &count = vexmath::detail::headerOf(data_)->count;
-        std::memcpy(data_ + count, &element, sizeof(T));
+        ::new (data_ + count) T(element);
         ++count;
     } else {
-        addSlowly(element);
+        T const copy(element); // so that the caller's own may stay in registers
+        addSlowly(copy);
     }
     int const index = Count() - 1;
     elementsChanged(index, index);
