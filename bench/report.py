@@ -108,7 +108,9 @@ class Row:
             self.ratio = self.times[US] / base
 
     def missed(self):
-        return self.ratio is not None and self.wanted is not None and self.ratio > self.wanted
+        """To the two decimals that are shown; what differs less is noise."""
+        return (self.ratio is not None and self.wanted is not None
+                and round(self.ratio, 2) > self.wanted)
 
     def cells(self):
         """The cells of HEAD."""
