@@ -51,16 +51,16 @@ WANTED = (
 GROWTH_WANTED = {"tour": 2.2, "sort": 1.2, "hull": 1.2}
 
 # What an item takes: sums, products, quotients, roots and comparisons of numbers, as the source has
-# them on the usual way, and the bytes that it reads and writes.
+# them, on the average of the inputs measured, and the bytes that it reads and writes.
 OPERATIONS = {
     "transform points in cache": (21, 48),
     "transform array in cache": (21, 48),
-    "bounds in cache": (31, 24),
+    "bounds in cache": (34, 24),
     "bounds of array in cache": (15, 24),
-    "compose": (124, 256),
-    "inverse": (72, 256),
-    "placed clash": (210, 416),
-    "line plane": (28, 120),
+    "compose": (130, 256),
+    "inverse": (80, 256),
+    "placed clash": (250, 416),
+    "line plane": (21, 120),
     "arc": (18, 24),
     "eigensystem 3x3": (420, 176),
     "cubic roots": (440, 56),
