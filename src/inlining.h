@@ -2,8 +2,8 @@
 // How a function is inlined that the compiler's estimate would leave out of line, and the other way
 // round.
 
-#ifndef VEXMATH_SRC_ALWAYS_INLINE_H
-#define VEXMATH_SRC_ALWAYS_INLINE_H
+#ifndef VEXMATH_SRC_INLINING_H
+#define VEXMATH_SRC_INLINING_H
 
 /// For a step in the middle of a hot chain of a few dozen numbers: called, it would have them all
 /// written to memory and read back.

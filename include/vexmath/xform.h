@@ -186,19 +186,20 @@ private:
     mgXform_c(mgMatrix_c const &rotation, mgVector_c const &translation, double scale,
               int reflection);
 
-    // Product and inverse are made in their place, by rows or by the vector units.
+    // Product and inverse are made in their place, by rows or in SIMD registers.
     mgXform_c(mgXform_c const &a, mgXform_c const &b);
     mgXform_c(vexmath::detail::Rows const &inverse, mgXform_c const &of);
     static mgXform_c productByRows(mgXform_c const &a, mgXform_c const &b);
-    static mgXform_c productByUnits(mgXform_c const &a, mgXform_c const &b);
+    static mgXform_c productBySimd(mgXform_c const &a, mgXform_c const &b);
     mgXform_c inverseByRows() const;
-    mgXform_c inverseByUnits() const;
+    mgXform_c inverseBySimd() const;
     double inverseScale() const;
-    static mgXform_c made(vexmath::detail::WideForm const &form, double scale, int reflection);
-    void set(vexmath::detail::WideForm const &form); ///< rotation and translation
+    static mgXform_c fromWideForm(vexmath::detail::WideForm const &form, double scale,
+                                  int reflection);
+    void setTurnAndMove(vexmath::detail::WideForm const &form);
     /// Rotation and translation of the product with b; false, with nothing changed, when that may
     /// be the identity.
-    bool turnAndMoveByUnits(mgXform_c const &b);
+    bool multiplyBySimd(mgXform_c const &b);
 
     void copyByRules(mgXform_c const &source);
     void followCopyRules(); ///< as a copy of this transform would

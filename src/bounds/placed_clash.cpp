@@ -149,8 +149,8 @@ VEXMATH_AVX2 Verdict verdictInFrames(WideRows const &axesA, WideBox const &a, Wi
     return clashes ? Verdict::Clash : Verdict::Close;
 }
 
-VEXMATH_AVX2 Verdict verdictByUnits(Parts const &a, mgXform_c const &xa, Parts const &b,
-                                    mgXform_c const &xb) {
+VEXMATH_AVX2 Verdict verdictBySimd(Parts const &a, mgXform_c const &xa, Parts const &b,
+                                   mgXform_c const &xb) {
     constexpr double kMostLengths = 1e100;
     if (!isOrdinary(xa) || !isOrdinary(xb)) return Verdict::Close;
     WidePlacement const placeA(xa), placeB(xb);
@@ -176,7 +176,7 @@ VEXMATH_AVX2 Verdict verdictByUnits(Parts const &a, mgXform_c const &xa, Parts c
 
 #else // never called
 
-Verdict verdictByUnits(Parts const &, mgXform_c const &, Parts const &, mgXform_c const &) {
+Verdict verdictBySimd(Parts const &, mgXform_c const &, Parts const &, mgXform_c const &) {
     return Verdict::Close;
 }
 
@@ -214,7 +214,7 @@ int mgBBox_c::clash(mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b,
     if (!a.isSet() || !b.isSet()) return 0;
     Parts const partsA = {a.low_, a.high_, a.sphCentre_, a.sphRadius_};
     Parts const partsB = {b.low_, b.high_, b.sphCentre_, b.sphRadius_};
-    Verdict const verdict = hasVectorUnits() ? verdictByUnits(partsA, xa, partsB, xb)
+    Verdict const verdict = hasVectorUnits() ? verdictBySimd(partsA, xa, partsB, xb)
                                              : verdictBySpheres(partsA, xa, partsB, xb);
     if (verdict != Verdict::Close) return verdict == Verdict::Clash;
     mgXform_c const intoA = xb * xa.inverse();

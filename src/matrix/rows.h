@@ -6,7 +6,7 @@
 
 #include <vexmath/matrix.h>
 
-#include "always_inline.h"
+#include "inlining.h"
 
 namespace vexmath::detail {
 

@@ -4,7 +4,7 @@
 #include <vexmath/mg_transform.h>
 #include <vexmath/xform.h>
 
-#include "always_inline.h"
+#include "inlining.h"
 #include "matrix/rows.h"
 #include "transform/wide_form.h"
 
@@ -60,7 +60,7 @@ VEXMATH_ALWAYS_INLINE mgVector_c movedOn(mgVector_c const &t, mgXform_c const &b
 int exactlyOne(int a, int b) { return (a != 0) != (b != 0); }
 
 /// Is this product one that the vector units make by the rule's own operations?
-bool unitsMultiply(mgXform_c const &a, mgXform_c const &b) {
+bool simdMultiplies(mgXform_c const &a, mgXform_c const &b) {
     return vexmath::detail::hasVectorUnits() && a.rotate() && b.rotate()
            && !vexmath::detail::isExactIdentity(b.rotation());
 }
@@ -71,7 +71,7 @@ mgXform_c const &mgXform_c::operator*=(mgXform_c const &b) {
     // Every field is computed before the first is written: b may be this transform.
     double const scale = b.scale_ * scale_;
     int const reflection = exactlyOne(reflection_, b.reflection_);
-    if (!unitsMultiply(*this, b) || !turnAndMoveByUnits(b)) {
+    if (!simdMultiplies(*this, b) || !multiplyBySimd(b)) {
         mgVector_c const translation = movedOn(translation_, b);
         if (rotate() || b.rotate())
             rotation_ = mgMatrix_c(Rows::ofProduct(rotation_, b.rotation_).orthonormalised(false));
@@ -110,7 +110,7 @@ VEXMATH_NEVER_INLINE mgXform_c productOfCopy(mgXform_c const &a, mgXform_c const
 mgXform_c operator*(mgXform_c const &a, mgXform_c const &b) {
     bool const isPlain = a.rotate() && !a.hasPerspective() && !b.hasPerspective();
     if (!isPlain) return productOfCopy(a, b);
-    return unitsMultiply(a, b) ? mgXform_c::productByUnits(a, b) : mgXform_c::productByRows(a, b);
+    return simdMultiplies(a, b) ? mgXform_c::productBySimd(a, b) : mgXform_c::productByRows(a, b);
 }
 
 /// The inverse but for the copy rules. The translation is turned by the rows, not by the rotation
@@ -132,14 +132,14 @@ VEXMATH_NEVER_INLINE mgXform_c mgXform_c::inverseByRows() const {
 }
 
 mgXform_c mgXform_c::inverse() const {
-    return rotate() && vexmath::detail::hasVectorUnits() ? inverseByUnits() : inverseByRows();
+    return rotate() && vexmath::detail::hasVectorUnits() ? inverseBySimd() : inverseByRows();
 }
 
 double mgXform_c::inverseScale() const { return scales(scale_) ? 1.0 / scale_ : 1.0; }
 
 #if defined(VEXMATH_AVX2)
 
-VEXMATH_AVX2_STEP void mgXform_c::set(vexmath::detail::WideForm const &form) {
+VEXMATH_AVX2_STEP void mgXform_c::setTurnAndMove(vexmath::detail::WideForm const &form) {
     _mm256_storeu_pd(rotation_.m_, form.rows.r0); // the fourth lane is overwritten by the next row
     _mm256_storeu_pd(rotation_.m_ + 3, form.rows.r1);
     vexmath::detail::store(form.rows.r2, rotation_.m_ + 6);
@@ -148,43 +148,43 @@ VEXMATH_AVX2_STEP void mgXform_c::set(vexmath::detail::WideForm const &form) {
 }
 
 /// Without a record, by the copy rules.
-VEXMATH_AVX2_STEP mgXform_c mgXform_c::made(vexmath::detail::WideForm const &form, double scale,
-                                            int reflection) {
+VEXMATH_AVX2_STEP mgXform_c mgXform_c::fromWideForm(vexmath::detail::WideForm const &form,
+                                                    double scale, int reflection) {
     using namespace vexmath::detail;
     bool const isMoved = !areBelow(absolute(form.translation), all(vexmath::kLengthTolerance));
     mgXform_c x;
-    x.set({form.rows, isMoved ? form.translation : all(0.0)});
+    x.setTurnAndMove({form.rows, isMoved ? form.translation : all(0.0)});
     x.scale_ = scaleInRange(scale);
     x.reflection_ = reflection;
     return x;
 }
 
-VEXMATH_AVX2 bool mgXform_c::turnAndMoveByUnits(mgXform_c const &b) {
+VEXMATH_AVX2 bool mgXform_c::multiplyBySimd(mgXform_c const &b) {
     auto const form = vexmath::detail::WideForm::ofProduct(*this, b);
     if (form.mayBeIdentity()) return false;
-    set(form);
+    setTurnAndMove(form);
     return true;
 }
 
-VEXMATH_AVX2 mgXform_c mgXform_c::productByUnits(mgXform_c const &a, mgXform_c const &b) {
+VEXMATH_AVX2 mgXform_c mgXform_c::productBySimd(mgXform_c const &a, mgXform_c const &b) {
     auto const form = vexmath::detail::WideForm::ofProduct(a, b);
     if (form.mayBeIdentity()) return productByRows(a, b);
-    return made(form, b.scale_ * vexmath::detail::scaleInRange(a.scale_),
-                exactlyOne(a.reflection_, b.reflection_));
+    return fromWideForm(form, b.scale_ * vexmath::detail::scaleInRange(a.scale_),
+                        exactlyOne(a.reflection_, b.reflection_));
 }
 
-VEXMATH_AVX2 mgXform_c mgXform_c::inverseByUnits() const {
+VEXMATH_AVX2 mgXform_c mgXform_c::inverseBySimd() const {
     auto const form = vexmath::detail::WideForm::ofInverse(*this, inverseScale());
-    return form.mayBeIdentity() ? inverseByRows() : made(form, inverseScale(), 0);
+    return form.mayBeIdentity() ? inverseByRows() : fromWideForm(form, inverseScale(), 0);
 }
 
 #else // never called
 
-bool mgXform_c::turnAndMoveByUnits(mgXform_c const &) { return false; }
-mgXform_c mgXform_c::productByUnits(mgXform_c const &a, mgXform_c const &b) {
+bool mgXform_c::multiplyBySimd(mgXform_c const &) { return false; }
+mgXform_c mgXform_c::productBySimd(mgXform_c const &a, mgXform_c const &b) {
     return productByRows(a, b);
 }
-mgXform_c mgXform_c::inverseByUnits() const { return inverseByRows(); }
+mgXform_c mgXform_c::inverseBySimd() const { return inverseByRows(); }
 
 #endif
 

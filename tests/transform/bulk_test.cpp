@@ -67,9 +67,9 @@ TEST(VectorUnits, ChangeNoProductInverseOrClash) {
         mg_SetUseVectorUnits(1);
         ASSERT_BITS_EQ(product, a * b) << round;
         ASSERT_BITS_EQ(inverse, a.inverse()) << round;
-        mgXform_c byUnits = a;
-        byUnits *= b;
-        ASSERT_BITS_EQ(chained, byUnits) << round;
+        mgXform_c bySimd = a;
+        bySimd *= b;
+        ASSERT_BITS_EQ(chained, bySimd) << round;
         ASSERT_EQ(clash, mgBBox_c::clash(boxes[0], a, boxes[1], b)) << round;
         clashes += clash;
     }
