@@ -1,4 +1,5 @@
-# What is installed: library, headers, platform headers, CMake package, pkg-config file, licence.
+# What is installed: library, headers, platform headers, CMake package, pkg-config file, licence,
+# list of quirks.
 include(CMakePackageConfigHelpers)
 
 set(_package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/vexmath")
@@ -11,7 +12,8 @@ install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/vexmath" "${VEXMATH_PLATFORM_HE
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
   FILES_MATCHING PATTERN "*.h")
 
-install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" "${PROJECT_SOURCE_DIR}/docs/quirks.md"
+  DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 install(EXPORT vexmath-targets NAMESPACE vexmath:: DESTINATION ${_package_dir})
 configure_package_config_file(
