@@ -33,6 +33,10 @@ install(FILES
   "${PROJECT_BINARY_DIR}/vexmath-config-version.cmake"
   DESTINATION ${_package_dir})
 
+set(VEXMATH_PC_DEFINITIONS "")
+if(NOT BUILD_SHARED_LIBS)
+  set(VEXMATH_PC_DEFINITIONS " -DVEXMATH_STATIC")
+endif()
 # The prefix is found from the place of the file, so that the installed tree can be moved.
 file(RELATIVE_PATH VEXMATH_PC_TO_PREFIX
   "/prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/prefix")

@@ -3,7 +3,7 @@
 # a small program against it.
 #   check.sh install <build folder> <work folder>
 #   check.sh find_package|pkg_config <work folder> <compiler>
-#   check.sh add_subdirectory|seam <work folder> <compiler> <source folder>
+#   check.sh add_subdirectory|seam|static <work folder> <compiler> <source folder>
 set -euo pipefail
 
 tests=$(cd "$(dirname "$0")/.." && pwd)
@@ -16,12 +16,19 @@ configure_build_run() {
     "$2/consumer"
 }
 
+# The installed files, each once: without version numbers, and with lib for the system's own folder.
+installed_files() {
+    (cd "$1" && find . ! -type d) |
+        sed -E -e 's|^\./||' -e 's|^lib[^/]*/([a-z]+-linux-[a-z]+/)?|lib/|' -e 's|\.so\.[0-9.]+$|.so.VERSION|' \
+            -e 's|-targets-[a-z]+\.cmake$|-targets-CONFIG.cmake|' | LC_ALL=C sort -u
+}
+
 if [[ $how == install ]]; then
     build=$2 work=$3
     rm -rf "$work"
     cmake --install "$build" --prefix "$work/first" >/dev/null
     mv "$work/first" "$work/installed"
-    [[ -s $work/installed/share/doc/vexmath/LICENSE ]]
+    diff "$tests/package/installed_files.txt" <(installed_files "$work/installed")
     exit
 fi
 
@@ -42,6 +49,19 @@ pkg_config)
     ;;
 add_subdirectory)
     configure_build_run "$tests/package/add_subdirectory" "$work/$how" -DVEXMATH_SOURCE="$4"
+    ;;
+static)
+    cmake -S "$4" -B "$work/static/library" -DCMAKE_CXX_COMPILER="$compiler" \
+        -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=OFF -DVEXMATH_BUILD_TESTS=OFF \
+        -DVEXMATH_BUILD_EXAMPLES=OFF >/dev/null
+    cmake --build "$work/static/library" --parallel 2 >/dev/null
+    cmake --install "$work/static/library" --prefix "$work/static/installed" >/dev/null
+    configure_build_run "$tests/package/find_package" "$work/static/consumer" \
+        -DCMAKE_PREFIX_PATH="$work/static/installed"
+    if ldd "$work/static/consumer/consumer" | grep vexmath; then
+        echo "the program still needs the shared library"
+        exit 1
+    fi
     ;;
 seam)
     configure_build_run "$tests/seam" "$work/$how" -DVEXMATH_SOURCE="$4"
