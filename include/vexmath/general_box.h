@@ -17,7 +17,9 @@ public:
 
     bool isValid() const { return len1_ > 0.0 && len2_ > 0.0; }
     /// Is p within 1e-08 of the plane, strictly, and within the edges, bounds included? The corner
-    /// always is; nothing else is when the directions are parallel (null cross product).
+    /// always is; nothing else is when the directions are parallel (null cross product). A null
+    /// direction bounds nothing: then only the projection of p on the other one must lie within its
+    /// length, and of two null directions every point is inside.
     VEXMATH_API bool isPointInside(mgPoint_c const &p) const;
     /// The corners farthest against dir and farthest along it, but for the corner opposite to the
     /// first, which is never given as high. Where several are equally far, the first of corner, end

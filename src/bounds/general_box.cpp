@@ -12,7 +12,8 @@ bool mgParallelogram_c::isPointInside(mgPoint_c const &p) const {
     mgVector_c const w = p - corner_;
     if (w.isNull()) return true;
     mgVector_c const n = d1_ * d2_;
-    if (n.isNull() || std::fabs(w % n) >= kOffPlane) return false;
+    bool const isParallel = n.isNull() && !d1_.isNull() && !d2_.isNull();
+    if (isParallel || std::fabs(w % n) >= kOffPlane) return false;
 
     // w = t1 d1 + t2 d2, from the normal equations. NaN fails the comparisons.
     double const a = w % d1_;

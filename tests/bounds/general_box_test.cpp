@@ -40,11 +40,27 @@ TEST(Parallelogram, PointsInsideReachTheEdges) {
     check(false, skew, {1.5, 4, 1});
     // Nothing but the corner is inside parallel edges, or such that are parallel by rounding.
     U const slanted(1, 2, 3), sameButForRounding(1.0 / 3.0, 2.0 / 3, 1);
-    for (U const &d2 : {slanted, -slanted, sameButForRounding, U()}) {
+    for (U const &d2 : {slanted, -slanted, sameButForRounding}) {
         check(false, {origin, slanted, d2, 9, 9}, {0.5, 1, 1.5});
         check(true, {origin, slanted, d2, 9, 9}, {5e-09, 0, 0});
     }
     check(false, {origin, xAxis, xAxis, 9, 9}, {3, 0, 0});
+}
+
+TEST(Parallelogram, ANullEdgeDirectionBoundsNothing) {
+    auto const check = [](bool expected, U const &d1, U const &d2, P const &p) {
+        EXPECT_EQ(expected, mgParallelogram_c(origin, d1, d2, 2, 2).isPointInside(p))
+            << p.x() << ' ' << p.y() << ' ' << p.z();
+    };
+    for (P const &p : {P(0.5, 0, 0), P(2, -9, 0), P(0, 0, 3)}) { // between x = 0 and 2
+        check(true, xAxis, U(), p);
+        check(true, U(), xAxis, p);
+        check(true, U(), U(), p);
+    }
+    for (double const x : {-1e-09, above(2), kNaN}) {
+        check(false, xAxis, U(), {x, 1, 0});
+        check(false, U(), xAxis, {x, 1, 0});
+    }
 }
 
 TEST(Parallelogram, TheFarCornerIsNeverTheHighPoint) {
