@@ -66,14 +66,13 @@ private:
     double angle_ = -2.0;
 };
 
-/// A cylinder: a cone of half-angle 0. Reading takes the angle as stored. REQUIRES the record of a
-/// cylinder.
+/// A cylinder: a cone of half-angle 0. The setters of the cone and its `restore` may still give it
+/// another angle: then `extremePts`, `transformRadiusAtRoot` and `save` use it, while `pointPerp`
+/// and `isEquivalent` ignore it.
 class VEXMATH_API mgCylinder_c : public mgCone_c {
 public:
     mgCylinder_c(); ///< at the origin, about z, radius 0.01
     mgCylinder_c(mgPoint_c const &root, mgUnitVector_c const &axis, double radius);
-
-    void setAngle(double) = delete; // always 0
 
     /// The foot of p on the surface, without looking at the ends. For p on the axis: in the
     /// direction of the axis's `anyUnitNormal(0)`. 1 when p is on the axis. foot may be p.

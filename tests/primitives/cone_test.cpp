@@ -54,6 +54,17 @@ TEST(Cylinder, TheFootLiesOnTheSurface) {
     CheckFoot(1, p + 2.0 * axis.anyUnitNormal(0), cylinder, p);
 }
 
+TEST(Cylinder, TheConesSettersAreInherited) {
+    mgCylinder_c cylinder({}, up, 1.0), straight = cylinder;
+    cylinder.setAngle(eighthTurn);
+    EXPECT_EQ(eighthTurn, cylinder.angle());
+    mgPoint_c out[2];
+    cylinder.extremePts({1, 0, 0}, 10.0, out); // the top's radius is that of a cone
+    EXPECT_LT(dist({9, 0, 0}, out[1]), 1e-13);
+    CheckFoot(0, {1, 0, 7}, cylinder, {4, 0, 7}); // the feet remain a cylinder's
+    EXPECT_EQ(1, cylinder.isEquivalent(straight));
+}
+
 void CheckExtremes(mgPoint_c const &low, mgPoint_c const &high, mgCone_c const &cone,
                    mgVector_c const &direction) {
     mgUnitVector_c dir;
