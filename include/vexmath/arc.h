@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// mgArc_c: a circular arc as drawings hold it.
+// mgArc_c: a circular arc by centre, radius and angles.
 
 #ifndef VEXMATH_ARC_H
 #define VEXMATH_ARC_H
@@ -7,28 +7,37 @@
 #include <vexmath/matrix.h>
 
 /// A circular arc: centre, radius, start and end angle about a normal, the two points it was made
-/// from, and, for the caller's use alone, a matrix and a 2D mark.
+/// from, and, for the caller alone, a matrix and a 2D flag.
 ///
 /// Angles are in radians unless a name says degrees, counter-clockwise about the normal. A full
-/// turn is 6.2831853071796 and half of it pi. Angles are stored as given. Where one is brought down
-/// to a turn, a size beyond 1e6 loses its whole turns of either sign first, and an angle that is
-/// not finite gives NaN. Nothing reports an error; `isValid` tells.
+/// turn is 6.2831853071796. Nothing reports an error; `isValid` tells.
+///
+/// Where an angle is said to be reduced, full turns are subtracted while it exceeds one; negative
+/// angles stay negative. An angle beyond 1e6 in absolute value first loses all whole turns, of
+/// either sign. An infinite angle gives NaN.
 class mgArc_c {
 public:
-    mgArc_c() = default; ///< nothing at the origin, about z
-    /// All as given. The points stay (0, 0, 0): `getStartPoint` and `getEndPoint` compute them.
+    /// At the origin about z, with radius and angles 0: not valid.
+    mgArc_c() = default;
+    /// Stores everything as given. The start and end point stay (0, 0, 0): `getStartPoint` and
+    /// `getEndPoint` compute them.
     VEXMATH_API mgArc_c(mgUnitVector_c const &normal, mgPoint_c const &centre, double radius,
                         double start, double end);
-    /// From start counter-clockwise to the direction of end, which need not be on the circle; equal
-    /// directions make a full circle. The start angle is 0, at the start point. With the start
-    /// closer to the centre than 1e-08 both angles are 0.
+    /// From start counter-clockwise about the normal to the direction of end, which need not be on
+    /// the circle. The radius is the distance of start from centre. The start angle is 0, at start.
+    /// The end angle is `iGetAngle(end)`; where that is below 1e-11 it becomes the full circle,
+    /// 6.283185307179586. So an end in the direction of start makes a full circle, and so does one
+    /// that is closer to the centre than 1e-08 or holds NaN. Without a normal the end angle never
+    /// exceeds pi, except for the full circle. When start is closer to the centre than 1e-08, or
+    /// holds NaN, both angles stay 0 and the arc is not valid.
     VEXMATH_API mgArc_c(mgUnitVector_c const &normal, mgPoint_c const &centre,
                         mgPoint_c const &start, mgPoint_c const &end);
 
-    /// 1 when the radius is at least 1e-08 and the angles differ by at least 1e-11.
+    /// 1 when the radius is at least 1e-08 and the angles differ by at least 1e-11 in absolute
+    /// value. 0 for NaN.
     VEXMATH_API int isValid() const;
 
-    // Members as they are.
+    // Members, as stored.
     void getCenter(mgPoint_c &out) const { out = centre_; }
     void getStart(mgPoint_c &out) const { out = start_; }
     void getEnd(mgPoint_c &out) const { out = end_; }
@@ -41,29 +50,38 @@ public:
     mgMatrix_c const &matrix() const { return matrix_; }
     void setMatrix(mgMatrix_c const &matrix) { matrix_ = matrix; }
 
-    /// The point at the start angle, or end angle, of a circle about the centre in its plane of
-    /// constant z, with angles from +x. Neither normal nor matrix is applied: who draws the arc
-    /// places it by the matrix.
+    /// The point at the start angle, or end angle, of the circle about the centre in the plane of
+    /// constant z, with angles counted from +x. Neither the normal nor the matrix is applied, and
+    /// the start and end point stored are not used: the caller places the point by the matrix. The
+    /// angle is reduced, but one of up to 1e-11 beyond a full turn is kept. An angle that is not
+    /// finite gives NaN in x and y.
     VEXMATH_API void getStartPoint(mgPoint_c &out) const;
     VEXMATH_API void getEndPoint(mgPoint_c &out) const;
 
-    /// The angles in degrees, at most 360 up to rounding.
+    /// The angles, reduced, in degrees: at most 360 up to rounding.
     VEXMATH_API double getStartAngleInDegrees() const;
     VEXMATH_API double getEndAngleInDegrees() const;
 
-    /// The angle of p about the normal, from the start point, up to a full turn; 0 for a p closer
-    /// to the centre than 1e-08.
+    /// The angle between the directions from the centre to the start point and to p, counted
+    /// counter-clockwise about the normal, from 0 to a full turn (`mg_AngleBetween`). p need not
+    /// lie in the plane of the arc. Without a normal it is at most pi. 0 when p is closer to the
+    /// centre than 1e-08 or holds NaN, and when the start point is the centre. REQUIRES an arc made
+    /// from points: for another one the start point is (0, 0, 0).
     VEXMATH_API double iGetAngle(mgPoint_c const &p) const;
 
     // The angles of a partial-disk drawing call: from +y, clockwise.
 
-    /// Radians to radians, in [0, 2 pi]: a quarter turn of 1.5707963267949, which is +y, gives a
-    /// full turn and not 0.
+    /// Radians to radians: a full turn minus the angle from +y, where the angle from +y is the
+    /// reduced angle minus 1.5707963267949, raised by full turns until it is 0 or more. The result
+    /// lies in [0, 6.2831853071796]; exactly +y gives the full turn and not 0. An angle that is not
+    /// finite gives NaN.
     VEXMATH_API static double convertToOglAngle(double angle);
-    /// Where the clockwise drawing starts, in degrees: at the arc's end. 0 for an arc whose angles
-    /// are less than 1e-11 apart or less than that from a full turn apart.
+    /// Where the clockwise drawing starts, in degrees: the end angle, converted. 0 when the
+    /// absolute difference of the angles is less than 1e-11, or differs from a full turn by less
+    /// than 1e-11, or is NaN.
     VEXMATH_API double getOglStartAngle() const;
-    /// How far it goes, in degrees; 360 for angles at most 1e-11 apart, or NaN.
+    /// The end angle minus the start angle, in degrees; not reduced, and negative when the end
+    /// comes first. 360 when the absolute difference is at most 1e-11, bound included, or NaN.
     VEXMATH_API double getOglSweepAngle() const;
 
 private:

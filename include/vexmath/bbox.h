@@ -15,50 +15,65 @@
 #endif
 
 /// An axis-aligned box and a bounding sphere, kept side by side so that each can serve as the
-/// cheaper or the tighter bound. A plain value of ten doubles.
+/// cheaper or the tighter bound. A plain, trivially copyable value of ten doubles.
 ///
-/// A box is **set** when its radius is not negative and low <= high on every axis; NaN makes it
-/// unset. It is **valid** when it is set and the sphere agrees with the corners: reaches every
-/// corner coordinate, touches the box, and is no larger than its farthest corner asks for. The
-/// setters of one half alone, and transforms of flat boxes, can leave a set box that is not valid.
+/// A box is **set** when its radius is not negative and low <= high on every axis; a corner or a
+/// radius that holds NaN makes it unset. It is **valid** when it is set and its sphere agrees with
+/// its corners, by the rule of `isValid`. A set box can become invalid by a setter that writes one
+/// half alone, by shrinking past the width of an axis, and by a union with a point that holds NaN
+/// or is so far away that squares overflow.
 ///
-/// Queries of an unset box give the neutral value that each states; unions take an unset or invalid
-/// operand as empty. Where a step can meet NaN, the corner that stands is kept. Nothing reports an
-/// error.
+/// Queries of an unset box give the neutral value that each states. A union treats an unset or
+/// invalid operand as empty. Nothing reports an error, and nothing checks for infinite numbers.
 class mgBBox_c {
 public:
-    /// Unset: high corner (-1, -1, -1), low corner (1, 1, 1), radius -2.
+    /// Unset: high corner (-1, -1, -1), low corner (1, 1, 1), radius -2, sphere centre (0, 0, 0).
     mgBBox_c() = default;
-    /// The cube around a sphere; a negative radius gives an unset box.
+    /// The sphere and the cube around it, with corners centre - r and centre + r. A negative radius
+    /// or NaN in either argument gives an unset box.
     mgBBox_c(mgPoint_c const &centre, double r);
-    /// The box of two opposite corners, in any order, with the sphere through them. A NaN of b
-    /// counts as the coordinate of a; a NaN of a leaves the box unset.
+    /// The box of two opposite corners, in any order, with the sphere through them. A NaN
+    /// coordinate of b counts as that of a; one of a leaves the box unset. An extent beyond
+    /// about 1.3e154 gives an infinite radius.
     mgBBox_c(mgPoint_c const &a, mgPoint_c const &b);
 
     void set(mgPoint_c const &centre, double r); ///< as the constructor
     /// Low corner, then high corner, as they are (not sorted), and the sphere through them.
     /// REQUIRES six readable doubles.
     VEXMATH_API void set(double const *lowHigh);
-    void set(mgPoint_c const &) = delete; // which would pass for an array of six
+    void set(mgPoint_c const &) = delete; // would convert to an array of six
     void set(mgVector_c const &) = delete;
     /// As the constructor. REQUIRES a and b not null.
     VEXMATH_API void set2Points(mgPoint_c const *a, mgPoint_c const *b);
+    /// Writes the sphere as given; the corners stay.
     void setSphereOnly(mgPoint_c const &centre, double r);
-    void setCornersOnly(mgPoint_c const &low, mgPoint_c const &high); ///< not sorted
-    /// Unset by its corners, low (0, 0, 0) and high (0, 0, -2); the sphere stays as it was.
+    /// Writes the corners as given, not sorted; the sphere stays.
+    void setCornersOnly(mgPoint_c const &low, mgPoint_c const &high);
+    /// Unsets the box by its corners, low (0, 0, 0) and high (0, 0, -2). The sphere stays.
     VEXMATH_API void reset();
 
-    /// The model's working range: a cube of radius slightly below 500.
+    /// The cube from -288.6002886002886 to 288.6002886002886 on every axis, with the sphere through
+    /// its corners, of a radius of about 499.87.
     VEXMATH_API static mgBBox_c maxBox();
-    /// The cube from -500 to 500 with the sphere of radius 500 in it.
+    /// The cube from -500 to 500 on every axis, with the sphere of radius 500 inside it.
     VEXMATH_API static mgBBox_c correctedMaxBox();
-    /// The process-wide switch, 0 at first: when it is not 0, a union of boxes gives the cube
-    /// around the merged sphere. Setting returns the previous value. Not locked.
+    /// The process-wide switch, 0 at first. When it is not 0, a union of two boxes replaces the
+    /// corners by the cube around the merged sphere, which can be smaller than the union of the
+    /// corners. It has no effect when this box is unset, when b is not valid, or when b's sphere
+    /// lies within this box's sphere; nor on unions with points. Setting stores the value as given
+    /// and returns the previous one. Not locked.
     VEXMATH_API static int GetUseSphereBoundingBox();
     VEXMATH_API static int SetUseSphereBoundingBox(int useSphere);
 
-    // Queries, with the answer for an unset box behind each.
+    // Queries. The trailing comment gives the result for an unset box.
     int isSet() const;
+    /// 1 when the box is set and its sphere agrees with its corners, all bounds included:
+    /// - On each axis both corners are within radius + tol of the sphere centre. tol is 1e-08 for a
+    ///   radius below 1e6, and ten times more for each decimal digit, up to ten, of the whole part
+    ///   of radius / 1e6. An axis on which the centre is 1e13 tol or more from 0 is not tested.
+    /// - The squared distance from the centre to the box is at most radius^2 * 1.00000001 + 1e-08.
+    /// - The squared distance to the farthest corner is at least radius^2 * 0.99999999 - 1e-08.
+    /// NaN in the centre gives 0.
     VEXMATH_API int isValid() const;           ///< 0
     mgPoint_c low() const;                     ///< (0, 0, 0)
     mgPoint_c high() const;                    ///< (0, 0, 0)
@@ -70,101 +85,157 @@ public:
     double height() const;                     ///< along z; 0
     VEXMATH_API double diagonalLength() const; ///< 0
     VEXMATH_API double maxDimension() const;   ///< 0
-    // QUIRK: -1 here where all its siblings give 0; a reader would expect 0. Callers that look for
-    // the thinnest of several boxes skip negative answers. (test: AnUnsetBoxAnswersNeutrally)
-    VEXMATH_API double minDimension() const; ///< -1
-    /// The point of the box nearest to p. Of an unset box: (0, 0, 0).
+    // QUIRK: bbox.h, mgBBox_c::minDimension: an unset box gives -1, where its siblings give 0.
+    // Expected: 0. Kept: callers and stored data depend on it. (test: AnUnsetBoxAnswersNeutrally)
+    VEXMATH_API double minDimension() const; ///< -1, not 0
+    /// The point of the box nearest to p. A NaN coordinate of p gives the low one. Of an unset box:
+    /// (0, 0, 0).
     VEXMATH_API mgPoint_c pointPerp(mgPoint_c const &p) const;
 
-    /// Centres and corners equal as points, radii within 1e-08, strictly.
+    /// True when the sphere centres and the corners differ by strictly less than 1e-08 in every
+    /// coordinate, and the radii too. Unset boxes are compared by the same members. NaN equals
+    /// nothing.
     VEXMATH_API bool operator==(mgBBox_c const &b) const;
-    /// The same within tol, strictly; a negative tol means 1e-08, 0 stays 0.
+    /// 1 when all of these differ by strictly less than tol. A negative tol means 1e-08; 0 stays 0
+    /// and gives 0, as NaN does.
     VEXMATH_API int isSame(mgBBox_c const &b, double tol) const;
 
-    VEXMATH_API void translate(mgVector_c const &v); ///< unset boxes too; they stay unset
-    mgBBox_c &operator+=(mgVector_c const &v);       ///< as translate
-    /// Grows by d on every side, or shrinks. A radius that becomes negative unsets the box. An
-    /// unset box is grown alike: the default one (radius -2) becomes set by 2 or more, but not
-    /// valid, and one unset by its corners alone becomes set where the step closes the gap, or by
-    /// any shrinking that leaves the radius.
+    /// Moves corners and sphere. An unset box moves too, and stays unset up to rounding.
+    VEXMATH_API void translate(mgVector_c const &v);
+    mgBBox_c &operator+=(mgVector_c const &v); ///< as translate
+    /// Adds d to the radius and moves every face outwards by d; a negative d shrinks. A radius that
+    /// becomes negative or NaN unsets the box: corners and radius become those of a default box,
+    /// and the sphere centre stays. Where shrinking carries low past high, both become their
+    /// middle. A shrunk box whose sphere exceeds its farthest corner gets the sphere through its
+    /// corners.
+    ///
+    /// An unset box grows by the same rule. The default box (radius -2) becomes set by a d of 2 or
+    /// more, but its sphere does not reach its corners, so that it is normally not valid. A box
+    /// that is unset by its corners alone becomes set where the step closes the gap, or by any
+    /// shrinking that leaves the radius.
     VEXMATH_API mgBBox_c &operator+=(double d);
-    /// Scales corners and sphere about the middle of the corners, an unset box about (0, 0, 0); s
-    /// is not checked.
+    /// Scales corners and sphere about the middle of the corners, or about (0, 0, 0) if the box is
+    /// unset. s is not checked. A negative s exchanges low and high and the sign of the radius: a
+    /// set box other than a point becomes unset, and the default box becomes set. NaN unsets.
     VEXMATH_API mgBBox_c &operator*=(double s);
-    /// Encloses the image of the box, ignoring perspective: exact for axis-aligned rotations, wider
-    /// otherwise, but never beyond the cube around the transformed sphere. A box that is unset by
-    /// its radius stays so; one unset by its corners alone may become set.
+    /// Encloses the image of the box. The result is tight for rotations by quarter turns about the
+    /// axes and wider for others, but never exceeds the cube around the transformed sphere. x acts
+    /// as its copy would (see the copy rules of `mgXform_c`), without its perspective record.
+    ///
+    /// A box that is unset by its radius stays unset; one unset by its corners alone may become
+    /// set. A flat box that only touches its sphere may become unset by rounding.
     VEXMATH_API mgBBox_c &operator*=(mgXform_c const &x);
-    /// Encloses p as well. An unset or invalid box becomes the point.
+    /// Encloses p as well. A box that is not valid becomes the point: corners and centre p, radius
+    /// 0; or unset if p holds NaN.
+    ///
+    /// If p holds NaN, the corners on that axis stay, the other coordinates still widen the
+    /// corners, and the sphere stays. The box can then be invalid, so that the next point replaces
+    /// it whole. The same happens after a point whose squared distance from the sphere centre
+    /// overflows (farther than about 1.3e154): the corners widen, the radius becomes infinite and
+    /// the centre NaN.
     mgBBox_c &operator|=(mgPoint_c const &p);
-    /// Encloses b as well, unless b is not valid. An unset box becomes b; one that is set but not
-    /// valid enters as it is.
+    /// Encloses b as well, unless b is not valid. An unset box becomes b. This box need only be
+    /// set: when it is not valid, its corners and its sphere are merged as they are. b may be this
+    /// box.
     VEXMATH_API mgBBox_c &operator|=(mgBBox_c const &b);
-    /// The common part of the corners with a new sphere through them. Unset when a gap of 1e-08 or
-    /// more lies between them on an axis; a narrower gap becomes a box as wide as the gap.
+    /// The common part of the corners, with a new sphere through them; the old spheres are ignored.
+    /// Becomes the default box when either box is unset or when a gap of 1e-08 or more lies between
+    /// them on an axis. A narrower gap becomes a box as wide as the gap. b may be this box.
     VEXMATH_API mgBBox_c &operator&=(mgBBox_c const &b);
 
-    // Interference. Every test is 0 for an unset box unless it says that it does not look.
+    // Interference. Every test gives 0 for an unset box, unless its comment says that it does not
+    // test the set state.
 
-    /// Does the plane meet the box: is a corner strictly nearer to it than tol, or do corners lie
-    /// on both sides? A tol below 1e-08, or of NaN, counts as 1e-08.
+    /// Does the plane meet the box: is a corner strictly nearer to it than tol, on either side, or
+    /// do corners lie on both sides? A tol below 1e-08 counts as 1e-08, and so does NaN. 1 for a
+    /// plane without a normal; 0 for a plane that holds NaN.
     VEXMATH_API int clash(mgPlane_c const &plane, double tol) const;
-    /// Do the boxes clash? tol widens the gap that is bridged between corners and spheres, and
-    /// again the squared radii as a factor (1 + tol). Boxes that share a single corner do not
-    /// clash; boxes that share a face do. REQUIRES b not null.
+    /// Do the boxes clash? They do when all of this holds:
+    /// - The sphere centres are no farther apart than the radii and tol together.
+    /// - The gap between the corners is at most tol on every axis.
+    /// - The common part is not a single point that is a corner of both boxes, whatever tol is.
+    ///   Both are judged within 1e-08 per coordinate, strictly.
+    /// - Both spheres reach the common part (the middle of a gap), with a squared radius of
+    ///   radius^2 * (1 + tol): a factor, not a length.
+    ///
+    /// Boxes that share a face or an edge clash. Boxes that share a single corner do not, and a box
+    /// that is a point does not clash with itself. tol is used as it is: a negative one asks for an
+    /// overlap of that depth; with NaN all set boxes clash but those that share a single corner.
+    /// REQUIRES b not null. b may be this box.
     VEXMATH_API int clash(mgBBox_c const *b, double tol) const;
-    /// Do box a placed by xa and box b placed by xb clash? Each is carried into the frame of the
-    /// other and both tests must agree, which removes most false alarms of turned boxes. The
-    /// spheres must overlap by 1e-08, and b's radius enters unscaled: REQUIRES placements of one
-    /// scale.
+    /// Do box a placed by xa and box b placed by xb clash? Each is transformed into the frame of
+    /// the other, and the test above with tol 1e-08 must succeed in both frames. This removes most
+    /// false alarms of rotated boxes. In a's frame the spheres must overlap by at least 1e-08;
+    /// there b's radius is not scaled. REQUIRES placements of the same scale, without perspective
+    /// records.
     VEXMATH_API static int clash(mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b,
                                  mgXform_c const &xb);
     /// 1 when b, scaled by (1 - tol) about its middle, lies strictly inside this box, and the
-    /// spheres are no farther apart than their radii and tol. 0 for null.
+    /// sphere centres are no farther apart than the radii and tol together. So tol is relative to
+    /// b's size: with 0 a box does not contain itself. A negative tol enlarges b. A tol above 1
+    /// scales b by a negative factor, and overlapping is then enough. 0 for null and for a tol of
+    /// NaN. b may be this box.
     VEXMATH_API int containsBBox(mgBBox_c const *b, double tol) const;
-    /// 1 when p lies in the box grown by tol, bound included. Does not look at the set state: the
-    /// corners of an unset box decide too. A coordinate of NaN, of p or of a corner, excludes
+    /// 1 when p lies in the box grown by tol, bound included; a negative tol shrinks the box. Does
+    /// not test the set state: the corners of an unset box decide too, and a default box contains
+    /// (0, 0, 0) for a tol of 1 or more. A coordinate of NaN, of p or of a corner, excludes
     /// nothing, nor does a tol of NaN.
     VEXMATH_API int containsPoint(mgPoint_c const &p, double tol) const;
-    /// The same without looking along one axis, 0, 1 or 2 for x, y, z; any other number ignores
-    /// none.
+    /// The same, ignoring one axis: 0, 1 or 2 for x, y, z. Any other number ignores none.
     VEXMATH_API int containsPoint(mgPoint_c const &p, double tol, int ignoredAxis) const;
-    /// Does the segment meet the box? Its own box must clash with this one within 1e-08, or within
-    /// tol, and its line must meet the sphere, whose squared radius tol widens. The faces are not
-    /// asked. REQUIRES a and b not null.
+    /// Does the segment ab meet the box? 1 when the box of a and b clashes with this one within
+    /// tol, by the rules of `clash`, and the whole line meets the sphere as in `sphereHitByRay2`
+    /// with tol. The faces are not tested: a segment that passes near an edge succeeds too. One
+    /// whose box shares a single corner with this box fails. Without tol: 1e-08 for the clash, 0
+    /// for the sphere.
+    ///
+    /// When a and b are closer than about 3.2e-09 the clash alone decides. A NaN coordinate of a
+    /// gives 0. One of b counts as a's for the clash, and the sphere test succeeds. REQUIRES a and
+    /// b not null.
     VEXMATH_API int clashLine(mgPoint_c const *a, mgPoint_c const *b) const;
     VEXMATH_API int clashLine(mgPoint_c const *a, mgPoint_c const *b, double tol) const;
 
-    // Lines through p along dir, which is used as it is. Without a direction the sphere counts as
-    // met, wherever it is, and no face does.
+    // Lines through p along dir. dir is used as it is: it should have unit length or be zero. If
+    // dir is zero, the sphere tests always succeed and the face tests always fail. If p holds NaN,
+    // all of them fail.
 
-    /// Does the line, on either side of p, meet the bounding sphere? |distance|^2 <= radius^2 +
+    /// Does the line, on either side of p, meet the bounding sphere? distance^2 <= radius^2 +
     /// 2e-08. An unset box counts as the point (0, 0, 0).
     int sphereHitByRay(mgPoint_c const &p, mgUnitVector_c const &dir) const;
-    /// The same with tol added to the squared radius.
+    /// The same with tol added to the squared radius, not to the radius.
     int sphereHitByRay2(mgPoint_c const &p, mgUnitVector_c const &dir, double tol) const;
-    /// Does the line, on either side of p, meet the sphere and pass through the inside of a face? A
-    /// line along a face, or through edges alone, does not.
+    /// Does the line, on either side of p, meet the sphere (as in `sphereHitByRay`) and pass
+    /// strictly through the inside of a face? A line along a face, or through edges alone, does
+    /// not. A face pair is skipped when |dir| across it is below 1e-08. 0 for an unset box.
     int isRayHit(mgPoint_c const &p, mgUnitVector_c const &dir) const;
-    /// The nearest point in front of p where the ray passes through a face, widened by 1e-08: the
-    /// entry, or the exit when p is inside. 0 and *hit as it was when there is none within 1e32, or
-    /// none farther from p than 1e-08. Does not look at the set state. hit may be &p.
+    /// The nearest point in front of p where the ray crosses a face, with faces that are widened by
+    /// 1e-08 per axis, bound included: the entry, or the exit when p is inside. A crossing that
+    /// differs from p by less than 1e-08 in every coordinate is skipped, so that the exit is found
+    /// from a p on the entry face. A crossing is in front of p when the cosine between dir and the
+    /// way to it is above 0.99999999. A face is not crossed when |dir| across it is below 1e-08.
+    ///
+    /// 0 and *hit unchanged when there is no crossing, or none nearer than 1e32. Does not test the
+    /// set state. hit may be &p. REQUIRES hit not null.
     VEXMATH_API int getFirstRayHit(mgPoint_c const &p, mgUnitVector_c const &dir,
                                    mgPoint_c *hit) const;
-    /// The range of the corners along the line: the least and the largest parameter, distances from
-    /// p for a unit dir. Does not look at the set state.
+    /// The least and the largest parameter (corner - p) . dir of the eight corners: distances from
+    /// p for a unit dir, negative behind p. Does not test the set state. REQUIRES tmin and tmax not
+    /// null.
     VEXMATH_API void limitRay(mgPoint_c const &p, mgUnitVector_c const &dir, double *tmin,
                               double *tmax) const;
 
-    /// Text form: the corners, low first, as six numbers with 16 digits, separated by spaces; zeros
-    /// for an unset box. Follows the process's numeric locale.
+    /// Text form: low corner, then high corner, as six numbers with 16 significant digits,
+    /// separated by spaces; the last bit of a number may get lost. Zeros for an unset box. Written
+    /// and read by the process's numeric locale.
     VEXMATH_API void saveStringRep(CString &s) const;
-    /// Reads six numbers back as two opposite corners and returns 1; 0 and no change otherwise.
+    /// Reads six numbers back as two opposite corners, as the constructor does, and returns 1. What
+    /// follows the sixth number is ignored: under a locale with a decimal point, a comma in that
+    /// number silently ends it. 0 and no change when fewer than six numbers can be read.
     VEXMATH_API int restoreStringRep(CString const &s);
-    VEXMATH_API void dump() const; ///< formats the text form and drops it
+    VEXMATH_API void dump() const; ///< formats the text form and drops it: no visible effect
 
-    /// Archive record: sphere centre, high corner, low corner, radius, ten doubles, not checked. A
-    /// failing read leaves the box as it was.
+    /// Archive record: sphere centre, high corner, low corner, radius: ten doubles, as they are,
+    /// not checked on reading. A failing read leaves the box as it was.
     VEXMATH_API void save(su_CArchive &ar) const;
     VEXMATH_API void restore(su_CArchive &ar);
 
@@ -192,8 +263,8 @@ private:
 
 namespace vexmath::detail {
 
-/// What a sphere's squared radius may exceed the farthest corner by: a factor, then an absolute
-/// slack, which the test of the nearest point shares.
+/// By what a sphere's squared radius may exceed the squared distance of the farthest corner: a
+/// factor, then an absolute slack, which the test of the nearest point shares.
 inline constexpr double kFarthestFactor = 0.99999999;
 inline constexpr double kSquaredSlack = 1e-08;
 
@@ -201,8 +272,8 @@ inline double larger(double a, double b) { return a < b ? b : a; }
 
 #if defined(__x86_64__) || defined(_M_X64)
 
-/// A vector whose x and y share a register: what is done to it takes two instructions in place of
-/// three, and the bits are those of `mgVector_c`.
+/// A vector whose x and y share a register: an operation takes two instructions instead of three,
+/// and gives the bits of `mgVector_c`.
 struct Packed {
     explicit Packed(double const *xyz) : firstTwo(_mm_loadu_pd(xyz)), last(xyz[2]) {}
     Packed(__m128d xy, double z) : firstTwo(xy), last(z) {}
@@ -235,7 +306,7 @@ inline bool between(Packed const &low, Packed const &p, Packed const &high) {
            && _mm_movemask_pd(_mm_and_pd(notBelow, notAbove)) == 0b11;
 }
 
-#else // the same one by one
+#else // the same, one coordinate at a time
 
 using Packed = mgVector_c;
 
@@ -302,8 +373,9 @@ inline int mgBBox_c::sphereHitByRay2(mgPoint_c const &p, mgUnitVector_c const &d
     /// What is added to the squared radius on top of tol; bound included.
     constexpr double kSlackSq = 2e-08;
     double const r = sphRadius();
-    // QUIRK: the tolerance is added to the squared radius, where a reader would expect it to be
-    // added to the radius. Callers pass squares. (test: SphereToleranceIsAddedToTheSquaredRadius)
+    // QUIRK: bbox.h, mgBBox_c::sphereHitByRay2, mgBBox_c::clashLine: the tolerance is added to the
+    // squared radius. Expected: added to the radius. Kept: callers and stored data depend on it.
+    // (test: SphereToleranceIsAddedToTheSquaredRadius)
     return ((sphCenter() - p) * dir).sqlen() <= r * r + tol + kSlackSq;
 }
 
@@ -323,23 +395,25 @@ inline bool mgBBox_c::isFacePairHit(mgPoint_c const &p, mgUnitVector_c const &di
 }
 
 inline int mgBBox_c::isRayHit(mgPoint_c const &p, mgUnitVector_c const &dir) const {
-    // QUIRK: the whole line counts, where a reader would expect a ray to begin at p. Picking casts
-    // from inside the model and sorts by depth. (test: ALineHitsBehindItsPointToo)
+    // QUIRK: bbox.h, mgBBox_c::isRayHit: faces behind p are hit too, as the whole line is tested.
+    // Expected: a ray that begins at p. Kept: callers and stored data depend on it.
+    // (test: ALineHitsBehindItsPointToo)
     return isSet() && sphereHitByRay(p, dir)
            && (isFacePairHit(p, dir, 2, 0, 1) || isFacePairHit(p, dir, 0, 1, 2)
                || isFacePairHit(p, dir, 1, 2, 0));
 }
 
-/// Is this box valid and the union with p the box itself? Says so by comparisons and two sums of
-/// squares, and only where the rule of `unite` comes to the same, to the bit:
-/// - A point between the corners and in the sphere proves that the corners are in order and that
-///   the sphere touches the box. It keeps NaN out, too.
-/// - That no corner coordinate is farther than the radius, and that the farthest corner asks for
-///   the radius, are the rule's own tests without their tolerance. One of them is left to ask: a
-///   farthest corner on the sphere or beyond asks for it, and one inside it has no coordinate
+/// Fast path of the union: true only if the box is valid and already encloses p, so that `unite`
+/// would change nothing, not a bit. False means "not proven". Comparisons and two sums of squares:
+/// - A point between the corners and in the sphere proves that low <= high and that the sphere
+///   touches the box. These comparisons also refuse NaN.
+/// - The tests of `isValid` that no corner coordinate is farther than the radius, and that the
+///   farthest corner needs the radius, are done without their tolerance. One of the two remains: a
+///   farthest corner on the sphere or outside needs the radius; one inside has no coordinate
 ///   farther than the radius, whose sign the square hides.
-/// - A distance whose square is strictly smaller than the radius' is not larger than the radius,
-///   also where squares underflow, and where the radius' square overflows.
+/// - If the square of a distance is strictly smaller than the square of the radius, the distance is
+///   not larger than the radius. This holds also where squares underflow, and where the square of
+///   the radius overflows.
 inline bool mgBBox_c::plainlyEncloses(mgPoint_c const &p) const {
     using vexmath::detail::larger;
     using vexmath::detail::Packed;

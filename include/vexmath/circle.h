@@ -7,7 +7,7 @@
 #include <vexmath/xform.h>
 
 /// A circle: centre, radius and the normal of its plane. A plain, trivially copyable value of 56
-/// bytes; nothing is checked.
+/// bytes. Construction stores everything as given and checks nothing.
 class mgCircle_c {
 public:
     mgCircle_c(mgPoint_c const &centre, double radius, mgUnitVector_c const &normal);
@@ -16,11 +16,13 @@ public:
     double radius() const { return radius_; }
     mgUnitVector_c const &normal() const { return normal_; }
 
-    /// The centre moved as a point, the radius scaled, the normal turned.
+    /// Transforms the centre as a point, perspective included, multiplies the radius by the scale,
+    /// and rotates the normal.
     mgCircle_c &operator*=(mgXform_c const &x);
 
-    /// 1 when the radii differ by strictly less than 1e-08, the centres too in every coordinate,
-    /// and the normals by strictly less than 1e-12, sign included.
+    /// 1 when the radii differ by strictly less than 1e-08, the centres by strictly less than 1e-08
+    /// in every coordinate, and the normals by strictly less than 1e-12 in every component, sign
+    /// included. 0 for NaN.
     int isEquivalent(mgCircle_c const &other) const;
 
 private:

@@ -11,26 +11,36 @@
 
 /// A cone: a root point on its axis, the axis, the radius at the root, and the half-angle in
 /// radians. A positive angle narrows the cone along the axis: the radius at a height h above the
-/// root is |radius - tan(angle) h|. Nothing is checked.
+/// root is |radius - tan(angle) h|. The axis REQUIRES unit length or zero. Nothing is checked;
+/// where NaN takes part, the points hold NaN and the results are 0.
 ///
-/// The class has two virtual operations and, on purpose, no virtual destructor: destroy a derived
-/// object as what it is.
+/// The class has two virtual operations and, on purpose, no virtual destructor: destroy an object
+/// of a derived class as what it is.
 class VEXMATH_API mgCone_c {
 public:
-    /// Recognisably unset: at the origin, about z, radius and angle -2.
+    /// Unset: root at the origin, axis z, radius and angle -2.
     mgCone_c() = default;
+    /// Stores everything as given.
     mgCone_c(mgPoint_c const &root, mgUnitVector_c const &axis, double radius, double angle);
 
-    /// Not the foot on the surface, whatever the name says: the foot of the root on the line that
-    /// runs from p towards the axis, leaning forward along it by the half-angle. 1 when it lies
-    /// ahead of the root by more than 1e-08, strictly. For p on the axis: p's foot there, and 1
-    /// when that is the root. foot may be p. REQUIRES foot not null.
+    /// Despite its name not the foot of p on the surface: *foot becomes the foot of the root on the
+    /// line from p towards the axis that leans forward along it by the half-angle. 1 when that foot
+    /// lies ahead of the root along the axis by strictly more than 1e-08, else 0.
+    ///
+    /// When p is on the axis (within 1e-08 in every coordinate, strictly): *foot becomes p's foot
+    /// on the axis, and the result is 1 when that equals the root within the same bound. foot may
+    /// be p. REQUIRES foot not null.
     virtual int pointPerp(mgPoint_c const &p, mgPoint_c *foot) const;
-    /// The lowest and the highest point along dir of the piece from the root to a height above it.
-    /// Along the axis, either way: the root and the top's centre. Where dir looks forward along the
-    /// axis, its cosine 1e-06 or more: points of the two rims. Otherwise, and so wherever it looks
-    /// back: the root less and plus the larger of the two radii along dir. REQUIRES room for two
-    /// points.
+    /// The lowest and the highest point along dir of the piece between the root and a height above
+    /// it, as out[0] and out[1]. dir is used as it is and should have unit length.
+    /// - dir parallel or opposite to the axis (`mgVector_c::isParallelTo`, to about 0.008 degrees):
+    ///   the root, then the centre of the top, in this order for both senses.
+    /// - dir forward along the axis, with a cosine of 1e-06 or more: the lowest and the highest of
+    ///   the four rim points in the plane of dir and the axis.
+    /// - Otherwise, which includes every backward dir and a null dir or axis: root - m * dir, then
+    ///   root + m * dir, with m the larger of the two radii. The height of the top is ignored.
+    ///
+    /// REQUIRES room for two points.
     virtual void extremePts(mgUnitVector_c const &dir, double height, mgPoint_c *out) const;
 
     mgPoint_c const &rootPoint() const { return root_; }
@@ -42,18 +52,20 @@ public:
     void setRadius(double radius) { radius_ = radius; }
     void setAngle(double angle) { angle_ = angle; }
 
-    /// The root moved as a point, the axis turned; the radius scaled when it is above 0, so that an
-    /// unset one stays unset.
+    /// Transforms the root as a point, perspective included, and rotates the axis. The radius is
+    /// multiplied by the scale only when it is above 0, so that an unset one stays unset. The angle
+    /// stays.
     mgCone_c &operator*=(mgXform_c const &x);
 
     /// The foot of p on the axis.
     mgPoint_c projectPointOnAxis(mgPoint_c const &p) const;
-    /// From a radius at p's height the radius at the root, r - tan(angle) h: that of a cone which
-    /// widens along its axis.
+    /// The radius at the root, from a radius r at p's height h along the axis: r - tan(angle) h.
+    /// The sign is that of a cone which widens along its axis for a positive angle, unlike the rule
+    /// of the class.
     double transformRadiusAtRoot(mgPoint_c const &p, double r) const;
 
-    /// Archive record: root, axis, radius, angle, eight doubles. The axis is not normalised on
-    /// reading. A failing read leaves the cone as it was.
+    /// Archive record: root, axis, radius, angle: eight doubles. Reading does not normalise the
+    /// axis. A failing read leaves the cone as it was.
     void save(su_CArchive &ar) const;
     void restore(su_CArchive &ar);
 
@@ -71,16 +83,19 @@ private:
 /// and `isEquivalent` ignore it.
 class VEXMATH_API mgCylinder_c : public mgCone_c {
 public:
-    mgCylinder_c(); ///< at the origin, about z, radius 0.01
+    mgCylinder_c(); ///< root at the origin, axis z, radius 0.01
+    /// Stores everything as given.
     mgCylinder_c(mgPoint_c const &root, mgUnitVector_c const &axis, double radius);
 
-    /// The foot of p on the surface, without looking at the ends. For p on the axis: in the
-    /// direction of the axis's `anyUnitNormal(0)`. 1 when p is on the axis. foot may be p.
-    /// REQUIRES foot not null.
+    /// *foot becomes the foot of p on the surface, which is taken as infinitely long. 1 when p is
+    /// on the axis (within 1e-08 in every coordinate, strictly), else 0. For such a p the foot lies
+    /// in the direction of the axis's `anyUnitNormal(0)`. A negative radius gives the point on the
+    /// far side. foot may be p. REQUIRES foot not null.
     int pointPerp(mgPoint_c const &p, mgPoint_c *foot) const override;
 
-    /// 1 when the axes agree within 1e-12, sign included, other's root is on this axis, and the
-    /// radii are above 0 and differ by less than 1e-08. All strict.
+    /// 1 when the axes differ by strictly less than 1e-12 in every component, sign included,
+    /// other's root is on this axis (`mgLine_c::isPointOn`), and the radii are both above 0 and
+    /// differ by strictly less than 1e-08. 0 for NaN.
     int isEquivalent(mgCylinder_c const &other) const;
 };
 

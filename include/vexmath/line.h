@@ -10,15 +10,15 @@
 
 namespace vexmath::detail {
 
-/// A root point and a unit vector, in this order: all that lines and planes have in common, so that
-/// it is written once. Nothing checks that the unit vector has unit length.
+/// A root point and a unit vector, in this order: what lines and planes have in common. Nothing
+/// checks that the unit vector has unit length.
 class RootedDirection {
 public:
     mgPoint_c const &rootPoint() const { return root_; }
     void setRootPoint(mgPoint_c const &root) { root_ = root; }
 
-    /// Archive record: root point, then unit vector, six doubles. The unit vector is not normalised
-    /// on reading. A failing read leaves the object as it was.
+    /// Archive record: root point, then unit vector: six doubles. Reading does not normalise the
+    /// unit vector. A failing read leaves the object as it was.
     VEXMATH_API void save(su_CArchive &ar) const;
     VEXMATH_API void restore(su_CArchive &ar);
 
@@ -34,36 +34,43 @@ protected:
 
 } // namespace vexmath::detail
 
-/// An infinite line, as a root point on it and its direction: a plain, trivially copyable value of
-/// 48 bytes. A zero direction makes it the point itself, without being detected. Opposite
-/// directions count as different lines wherever lines are compared.
+/// An infinite line: a root point on it and its direction. A plain, trivially copyable value of 48
+/// bytes. The direction is used as it is, and REQUIRES unit length or zero. A zero direction is not
+/// detected: the line is then its root point alone. Nothing checks for NaN: a point or line that
+/// holds NaN is on no line and equivalent to none, and gives NaN distances, parameters and feet.
 class mgLine_c : public vexmath::detail::RootedDirection {
 public:
-    mgLine_c() = default; ///< the origin, without a direction
+    mgLine_c() = default; ///< root at the origin, zero direction
     mgLine_c(mgPoint_c const &root, mgUnitVector_c const &direction);
 
     mgUnitVector_c const &direction() const { return unit_; }
     void setDirection(mgUnitVector_c const &direction) { unit_ = direction; }
 
-    /// The root moved as a point, the direction turned as a unit vector.
+    /// Transforms the root as a point, perspective included, and rotates the direction.
     mgLine_c &operator*=(mgXform_c const &x);
 
-    /// The parameter of p's foot on the line, its signed distance from the root; the foot on
-    /// request. foot may be p.
+    /// Returns the parameter of p's foot on the line: its signed distance from the root along the
+    /// direction. *foot becomes the foot unless foot is null. foot may be p.
     double pointPerpParam(mgPoint_c const &p, mgPoint_c *foot) const;
-    /// The foot of p. 1 when p is on the line: equal, as points are, to its foot. foot may be p.
-    /// REQUIRES foot not null.
+    /// *foot becomes the foot of p on the line. 1 when p is on the line: when it differs from its
+    /// foot by strictly less than 1e-08 in every coordinate; else 0. foot may be p. REQUIRES foot
+    /// not null.
     int pointPerp(mgPoint_c const &p, mgPoint_c *foot) const;
-    /// 1 when p differs from its foot by less than 1e-08 in every coordinate.
+    /// 1 when p is on the line, as above. Only rounding can make the two differ.
     int isPointOn(mgPoint_c const &p) const;
-    /// 1 when the directions agree within 1e-12, sign included, and other's root is on this line.
+    /// 1 when the directions differ by strictly less than 1e-12 in every component, sign included,
+    /// and other's root is on this line, as above. Lines of opposite directions are not equivalent.
     VEXMATH_API int isEquivalent(mgLine_c const &other) const;
 
-    /// Distance to another line, with the parameters of the nearest points, here and there, on
-    /// request. Of parallel lines: the distance of other's root, its foot's parameter, and 0.
+    /// Distance to another line. *t1 becomes the parameter of the nearest point on this line, *t2
+    /// of the one on other; each may be null. For parallel lines, in either sense
+    /// (`mgVector_c::isParallelTo`, to about 0.008 degrees): the distance of other's root from this
+    /// line, the parameter of its foot, and 0. A zero direction is not parallel: the distance is
+    /// then that of its root, with the parameter 0.
     VEXMATH_API double distToLine(mgLine_c const &other, double *t1, double *t2) const;
-    /// Writes the foot of p and returns 1 when p is on the line or strictly nearer to it than tol;
-    /// otherwise 0 and *out as it was. out may be p.
+    /// Writes the foot of p and returns 1 when p is on the line (as in `pointPerp`, whatever tol
+    /// is) or its distance is strictly less than |tol|. Otherwise 0, and *out unchanged. A tol of
+    /// NaN counts as 0. out may be p. REQUIRES out not null.
     VEXMATH_API int snapPointToLine(mgPoint_c const &p, mgPoint_c *out, double tol) const;
 };
 

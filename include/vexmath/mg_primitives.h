@@ -7,22 +7,26 @@
 #include <vexmath/export.h>
 #include <vexmath/forward.h>
 
-/// The line common to two planes: a point on it and its direction, a's normal x b's, each on
-/// request. Returns 0, writing nothing, when the normals are equal or opposite within 1e-08 per
-/// component, else 1.
+/// The line common to two planes. Returns 0 and writes nothing when the normals are equal or
+/// opposite: when every component differs by strictly less than 1e-08. Otherwise returns 1; *dir
+/// becomes a's normal x b's normal, normalised, and *point the foot of b's root on the line. Each
+/// may be null. REQUIRES two planes with a normal: with one zero normal the result is 1 and *dir is
+/// zero. NaN gives 1 and outputs without meaning.
 VEXMATH_API int interLine(mgPlane_c const &a, mgPlane_c const &b, mgPoint_c *point,
                           mgUnitVector_c *dir);
 
-/// The foot of p on the line through a along v, which may have any length; p itself when p is on
-/// the line or v is null: when v x (p - a) x v is null, so also for a p so near the line that its
-/// distance times the square of v's length is below 1e-08.
+/// The foot of p on the line through a along v, which may have any length. Returns p unchanged when
+/// every component of (v x (p - a)) x v is below 1e-08 in absolute value: when v is short, and when
+/// p is so near the line that its distance times the squared length of v is about as small. p
+/// unchanged also where the square of that vector overflows (beyond about 1.3e154). NaN gives NaN.
 VEXMATH_API mgPoint_c s_projPointOnLine(mgPoint_c p, mgPoint_c a, mgVector_c v);
 
 /// Barycentric coordinates of the point p = (x, y) in the triangle of three points (x, y): weights
-/// of the corners that sum to 1, negative outside. tol bounds, relatively and strictly, the squared
-/// sine of the angle at tri[0]: below it, or when the corners are collinear to the last bit,
-/// degenerate becomes 1 and the coordinates -1; otherwise degenerate becomes 0. out may alias the
-/// inputs. REQUIRES two doubles in p, three pairs in tri, room for three doubles in out.
+/// of the corners that sum to 1; p is outside when one is negative. When the squared sine of the
+/// angle at tri[0] is strictly less than tol, or the corners are collinear to the last bit,
+/// degenerate becomes 1 and all weights -1. Otherwise degenerate becomes 0. With a tol of 0, a
+/// negative one or NaN only the second test remains. NaN coordinates give NaN and 0. out may alias
+/// the inputs. REQUIRES two doubles in p, three pairs in tri, room for three doubles in out.
 VEXMATH_API void getBaricentricCoordinates(double tol, double const *p, double const (*tri)[2],
                                            double *out, int &degenerate);
 

@@ -7,44 +7,52 @@
 #include <vexmath/intersection_types.h>
 #include <vexmath/line.h>
 
-/// An infinite plane, as a root point in it and its normal, stored as a line is: a plain, trivially
-/// copyable value of 48 bytes. The positive side is the one that the normal points to. A zero
-/// normal is not detected: every point lies in such a plane.
+/// An infinite plane: a root point in it and its normal, stored like a line. A plain, trivially
+/// copyable value of 48 bytes. The normal is used as it is, and REQUIRES unit length or zero. The
+/// positive side is the one that the normal points to. A zero normal is not detected: every point
+/// lies in such a plane, at distance 0. Nothing checks for NaN: what holds NaN is on no plane.
 class mgPlane_c : public vexmath::detail::RootedDirection {
 public:
-    mgPlane_c() = default; ///< through the origin, without a normal
+    mgPlane_c() = default; ///< root at the origin, zero normal
     mgPlane_c(mgPoint_c const &root, mgUnitVector_c const &normal);
 
     mgUnitVector_c const &normal() const { return unit_; }
     void setNormal(mgUnitVector_c const &normal) { unit_ = normal; }
 
-    /// The root moved as a point, the normal turned as a unit vector.
+    /// Transforms the root as a point, perspective included, and rotates the normal.
     mgPlane_c &operator*=(mgXform_c const &x);
 
-    /// The foot of p; always 1. foot may be p. REQUIRES foot not null.
+    /// *foot becomes the foot of p in the plane. Always 1. foot may be p. REQUIRES foot not null.
     int pointPerp(mgPoint_c const &p, mgPoint_c *foot) const;
-    /// 1 when p is strictly nearer to the plane than tol. A negative tol means 1e-08; 0 stays 0,
-    /// and then no point is on the plane.
+    /// 1 when the distance of p, on either side, is strictly less than tol. A negative tol means
+    /// 1e-08. 0 stays 0, and then no point is on the plane; the same for NaN.
     int isPointOn(mgPoint_c const &p, double tol) const;
-    /// 1 when the normals are parallel, in either orientation, and other's root is within 1e-08.
+    /// 1 when the normals are parallel or opposite (`mgVector_c::isParallelTo`, to about 0.008
+    /// degrees; a zero normal never is) and the distance of other's root from this plane is
+    /// strictly less than 1e-08.
     VEXMATH_API int isCoincidentWith(mgPlane_c const &other) const;
-    /// 1 when the normals agree within 1e-12, sign included, and other's root is within 1e-08.
+    /// 1 when the normals differ by strictly less than 1e-12 in every component, sign included, and
+    /// the distance of other's root from this plane is strictly less than 1e-08.
     VEXMATH_API int isEquivalent(mgPlane_c const &other) const;
     /// The constant c of the form n.x x + n.y y + n.z z + c = 0, divided by the normal's length.
-    /// NaN for a zero normal.
+    /// It is the signed distance of the origin from the plane. NaN for a zero normal.
     VEXMATH_API double getHessianNormalFormConstant() const;
-    /// 1 when the plane separates a and b or one of them is strictly nearer to it than tol. A point
-    /// in the plane counts as on the negative side.
+    /// 1 when a and b lie on different sides, or when the distance of one of them is strictly less
+    /// than tol; else 0. A point in the plane counts as on the negative side, one that holds NaN as
+    /// on the positive side. tol is used as it is: 0, a negative one and NaN leave the sides alone
+    /// to decide.
     VEXMATH_API int cutLineSegment(mgPoint_c const &a, mgPoint_c const &b, double tol) const;
 
-    /// Moves *p, first by the transform when flag is not 0, along the transform's image of the z
-    /// axis into the plane. The result of `mg_LineIntPlane`: unless it is mgLinePlane_Parallel, *p
-    /// is the intersection.
+    /// Moves *p into the plane along the transform's image of the z axis (rotated alone), and
+    /// returns the result of `mg_LineIntPlane`. When flag is not 0, *p is first transformed by x.
+    /// mgLinePlane_Point: *p is the crossing. mgLinePlane_InPlane (the direction runs along the
+    /// plane and *p lies within 1e-08 of it) and mgLinePlane_Parallel (it does not): *p stays where
+    /// the flag put it. REQUIRES p not null.
     VEXMATH_API mgLinePlaneIntersectionType_e projectToPlane(mgXform_c const &x, mgPoint_c *p,
                                                              int flag) const;
-    /// Moves *p, a screen point when flag is not 0 and a model point otherwise, along its line of
-    /// sight into the plane, by way of the ray's point of `mg_getModelSpaceViewRay`: there *p stays
-    /// when the result is mgLinePlane_Parallel.
+    /// Moves *p into the plane along its line of sight. *p is a screen point when flag is not 0,
+    /// else a model point. It first becomes the rayPoint of `mg_getModelSpaceViewRay`, and stays
+    /// there unless the result is mgLinePlane_Point. REQUIRES p not null.
     VEXMATH_API mgLinePlaneIntersectionType_e projectToPlaneOnViewLine(mgXform_c const &view,
                                                                        mgPoint_c *p,
                                                                        int flag) const;

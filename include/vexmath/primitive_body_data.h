@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// mgPrimitiveBodyData_c: what is kept of a primitive body.
+// mgPrimitiveBodyData_c: the stored data of a primitive body.
 
 #ifndef VEXMATH_PRIMITIVE_BODY_DATA_H
 #define VEXMATH_PRIMITIVE_BODY_DATA_H
@@ -9,15 +9,16 @@
 #include <vexmath_platform/archive.h>
 
 /// A primitive body's kind, anchor point and three dimensions, and one more number: a plain,
-/// trivially copyable value. The library stores them; what they mean is the caller's.
+/// trivially copyable value. The library stores them and never interprets or checks them; their
+/// meaning is the caller's.
 class mgPrimitiveBodyData_c {
 public:
     mgPrimitiveBodyData_c() = default; ///< all zero
     mgPrimitiveBodyData_c(int kindCode, mgPoint_c const &at, double d1, double d2, double d3,
                           int extraCode);
 
-    /// Archive record: kind, anchor, the three dimensions, extra: INT, six doubles, INT. A failing
-    /// read leaves the object as it was.
+    /// Archive record: kind, anchor, the three dimensions, extra: an INT, six doubles, an INT. A
+    /// failing read leaves the object as it was.
     VEXMATH_API void save(su_CArchive &ar) const;
     VEXMATH_API void restore(su_CArchive &ar);
     // The same for callers that hold a CArchive, which must be a su_CArchive.

@@ -102,6 +102,15 @@ TEST(BBox, AUnionAsksMoreOfItsOperandThanOfItself) {
     EXPECT_BITS_EQ(mgBBox_c(P(), P()), mgBBox_c(bloated) |= P()); // a point asks for validity
 }
 
+TEST(BBox, APointThatHoldsNaNWidensTheCornersAlone) {
+    mgBBox_c box = unit;
+    EXPECT_BITS_EQ(boxOf(unit.center(), unit.sphRadius(), P(), P(1, 5, 1)), box |= P(kNaN, 5, 0.5));
+    EXPECT_EQ(0, box.isValid());
+    EXPECT_BITS_EQ(mgBBox_c(P(0, 2, 0), 0), box |= P(0, 2, 0)); // which the next point replaces
+    box |= P(1e200, 0, 0); // nor is it valid when the distance overflows
+    EXPECT_EQ(1, box.isSet() && !box.isValid());
+}
+
 TEST(BBox, TheSwitchGivesTheCubeAroundTheMergedSphere) {
     mgBBox_c const beside(P(1, 0, 0), P(2, 1, 1)), both(P(), P(2, 1, 1));
     EXPECT_BITS_EQ(both, mgBBox_c(unit) |= beside);
@@ -173,6 +182,7 @@ TEST(BBox, TheTextFormHoldsTheCornersAlone) {
     };
     check(L"1 2 3 0 0 0", 1, mgBBox_c(P(), P(1, 2, 3)));
     check(L" 1e0\t-2.5 3\n4 5 6 7", 1, mgBBox_c(P(1, -2.5, 3), P(4, 5, 6)));
+    check(L"1 2 3 4 5 6,7", 1, mgBBox_c(P(1, 2, 3), P(4, 5, 6))); // cut off silently
     for (wchar_t const *text : {L"1 2 3", L"", L"box", L"1 2 3 4 5 x", L"1, 2, 3, 4, 5, 6"})
         check(text, 0, bloated);
 }

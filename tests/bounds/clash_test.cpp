@@ -22,10 +22,11 @@ TEST(Clash, FacesAndEdgesTouchSingleCornersDoNot) {
     CheckClash(1, unit, unit);
     CheckClash(1, unit, {P(1, 0, 0), P(2, 1, 1)});
     CheckClash(1, unit, {P(1, 1, 0), P(2, 2, 1)});
-    CheckClash(0, unit, {P(1, 1, -1), P(2, 2, 0)});
+    for (double const tol : {0.0, 1.0}) CheckClash(0, unit, {P(1, 1, -1), P(2, 2, 0)}, tol);
     CheckClash(0, unit, cube(1 - 5e-09, 2)); // the same corner within the tolerance of points
     CheckClash(1, unit, cube(1 - 2e-08, 2));
     CheckClash(0, unit, cube(1, 1));
+    CheckClash(0, cube(5, 5), cube(5, 5));    // a point and itself
     CheckClash(1, unit, {P(1, 0.5, 0.5), 0}); // a corner of its own, not of the unit
     CheckClash(0, unit, mgBBox_c());
 }

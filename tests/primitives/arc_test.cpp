@@ -33,6 +33,8 @@ TEST(Arc, FromPointsSweepsCounterClockwiseAboutTheNormal) {
     check(0, 90, {up, o, {2, 0, 0}, {0, 5, 0}}); // from +y clockwise to +x
     check(180, 270, {-up, o, {2, 0, 0}, {0, 5, 0}});
     check(0, 360, full);
+    check(0, 360, {up, o, {2, 0, 0}, {9e-9, 0, 0}}); // an end at the centre
+    check(0, 90, {{}, o, {2, 0, 0}, {0, -5, 0}});    // without a normal, the smaller angle
 }
 
 TEST(Arc, EndsAreComputedInThePlaneOfTheCentresZ) {

@@ -21,10 +21,10 @@ TEST(Line, FeetMayReplaceThePointAndSnappingIsStrict) {
     EXPECT_EQ(1, alongX.pointPerp(p, &p)); // on the line since
     EXPECT_EQ(1, alongX.isPointOn(mgPoint_c(5, support::below(1e-08), 3)));
     EXPECT_EQ(0, alongX.isPointOn(mgPoint_c(5, 1e-08, 3)));
-    for (double tol : {0.5, support::above(0.5)}) {
+    for (double tol : {0.5, support::above(0.5), -0.75}) { // the absolute value counts
         p.set(4, 0.5, 3);
-        EXPECT_EQ(tol > 0.5, alongX.snapPointToLine(p, &p, tol));
-        EXPECT_EQ(tol > 0.5 ? 0.0 : 0.5, p.y());
+        EXPECT_EQ(tol != 0.5, alongX.snapPointToLine(p, &p, tol));
+        EXPECT_EQ(tol != 0.5 ? 0.0 : 0.5, p.y());
     }
     EXPECT_EQ(1, alongX.isEquivalent({p, mgUnitVector_c(1, 5e-13, 0)}));
     EXPECT_EQ(0, alongX.isEquivalent({p, mgUnitVector_c(1, 2e-12, 0)}));
@@ -38,6 +38,8 @@ TEST(Line, DistanceComesWithTheNearestPoints) {
     mgLine_c parallel(mgPoint_c(5, 0, 7), x); // measured from its root
     parallel.setDirection(-x);
     EXPECT_EQ(4.0, alongX.distToLine(parallel, &t1, &t2));
+    EXPECT_BITS_EQ(mgPoint_c(4, 0, 0), mgPoint_c(t1, t2, 0));
+    EXPECT_EQ(4.0, alongX.distToLine({mgPoint_c(5, 0, 7), {}}, &t1, &t2)); // a point
     EXPECT_BITS_EQ(mgPoint_c(4, 0, 0), mgPoint_c(t1, t2, 0));
 }
 
