@@ -211,8 +211,8 @@ public:
     /// The nearest point in front of p where the ray crosses a face, with faces that are widened by
     /// 1e-08 per axis, bound included: the entry, or the exit when p is inside. A crossing that
     /// differs from p by less than 1e-08 in every coordinate is skipped, so that the exit is found
-    /// from a p on the entry face. A crossing is in front of p when the cosine between dir and the
-    /// way to it is above 0.99999999. A face is not crossed when |dir| across it is below 1e-08.
+    /// from a p on the entry face. A crossing is in front of p when its offset from p makes a
+    /// cosine above 0.99999999 with dir. A face is not crossed when |dir| across it is below 1e-08.
     ///
     /// 0 and *hit unchanged when there is no crossing, or none nearer than 1e32. Does not test the
     /// set state. hit may be &p. REQUIRES hit not null.
@@ -295,7 +295,7 @@ inline Packed operator-(Packed const &a, Packed const &b) {
 }
 
 inline Packed larger(Packed const &a, Packed const &b) {
-    // This way round: of two that do not compare, _mm_max_pd takes the second.
+    // In this order: when two numbers do not compare, _mm_max_pd returns the second.
     return {_mm_max_pd(b.firstTwo, a.firstTwo), larger(a.last, b.last)};
 }
 
@@ -370,7 +370,7 @@ inline int mgBBox_c::sphereHitByRay(mgPoint_c const &p, mgUnitVector_c const &di
 
 inline int mgBBox_c::sphereHitByRay2(mgPoint_c const &p, mgUnitVector_c const &dir,
                                      double tol) const {
-    /// What is added to the squared radius on top of tol; bound included.
+    /// Added to the squared radius besides tol; bound included.
     constexpr double kSlackSq = 2e-08;
     double const r = sphRadius();
     // QUIRK: bbox.h, mgBBox_c::sphereHitByRay2, mgBBox_c::clashLine: the tolerance is added to the

@@ -62,15 +62,15 @@ int mgBBox_c::SetUseSphereBoundingBox(int useSphere) {
 
 namespace {
 
-/// How far a sphere may fall short of a corner coordinate: 1e-08, and a decade more for every
-/// decimal digit of the radius' integer part in millions, of which 32 bits count.
+/// By how much a corner coordinate may lie outside the sphere's extent: 1e-08, and ten times more
+/// for each decimal digit of radius / 1e6, truncated to a 32-bit integer.
 double sphereTolerance(double radius) {
     constexpr double kPerMillion = 1e-06;
     constexpr double kTolerance = 1e-08;
     double const inMillions = radius * kPerMillion;
     constexpr double kMost = std::numeric_limits<std::int32_t>::max();
     auto digits = static_cast<std::int32_t>(inMillions < kMost ? inMillions : kMost);
-    double decades = 1.0; // a double: it reaches 1e10
+    double decades = 1.0; // reaches 1e10, too much for an int
     for (; digits > 0; digits /= 10) decades *= 10.0;
     return decades * kTolerance;
 }
@@ -78,9 +78,9 @@ double sphereTolerance(double radius) {
 } // namespace
 
 int mgBBox_c::isValid() const {
-    /// A centre so many tolerances from the origin has no digits left to compare; bound included.
+    /// A centre coordinate of so many tolerances has no digits left to compare; bound included.
     constexpr double kNoDigitsLeft = 1e13;
-    /// How far the nearest point of the box may lie beyond the squared radius, relatively.
+    /// By which factor the squared distance of the box may exceed the squared radius.
     constexpr double kNearestFactor = 1.00000001;
     if (!isSet()) return 0;
 
@@ -90,10 +90,10 @@ int mgBBox_c::isValid() const {
         double const centre = sphCentre_[i];
         bool const reached =
             std::fabs(low_[i] - centre) <= reach && std::fabs(high_[i] - centre) <= reach;
-        // QUIRK: an axis along which the centre is that far out is not looked at, where a reader
-        // would expect the tolerance to grow with the distance. Parts placed astray keep their
-        // bounds by it. (test: ACentreFarOutIsNotHeldAgainstTheCorners)
-        // The division last: unions test every point that is new to them.
+        // The division comes last, as it is slow: unions call this for every point that is new.
+        // QUIRK: bbox.h, mgBBox_c::isValid: an axis on which the centre is 1e13 tolerances or more
+        // from 0 is not tested. Expected: a tolerance that grows with the distance. Kept: callers
+        // and stored data depend on it. (test: ACentreFarOutIsNotHeldAgainstTheCorners)
         if (!reached && !(std::fabs(centre / tol) >= kNoDigitsLeft)) return 0;
     }
     double const radiusSq = sphRadius_ * sphRadius_;
@@ -146,9 +146,9 @@ void mgBBox_c::translate(mgVector_c const &v) {
 }
 
 mgBBox_c &mgBBox_c::operator+=(double d) {
-    // QUIRK: an unset box grows by the same rule, out of the numbers that it happens to hold, where
-    // a reader would expect it to stay unset. Callers seed boxes with a default one grown by 2 or
-    // more. (test: AnUnsetBoxBecomesSetByGrowing)
+    // QUIRK: bbox.h, mgBBox_c::operator+=: an unset box grows by the same rule from the numbers
+    // that it holds, and can become set. Expected: it stays unset. Kept: callers and stored data
+    // depend on it. (test: AnUnsetBoxBecomesSetByGrowing)
     mgVector_c const step(d, d, d);
     sphRadius_ += d;
     if (!(sphRadius_ >= 0.0)) {
@@ -179,8 +179,8 @@ mgBBox_c &mgBBox_c::operator*=(double s) {
 
 namespace {
 
-/// Does a copy of the transform move boxes as the transform itself? Copies change some, and a
-/// record plays no part.
+/// True if x can be used without copying it: it has no perspective record, and its copy would
+/// transform boxes to the same bits. Copying changes some transforms.
 bool movesAsItsCopy(mgXform_c const &x) {
     mgVector_c const &t = x.translation();
     return !x.hasPerspective() && vexmath::detail::scaleInRange(x.scaling()) == x.scaling()
@@ -194,19 +194,21 @@ double reach(double a, double b, double c, double d) {
     return larger(larger(larger(std::fabs(a), std::fabs(b)), std::fabs(c)), std::fabs(d));
 }
 
-/// How far the image of a box about the origin, of half diagonal e, reaches along the axes. An
-/// exact identity turns nothing, and a zero vector stays as it is, also where products would not.
-inline mgVector_c reachOfImage(mgVector_c const &e, mgMatrix_c const &m, bool turns, double scale) {
+/// Half extents of the image of the box from -e to e. `rotates` is false for an exact identity,
+/// which is not multiplied. A zero vector stays zero, also where products would give NaN.
+inline mgVector_c reachOfImage(mgVector_c const &e, mgMatrix_c const &m, bool rotates,
+                               double scale) {
     if (e.null()) return {};
     mgVector_c x(e.x(), 0.0, 0.0);
     mgVector_c y(0.0, e.y(), 0.0);
     mgVector_c z(0.0, 0.0, e.z());
-    if (turns) {
+    if (rotates) {
         x = {e.x() * m(0, 0), e.x() * m(0, 1), e.x() * m(0, 2)};
         y = {e.y() * m(1, 0), e.y() * m(1, 1), e.y() * m(1, 2)};
         z = {e.z() * m(2, 0), e.z() * m(2, 1), e.z() * m(2, 2)};
     }
-    // Four of the eight half diagonals, by the products of one: a sign changes no product's bits.
+    // Four of the eight half diagonals from one set of products: a sign does not change the bits
+    // of a product.
     mgVector_c const d0 = ((x + y) + z) * scale;
     mgVector_c const d1 = ((y - x) + z) * scale;
     mgVector_c const d2 = ((x - y) + z) * scale;
@@ -220,17 +222,17 @@ inline mgVector_c reachOfImage(mgVector_c const &e, mgMatrix_c const &m, bool tu
 mgBBox_c mgBBox_c::movedBy(mgXform_c const &x) const {
     mgMatrix_c const &m = x.rotation();
     mgVector_c const &t = x.translation();
-    bool const turns = !vexmath::detail::isExactIdentity(m);
+    bool const rotates = !vexmath::detail::isExactIdentity(m);
     double const scale = vexmath::detail::scales(x.scaling()) ? x.scaling() : 1.0;
     auto const image = [&](mgPoint_c const &p) -> mgPoint_c {
         using vexmath::detail::moved;
         mgVector_c v(p);
-        if (turns) v = vexmath::detail::rowTimes(p.x(), p.y(), p.z(), m);
+        if (rotates) v = vexmath::detail::rowTimes(p.x(), p.y(), p.z(), m);
         v *= scale;
         return {moved(v.x(), t.x()), moved(v.y(), t.y()), moved(v.z(), t.z())};
     };
     mgPoint_c const middle = center();
-    mgVector_c const extent = reachOfImage(high_ - middle, m, turns, scale);
+    mgVector_c const extent = reachOfImage(high_ - middle, m, rotates, scale);
     mgPoint_c const newMiddle = image(middle);
     mgBBox_c box;
     box.setSphereOnly(image(sphCentre_), sphRadius_ * x.scaling());
@@ -253,12 +255,15 @@ void mgBBox_c::widenCorners(mgPoint_c const &p) {
     }
 }
 
-/// The union with a point, for those that may change the box; `plainlyEncloses` has the others.
+/// The general union with a point. `plainlyEncloses` has excluded most points that change nothing.
 void mgBBox_c::unite(mgPoint_c const &p) {
     if (!isValid()) {
         *this = mgBBox_c(p, p);
         return;
     }
+    // QUIRK: bbox.h, mgBBox_c::operator|=: a point that holds NaN widens the corners on the other
+    // axes but not the sphere, so that the box can become invalid. Expected: the point is ignored.
+    // Kept: callers and stored data depend on it. (test: APointThatHoldsNaNWidensTheCornersAlone)
     widenCorners(p);
     mgVector_c const v = p - sphCentre_;
     double const distance = v.len();
@@ -268,17 +273,19 @@ void mgBBox_c::unite(mgPoint_c const &p) {
     shrinkSphereToBox();
 }
 
-/// The smallest sphere that holds this one and reaches newRadius on the far side of `towards`.
+/// Enlarges the sphere to newRadius and moves its centre along `towards`, so that it still touches
+/// the old sphere on the far side.
 void mgBBox_c::moveSphere(mgVector_c const &towards, double distance, double newRadius) {
     sphCentre_ += towards * ((newRadius - sphRadius_) / distance);
     sphRadius_ = newRadius;
 }
 
 void mgBBox_c::shrinkSphereToBox() {
-    /// What a sphere must exceed the farthest corner by, in squares, to be made anew; strict.
+    /// By how much the squared radius must exceed the squared distance of the farthest corner, for
+    /// the sphere to be replaced; strict.
     constexpr double kExcessSq = 5e-09;
     constexpr double kExcessFactor = 1.000000005;
-    /// Radii up to this are judged by the absolute excess alone.
+    /// For radii up to this only the absolute excess is tested.
     constexpr double kSmallRadius = 1e-10;
     double const farthestSq = farthestOffset(sphCentre_, low_, high_).sqlen();
     double const radiusSq = sphRadius_ * sphRadius_;
@@ -288,7 +295,7 @@ void mgBBox_c::shrinkSphereToBox() {
 }
 
 void mgBBox_c::clipCornersToSphere() {
-    // Choices rather than branches: which corners stick out is anybody's guess.
+    // Selections instead of branches: which corners are clipped is unpredictable.
     for (int i = 0; i < 3; ++i) {
         double const lowest = sphCentre_[i] - sphRadius_;
         double const highest = sphCentre_[i] + sphRadius_;
@@ -298,9 +305,9 @@ void mgBBox_c::clipCornersToSphere() {
 }
 
 mgBBox_c &mgBBox_c::operator|=(mgBBox_c const &b) {
-    // QUIRK: the operand must be valid, and this box only set; a reader would expect the same of
-    // both, as of the union with a point. Boxes whose halves were set one by one gather parts
-    // without losing what they hold. (test: AUnionAsksMoreOfItsOperandThanOfItself)
+    // QUIRK: bbox.h, mgBBox_c::operator|=: the operand must be valid, but this box need only be
+    // set. Expected: both must be valid, as in the union with a point. Kept: callers and stored
+    // data depend on it. (test: AUnionAsksMoreOfItsOperandThanOfItself)
     if (!b.isValid()) return *this;
     if (!isSet()) return *this = b;
     low_ = lower(low_, b.low_);
@@ -316,15 +323,16 @@ mgBBox_c &mgBBox_c::operator|=(mgBBox_c const &b) {
         moveSphere(v, distance, newRadius);
         shrinkSphereToBox();
     }
-    // QUIRK: the cube can be smaller than the union of the corners, which a reader would expect to
-    // be kept; viewers that turn assemblies rely on its not depending on orientation. Unions with
-    // points never look at the switch. (test: TheSwitchGivesTheCubeAroundTheMergedSphere)
+    // QUIRK: bbox.h, mgBBox_c::operator|=, mgBBox_c::SetUseSphereBoundingBox: the cube around the
+    // sphere can be smaller than the union of the corners, and unions with points ignore the
+    // switch. Expected: corners that enclose both boxes, by one rule for all unions. Kept: callers
+    // and stored data depend on it. (test: TheSwitchGivesTheCubeAroundTheMergedSphere)
     if (useSphereBoundingBox != 0) set(sphCentre_, sphRadius_);
     return *this;
 }
 
 mgBBox_c &mgBBox_c::operator&=(mgBBox_c const &b) {
-    /// Gap between the boxes from which they have nothing in common; bound included.
+    /// A gap of this width makes the intersection empty; bound included.
     constexpr double kGap = 1e-08;
     if (!isSet() || !b.isSet()) return *this = mgBBox_c();
     mgPoint_c const lowest = upper(low_, b.low_);

@@ -8,14 +8,15 @@
 
 namespace vexmath::detail {
 
-/// To an interval: 0 inside it, to the nearer end outside, to the middle when it is inverted.
+/// Offset to an interval: 0 inside it, to the nearer end outside, to the middle when it is
+/// inverted.
 inline double nearestOffset(double from, double low, double high) {
     if (!(low <= high)) return (high + low) * 0.5 - from;
     if (from < low) return low - from;
     return from <= high ? 0.0 : high - from;
 }
 
-/// To the end of an interval that is farther away; the high one on a tie.
+/// Offset to the farther end of an interval; to the high end on a tie.
 inline double farthestOffset(double from, double low, double high) {
     double const toHigh = high - from;
     double const toLow = low - from;

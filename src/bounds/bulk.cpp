@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The box of an array of points. Most points lie in the sphere and do no more than widen the
-// corners: runs of them are taken together, and the others by the single operation.
+// The box of an array of points. Most points lie in the sphere and only widen the corners: runs of
+// such points are taken together, all others by the single operation.
 
 #include <vexmath/bbox.h>
 #include <vexmath/bulk.h>
@@ -11,9 +11,10 @@
 
 namespace {
 
-/// A valid box on its way through a run of points strictly in its sphere, which move no sphere and
-/// leave the box valid: each corner coordinate stays within the radius, and the nearest point of
-/// the box only comes nearer to the centre and the farthest goes farther. NaN is in no sphere.
+/// A valid box while it takes a run of points that lie strictly inside its sphere. They leave the
+/// sphere unchanged and the box valid: each corner coordinate stays within the radius, the nearest
+/// point of the box can only come nearer to the centre, and the farthest can only go farther. A
+/// point that holds NaN is not inside.
 struct Run {
     explicit Run(mgBBox_c const &box)
         : low(box.low()), high(box.high()), centre(box.sphCenter()),
@@ -34,13 +35,13 @@ struct Run {
 
 #if defined(VEXMATH_AVX2)
 
-/// One corner coordinate of four points at a time; each of the four lanes has its own extreme.
+/// Extremes of one coordinate of four points at a time; each of the four lanes has its own.
 struct Lanes {
     __m256d low, high;
 };
 
 VEXMATH_AVX2 inline void widen(Lanes &lanes, __m256d coordinate) {
-    lanes.low = _mm256_min_pd(coordinate, lanes.low); // the second when they are equal
+    lanes.low = _mm256_min_pd(coordinate, lanes.low); // when equal, the second
     lanes.high = _mm256_max_pd(coordinate, lanes.high);
 }
 
@@ -48,14 +49,15 @@ VEXMATH_AVX2 inline Lanes lanesOf(Run const &run, int k) {
     return {_mm256_set1_pd(run.low[k]), _mm256_set1_pd(run.high[k])};
 }
 
-/// The extreme as the list has it: zeros of both signs are equal, and the first of them stays.
+/// The extreme with its sign settled: zeros of both signs are equal, and the loop keeps the first
+/// one of the list.
 double settled(double extreme, mgPoint_c const *points, int k) {
     if (extreme != 0.0) return extreme;
     while ((*points)[k] != 0.0) ++points;
     return (*points)[k];
 }
 
-/// The lanes' extremes into corner coordinate k.
+/// Merges the extremes of the lanes into coordinate k of the corners.
 VEXMATH_AVX2 void collect(Lanes const &lanes, mgPoint_c const *points, int k, Run &run) {
     double low[4];
     double high[4];
@@ -67,7 +69,7 @@ VEXMATH_AVX2 void collect(Lanes const &lanes, mgPoint_c const *points, int k, Ru
     if (greatest > run.high[k]) run.high[k] = settled(greatest, points, k);
 }
 
-/// Takes points four by four as long as all four belong to the run. Returns how many it took.
+/// Takes points in groups of four while all four belong to the run. Returns the number taken.
 VEXMATH_AVX2 int takeByFour(mgPoint_c const *points, int count, Run &run) {
     Lanes x = lanesOf(run, 0), y = lanesOf(run, 1), z = lanesOf(run, 2);
     __m256d const cx = _mm256_set1_pd(run.centre.x()), cy = _mm256_set1_pd(run.centre.y());
@@ -98,7 +100,7 @@ int takeByFour(mgPoint_c const *, int, Run &) { return 0; }
 
 #endif
 
-/// Takes points up to the first that does not belong to the run. Returns how many it took.
+/// Takes points up to the first that does not belong to the run. Returns the number taken.
 int takeRun(mgPoint_c const *points, int count, mgBBox_c &box) {
     Run run(box);
     int taken = vexmath::detail::hasVectorUnits() ? takeByFour(points, count, run) : 0;
@@ -110,11 +112,10 @@ int takeRun(mgPoint_c const *points, int count, mgBBox_c &box) {
 } // namespace
 
 void mg_BoundPoints(mgPoint_c const *points, int count, mgBBox_c &box) {
-    /// A run shorter than this was not worth its beginning.
+    /// A run shorter than this costs more to begin than it saves.
     constexpr int kWorthwhile = 8;
-    /// How many points the single operation takes after a run: twice as many after each run that
-    /// was not worthwhile, up to this, so that lists where the sphere grows all the time cost no
-    /// more than the loop.
+    /// The most points that the single operation takes between two runs. Their number doubles after
+    /// each short run, so that a list whose sphere keeps growing costs no more than the loop.
     constexpr int kMostSingles = 32;
     int singles = 1;
     for (int i = 0; i < count;) {

@@ -10,7 +10,7 @@
 
 namespace vexmath::detail {
 
-/// z changes fastest, low before high.
+/// Low before high on each axis; z changes fastest.
 inline std::array<mgPoint_c, 8> cornersOf(mgPoint_c const &low, mgPoint_c const &high) {
     std::array<mgPoint_c, 8> corners;
     for (unsigned i = 0; i < 8; ++i) {

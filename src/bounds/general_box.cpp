@@ -11,11 +11,15 @@ bool mgParallelogram_c::isPointInside(mgPoint_c const &p) const {
     constexpr double kOffPlane = 1e-08;
     mgVector_c const w = p - corner_;
     if (w.isNull()) return true;
+    // QUIRK: general_box.h, mgParallelogram_c::isPointInside: a null direction bounds nothing, so
+    // that points off the other edge are inside. Expected: they are outside, as between parallel
+    // directions. Kept: callers and stored data depend on it.
+    // (test: ANullEdgeDirectionBoundsNothing)
     mgVector_c const n = d1_ * d2_;
     bool const isParallel = n.isNull() && !d1_.isNull() && !d2_.isNull();
     if (isParallel || std::fabs(w % n) >= kOffPlane) return false;
 
-    // w = t1 d1 + t2 d2, from the normal equations. NaN fails the comparisons.
+    // w = t1 d1 + t2 d2, by the normal equations. NaN fails the comparisons.
     double const a = w % d1_;
     double const b = w % d2_;
     double const c12 = d1_ % d2_;
@@ -50,9 +54,9 @@ bool mgParallelogram_c::getExtremPts(mgUnitVector_c const &dir, mgPoint_c &low,
     } else if (s2 > max) {
         highest = corner_ + edge2;
     }
-    // QUIRK: the far corner can be the low point but never the high one; a reader would expect both
-    // alike. Sheet layouts are stored with the corner that this gives.
-    // (test: TheFarCornerIsNeverTheHighPoint)
+    // QUIRK: general_box.h, mgParallelogram_c::getExtremPts: the far corner can be the low point
+    // but never the high one. Expected: one rule for both. Kept: callers and stored data depend on
+    // it. (test: TheFarCornerIsNeverTheHighPoint)
     if (s12 < min) lowest = corner_ + edge1 + edge2;
 
     low = lowest;

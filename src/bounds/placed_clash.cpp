@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Interference of boxes with a placement each. For nearly all pairs the answer is plain from
-// numbers that need not be exact; the others take the steps of the rule.
+// Interference of boxes with a placement each. A shortcut by inexact numbers answers nearly all
+// pairs; the full test answers the others.
 
 #include <vexmath/bbox.h>
 #include <vexmath/xform.h>
@@ -14,24 +14,25 @@ namespace {
 
 using namespace vexmath::detail;
 
-/// What the steps of the rule cannot but find, told where the boxes are placed, which takes no
-/// inverse and no product of transforms; Close when that is not plain.
+/// Result of the shortcut, which works in model space without inverting or composing transforms.
+/// Apart and Clash are returned only where the full test is certain to agree; Close means: run it.
 ///
-/// In exact numbers and without tolerances both ways agree. They differ by what the rotations lack
-/// of orthonormality, by rounding, and by what the steps take for none: scales within 1e-08 of 1,
-/// translations below 1e-08 in any of the frames, and gaps and overlaps as small as that. For
-/// ordinary placements all of it is less than 1e-06 of the lengths that take part and 1e-07 of the
-/// frames' units; the margin is a hundred times that. NaN and lengths whose squares may overflow
-/// are left to the rule.
+/// In exact numbers and without tolerances the shortcut and the full test agree. They differ by the
+/// errors of the rotations' orthonormality, by rounding, and by what the full test ignores: scales
+/// within 1e-08 of 1, translations below 1e-08 in any of the frames, and gaps and overlaps of that
+/// size. For ordinary placements the sum is less than 1e-06 of the lengths involved plus 1e-07 of
+/// the units of the frames; the margin is a hundred times that. NaN and lengths whose squares may
+/// overflow give Close.
 enum class Verdict { Apart, Clash, Close };
 
-/// A set box by what it holds.
+/// The members of a set box.
 struct Parts {
     mgPoint_c const &low, &high, &centre;
     double radius;
 };
 
-/// Is this flagged as what it is, of a scale not far from 1, and without a record?
+/// True if the identity flag is not stale, the scale is between 0.001 and 1000, bounds excluded,
+/// and there is no perspective record.
 bool isOrdinary(mgXform_c const &x) {
     constexpr double kLeastScale = 1e-03;
     constexpr double kMostScale = 1e03;
@@ -39,16 +40,16 @@ bool isOrdinary(mgXform_c const &x) {
            && (x.rotate() || isExactIdentity(x.rotation()));
 }
 
-/// What the rotations of ordinary placements may lack of orthonormality together; strict.
+/// Bound on the sum of the orthonormality errors of both rotations; strict.
 constexpr double kNearlyOrthonormal = 1e-09;
 
-/// How far the centres of placed spheres that clash are from each other at most.
+/// The largest distance of the centres at which the placed spheres clash.
 struct Reach {
     Reach(Parts const &a, mgXform_c const &xa, Parts const &b, mgXform_c const &xb)
-        : radii(xa.scaling() * (a.radius + b.radius)), // the rule does not scale b's
+        : radii(xa.scaling() * (a.radius + b.radius)), // the full test does not scale b's
           units(1.0 + xa.scaling() + xb.scaling()) {}
 
-    /// How plain it must be, besides the radii by the other lengths that take part.
+    /// By how much a comparison must be decided. otherLengths are those besides the radii.
     double margin(double otherLengths) const {
         constexpr double kPerLength = 1e-04;
         constexpr double kPerUnit = 1e-05;
@@ -64,7 +65,7 @@ struct Reach {
 
 #if defined(VEXMATH_AVX2)
 
-/// A placement in registers.
+/// A placement in SIMD registers.
 struct WidePlacement {
     VEXMATH_AVX2_STEP explicit WidePlacement(mgXform_c const &x)
         : axes(loadRows(x.rotation())), translation(load(&x.translation()[0])),
@@ -75,7 +76,7 @@ struct WidePlacement {
         return times(p, axes) * scale + translation;
     }
 
-    /// By how much the columns fail to be orthonormal, in three sums.
+    /// The orthonormality errors of the columns, in three sums.
     VEXMATH_AVX2_STEP Wide errors() const {
         WideRows const next = {turned(axes.r0), turned(axes.r1), turned(axes.r2)};
         return absolute(dots(axes, axes) - all(1.0)) + absolute(dots(axes, next));
@@ -85,26 +86,26 @@ struct WidePlacement {
     Wide translation, scale;
 };
 
-/// A box where its placement puts it: lengths in model units.
+/// A box in model space: lengths in model units.
 struct WideBox {
     VEXMATH_AVX2_STEP WideBox(Parts const &box, WidePlacement const &x)
         : local((load(&box.low[0]) + load(&box.high[0])) * all(0.5)), middle(x.image(local)),
           half((load(&box.high[0]) - local) * x.scale), centre(x.image(&box.centre[0])),
           fromMiddle((load(&box.centre[0]) - local) * x.scale), radius(all(box.radius) * x.scale) {}
 
-    Wide local;      ///< the middle before
-    Wide middle;     ///< of the corners
+    Wide local;      ///< the middle of the corners before placement
+    Wide middle;     ///< the same, placed
     Wide half;       ///< from there to the high corner, along the box's own axes
     Wide centre;     ///< of the sphere
     Wide fromMiddle; ///< from the middle to the centre, along the box's own axes
     Wide radius;
 };
 
-/// What a frame says when the other box is carried into it.
-struct Findings {
-    Wide depth;      ///< extents of what the corners have in common; negative for a gap
-    Wide ownGapSq;   ///< the sum of these is the squared distance of that from the own centre,
-    Wide otherGapSq; ///< and from the other one
+/// The tests in one frame, with the other box transformed into it.
+struct FrameResult {
+    Wide depth;      ///< extents of the common part of the corners; negative for a gap
+    Wide ownGapSq;   ///< squared offsets of the common part from the centre of the own sphere
+    Wide otherGapSq; ///< and from the centre of the other sphere
 };
 
 VEXMATH_AVX2_STEP Wide squaredGap(Wide p, Wide low, Wide high) {
@@ -112,9 +113,10 @@ VEXMATH_AVX2_STEP Wide squaredGap(Wide p, Wide low, Wide high) {
     return gap * gap;
 }
 
-/// Columns are those of the own rotation; reach is how far the other box extends along its axes.
-VEXMATH_AVX2_STEP Findings inFrame(WideRows const &columns, WideBox const &own,
-                                   WideBox const &other, Wide reach) {
+/// columns are those of the own rotation; reach holds the half extents of the other box along the
+/// own axes.
+VEXMATH_AVX2_STEP FrameResult inFrame(WideRows const &columns, WideBox const &own,
+                                      WideBox const &other, Wide reach) {
     Wide const middle = times(other.middle - own.middle, columns);
     Wide const centre = times(other.centre - own.middle, columns);
     Wide const low = larger(larger(opposite(own.half), middle - reach), centre - other.radius);
@@ -122,13 +124,13 @@ VEXMATH_AVX2_STEP Findings inFrame(WideRows const &columns, WideBox const &own,
     return {high - low, squaredGap(own.fromMiddle, low, high), squaredGap(centre, low, high)};
 }
 
-/// Is a distance, given by its square, less than a radius by more than the margin?
+/// Is a distance, given as its square, smaller than the radius by more than the margin?
 bool isWithin(double radius, double distanceSq, double margin) {
     return radius > margin && distanceSq < (radius - margin) * (radius - margin);
 }
 
-/// What both frames say. The squared distance is that of the sphere centres, which the rule wants
-/// within reach.
+/// The verdict of both frames. distanceSq is the squared distance of the sphere centres, which must
+/// be within reach.
 VEXMATH_AVX2 Verdict verdictInFrames(WideRows const &axesA, WideBox const &a, WideRows const &axesB,
                                      WideBox const &b, double reach, double distanceSq,
                                      double margin) {
@@ -137,8 +139,8 @@ VEXMATH_AVX2 Verdict verdictInFrames(WideRows const &axesA, WideBox const &a, Wi
     WideRows const cosines = {absolute(times(axesB.r0, columnsA)),
                               absolute(times(axesB.r1, columnsA)),
                               absolute(times(axesB.r2, columnsA))};
-    Findings const inA = inFrame(columnsA, a, b, times(b.half, cosines));
-    Findings const inB = inFrame(columnsB, b, a, times(a.half, transposed(cosines)));
+    FrameResult const inA = inFrame(columnsA, a, b, times(b.half, cosines));
+    FrameResult const inB = inFrame(columnsB, b, a, times(a.half, transposed(cosines)));
     Wide const depth = smaller(inA.depth, inB.depth);
     if (isAnyBelow(depth, all(-margin))) return Verdict::Apart;
     double const ra = lane0(a.radius), rb = lane0(b.radius);
@@ -166,8 +168,8 @@ VEXMATH_AVX2 Verdict verdictBySimd(Parts const &a, mgXform_c const &xa, Parts co
 
     lengths = lengths + (absolute(load(&a.low[0])) + absolute(load(&a.high[0]))) * placeA.scale
               + (absolute(load(&b.low[0])) + absolute(load(&b.high[0]))) * placeB.scale;
-    // b's radius as placed may be longer than all of these: then it cuts nothing off and leaves
-    // nothing out.
+    // The placed radius of b may be longer than all of these. Then its sphere clips no corner and
+    // reaches everything, so that its rounding does not matter.
     double const otherLengths = sum(lengths);
     if (!(reach.radii + otherLengths < kMostLengths)) return Verdict::Close;
     return verdictInFrames(placeA.axes, WideBox(a, placeA), placeB.axes, WideBox(b, placeB),
@@ -186,7 +188,7 @@ mgVector_c placed(mgPoint_c const &p, mgXform_c const &x) {
     return x.scaling() * rowTimes(p.x(), p.y(), p.z(), x.rotation()) + x.translation();
 }
 
-/// The lengths that take part in that.
+/// The sum of the lengths involved in `placed`.
 double sizesOf(mgPoint_c const &p, mgXform_c const &x) {
     mgVector_c const &t = x.translation();
     return x.scaling() * (std::fabs(p.x()) + std::fabs(p.y()) + std::fabs(p.z())) + std::fabs(t.x())
@@ -195,7 +197,7 @@ double sizesOf(mgPoint_c const &p, mgXform_c const &x) {
 
 double error(mgXform_c const &x) { return Rows::of(&x.rotation()[0]).error(); }
 
-/// The verdict without vector units, where only the spheres are worth the time.
+/// The verdict without vector units, where only the test of the spheres pays.
 Verdict verdictBySpheres(Parts const &a, mgXform_c const &xa, Parts const &b, mgXform_c const &xb) {
     double const distanceSq = (placed(b.centre, xb) - placed(a.centre, xa)).sqlen();
     double const lengths = sizesOf(a.centre, xa) + sizesOf(b.centre, xb);
@@ -209,7 +211,8 @@ Verdict verdictBySpheres(Parts const &a, mgXform_c const &xa, Parts const &b, mg
 
 int mgBBox_c::clash(mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b,
                     mgXform_c const &xb) {
-    /// Depth by which the spheres must overlap; bound included. Also the tolerance of the tests.
+    /// Depth by which the spheres must overlap; bound included. Also the tolerance of the box
+    /// tests.
     constexpr double kOverlap = 1e-08;
     if (!a.isSet() || !b.isSet()) return 0;
     Parts const partsA = {a.low_, a.high_, a.sphCentre_, a.sphRadius_};
@@ -219,8 +222,8 @@ int mgBBox_c::clash(mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b,
     if (verdict != Verdict::Close) return verdict == Verdict::Clash;
     mgXform_c const intoA = xb * xa.inverse();
 
-    // QUIRK: b's radius enters unscaled, where a reader would expect the radius in a's frame. With
-    // placements of scale 1, which components have, it is the same.
+    // QUIRK: bbox.h, mgBBox_c::clash: of placed boxes, b's radius is not scaled into a's frame.
+    // Expected: scaled. Kept: callers and stored data depend on it.
     // (test: PlacedSpheresAreComparedUnscaled)
     double const distance = (b.sphCentre_ * intoA - a.sphCentre_).len();
     if (!(distance + kOverlap <= a.sphRadius_ + b.sphRadius_)) return 0;

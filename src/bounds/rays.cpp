@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Boxes and rays: where a ray enters, and the range of a box along a line.
+// Boxes and rays: the first hit of a ray, and the range of a box along a line.
 
 #include <vexmath/bbox.h>
 #include <vexmath/mg_queries.h>
@@ -25,7 +25,7 @@ std::array<mgPlane_c, 6> facesOf(mgPoint_c const &low, mgPoint_c const &high) {
 int mgBBox_c::getFirstRayHit(mgPoint_c const &p, mgUnitVector_c const &dir, mgPoint_c *hit) const {
     /// How far outside of the box a crossing may lie along each axis; bound included.
     constexpr double kOnBox = 1e-08;
-    /// Distance from which hits do not count; bound excluded.
+    /// Hits at this distance or beyond are ignored.
     constexpr double kFarthest = 1e+32;
     mgLine_c const ray(p, dir);
     mgPoint_c nearest;
@@ -34,9 +34,9 @@ int mgBBox_c::getFirstRayHit(mgPoint_c const &p, mgUnitVector_c const &dir, mgPo
         mgPoint_c crossing;
         if (mg_LineIntPlane(ray, face, &crossing, nullptr) != mgLinePlane_Point) continue;
         if (!containsPoint(crossing, kOnBox)) continue;
-        mgVector_c const way = crossing - p;
-        double const distance = way.len();
-        if (!way.isSameDirection(dir) || !(distance < best)) continue;
+        mgVector_c const offset = crossing - p;
+        double const distance = offset.len();
+        if (!offset.isSameDirection(dir) || !(distance < best)) continue;
         nearest = crossing;
         best = distance;
     }

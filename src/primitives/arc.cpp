@@ -11,28 +11,28 @@ using vexmath::kTwoPi;
 
 namespace {
 
-/// Shortest radius, or distance from the centre, that has an angle; bound included.
+/// Smallest radius, or distance from the centre, at which angles are defined; bound included.
 constexpr double kShortestRadius = 1e-08;
-/// Difference of angles in radians below which they are the same; strict but where said.
+/// Angles that differ by less than this, in radians, are the same; strict but in the Ogl sweep.
 constexpr double kSameAngle = 1e-11;
 
 double degrees(double angle) { return angle * vexmath::kInvPi * vexmath::kHalfTurnDeg; }
 
-/// An angle with full turns taken off while it is beyond the bound: one by one, because callers
-/// compare the differences, but for angles that have too many.
-double broughtDown(double angle, double bound) {
-    /// Size in radians up to which turns are taken off one by one; bound included.
+/// Subtracts full turns while the angle exceeds the bound. One by one, because a single product
+/// would change last bits; but an angle of very many turns first loses them by a remainder.
+double reduced(double angle, double bound) {
+    /// Absolute angle in radians up to which no remainder is taken; bound included.
     constexpr double kFewTurns = 1e6;
     if (!std::isfinite(angle)) return std::numeric_limits<double>::quiet_NaN();
-    double reduced = std::fabs(angle) > kFewTurns ? std::fmod(angle, kTwoPi) : angle;
-    while (reduced > bound) reduced -= kTwoPi;
-    return reduced;
+    double rest = std::fabs(angle) > kFewTurns ? std::fmod(angle, kTwoPi) : angle;
+    while (rest > bound) rest -= kTwoPi;
+    return rest;
 }
 
-/// The point of the unit circle at an angle from +x. Beyond half a turn it is the mirror image of
-/// the point at the rest of the turn.
+/// The point of the unit circle at an angle from +x. Beyond half a turn it is computed as the
+/// mirror image of the point at a full turn minus the angle.
 mgVector_c onUnitCircle(double angle) {
-    double const a = broughtDown(angle, kFullTurnBound);
+    double const a = reduced(angle, kFullTurnBound);
     if (!(a > vexmath::kHalfTurnBound)) return {std::cos(a), std::sin(a), 0.0};
     double const rest = kTwoPi - a;
     return {std::cos(rest), -std::sin(rest), 0.0};
@@ -52,12 +52,14 @@ mgArc_c::mgArc_c(mgUnitVector_c const &normal, mgPoint_c const &centre, mgPoint_
     if (!(radius_ >= kShortestRadius)) return;
 
     endAngle_ = iGetAngle(end);
-    // QUIRK: the double nearest to 2 pi, where a reader would expect the rounded turn of all other
-    // angles. Stored circles hold it. (test: FromPointsSweepsCounterClockwiseAboutTheNormal)
+    // QUIRK: arc.h, mgArc_c::mgArc_c: a full circle from points ends at 6.283185307179586, the
+    // double nearest to 2 pi. Expected: 6.2831853071796, the full turn of all other angles. Kept:
+    // callers and stored data depend on it. (test: FromPointsSweepsCounterClockwiseAboutTheNormal)
     if (std::fabs(endAngle_) < kSameAngle) endAngle_ = vexmath::kTwoPiExact;
-    // In order and within a turn; the turn itself, to which an angle may be rounded, stays.
-    startAngle_ = broughtDown(startAngle_, kFullTurnBound);
-    endAngle_ = broughtDown(endAngle_, kFullTurnBound);
+    // Both within a turn, and start before end. A full turn stays, and so does what exceeds it by
+    // rounding.
+    startAngle_ = reduced(startAngle_, kFullTurnBound);
+    endAngle_ = reduced(endAngle_, kFullTurnBound);
     if (startAngle_ > endAngle_) endAngle_ += kTwoPi;
 }
 
@@ -65,21 +67,22 @@ int mgArc_c::isValid() const {
     return radius_ >= kShortestRadius && std::fabs(startAngle_ - endAngle_) >= kSameAngle;
 }
 
-// QUIRK: in the plane z = centre.z whatever the normal, where a reader would expect the arc's own
-// plane. Who draws the arc turns it by its matrix. (test: EndsAreComputedInThePlaneOfTheCentresZ)
+// QUIRK: arc.h, mgArc_c::getStartPoint, mgArc_c::getEndPoint: the point lies in the plane of
+// constant z through the centre, whatever the normal is. Expected: in the arc's own plane. Kept:
+// callers and stored data depend on it. (test: EndsAreComputedInThePlaneOfTheCentresZ)
 mgPoint_c mgArc_c::pointAt(double angle) const { return centre_ + radius_ * onUnitCircle(angle); }
 
 void mgArc_c::getStartPoint(mgPoint_c &out) const { out = pointAt(startAngle_); }
 
 void mgArc_c::getEndPoint(mgPoint_c &out) const { out = pointAt(endAngle_); }
 
-// QUIRK: in degrees the turn itself is the bound, where the points allow 1e-11 beyond it; a reader
-// would expect one bound. Dimension texts rely on never showing more than 360.
-// (test: AngleJustBeyondAFullTurnIsKept)
+// QUIRK: arc.h, mgArc_c::getStartAngleInDegrees, mgArc_c::getEndAngleInDegrees: an angle above a
+// full turn is reduced, where the end points keep one of up to 1e-11 more. Expected: one bound.
+// Kept: callers and stored data depend on it. (test: AngleJustBeyondAFullTurnIsKept)
 
-double mgArc_c::getStartAngleInDegrees() const { return degrees(broughtDown(startAngle_, kTwoPi)); }
+double mgArc_c::getStartAngleInDegrees() const { return degrees(reduced(startAngle_, kTwoPi)); }
 
-double mgArc_c::getEndAngleInDegrees() const { return degrees(broughtDown(endAngle_, kTwoPi)); }
+double mgArc_c::getEndAngleInDegrees() const { return degrees(reduced(endAngle_, kTwoPi)); }
 
 double mgArc_c::iGetAngle(mgPoint_c const &p) const {
     mgVector_c const v = p - centre_;
@@ -88,10 +91,10 @@ double mgArc_c::iGetAngle(mgPoint_c const &p) const {
 }
 
 double mgArc_c::convertToOglAngle(double angle) {
-    double fromY = broughtDown(angle, kTwoPi) - vexmath::kHalfPi;
+    double fromY = reduced(angle, kTwoPi) - vexmath::kHalfPi;
     while (fromY < 0.0) fromY += kTwoPi;
-    // QUIRK: +y itself becomes a full turn, where a reader would expect 0. The drawing call takes a
-    // start of 360 degrees, and recorded pictures hold it. (test: TheAngleOfUpIsAFullTurn)
+    // QUIRK: arc.h, mgArc_c::convertToOglAngle, mgArc_c::getOglStartAngle: +y becomes a full turn.
+    // Expected: 0. Kept: callers and stored data depend on it. (test: TheAngleOfUpIsAFullTurn)
     return kTwoPi - fromY;
 }
 

@@ -13,9 +13,9 @@ struct ClosestParameters {
     double second;
 };
 
-/// Distances along two lines, from their roots, to the points nearest to each other. For unit
-/// directions u1, u2 with cosine c and w = root 2 - root 1, the connection of the points is
-/// perpendicular to both lines:  t1 - c t2 = w.u1,  c t1 - t2 = w.u2.
+/// Distances along two lines, from their roots, to the points nearest to each other. The segment
+/// between these points is perpendicular to both lines: for unit directions u1, u2 with cosine c,
+/// and w = root 2 - root 1,  t1 - c t2 = w.u1,  c t1 - t2 = w.u2.
 /// REQUIRES unit directions that are not parallel: nothing guards the division by 1 - c^2.
 inline ClosestParameters closestParameters(mgVector_c const &u1, mgVector_c const &u2,
                                            double cosine, mgVector_c const &w) {

@@ -20,19 +20,20 @@ mgPoint_c mgCone_c::projectPointOnAxis(mgPoint_c const &p) const {
 }
 
 double mgCone_c::transformRadiusAtRoot(mgPoint_c const &p, double r) const {
-    // QUIRK: the sign is that of a cone which widens along its axis, where a reader would expect
-    // the one that narrows in `extremePts`. Callers pass the angle as negative.
-    // (test: TheRadiusAtTheRootIsThatOfAWideningCone)
+    // QUIRK: cone.h, mgCone_c::transformRadiusAtRoot: the sign is that of a cone which widens along
+    // its axis. Expected: that of the cone which narrows in `extremePts`. Kept: callers and stored
+    // data depend on it. (test: TheRadiusAtTheRootIsThatOfAWideningCone)
     return r - std::tan(angle_) * heightOf(p);
 }
 
 int mgCone_c::pointPerp(mgPoint_c const &p, mgPoint_c *foot) const {
-    /// How far ahead of the root the foot must lie to count; strict.
+    /// By how much the foot must lie ahead of the root for a result of 1; strict.
     constexpr double kAhead = 1e-08;
     mgPoint_c const given = p; // foot may be p
     if (mgLine_c(root_, axis_).pointPerp(given, foot)) return *foot == root_;
-    // QUIRK: the foot of the root on the line through p, where a reader would expect the foot of p
-    // on the surface. Snapping in sketches measures with it. (test: TheConesFootIsThatOfItsRoot)
+    // QUIRK: cone.h, mgCone_c::pointPerp: gives the foot of the root on a line through p. Expected:
+    // the foot of p on the surface. Kept: callers and stored data depend on it.
+    // (test: TheConesFootIsThatOfItsRoot)
     mgUnitVector_c const inward(*foot - given, 0);
     mgUnitVector_c const leaning(std::cos(angle_) * inward + std::sin(angle_) * axis_, 0);
     mgLine_c(given, leaning).pointPerp(root_, foot);
@@ -41,12 +42,12 @@ int mgCone_c::pointPerp(mgPoint_c const &p, mgPoint_c *foot) const {
 
 namespace {
 
-/// The candidates that project lowest and highest from the root along dir.
+/// Writes the candidates with the lowest and the highest projection along dir.
 void chooseExtremes(mgPoint_c const (&candidates)[4], mgPoint_c const &root,
                     mgUnitVector_c const &dir, mgPoint_c *out) {
-    /// Where the search starts, in model units. Two rim points lie opposite each other about the
-    /// root, one at or below 0 and one at or above, so that starts this far out are replaced; only
-    /// NaN, or roots so far out that rounding moves the rim by as much, leave the first candidate.
+    /// Where the search starts, in model units. The first two candidates lie opposite each other
+    /// about the root: one projects to 0 or below, the other to 0 or above, so that both starts are
+    /// replaced. Only NaN, or rounding of as much at a root that is far out, leaves candidate 0.
     constexpr double kStart = 1000.0;
     double lowest = kStart;
     double highest = -kStart;
@@ -70,7 +71,7 @@ void chooseExtremes(mgPoint_c const (&candidates)[4], mgPoint_c const &root,
 } // namespace
 
 void mgCone_c::extremePts(mgUnitVector_c const &dir, double height, mgPoint_c *out) const {
-    /// Cosine of dir and axis from which the rims are looked at; bound included.
+    /// Cosine of dir and axis from which the rim points are compared; bound included.
     constexpr double kForwardCos = 1e-06;
     mgPoint_c const top = root_ + height * axis_;
     if (axis_.isParallelTo(dir)) {
@@ -87,9 +88,9 @@ void mgCone_c::extremePts(mgUnitVector_c const &dir, double height, mgPoint_c *o
         chooseExtremes(rims, root_, dir, out);
         return;
     }
-    // QUIRK: every direction that looks back along the axis comes here, where a reader would expect
-    // only the nearly perpendicular ones. Dimensions are attached to the points so found.
-    // (test: LookingBackTheRootAloneCounts)
+    // QUIRK: cone.h, mgCone_c::extremePts: for every dir that points back along the axis, only the
+    // root counts. Expected: only for a dir nearly perpendicular to the axis. Kept: callers and
+    // stored data depend on it. (test: LookingBackTheRootAloneCounts)
     double const larger = topRadius > radius_ ? topRadius : radius_;
     out[0] = root_ - larger * dir;
     out[1] = root_ + larger * dir;

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Asks `mgPlane_c::isPointOn` for the library's length tolerance.
+/// Makes `mgPlane_c::isPointOn` use the library's length tolerance.
 constexpr double kDefaultTolerance = -1.0;
 
 } // namespace
@@ -27,7 +27,7 @@ int mgPlane_c::isEquivalent(mgPlane_c const &other) const {
 }
 
 double mgPlane_c::getHessianNormalFormConstant() const {
-    // In this order: stored drawings carry the last bits.
+    // Keep this order of operations: another one changes last bits.
     mgPoint_c const &r = rootPoint();
     mgUnitVector_c const &n = normal();
     return (n.x() * -1.0 * r.x() - r.y() * n.y() - r.z() * n.z())
@@ -51,7 +51,7 @@ mgXform_c mg_PlaneReflectionXform(mgPlane_c const &plane) {
 namespace {
 
 /// A point on both planes: b's root if it lies on a; else the foot of b's root on a, moved within a
-/// to b. u is the direction of the common line.
+/// until it lies on b. u is the direction of the common line.
 mgPoint_c pointOnBoth(mgPlane_c const &a, mgPlane_c const &b, mgUnitVector_c const &u) {
     /// Distance below which the roots coincide, and below which b's root lies on a; strict.
     constexpr double kSamePoint = 1e-08;
@@ -67,8 +67,8 @@ mgPoint_c pointOnBoth(mgPlane_c const &a, mgPlane_c const &b, mgUnitVector_c con
     if (std::fabs(height) < kOnPlane) return rb;
     mgPoint_c const foot = rb - height * na;
     if (std::fabs(na % b.normal()) < kPerpendicularCos) return foot;
-    // The tangent is negative for an obtuse angle, which is then the way to go: the angle must not
-    // be folded into the acute one.
+    // Do not fold an obtuse angle into the acute one: its tangent is negative, and the step then
+    // rightly goes backwards.
     double const angle = mg_AngleBetween(na, b.normal());
     return foot + (u * na) * (height / std::tan(angle));
 }

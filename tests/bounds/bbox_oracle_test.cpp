@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Validity, unions with points and growth of boxes against their rules in the plainest words, with
-// all divisions, roots and loops. The library comes to the same bits by cheaper ways.
+// Validity, unions with points and growth of boxes against a literal form of their rules, with all
+// divisions, roots and loops. The library gets the same bits at lower cost.
 
 #include "bounds/boxes.h"
 
@@ -11,7 +11,7 @@ using P = mgPoint_c;
 
 constexpr int kSteps = 300000;
 
-enum Outcome { kBecamePoint, kEnclosed, kGrown, kSphereMadeAnew, kOutcomes };
+enum Outcome { kBecamePoint, kEnclosed, kGrown, kSphereReplaced, kOutcomes };
 
 /// The members of a box, in their order.
 struct LiteralBox {
@@ -58,7 +58,7 @@ struct LiteralBox {
         double const s = farthestSq(), sq = radius * radius;
         if (!(s + 5e-09 < sq || (radius > 1e-10 && s * 1.000000005 < sq))) return kGrown;
         takeSphereFromCorners();
-        return kSphereMadeAnew;
+        return kSphereReplaced;
     }
 
     Outcome unite(P const &p) {
@@ -71,10 +71,10 @@ struct LiteralBox {
             if (p[i] < low[i]) low[i] = p[i];
             if (p[i] > high[i]) high[i] = p[i];
         }
-        mgVector_c const way = p - centre;
-        double const newRadius = (radius + way.len()) * 0.5;
+        mgVector_c const offset = p - centre;
+        double const newRadius = (radius + offset.len()) * 0.5;
         if (!(radius < newRadius)) return kEnclosed;
-        centre = centre + way * ((newRadius - radius) / way.len());
+        centre = centre + offset * ((newRadius - radius) / offset.len());
         radius = newRadius;
         return shrinkSphere();
     }
@@ -92,24 +92,24 @@ struct LiteralBox {
     }
 };
 
-/// Boxes, points and numbers that sit on the edges of the rules.
+/// Boxes, points and numbers at the thresholds of the rules.
 class Cases : public Random {
 public:
-    /// Changes the kind and the size of what follows.
+    /// Chooses the kind and the size of the next cases.
     void change() {
-        // Around these sizes squares underflow or overflow, tolerances matter and decades change.
+        // Near these sizes squares underflow or overflow, tolerances matter and decades change.
         constexpr double kScales[] = {1, 1, 1e-4, 1e-8, 1e-10, 1e-145, 1e-154, 1e154, 1e6, 1e15};
         style_ = below(5);
         int const k = below(11);
         scale_ = k < 10 ? kScales[k] * uniform(0.5, 2.0) : ofMagnitude(-320.0, 307.0);
     }
 
-    /// Valid or not by the last digits of a few numbers, in two of three cases.
+    /// In two of three cases the last digits of a few numbers decide whether it is valid.
     mgBBox_c box() {
         mgBBox_c box(any(), any());
         if (below(4) == 0) box = mgBBox_c(any(), std::fabs(number()));
         for (int changes = below(3); changes > 0; --changes) {
-            int const at = std::min(below(14), 9); // the radius most of all
+            int const at = std::min(below(14), 9); // most often the radius
             double const value = doubleOf(box, at);
             box = withDouble(box, at, below(8) == 0 ? number() : nudged(value));
         }

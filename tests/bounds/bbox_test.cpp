@@ -17,7 +17,7 @@ mgBBox_c const bloated = boxOf(P(), 9, P(-1, -1, -1), P(1, 1, 1)); // not valid
 std::wstring textOf(mgBBox_c const &box) {
     CString text(L"old");
     box.saveStringRep(text);
-    box.dump(); // which nobody sees
+    box.dump(); // has no visible effect
     return static_cast<wchar_t const *>(text);
 }
 
@@ -57,7 +57,7 @@ TEST(BBox, SettersWriteWhatTheyAreGiven) {
     EXPECT_BITS_EQ(boxOf(middle, radius, P(1, 0, 3), P(5, 2, 3)), box);
     box.set(lowHigh);
     EXPECT_BITS_EQ(boxOf(middle, radius, a, b), box);          // not sorted
-    EXPECT_BITS_EQ(mgBBox_c(a, P(5, 2, 3)), mgBBox_c(a, nan)); // the first point's x stands
+    EXPECT_BITS_EQ(mgBBox_c(a, P(5, 2, 3)), mgBBox_c(a, nan)); // keeps the first point's x
     EXPECT_BITS_EQ(boxOf(P(kNaN, 1, 3), kNaN, P(kNaN, 0, 3), nan), mgBBox_c(nan, a));
     EXPECT_BITS_EQ(mgBBox_c(P(), 500), mgBBox_c::correctedMaxBox());
     EXPECT_BITS_EQ(cube(-288.6002886002886, 288.6002886002886), mgBBox_c::maxBox());
@@ -84,30 +84,30 @@ TEST(BBox, ComparisonsAreStrictInEveryMember) {
 }
 
 TEST(BBox, ACentreFarOutIsNotHeldAgainstTheCorners) {
-    // 1e13 tolerances from the origin no digits are left to compare on that axis.
+    // An axis is not tested when the centre is 1e13 tolerances from the origin.
     auto const valid = [](double x, double y) {
         return boxOf(P(x, 0, 0), 1, P(x, 0, 0), P(x + 1.5, y, 0)).isValid();
     };
     EXPECT_EQ(1, valid(1e5, 0) & valid(-1e5, 0));
     EXPECT_EQ(0, valid(below(1e5), 0));
-    EXPECT_EQ(0, valid(1e5, 1.5)); // the other axes still count
+    EXPECT_EQ(0, valid(1e5, 1.5)); // the other axes are tested
 }
 
 TEST(BBox, AUnionAsksMoreOfItsOperandThanOfItself) {
-    EXPECT_BITS_EQ(unit, mgBBox_c(unit) |= bloated); // set is not enough, an invalid box is empty
+    EXPECT_BITS_EQ(unit, mgBBox_c(unit) |= bloated); // an invalid box counts as empty
     mgBBox_c const ball(P(9, 0, 0), 2);
     EXPECT_BITS_EQ(boxOf(P(1, 0, 0), 10, P(-1, -2, -2), P(11, 2, 2)),
-                   mgBBox_c(bloated) |= ball); // its sphere, too large for its corners, enters
+                   mgBBox_c(bloated) |= ball); // its oversized sphere is merged as it is
     EXPECT_BITS_EQ(ball, mgBBox_c() |= ball);
-    EXPECT_BITS_EQ(mgBBox_c(P(), P()), mgBBox_c(bloated) |= P()); // a point asks for validity
+    EXPECT_BITS_EQ(mgBBox_c(P(), P()), mgBBox_c(bloated) |= P()); // a point needs a valid box
 }
 
 TEST(BBox, APointThatHoldsNaNWidensTheCornersAlone) {
     mgBBox_c box = unit;
     EXPECT_BITS_EQ(boxOf(unit.center(), unit.sphRadius(), P(), P(1, 5, 1)), box |= P(kNaN, 5, 0.5));
     EXPECT_EQ(0, box.isValid());
-    EXPECT_BITS_EQ(mgBBox_c(P(0, 2, 0), 0), box |= P(0, 2, 0)); // which the next point replaces
-    box |= P(1e200, 0, 0); // nor is it valid when the distance overflows
+    EXPECT_BITS_EQ(mgBBox_c(P(0, 2, 0), 0), box |= P(0, 2, 0)); // replaced by the next point
+    box |= P(1e200, 0, 0);                                      // the squared distance overflows
     EXPECT_EQ(1, box.isSet() && !box.isValid());
 }
 
@@ -118,8 +118,8 @@ TEST(BBox, TheSwitchGivesTheCubeAroundTheMergedSphere) {
     EXPECT_EQ(2, mgBBox_c::SetUseSphereBoundingBox(1));
     EXPECT_EQ(1, mgBBox_c::GetUseSphereBoundingBox());
     EXPECT_BITS_EQ(mgBBox_c(both.sphCenter(), both.sphRadius()), mgBBox_c(unit) |= beside);
-    EXPECT_BITS_EQ(big, mgBBox_c(big) |= unit); // where the sphere stays, it is not asked
-    EXPECT_EQ(0, (mgBBox_c(unit) |= P(9, 0, 0)).low().y()); // nor by points
+    EXPECT_BITS_EQ(big, mgBBox_c(big) |= unit);             // ignored where the sphere stays
+    EXPECT_EQ(0, (mgBBox_c(unit) |= P(9, 0, 0)).low().y()); // and by points
     mgBBox_c::SetUseSphereBoundingBox(0);
 }
 
@@ -164,12 +164,13 @@ TEST(BBox, TransformsEncloseTheImageWithinTheSphereIgnoringPerspective) {
                    box *= placed);
     ball *= mg_RotateXform(0.5, V(1, 2, 3), 0);
     EXPECT_LT(gap(ball.low(), P(-3, -3, -3)) + gap(ball.high(), P(3, 3, 3)), 1e-15); // not wider
-    // What no copy lets through: a flagged rotation, a tiny translation, a scale out of range.
+    // Copies drop all of this: a rotation flagged as identity, a tiny translation, a huge scale.
     mgXform_c const odd = vexmath::detail::makeXform(quarter.transpose(), V(5e-09, 0, 0), 6e12);
     EXPECT_BITS_EQ(unit, mgBBox_c(unit) *= odd);
     reset.reset();
-    EXPECT_EQ(0, (mgBBox_c() *= mg_ScaleXform(2)).isSet()); // unset by its radius, which stays so
-    EXPECT_BITS_EQ(boxOf(P(), 1, P(0, 0, -1), P(0, 0, 1)), reset *= mgXform_c()); // by its corners
+    EXPECT_EQ(0, (mgBBox_c() *= mg_ScaleXform(2)).isSet()); // unset by its radius: stays unset
+    EXPECT_BITS_EQ(boxOf(P(), 1, P(0, 0, -1), P(0, 0, 1)),
+                   reset *= mgXform_c()); // by its corners: becomes set
 }
 
 TEST(BBox, TheTextFormHoldsTheCornersAlone) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Boxes by their ten doubles, for the tests that look behind the queries.
+// Access to the ten doubles of a box, for tests that need more than its queries show.
 
 #ifndef VEXMATH_TESTS_BOUNDS_BOXES_H
 #define VEXMATH_TESTS_BOUNDS_BOXES_H

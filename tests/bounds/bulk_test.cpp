@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Points bounded by the array, against the loop over the single operation.
+// The box of an array of points, against the loop over the single operation.
 
 #include <vexmath/bulk.h>
 
@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Lists where the sphere settles soon, grows to the end, or breaks on the way.
+/// Lists whose sphere stops growing soon, grows to the end, or becomes invalid on the way.
 std::vector<mgPoint_c> anyList(support::Random &random) {
     int const style = random.below(4);
     std::vector<mgPoint_c> points(static_cast<std::size_t>(random.below(4) == 0 ? 400 : 18));
@@ -20,7 +20,7 @@ std::vector<mgPoint_c> anyList(support::Random &random) {
         mgPoint_c &p = points[i];
         p = random.triple<mgPoint_c>(-1.0, 1.0);
         if (style == 1) p = p * static_cast<double>(i);
-        if (style == 2) // zeros of both signs, which are an extreme
+        if (style == 2) // zeros of both signs as extremes
             for (int k = 0; k < 3; ++k)
                 p[k] = random.below(2) == 0 ? side : std::copysign(0.0, p[k]);
         else
@@ -30,8 +30,8 @@ std::vector<mgPoint_c> anyList(support::Random &random) {
     return points;
 }
 
-/// Unset, of a point, ordinary, huge, invalid, or on one side of the origin, which its sphere
-/// holds.
+/// Unset, a point, ordinary, huge, invalid, or on one side of the origin, with a sphere around the
+/// origin.
 mgBBox_c anyBox(support::Random &random) {
     mgPoint_c const p = random.triple<mgPoint_c>(-5.0, 5.0);
     mgBBox_c const boxes[] = {mgBBox_c(),

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Interference of boxes: which contacts clash, where placed; containment; planes and segments.
+// Interference of boxes, also placed ones: which contacts clash; containment; planes and segments.
 
 #include <vexmath/plane.h>
 
@@ -23,29 +23,29 @@ TEST(Clash, FacesAndEdgesTouchSingleCornersDoNot) {
     CheckClash(1, unit, {P(1, 0, 0), P(2, 1, 1)});
     CheckClash(1, unit, {P(1, 1, 0), P(2, 2, 1)});
     for (double const tol : {0.0, 1.0}) CheckClash(0, unit, {P(1, 1, -1), P(2, 2, 0)}, tol);
-    CheckClash(0, unit, cube(1 - 5e-09, 2)); // the same corner within the tolerance of points
+    CheckClash(0, unit, cube(1 - 5e-09, 2)); // one corner, within the tolerance
     CheckClash(1, unit, cube(1 - 2e-08, 2));
     CheckClash(0, unit, cube(1, 1));
     CheckClash(0, cube(5, 5), cube(5, 5));    // a point and itself
-    CheckClash(1, unit, {P(1, 0.5, 0.5), 0}); // a corner of its own, not of the unit
+    CheckClash(1, unit, {P(1, 0.5, 0.5), 0}); // a corner of the point, not of unit
     CheckClash(0, unit, mgBBox_c());
 }
 
 TEST(Clash, SphereToleranceIsAFactorOnTheSquaredRadius) {
-    // The overlap begins at x = d, on the sphere of radius 1 about the origin. With tolerance 3 the
-    // squared radius is 4: the reach is 2, where a distance would give 4.
+    // The overlap begins at x = d. The sphere about the origin has radius 1. With tolerance 3 its
+    // squared radius is 4, so it reaches to 2; a tolerance as a length would reach to 4.
     mgBBox_c const a = boxOf(P(), 1, P(-1, -1, -1), P(3, 1, 1)), b = boxOf(P(), 1, P(), P(2, 1, 1));
     auto const from = [](double d) { return boxOf(P(d, 0, 0), 1, P(d, -1, -1), P(3, 1, 1)); };
     CheckClash(1, a, from(1));
     CheckClash(0, a, from(above(1)));
     CheckClash(1, a, from(2), 3);
     CheckClash(0, a, from(above(2)), 3);
-    // Before that the tolerance bridges gaps between spheres and between corners, as a distance.
+    // For gaps between spheres and between corners the tolerance is a length.
     CheckClash(1, b, boxOf(P(3.5, 0, 0), 2, P(), P(4, 1, 1)), 0.5);
     CheckClash(0, b, boxOf(P(above(3.5), 0, 0), 2, P(), P(4, 1, 1)), 0.5);
     CheckClash(1, {P(), P(2, 0, 2)}, {P(0, 0.125, 0), P(2, 2, 2)}, 0.125);
     CheckClash(0, {P(), P(2, 0, 2)}, {P(0, 0.125, 0), P(2, 2, 2)}, below(0.125));
-    CheckClash(0, unit, unit, -1.25); // taken as it is: the overlap must be that wide
+    CheckClash(0, unit, unit, -1.25); // used as it is: asks for an overlap
 }
 
 int placedClash(mgBBox_c const &a, mgBBox_c const &b, mgXform_c const &xb) {
@@ -57,7 +57,8 @@ int placedClash(mgBBox_c const &a, mgBBox_c const &b, mgXform_c const &xb) {
 mgXform_c aside(double x, double y = 0) { return mg_TranslateXform(V(x, y, 0)); }
 
 TEST(Clash, PlacedBoxesMustMeetInBothFrames) {
-    // A beam on the diagonal beside a block: in the block's frame its enclosure meets the block.
+    // A beam on the diagonal beside a block: in the block's frame its enclosing box meets the
+    // block.
     mgBBox_c const block = cube(-1, 1), beam(P(-2, -0.1, -0.1), P(2, 0.1, 0.1));
     mgXform_c const diagonal = mg_RotateXform(0.78539816339745, V(0, 0, 1), 0);
     CheckClash(1, block, mgBBox_c(beam) *= diagonal * aside(1.8, -1.8), 1e-08);
@@ -65,18 +66,18 @@ TEST(Clash, PlacedBoxesMustMeetInBothFrames) {
     EXPECT_EQ(1, placedClash(block, beam, diagonal * aside(1, -1)));
 }
 
-/// A box whose sphere and corners need not agree, so that each of them decides sometimes.
+/// A box whose sphere and corners need not agree, so that each of them decides in some cases.
 mgBBox_c anyBox(support::Random &random) {
     mgBBox_c box(random.triple<P>(-5.0, 5.0), random.triple<P>(-5.0, 5.0));
     if (random.below(3) != 0) box.setSphereOnly(random.triple<P>(-4.0, 4.0), random.uniform(2, 8));
     return box;
 }
 
-/// Kinds 0 and 1 are none, and their inverses lead elsewhere: longer, or at odd angles.
+/// Kinds 0 and 1 are no rotations: too long rows, or rows at other angles.
 mgMatrix_c anyRotation(support::Random &random, int kind) {
-    mgMatrix_c const turn = support::placement(random).rotation();
+    mgMatrix_c const rotation = support::placement(random).rotation();
     double elements[9];
-    for (int i = 0; i < 9; ++i) elements[i] = kind == 0 ? 1.5 * turn[i] : turn[i];
+    for (int i = 0; i < 9; ++i) elements[i] = kind == 0 ? 1.5 * rotation[i] : rotation[i];
     for (int j = 0; kind == 1 && j < 3; ++j) {
         mgUnitVector_c const column = support::direction(random);
         for (int i = 0; i < 3; ++i) elements[3 * i + j] = column[i];
@@ -84,7 +85,7 @@ mgMatrix_c anyRotation(support::Random &random, int kind) {
     return {elements, 0};
 }
 
-TEST(Clash, PlacedBoxesAreToldApartAsByTheSteps) {
+TEST(Clash, PlacedBoxesClashAsByTheLiteralSteps) {
     support::Random random;
     int clashes[2] = {0, 0};
     for (int k = 0; k < 40000; ++k) {
@@ -108,7 +109,7 @@ TEST(Clash, PlacedBoxesAreToldApartAsByTheSteps) {
 }
 
 TEST(Clash, PlacedSpheresAreComparedUnscaled) {
-    // Scaled by 2, the second sphere reaches well into the first, but its radius counts as 1.
+    // Scaled by 2 the second sphere reaches into the first, but the test uses its radius of 1.
     EXPECT_EQ(0, mgBBox_c::clash(ball, mgXform_c(), ball, mg_ScaleXform(aside(2.5), 2)));
     EXPECT_EQ(1, placedClash(ball, {P(), 2}, aside(2.5)));
     // Placed spheres must overlap by the tolerance; unplaced, touching is enough.
@@ -162,7 +163,7 @@ TEST(Clash, PointsOnTheBoundAreContainedWhetherSetOrNot) {
 }
 
 TEST(PlaneClash, ACornerNearerThanTheToleranceTouches) {
-    // Answer, x of the plane, tolerance, of which a smaller one counts as 1e-08. Strict.
+    // Result, x of the plane, tolerance. A tolerance below 1e-08 counts as 1e-08. Strict.
     double const rows[][3] = {
         {1, 0.5, 0},          {0, -1e-08, 0},   {1, above(-1e-08), 0},   {1, 1 + 5e-09, -1},
         {1, 1 + 5e-09, kNaN}, {0, -0.25, 0.25}, {1, -0.25, above(0.25)}, {0, kNaN, 1}};
@@ -189,14 +190,14 @@ void CheckSegment(int expected, P const &a, P const &b, double tol) {
 TEST(SegmentClash, ASegmentIsTestedAgainstTheSphereAlone) {
     CheckSegment(1, {-1, 0.5, 0.5}, {2, 0.5, 0.5}, 0);
     CheckSegment(1, {0.5, 0.5, 0.5}, {0.5, 0.5, 0.5}, 0); // a point
-    CheckSegment(0, {1.5, 0.5, 0.5}, {2, 0.5, 0.5}, 0);   // on a line that hits, too short
-    CheckSegment(1, {1.6, 0.5, 0.5}, {0.5, 1.6, 0.5}, 0); // outside of the edge, in the sphere
-    // 0.845 from the centre, squared; the squared radius is 0.75, and the tolerance is added to it.
+    CheckSegment(0, {1.5, 0.5, 0.5}, {2, 0.5, 0.5}, 0);   // its line hits, but it is too short
+    CheckSegment(1, {1.6, 0.5, 0.5}, {0.5, 1.6, 0.5}, 0); // outside the edge, inside the sphere
+    // The squared distance is 0.845. The squared radius is 0.75, and the tolerance is added to it.
     CheckSegment(0, {1.8, 0.5, 0.5}, {0.5, 1.8, 0.5}, 0.094);
     CheckSegment(1, {1.8, 0.5, 0.5}, {0.5, 1.8, 0.5}, 0.096);
     CheckSegment(0, {1.1, 0.2, 0.5}, {1.1, 0.8, 0.5}, 0.09); // 0.1 from the face
     CheckSegment(1, {1.1, 0.2, 0.5}, {1.1, 0.8, 0.5}, 0.11);
-    for (double const beyond : {5e-09, 2e-08}) { // 1e-08 for the corners alone
+    for (double const beyond : {5e-09, 2e-08}) { // 1e-08, for the corners only
         P const a(0.1, 1 + beyond, 0.5), b(0.9, 1 + beyond, 0.5);
         EXPECT_EQ(beyond < 1e-08, unit.clashLine(&a, &b));
     }

@@ -38,7 +38,7 @@ TEST(Parallelogram, PointsInsideReachTheEdges) {
     check(false, square, {kNaN, 0.5, 0});
     check(true, skew, {4.5, 4, 1});
     check(false, skew, {1.5, 4, 1});
-    // Nothing but the corner is inside parallel edges, or such that are parallel by rounding.
+    // Between parallel edges, also by rounding alone, only the corner is inside.
     U const slanted(1, 2, 3), sameButForRounding(1.0 / 3.0, 2.0 / 3, 1);
     for (U const &d2 : {slanted, -slanted, sameButForRounding}) {
         check(false, {origin, slanted, d2, 9, 9}, {0.5, 1, 1.5});
@@ -65,7 +65,8 @@ TEST(Parallelogram, ANullEdgeDirectionBoundsNothing) {
 
 TEST(Parallelogram, TheFarCornerIsNeverTheHighPoint) {
     P low, high;
-    EXPECT_TRUE(square.getExtremPts(U(1, 1, 0), low, high)); // a tie: the end of the first edge
+    EXPECT_TRUE(
+        square.getExtremPts(U(1, 1, 0), low, high)); // a tie gives the end of the first edge
     EXPECT_BITS_EQ(P(1, 0, 0), high);
     EXPECT_TRUE(square.getExtremPts(zAxis, low, high));
     EXPECT_BITS_EQ(origin, high);
@@ -124,7 +125,7 @@ TEST(GeneralBox, ProjectsAlongItsThirdDirection) {
     CheckProjection(true, {origin, xAxis, yAxis, 1e-08, 5, 1});
     CheckProjection(false, {origin, xAxis, yAxis, below(1e-08), 5, 1});
     CheckProjection(false, {origin, xAxis, yAxis, 2, below(1e-08), 1});
-    CheckProjection(false, {origin, xAxis, zAxis, 2, 5, 1});      // along the plane
+    CheckProjection(false, {origin, xAxis, zAxis, 2, 5, 1});      // parallel to the plane
     CheckProjection(false, {P(1, 2, -5), xAxis, zAxis, 2, 5, 1}); // and in it
     CheckProjection(false, {origin, xAxis, xAxis, 2, 5, 1});      // no third direction
     Random random;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Boxes against lines and rays, their range along a line, the planar extent, and every operation of
-// boxes on numbers made to break it.
+// boxes with hostile numbers.
 
 #include <vexmath/general_box.h>
 #include <vexmath/mg_bounds.h>
@@ -24,10 +24,10 @@ TEST(SphereHit, SphereToleranceIsAddedToTheSquaredRadius) {
     P const p(-100, 5, 0); // the line passes at 5
     EXPECT_EQ(1, ball.sphereHitByRay2(p, xAxis, 16 - 1.9e-08));
     EXPECT_EQ(0, ball.sphereHitByRay2(p, xAxis, 16 - 2.1e-08));
-    EXPECT_EQ(1, ball.sphereHitByRay(P(100, 3, 0), xAxis));       // behind p, too
-    EXPECT_EQ(1, unset.sphereHitByRay(P(5, 1.414e-4, 0), xAxis)); // unset is (0, 0, 0)
+    EXPECT_EQ(1, ball.sphereHitByRay(P(100, 3, 0), xAxis));       // also behind p
+    EXPECT_EQ(1, unset.sphereHitByRay(P(5, 1.414e-4, 0), xAxis)); // unset counts as (0, 0, 0)
     EXPECT_EQ(0, unset.sphereHitByRay(P(5, 1.415e-4, 0), xAxis));
-    EXPECT_EQ(1, unset.sphereHitByRay(P(5, 1, 0), none)); // without a direction all are hit
+    EXPECT_EQ(1, unset.sphereHitByRay(P(5, 1, 0), none)); // a zero direction always succeeds
 }
 
 TEST(RayHit, OnlyTheInsideOfFacesIsHit) {
@@ -35,7 +35,7 @@ TEST(RayHit, OnlyTheInsideOfFacesIsHit) {
     EXPECT_EQ(0, box.isRayHit(P(-1, 1, 1), U(1, -1, 0))); // through an edge, from outside
     EXPECT_EQ(1, box.isRayHit(P(-0.5, 1, 1), U(1, -1, 0)));
     EXPECT_EQ(0, box.isRayHit(P(0.5, 1, 1), none) + unset.isRayHit(P(0.5, 1, 1), xAxis));
-    // Only the faces across z of a wide slab can be hit: those across x are too far out.
+    // Only the faces across z of a wide slab can be hit: at those across x the line is outside.
     mgBBox_c const slab(P(-1e9, -1, -1), P(1e9, 1, 1));
     for (double const z : {1e-08, -1e-08, below(1e-08)}) {
         U almost;
@@ -44,9 +44,9 @@ TEST(RayHit, OnlyTheInsideOfFacesIsHit) {
     }
 }
 
-/// Expects a hit there; none where the point expected is (9, 9, 9).
+/// Expects a hit at the point expected, or no hit when that is (9, 9, 9).
 void CheckFirstHit(mgBBox_c const &b, P const &p, U const &dir, P const &expected = P(9, 9, 9)) {
-    P hit(9, 9, 9), same = p; // or the output is the input
+    P hit(9, 9, 9), same = p; // a second call writes to its input
     int const found = expected.x() != 9;
     EXPECT_EQ(b.getFirstRayHit(p, dir, &hit), found);
     EXPECT_BITS_EQ(expected, hit);
@@ -55,8 +55,8 @@ void CheckFirstHit(mgBBox_c const &b, P const &p, U const &dir, P const &expecte
 }
 
 TEST(FirstRayHit, TheRayBeginsAtItsPointAndFacesAreAToleranceWider) {
-    CheckFirstHit(box, {0, 1, 1}, xAxis, {1, 1, 1}); // on a face, looking in
-    CheckFirstHit(box, {1, 1, 1}, xAxis);            // and out
+    CheckFirstHit(box, {0, 1, 1}, xAxis, {1, 1, 1}); // on a face, towards the inside
+    CheckFirstHit(box, {1, 1, 1}, xAxis);            // towards the outside
     CheckFirstHit(box, {0.5, 1, 1}, none);
     CheckFirstHit(box, {-5, 2, 1}, xAxis, {0, 2, 1}); // along a face
     CheckFirstHit(box, {-5, -1e-08, 1}, xAxis, {0, -1e-08, 1});
@@ -64,7 +64,7 @@ TEST(FirstRayHit, TheRayBeginsAtItsPointAndFacesAreAToleranceWider) {
     CheckFirstHit({P(0.9e32, -1, -1), P(2e32, 1, 1)}, P(), xAxis, {0.9e32, 0, 0});
     CheckFirstHit({P(1e32, -1, -1), P(2e32, 1, 1)}, P(), xAxis); // too far
     CheckFirstHit(unset, {-5, 1, 1}, xAxis, {0, 1, 1});
-    CheckFirstHit(mgBBox_c(), {-5, 0, 0}, xAxis); // the corners of an empty box hold no point
+    CheckFirstHit(mgBBox_c(), {-5, 0, 0}, xAxis); // its corners contain no point
 }
 
 /// Random rays against clipping at each pair of faces.

@@ -67,7 +67,7 @@ TEST(Arc, AngleJustBeyondAFullTurnIsKept) {
     EXPECT_BITS_EQ(mgVector_c(1, more, 0), endOf(ofAngles(0, beyond)));
     EXPECT_BITS_EQ(more * vexmath::kInvPi * 180, ofAngles(beyond, 0).getStartAngleInDegrees());
     EXPECT_NEAR(360, ofAngles(0, kTwoPi).getEndAngleInDegrees(), 1e-11);
-    // Half a turn is not mirrored up to the bound, which shows in the digits that kTwoPi lacks.
+    // Angles up to the half-turn bound are not mirrored; the digits that kTwoPi lacks show it.
     double const bound = 3.1415926535998002, after = support::above(bound);
     EXPECT_BITS_EQ(std::sin(bound), endOf(ofAngles(0, bound)).y());
     EXPECT_BITS_EQ(-std::sin(kTwoPi - after), endOf(ofAngles(0, after)).y());
@@ -82,7 +82,7 @@ TEST(Arc, TheAngleOfUpIsAFullTurn) {
     }
 }
 
-TEST(Circle, IsMovedAsAWholeAndComparedInSense) {
+TEST(Circle, IsTransformedAsAWholeAndItsNormalsSenseCounts) {
     mgCircle_c circle({1, 2, 0}, 2.0, up);
     circle *= mg_RestoreXform({}, mgVector_c(2, 0, 1), 3.0);
     EXPECT_BITS_EQ(mgVector_c(5, 6, 1), circle.center() - mgPoint_c());

@@ -42,7 +42,7 @@ TEST(Cone, TheConesFootIsThatOfItsRoot) {
     mgCone_c const cone({}, up, 5.0, eighthTurn);
     CheckFoot(1, {2, 0, 2}, cone, {4, 0, 0});
     CheckFoot(0, {-1, 0, -1}, cone, {0.5, 0, -2.5});
-    CheckFoot(1, {}, cone, {}); // on the axis: is it the root?
+    CheckFoot(1, {}, cone, {}); // on the axis: 1 at the root
     CheckFoot(0, {0, 0, 2}, cone, {0, 0, 2});
 }
 

@@ -18,7 +18,7 @@ TEST(Line, FeetMayReplaceThePointAndSnappingIsStrict) {
     mgPoint_c p(4, 7, 3);
     EXPECT_EQ(3.0, alongX.pointPerpParam(p, nullptr));
     EXPECT_EQ(0, alongX.pointPerp(p, &p));
-    EXPECT_EQ(1, alongX.pointPerp(p, &p)); // on the line since
+    EXPECT_EQ(1, alongX.pointPerp(p, &p)); // on the line now
     EXPECT_EQ(1, alongX.isPointOn(mgPoint_c(5, support::below(1e-08), 3)));
     EXPECT_EQ(0, alongX.isPointOn(mgPoint_c(5, 1e-08, 3)));
     for (double tol : {0.5, support::above(0.5), -0.75}) { // the absolute value counts

@@ -24,7 +24,7 @@ TEST(Plane, ToleranceIsStrictAndOrientationCountsForEquivalence) {
     check(1, z, 0, 0);
 }
 
-TEST(Plane, IsMovedAndMirrorsWhatIsAcrossIt) {
+TEST(Plane, IsTransformedAndMirrorsPoints) {
     mgPlane_c plane = ground;
     plane *= mg_TranslateXform({0, 0, 3});
     plane.setNormal(-plane.normal());
