@@ -11,8 +11,8 @@
 
 /// A cone: a root point on its axis, the axis, the radius at the root, and the half-angle in
 /// radians. A positive angle narrows the cone along the axis: the radius at a height h above the
-/// root is |radius - tan(angle) h|. The axis REQUIRES unit length or zero. Nothing is checked;
-/// where NaN takes part, the points hold NaN and the results are 0.
+/// root is |radius - tan(angle) h|. The axis REQUIRES unit length or zero. Nothing is checked. A
+/// p that holds NaN gives points of NaN and the result 0; other NaN gives points without meaning.
 ///
 /// The class has two virtual operations and, on purpose, no virtual destructor: destroy an object
 /// of a derived class as what it is.

@@ -53,7 +53,8 @@ public:
 
     mgUnitVector_c getBoxDir_v1() const { return d1_; }
     mgUnitVector_c getBoxDir_v2() const { return d2_; }
-    /// d1 x d2, normalised; the zero vector when the directions are parallel, opposite or null.
+    /// d1 x d2, normalised; the zero vector when that is shorter than about 3.2e-09: when the
+    /// directions are parallel, opposite or null.
     mgUnitVector_c getBoxDir_v3() const;
     double getBoxLen_v1() const { return len1_; }
     double getBoxLen_v3() const { return len3_; }
@@ -72,7 +73,7 @@ public:
     ///
     /// False, with the result unchanged, when a length is not above 0 or is NaN, when there is no
     /// third direction or its cosine with the normal is below 1e-08 in absolute value, or when an
-    /// edge of the result is shorter than 1e-08.
+    /// edge of the result is shorter than 1e-08 or NaN.
     VEXMATH_API bool projectToPlane(mgPlane_c const &plane, mgParallelogram_c &result) const;
 
 private:

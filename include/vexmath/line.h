@@ -65,8 +65,8 @@ public:
     /// Distance to another line. *t1 becomes the parameter of the nearest point on this line, *t2
     /// of the one on other; each may be null. For parallel lines, in either sense
     /// (`mgVector_c::isParallelTo`, to about 0.008 degrees): the distance of other's root from this
-    /// line, the parameter of its foot, and 0. A zero direction is not parallel: the distance is
-    /// then that of its root, with the parameter 0.
+    /// line, with *t1 the parameter of its foot and *t2 0. A zero direction is not parallel: its
+    /// line counts as its root, with the parameter 0.
     VEXMATH_API double distToLine(mgLine_c const &other, double *t1, double *t2) const;
     /// Writes the foot of p and returns 1 when p is on the line (as in `pointPerp`, whatever tol
     /// is) or its distance is strictly less than |tol|. Otherwise 0, and *out unchanged. A tol of

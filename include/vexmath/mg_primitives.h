@@ -18,7 +18,8 @@ VEXMATH_API int interLine(mgPlane_c const &a, mgPlane_c const &b, mgPoint_c *poi
 /// The foot of p on the line through a along v, which may have any length. Returns p unchanged when
 /// every component of (v x (p - a)) x v is below 1e-08 in absolute value: when v is short, and when
 /// p is so near the line that its distance times the squared length of v is about as small. p
-/// unchanged also where the square of that vector overflows (beyond about 1.3e154). NaN gives NaN.
+/// unchanged or NaN where the square of that vector overflows (beyond about 1.3e154). NaN in p or a
+/// gives NaN; NaN in v gives p.
 VEXMATH_API mgPoint_c s_projPointOnLine(mgPoint_c p, mgPoint_c a, mgVector_c v);
 
 /// Barycentric coordinates of the point p = (x, y) in the triangle of three points (x, y): weights
