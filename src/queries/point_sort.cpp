@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -16,9 +17,15 @@ namespace {
 
 bool isLess(mgPoint_c const &a, mgPoint_c const &b) { return a.isLessThan(b, -1.0) != 0; }
 
-bool isGreater(mgPoint_c const &a, mgPoint_c const &b) {
-    return !isLess(a, b) && !a.isSame(b, -1.0);
+/// Some coordinate differs by the tolerance or more. As in `isLess`, a difference of NaN is none.
+bool isApart(mgPoint_c const &a, mgPoint_c const &b) {
+    for (int k = 0; k < 3; ++k) {
+        if (std::fabs(a[k] - b[k]) >= vexmath::kLengthTolerance) return true;
+    }
+    return false;
 }
+
+bool isGreater(mgPoint_c const &a, mgPoint_c const &b) { return !isLess(a, b) && isApart(a, b); }
 
 /// Index of the median of the first, middle and last point.
 int medianOfThree(mgPoint_c const *points, int first, int last) {
@@ -32,9 +39,10 @@ int medianOfThree(mgPoint_c const *points, int first, int last) {
     return median;
 }
 
-/// Moves what is less than a pivot before it and what is greater behind it; returns its place. Both
-/// scans stop at each other as well: the order is not transitive within its tolerance, and NaN is
-/// less than nothing, so that no point can be trusted to stop a scan.
+/// Moves the points that are less than a pivot before it and the greater ones behind it; returns
+/// its place. Both scans stop at points that are the same as the pivot, so that many of these are
+/// divided evenly. Both also stop at each other: the order is not transitive within its tolerance,
+/// so that no point is certain to stop a scan.
 int partition(mgPoint_c *points, int first, int last) {
     std::swap(points[first], points[medianOfThree(points, first, last)]);
     mgPoint_c const pivot = points[first];
@@ -119,9 +127,9 @@ bool areSpread(mgPoint_c const *points, std::size_t n) {
 }
 
 /// Sorts points of which only one order agrees with `isLess`, in linear time where few agree in x.
-/// That order is what any sort comes to, the quick sort too. Other points are left as they were:
-/// false.
-bool sortIfUnique(mgPoint_c *points, std::size_t n) {
+/// Every sort gives that order, the quick sort too. False, with the points as they were, for other
+/// points and when memory is exhausted.
+bool sortIfUnique(mgPoint_c *points, std::size_t n) try {
     if (!areSpread(points, n)) return false;
     std::vector<vexmath::detail::OrderKey> keys(n);
     for (std::size_t i = 0; i < n; ++i)
@@ -132,6 +140,8 @@ bool sortIfUnique(mgPoint_c *points, std::size_t n) {
     if (!sortRuns(sorted.data(), sorted.data() + n, 0)) return false;
     std::copy(sorted.begin(), sorted.end(), points);
     return true;
+} catch (std::bad_alloc const &) {
+    return false;
 }
 
 } // namespace
