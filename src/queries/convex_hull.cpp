@@ -10,22 +10,25 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <new>
 #include <vector>
 
 namespace {
 
+using vexmath::detail::headerOf;
 using Points = suDynamicArray<mg2DPoint_c>;
+using List = std::vector<mg2DPoint_c>;
 
-/// The points by x, then y, NaN last; equal points keep their order.
-void sortByXThenY(mg2DPoint_c *points, int count) {
+/// Sorts the points by x, then y, NaN last; equal points keep their order. `given` is a copy of
+/// them. Throws std::bad_alloc before any point has moved.
+void sortByXThenY(mg2DPoint_c *points, List const &given) {
     using vexmath::detail::OrderKey;
     using vexmath::detail::orderKey;
-    auto const n = static_cast<std::uint32_t>(count);
+    auto const n = static_cast<std::uint32_t>(given.size());
     std::vector<OrderKey> keys(n);
-    for (std::uint32_t i = 0; i < n; ++i) keys[i] = orderKey(points[i].x(), i);
+    for (std::uint32_t i = 0; i < n; ++i) keys[i] = orderKey(given[i].x(), i);
     sortStably(keys);
-    std::vector<mg2DPoint_c> const before(points, points + count);
-    for (std::uint32_t i = 0; i < n; ++i) points[i] = before[keys[i].index];
+    for (std::uint32_t i = 0; i < n; ++i) points[i] = given[keys[i].index];
 
     auto const isBelow = [](mg2DPoint_c const &p, mg2DPoint_c const &q) {
         return orderKey(p.y(), 0).key < orderKey(q.y(), 0).key;
@@ -38,24 +41,37 @@ void sortByXThenY(mg2DPoint_c *points, int count) {
     }
 }
 
-/// Removes every point that equals the one before it. The array is compacted once; who listens is
-/// told of the removals one by one all the same, each with the range that moved up.
-void removeDuplicates(Points &sorted) {
-    int const count = sorted.Count();
-    mg2DPoint_c *const p = sorted.Data();
-    std::vector<int> removed; // for each removal, the place from which it was
+/// Moves every point that differs from the one before it to the front. Returns, for each of the
+/// others, its index if they were removed one after another, first to last. Throws std::bad_alloc
+/// with the points in any order.
+std::vector<int> moveDistinctToFront(mg2DPoint_c *sorted, int count) {
+    std::vector<int> removed;
     int kept = 1;
     for (int i = 1; i < count; ++i) {
-        bool const duplicate = p[i].x() == p[kept - 1].x() && p[i].y() == p[kept - 1].y();
-        if (duplicate) {
+        mg2DPoint_c const &last = sorted[kept - 1];
+        if (sorted[i].x() == last.x() && sorted[i].y() == last.y()) {
             removed.push_back(kept);
         } else {
-            p[kept++] = p[i];
+            sorted[kept++] = sorted[i];
         }
     }
-    amDynamicArrayResize(p, kept);
-    int left = count;
-    for (int const place : removed) sorted.elementsChanged(place, --left - 1);
+    return removed;
+}
+
+/// Lowers the count by one for each removal. A listener is told the range that moved up.
+void shrinkByEach(Points &points, std::vector<int> const &removed) {
+    for (int const place : removed) {
+        int const left = points.Count() - 1;
+        amDynamicArrayResize(points.Data(), left);
+        points.elementsChanged(place, left - 1);
+    }
+}
+
+/// Gives an array that was sorted and shrunk its points back.
+void restore(Points &points, List const &given) {
+    std::copy(given.begin(), given.end(), points.Data());
+    headerOf(points.Data())->count = static_cast<std::int32_t>(given.size());
+    points.elementsChanged(0, points.Count() - 1);
 }
 
 /// a x b, its z component.
@@ -90,12 +106,26 @@ class Chain {
 public:
     explicit Chain(Points &hull) : hull_(hull), begin_(hull.Count()) {}
 
-    void append(mg2DPoint_c const &p) { hull_.Add(p); }
+    /// False when the hull cannot grow. It then holds what it held before the chain.
+    bool append(mg2DPoint_c const &p) {
+        mg2DPoint_c *const block = hull_.Data();
+        bool const isFull = block && headerOf(block)->count >= headerOf(block)->capacity;
+        if (!isFull) return hull_.Add(p) >= 0;
+        // An array that cannot grow releases its block, unless that has the keep flag. A block that
+        // grows loses the flag.
+        std::uint16_t const keepFlag = headerOf(block)->keepFlag;
+        headerOf(block)->keepFlag = 1;
+        if (hull_.Add(p) >= 0) return true;
+        headerOf(block)->keepFlag = keepFlag;
+        amDynamicArrayResize(block, begin_);
+        hull_.Adopt(block);
+        return false;
+    }
 
-    /// Drops what p, as the next point, would leave inside or on an edge.
-    // QUIRK: goes on below the start of the upper chain, into the lower one. A corner is lost when
-    // a point of the first edge passes, by rounding, for one above it; a reader would expect the
-    // chains to be kept apart. Outlines were stored as they came. (test: UpperChainMayPopTheLower)
+    /// Removes the last points as long as p, as the next point, leaves them inside or on an edge.
+    // QUIRK: mg_queries.h, convexHull: the upper chain can remove corners of the lower one, when
+    // rounding puts a point of the first edge above that edge. Expected: the chains stay apart.
+    // Kept: callers and stored data depend on it. (test: UpperChainMayPopTheLower)
     void makeTurnTo(mg2DPoint_c const &p) {
         while (hull_.Count() - begin_ >= 2 && !turnsLeftAt(p)) {
             amDynamicArrayResize(hull_.Data(), hull_.Count() - 1);
@@ -115,21 +145,23 @@ private:
     int begin_;
 };
 
-/// Up to three points, in counter-clockwise order; collinear ones are all kept.
-void appendFew(mg2DPoint_c const *p, int n, Points &hull) {
+/// Up to three points, in counter-clockwise order; collinear ones are all kept. False when the hull
+/// cannot grow.
+bool appendFew(mg2DPoint_c const *p, int n, Chain hull) {
     bool const clockwise =
         n == 3
         && cross(p[1].x() - p[0].x(), p[1].y() - p[0].y(), p[2].x() - p[0].x(), p[2].y() - p[0].y())
                < 0.0;
-    hull.Add(p[0]);
-    if (n > 1) hull.Add(p[clockwise ? 2 : 1]);
-    if (n > 2) hull.Add(p[clockwise ? 1 : 2]);
+    return hull.append(p[0]) && (n < 2 || hull.append(p[clockwise ? 2 : 1]))
+           && (n < 3 || hull.append(p[clockwise ? 1 : 2]));
 }
 
-/// Four points or more: the lower chain from left to right, then the upper one back.
-// QUIRK: four or more collinear points that differ in x give the first point alone, because the way
-// back pops the last one; a reader would expect both ends. (test: CollinearPointsGiveOnePoint)
-void appendHull(mg2DPoint_c const *p, int n, Points &hull) {
+/// Four points or more: the lower chain from left to right, then the upper one back. False when the
+/// hull cannot grow.
+// QUIRK: mg_queries.h, convexHull: four or more collinear points that differ in x give the first
+// point alone, because the upper chain removes the last one. Expected: both ends. Kept: callers and
+// stored data depend on it. (test: CollinearPointsGiveOnePoint)
+bool appendHull(mg2DPoint_c const *p, int n, Chain hull) {
     int const maxmax = n - 1;
     int minmax = 0; // the last point of lowest x
     while (minmax < maxmax && p[minmax + 1].x() == p[0].x()) ++minmax;
@@ -138,31 +170,42 @@ void appendHull(mg2DPoint_c const *p, int n, Points &hull) {
     Line const lowerEdge(p[0], p[maxmin]);
     Line const upperEdge(p[maxmax], p[minmax]);
 
-    Chain chain(hull);
-    chain.append(p[0]);
+    if (!hull.append(p[0])) return false;
     for (int i = minmax + 1; i <= maxmin; ++i) {
         if (i < maxmin && !lowerEdge.hasOnItsRight(p[i])) continue;
-        chain.makeTurnTo(p[i]);
-        chain.append(p[i]);
+        hull.makeTurnTo(p[i]);
+        if (!hull.append(p[i])) return false;
     }
-    if (maxmax != maxmin) chain.append(p[maxmax]);
+    if (maxmax != maxmin && !hull.append(p[maxmax])) return false;
     for (int i = maxmin - 1; i >= minmax; --i) {
         if (i > minmax && !upperEdge.hasOnItsRight(p[i])) continue;
-        chain.makeTurnTo(p[i]);
-        if (i > 0) chain.append(p[i]);
+        hull.makeTurnTo(p[i]);
+        if (i > 0 && !hull.append(p[i])) return false;
     }
+    return true;
 }
 
 } // namespace
 
 int convexHull(suDynamicArray<mg2DPoint_c> &input, suDynamicArray<mg2DPoint_c> &hull) {
     if (&input == &hull || input.Count() == 0) return 0;
-    sortByXThenY(input.Data(), input.Count());
-    removeDuplicates(input);
-    if (input.Count() < 4) {
-        appendFew(input.Data(), input.Count(), hull);
-    } else {
-        appendHull(input.Data(), input.Count(), hull);
+    mg2DPoint_c *const p = input.Data();
+    int const n = input.Count();
+    List given;
+    std::vector<int> removed;
+    try {
+        given.assign(p, p + n);
+        sortByXThenY(p, given);
+        removed = moveDistinctToFront(p, n);
+    } catch (std::bad_alloc const &) {
+        std::copy(given.begin(), given.end(), p);
+        return 0;
     }
-    return 1;
+    shrinkByEach(input, removed);
+
+    Chain const chain(hull);
+    int const left = input.Count();
+    if (left < 4 ? appendFew(p, left, chain) : appendHull(p, left, chain)) return 1;
+    restore(input, given);
+    return 0;
 }

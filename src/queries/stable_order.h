@@ -27,7 +27,7 @@ inline OrderKey orderKey(double value, std::uint32_t index) {
     return {(bits & kSign) != 0 ? ~bits : bits | kSign, index};
 }
 
-/// Sorts by key; equal keys keep their order.
+/// Sorts by key; equal keys keep their order. Throws std::bad_alloc with the keys as they were.
 void sortStably(std::vector<OrderKey> &keys);
 
 } // namespace vexmath::detail

@@ -21,6 +21,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 #include <numeric>
 #include <vector>
 
@@ -219,6 +220,20 @@ bool distancesAreFinite(mgPoint_c const *points, int n) {
     return std::isfinite(dist(low, high));
 }
 
+/// A new array of the indices in visiting order; null when memory is exhausted.
+int *visitingOrder(mgPoint_c const *points, int n) {
+    try {
+        std::vector<int> const path =
+            distancesAreFinite(points, n) ? Tour(points, n).build() : insertByScan(points, n);
+        auto *const order =
+            static_cast<int *>(suDynArrayAllocSpecial(n, 1, 1, static_cast<int>(sizeof(int))));
+        if (order) std::copy(path.begin(), path.end(), order);
+        return order;
+    } catch (std::bad_alloc const &) {
+        return nullptr;
+    }
+}
+
 } // namespace
 
 void mg_OpenTSP(suDynamicArray<mgPoint_c> &points, suDynamicArray<int> &order) {
@@ -226,14 +241,10 @@ void mg_OpenTSP(suDynamicArray<mgPoint_c> &points, suDynamicArray<int> &order) {
     amDynamicArrayResize(order.Data(), 0);
     order.elementsChanged(0, -1);
     for (int i = 0; i < n; ++i) order.Add(i);
-    if (n < 3) return;
-
-    mgPoint_c const *const p = points.Data();
-    std::vector<int> const path =
-        distancesAreFinite(p, n) ? Tour(p, n).build() : insertByScan(p, n);
-    auto *const visited =
-        static_cast<int *>(suDynArrayAllocSpecial(n, 1, 1, static_cast<int>(sizeof(int))));
-    if (visited == nullptr) return;
-    std::copy(path.begin(), path.end(), visited);
-    order.Adopt(visited);
+    int *const path = n < 3 ? nullptr : visitingOrder(points.Data(), n);
+    if (path) {
+        order.Adopt(path);
+    } else if (order.Count() != n) {
+        order.Adopt(nullptr); // an index could not be added: none stays
+    }
 }

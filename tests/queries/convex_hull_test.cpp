@@ -25,7 +25,10 @@ struct Points : suDynamicArray<mg2DPoint_c> {
         for (int i = 0; i < Count(); ++i) all.emplace_back((*this)[i].x(), (*this)[i].y());
         return all;
     }
-    void elementsChanged(int first, int last) override { told.emplace_back(first, last); }
+    void elementsChanged(int first, int last) override {
+        EXPECT_EQ(Count() - 1, last); // the elements that are told of exist
+        told.emplace_back(first, last);
+    }
     std::vector<std::pair<int, int>> told;
 };
 
@@ -110,6 +113,29 @@ TEST(ConvexHull, LeavesTheInputSortedWithoutDuplicatesAndTellsOfEachRemoval) {
     EXPECT_EQ(0, convexHull(none, hull));
     EXPECT_EQ(0, convexHull(points, points));
     EXPECT_EQ(4, points.Count());
+}
+
+TEST(ConvexHull, ChangesNeitherArrayWhenTheHullCannotGrow) {
+    List const given{{1, 1}, {0, 0}, {1, 1}, {0, 1}, {1, 0}}, outlines{{9, 9}, {8, 8}};
+    for (int distinct : {3, 4}) {
+        for (int room = 0; room < distinct; ++room) {
+            Points points(List(given.begin(), given.begin() + distinct + 1)), hull({});
+            List const before = points.list();
+            hull.Adopt(static_cast<mg2DPoint_c *>(suDynArrayAlloc(2 + room, 0, 1, 16)));
+            for (auto const &[x, y] : outlines) hull.Add({x, y});
+            points.told.clear();
+            hull.told.clear();
+            void const *const handle = hull.Data();
+            EXPECT_EQ(0, convexHull(points, hull));
+            EXPECT_EQ(before, points.list());
+            EXPECT_EQ(outlines, hull.list());
+            EXPECT_EQ(handle, hull.Data());
+            EXPECT_EQ((decltype(points.told){{distinct, distinct - 1}, {0, distinct}}),
+                      points.told);
+            EXPECT_EQ((decltype(hull.told){{-1, -1}, {0, 1}}),
+                      (decltype(hull.told){hull.told.end() - 2, hull.told.end()}));
+        }
+    }
 }
 
 TEST(ConvexHull, EndsOnHostileValues) {
