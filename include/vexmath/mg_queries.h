@@ -9,76 +9,127 @@
 #include <vexmath/line.h>
 #include <vexmath/plane.h>
 
-// Every function answers through its result alone; outputs are written only where its comment says
-// so and may alias the inputs. Output pointers must not be null unless the comment allows it. A tol
-// is a length, and in tests for parallel directions the same number bounds 1 - |cos|. Vectors given
-// as directions need not have unit length; unit vectors and lines are used as they are. NaN and
-// infinity give some result, never a trap.
+// The result is the only report. An output is written only where the comment says so; otherwise it
+// keeps its value. Outputs may alias inputs. Pointers must not be null unless the comment allows
+// it. Tolerances are absolute lengths. NaN and infinite inputs give an unspecified result unless
+// the comment states one; nothing crashes or loops forever.
+//
+// A tol has two roles. Points are the same when each coordinate differs by strictly less than tol.
+// Directions are parallel when 1 - |cos| is strictly less than the same number; a tol above 1 makes
+// all directions parallel, zero ones too. Pass a positive tol: a negative one compares points with
+// 1e-08, and 0 makes no points the same. Both fail to recognise parallel directions, which then
+// give an unspecified result and can make *out NaN.
+//
+// Directions passed as mgVector_c need not have unit length. One of a squared length strictly below
+// 1e-17 (a length of about 3.2e-09), one longer than about 1.3e154 and one that holds NaN count as
+// zero. A line with a zero direction is its root point alone; it is parallel to nothing.
+// REQUIRES unit length, or zero, of unit vectors and of the directions of lines and planes.
 
 // Lines and segments.
 
-/// Two lines in space. Coincident: *out is p1. Parallel: *out stays. Otherwise *out is the point of
-/// line 1 nearest to line 2, and the result Point when it is within tol of line 2, else None.
+/// The line through p1 along d1 and the line through p2 along d2, in space. Parallel directions:
+/// Coincident, and *out is p1, when p1 and its foot on line 2 are the same within tol; otherwise
+/// Parallel, and *out is not written. Other directions: *out is the point of line 1 nearest to
+/// line 2; Point when that and the nearest point of line 2 are the same within tol, otherwise None.
 VEXMATH_API mgIntersectionType_e mg_LineIntLine(mgPoint_c const &p1, mgVector_c const &d1,
                                                 mgPoint_c const &p2, mgVector_c const &d2,
                                                 mgPoint_c *out, double tol);
-/// Two lines in the plane; *out, with z = 0, is written for Point alone. None for a null direction
-/// and for lines too short or too nearly parallel to cross reliably. Whether they are parallel, and
-/// how far apart, is judged in space.
+/// Two lines in the plane. *out, with z = 0, is written for Point alone. In this order:
+/// - None when d1 or d2 is null: each component below 1e-08 in absolute value.
+/// - Directions that are parallel in space, z included: Parallel when p2 is at a distance of tol or
+///   more from line 1, in space; otherwise Coincident.
+/// - None when |d2.x d1.y - d1.x d2.y| <= tol, or when |d1.x| and |d1.y| are both <= tol. Both take
+///   the vectors as given, so that short vectors can miss a crossing.
+/// - Otherwise Point, by x and y alone.
 VEXMATH_API mgIntersectionType_e mg_LineIntLine2D(mgPoint_c const &p1, mgVector_c const &d1,
                                                   mgPoint_c const &p2, mgVector_c const &d2,
                                                   mgPoint_c *out, double tol);
-/// A line and the segment ab. None for a segment shorter than tol. Otherwise *out is written as by
-/// `mg_LineIntLine`, and a point beyond an end makes None: before a by more than tol over the
-/// segment's length, beyond b at all.
+/// A line and the segment from a to b. None, without writing, when the segment is shorter than tol
+/// (strict). Otherwise *out and the result are those of `mg_LineIntLine`, with the line as line 1,
+/// except that a Point beyond an end becomes None; *out stays written. With w = *out - a and
+/// d = b - a, a Point is beyond a when w.d < -tol, which is a distance of tol / |d|, and beyond b
+/// when |w| > |d|, without slack. Coincident and Parallel do not depend on the ends.
 VEXMATH_API mgIntersectionType_e mg_LineIntLineSeg(mgLine_c const &line, mgPoint_c const &a,
                                                    mgPoint_c const &b, mgPoint_c *out, double tol);
-/// The same for a ray: a crossing more than tol behind its root makes None as well.
+/// As `mg_LineIntLineSeg`, except that a Point more than tol behind the ray's root becomes None as
+/// well; *out stays written. A collinear segment is Coincident even when it lies behind the root.
 VEXMATH_API mgIntersectionType_e mg_RayIntLineSeg(mgLine_c const &ray, mgPoint_c const &a,
                                                   mgPoint_c const &b, mgPoint_c *out, double tol);
-/// Two segments in space, ends judged as in `mg_LineIntLineSeg`, out written as by
-/// `mg_LineIntLine`. Coincident means collinear and overlapping; collinear and apart gives None.
-/// Both write a1.
+/// Two segments in space. None, without writing, when one is shorter than tol (strict). Otherwise
+/// `out` is written as by `mg_LineIntLine`, with the segment a1 b1 as line 1. A Point becomes None
+/// when it is beyond an end of either segment, judged as in `mg_LineIntLineSeg`. Collinear segments
+/// write a1; they are Coincident when they overlap, otherwise None. They overlap also when an end
+/// of segment 2 is within tol of a1 (distance, inclusive); at b1 there is no slack.
 VEXMATH_API mgIntersectionType_e mg_LineSegIntLineSeg(mgPoint_c const &a1, mgPoint_c const &b1,
                                                       mgPoint_c const &a2, mgPoint_c const &b2,
                                                       mgPoint_c &out, double tol);
-/// Two segments in the plane, within 1e-08 of each other. Point: *out is the crossing, the touching
-/// end, or the only point that collinear segments share. Coincident: collinear with a common
-/// stretch, *out is its middle. None otherwise, and then *out is still written when the second
-/// segment meets the line of the first one outside of it. None also for NaN, for a segment whose
-/// ends are equal as points, and when some x is 5e-09 or -5e-09 exactly.
+/// Two segments in the plane. A point is "on the line" when its distance from the line of segment
+/// 1, in x and y, is below 1e-08 (strict). If segment 1 has a difference in z, that bound is
+/// larger, by the ratio of its length to its length in x and y. A point is "on segment 1" when it
+/// is at most 1e-08 beyond the ends; only x is compared when segment 1 is longer in x than in y,
+/// else only y. In this order:
+/// - None when a coordinate is NaN; when the x of one of the four points is exactly 5e-09 or
+///   -5e-09; or when the ends of a segment do not differ by more than 1e-08 in any coordinate. All
+///   of this includes z.
+/// - a2 and b2 both on the line: None when no part of segment 2 is on segment 1. Otherwise *out is
+///   the middle of that part. Point when the ends of that part do not differ by more than 1e-08 in
+///   any coordinate, z included; otherwise Coincident.
+/// - a2 and b2 both off the line and on the same side: None.
+/// - Otherwise *out is the end of segment 2 that is on the line, or, when both are off, the
+/// crossing
+///   with the line, with all three coordinates interpolated between a2 and b2. Point when *out is
+///   on segment 1, else None; *out stays written.
 VEXMATH_API mgIntersectionType_e mg_LineSegIntLineSeg2D(mgPoint_c const &a1, mgPoint_c const &b1,
                                                         mgPoint_c const &a2, mgPoint_c const &b2,
                                                         mgPoint_c *out);
 
-// Rays. A frame stands for the plane through its translation whose normal is the third column of
-// its rotation. Where a radius is tested it bounds each coordinate difference on its own.
+// Rays. Each of these functions treats the ray as a whole line: a hit behind the start counts. A
+// frame stands for the plane through its translation whose normal is the third column of its
+// rotation. "Within the radius" means that each coordinate differs by strictly less than
+// radius + 1e-08, so that discs, spheres and cylinders are tested as cubes: points at up to
+// sqrt(3) radii can be hits. A radius below -1e-08 counts as 0.
 
-/// A ray and a frame's plane: Point, also for a crossing behind the start, or Parallel, which
-/// leaves *out.
+/// A ray and a frame's plane. Parallel when the cosine between the direction and the normal is
+/// below 1e-08 in absolute value, also for a ray in the plane or without a direction: *out is not
+/// written. Otherwise Point, and *out is the crossing.
 VEXMATH_API mgIntersectionType_e mg_RayIntPlane(mgXform_c const *frame, mgPoint_c const *start,
                                                 mgUnitVector_c const *direction, mgPoint_c *out);
-/// A ray and the disc about a frame's origin: Point or None. *out is where the ray meets the plane,
-/// on the disc or off it. The two angles are accepted and play no part.
+/// A ray and the disc about a frame's translation. None, without writing, when `mg_RayIntPlane`
+/// gives Parallel. Otherwise *out is where the ray meets the plane; Point when that is within the
+/// radius of the translation, else None. The two angles are ignored: the disc is always whole.
 VEXMATH_API mgIntersectionType_e mg_RayIntDiskSeg(mgXform_c const *frame, mgPoint_c const *start,
                                                   mgUnitVector_c const *direction, double radius,
                                                   double startAngle, double endAngle,
                                                   mgPoint_c *out);
-/// A ray and a sphere: TwoPoints for a hit, also behind the start, else None. Writes no point.
+/// A ray and a sphere. TwoPoints when the foot of the centre on the ray is within the radius of the
+/// centre, coordinate by coordinate; otherwise None. Writes no point.
 VEXMATH_API mgIntersectionType_e mg_RayIntSphere(mgPoint_c const *start,
                                                  mgUnitVector_c const *direction,
                                                  mgPoint_c const *centre, double radius);
-/// A ray and a cylinder between its base and a height along the axis. Along the axis: Coincident
-/// with *out the ray's root when that is within the radius, else Parallel. Otherwise *out is the
-/// point of the ray nearest to the axis, and the result TwoPoints when it is within the radius and
-/// the height (measured as a distance from the base), else None.
+/// A ray and a cylinder. When they are parallel, 1 - |cos| < 1e-08, the height is ignored:
+/// Coincident, and *out is the ray's root, when the root is within the radius of its foot on the
+/// axis; otherwise Parallel, and *out is not written. When they are not parallel, *out is the point
+/// of the ray nearest to the axis, and the result TwoPoints when all of this holds, else None: *out
+/// is within the radius of the nearest point of the axis; *out is at most 1e-08 below the base
+/// along the axis; the distance of *out from the base point is at most height + 1e-08.
 VEXMATH_API mgIntersectionType_e mg_RayIntCylSeg(mgLine_c const &ray, mgPoint_c const &base,
                                                  mgUnitVector_c const &axis, double height,
                                                  double radius, mgPoint_c *out);
-/// A ray and a cone between two distances from its apex, which are axial for the cap at the far end
-/// and slant lengths for the side. Along the axis: Coincident with *out the ray's root when that is
-/// on it, else Parallel. Through the cap: Point. Through the side in the plane of apex, axis and
-/// ray direction: TwoPoints, *out the first such point along the ray. Else None.
+/// A ray and the part of a cone between two distances from its apex. The half-angle is in radians.
+/// *out is written for Coincident, Point and TwoPoints. In this order:
+/// - Ray and axis parallel, 1 - |cos| < 1e-08: Coincident, and *out is the ray's root, when the
+/// root
+///   and its foot on the axis differ by less than 1e-08 in each coordinate; otherwise Parallel.
+/// - Point when the ray hits the cap, as in `mg_RayIntDiskSeg`: the disc at the axial distance
+///   farDistance, of the radius farDistance tan(halfAngle).
+/// - TwoPoints when the ray hits the side. Only two straight lines of the side are tested, those in
+///   the plane through the apex along axis and ray direction: a ray that misses them by 1e-08 or
+///   more in a coordinate, or runs along one, does not hit the side. The hit must not be behind the
+///   apex, and its distance from the apex, along the side, must be from nearDistance to
+///   farDistance; all with an allowance of 1e-08, inclusive. Of two hits, *out is the first along
+///   the ray.
+/// - Otherwise None.
+/// A zero direction or axis gives an unspecified result.
 VEXMATH_API mgIntersectionType_e mg_RayIntConeSeg(mgLine_c const &ray, mgPoint_c const &apex,
                                                   mgUnitVector_c const &axis, double halfAngle,
                                                   double nearDistance, double farDistance,
@@ -86,71 +137,123 @@ VEXMATH_API mgIntersectionType_e mg_RayIntConeSeg(mgLine_c const &ray, mgPoint_c
 
 // Circles in the plane.
 
-/// The line through p along u and a circle; the outputs follow the result's comment, the one
-/// farther along u first. A radius must be larger than the line's distance by 1e-08 for a secant.
+/// The line through p along u and a circle. d is the distance of the centre from its foot on the
+/// line. In this order:
+/// - ThroughCentre when centre and foot differ by less than 1e-08 in each coordinate: *out1 is
+///   centre + radius u, *out2 is centre - radius u.
+/// - Tangent when |d - radius| < 1e-08: *out1 is the foot, *out2 is not written.
+/// - Secant when d <= radius: *out1 is the point farther along u, *out2 the other one.
+/// - Otherwise Miss; neither is written.
+/// REQUIRES u.z = 0 and p.z = centre.z: d is measured in space. A negative radius gives
+/// ThroughCentre, with the outputs exchanged, or Miss.
 VEXMATH_API mgLineCircleIntType_e mg_LineIntCircle2D(mgPoint_c const &p, mgUnitVector_c const &u,
                                                      mgPoint_c const &centre, double const &radius,
                                                      mgPoint_c *out1, mgPoint_c *out2);
-/// Two circles: TwoPoints; Point when they touch, in *out1; Coincident, without a point, when the
-/// centres are within 1e-08, whatever the radii; None when apart or for NaN. The z of the outputs
-/// stays as it was.
+/// Two circles, by x and y alone; the z of the outputs keeps its value. The sign of a radius is
+/// ignored. With the distance d of the centres and
+/// disc = 2 (r1^2 + r2^2) d^2 - d^4 - (r2^2 - r1^2)^2, which is a fourth power of a length:
+/// - Coincident when d^2 < 1e-16, whatever the radii: nothing is written.
+/// - None when disc < -1e-16, or when it is NaN: nothing is written.
+/// - Point when disc < 1e-16: *out1 is the touching point, *out2 is not written. Circles with
+///   radii below 7e-05 therefore touch wherever they cross.
+/// - Otherwise TwoPoints: *out1 is the one to the left of the line from c1 to c2, *out2 the other.
 VEXMATH_API mgIntersectionType_e mg_CircleIntCircle2D(mgPoint_c const &c1, double const &r1,
                                                       mgPoint_c const &c2, double const &r2,
                                                       mgPoint_c *out1, mgPoint_c *out2);
 
 // Planes.
 
-/// A line and a plane. InPlane: *out is the line's root. Parallel: *out stays. Point: *out is the
-/// crossing, and *param, if given, its distance from the root along the direction.
+/// A line and a plane. They are parallel when the cosine between direction and normal is below
+/// 1e-08 in absolute value, which includes a zero direction or normal. Then InPlane when the line's
+/// root is nearer to the plane than 1e-08, and *out is that root; otherwise Parallel, and *out is
+/// not written. When they are not parallel: Point, *out is the crossing, and *param, unless param
+/// is null, is its signed distance from the root along the direction. Only Point writes *param.
 mgLinePlaneIntersectionType_e mg_LineIntPlane(mgLine_c const &line, mgPlane_c const &plane,
                                               mgPoint_c *out, double *param);
-/// The segment ab and a plane, as above; Parallel also when the crossing lies more than 1e-08
-/// beyond an end, and then *out is written all the same. *param, if given, is always written: the
-/// crossing's distance from a, or 0 without one.
+/// The segment from a to b and a plane: as `mg_LineIntPlane` for the line from a towards b, except
+/// that a Point more than 1e-08 before a or beyond b becomes Parallel; *out stays written. Equal
+/// ends have no direction: InPlane or Parallel. *param, unless param is null, is always written:
+/// the signed distance of the crossing from a, or 0 for InPlane and for parallel directions.
 VEXMATH_API mgLinePlaneIntersectionType_e mg_LineSegIntPlane(mgPoint_c const &a, mgPoint_c const &b,
                                                              mgPlane_c const &plane, mgPoint_c *out,
                                                              double *param);
-/// Two planes; *out is written for Line alone. Its direction is normal 1 x normal 2, unless the
-/// line that the construction starts with, in plane 1 through its root, lies in plane 2 as well:
-/// then it is that line.
+/// Two planes. They are parallel when each component of normal 1 x normal 2 is below 1e-08 in
+/// absolute value: Coincident when the root of plane 2 is nearer to plane 1 than 1e-08, otherwise
+/// Parallel. When they are not parallel: Line, and *out is the line that they share. Only Line
+/// writes *out. Failed is possible when the angle is hardly larger than that of parallel planes.
+///
+/// The direction of *out is normal 1 x normal 2, normalised. Its root is where a line of plane 1
+/// meets plane 2: the line through the root of plane 1 along `anyUnitNormal(0)` of its normal, or
+/// the one perpendicular to it when that is parallel to plane 2. Exception: when the first of these
+/// lines lies in plane 2, *out is that line itself, whose direction can be the opposite.
 VEXMATH_API mgPlnPlnIntersectionType_e mg_PlaneIntPlane(mgPlane_c const &plane1,
                                                         mgPlane_c const &plane2, mgLine_c *out);
 
-/// The mirror image of q in the line through a along v.
+/// The mirror image of q in the line through a along v; in the point a when v counts as zero.
 VEXMATH_API mgPoint_c mg_MirrorPoint(mgPoint_c const &a, mgVector_c const &v, mgPoint_c const &q);
 
 // Polylines.
 
-/// Do n points lie on one straight line? 1, and two of them that are far apart in x and y, as the
-/// line's ends, in no particular order. Fewer than three points: 1, without ends. Otherwise 0,
-/// without ends. Of a polyline along z the ends are the first two points, not the extreme ones.
+/// Returns 1 when n points lie on one straight line, otherwise 0. Fewer than three points give 1.
+/// `start` and `end` are written only when n >= 3 and the result is 1. They are two of the points
+/// that are far apart, in no particular order: the extreme ones, unless the line is parallel to z.
+/// The search for them compares the larger of the differences in x and y, and not z. Of a polyline
+/// along z they are therefore the first two points. When the two that were found differ by less
+/// than 1e-08 in each coordinate, `start` and `end` are both pts[0] and the result is 1, whatever
+/// the z of the other points.
+///
+/// A point lies on the line when it differs by less than 1e-08 in each coordinate from its foot on
+/// the line through `start` and `end`.
 VEXMATH_API int mg_IsPolylineLine(int n, mgPoint_c const *pts, mgPoint_c &start, mgPoint_c &end);
-/// Centre of the circle through three points, and the normal about which they run
-/// counter-clockwise. 0 when two points are equal or all are collinear; the normal then stays as it
-/// was.
+/// The circle through three points. Returns 1 and writes its centre and the unit normal about which
+/// pts[0], pts[1], pts[2] run counter-clockwise.
+///
+/// Returns 0 without writing when two points are equal, or when the unit directions from pts[0] and
+/// from pts[2] to pts[1] are equal or opposite within 1e-08 in each component. Also returns 0 when
+/// the angle between these two directions, or between one and the opposite of the other, is less
+/// than about 1.4e-04 (1 - |cos| < 1e-08): *normal is not written then, but *center can be, with
+/// the middle of pts[0] and pts[1]. Far from the origin rounding can keep the perpendicular
+/// bisectors apart; the result is 1 all the same, and *center is the point of the first bisector
+/// nearest to the second.
 VEXMATH_API int mg_Find3PointArcCenter(mgPoint_c const *pts, mgPoint_c *center,
                                        mgUnitVector_c *normal);
 
-// Point sets.
+// Point sets. Listeners are the overridden `elementsChanged` of the arrays; REQUIRES that they do
+// not change the arrays.
 
-/// Planar convex hull, appended to `hull` counter-clockwise from the point of lowest x (then lowest
-/// y), without a closing duplicate and without points on its edges. Returns 0 for an empty input,
-/// or when both arguments are the same object, and touches nothing; otherwise 1.
+/// Appends the convex hull of planar points to `hull`, counter-clockwise from the point of lowest x
+/// (then lowest y), without a closing duplicate and without points on its edges, and returns 1.
+/// Returns 0 and changes nothing when the input is empty or both arguments are the same object.
+/// When memory is exhausted or `hull` cannot grow, returns 0, and both arrays hold the points that
+/// they held before.
 ///
-/// Leaves the input sorted by x, then y, NaN last, and free of exact duplicates; each removal is
-/// notified as (index, last index then). Fewer than four different points are all returned, as a
-/// counter-clockwise triangle where there are three. Four or more on one line that differ in x come
-/// to the first alone, and a corner may be lost to rounding: see the marks in the body.
+/// Sorts the input by x, then y, NaN last, and removes its exact duplicates (-0 equals 0, NaN
+/// equals nothing). Up to three distinct points are all returned, collinear ones too; three run
+/// counter-clockwise. Four or more points on one line give the first alone, or both ends when all
+/// have the same x. Rounding can lose a corner: points on the first edge can remove one of its
+/// ends. NaN and infinite points give an unspecified hull.
+///
+/// The input's listener is told of each removal, first to last, as (index, last index after the
+/// removal). The distinct points are in their final places before the first call; behind them lie
+/// the duplicates that are still counted. The hull's listener is told (index, index) of each point
+/// that is appended, also of those that are removed again, and not of their removal. When `hull`
+/// cannot grow, it is told (-1, -1), and then both listeners are told (0, count - 1) of the points
+/// that are back.
 ///
 /// Method: A. M. Andrew, "Another efficient algorithm for convex hulls in two dimensions", 1979.
 VEXMATH_API int convexHull(suDynamicArray<mg2DPoint_c> &input, suDynamicArray<mg2DPoint_c> &hull);
 
-/// A short open path through all points, as their indices in visiting order: the path starts with
-/// the last two points and grows by the cheapest insertion. Up to two points keep their order, and
-/// so do more than that when memory is exhausted. Ties keep the earlier choice.
+/// Replaces `order` by a short open path through all points: their indices in visiting order. One
+/// or two points keep their order. The path of n points starts as (n - 2, n - 1). Each step inserts
+/// the point that adds the least length: between two neighbours, behind the end or before the
+/// start. Of equal lengths the one at the earlier pair of neighbours is taken, then the one of the
+/// lower index, then the one that comes first in this list.
 ///
-/// Notifies `order` of its being emptied, (0, -1), of each index in turn, and of the path,
-/// (0, count - 1), where there are three points or more.
+/// When memory is exhausted, `order` is 0 to n - 1, or empty if it cannot hold these. The points do
+/// not change.
+///
+/// The listener of `order` is told that it is empty, (0, -1), then of each index, as by `Add`, and
+/// of the path, (0, n - 1), when n >= 3; or of (0, -1) when it ends up empty.
 ///
 /// About n^2 work for finite points; n^3 when a distance is infinite or NaN.
 /// Method: D. J. Rosenkrantz, R. E. Stearns, P. M. Lewis, "An analysis of several heuristics for
@@ -158,13 +261,19 @@ VEXMATH_API int convexHull(suDynamicArray<mg2DPoint_c> &input, suDynamicArray<mg
 VEXMATH_API void mg_OpenTSP(suDynamicArray<mgPoint_c> &points, suDynamicArray<int> &order);
 
 /// Sorts points[first] to points[last], both included, by `mgPoint_c::isLessThan` with its default
-/// tolerance. That order is not transitive across the tolerance: points closer than it can end in
-/// an order that depends on their arrangement before, always the same for the same input. Nothing
-/// happens unless first < last. Recursion stays logarithmic.
-/// Method: C. A. R. Hoare, "Quicksort", 1962, with the median of three as pivot.
+/// tolerance of 1e-08. Does nothing unless first < last. Equal points can change places. The order
+/// is not transitive across the tolerance: points closer than it can end in an order that depends
+/// on their places before, always the same for the same input. A coordinate difference of NaN
+/// counts as equal.
+///
+/// About n log n work, also for many equal points, NaN and infinite ones included; n^2 for a few
+/// orders. Recursion depth is logarithmic. From 2000 points on it allocates; when memory is
+/// exhausted, it sorts in place, with the same result. Method: C. A. R. Hoare, "Quicksort", 1962,
+/// with the median of three as pivot.
 VEXMATH_API void mg_pointQuickSort(mgPoint_c *points, int first, int last);
-/// The same by selection: for each place the least of the points behind it, the earliest among
-/// equals. Quadratic work.
+/// Sorts the same range by the same order, by selection: for each place the least of the points
+/// from there on, the earliest among equals, which changes places with the point there. Quadratic
+/// work. Never allocates.
 VEXMATH_API void mg_pointSelectionSort(mgPoint_c *points, int first, int last);
 
 // -------------------------------------------------------------------------------------------------
