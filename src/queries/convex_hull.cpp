@@ -77,7 +77,7 @@ void restore(Points &points, List const &given) {
 /// a x b, its z component.
 double cross(double ax, double ay, double bx, double by) { return ax * by - ay * bx; }
 
-/// The points of one side of a line, by a test that divides the line's direction by its length.
+/// A line, with a test for the side of a point that divides its direction by its length.
 class Line {
 public:
     Line(mg2DPoint_c const &from, mg2DPoint_c const &to) : root_(from) {
@@ -87,7 +87,7 @@ public:
         double const dy = to.y() - from.y();
         double const length = std::sqrt(dx * dx + dy * dy);
         double const divisor = length < kShortest ? 1.0 : length;
-        x_ = dx / divisor; // not times the reciprocal: points on the line are decided by last bits
+        x_ = dx / divisor; // not times the reciprocal: last bits decide about points on the line
         y_ = dy / divisor;
     }
 
@@ -110,15 +110,13 @@ public:
     bool append(mg2DPoint_c const &p) {
         mg2DPoint_c *const block = hull_.Data();
         bool const isFull = block && headerOf(block)->count >= headerOf(block)->capacity;
-        if (!isFull) return hull_.Add(p) >= 0;
+        std::uint16_t const keepFlag = isFull ? headerOf(block)->keepFlag : 0;
         // An array that cannot grow releases its block, unless that has the keep flag. A block that
         // grows loses the flag.
-        std::uint16_t const keepFlag = headerOf(block)->keepFlag;
-        headerOf(block)->keepFlag = 1;
+        if (isFull) headerOf(block)->keepFlag = 1;
         if (hull_.Add(p) >= 0) return true;
-        headerOf(block)->keepFlag = keepFlag;
-        amDynamicArrayResize(block, begin_);
-        hull_.Adopt(block);
+        if (isFull) headerOf(block)->keepFlag = keepFlag;
+        hull_.Adopt(static_cast<mg2DPoint_c *>(amDynamicArrayResize(block, begin_)));
         return false;
     }
 

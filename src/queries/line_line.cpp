@@ -43,7 +43,7 @@ mgIntersectionType_e mg_LineIntLine2D(mgPoint_c const &p1, mgVector_c const &d1,
         return distance >= tol ? mgIntersect_Parallel : mgIntersect_Coincident;
     }
 
-    // From here on with the directions as given: their length decides whether they are too short.
+    // From here on the directions are those given: their length decides if they are too short.
     double const across = d2.x() * d1.y() - d1.x() * d2.y();
     bool const tooShort = std::fabs(d1.x()) <= tol && std::fabs(d1.y()) <= tol;
     if (std::fabs(across) <= tol || tooShort) return mgIntersect_None;

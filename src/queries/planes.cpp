@@ -16,6 +16,9 @@ mgLinePlaneIntersectionType_e mg_LineSegIntPlane(mgPoint_c const &a, mgPoint_c c
     double t = 0.0;
     mgLinePlaneIntersectionType_e const type = mg_LineIntPlane(line, plane, out, &t);
     if (param != nullptr) *param = t;
+    // QUIRK: mg_queries.h, mg_LineSegIntPlane: a crossing off the segment is Parallel, and *out is
+    // written. Expected: a result of its own. Kept: callers and stored data depend on it.
+    // (test: ASegmentThatEndsBeforeThePlaneStillTellsTheParameter)
     bool const beyond = t < -kOnEnd || t - kOnEnd > d.len();
     return type == mgLinePlane_Point && beyond ? mgLinePlane_Parallel : type;
 }
@@ -32,8 +35,8 @@ mgPlnPlnIntersectionType_e mg_PlaneIntPlane(mgPlane_c const &plane1, mgPlane_c c
         return std::fabs(distance) < kCoincident ? mgPlnPln_Coincident : mgPlnPln_Parallel;
     }
 
-    // Plane 2 is met from plane 1's root along a line of plane 1, or along the perpendicular one if
-    // that is parallel to plane 2. Both are when the normals differ by hardly more than 1e-08.
+    // A line of plane 1 through its root meets plane 2; the perpendicular one does if the first is
+    // parallel to plane 2. Both are parallel when the normals differ by hardly more than 1e-08.
     mgLine_c inPlane1(root, normal.anyUnitNormal(0));
     mgPoint_c crossing;
     mgLinePlaneIntersectionType_e type = mg_LineIntPlane(inPlane1, plane2, &crossing, nullptr);
@@ -42,8 +45,10 @@ mgPlnPlnIntersectionType_e mg_PlaneIntPlane(mgPlane_c const &plane1, mgPlane_c c
         type = mg_LineIntPlane(inPlane1, plane2, &crossing, nullptr);
     }
     if (type == mgLinePlane_InPlane) {
-        // QUIRK: the line as it stands, whose direction may be opposite to that of every other
-        // answer. Sketch planes keep their axis by it. (test: ALineOfBothPlanesIsTakenAsItIs)
+        // QUIRK: mg_queries.h, mg_PlaneIntPlane: the output can be opposite to normal 1 x normal 2,
+        // when the line that the construction starts with lies in both planes. Expected: always
+        // along it. Kept: callers and stored data depend on it.
+        // (test: ALineOfBothPlanesIsTakenAsItIs)
         *out = inPlane1;
         return mgPlnPln_Line;
     }

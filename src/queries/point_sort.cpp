@@ -63,8 +63,8 @@ void quickSort(mgPoint_c *points, int first, int last) {
     constexpr int kSmallestSpan = 10;
     while (first < last && last - first >= kSmallestSpan) {
         int const place = partition(points, first, last);
-        // The shorter side by recursion, the longer one by the loop: the sides do not meet, so the
-        // result is the same, and the depth stays logarithmic.
+        // Recursion sorts the shorter side, so that its depth is logarithmic; the loop goes on with
+        // the longer one. The sides are independent: their order does not matter.
         if (place - first < last - place) {
             quickSort(points, first, place - 1);
             first = place + 1;
@@ -84,9 +84,9 @@ bool areIdentical(mgPoint_c const &a, mgPoint_c const &b) {
     return true;
 }
 
-/// Sorts runs of points whose neighbours along an axis are within tolerance, given points that
-/// ascend along it, by the axes behind. False, with the points in any order, unless `isLess` tells
-/// any two of them apart that are not identical, and tells it without a circle.
+/// Sorts points that ascend along an axis: each run in which neighbours along that axis are within
+/// tolerance is sorted by the next axes. True if `isLess` then orders any two points that are not
+/// identical, without a cycle; otherwise false, with the points in any order.
 bool sortRuns(mgPoint_c *first, mgPoint_c *last, int axis) {
     auto const within = [axis](mgPoint_c const &a, mgPoint_c const &b) {
         return b[axis] - a[axis] <= vexmath::kLengthTolerance;
@@ -95,7 +95,7 @@ bool sortRuns(mgPoint_c *first, mgPoint_c *last, int axis) {
         do ++end;
         while (end != last && within(end[-1], *end));
         if (end - first == 1) continue;
-        // Within tolerance of its neighbours and not of all: equal here is not transitive.
+        // Within tolerance of neighbours, but not of all: equality is not transitive here.
         if (!within(*first, end[-1])) return false;
         int const next = axis + 1;
         if (next == 3) {
@@ -110,8 +110,8 @@ bool sortRuns(mgPoint_c *first, mgPoint_c *last, int axis) {
     return true;
 }
 
-/// Are the points finite, and so far spread along x that few are likely to be within tolerance of a
-/// neighbour that is in turn within tolerance of another?
+/// True if the points are finite and spread so far along x that few are likely to be within
+/// tolerance of a neighbour which is within tolerance of another one.
 bool areSpread(mgPoint_c const *points, std::size_t n) {
     double low = points[0].x();
     double high = low;
@@ -157,7 +157,7 @@ void mg_pointSelectionSort(mgPoint_c *points, int first, int last) {
 }
 
 void mg_pointQuickSort(mgPoint_c *points, int first, int last) {
-    /// From this many points on the other sort is faster.
+    /// The other sort is faster for this many points or more.
     constexpr std::int64_t kMany = 2000;
     std::int64_t const n = std::int64_t{last} - first + 1;
     if (n >= kMany && sortIfUnique(points + first, static_cast<std::size_t>(n))) return;

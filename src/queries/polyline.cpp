@@ -11,7 +11,7 @@
 
 namespace {
 
-/// The larger of the differences in x and y; z is not looked at.
+/// The larger of the differences in x and y; z is ignored.
 double planarDistance(mgPoint_c const &p, mgPoint_c const &q) {
     return std::max(std::fabs(p.x() - q.x()), std::fabs(p.y() - q.y()));
 }
@@ -21,8 +21,8 @@ struct Pair {
     int high;
 };
 
-/// Two points that are far apart: one pass, in which each point replaces the end that it is nearer
-/// to when that lengthens the pair. On a line the extreme points.
+/// Two points that are far apart, on a line the extreme ones. In one pass, each point replaces the
+/// end that it is nearer to when that lengthens the pair.
 Pair farApart(int n, mgPoint_c const *pts) {
     Pair pair = {0, 1};
     double distance = planarDistance(pts[0], pts[1]);
@@ -46,9 +46,10 @@ Pair farApart(int n, mgPoint_c const *pts) {
 
 int mg_IsPolylineLine(int n, mgPoint_c const *pts, mgPoint_c &start, mgPoint_c &end) {
     if (n < 3) return 1;
-    // QUIRK: the pair is chosen in x and y alone, where a reader would expect all three. Of a
-    // polyline along z it is the first two points, or one point twice when those are equal: callers
-    // draw in the plane and see a point either way. (test: APolylineAlongZKeepsItsFirstTwoPoints)
+    // QUIRK: mg_queries.h, mg_IsPolylineLine: the pair is chosen by x and y alone; of a polyline
+    // along z it is the first two points, or one point twice when those are equal. Expected: the
+    // extreme points. Kept: callers and stored data depend on it.
+    // (test: APolylineAlongZKeepsItsFirstTwoPoints)
     Pair const pair = farApart(n, pts);
     mgPoint_c const low = pts[pair.low];
     mgPoint_c const high = pts[pair.high];
@@ -85,8 +86,8 @@ int mg_Find3PointArcCenter(mgPoint_c const *pts, mgPoint_c *center, mgUnitVector
     mgUnitVector_c const n = mg_Normalise(ub * ua);
     mgIntersectionType_e const type = mg_LineIntLine(p0 + 0.5 * a, ua * n, p2 + 0.5 * b, ub * n,
                                                      center, vexmath::detail::kQueryTolerance);
-    // QUIRK: bisectors that miss each other count as well, where a reader would expect a failure.
-    // Arcs picked from coarse tessellations get the best centre there is.
+    // QUIRK: mg_queries.h, mg_Find3PointArcCenter: bisectors that miss each other give a centre.
+    // Expected: 0. Kept: callers and stored data depend on it.
     // (test: BisectorsThatMissStillGiveACentre)
     if (type == mgIntersect_Coincident || type == mgIntersect_Parallel) return 0;
     *normal = n;

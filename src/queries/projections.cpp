@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Points carried along a line of sight to a plane or a line.
+// Projects points along a line of sight to a plane or a line.
 
 #include <vexmath/mg_queries.h>
 #include <vexmath/mg_transform.h>
@@ -8,7 +8,7 @@
 
 namespace {
 
-/// The line of sight of a point, which is moved to where the line begins.
+/// The line of sight of a point. Moves the point to where the line begins.
 mgLine_c lineOfSight(mgXform_c const &view, mgPoint_c *p, int isScreen) {
     mgUnitVector_c dir;
     int isCamera = 0;

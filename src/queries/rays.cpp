@@ -13,10 +13,9 @@ using vexmath::detail::kQueryTolerance;
 using vexmath::detail::LineLine;
 using vexmath::detail::meetLines;
 
-// QUIRK: a radius is tested coordinate by coordinate, so that spheres, discs and cylinders count as
-// the cubes around them; a reader would expect a distance. Picking was tuned to hits just outside
-// of the round shape. (test: RoundShapesAreTestedAsCubes)
-
+// QUIRK: mg_queries.h, mg_RayIntPlane, mg_RayIntDiskSeg, mg_RayIntSphere, mg_RayIntCylSeg,
+// mg_RayIntConeSeg: a hit behind the start counts. Expected: a ray begins at its start. Kept:
+// callers and stored data depend on it. (test: HitsBehindTheStartCount)
 mgIntersectionType_e mg_RayIntPlane(mgXform_c const *frame, mgPoint_c const *start,
                                     mgUnitVector_c const *direction, mgPoint_c *out) {
     /// Cosine between ray and normal below which they are perpendicular; strict.
@@ -25,13 +24,13 @@ mgIntersectionType_e mg_RayIntPlane(mgXform_c const *frame, mgPoint_c const *sta
     frame->getZAxis(&normal);
     double const rate = normal % *direction;
     if (std::fabs(rate) < kParallelCos) return mgIntersect_Parallel;
-    // QUIRK: a crossing behind the start counts, where a reader would expect a ray to begin there.
-    // Picking sorts out by depth. (test: ARayMeetsAPlaneBehindIt)
     double const t = -(normal % (*start - mgPoint_c(frame->translation()))) / rate;
     *out = *start + t * *direction;
     return mgIntersect_Point;
 }
 
+// QUIRK: mg_queries.h, mg_RayIntDiskSeg: the two angles are ignored. Expected: a hit outside of
+// them gives None. Kept: callers and stored data depend on it. (test: RoundShapesAreTestedAsCubes)
 mgIntersectionType_e mg_RayIntDiskSeg(mgXform_c const *frame, mgPoint_c const *start,
                                       mgUnitVector_c const *direction, double radius,
                                       double /*startAngle*/, double /*endAngle*/, mgPoint_c *out) {
@@ -40,6 +39,10 @@ mgIntersectionType_e mg_RayIntDiskSeg(mgXform_c const *frame, mgPoint_c const *s
     return out->isSame(centre, radius + kQueryTolerance) ? mgIntersect_Point : mgIntersect_None;
 }
 
+// QUIRK: mg_queries.h, mg_RayIntDiskSeg, mg_RayIntSphere, mg_RayIntCylSeg: a radius bounds each
+// coordinate difference, so that the cubes around discs, spheres and cylinders are hit. Expected:
+// it bounds a distance. Kept: callers and stored data depend on it.
+// (test: RoundShapesAreTestedAsCubes)
 mgIntersectionType_e mg_RayIntSphere(mgPoint_c const *start, mgUnitVector_c const *direction,
                                      mgPoint_c const *centre, double radius) {
     mgPoint_c const foot = *start + *direction * ((*centre - *start) % *direction);
@@ -55,6 +58,9 @@ mgIntersectionType_e mg_RayIntCylSeg(mgLine_c const &ray, mgPoint_c const &base,
     mgVector_c const w = nearest.point - base;
     mgIntersectionType_e const type = nearest.write(out);
     if (type != mgIntersect_Point) return type;
+    // QUIRK: mg_queries.h, mg_RayIntCylSeg: the height bounds the distance from the base point.
+    // Expected: it bounds the distance along the axis. Kept: callers and stored data depend on it.
+    // (test: ACylinderIsHitWhereTheRayPassesItsAxis)
     bool const inside = w % axis >= -kQueryTolerance && w.len() <= height + kQueryTolerance;
     return inside ? mgIntersect_TwoPoints : mgIntersect_None;
 }
@@ -70,8 +76,9 @@ struct ConePart {
     double farDistance;
 };
 
-/// The frame at the far end whose third column, the normal of frames in ray queries, is the axis:
-/// its columns are the basis (b1, b2, axis), so the rows given here are those of the transposed.
+/// The frame at the far end. Its third column, which ray queries use as the normal, is the axis:
+/// its columns are the basis (b1, b2, axis), so that the rows passed here are those of the
+/// transpose.
 mgXform_c capFrame(ConePart const &cone) {
     mgUnitVector_c b1;
     mgUnitVector_c b2;
@@ -89,7 +96,7 @@ bool hitsCap(mgLine_c const &ray, ConePart const &cone, mgPoint_c *hit) {
            == mgIntersect_Point;
 }
 
-/// The ray's line against one straight line of the cone's side through the apex.
+/// True if the ray hits one straight line of the cone's side, which passes through the apex.
 bool hitsGenerator(mgLine_c const &ray, ConePart const &cone, mgVector_c const &generator,
                    mgPoint_c *hit) {
     if (mg_LineIntLine(ray.rootPoint(), ray.direction(), cone.apex, mg_Normalise(generator), hit,
@@ -103,8 +110,11 @@ bool hitsGenerator(mgLine_c const &ray, ConePart const &cone, mgVector_c const &
              || cone.farDistance + kQueryTolerance < slant);
 }
 
-/// The side, cut by the plane of axis and ray direction in two generators, one to each side of the
-/// axis. Of two hits, the first along the ray.
+/// True if the ray hits the side. The plane of axis and ray direction cuts the side in two
+/// generators, one on each side of the axis. Of two hits, takes the first along the ray.
+// QUIRK: mg_queries.h, mg_RayIntConeSeg: a ray that passes the axis at a distance does not hit the
+// side. Expected: it hits a cone at any distance within the radius. Kept: callers and stored data
+// depend on it. (test: AConeReportsAxisCapAndSideApart)
 bool hitsSide(mgLine_c const &ray, ConePart const &cone, mgPoint_c *hit) {
     mgUnitVector_c const &a = cone.axis;
     mgVector_c const sideways =

@@ -8,18 +8,17 @@
 
 namespace {
 
-/// Does a point of the segment's line lie between a and a + d?
-///
-/// QUIRK: the ends are judged unlike: before a, tol bounds the product with d as it is, so that the
-/// slack is tol over the segment's length; beyond a + d plain lengths are compared, without slack.
-/// A reader would expect the same slack at both. Chains of segments count a shared point once by
-/// it. (test: TheFirstEndHasSlackAndTheSecondHasNone)
+/// True if a point of the segment's line lies between a and a + d.
+// QUIRK: mg_queries.h, mg_LineSegIntLineSeg, mg_LineIntLineSeg, mg_RayIntLineSeg: before a
+// segment's first end a crossing has a slack of tol over the segment's length; beyond the second
+// end it has none. Expected: a slack of tol at both ends. Kept: callers and stored data depend on
+// it. (test: TheFirstEndHasSlackAndTheSecondHasNone)
 bool isBetweenEnds(mgPoint_c const &p, mgPoint_c const &a, mgVector_c const &d, double tol) {
     mgVector_c const w = p - a;
     return !(w % d < -tol || d.len() < w.len());
 }
 
-/// Do collinear segments, d from a on and a2 to b2, overlap?
+/// True if two collinear segments, from a to a + d and from a2 to b2, overlap.
 bool overlap(mgPoint_c const &a, mgVector_c const &d, mgPoint_c const &a2, mgPoint_c const &b2,
              double tol) {
     mgVector_c const e1 = a2 - a;
@@ -68,6 +67,9 @@ mgIntersectionType_e mg_LineIntLineSeg(mgLine_c const &line, mgPoint_c const &a,
 mgIntersectionType_e mg_RayIntLineSeg(mgLine_c const &ray, mgPoint_c const &a, mgPoint_c const &b,
                                       mgPoint_c *out, double tol) {
     mgIntersectionType_e const type = mg_LineIntLineSeg(ray, a, b, out, tol);
+    // QUIRK: mg_queries.h, mg_RayIntLineSeg: a collinear segment is Coincident even when it lies
+    // behind the ray. Expected: None. Kept: callers and stored data depend on it.
+    // (test: LinesAndRaysAreJudgedByTheSameEnds)
     if (type != mgIntersect_Point) return type;
     bool const behind = (*out - ray.rootPoint()) % ray.direction() < -tol;
     return behind ? mgIntersect_None : type;

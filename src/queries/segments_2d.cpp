@@ -9,8 +9,8 @@
 
 namespace {
 
-/// Where a point of a segment's line lies. The order is that in which the ends of an overlap are
-/// taken: ends of the segment before points inside.
+/// Where a point of a segment's line lies. The ends of an overlap are taken in this order: ends of
+/// the segment before points inside.
 enum class Place { BeyondFirst, BeyondSecond, Inside, Nowhere };
 
 class Segment {
@@ -66,8 +66,8 @@ mgIntersectionType_e meetCollinear(Segment const &p, mgPoint_c const &q1, mgPoin
 }
 
 bool isUsable(mgPoint_c const &p) {
-    // QUIRK: a point whose x has exactly this size makes the answer None, where a reader would
-    // expect no x to be special. Callers mark points that shall not count with it.
+    // QUIRK: mg_queries.h, mg_LineSegIntLineSeg2D: an x of exactly 5e-09 or -5e-09 makes the result
+    // None. Expected: no x is special. Kept: callers and stored data depend on it.
     // (test: AMarkedPointMeetsNothing)
     constexpr double kMark = 5e-09;
     bool const isNumber = !std::isnan(p.x()) && !std::isnan(p.y()) && !std::isnan(p.z());
@@ -88,7 +88,7 @@ mgIntersectionType_e mg_LineSegIntLineSeg2D(mgPoint_c const &a1, mgPoint_c const
     double const areaA = first.areaWith(a2);
     double const areaB = first.areaWith(b2);
     double const smallest = first.length() * kOffLine;
-    // Infinite coordinates have no area.
+    // Of infinite coordinates.
     if (std::isnan(areaA) || std::isnan(areaB) || std::isnan(smallest)) return mgIntersect_None;
 
     bool const aIsOff = std::fabs(areaA) >= smallest;

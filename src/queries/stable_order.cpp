@@ -15,14 +15,14 @@ namespace vexmath::detail {
 
 namespace {
 
-constexpr std::size_t kDigitBits = 11; // 2048 counters stay in the fastest cache
+constexpr std::size_t kDigitBits = 11; // 2048 counters fit in the first-level cache
 constexpr std::size_t kDigits = 4;
 constexpr std::size_t kDigitValues = std::size_t{1} << kDigitBits;
 
-/// Lower bits that are not counted: few keys agree in all the others, and those are compared.
+/// Lower bits, which are not counted: few keys agree in all other bits, and these are compared.
 constexpr std::size_t kLowBits = 64 - kDigits * kDigitBits;
 
-/// Below this comparing is faster than counting.
+/// For fewer keys than this, comparing is faster than counting.
 constexpr std::size_t kSmallest = 2000;
 
 using Counts = std::array<std::size_t, kDigitValues>;
@@ -31,7 +31,7 @@ std::size_t digit(std::uint64_t key, std::size_t place) {
     return static_cast<std::size_t>(key >> (kLowBits + place * kDigitBits)) & (kDigitValues - 1);
 }
 
-/// Counts become the places of the first key with each digit.
+/// Replaces the count of each digit by the place of the first key with that digit.
 void toPlaces(Counts &counts) {
     std::size_t place = 0;
     for (std::size_t &count : counts) {

@@ -17,7 +17,7 @@ struct OrderKey {
     std::uint32_t index;
 };
 
-/// -0 equals 0, and every NaN is equal and behind infinity.
+/// -0 equals 0; all NaN are equal, and behind infinity.
 inline OrderKey orderKey(double value, std::uint32_t index) {
     constexpr std::uint64_t kSign = std::uint64_t{1} << 63;
     if (std::isnan(value)) return {~std::uint64_t{0}, index};

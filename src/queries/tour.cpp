@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: MIT
 // Open tours by cheapest insertion.
 //
-// The rule: the path starts with the last two points. In each step every edge of the path, in path
-// order, is combined with every point that is left, in index order. The combination's value is the
-// detour over the point; at the last edge the way from the path's end to the point replaces it when
-// strictly shorter, then at the first edge the way from its start. The first combination of least
-// value is carried out.
+// The rule: the path starts with the last two points. Each step combines every edge of the path, in
+// path order, with every point that is left, in index order. The value of a combination is the
+// detour over the point. At the last edge the distance from the path's end to the point replaces it
+// when strictly smaller, then at the first edge the distance from the path's start. The step
+// inserts the point of the first combination of least value.
 //
-// `insertByScan` does just that, in n^3 work. `Tour` remembers for each point its own first
-// combination of least value and looks only at what an insertion changed. The two agree to the bit
-// for finite distances; NaN and infinity go to the scan.
+// `insertByScan` follows the rule literally, in n^3 work. `Tour` stores for each point its own
+// first combination of least value and updates only what an insertion changed. Both give the same
+// path for finite distances; NaN and infinite ones go to the scan.
 //
-// QUIRK: the path starts with the last two points however near they are, where a reader would
-// expect the two that are farthest apart. Drilling orders that were stored start so.
+// QUIRK: mg_queries.h, mg_OpenTSP: the path starts with the last two points, however near they are.
+// Expected: the two points that are farthest apart. Kept: callers and stored data depend on it.
 // (test: AgreesWithTheRule)
 
 #include <vexmath/mg_queries.h>
@@ -70,7 +70,7 @@ std::vector<int> insertByScan(mgPoint_c const *points, int n) {
                 double const toHead = dist(points[*r], head);
                 bool const first = place == 1;
                 bool const last = place == edges;
-                // Not a comparison of values: a detour of NaN is chosen for its end alone.
+                // The values are not compared: a detour of NaN can be chosen for its end alone.
                 bool const better = toHead + toTail - length < best.value
                                     || (last && toHead < best.value)
                                     || (first && toTail < best.value);
@@ -140,7 +140,7 @@ Candidate Tour::bestOfAll(mgPoint_c const &point) const {
     return best;
 }
 
-/// The point whose combination comes first in scan order among those of least value.
+/// Of the points whose combination has the least value, the first in scan order.
 std::vector<Tour::Open>::iterator Tour::cheapest() {
     return std::min_element(open_.begin(), open_.end(), [](Open const &a, Open const &b) {
         if (a.best.value != b.best.value) return a.best.value < b.best.value;
@@ -148,8 +148,8 @@ std::vector<Tour::Open>::iterator Tour::cheapest() {
     });
 }
 
-/// Puts a point into the path. What was the edge at done.place is now two: the edges there and at
-/// the next place, one of them the old one when the point went to an end.
+/// Inserts a point into the path. The edge at done.place becomes two: the edges there and at the
+/// next place. One of them is the old edge when the point was added at an end.
 void Tour::carryOut(int index, Candidate const &done) {
     path_.insert(path_.begin() + done.position(), index);
     lengths_.insert(lengths_.begin() + done.place, 0.0);
@@ -157,12 +157,12 @@ void Tour::carryOut(int index, Candidate const &done) {
         length(place) = dist(node(place), node(place - 1));
 }
 
-/// Brings the best of every open point up to date after `done` was carried out.
+/// Updates the best combination of every open point after `done` was carried out.
 ///
-/// A combination is gone with its edge, or with its end of the path. Every other edge is worse than
-/// it was, or as good and later in the path; so the two edges that took its place decide, as long
-/// as one of them is no worse, and otherwise all must be looked at. A combination that stands is
-/// only challenged by those two.
+/// A combination is gone when its edge was divided, or its end of the path has moved. Every other
+/// edge was worse than it, or as good and later in the path; so the better of the two new edges
+/// replaces it if that is no worse, and otherwise all edges are evaluated. A combination that still
+/// exists is compared with the two new edges only.
 void Tour::follow(Candidate const &done) {
     int const place = done.place;
     mgPoint_c const tail = node(place - 1);

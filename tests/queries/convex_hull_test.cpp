@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Planar hulls: the shipped algorithm against its steps one by one, and what it does to its input.
+// Planar hulls: the library against a literal version of its steps, and the changes of the input.
 
 #include "support/geometry.h"
 
@@ -96,11 +96,12 @@ TEST(ConvexHull, CollinearPointsGiveOnePoint) {
     List const appended{{9, 9}, {0, 0}};
     EXPECT_EQ(appended, hullOf({{0, 0}, {1, 1}, {2, 2}, {3, 3}}, {{9, 9}}));
     EXPECT_EQ((List{{0, 0}, {1, 1}, {2, 2}}), hullOf({{2, 2}, {0, 0}, {1, 1}})); // three are kept
+    EXPECT_EQ((List{{1, 0}, {1, 3}}), hullOf({{1, 2}, {1, 0}, {1, 3}, {1, 1}})); // of the same x
 }
 
 TEST(ConvexHull, UpperChainMayPopTheLower) {
-    // Divided by its length the edge to (0.2, 0.5) has (0.1, 0.25) on its upper side, by rounding;
-    // the turn there, which does not divide, is none: the corner goes.
+    // By rounding, (0.1, 0.25) is above the edge to (0.2, 0.5) when that is divided by its length.
+    // The turn there, computed without dividing, is 0: the corner is removed.
     EXPECT_EQ((List{{0, 0}, {0.1, 0.25}, {0.05, 1.5}}),
               hullOf({{0, 0}, {0.2, 0.5}, {0.1, 0.25}, {0.05, 1.5}}));
 }

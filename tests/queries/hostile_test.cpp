@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Every query, line, plane, cone and view function on numbers made to break it. Under the
-// sanitizers any trap is a failure; here only results outside of the enumerations are.
+// Every query, line, plane, cone and view function on hostile numbers. The sanitizers find traps;
+// the test itself checks that every result is one of its enumeration.
 
 #include "support/numbers.h"
 
@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Hostile arguments, new ones at each call.
+/// Hostile arguments, different ones at each call.
 class Arguments {
 public:
     double number() { return random_.hostile(); }

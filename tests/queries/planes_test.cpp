@@ -56,7 +56,7 @@ mgLine_c meet(mgPlnPlnIntersectionType_e type, mgPoint_c const &root,
 TEST(Planes, ParallelPlanesCoincideBelowTheTolerance) {
     meet(mgPlnPln_Coincident, {1, 1, below}, -z);
     meet(mgPlnPln_Parallel, {1, 1, 1e-08}, z);
-    // Normals that differ by hardly more than nothing: both lines tried are parallel.
+    // Normals that differ by hardly more than 1e-08: both lines that are tried are parallel.
     meet(mgPlnPln_Failed, {1, 1, 1}, mgUnitVector_c(1.2e-8, 0, 1));
 }
 

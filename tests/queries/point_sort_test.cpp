@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Sorting of points: the shipped sort against its steps one by one.
+// Sorting of points: the library against a literal version of its steps.
 
 #include "support/numbers.h"
 
@@ -22,7 +22,7 @@ bool apart(mgPoint_c const &a, mgPoint_c const &b) {
            || std::fabs(a.z() - b.z()) >= 1e-8;
 }
 
-/// The steps, one by one, with the left side by recursion and the right one by the loop.
+/// The steps, one by one: recursion sorts the left side, and the loop goes on with the right one.
 void literalSort(mgPoint_c *p, int first, int last) {
     while (last - first >= 10) {
         int const mid = (first + last) / 2;
@@ -52,7 +52,7 @@ void literalSort(mgPoint_c *p, int first, int last) {
     }
 }
 
-/// With indices from -origin on.
+/// Sorts by indices from -origin on.
 void CheckAgainstTheSteps(List const &list, int origin) {
     List sorted = list, literal = list;
     int const last = static_cast<int>(list.size()) - 1 - origin;

@@ -29,6 +29,7 @@ TEST(Polyline, TheExtremePointsOfAStraightPolylineAreItsEnds) {
 
 TEST(Polyline, APolylineAlongZKeepsItsFirstTwoPoints) {
     checkPolyline(1, {0, 0, 0}, {0, 0, 1}, {{0, 0, 0}, {0, 0, 1}, {0, 0, 5}});
+    checkPolyline(1, {0, 0, 0}, {0, 0, 0}, {{0, 0, 0}, {0, 0, 9e-9}, {0, 0, 5}});
 }
 
 TEST(Polyline, ThreePointsRunCounterClockwiseAboutTheNormal) {
@@ -41,7 +42,8 @@ TEST(Polyline, ThreePointsRunCounterClockwiseAboutTheNormal) {
     check(1, {0, 0, 0}, {0, 0, 1}, {{1, 0, 0}, {0, 1, 0}, {-1, 0, 0}});
     check(1, {0, 0, 0}, {0, 0, -1}, {{-1, 0, 0}, {0, 1, 0}, {1, 0, 0}});
     check(0, {0, 1, 0}, {0, 0, 0}, {{1, 0, 0}, {0, 1, 0}, {1, 0, 9e-9}});
-    check(0, {1, 1e-5, 0}, {0, 0, 0}, {{0, 0, 0}, {1, 1e-5, 0}, {2, 0, 0}}); // nearly straight
+    check(0, {1, 1e-5, 0}, {0, 0, 0}, {{0, 0, 0}, {1, 1e-5, 0}, {2, 0, 0}});   // nearly straight
+    check(0, {0.5, 0, 0}, {0, 0, 0}, {{0, 0, 0}, {1, 0, 0}, {2e-8, 1e-5, 0}}); // nearly reversed
 }
 
 TEST(Polyline, BisectorsThatMissStillGiveACentre) {

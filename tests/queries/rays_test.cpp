@@ -11,7 +11,7 @@ namespace {
 mgPoint_c const untouched(77, 77, 77);
 mgUnitVector_c const x(1, 0, 0), y(0, 1, 0), z(0, 0, 1);
 
-TEST(Rays, ARayMeetsAPlaneBehindIt) {
+TEST(Rays, HitsBehindTheStartCount) {
     // The normal is the third column of the rows y, z, x, which is y.
     mgXform_c const frame = mg_RestoreXform({y, z, x}, mgVector_c(0, 3, 0), 1.0);
     mgPoint_c p(1, 8, 2);
@@ -20,6 +20,11 @@ TEST(Rays, ARayMeetsAPlaneBehindIt) {
     EXPECT_EQ(8.0, p.y());
     EXPECT_EQ(mgIntersect_Point, mg_RayIntPlane(&frame, &p, &y, &p)); // the output is the input
     EXPECT_BITS_EQ(mgPoint_c(1, 3, 2), p);
+    mgPoint_c const behind(9, 0, 2), centre(0, 0, 2);
+    EXPECT_EQ(mgIntersect_Point, mg_RayIntDiskSeg(&frame, &p, &y, 2.0, 0.0, 1.0, &p));
+    EXPECT_EQ(mgIntersect_TwoPoints, mg_RayIntSphere(&behind, &x, &centre, 1.0));
+    EXPECT_EQ(mgIntersect_TwoPoints, mg_RayIntCylSeg({behind, x}, mgPoint_c(), z, 4, 1, &p));
+    EXPECT_EQ(mgIntersect_TwoPoints, mg_RayIntConeSeg({behind, x}, mgPoint_c(), z, 0.5, 0, 4, &p));
 }
 
 TEST(Rays, RoundShapesAreTestedAsCubes) {
@@ -35,7 +40,7 @@ TEST(Rays, RoundShapesAreTestedAsCubes) {
         EXPECT_EQ(hits ? mgIntersect_Coincident : mgIntersect_Parallel,
                   mg_RayIntCylSeg({start, z}, centre, -z, 1.0, 1.0, &out));
     };
-    check(true, std::nextafter(1.0 + 1e-8, 0), 0);
+    check(true, std::nextafter(1.0 + 1e-8, 0), 0.9);
     check(false, 1.0 + 1e-8, 0);
 }
 
@@ -63,8 +68,9 @@ void checkCone(mgIntersectionType_e type, mgPoint_c const &point, mgLine_c const
 TEST(Rays, AConeReportsAxisCapAndSideApart) {
     checkCone(mgIntersect_Coincident, {0, 0, -3}, {{0, 0, -3}, z});
     checkCone(mgIntersect_Point, {0, 3.9, 4}, {{9, 3.9, 10}, mgUnitVector_c(-9, 0, -6)});
+    checkCone(mgIntersect_Point, {-3.9, 3.9, 4}, {{9, 3.9, 10}, mgUnitVector_c(-12.9, 0, -6)});
     checkCone(mgIntersect_TwoPoints, {-2, 0, 2}, {{-9, 0, 2}, x}); // the first along the ray
-    // The side met first is too long there.
+    // The first hit along the ray is too far from the apex.
     checkCone(mgIntersect_TwoPoints, {1, 0, 1}, {{-3, 0, 3}, mgUnitVector_c(4, 0, -2)});
     checkCone(mgIntersect_None, untouched, {{-9, 0, 0.5}, x}); // too near
     checkCone(mgIntersect_None, untouched, {{-9, 0, 3.9}, x}); // a slant of 5.5

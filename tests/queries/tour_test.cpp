@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Open tours: the fast path against the rule as it reads, and the order array's own contract.
+// Open tours: the library against a literal version of the rule, and the contract of the order.
 
 #include "support/geometry.h"
 
@@ -15,8 +15,8 @@ namespace {
 using List = std::vector<mgPoint_c>;
 using Order = std::vector<int>;
 
-/// The rule, word for word: three nested loops, a best cost that starts below everything, and the
-/// end options tried after the detour.
+/// The rule, step by step: three nested loops, a best cost that starts below all others, and the
+/// ends tried after the detour.
 Order literalTour(List const &list) {
     mgPoint_c const *const p = list.data();
     int const n = static_cast<int>(list.size());
