@@ -75,10 +75,9 @@ VEXMATH_API mgIntersectionType_e mg_LineSegIntLineSeg(mgPoint_c const &a1, mgPoi
 ///   the middle of that part. Point when the ends of that part do not differ by more than 1e-08 in
 ///   any coordinate, z included; otherwise Coincident.
 /// - a2 and b2 both off the line and on the same side: None.
-/// - Otherwise *out is the end of segment 2 that is on the line, or, when both are off, the
-/// crossing
-///   with the line, with all three coordinates interpolated between a2 and b2. Point when *out is
-///   on segment 1, else None; *out stays written.
+/// - Otherwise *out is the end of segment 2 that is on the line, or the crossing when both are off,
+///   with all three coordinates interpolated between a2 and b2. Point when *out is on segment 1,
+///   else None; *out stays written.
 VEXMATH_API mgIntersectionType_e mg_LineSegIntLineSeg2D(mgPoint_c const &a1, mgPoint_c const &b1,
                                                         mgPoint_c const &a2, mgPoint_c const &b2,
                                                         mgPoint_c *out);
@@ -117,8 +116,7 @@ VEXMATH_API mgIntersectionType_e mg_RayIntCylSeg(mgLine_c const &ray, mgPoint_c 
                                                  double radius, mgPoint_c *out);
 /// A ray and the part of a cone between two distances from its apex. The half-angle is in radians.
 /// *out is written for Coincident, Point and TwoPoints. In this order:
-/// - Ray and axis parallel, 1 - |cos| < 1e-08: Coincident, and *out is the ray's root, when the
-/// root
+/// - Ray and axis parallel, 1 - |cos| < 1e-08: Coincident, and *out is the ray's root, when that
 ///   and its foot on the axis differ by less than 1e-08 in each coordinate; otherwise Parallel.
 /// - Point when the ray hits the cap, as in `mg_RayIntDiskSeg`: the disc at the axial distance
 ///   farDistance, of the radius farDistance tan(halfAngle).
@@ -267,9 +265,10 @@ VEXMATH_API void mg_OpenTSP(suDynamicArray<mgPoint_c> &points, suDynamicArray<in
 /// counts as equal.
 ///
 /// About n log n work, also for many equal points, NaN and infinite ones included; n^2 for a few
-/// orders. Recursion depth is logarithmic. From 2000 points on it allocates; when memory is
-/// exhausted, it sorts in place, with the same result. Method: C. A. R. Hoare, "Quicksort", 1962,
-/// with the median of three as pivot.
+/// orders. The recursion depth is logarithmic. From 2000 points on it allocates; when memory is
+/// exhausted, it sorts in place, with the same result.
+///
+/// Method: C. A. R. Hoare, "Quicksort", 1962, with the median of three as pivot.
 VEXMATH_API void mg_pointQuickSort(mgPoint_c *points, int first, int last);
 /// Sorts the same range by the same order, by selection: for each place the least of the points
 /// from there on, the earliest among equals, which changes places with the point there. Quadratic
