@@ -21,6 +21,9 @@ struct WideForm;
 mgXform_c makeXform(mgMatrix_c const &rotation, mgVector_c const &translation, double scale = 1.0,
                     int reflection = 0);
 
+/// A transform of exactly the fields of `built`, without the copy rules. It takes over the record.
+mgXform_c takeXform(mgXform_c &built);
+
 } // namespace vexmath::detail
 
 /// The fields of a transform as plain data, for modules that exchange transforms without sharing
@@ -180,11 +183,13 @@ private:
     friend class mgPoint_c;
     friend mgXform_c vexmath::detail::makeXform(mgMatrix_c const &, mgVector_c const &, double,
                                                 int);
+    friend mgXform_c vexmath::detail::takeXform(mgXform_c &);
     friend mgXform_c mg_ScaleXform(mgXform_c x, double s);
     VEXMATH_API friend mgXform_c operator*(mgXform_c const &a, mgXform_c const &b);
 
+    /// Exactly these fields; the record is owned from now on.
     mgXform_c(mgMatrix_c const &rotation, mgVector_c const &translation, double scale,
-              int reflection);
+              int reflection, mgPerspInfo_c *perspective = nullptr);
 
     // Product and inverse are made in their place, by rows or in SIMD registers.
     mgXform_c(mgXform_c const &a, mgXform_c const &b);
@@ -269,8 +274,9 @@ inline mgXform_c makeXform(mgMatrix_c const &rotation, mgVector_c const &transla
 } // namespace vexmath::detail
 
 inline mgXform_c::mgXform_c(mgMatrix_c const &rotation, mgVector_c const &translation, double scale,
-                            int reflection)
-    : rotation_(rotation), translation_(translation), scale_(scale), reflection_(reflection) {}
+                            int reflection, mgPerspInfo_c *perspective)
+    : rotation_(rotation), translation_(translation), scale_(scale), reflection_(reflection),
+      perspective_(perspective) {}
 
 inline mgXform_c::mgXform_c(mgXform_c const &source) { copyByRules(source); }
 

@@ -75,7 +75,7 @@ mgXform_c zoomTo(double x, double y, mgPoint_c const &a, mgPoint_c const &b, mgX
     zoomed *= mg_ScaleXform(scale);
     zoomed *= view;
     zoomed *= translation(x, y, 0.0);
-    return mgXform_c(zoomed); // the copy rules apply to the result; no elision may skip them
+    return vexmath::detail::takeXform(zoomed); // a copy would change a scale or move out of range
 }
 
 /// A pixel coordinate of the target. In 64 bits: the difference of two pixels may exceed an int.

@@ -10,6 +10,7 @@
 
 #include <new>
 #include <type_traits>
+#include <utility>
 
 using vexmath::detail::Rows;
 using vexmath::detail::scales;
@@ -29,6 +30,11 @@ mgXform_c::mgXform_c(mgUnitVector_c const &zDir, mgUnitVector_c const &xDir,
 
 int mgXform_c::isIdentity() const {
     return !rotate() && vexmath::detail::isTiny(1.0 - scale_) && translation_.isNull();
+}
+
+mgXform_c vexmath::detail::takeXform(mgXform_c &built) {
+    mgPerspInfo_c *const record = std::exchange(built.perspective_, nullptr);
+    return mgXform_c(built.rotation_, built.translation_, built.scale_, built.reflection_, record);
 }
 
 mgXform_c mgXform_c::linearComponent() const {

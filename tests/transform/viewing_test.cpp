@@ -112,4 +112,17 @@ TEST(Viewing, ABoxDraggedBackwardsIsCentredBeyondItsStart) {
     EXPECT_EQ(6.0 * zoom.hasPerspective(), zoom.scaling());
 }
 
+TEST(Viewing, AZoomIsReturnedAsItWasComposed) {
+    // A copy would take the move as zero and the scale as 1.
+    mgXform_c const near =
+        mg_ZoomToPosition(P(-5.0 + 0x1p-28, 0, 0), P(), P(), mg_TranslateXform({5, 0, 0}), 2.0);
+    EXPECT_BITS_EQ(support::raw({}, {0x1p-28, 0, 0}, 2.0), near);
+    mgVector_c const move(-5e14 + 4.0, -1e15, -1.5e15);
+    mgXform_c const view = mg_ScaleXform(1e5);
+    EXPECT_BITS_EQ(support::raw({}, move, 1e15),
+                   mg_ZoomToPosition(P(4, 0, 0), model, P(), view, 1e10));
+    EXPECT_BITS_EQ(support::raw({}, move, 1e15),
+                   mg_ZoomBoxToBox({4, 0}, {4, 0}, model, P(), view, 1e10));
+}
+
 } // namespace
