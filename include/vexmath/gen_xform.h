@@ -6,6 +6,8 @@
 
 #include <vexmath/xform.h>
 
+#include <type_traits>
+
 /// A body scaled by three factors along the axes of a body frame and then placed by a transform.
 ///
 /// The object is its placing transform, with a body frame and three factors besides. It derives
@@ -38,6 +40,9 @@ public:
     /// The image of p: into the body frame, scaled along its axes, back, and placed. A perspective
     /// is applied with a placing transform that does something else too.
     VEXMATH_API mgPoint_c operator*(mgPoint_c const &p) const;
+    // Refused: a vector would be treated as a point.
+    template <class V, std::enable_if_t<std::is_base_of_v<mgVector_c, V>, int> = 0>
+    mgPoint_c operator*(V const &v) const = delete;
     /// The map as sixteen numbers, laid out as by `mgXform_c::getGLData`. Agrees with `g * p` but
     /// for one case: a body frame that is the identity. The factors then act along the world axes,
     /// after the placing rotation, and leave the translation alone. REQUIRES sixteen writable

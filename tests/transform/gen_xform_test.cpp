@@ -16,6 +16,13 @@ using V = mgVector_c;
 /// x y z -> -y x z, to the bit.
 mgXform_c const quarter = mg_RotateXform(vexmath::kHalfPi, {0.0, 0.0, 1.0}, 1e-9);
 
+// A vector is no point, and without a placement of its own.
+template <class T, class = void>
+constexpr bool kMoves = false;
+template <class T>
+constexpr bool kMoves<T, std::void_t<decltype(mgGenXform_c() * T())>> = true;
+static_assert(kMoves<P> && kMoves<double const *> && !kMoves<V> && !kMoves<mgUnitVector_c>);
+
 mgGenXform_c scaled(mgXform_c const &placing, mgXform_c const *body, V const &scale) {
     mgGenXform_c g(placing);
     EXPECT_EQ(1, g.set(body, scale));
