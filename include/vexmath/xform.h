@@ -184,7 +184,7 @@ private:
     friend mgXform_c vexmath::detail::makeXform(mgMatrix_c const &, mgVector_c const &, double,
                                                 int);
     friend mgXform_c vexmath::detail::takeXform(mgXform_c &);
-    friend mgXform_c mg_ScaleXform(mgXform_c x, double s);
+    VEXMATH_API friend mgXform_c mg_ScaleXform(mgXform_c x, double s);
     VEXMATH_API friend mgXform_c operator*(mgXform_c const &a, mgXform_c const &b);
 
     /// Exactly these fields; the record is owned from now on.
