@@ -206,8 +206,8 @@ private:
     /// be the identity.
     bool multiplyBySimd(mgXform_c const &b);
 
-    void copyByRules(mgXform_c const &source);
-    void followCopyRules(); ///< as a copy of this transform would
+    void copyByRules(mgXform_c const &source); ///< all but the record
+    void followCopyRules();                    ///< as a copy of this transform would
     /// x and y of a point after the perspective division, which leaves z. REQUIRES a record.
     VEXMATH_API VEXMATH_PURE mg2DPoint_c dividePerspective(double x, double y,
                                                            double z) const noexcept;
@@ -278,9 +278,14 @@ inline mgXform_c::mgXform_c(mgMatrix_c const &rotation, mgVector_c const &transl
     : rotation_(rotation), translation_(translation), scale_(scale), reflection_(reflection),
       perspective_(perspective) {}
 
-inline mgXform_c::mgXform_c(mgXform_c const &source) { copyByRules(source); }
+inline mgXform_c::mgXform_c(mgXform_c const &source) {
+    copyByRules(source);
+    if (source.perspective_ != nullptr) iCopyPerspectiveInfo(source);
+}
 
 inline mgXform_c const &mgXform_c::operator=(mgXform_c const &source) {
+    // The record first: it alone may throw, and then nothing has changed.
+    if (perspective_ != nullptr || source.perspective_ != nullptr) iCopyPerspectiveInfo(source);
     copyByRules(source);
     return *this;
 }
@@ -297,7 +302,6 @@ inline void mgXform_c::copyByRules(mgXform_c const &source) {
     reflection_ = source.reflection_;
     rotation_ = source.rotate() ? source.rotation_ : mgMatrix_c();
     translation_ = source.translation_.isNotNull() ? source.translation_ : mgVector_c();
-    if (perspective_ != nullptr || source.perspective_ != nullptr) iCopyPerspectiveInfo(source);
 }
 
 inline void mgXform_c::followCopyRules() {

@@ -4,6 +4,7 @@
 #include <vexmath/gen_xform.h>
 
 #include <algorithm>
+#include <memory>
 #include <new>
 
 namespace {
@@ -39,18 +40,20 @@ void multiply(double const *m, double const *a, double *product) {
 mgGenXform_c *mgGenXform_c::create(mgXform_c const *placing, mgXform_c const *body,
                                    double const *scales) {
     if (scales == nullptr || !allInRange(scales)) return nullptr;
-    auto *const made = placing != nullptr ? new (std::nothrow) mgGenXform_c(*placing)
-                                          : new (std::nothrow) mgGenXform_c;
-    if (made != nullptr) made->set(body, scales);
-    return made;
+    try {
+        auto made = placing != nullptr ? std::make_unique<mgGenXform_c>(*placing)
+                                       : std::make_unique<mgGenXform_c>();
+        made->set(body, scales);
+        return made.release();
+    } catch (std::bad_alloc const &) {
+        return nullptr;
+    }
 }
 
 int mgGenXform_c::set(mgXform_c const *body, double const *scales) {
-    if (scales != nullptr) {
-        if (!allInRange(scales)) return 0;
-        std::copy(scales, scales + 3, scale_);
-    }
-    if (body != nullptr) body_ = *body;
+    if (scales != nullptr && !allInRange(scales)) return 0;
+    if (body != nullptr) body_ = *body; // may throw, with nothing changed
+    if (scales != nullptr) std::copy(scales, scales + 3, scale_);
     return 1;
 }
 

@@ -8,11 +8,12 @@
 
 namespace {
 
-/// The view without its perspective. A copy: the copy rules for scale and translation apply.
+/// A copy of the view, by the copy rules, without its perspective record, which is not copied
+/// first: that would allocate.
 mgXform_c withoutPerspective(mgXform_c const &view) {
-    mgXform_c plain(view);
-    plain.deletePerspectiveInfo();
-    return plain;
+    mgXform_c const plain = vexmath::detail::makeXform(view.rotation(), view.translation(),
+                                                       view.scaling(), view.isReflection());
+    return mgXform_c(plain);
 }
 
 mgXform_c translation(double x, double y, double z) {

@@ -74,7 +74,9 @@ bool simdMultiplies(mgXform_c const &a, mgXform_c const &b) {
 } // namespace
 
 mgXform_c const &mgXform_c::operator*=(mgXform_c const &b) {
-    // Every field is computed before the first is written: b may be this transform.
+    // The record first: it alone may throw, and then nothing has changed. Every other field is
+    // computed before the first is written: b may be this transform.
+    if (b.hasPerspective()) iCopyPerspectiveInfo(b);
     double const scale = b.scale_ * scale_;
     int const reflection = exactlyOne(reflection_, b.reflection_);
     if (!simdMultiplies(*this, b) || !multiplyBySimd(b)) {
@@ -85,7 +87,6 @@ mgXform_c const &mgXform_c::operator*=(mgXform_c const &b) {
     }
     scale_ = scale;
     reflection_ = reflection;
-    if (b.hasPerspective()) iCopyPerspectiveInfo(b);
     return *this;
 }
 
