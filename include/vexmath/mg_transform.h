@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Free functions that build transforms for a particular job, and the view ray of a screen point.
+// Free functions that build transforms; view rays and zooms.
 
 #ifndef VEXMATH_MG_TRANSFORM_H
 #define VEXMATH_MG_TRANSFORM_H
@@ -8,96 +8,141 @@
 
 #include <vexmath_platform/point.h>
 
-// Every factory starts from the identity and changes only what it says. Angles are in radians,
-// lengths in model units. A scale outside (1.0000000000000002e-13, 6e12), bounds excluded, becomes
-// 1. No factory reports an error: a null axis or a tiny angle gives no rotation. Every rotation is
-// orthonormalised once, so that an axis said to be kept is kept up to rounding.
+// Factories. Each starts from the identity and changes only what it says. Angles are in radians,
+// lengths in model units. A scale that is not strictly between 1.0000000000000002e-13 and 6e12, or
+// is NaN, becomes 1. A rotation made of directions is orthonormalised by one pass (see
+// `mgMatrix_c::normalize`), so an axis that is said to be kept is kept up to rounding. Unit vectors
+// are used as they are: REQUIRES length 1 or none. No factory reports an error.
+//
+// The copy rules of `mgXform_c` hold only where a function says so.
 
-/// Rotation m with its flag, translation t and scale s as they are, but for the scale's range.
+/// Rotation m with its flag and translation t, both as they are, and scale s. The reflection flag
+/// is 0, also for a mirror.
 VEXMATH_API mgXform_c mg_RestoreXform(mgMatrix_c const &m, mgVector_c const &t, double s);
 
-/// Translation; the identity when every component is below 1e-08 in absolute value.
+/// Translation; the identity when every component is below 1e-08 in absolute value. A NaN component
+/// is taken over.
 VEXMATH_API mgXform_c mg_TranslateXform(mgVector_c const &t);
 
-/// Rotation about an axis through the origin. The identity for a null axis or an angle of at most
-/// 1e-11; tol snaps to quarter turns as in `mg_RotationMatrix`.
+/// Rotation about an axis through the origin, as by `mg_RotationMatrix`, whose snapTol is tol. The
+/// identity when every component of the axis is below 1e-08 in absolute value, or the angle is at
+/// most 1e-11 in absolute value. A NaN or infinite angle, or an infinite axis, gives three zero
+/// rows. An axis with NaN, or of a length beyond 1.3e154, gives the identity or its negative, by
+/// the sign of the cosine.
 VEXMATH_API mgXform_c mg_RotateXform(double angle, mgVector_c const &axis, double tol);
-/// The same about an axis through p.
+/// The same about an axis through p. A p whose coordinates are all below 1e-08 in absolute value is
+/// treated as the origin. The result follows the copy rules.
 VEXMATH_API mgXform_c mg_RotateAtPoint(mgPoint_c const &p, double angle, mgVector_c const &axis,
                                        double tol);
 
 /// Uniform scale about the origin.
 VEXMATH_API mgXform_c mg_ScaleXform(double s);
-/// x with its scale replaced, not multiplied, by s.
+/// x with its scale replaced, not multiplied, by s. Everything else, the perspective record
+/// included, is a copy by the copy rules.
 VEXMATH_API mgXform_c mg_ScaleXform(mgXform_c x, double s);
 
-// Mirrors in a coordinate plane, each negating one coordinate; reflection flag set.
+// Mirrors in a coordinate plane, each negating one coordinate. The reflection flag is 1.
 VEXMATH_API mgXform_c mg_XReflectionXform();
 VEXMATH_API mgXform_c mg_YReflectionXform();
 VEXMATH_API mgXform_c mg_ZReflectionXform();
-/// Mirror in the plane through the origin with normal n (a Householder matrix); flag set.
+/// Mirror in the plane through the origin with normal n (a Householder matrix). The reflection flag
+/// is 1. A null n gives the identity, with the flag.
 VEXMATH_API mgXform_c mg_ReflectionXform(mgUnitVector_c const &n);
-/// Mirror in the plane; flag set.
+/// Mirror in the plane. The reflection flag is 1. A null normal gives the identity, with the flag.
 VEXMATH_API mgXform_c mg_PlaneReflectionXform(mgPlane_c const &plane);
 
-// Coordinate frames: rows X, Y, Z of the rotation, and the origin as translation. Zero or parallel
-// directions are not detected; they leave zero rows.
+// Coordinate frames: the frame's axes X, Y, Z as rows of the rotation, and the origin as
+// translation. Zero and parallel directions, whose cross product is shorter than about 3.2e-09, are
+// not reported: a kept X or Y then stays with two zero rows; otherwise all rows are zero.
 
-/// X is u; Y lies in the plane of u and v, on v's side.
+/// Keeps X = u. Y lies in the plane of u and v, on v's side.
 VEXMATH_API mgXform_c mg_CoordinateXform(mgPoint_c const &origin, mgUnitVector_c const &u,
                                          mgUnitVector_c const &v);
-/// X and Y given. keepFlag 1 keeps Y and turns X perpendicular to it; anything else keeps X.
+// In the next three, a and b are the directions of the two named axes, in that order. One is kept
+// and the other becomes its part perpendicular to it. The third completes the right-handed frame.
+
+/// keepFlag 1 keeps Y = b, any other X = a.
 VEXMATH_API mgXform_c mg_CoordinateXformXY(mgPoint_c const &origin, mgUnitVector_c const &a,
                                            mgUnitVector_c const &b, int keepFlag);
-/// X and Z given. keepFlag 1 keeps X; anything else keeps Z.
+/// keepFlag 1 keeps X = a, any other Z = b.
 VEXMATH_API mgXform_c mg_CoordinateXformXZ(mgPoint_c const &origin, mgUnitVector_c const &a,
                                            mgUnitVector_c const &b, int keepFlag);
-/// Y and Z given. keepFlag 1 keeps Z; anything else keeps Y.
+/// keepFlag 1 keeps Z = b, any other Y = a.
 VEXMATH_API mgXform_c mg_CoordinateXformYZ(mgPoint_c const &origin, mgUnitVector_c const &a,
                                            mgUnitVector_c const &b, int keepFlag);
-/// The frame of a viewer at eye looking along dir, which is the frame's negative Z. Its X is the
-/// part perpendicular to dir of a world axis that goes by dir's largest component (a later one must
-/// be larger by more than 1e-08): z or -z for x, x for y, -x or x for z, so that X lies along it.
+/// The frame of a viewer at eye who looks along dir: Z is -dir. X is the part perpendicular to dir
+/// of a world axis that depends on dir's dominant component:
+/// - x: world z when dir.x > 0, else world -z;
+/// - y: world x;
+/// - z: world -x when dir.z > 0, else world x.
+///
+/// y dominates when |dir.y| > |dir.x| + 1e-08, otherwise x; z dominates when |dir.z| exceeds the
+/// absolute value of that one by more than 1e-08. A null dir gives zero rows.
 VEXMATH_API mgXform_c mg_CoordinateXformLookAt(mgPoint_c const &eye, mgUnitVector_c const &dir);
 
-/// Carries p1 to p2 and turns u1 into u2, about u1 x u2. Opposite directions are turned half a turn
-/// about z when useZAxis is not 0, else about an axis made of u1's absolute components, which is
-/// perpendicular to u1 only for some signs; `mg_PointVecScaleXform` turns about a true
-/// perpendicular.
+// Transforms that carry p1 to p2. Each is a product of a translation of p1 to the origin, the steps
+// named, and a translation of the origin to p2; the result follows the copy rules. A p1 or p2 whose
+// coordinates are all below 1e-08 in absolute value is treated as the origin.
+
+/// Rotates u1 into u2, about u1 x u2. When |u1 x u2| < 1e-08 nothing is rotated if u1 . u2 > 0;
+/// otherwise the rotation is half a turn, about z when useZAxis is not 0, else about an axis made
+/// of u1's absolute components, which is perpendicular to u1 only for some signs;
+/// `mg_PointVecScaleXform` takes a true perpendicular. So a null u2 gives half a turn, and a null
+/// u1 only when useZAxis is not 0.
 VEXMATH_API mgXform_c mg_PointVectorXform(mgPoint_c const &p1, mgPoint_c const &p2,
                                           mgUnitVector_c const &u1, mgUnitVector_c const &u2,
                                           int useZAxis);
-/// Carries p1 to p2, scales by s about it, and turns d1 into the direction of d2; opposite
-/// directions by half a turn about a perpendicular. A null direction is not turned, or by that half
-/// turn about nothing: either way there is no rotation.
+/// Scales by s and rotates the direction of d1 into that of d2, about d1 x d2. When the sine is
+/// below 1e-11 nothing is rotated if the directions agree; opposite ones are rotated by half a turn
+/// about a perpendicular of d1. A null d2, shorter than about 3.2e-09, gives that half turn too; a
+/// null d1 gives no rotation.
 VEXMATH_API mgXform_c mg_PointVecScaleXform(mgPoint_c const &p1, mgPoint_c const &p2,
                                             mgVector_c const &d1, mgVector_c const &d2, double s);
-/// Carries p1 to p2 with a rotation about an axis through it.
+/// Rotates about an axis through p1, as `mg_RotateXform` with tol 0.
 VEXMATH_API mgXform_c mg_PointAngleXform(mgPoint_c const &p1, mgPoint_c const &p2, double angle,
                                          mgVector_c const &axis);
-/// Carries the plane (p1, norm1) onto the plane (p2, norm2). Parallel and opposite normals are not
-/// turned: the result only translates.
+/// Carries the plane (p1, norm1) onto the plane (p2, norm2): rotates norm1 into the direction of
+/// norm2, about norm1 x norm2. Only translates when a normal is null or every component of that
+/// product is below 1e-08 in absolute value: parallel and opposite normals are not rotated, nor are
+/// two of length 1e-05. The normals need not be of unit length.
 VEXMATH_API mgXform_c mg_PlaneToPlane(mgPoint_c const &p1, mgVector_c const &norm1,
                                       mgPoint_c const &p2, mgVector_c const &norm2);
 
-// Viewing. Screen space is what a view's rotation, scale and translation lead to; the eye looks
-// along its z axis. Zooming composes the view behind a move of the middle of a and b to the origin
-// and a scale, and before a move of the origin to a place of the screen at depth 0.
+// Viewing. Screen space is the image of a view's rotation, scale and translation; the eye looks
+// along its z axis.
 
-/// The line of sight through p, a screen point when pIsScreen is not 0, else a model point, in
-/// model space. Of a view with a perspective record: rayPoint on the near clip plane; rayDir from
-/// the eye to it, or for an orthographic camera the z axis carried back; isCamera 1 when the record
-/// is a camera. Without: rayPoint is p in model space, rayDir the z axis carried back, isCamera 0.
-/// inverseOut, which may be null, becomes the way back from screen to model space. The outputs may
-/// alias p and view.
+/// The line of sight through p, in model space. p is a screen point when pIsScreen is not 0, else a
+/// model point.
+///
+/// Without a perspective record: rayPoint is p in model space, which a model point is already;
+/// rayDir is the image of the z axis under the view's inverse; isCamera is 0.
+///
+/// With a record: p in screen space (a model point goes through the perspective division) is moved
+/// to the near clip plane by `mgPerspInfo_c::moveScreenPointToNearClipPlane` and then to model
+/// space: rayPoint. rayDir leads from the eye to it, or is (0, 0, 0) when they are closer than
+/// about 3.2e-09; for an orthographic camera it is the image of the z axis as above. isCamera is 1
+/// when the record is a camera, else 0.
+///
+/// The inverse is that of the view's rotation, scale and translation; with a record, of a copy by
+/// the copy rules. *inverseOut becomes that inverse; inverseOut may be null. The outputs may alias
+/// p and view.
 VEXMATH_API void mg_getModelSpaceViewRay(mgXform_c const &view, mgPoint_c const &p, int pIsScreen,
                                          mgPoint_c &rayPoint, mgUnitVector_c &rayDir, int &isCamera,
                                          mgXform_c *inverseOut);
-/// The view scaled by scale, with the middle of a and b at screenPos, whose z plays no part.
+
+// A zoom composes, by `*=`: the translation of the middle of a and b to the origin, the scale, the
+// view, and a translation (x, y, 0) on the screen. The translations and the scale are made by the
+// factories above: x and y that are both below 1e-08 in absolute value are treated as 0, and so is
+// a middle with three such coordinates. The result is returned as composed, without the copy rules,
+// and holds a copy of the view's perspective record. The image of the middle, before the
+// perspective division, is the view's translation plus (x, y, 0); for a view without translation it
+// is at (x, y), at depth 0.
+
+/// (x, y) is that of screenPos, whose z is ignored.
 VEXMATH_API mgXform_c mg_ZoomToPosition(mgPoint_c const &screenPos, mgPoint_c const &a,
                                         mgPoint_c const &b, mgXform_c const &view, double scale);
-/// The same with the middle of a and b at p1 plus half the absolute extent of the box p1 p2, halved
-/// towards zero. That is the middle of the box only when p2 is its far corner.
+/// x is p1.x + |p2.x - p1.x| / 2, in integers, the half rounded towards zero; y likewise. That is
+/// the middle of the box p1 p2 only when neither coordinate of p2 is smaller than p1's.
 VEXMATH_API mgXform_c mg_ZoomBoxToBox(CPoint const &p1, CPoint const &p2, mgPoint_c const &a,
                                       mgPoint_c const &b, mgXform_c const &view, double scale);
 

@@ -10,18 +10,17 @@
 
 #include <vexmath_platform/archive.h>
 
-/// The perspective record of a view transform, in screen space: the space that a point reaches by
-/// the view's rotation, scale and translation, and in which the eye looks along +z: what is seen
-/// has a z above the eye's.
+/// The perspective record of a view transform, in screen space: the image of the view's rotation,
+/// scale and translation. The eye looks along +z, so visible points have a z above the eye's.
 ///
 /// Four members: the eye point; the plane distance, at which the near clip plane lies in front of
 /// the eye; the minimum distance of the far clip plane; and the distance of the camera's
-/// field-of-view plane, whose sign classifies the record: negative no camera (the default, -1),
-/// exactly 0 an orthographic camera, positive a perspective camera. Distances are in screen units;
-/// none is checked.
+/// field-of-view plane. The sign of the last classifies the record: negative or NaN is no camera
+/// (the default, -1), exactly 0 an orthographic camera, positive a perspective camera. Distances
+/// are in screen units; none is checked. REQUIRES that no pointer given is null.
 ///
 /// The class has one virtual operation and, on purpose, no virtual destructor: destroy a derived
-/// record as what it is.
+/// record through its own type.
 class VEXMATH_API mgPerspInfo_c {
 public:
     mgPerspInfo_c() = default; ///< eye (0, 0, 0), distances 0, no camera
@@ -37,8 +36,8 @@ public:
     void setMinFarClipPlaneDistance(double d) { minFarClipDistance_ = d; }
     double getCameraFOVPlaneDistance() const { return fovPlaneDistance_; }
     void setCameraFOVPlaneDistance(double d) { fovPlaneDistance_ = d; }
-    /// The distance that the division uses: of the field-of-view plane when it is positive, else
-    /// the plane distance.
+    /// The distance that the division uses: that of the field-of-view plane when it is positive,
+    /// otherwise the plane distance.
     double getIsoPlaneDistance() const {
         return isPerspCamera() ? fovPlaneDistance_ : planeDistance_;
     }
@@ -49,17 +48,21 @@ public:
     /// The point at the plane distance in front of the eye.
     virtual void getFocusPoint(mgPoint_c *focus) const;
 
-    /// Exact equality of all members.
+    /// All members are equal, exactly; NaN equals nothing.
     bool operator==(mgPerspInfo_c const &other) const;
 
-    /// Pulls p towards the eye in x and y by the iso plane distance over its depth; z stays.
-    /// Nothing for an orthographic camera; a record that is no camera divides, by the plane
-    /// distance. A depth below 1e-08 counts as 1e-08 on p's side.
+    /// Moves x and y of p to eye + (p - eye) * k, where k is the iso plane distance over the depth
+    /// p.z - eye.z; z stays. Does nothing for an orthographic camera. A record that is no camera
+    /// divides too, by the plane distance; when that is 0, x and y become the eye's. A depth below
+    /// 1e-08 in absolute value becomes 1e-08, or -1e-08 when p.z < eye.z. A point behind the eye is
+    /// mirrored at the eye.
     void doScreenPointPerspectiveDivision(mgPoint_c &p) const;
-    /// The way back. Does not guard an iso plane distance of 0.
+    /// The inverse, with k the depth over the iso plane distance. An iso plane distance of 0 is not
+    /// detected and makes x and y infinite or NaN. Does nothing for an orthographic camera.
     void doScreenPointInversePerspectiveDivision(mgPoint_c &p) const;
-    /// Puts p on the near clip plane; for a perspective camera x and y move along the line of sight
-    /// as if p had been on the field-of-view plane.
+    /// Sets z of p to the near clip plane's. For a perspective camera x and y become
+    /// eye + (p - eye) * k with k = plane distance / field-of-view plane distance: p moves along
+    /// its line of sight as if it was on the field-of-view plane.
     void moveScreenPointToNearClipPlane(mgPoint_c &p) const;
 
     /// Archive record: the eye, then the three distances, six doubles. A failing read leaves the
@@ -76,7 +79,8 @@ private:
     double fovPlaneDistance_ = -1.0;
 };
 
-/// A perspective record that also knows the view direction in model space.
+/// A perspective record that also knows the view direction in model space. `==` is the base's and
+/// ignores the direction.
 class VEXMATH_API mgModelPerspInfo_c : public mgPerspInfo_c {
 public:
     mgModelPerspInfo_c(); ///< as the base record, looking along z

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// mgXform_c: the similarity transform with an optional perspective, and what it does to points,
-// vectors and directions.
+// mgXform_c: the similarity transform with an optional perspective; the transformation of points,
+// vectors and unit vectors.
 
 #ifndef VEXMATH_XFORM_H
 #define VEXMATH_XFORM_H
@@ -37,34 +37,48 @@ public:
     mgPerspInfo_c *perspective = nullptr;
 };
 
-/// A similarity transform: rotation, uniform scale and translation, with a reflection flag and, for
+/// A similarity transform: a rotation, a translation, a uniform scale, a reflection flag and, for
 /// view transforms, an owned perspective record.
 ///
-/// A point p, a row vector, goes to scale * (p * rotation) + translation and then, when a record is
-/// held, through its perspective division. Row i of the rotation is the image of coordinate axis i.
-/// `a * b` means a first, then b. Lengths are in model units, angles in radians.
+/// A point p, a row vector, becomes scale * (p * rotation) + translation; when the transform holds
+/// a record, the record's perspective division follows. A vector becomes scale * (v * rotation). A
+/// unit vector is only rotated. The scale is applied only when |scale - 1| > 1e-08, so a scale of
+/// NaN is not. Row i of the rotation is the image of coordinate axis i. `a * b` applies a first,
+/// then b. Lengths are in model units, angles in radians.
 ///
-/// Invariants: none is enforced but by `iValidateRepairXForm` and
-/// `iValidateRepairRotationMatrix`. The rotation is normally orthonormal, and composition keeps it
-/// so. The reflection flag is carried along and moves no point or vector: the mirror factories set
-/// it and mirror by their matrix too, and `mg_RestoreXform` leaves it 0 whatever its matrix does.
+/// Only `iValidateRepairXForm` and `iValidateRepairRotationMatrix` check the fields. The rotation
+/// is normally orthonormal, and composition keeps it so. Points and vectors go by its elements: an
+/// exact identity is not multiplied. Unit vectors, composition, copies, `inverse`, `isIdentity`,
+/// `equals` and `save` trust its identity flag (see `mgMatrix_c`). The reflection flag changes no
+/// point and no vector: the mirror factories set it and also mirror by their matrix;
+/// `mg_RestoreXform` leaves it 0 for any matrix.
 ///
-/// **Copies change the value.** A copy, an assignment, the result of `a * b` and of `inverse` take
-/// a scale outside (1.0000000000000002e-13, 6e12), bounds excluded, NaN too, as 1; a translation
-/// whose components are all below 1e-08 as zero; and a rotation flagged as the identity as the
-/// exact one. Factories return what they built, without these rules.
+/// **Copies change the value.** The copy rules are:
+/// - A scale that is not strictly between 1.0000000000000002e-13 and 6e12 becomes 1, NaN too.
+/// - A translation becomes zero when every component is below 1e-08 in absolute value.
+/// - A rotation whose identity flag is set becomes the exact identity.
+/// - The reflection flag and the record are copied as they are.
 ///
-/// No operation reports an error. Only exhausted memory for a record throws, and what the archive
-/// throws passes through `save`, `restore` and the raw form.
+/// They apply to every copy and assignment, `x = x` included; to the left operand and the result of
+/// `a * b`; to the result of `inverse`; to `restoreStringRep`; to the transforms that a
+/// `mgGenXform_c` is given or returns; to the transform that moves a box; to the view given to
+/// `mgPoint_c::xformByPerspInverse` and `xformByPerspInverseVisible`. The factories and the viewing
+/// functions of mg_transform.h say when they follow them. They do not apply to `*=`, the right
+/// operand of `a * b`, `linearComponent`, `createFromGLData`, the helpers, the archive forms and
+/// the repair. `mgXform_c x = f();` does not copy; `x = f();` does.
+///
+/// No operation reports an error. Exhausted memory for a record throws `std::bad_alloc` and leaves
+/// the transform unchanged. What the archive or the string throws is passed on.
 class mgXform_c {
 public:
     mgXform_c() = default; ///< the identity
-    /// The frame with rows (xDir, unit(zDir x xDir), zDir) at the origin given; orthonormalised.
+    /// The frame with rows (xDir, unit(zDir x xDir), zDir), orthonormalised, and the origin as
+    /// translation. xDir is kept; zDir becomes its part perpendicular to xDir. Parallel or null
+    /// directions leave xDir and two zero rows.
     VEXMATH_API mgXform_c(mgUnitVector_c const &zDir, mgUnitVector_c const &xDir,
                           mgVector_c const &origin);
-    mgXform_c(mgXform_c const &source); ///< by the copy rules above
-    /// By the copy rules above, which `x = x` applies in place.
-    mgXform_c const &operator=(mgXform_c const &source);
+    mgXform_c(mgXform_c const &source);                  ///< follows the copy rules
+    mgXform_c const &operator=(mgXform_c const &source); ///< follows the copy rules
     ~mgXform_c();
 
     double scaling() const { return scale_; }
@@ -73,106 +87,153 @@ public:
     int isReflection() const { return reflection_; }
     void setReflection(int flag) { reflection_ = flag; } ///< stored as given
     int hasPerspective() const { return perspective_ != nullptr; }
-    /// 1 when the rotation's identity flag is clear. The flag is trusted, not the elements.
+    /// 1 when the rotation's identity flag is clear, whatever the elements.
     int rotate() const { return !rotation_.isIdentity(); }
-    /// 1 when the identity flag is set, |1 - scale| < 1e-08 and the translation is null. Reflection
-    /// and perspective are not looked at.
+    /// 1 when the identity flag is set, |1 - scale| < 1e-08 and every component of the translation
+    /// is below 1e-08 in absolute value. Reflection and perspective are ignored.
     VEXMATH_API int isIdentity() const;
-    /// Rotation, with its flag, and scale alone, as they are.
+    /// The rotation, with its flag, and the scale, both as they are. The rest is dropped.
     VEXMATH_API mgXform_c linearComponent() const;
 
-    // Columns of the rotation, and rows with an I. Mind the names, older than the row-vector rule:
-    // where the rotation takes the world's x axis is row 0, `getIXAxis`; `getXAxis` is where the
-    // inverse takes it. The numbers are copied and not normalised. REQUIRES axis not null.
+    // Columns of the rotation; with an I, its rows. The image of the world's x axis is row 0,
+    // `getIXAxis`; `getXAxis` is its image under the inverse. The numbers are copied and not
+    // normalised. REQUIRES axis not null.
     void getXAxis(mgUnitVector_c *axis) const { rotation_.getXAxis(axis); }
     void getYAxis(mgUnitVector_c *axis) const { rotation_.getYAxis(axis); }
     void getZAxis(mgUnitVector_c *axis) const { rotation_.getZAxis(axis); }
     void getIXAxis(mgUnitVector_c *axis) const { rotation_.getIXAxis(axis); }
     void getIYAxis(mgUnitVector_c *axis) const { rotation_.getIYAxis(axis); }
     void getIZAxis(mgUnitVector_c *axis) const { rotation_.getIZAxis(axis); }
-    /// Which row of the rotation is nearest to dir or its opposite, as 1, 2 or 3, the earlier one
-    /// on a tie; opposite becomes 1 when it points the other way.
+    /// 1, 2 or 3 for the row of the rotation whose dot product with dir is largest in absolute
+    /// value, the earlier row on a tie. opposite becomes 1 when that product is below 0, else 0. A
+    /// dir that is null or has a NaN component gives 1 and opposite 0.
     VEXMATH_API int getNearestAxis(mgUnitVector_c const &dir, int &opposite) const;
 
-    /// This transform first, then b. b may be this transform: the result is its square. It holds a
-    /// copy of b's perspective record when b has one, else keeps its own: of two views the later
-    /// one counts. It is flagged as a reflection, by 1, when exactly one of the two is. A product
-    /// of scales out of range stays here, until it is copied.
+    /// Becomes this transform first, then b. b may be this transform: the result is its square.
+    ///
+    /// The rotations are multiplied as matrices, the product is orthonormalised and its flag
+    /// computed; when both identity flags are set, the rotation stays, elements and all. A
+    /// translation of this transform whose components are all below 1e-08 in absolute value is
+    /// treated as zero. The scales are multiplied, without a range check. When b has a perspective
+    /// record, a copy of it replaces this one's; otherwise this one's stays. The reflection flag
+    /// becomes 1 when exactly one of the two is not 0, else 0.
     VEXMATH_API mgXform_c const &operator*=(mgXform_c const &b);
-    /// The way back, without reflection and perspective; the scale's inverse follows the copy
-    /// rules.
+    /// The inverse. The rotation's inverse is its transpose, orthonormalised. A scale within 1e-08
+    /// of 1, bound included, or NaN is treated as 1; a translation with all components below 1e-08
+    /// in absolute value as zero. Reflection and perspective are dropped. The result follows the
+    /// copy rules: where 1 / scale is out of range it has scale 1, and a translation that was
+    /// computed with 1 / scale.
     VEXMATH_API mgXform_c inverse() const;
 
-    /// 1 when scale, rotation and translation agree within 1e-08, bound included, and the records
-    /// in eye point and field-of-view plane exactly. The reflection flag is not compared.
+    /// 1 when no scale, rotation element or translation component differs by more than 1e-08 and
+    /// the records are equal as by `iIsPerspectiveEqual`. NaN differs from nothing here. The
+    /// elements are not compared when both identity flags are set, the reflection flags never.
     VEXMATH_API int equals(mgXform_c const &other) const;
-    /// 1 when both turn the z axis into the same or opposite directions, within 1e-08 of cosine,
-    /// bound included. REQUIRES other not null.
+    /// 1 when the images of the z axis, as unit vectors, are the same or opposite:
+    /// ||cosine| - 1| <= 1e-08. 0 when one of them is null. REQUIRES other not null.
     VEXMATH_API int sameOrParallel(mgXform_c const *other) const;
 
     /// Snaps a nearly axis-aligned rotation; see `mgMatrix_c::iValidateRepairOrthonormality`.
     VEXMATH_API int iValidateRepairRotationMatrix();
-    /// Sets a translation x or y beyond +-1e8 to 0 and a scale outside [1.0000000000000002e-13,
-    /// 6e12], bounds kept, or NaN, to 1. Returns 1 when something was repaired.
+    /// Sets a translation x or y that is above 1e8 in absolute value to 0, and a scale outside
+    /// [1.0000000000000002e-13, 6e12] or NaN to 1. Returns 1 when something was repaired, else 0.
+    /// Translation z is not looked at, a NaN in x or y is kept, and so is a scale on a bound, which
+    /// a copy would replace.
     VEXMATH_API int iValidateRepairXForm();
 
-    /// Copies the record's four base fields to *out and returns 1; without a record 0, *out as is.
+    /// Copies the record's four fields to *out and returns 1; without a record returns 0 and leaves
+    /// *out unchanged. REQUIRES out not null.
     VEXMATH_API int getPerspectiveInfo(mgPerspInfo_c *out) const;
-    /// Holds a copy of the record's four base fields from now on, in place of any record held.
+    /// From now on holds a copy of info's four base fields, as a plain `mgPerspInfo_c`; it replaces
+    /// a record held before.
     VEXMATH_API void addPerspectiveInfo(mgPerspInfo_c const &info);
-    VEXMATH_API void deletePerspectiveInfo();
-    /// Takes over a copy of the source's record, or drops this one's when the source has none.
+    VEXMATH_API void deletePerspectiveInfo(); ///< does nothing without a record
+    /// Holds a copy of the source's record, or none when the source has none.
     VEXMATH_API void iCopyPerspectiveInfo(mgXform_c const &source);
-    /// 1 when neither has a record or both agree exactly in eye point and field-of-view plane.
+    /// 1 when neither has a record, or when the records' eye points and field-of-view plane
+    /// distances are exactly equal. The plane distance and the far clip distance are not compared.
     VEXMATH_API int iIsPerspectiveEqual(mgXform_c const &other) const;
 
-    /// Takes the four plain fields as they are; a record held is dropped.
+    /// Takes over the four plain fields as they are. helper.perspective is ignored; a record held
+    /// is freed.
     VEXMATH_API void SetHelper(mgXform_64BitHelper_c const &helper);
-    /// The four plain fields; the record never crosses.
+    /// The four plain fields as they are; the pointer is null, also when a record is held.
     VEXMATH_API mgXform_64BitHelper_c GetHelper() const;
     VEXMATH_API void GetHelper(mgXform_64BitHelper_c &helper) const;
 
-    // Other representations. None of them keeps the reflection flag or a perspective.
+    // Other representations. None of them holds the reflection flag or the perspective record. The
+    // angles are read from the rotation's elements alone.
 
-    /// The rotation as a turn about z by a1, then about y by a2, then about x by a3, in radians.
-    /// Returns 1, or 0 with the angles as they were. The older decomposition, kept for those who
-    /// stored its results: it settles for two decimals of two elements, refuses some plain turns,
-    /// backward ones about z among them, and may give an a2 beyond a quarter turn.
+    /// The older decomposition: a rotation about z by a1, then about y by a2, then about x by a3,
+    /// in radians. Returns 1, or 0 with the angles unwritten.
+    ///
+    /// Reads elements (0, 0), (1, 0), (2, 0), (2, 1) and (2, 2). The result is confirmed by (1, 0)
+    /// and (2, 2) alone, each rounded down to two decimals, so 0 and -1e-17 differ. Sines and
+    /// cosines that are above 1 - 1e-10 in absolute value are treated as 1 or -1, NaN as 1. NaN in
+    /// (1, 0), (2, 0) or (2, 2) is refused, and so is a (2, 0) beyond [-1, 1]. a2 may lie beyond a
+    /// quarter turn.
+    ///
+    /// A rotation by t in [-pi, pi] about one axis gives:
+    /// - x, |t| <= pi/2: (0, 0, t)
+    /// - x, beyond: (pi, pi, t - pi) for t > 0, (pi, pi, t + pi) for t < 0
+    /// - y: (0, t, 0); within 1e-03 of a quarter turn it may be refused or have a wrong a1, and an
+    ///   exact quarter turn is refused
+    /// - z: (t, 0, 0) for t >= 0, except an exact half turn, which is refused; t < 0 is refused
+    /// - z, |t| < 1.41e-05: t > 0 is refused, t < 0 gives (0, 0, 0)
+    ///
+    /// Where an element is a whole hundredth, rounding may refuse any of these, or give other
+    /// angles of the same rotation.
     VEXMATH_API int getThreeAngles(double &a1, double &a2, double &a3) const;
-    /// The same, confirmed by rebuilding: a1 and a3 in [-1e-11, 2 pi - 1e-11), a2 in [-pi/2, pi/2].
-    /// Returns 1, or 0 with the angles of the last trial. Confirmed are r00, r10, r21 and r22,
-    /// within 1e-06: all there is for a rotation with a2 off the quarter turn. At the quarter turn
-    /// all four vanish, and the angles may be another rotation's; those of a mirror are so too.
+    /// The newer decomposition, of the same meaning: a1 and a3 in [-1e-11, 2 pi - 1e-11), a2 in
+    /// [-pi/2, pi/2]. Returns 1, or 0 with the angles of the last trial.
+    ///
+    /// The angles are confirmed by rebuilding elements (0, 0), (1, 0), (2, 1) and (2, 2) within
+    /// 1e-06, bound included. Elements (1, 0) and (2, 1) that are both at most 5e-07 in absolute
+    /// value are confirmed with the opposite signs of a1 and a3: for small rotations about z and x,
+    /// and where a2 is within 5e-07 of a quarter turn. At the quarter turn the four elements
+    /// vanish, so the angles may be another rotation's; those of a mirror always are.
+    ///
+    /// a1 is taken from elements (0, 0) and (1, 0), a2 from (2, 0), clamped to [-1, 1], a3 from
+    /// (2, 1) and (2, 2); no other element is read. NaN in one of the five gives 0, and NaN in the
+    /// angle taken from it.
     VEXMATH_API int getThreeAnglesNew(double &a1, double &a2, double &a3) const;
 
-    /// The sixteen numbers of a 4x4 matrix for column vectors, column by column: the rows of the
-    /// rotation, scaled, each followed by 0, then the translation and 1.
-    /// REQUIRES sixteen writable numbers.
+    /// The sixteen numbers of a 4x4 matrix for column vectors, column by column: each row of the
+    /// rotation, times the scale, followed by 0; then the translation and 1. A scale within 1e-08
+    /// of 1 is applied too. REQUIRES sixteen writable numbers.
     VEXMATH_API void getGLData(double *gl) const;
     VEXMATH_API void getGLData(float *gl) const; ///< rounded to float, infinite beyond its range
-    /// The transform of such numbers. Its rows are normalised, so the scale is lost: it becomes 1.
-    /// The rotation is orthonormalised; where row 0 or 1 has no direction, that row and row 2
-    /// become zero. The fourth number of each column is ignored. REQUIRES sixteen readable numbers.
+    /// The transform of such numbers. REQUIRES sixteen readable numbers.
+    ///
+    /// Each row is normalised as by the constructors of `mgUnitVector_c`, so the scale is lost and
+    /// becomes 1. One pass then orthonormalises the rotation (see `mgMatrix_c::normalize`). Rows 0
+    /// and 1 at an angle w other than a right one leave rows 1 and 2 with length sin w, so parallel
+    /// ones leave zero rows. A row 0 or 1 that is null or NaN becomes zero, and row 2 with it; a
+    /// null row 2 is rebuilt right-handed. The translation is taken as it is. The fourth number of
+    /// each column is ignored. The reflection flag is 0, also for a mirror.
     VEXMATH_API static mgXform_c createFromGLData(double const *gl);
 
-    /// Text form: the sixteen numbers of `getGLData` with 16 digits, separated by spaces. Written
-    /// and read by the process's numeric locale, both: a text written with a decimal comma is
-    /// refused where a decimal point is set, unless all its numbers are whole, and the other way
-    /// round. Store texts written under the "C" locale.
+    /// Text form: the sixteen numbers of `getGLData` with 16 digits, separated by spaces; NaN and
+    /// infinity as the C library writes them. Written and read by the process's numeric locale: a
+    /// text written with a decimal comma is refused where a decimal point is set, unless all its
+    /// numbers are whole, and the other way round. Store texts written under the "C" locale.
     VEXMATH_API void saveStringRep(CString &s) const;
-    /// Reads sixteen numbers back as `createFromGLData` does and returns 1; what follows them is
-    /// ignored. 0 and no change otherwise. Scale becomes 1; reflection and perspective go.
+    /// Reads sixteen numbers, assigns the transform that `createFromGLData` makes of them, by the
+    /// copy rules, and returns 1. Text behind them is ignored. With fewer numbers it returns 0 and
+    /// changes nothing. The scale becomes 1, the reflection flag 0; a record is freed.
     VEXMATH_API int restoreStringRep(CString const &s);
 
-    /// Archive record: a byte that is 1 when the transform rotates, then its nine matrix doubles in
-    /// that case, translation, scale, a reserved byte 0. Repairs this transform first, as
+    /// Archive record: a byte that is 1 when the identity flag is clear, then in that case the nine
+    /// matrix doubles, translation, scale, a reserved byte 0. Repairs this transform first, as
     /// `iValidateRepairXForm` does. Reflection and perspective are not stored.
     VEXMATH_API void save(su_CArchive &ar);
-    /// Reads a record, orthonormalising the rotation. A record without rotation leaves the rotation
-    /// as it was: restore into a fresh transform. Scale as stored; reflection and perspective stay.
-    /// A failing read leaves the transform as it was.
+    /// Reads a record. The rotation is orthonormalised; when every element is below 1e-08 in
+    /// absolute value it becomes the identity. A record without rotation leaves the rotation as it
+    /// was: restore into a fresh transform. Translation and scale are taken as they are. Reflection
+    /// and perspective stay. A failing read leaves the transform as it was.
     VEXMATH_API void restore(su_CArchive &ar);
-    /// The same with the rotation's elements as stored.
+    /// The same with the rotation's elements as stored. The identity flag is set when every element
+    /// differs from the identity's by less than 1e-08.
     VEXMATH_API void restoreAsIs(su_CArchive &ar);
     // The same for callers that hold a CArchive, which must be a su_CArchive.
     VEXMATH_API void save(CArchive &ar);
@@ -191,7 +252,7 @@ private:
     mgXform_c(mgMatrix_c const &rotation, mgVector_c const &translation, double scale,
               int reflection, mgPerspInfo_c *perspective = nullptr);
 
-    // Product and inverse are made in their place, by rows or in SIMD registers.
+    // Product and inverse are constructed directly in the result, by rows or in SIMD registers.
     mgXform_c(mgXform_c const &a, mgXform_c const &b);
     mgXform_c(vexmath::detail::Rows const &inverse, mgXform_c const &of);
     static mgXform_c productByRows(mgXform_c const &a, mgXform_c const &b);
@@ -201,14 +262,15 @@ private:
     double inverseScale() const;
     static mgXform_c fromWideForm(vexmath::detail::WideForm const &form, double scale,
                                   int reflection);
-    void setTurnAndMove(vexmath::detail::WideForm const &form);
-    /// Rotation and translation of the product with b; false, with nothing changed, when that may
-    /// be the identity.
+    void setRotationAndTranslation(vexmath::detail::WideForm const &form);
+    /// Sets rotation and translation to those of the product with b. Returns false and changes
+    /// nothing when the rotation may be the identity.
     bool multiplyBySimd(mgXform_c const &b);
 
     void copyByRules(mgXform_c const &source); ///< all but the record
     void followCopyRules();                    ///< as a copy of this transform would
-    /// x and y of a point after the perspective division, which leaves z. REQUIRES a record.
+    /// x and y of a point after the perspective division, which does not change z. REQUIRES a
+    /// record.
     VEXMATH_API VEXMATH_PURE mg2DPoint_c dividePerspective(double x, double y,
                                                            double z) const noexcept;
     void restoreRecord(su_CArchive &ar, void (mgMatrix_c::*restoreRotation)(su_CArchive &));
@@ -220,21 +282,23 @@ private:
     mgPerspInfo_c *perspective_ = nullptr; // owned, always a plain mgPerspInfo_c
 };
 
-/// a first, then b; the result follows the copy rules. It holds b's perspective record when b has
-/// one, else a's, and is a reflection when exactly one of the two is.
+/// a first, then b: a copy of a, `*= b`, and a copy of the result. The left operand and the result
+/// follow the copy rules.
 VEXMATH_API mgXform_c operator*(mgXform_c const &a, mgXform_c const &b);
 
-/// Moved by rotation, scale, translation and, when the transform holds a record, its perspective.
+/// Moved by rotation, scale, translation and, when the transform holds a record, by its perspective
+/// division. Translation components that are 0 are not added.
 mgPoint_c operator*(mgPoint_c const &p, mgXform_c const &x);
-/// Turned and scaled; an exactly zero vector stays as it is.
+/// Rotated and scaled. A vector of exactly zero stays as it is.
 mgVector_c operator*(mgVector_c const &v, mgXform_c const &x);
-/// Turned and normalised again; unchanged when the transform is flagged as not rotating.
+/// Rotated and normalised. Unchanged when the identity flag is set, whatever its length. (0, 0, 0)
+/// when the image is shorter than about 3.2e-09 or NaN.
 mgUnitVector_c operator*(mgUnitVector_c const &u, mgXform_c const &x);
 
 /// Raw archive form of thirty 32-bit words: the fields as they lie in memory, low words first, with
-/// the identity flag in word 18, the reflection flag in word 28, and 0 in words 19 and 29. Not the
-/// record of `save`: the two do not mix on one stream. Both directions drop x's perspective record.
-/// A failing read leaves x as it was.
+/// the identity flag in word 18, the reflection flag in word 28, and 0 in words 19 and 29. It
+/// differs from the record of `save`: neither reads the other. The fields are stored and read as
+/// they are. Both directions free x's perspective record. A failing read leaves x as it was.
 VEXMATH_API su_CArchive &operator<<(su_CArchive &ar, mgXform_c &x);
 VEXMATH_API su_CArchive &operator>>(su_CArchive &ar, mgXform_c &x);
 
@@ -242,19 +306,19 @@ VEXMATH_API su_CArchive &operator>>(su_CArchive &ar, mgXform_c &x);
 
 namespace vexmath::detail {
 
-/// Open range of scales that survive a copy.
+/// Scales strictly between these survive a copy.
 inline constexpr double kSmallestScale = 1.0000000000000002e-13;
 inline constexpr double kLargestScale = 6e12;
 
-/// The scale, or 1 when it lies on or beyond a bound, or is NaN.
+/// The scale, or 1 when it is on a bound, beyond it, or NaN.
 inline double scaleInRange(double s) { return s > kSmallestScale && s < kLargestScale ? s : 1.0; }
 
 /// Does a scale differ from 1 by strictly more than 1e-08?
 inline bool scales(double s) { return std::fabs(s - 1.0) > 1e-08; }
 
 /// The linear half of the point and vector rules. The elements decide whether to multiply, not the
-/// identity flag: callers edit elements and leave the flag stale.
-inline mgVector_c turnedAndScaled(double x, double y, double z, mgXform_c const &form) {
+/// identity flag, which is stale after a caller has edited elements.
+inline mgVector_c rotatedAndScaled(double x, double y, double z, mgXform_c const &form) {
     Elements const elements = form.rotation(); // before the test, so that a loop reads them once
     mgVector_c v =
         isExactIdentity(form.rotation()) ? mgVector_c(x, y, z) : rowTimes(x, y, z, elements);
@@ -262,8 +326,9 @@ inline mgVector_c turnedAndScaled(double x, double y, double z, mgXform_c const 
     return v;
 }
 
-/// A coordinate moved by a translation component. Subtracting its opposite leaves every coordinate
-/// as it is when the component is 0 of either sign, where adding 0.0 would turn -0.0 into 0.0.
+/// A coordinate moved by a translation component. Subtracting the component's opposite leaves every
+/// coordinate unchanged when the component is 0 of either sign; adding 0.0 would change -0.0 to
+/// 0.0.
 inline double moved(double coordinate, double by) { return coordinate - (0.0 - by); }
 
 inline mgXform_c makeXform(mgMatrix_c const &rotation, mgVector_c const &translation, double scale,
@@ -294,9 +359,10 @@ inline mgXform_c::~mgXform_c() {
     if (perspective_ != nullptr) deletePerspectiveInfo();
 }
 
-// QUIRK: copying changes the value, where a reader would expect an equal one: a tiny translation is
-// flushed and a scale out of range replaced. It keeps rounding out of chains of placements, which
-// callers then compare with the identity. (test: CopiesFlushATinyTranslationAndAFlaggedRotation)
+// QUIRK: xform.h, mgXform_c::mgXform_c, mgXform_c::operator=, operator*: a copy takes a tiny
+// translation as zero, a scale out of range as 1 and a flagged rotation as the identity. Expected:
+// an equal value. Kept: callers and stored data depend on it.
+// (test: CopiesFlushATinyTranslationAndAFlaggedRotation)
 inline void mgXform_c::copyByRules(mgXform_c const &source) {
     scale_ = vexmath::detail::scaleInRange(source.scale_);
     reflection_ = source.reflection_;
@@ -312,7 +378,7 @@ inline void mgXform_c::followCopyRules() {
 
 inline mgPoint_c &mgPoint_c::operator*=(mgXform_c const &x) {
     using vexmath::detail::moved;
-    mgVector_c const v = vexmath::detail::turnedAndScaled(c_[0], c_[1], c_[2], x);
+    mgVector_c const v = vexmath::detail::rotatedAndScaled(c_[0], c_[1], c_[2], x);
     mgVector_c const &t = x.translation();
     double px = moved(v.x(), t.x()), py = moved(v.y(), t.y());
     double const pz = moved(v.z(), t.z());
@@ -332,14 +398,14 @@ inline mgPoint_c operator*(mgPoint_c const &p, mgXform_c const &x) {
 }
 
 inline mgVector_c &mgVector_c::operator*=(mgXform_c const &x) {
-    if (!null()) *this = vexmath::detail::turnedAndScaled(c_[0], c_[1], c_[2], x);
+    if (!null()) *this = vexmath::detail::rotatedAndScaled(c_[0], c_[1], c_[2], x);
     return *this;
 }
 
 inline mgVector_c operator*(mgVector_c const &v, mgXform_c const &x) {
-    mgVector_c turned = v;
-    turned *= x;
-    return turned;
+    mgVector_c image = v;
+    image *= x;
+    return image;
 }
 
 inline mgUnitVector_c &mgUnitVector_c::operator*=(mgXform_c const &x) {
@@ -348,9 +414,9 @@ inline mgUnitVector_c &mgUnitVector_c::operator*=(mgXform_c const &x) {
 }
 
 inline mgUnitVector_c operator*(mgUnitVector_c const &u, mgXform_c const &x) {
-    mgUnitVector_c turned = u;
-    turned *= x;
-    return turned;
+    mgUnitVector_c image = u;
+    image *= x;
+    return image;
 }
 
 #endif

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Points moved by the array, with the questions about the transform asked once.
+// Transformation of arrays of points: what depends on the transform alone is decided once.
 
 #include <vexmath/bulk.h>
 #include <vexmath/xform.h>
@@ -11,17 +11,17 @@ namespace {
 using vexmath::detail::moved;
 using vexmath::detail::scales;
 
-/// What is true for all points, as a constant of the loop.
-template <bool kTurns, bool kScales>
+/// The loop, with the decisions about the transform as constants.
+template <bool kRotates, bool kScales>
 void placeOneByOne(mgPoint_c *points, int count, mgXform_c const &x) {
-    // Copies: in x they might change with every point that is written. A scale of 1 leaves every
-    // product as it is.
-    vexmath::detail::Elements const turn = x.rotation();
+    // Copies, because a write to a point might change x for all the compiler knows. A scale of 1
+    // changes no product.
+    vexmath::detail::Elements const rotation = x.rotation();
     double const scale = scales(x.scaling()) ? x.scaling() : 1.0;
     mgVector_c const by = x.translation();
     for (int i = 0; i < count; ++i) {
         mgVector_c v = points[i];
-        if (kTurns) v = vexmath::detail::rowTimes(v.x(), v.y(), v.z(), turn);
+        if (kRotates) v = vexmath::detail::rowTimes(v.x(), v.y(), v.z(), rotation);
         if (kScales) v *= scale;
         points[i].set(moved(v.x(), by.x()), moved(v.y(), by.y()), moved(v.z(), by.z()));
     }
@@ -33,7 +33,8 @@ using vexmath::detail::FourPoints;
 using vexmath::detail::loadFour;
 using vexmath::detail::storeFour;
 
-/// What makes one coordinate: a column of the rotation, the scale, a translation component.
+/// The operands of one coordinate: a column of the rotation, the scale, minus a translation
+/// component.
 struct Column {
     __m256d x, y, z, scale, back;
 };
@@ -53,7 +54,8 @@ VEXMATH_AVX2 inline __m256d placed(FourPoints const &p, Column const &to) {
     return _mm256_sub_pd(sum, to.back);
 }
 
-/// Turned, scaled if kScales, and moved: all points but up to three at the end. Returns how many.
+/// Rotates, scales if kScales, and translates all points but up to three at the end. Returns how
+/// many.
 template <bool kScales>
 VEXMATH_AVX2 int placeByFour(mgPoint_c *points, int count, mgXform_c const &form) {
     Column const x = columnOf(form, 0), y = columnOf(form, 1), z = columnOf(form, 2);
@@ -68,7 +70,7 @@ VEXMATH_AVX2 int placeByFour(mgPoint_c *points, int count, mgXform_c const &form
 
 #endif
 
-/// The points that are placed four by four. Returns how many.
+/// Places points in groups of four if the processor can. Returns how many.
 int placeByFour([[maybe_unused]] mgPoint_c *points, [[maybe_unused]] int count,
                 [[maybe_unused]] mgXform_c const &x) {
 #if defined(VEXMATH_AVX2)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Rotation angles about the coordinate axes: the older and the newer decomposition of a rotation.
 //
-// Both look for the turn about z by g, then about y by b, then about x by a, whose matrix has
+// Both look for the rotation about z by g, then about y by b, then about x by a. Its matrix has
 //     r00 =  cos g cos b
 //     r10 = -sin g cos b
 //     r20 =  sin b        r21 = -sin a cos b        r22 = cos a cos b
@@ -14,35 +14,38 @@
 
 namespace {
 
-/// The argument for asin or acos: a size that is 1 within 1e-10, beyond 1 or NaN counts as 1.
+/// The argument for asin or acos: an absolute value that is within 1e-10 of 1, or beyond 1, becomes
+/// 1; NaN becomes 1.
 double sineOrCosine(double q) {
-    /// Distance from 1 strictly below which a size counts as 1.
+    /// Distance from 1 below which an absolute value becomes 1; strict.
     constexpr double kNearOne = 1e-10;
     double const size = std::fabs(q);
     double const clipped = std::fabs(1.0 - size) >= kNearOne && size < 1.0 ? size : 1.0;
     return q < 0.0 ? -clipped : clipped;
 }
 
-/// Do two elements agree when both are cut down to hundredths? Not for NaN.
+/// Do two elements agree when both are rounded down to hundredths? False for NaN.
 bool hundredthsAgree(double a, double b) {
     /// How far apart two whole numbers may be; strict.
     constexpr double kSameNumber = 1e-08;
-    // QUIRK: cut down and not compared within a hundredth, so that 0 and -1e-17 differ and a
-    // rotation is refused for a rounding error, while 0.001 and 0.009 agree. Drawings branch on
-    // which placements have angles. (test: TheOlderAnglesMatchWholeHundredths)
+    // QUIRK: xform.h, mgXform_c::getThreeAngles: elements are compared after rounding down to
+    // hundredths, so 0 and -1e-17 differ, and 0.001 and 0.009 agree. Expected: a comparison within
+    // a tolerance. Kept: callers and stored data depend on it. (test:
+    // TheOlderAnglesMatchWholeHundredths)
     return std::fabs(std::floor(100.0 * a) - std::floor(100.0 * b)) < kSameNumber;
 }
 
-/// The angle of the same sine in the other half plane.
+/// The other angle with the same sine.
 double supplement(double a) {
-    // QUIRK: 0 stays 0, where a reader would expect half a turn. Rotations that need it are
-    // refused, as drawings are used to. (test: TheOlderAnglesKeepAnAngleOfZero)
+    // QUIRK: xform.h, mgXform_c::getThreeAngles: an angle of 0 has no supplement, so rotations that
+    // need it, such as those about z by a negative angle, are refused. Expected: half a turn.
+    // Kept: callers and stored data depend on it. (test: TheOlderAnglesKeepAnAngleOfZero)
     if (a > 0.0) return vexmath::kPi - a;
     if (a < 0.0) return -vexmath::kPi - a;
     return a;
 }
 
-/// A full turn backwards at most.
+/// At least minus a full turn.
 double floored(double angle) { return angle <= -vexmath::kTwoPi ? -vexmath::kTwoPi : angle; }
 
 } // namespace
@@ -51,7 +54,7 @@ int mgXform_c::getThreeAngles(double &a1, double &a2, double &a3) const {
     double const bFirst = std::asin(rotation_(2, 0));
     double const bOther = (bFirst >= 0.0 ? vexmath::kPi : -vexmath::kPi) - bFirst;
 
-    // At most four rounds: each way on out of a round is taken once.
+    // At most four rounds: each of the three changes is made once.
     double a = 0.0, b = bFirst, g = 0.0;
     bool seekA = true, seekG = true;
     for (;;) {
@@ -82,21 +85,21 @@ int mgXform_c::getThreeAngles(double &a1, double &a2, double &a3) const {
 
 namespace {
 
-/// An angle of atan2 as a part of a full turn; a rounding error below zero stays.
+/// An angle of atan2 in a full turn from 0. A rounding error below 0 stays.
 double withinTurn(double angle) {
-    /// How far below zero an angle may stay, in radians; bound included.
+    /// How far below 0 an angle stays, in radians; bound included.
     constexpr double kBelowZero = 1e-11;
     return angle < -kBelowZero ? angle + vexmath::kTwoPi : angle;
 }
 
-mgXform_c turnedAboutAxes(double g, double b, double a) {
+mgXform_c rotatedAboutAxes(double g, double b, double a) {
     mgPoint_c const origin;
     return (mg_RotateAtPoint(origin, g, mgUnitVector_c::zAxis(), 0.0)
             * mg_RotateAtPoint(origin, b, mgUnitVector_c::yAxis(), 0.0))
            * mg_RotateAtPoint(origin, a, mgUnitVector_c::xAxis(), 0.0);
 }
 
-/// Do two rotations agree in the elements that the turns about z and x were taken from? Not for
+/// Do two rotations agree in the elements that the angles about z and x are taken from? False for
 /// NaN.
 bool sameAngles(mgMatrix_c const &p, mgMatrix_c const &q) {
     /// How far an element may differ; bound included.
@@ -110,6 +113,11 @@ bool sameAngles(mgMatrix_c const &p, mgMatrix_c const &q) {
 } // namespace
 
 int mgXform_c::getThreeAnglesNew(double &a1, double &a2, double &a3) const {
+    // QUIRK: xform.h, mgXform_c::getThreeAnglesNew: elements (1, 0) and (2, 1) are minus the sines,
+    // and the first trial takes them as they are, so angles with sines below the tolerance are
+    // returned with the opposite sign. Expected: the angles themselves. Kept: callers and stored
+    // data depend on it. (test: TheNewerAnglesOfSmallRotationsHaveTheOppositeSign)
+
     /// The quadrants to look in, as signs of sine and cosine for z and for x.
     struct Signs {
         double r10, r00, r21, r22;
@@ -129,7 +137,7 @@ int mgXform_c::getThreeAnglesNew(double &a1, double &a2, double &a3) const {
         a1 = g;
         a2 = b;
         a3 = a;
-        if (isAngle && sameAngles(turnedAboutAxes(g, b, a).rotation(), rotation_)) return 1;
+        if (isAngle && sameAngles(rotatedAboutAxes(g, b, a).rotation(), rotation_)) return 1;
     }
     return 0;
 }

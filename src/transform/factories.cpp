@@ -78,9 +78,9 @@ mgXform_c mg_CoordinateXform(mgPoint_c const &origin, mgUnitVector_c const &u,
     return frame(origin, u, unit(y), unit(w));
 }
 
-// QUIRK: the three functions below do not agree on which axis keepFlag 1 keeps; a reader would
-// expect the first in all. Feature code was written against each one's own sense.
-// (test: NamedAxesAreKeptByEachFunctionsOwnRule)
+// QUIRK: mg_transform.h, mg_CoordinateXformXY, mg_CoordinateXformXZ, mg_CoordinateXformYZ: keepFlag
+// 1 keeps the second axis of XY and YZ and the first of XZ. Expected: the same one in all. Kept:
+// callers and stored data depend on it. (test: NamedAxesAreKeptByEachFunctionsOwnRule)
 
 mgXform_c mg_CoordinateXformXY(mgPoint_c const &origin, mgUnitVector_c const &a,
                                mgUnitVector_c const &b, int keepFlag) {
@@ -104,7 +104,7 @@ mgXform_c mg_CoordinateXformYZ(mgPoint_c const &origin, mgUnitVector_c const &a,
 }
 
 mgXform_c mg_CoordinateXformLookAt(mgPoint_c const &eye, mgUnitVector_c const &dir) {
-    /// By how much another component must exceed the ones before to take over; strict.
+    /// By how much a component must exceed the dominant one before it to replace it; strict.
     constexpr double kDominates = 1e-08;
     double const dx = mgUnitVector_c::xAxis() % dir;
     double const dy = mgUnitVector_c::yAxis() % dir;
@@ -112,7 +112,7 @@ mgXform_c mg_CoordinateXformLookAt(mgPoint_c const &eye, mgUnitVector_c const &d
     mgUnitVector_c const &x = mgUnitVector_c::xAxis();
     mgUnitVector_c const &z = mgUnitVector_c::zAxis();
 
-    mgUnitVector_c hint = dx > 0.0 ? z : -z; // comes to lie along the frame's X
+    mgUnitVector_c hint = dx > 0.0 ? z : -z; // its perpendicular part becomes the frame's X
     double dominant = std::fabs(dx);
     if (std::fabs(dy) > dominant + kDominates) {
         hint = x;
@@ -128,8 +128,8 @@ mgXform_c mg_CoordinateXformLookAt(mgPoint_c const &eye, mgUnitVector_c const &d
 
 namespace {
 
-/// The axis about which opposite directions are turned: perpendicular to (x, y, z), in the
-/// coordinate plane across its smallest component.
+/// The axis about which opposite directions are rotated: perpendicular to (x, y, z), and to the
+/// coordinate axis of its smallest component.
 mgUnitVector_c halfTurnAxis(double x, double y, double z) {
     double const ax = std::fabs(x);
     double const ay = std::fabs(y);
@@ -154,8 +154,9 @@ mgXform_c mg_PointVectorXform(mgPoint_c const &p1, mgPoint_c const &p2, mgUnitVe
         return out * mg_RotateXform(std::atan2(sine, cosine), unit(across), 0.0) * in;
     }
     if (cosine > 0.0) return out * in;
-    // QUIRK: the axis is built from absolute values, so that it is perpendicular to u1 only when
-    // the signs suit. Placements in stored assemblies were made with it.
+    // QUIRK: mg_transform.h, mg_PointVectorXform: for opposite directions the axis is built from
+    // absolute values, so it is perpendicular to u1 only for some signs. Expected: a perpendicular
+    // axis, as in mg_PointVecScaleXform. Kept: callers and stored data depend on it.
     // (test: OppositeDirectionsTurnAboutAbsoluteComponents)
     mgUnitVector_c const axis =
         useZAxis != 0 ? mgUnitVector_c::zAxis()
@@ -165,10 +166,10 @@ mgXform_c mg_PointVectorXform(mgPoint_c const &p1, mgPoint_c const &p2, mgUnitVe
 
 mgXform_c mg_PointVecScaleXform(mgPoint_c const &p1, mgPoint_c const &p2, mgVector_c const &d1,
                                 mgVector_c const &d2, double s) {
-    /// Sine from which the directions have a common perpendicular; bound included. Finer than in
-    /// `mg_PointVectorXform`, on purpose: scaled copies must not lose a small turn.
+    /// Sine from which the directions have a common perpendicular; bound included. On purpose
+    /// smaller than in `mg_PointVectorXform`.
     constexpr double kSmallestSine = 1e-11;
-    /// Brings a null perpendicular to a length that the rotation factory accepts.
+    /// Makes a null perpendicular long enough for the rotation factory.
     constexpr double kLengthen = 10000.0;
     mgXform_c const scaledOut = toOrigin(p1) * mg_ScaleXform(s);
     mgXform_c const in = fromOrigin(p2);
@@ -182,6 +183,10 @@ mgXform_c mg_PointVecScaleXform(mgPoint_c const &p1, mgPoint_c const &p2, mgVect
         return scaledOut * mg_RotateXform(std::atan2(sine, cosine), across, 0.0) * in;
     }
     if (cosine > 0.0) return scaledOut * in;
+    // QUIRK: mg_transform.h, mg_PointVectorXform, mg_PointVecScaleXform: a null second direction
+    // has cosine 0 and is treated as the opposite of the first. Expected: no rotation, as for a
+    // null first direction. Kept: callers and stored data depend on it. (test:
+    // ANullSecondDirectionGivesHalfATurn)
     mgUnitVector_c const axis = halfTurnAxis(u1.x(), u1.y(), u1.z());
     return scaledOut * mg_RotateXform(vexmath::kPi, axis, 0.0) * in;
 }
@@ -193,9 +198,9 @@ mgXform_c mg_PointAngleXform(mgPoint_c const &p1, mgPoint_c const &p2, double an
 
 mgXform_c mg_PlaneToPlane(mgPoint_c const &p1, mgVector_c const &norm1, mgPoint_c const &p2,
                           mgVector_c const &norm2) {
-    // QUIRK: opposite normals have no cross product to turn about, so that the plane is not turned
-    // over, as a reader would expect. Mates of facing planes rely on it.
-    // (test: PlaneToPlaneOnlyTranslatesOppositeNormals)
+    // QUIRK: mg_transform.h, mg_PlaneToPlane: opposite normals have no cross product as an axis, so
+    // the plane is only translated. Expected: half a turn. Kept: callers and stored data depend on
+    // it. (test: PlaneToPlaneOnlyTranslatesOppositeNormals)
     double const angle = mg_getAngleFromVectors(norm1, norm2, 1e-11, 1);
     return mg_PointAngleXform(p1, p2, angle, norm1 * norm2);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Forms in which transforms are handed to others: graphics arrays and text.
+// Other forms of transforms: graphics arrays and text.
 
 #include <vexmath/mg_transform.h>
 #include <vexmath/xform.h>
@@ -23,9 +23,10 @@ void mgXform_c::getGLData(float *gl) const {
 
 mgXform_c mgXform_c::createFromGLData(double const *gl) {
     auto const row = [gl](int i) { return mgUnitVector_c(mgVector_c(gl + 4 * i), 0); };
-    // QUIRK: the scale is not taken from the lengths of the rows, where a reader would expect the
-    // way back. Placements exchanged through graphics arrays are rigid, and stored texts are read
-    // so. (test: TheScaleOfAnArrayIsNotReadBack)
+    // QUIRK: xform.h, mgXform_c::createFromGLData, mgXform_c::restoreStringRep: the scale is not
+    // taken from the lengths of the rows and becomes 1. Expected: the inverse of getGLData and
+    // saveStringRep. Kept: callers and stored data depend on it.
+    // (test: TheScaleOfAnArrayIsNotReadBack)
     return mg_RestoreXform(mgMatrix_c(row(0), row(1), row(2)), mgVector_c(gl + 12), 1.0);
 }
 

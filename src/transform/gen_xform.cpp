@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Placements with a scale for each axis of a body.
+// General transforms: placements with a scale for each axis of a body.
 
 #include <vexmath/gen_xform.h>
 
@@ -19,7 +19,7 @@ bool allInRange(double const *factors) {
     });
 }
 
-/// Row i of a 4x4 matrix, column by column, times a factor.
+/// Multiplies row i of a 4x4 matrix, stored column by column, by a factor.
 void scaleRow(double *gl, int i, double factor, int columns) {
     for (int j = 0; j < columns; ++j) gl[4 * j + i] *= factor;
 }
@@ -73,9 +73,9 @@ mgPoint_c mgGenXform_c::operator*(mgPoint_c const &p) const {
         q.set(q.x() * scale_[0], q.y() * scale_[1], q.z() * scale_[2]);
         if (hasBody) q *= body_;
     }
-    // QUIRK: a placing transform that is the identity but for its perspective record is skipped,
-    // where a reader would expect the division. Parts in model space are handed views without a
-    // placement and must stay. (test: PerspectiveAloneDoesNotPlace)
+    // QUIRK: gen_xform.h, mgGenXform_c::operator*: a placing transform that isIdentity is skipped
+    // together with its perspective record. Expected: the perspective division. Kept: callers and
+    // stored data depend on it. (test: PerspectiveAloneDoesNotPlace)
     if (!placing.isIdentity()) q *= placing;
     return q;
 }
@@ -87,9 +87,10 @@ void mgGenXform_c::getGenGLData(double *gl) const {
         return;
     }
     if (body_.isIdentity()) {
-        // QUIRK: the factors scale the rows of the placed matrix, in world axes, where a reader
-        // would expect the map of `g * p`, which scales before placing. Views of bodies without a
-        // frame of their own are drawn so. (test: WithoutABodyFrameTheArrayScalesInWorldAxes)
+        // QUIRK: gen_xform.h, mgGenXform_c::getGenGLData: without a body frame the factors act
+        // along the world axes, after the placing rotation. Expected: the map of
+        // mgGenXform_c::operator*, which scales before placing. Kept: callers and stored data
+        // depend on it. (test: WithoutABodyFrameTheArrayScalesInWorldAxes)
         placing.getGLData(gl);
         for (int i = 0; i < 3; ++i) scaleRow(gl, i, scale_[i], 3);
         return;

@@ -23,7 +23,7 @@ void mgPerspInfo_c::scaleFromEye(mgPoint_c &p, double k) const {
 }
 
 void mgPerspInfo_c::doScreenPointPerspectiveDivision(mgPoint_c &p) const {
-    /// Depth in front of or behind the eye that replaces a smaller one; strict.
+    /// Absolute depth from the eye that replaces a smaller one; strict.
     constexpr double kSmallestDepth = 1e-08;
     if (isOrthoCamera()) return;
     double depth = p.z() - eye_.z();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Between screen and model space: inverse mappings, view rays, zoom.
+// Screen to model space: inverse mappings, view rays, zooms.
 
 #include <vexmath/mg_transform.h>
 #include <vexmath/mg_vector.h>
@@ -42,8 +42,7 @@ void mg_getModelSpaceViewRay(mgXform_c const &view, mgPoint_c const &p, int pIsS
                              mgXform_c *inverseOut) {
     mgPerspInfo_c info;
     bool const hasRecord = view.getPerspectiveInfo(&info) != 0;
-    // Without a record the caller's view is inverted as it is: a copy would flush a tiny
-    // translation and reset a scale out of range.
+    // Without a record the view is inverted without the copy rules.
     mgXform_c const inverse = hasRecord ? withoutPerspective(view).inverse() : view.inverse();
 
     mgPoint_c point = p;
@@ -76,14 +75,15 @@ mgXform_c zoomTo(double x, double y, mgPoint_c const &a, mgPoint_c const &b, mgX
     zoomed *= mg_ScaleXform(scale);
     zoomed *= view;
     zoomed *= translation(x, y, 0.0);
-    return vexmath::detail::takeXform(zoomed); // a copy would change a scale or move out of range
+    return vexmath::detail::takeXform(zoomed); // no copy rules
 }
 
-/// A pixel coordinate of the target. In 64 bits: the difference of two pixels may exceed an int.
+/// A pixel coordinate of the target. 64 bits, because the difference of two pixels may exceed an
+/// int.
 double targetPixel(std::int64_t p1, std::int64_t p2) {
-    // QUIRK: the absolute extent is laid off from p1 even when p2 lies on the other side, where a
-    // reader would expect the middle of the box. Callers drag their rubber band from the top left
-    // and flip it themselves otherwise. (test: ABoxDraggedBackwardsIsCentredBeyondItsStart)
+    // QUIRK: mg_transform.h, mg_ZoomBoxToBox: half the absolute extent is added to p1, also when p2
+    // is smaller. Expected: the middle of the box. Kept: callers and stored data depend on it.
+    // (test: ABoxDraggedBackwardsIsCentredBeyondItsStart)
     std::int64_t const extent = p2 < p1 ? p1 - p2 : p2 - p1;
     std::int64_t const target = extent / 2 + p1;
     return static_cast<double>(target);

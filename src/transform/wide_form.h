@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Products and inverses of transforms in the registers of AVX2, to the bit those of the plain
-// steps, for those who ask `hasVectorUnits` first.
+// Products and inverses of transforms in AVX2 registers, with the bits of the plain steps. REQUIRES
+// that `hasVectorUnits` is true.
 
 #ifndef VEXMATH_SRC_TRANSFORM_WIDE_FORM_H
 #define VEXMATH_SRC_TRANSFORM_WIDE_FORM_H
@@ -13,10 +13,10 @@
 
 namespace vexmath::detail {
 
-/// A transform on its way through registers.
+/// Rotation and translation of a transform, in registers.
 struct WideForm {
-    /// Rotation and translation of a first, then b. REQUIRES both rotating, and a b that is not
-    /// exactly the identity by its elements, which would turn nothing.
+    /// a first, then b. REQUIRES that both rotate and that b's elements are not exactly the
+    /// identity, which is not multiplied.
     VEXMATH_AVX2_STEP static WideForm ofProduct(mgXform_c const &a, mgXform_c const &b) {
         WideRows const right = loadRows(b.rotation());
         double const *const left = &a.rotation()[0];
@@ -29,8 +29,7 @@ struct WideForm {
         return {orthonormalised(rows, transposed(rows)), t};
     }
 
-    /// Rotation and translation of the way back, by the scale of the way back. REQUIRES an x that
-    /// rotates.
+    /// The inverse, given the scale of the inverse. REQUIRES that x rotates.
     VEXMATH_AVX2_STEP static WideForm ofInverse(mgXform_c const &x, double scale) {
         WideRows const columns = loadRows(x.rotation());
         WideRows const rows = orthonormalised(transposed(columns), columns);
@@ -39,7 +38,7 @@ struct WideForm {
         return {rows, back * all(scale)};
     }
 
-    /// Might the rotation have to be flagged as the identity? Two elements rule that out.
+    /// May the identity flag have to be set? False, from two elements, means no.
     VEXMATH_AVX2_STEP bool mayBeIdentity() const {
         return std::fabs(lane0(rows.r0) - 1.0) < kElementTolerance
                && std::fabs(lane1(rows.r1) - 1.0) < kElementTolerance;

@@ -57,15 +57,15 @@ int mgXform_c::getNearestAxis(mgUnitVector_c const &dir, int &opposite) const {
 
 namespace {
 
-/// A translation that another transform moves on. By rule one that counts as none is not turned.
-VEXMATH_ALWAYS_INLINE mgVector_c movedOn(mgVector_c const &t, mgXform_c const &b) {
+/// The translation of a product: t transformed by b, unless t is null, plus b's translation.
+VEXMATH_ALWAYS_INLINE mgVector_c composedTranslation(mgVector_c const &t, mgXform_c const &b) {
     if (!t.isNotNull()) return b.translation();
-    return vexmath::detail::turnedAndScaled(t.x(), t.y(), t.z(), b) + b.translation();
+    return vexmath::detail::rotatedAndScaled(t.x(), t.y(), t.z(), b) + b.translation();
 }
 
 int exactlyOne(int a, int b) { return (a != 0) != (b != 0); }
 
-/// Is this product one that the vector units make by the rule's own operations?
+/// Can the vector units compute this product by the operations of the plain steps?
 bool simdMultiplies(mgXform_c const &a, mgXform_c const &b) {
     return vexmath::detail::hasVectorUnits() && a.rotate() && b.rotate()
            && !vexmath::detail::isExactIdentity(b.rotation());
@@ -80,7 +80,7 @@ mgXform_c const &mgXform_c::operator*=(mgXform_c const &b) {
     double const scale = b.scale_ * scale_;
     int const reflection = exactlyOne(reflection_, b.reflection_);
     if (!simdMultiplies(*this, b) || !multiplyBySimd(b)) {
-        mgVector_c const translation = movedOn(translation_, b);
+        mgVector_c const translation = composedTranslation(translation_, b);
         if (rotate() || b.rotate())
             rotation_ = mgMatrix_c(Rows::ofProduct(rotation_, b.rotation_).orthonormalised(false));
         translation_ = translation;
@@ -90,10 +90,10 @@ mgXform_c const &mgXform_c::operator*=(mgXform_c const &b) {
     return *this;
 }
 
-/// a first, as a copy has it, then b, both without their records. REQUIRES an a that rotates: of
-/// one flagged as the identity a copy has other elements.
+/// A copy of a first, then b, both without their records. REQUIRES that a rotates: otherwise its
+/// copy may have other elements.
 VEXMATH_ALWAYS_INLINE mgXform_c::mgXform_c(mgXform_c const &a, mgXform_c const &b)
-    : rotation_(a.rotation_ * b.rotation_), translation_(movedOn(a.translation_, b)),
+    : rotation_(a.rotation_ * b.rotation_), translation_(composedTranslation(a.translation_, b)),
       scale_(b.scale_ * vexmath::detail::scaleInRange(a.scale_)),
       reflection_(exactlyOne(a.reflection_, b.reflection_)) {}
 
@@ -105,11 +105,11 @@ VEXMATH_NEVER_INLINE mgXform_c mgXform_c::productByRows(mgXform_c const &a, mgXf
 
 namespace {
 
-/// The product in steps, for what is rare.
+/// The product in the steps of its definition, for rare operands.
 VEXMATH_NEVER_INLINE mgXform_c productOfCopy(mgXform_c const &a, mgXform_c const &b) {
     mgXform_c product(a);
     product *= b;
-    return mgXform_c(product); // the copy rules apply to the result; no elision may skip them
+    return mgXform_c(product); // a copy, which must not be elided: the copy rules apply
 }
 
 } // namespace
@@ -120,8 +120,8 @@ mgXform_c operator*(mgXform_c const &a, mgXform_c const &b) {
     return simdMultiplies(a, b) ? mgXform_c::productBySimd(a, b) : mgXform_c::productByRows(a, b);
 }
 
-/// The inverse but for the copy rules. The translation is turned by the rows, not by the rotation
-/// just written, which the processor would have to wait for.
+/// The inverse before the copy rules. Uses the rows that are still in registers: reading rotation_
+/// would wait for the stores.
 VEXMATH_ALWAYS_INLINE mgXform_c::mgXform_c(Rows const &inverse, mgXform_c const &of)
     : rotation_(inverse), scale_(of.inverseScale()) {
     if (!of.translation_.isNotNull()) return;
@@ -138,6 +138,9 @@ VEXMATH_NEVER_INLINE mgXform_c mgXform_c::inverseByRows() const {
     return back;
 }
 
+// QUIRK: xform.h, mgXform_c::inverse: the reflection flag is dropped. Expected: the inverse of a
+// mirror is flagged as a mirror. Kept: callers and stored data depend on it.
+// (test: InverseDropsMirrorAndPerspective)
 mgXform_c mgXform_c::inverse() const {
     return rotate() && vexmath::detail::hasVectorUnits() ? inverseBySimd() : inverseByRows();
 }
@@ -146,21 +149,21 @@ double mgXform_c::inverseScale() const { return scales(scale_) ? 1.0 / scale_ : 
 
 #if defined(VEXMATH_AVX2)
 
-VEXMATH_AVX2_STEP void mgXform_c::setTurnAndMove(vexmath::detail::WideForm const &form) {
-    _mm256_storeu_pd(rotation_.m_, form.rows.r0); // the fourth lane is overwritten by the next row
+VEXMATH_AVX2_STEP void mgXform_c::setRotationAndTranslation(vexmath::detail::WideForm const &form) {
+    _mm256_storeu_pd(rotation_.m_, form.rows.r0); // the next row overwrites the fourth lane
     _mm256_storeu_pd(rotation_.m_ + 3, form.rows.r1);
     vexmath::detail::store(form.rows.r2, rotation_.m_ + 6);
     rotation_.identity_ = 0;
     vexmath::detail::store(form.translation, &translation_[0]);
 }
 
-/// Without a record, by the copy rules.
+/// By the copy rules, without a record.
 VEXMATH_AVX2_STEP mgXform_c mgXform_c::fromWideForm(vexmath::detail::WideForm const &form,
                                                     double scale, int reflection) {
     using namespace vexmath::detail;
     bool const isMoved = !areBelow(absolute(form.translation), all(vexmath::kLengthTolerance));
     mgXform_c x;
-    x.setTurnAndMove({form.rows, isMoved ? form.translation : all(0.0)});
+    x.setRotationAndTranslation({form.rows, isMoved ? form.translation : all(0.0)});
     x.scale_ = scaleInRange(scale);
     x.reflection_ = reflection;
     return x;
@@ -169,7 +172,7 @@ VEXMATH_AVX2_STEP mgXform_c mgXform_c::fromWideForm(vexmath::detail::WideForm co
 VEXMATH_AVX2 bool mgXform_c::multiplyBySimd(mgXform_c const &b) {
     auto const form = vexmath::detail::WideForm::ofProduct(*this, b);
     if (form.mayBeIdentity()) return false;
-    setTurnAndMove(form);
+    setRotationAndTranslation(form);
     return true;
 }
 
@@ -205,8 +208,9 @@ int mgXform_c::equals(mgXform_c const &other) const {
     for (int i = 0; i < 3; ++i) {
         if (differs(translation_.component(i), other.translation_.component(i))) return 0;
     }
-    // QUIRK: reflection does not count, so that a body and its mirror image in place share one
-    // placement record. (test: TransformsThatDifferInReflectionOrWithinBoundsAreEqual)
+    // QUIRK: xform.h, mgXform_c::equals: the reflection flag is not compared. Expected: transforms
+    // that differ in it are not equal. Kept: callers and stored data depend on it.
+    // (test: TransformsThatDifferInReflectionOrWithinBoundsAreEqual)
     return iIsPerspectiveEqual(other);
 }
 
@@ -223,11 +227,12 @@ int mgXform_c::iValidateRepairRotationMatrix() { return rotation_.iValidateRepai
 int mgXform_c::iValidateRepairXForm() {
     using vexmath::detail::kLargestScale;
     using vexmath::detail::kSmallestScale;
-    /// Translations strictly beyond this, in model units, are taken for garbage.
+    /// Translations beyond this, in model units, are reset; strict.
     constexpr double kFarthest = 1e8;
     int repaired = 0;
-    // QUIRK: z is not looked at, though a reader would expect all three. Drawings keep sheets apart
-    // by huge depths. (test: RepairLeavesTranslationInDepth)
+    // QUIRK: xform.h, mgXform_c::iValidateRepairXForm, mgXform_c::save: translation z is not
+    // repaired. Expected: all three components. Kept: callers and stored data depend on it.
+    // (test: RepairLeavesTranslationInDepth)
     if (std::fabs(translation_.x()) > kFarthest) {
         translation_.set_x(0.0);
         repaired = 1;
@@ -236,9 +241,10 @@ int mgXform_c::iValidateRepairXForm() {
         translation_.set_y(0.0);
         repaired = 1;
     }
-    // QUIRK: a scale exactly on a bound is kept here and replaced by every copy; documents written
-    // at the bounds rely on being saved as they are. (test: ScaleOnABoundIsRepairedOnlyByACopy)
-    if (!(scale_ >= kSmallestScale && scale_ <= kLargestScale)) { // NaN is out of range too
+    // QUIRK: xform.h, mgXform_c::iValidateRepairXForm, mgXform_c::save: a scale exactly on a bound
+    // is kept here. Expected: 1, as in a copy. Kept: callers and stored data depend on it.
+    // (test: ScaleOnABoundIsRepairedOnlyByACopy)
+    if (!(scale_ >= kSmallestScale && scale_ <= kLargestScale)) { // also NaN
         scale_ = 1.0;
         repaired = 1;
     }
@@ -260,8 +266,8 @@ void mgXform_c::addPerspectiveInfo(mgPerspInfo_c const &info) {
 }
 
 void mgXform_c::deletePerspectiveInfo() {
-    // The record is always a plain one of its static type, and has nothing to destroy; a delete
-    // expression would be taken for a mistake, as the class has no virtual destructor.
+    // The record is always of its static type and has nothing to destroy. A delete expression would
+    // cause a warning, because the class has no virtual destructor.
     static_assert(std::is_trivially_destructible_v<mgPerspInfo_c>);
     ::operator delete(perspective_);
     perspective_ = nullptr;
@@ -278,8 +284,10 @@ void mgXform_c::iCopyPerspectiveInfo(mgXform_c const &source) {
 int mgXform_c::iIsPerspectiveEqual(mgXform_c const &other) const {
     if (!hasPerspective() && !other.hasPerspective()) return 1;
     if (!hasPerspective() || !other.hasPerspective()) return 0;
-    // QUIRK: the plane distances are not compared: views that differ in their clip planes alone
-    // count as the same view. (test: PerspectivesThatDifferInClipPlanesAreEqual)
+    // QUIRK: xform.h, mgXform_c::equals, mgXform_c::iIsPerspectiveEqual: the plane distance and the
+    // far clip distance are not compared. Expected: records that differ in them are not equal.
+    // Kept: callers and stored data depend on it. (test:
+    // PerspectivesThatDifferInClipPlanesAreEqual)
     mgPoint_c eye;
     mgPoint_c otherEye;
     perspective_->getEyePoint(&eye);
