@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Points transformed by the array, against the loop over the single operation; vector units against
+// Arrays of points, compared with the loop over the single operation; vector units, compared with
 // the plain steps.
 
 #include <vexmath/bbox.h>
@@ -11,7 +11,7 @@
 
 namespace {
 
-/// A transform of every kind that the bulk operation tells apart; some numbers break things.
+/// A transform of any kind that the bulk operation distinguishes; some numbers are hostile.
 mgXform_c anyTransform(support::Random &random) {
     auto const number = [&] { return random.below(6) == 0 ? random.hostile() : 2.5; };
     mgXform_64BitHelper_c fields = support::placement(random).GetHelper();
@@ -20,7 +20,7 @@ mgXform_c anyTransform(support::Random &random) {
         fields.rotation = mg_RotationMatrix(1e-09, mgUnitVector_c::zAxis(), 0.0);
         fields.rotation.iValidateRepairOrthonormality();
     }
-    if (random.below(3) == 0) fields.rotation[random.below(9)] = number(); // the flag grows stale
+    if (random.below(3) == 0) fields.rotation[random.below(9)] = number(); // a stale flag
     if (random.below(2) == 0) fields.scale = random.below(2) == 0 ? 1.0 + 5e-9 : number();
     if (random.below(2) == 0) fields.translation = mgVector_c(number(), -0.0, 0.0);
     if (random.below(4) == 0) fields.rotation = fields.rotation.transpose();
@@ -82,7 +82,7 @@ TEST(Bulk, EmptyListsMayBeNull) {
     mg_TransformPoints(nullptr, -5, mg_RotateXform(1.0, mgVector_c(0.0, 0.0, 1.0), 0.0));
 }
 
-TEST(Bulk, TheSwitchAnswersWithWhatStoodBefore) {
+TEST(Bulk, TheSwitchReturnsItsPreviousValue) {
     mg_SetUseVectorUnits(2);
     EXPECT_EQ(1, mg_SetUseVectorUnits(0));
     EXPECT_EQ(0, mg_GetUseVectorUnits());

@@ -30,7 +30,7 @@ void CheckAngles(Decomposition angles, mgXform_c const &x, int result, mgVector_
     EXPECT_BITS_EQ(expected, mgVector_c(a1, a2, a3));
 }
 
-TEST(Euler, AnglesAreThoseOfTheTurns) {
+TEST(Euler, AnglesAreThoseOfTheRotations) {
     Random random;
     for (int i = 0; i < 2000; ++i) {
         double const g = random.uniform(0.0, 6.0), b = random.uniform(0.0, 1.5),
@@ -43,7 +43,7 @@ TEST(Euler, AnglesAreThoseOfTheTurns) {
     }
 }
 
-TEST(Euler, NewerAnglesBearRoundingErrorsAndAreConfirmedByFourElements) {
+TEST(Euler, NewerAnglesAllowRoundingErrorsAndAreConfirmedByFourElements) {
     double const beyond = below(-1e-11);
     CheckAngles(newer, slightlyAboutZ(-1e-11), 1, {-1e-11, 0.0, 0.0});
     CheckAngles(newer, slightlyAboutZ(beyond), 1, {beyond + vexmath::kTwoPi, 0.0, 0.0});
@@ -51,12 +51,42 @@ TEST(Euler, NewerAnglesBearRoundingErrorsAndAreConfirmedByFourElements) {
     mgXform_c const quarter = ofElements({0.0, 0.0, -sine, 0.0, 1.0, 0.0, sine, 0.0, 0.0});
     CheckAngles(newer, quarter, 1, {0.0, std::asin(1.0), 0.0});
 
-    // At the quarter turn about y the four vanish, and the turn about x that is left is not found.
+    // At the quarter turn about y the four vanish, so the rotation about x is not found.
     CheckAngles(newer, ofElements({0.0, 0.6, -0.8, 0.0, 0.8, 0.6, 1.0, 0.0, 0.0}), 1,
                 {0.0, std::asin(1.0), 0.0});
-    // Refused: the angles of the last trial, opposite both ways.
+    // Refused, with the angles of the last trial.
     double const half = vexmath::kTwoPi - std::acos(-1.0);
     CheckAngles(newer, ofElements({0.5, 0, 0, 0, 0.5, 0, 0, 0, 0.5}), 0, {half, 0.0, half});
+}
+
+TEST(Euler, TheNewerAnglesOfSmallRotationsHaveTheOppositeSign) {
+    // Element (1, 0) is minus the sine, so the first trial rebuilds it with the other sign.
+    double const accepted = 4.99e-07, refused = 5.01e-07;
+    double const wrong = vexmath::kTwoPi - std::atan2(accepted, 1.0);
+    CheckAngles(newer, slightlyAboutZ(-accepted), 1, {wrong, 0.0, 0.0});
+    CheckAngles(newer, slightlyAboutZ(-refused), 1, {std::atan2(refused, 1.0), 0.0, -0.0});
+    double const last = vexmath::kTwoPi - std::acos(-1.0);
+    CheckAngles(newer, ofElements({1, 0, 0, 0, 1, 0, kNaN, 0, 1}), 0, {last, kNaN, last});
+    CheckAngles(newer, ofElements({1, kNaN, kNaN, 0, 1, kNaN, 0, 0, 1}), 1, {0.0, 0.0, 0.0});
+}
+
+TEST(Euler, ARotationAboutOneAxisHasOlderAnglesOfItsOwn) {
+    auto const check = [](mgVector_c const &axis, double t, mgVector_c const &expected) {
+        double a1, a2, a3;
+        ASSERT_EQ(1, mg_RotateXform(t, axis, 0.0).getThreeAngles(a1, a2, a3)) << t;
+        EXPECT_LT(gap(expected, mgVector_c(a1, a2, a3)), 1e-12) << t;
+    };
+    auto const refused = [](mgVector_c const &axis, double t) {
+        CheckAngles(older, mg_RotateXform(t, axis, 1e-9), 0, unwritten);
+    };
+    double const half = vexmath::kPi, quarter = vexmath::kHalfPi;
+    mgVector_c const x(1.0, 0.0, 0.0), y(0.0, 1.0, 0.0), z(0.0, 0.0, 1.0);
+    check(x, 1.2, {0.0, 0.0, 1.2}), check(x, -1.2, {0.0, 0.0, -1.2});
+    check(x, 1.7, {half, half, 1.7 - half}), check(x, -1.7, {half, half, half - 1.7});
+    check(y, 2.5, {0.0, 2.5, 0.0}), check(y, -2.5, {0.0, -2.5, 0.0});
+    check(z, 2.5, {2.5, 0.0, 0.0}), check(z, -1.4e-5, {}); // cosines of 1 - 1e-10 are taken as 1
+    refused(y, quarter), refused(y, -quarter);
+    refused(z, half), refused(z, -2.5), refused(z, 1.4e-5);
 }
 
 TEST(Euler, TheOlderAnglesMatchWholeHundredths) {
@@ -64,10 +94,12 @@ TEST(Euler, TheOlderAnglesMatchWholeHundredths) {
     CheckAngles(older, slightlyAboutZ(0.0099), 1, {0.0, 0.0, 0.0});
     CheckAngles(older, slightlyAboutZ(0.01), 0, unwritten);
     CheckAngles(older, slightlyAboutZ(-1e-17), 0, unwritten); // a rounding error below zero
+    CheckAngles(older, ofElements({kNaN, 0, 0, 0, 1, 0, 0, 0, 1}), 1, {0.0, 0.0, 0.0}); // as 1
+    CheckAngles(older, ofElements({1, 0, 0, 0, 1, 0, 0, 0, kNaN}), 0, unwritten);
 }
 
 TEST(Euler, TheOlderAnglesKeepAnAngleOfZero) {
-    // Half turns about y and x would do for a backward turn about z; the latter is never tried.
+    // Half turns about y and x would give a negative angle about z; the one about x is never tried.
     CheckAngles(older, turned(-0.3, 0.0, 0.0), 0, unwritten);
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Factories of transforms: their thresholds, the frames, and where points and directions are sent.
+// Factories of transforms: thresholds, frames, images of points and directions.
 
 #include "support/geometry.h"
 
@@ -53,6 +53,17 @@ TEST(Factories, NamedAxesAreKeptByEachFunctionsOwnRule) {
     check(mg_CoordinateXformYZ(eye, a, b, 0), 1, a, 2, b);
 }
 
+TEST(Factories, ParallelDirectionsLeaveAKeptXOrYAndZeroRows) {
+    V const none;
+    checkRows(mg_CoordinateXform(eye, x, x), x, none, none, V(eye));
+    checkRows(mg_CoordinateXformXY(eye, x, -x, 1), none, -x, none, V(eye));
+    checkRows(mg_CoordinateXformXZ(eye, x, x, 1), x, none, none, V(eye));
+    checkRows(mg_CoordinateXformXZ(eye, x, x, 0), none, none, none, V(eye)); // Z would be kept
+    checkRows(mg_CoordinateXformYZ(eye, U(), x, 1), none, none, none, V(eye));
+    checkRows(mg_CoordinateXformLookAt(eye, U()), none, none, none, V(eye));
+    checkRows(mgXform_c(x, x, V(eye)), x, none, none, V(eye));
+}
+
 TEST(Factories, LookingAlongADirectionHasAFixedUp) {
     auto const check = [](U const &dir, V const &up) {
         V const across = mg_Normalise(-dir * up);
@@ -83,7 +94,11 @@ TEST(Factories, PointsAndDirectionsAreCarriedOver) {
 }
 
 TEST(Factories, PlaneToPlaneOnlyTranslatesOppositeNormals) {
-    EXPECT_BITS_EQ(raw({}, origin - eye), mg_PlaneToPlane(eye, z, origin, -z)); // not turned over
+    mgXform_c const moved = raw({}, origin - eye);
+    EXPECT_BITS_EQ(moved, mg_PlaneToPlane(eye, z, origin, -z)); // not half a turn
+    EXPECT_BITS_EQ(moved,
+                   mg_PlaneToPlane(eye, 9.9e-5 * z, origin, 9.9e-5 * x)); // product too short
+    EXPECT_EQ(1, mg_PlaneToPlane(eye, 1.1e-4 * z, origin, 1.1e-4 * x).rotate());
 }
 
 TEST(Factories, SmallTurnsAreKeptFromTheirOwnThreshold) {
@@ -94,14 +109,24 @@ TEST(Factories, SmallTurnsAreKeptFromTheirOwnThreshold) {
         EXPECT_EQ(turnsScaled, mg_PointVecScaleXform(origin, origin, x, u, 1.0).rotate()) << sine;
     };
     check(1e-08, 1, 1);
-    check(below(1e-08), 0, 1); // an axis made long enough for the factory
+    check(below(1e-08), 0, 1); // with an axis made longer
     check(below(1e-11), 0, 0);
 }
 
+mgXform_c half(V const &axis) {
+    return mgXform_c() * mg_RotateXform(3.1415926535898, mg_Normalise(axis), 0.0) * mgXform_c();
+}
+
+TEST(Factories, ANullSecondDirectionGivesHalfATurn) {
+    EXPECT_BITS_EQ(half(-y), mg_PointVectorXform(origin, origin, x, U(), 0));
+    EXPECT_BITS_EQ(half(z), mg_PointVectorXform(origin, origin, x, U(), 1));
+    EXPECT_BITS_EQ(half(-y), mg_PointVecScaleXform(origin, origin, x, V(3e-9, 0.0, 0.0), 1.0));
+    EXPECT_BITS_EQ(mgXform_c(), mg_PointVectorXform(origin, origin, U(), x, 0));
+    EXPECT_BITS_EQ(half(z), mg_PointVectorXform(origin, origin, U(), x, 1));
+    EXPECT_BITS_EQ(mgXform_c(), mg_PointVecScaleXform(origin, origin, V(), x, 1.0));
+}
+
 TEST(Factories, OppositeDirectionsTurnAboutAbsoluteComponents) {
-    auto const half = [](V const &axis) {
-        return mgXform_c() * mg_RotateXform(3.1415926535898, mg_Normalise(axis), 0.0) * mgXform_c();
-    };
     auto const check = [&](U const &u, V const &absolute, V const &perpendicular) {
         EXPECT_BITS_EQ(half(absolute), mg_PointVectorXform(origin, origin, u, -u, 0));
         EXPECT_BITS_EQ(half(z), mg_PointVectorXform(origin, origin, u, -u, 1));

@@ -32,7 +32,7 @@ TEST(Forms, TheScaleOfAnArrayIsNotReadBack) {
         EXPECT_BITS_EQ(expected, wide[k]) << k;
         EXPECT_EQ(static_cast<float>(expected), narrow[k]) << k;
     }
-    wide[3] = wide[7] = wide[11] = wide[15] = kNaN; // of no account
+    wide[3] = wide[7] = wide[11] = wide[15] = kNaN; // ignored
     mgXform_c const made = mgXform_c::createFromGLData(wide);
     mgXform_c read = mg_ScaleXform(mg_XReflectionXform(), 4.0);
     read.addPerspectiveInfo(mgPerspInfo_c());

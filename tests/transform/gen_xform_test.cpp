@@ -16,7 +16,7 @@ using V = mgVector_c;
 /// x y z -> -y x z, to the bit.
 mgXform_c const quarter = mg_RotateXform(vexmath::kHalfPi, {0.0, 0.0, 1.0}, 1e-9);
 
-// A vector is no point, and without a placement of its own.
+// A point is mapped, a vector is refused.
 template <class T, class = void>
 constexpr bool kMoves = false;
 template <class T>
@@ -66,7 +66,7 @@ TEST(GenXform, IsItsPlacingTransform) {
     EXPECT_BITS_EQ(V(-2.0, 1.0, 3.0), g.translation());
     EXPECT_BITS_EQ(V(2.0, 3.0, 4.0), factors(copy));
     EXPECT_EQ(1, copy.getBodyXform().rotate());
-    g = copy, g = quarter; // the rest is reset
+    g = copy, g = quarter; // body frame and factors are reset
     EXPECT_EQ(1, g.isScaleIdentity());
 }
 
@@ -89,7 +89,7 @@ TEST(GenXform, WithoutABodyFrameTheArrayScalesInWorldAxes) {
     EXPECT_BITS_EQ(P(8.0, 23.0, 35.0), mappedByArray(g, {1.0, 1.0, 1.0}));
 }
 
-TEST(GenXform, WithFactorsOfOneTheBodyFramePlaysNoPart) {
+TEST(GenXform, WithFactorsOfOneTheBodyFrameIsIgnored) {
     mgXform_c const body = mg_TranslateXform({1.0, 0.0, 0.0});
     double const last = 1.0 + 1e-8; // rounded down: 9.99999993922529e-09 above 1
     mgGenXform_c const g = scaled(quarter, &body, {1.0, last, 1.0});
@@ -97,6 +97,15 @@ TEST(GenXform, WithFactorsOfOneTheBodyFramePlaysNoPart) {
     EXPECT_BITS_EQ(P(-2.0, 3.0, 1.0), g * P(3.0, 2.0, 1.0));
     EXPECT_BITS_EQ(P(-2.0, 3.0, 1.0), mappedByArray(g, {3.0, 2.0, 1.0}));
     EXPECT_EQ(0, scaled(quarter, &body, {1.0, 1.0, above(last)}).isScaleIdentity());
+}
+
+TEST(GenXform, TheBodyFramesRecordActsWhenThePointLeavesTheFrame) {
+    mgXform_c body = mg_TranslateXform({1.0, 0.0, 0.0});
+    body.addPerspectiveInfo(mgPerspInfo_c(0.0, 0.0, -10.0, 5.0));
+    mgGenXform_c const g = scaled({}, &body, {2.0, 1.0, 1.0});
+    double const k = 5.0 / 15.0;
+    EXPECT_BITS_EQ(P(5.0 * k, 4.0 * k, 5.0), g * P(3.0, 4.0, 5.0));
+    EXPECT_BITS_EQ(P(5.0, 4.0, 5.0), mappedByArray(g, P(3.0, 4.0, 5.0)));
 }
 
 TEST(GenXform, PerspectiveAloneDoesNotPlace) {

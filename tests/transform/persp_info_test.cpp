@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Perspective records: their kinds, the division of screen points and the way back.
+// Perspective records: their kinds, the division of screen points and its inverse.
 
 #include <vexmath/persp_info.h>
 
@@ -30,7 +30,7 @@ void checkMove(mgPerspInfo_c const &info, void (mgPerspInfo_c::*move)(P &) const
     EXPECT_BITS_EQ(expected, p) << info.getCameraFOVPlaneDistance() << " at depth " << z;
 }
 
-TEST(PerspInfo, TheFieldOfViewPlaneTellsTheKind) {
+TEST(PerspInfo, TheFieldOfViewPlaneDistanceGivesTheKind) {
     auto const check = [](double fov, bool ortho, bool perspective, double iso) {
         mgPerspInfo_c const info = record(fov);
         EXPECT_EQ(ortho || perspective, info.isCamera()) << fov;
@@ -43,18 +43,19 @@ TEST(PerspInfo, TheFieldOfViewPlaneTellsTheKind) {
     check(-5e-324, false, false, 4.0);
     check(0.0, true, false, 4.0);
     check(2.0, false, true, 2.0);
+    check(kNaN, false, false, 4.0);
 }
 
-TEST(PerspInfo, DivisionPullsTowardsTheEyeAndHasAWayBack) {
+TEST(PerspInfo, DivisionMovesTowardsTheEyeAndHasAnInverse) {
     double const k = 2.0 / 1e-08; // at the eye's depth
     auto const divide = &mgPerspInfo_c::doScreenPointPerspectiveDivision;
     checkMove(record(2.0), divide, 3.0, {1.0 + 2.0 * k, 2.0 + 4.0 * k, 3.0});
     checkMove(record(2.0), divide, below(3.0), {1.0 - 2.0 * k, 2.0 - 4.0 * k, below(3.0)});
     checkMove(record(-1.0), divide, 5.0, {5.0, 10.0, 5.0}); // no camera: by the plane distance
     checkMove(record(0.0), divide, 5.0, {3.0, 6.0, 5.0});   // orthographic
-    auto const back = &mgPerspInfo_c::doScreenPointInversePerspectiveDivision;
-    checkMove(record(2.0), back, 9.0, {7.0, 14.0, 9.0});
-    checkMove(mgPerspInfo_c(), back, 9.0, {kInfinity, kInfinity, 9.0}); // no guard
+    auto const inverse = &mgPerspInfo_c::doScreenPointInversePerspectiveDivision;
+    checkMove(record(2.0), inverse, 9.0, {7.0, 14.0, 9.0});
+    checkMove(mgPerspInfo_c(), inverse, 9.0, {kInfinity, kInfinity, 9.0}); // no guard
 }
 
 TEST(PerspInfo, AModelRecordLooksAlongItsOwnDirection) {

@@ -36,7 +36,7 @@ mgLine_c rayOf(mgXform_c view, P p, int isScreen, int expectCamera) {
 
 void expectNear(P const &expected, P const &actual) { EXPECT_LT(gap(expected, actual), 1e-12); }
 
-TEST(Viewing, ScreenPointsGoBackAlongTheirLineOfSight) {
+TEST(Viewing, ScreenPointsMoveAlongTheirLineOfSight) {
     for (double fov : {-1.0, 0.0, 4.0}) {
         mgXform_c const view = viewWithRecord(fov);
         P const screen = model * view;
@@ -47,7 +47,7 @@ TEST(Viewing, ScreenPointsGoBackAlongTheirLineOfSight) {
         expectNear(begin, rayOf(view, screen, 1, fov >= 0.0).rootPoint());
         expectNear(begin, P(screen).xformByPerspInverse(view));
         expectNear(model, P(screen).xformByPerspInverseVisible(view));
-        // Before the near clip plane a point is raised to it first.
+        // A point in front of the near clip plane is moved to it first.
         EXPECT_BITS_EQ(P(5, 5, nearZ).xformByPerspInverseVisible(view),
                        P(5, 5, nearZ - 1.0).xformByPerspInverseVisible(view));
     }
@@ -58,7 +58,7 @@ TEST(Viewing, WithoutARecordTheCallersViewIsInvertedAsItIs) {
     P p(8e12, 0, 0);
     U dir;
     int isCamera = -1;
-    // A copy would take the scale as 1.
+    // A copy would have scale 1.
     mg_getModelSpaceViewRay(support::raw({}, {}, 8e12), p, 1, p, dir, isCamera, nullptr);
     EXPECT_BITS_EQ(x, p);
 }
@@ -105,7 +105,7 @@ TEST(Viewing, ABoxDraggedBackwardsIsCentredBeyondItsStart) {
     check({0, -7}, {11, -10}, 5, -6); // halves are cut off
     constexpr int lowest = std::numeric_limits<int>::min(), highest = -1 - lowest;
     check({lowest, highest}, {highest, lowest}, -1, 2.0 * highest);
-    // Likewise to a position, with the view's own move and record.
+    // To a position, with the view's translation and record.
     mgXform_c const zoom =
         mg_ZoomToPosition(P(100, 50, 77), model, P(5, 4, 9), viewWithRecord(0.0), 3.0);
     EXPECT_BITS_EQ(P(103, 48, 1), P(3, 3, 6) * zoom);
@@ -113,7 +113,7 @@ TEST(Viewing, ABoxDraggedBackwardsIsCentredBeyondItsStart) {
 }
 
 TEST(Viewing, AZoomIsReturnedAsItWasComposed) {
-    // A copy would take the move as zero and the scale as 1.
+    // A copy would have translation 0 or scale 1.
     mgXform_c const near =
         mg_ZoomToPosition(P(-5.0 + 0x1p-28, 0, 0), P(), P(), mg_TranslateXform({5, 0, 0}), 2.0);
     EXPECT_BITS_EQ(support::raw({}, {0x1p-28, 0, 0}, 2.0), near);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The similarity transform: copies that change the value, composition, what it does to points, and
-// who owns the perspective record.
+// The similarity transform: copies that change the value, composition, images of points and
+// vectors, ownership of the perspective record.
 
 #include <vexmath/mg_transform.h>
 
@@ -13,7 +13,7 @@ namespace {
 
 using namespace support;
 
-// The rotation comes first, so that a transform's address serves where its matrix is meant.
+// The rotation comes first.
 static_assert(std::is_standard_layout_v<mgXform_c> && !std::is_trivially_copyable_v<mgXform_c>);
 using Helper = mgXform_64BitHelper_c;
 static_assert(std::is_trivially_copyable_v<Helper> && sizeof(Helper) == sizeof(mgXform_c));
@@ -23,7 +23,7 @@ static_assert(offsetof(Helper, reflection) == sizeof(mgMatrix_c) + 32);
 constexpr double kSmallest = 1.0000000000000002e-13, kLargest = 6e12;
 mgUnitVector_c const x(1.0, 0.0, 0.0), y(0.0, 1.0, 0.0), z(0.0, 0.0, 1.0);
 mgMatrix_c const one, quarter = mg_RotationMatrix(1.5707963267949, z, 1e-6); // rows y, -x, z
-mgMatrix_c const flagged = quarter.transpose().transpose(); // the same, claiming to be the identity
+mgMatrix_c const flagged = quarter.transpose().transpose(); // the same with the identity flag set
 
 /// Every way to copy the source gives exactly these fields.
 void checkCopies(mgXform_c const &source, mgXform_c const &expected) {
@@ -37,7 +37,7 @@ void checkCopies(mgXform_c const &source, mgXform_c const &expected) {
     EXPECT_BITS_EQ(expected, source * mgXform_c()); // the left operand is copied
 }
 
-TEST(Xform, CopiesTakeAScaleOutOfRangeAsOne) {
+TEST(Xform, CopiesReplaceAScaleOutOfRangeByOne) {
     for (double const scale : {kSmallest, kLargest, -2.0, kInfinity, kNaN, above(kSmallest)}) {
         double const expected = scale == above(kSmallest) ? scale : 1.0;
         checkCopies(raw(quarter, x, scale, 1), raw(quarter, x, expected, 1));
@@ -52,7 +52,7 @@ TEST(Xform, CopiesFlushATinyTranslationAndAFlaggedRotation) {
     checkCopies(raw(quarter, {s, -s, s}, 2.0), raw(quarter, {}, 2.0));
     checkCopies(raw(quarter, {s, 0.0, -1e-08}, 2.0), raw(quarter, {s, 0.0, -1e-08}, 2.0));
     checkCopies(raw(flagged, {}, 2.0), raw(one, {}, 2.0));
-    // What is built is not copied; what goes in by value is, and the result of a product.
+    // A factory's result is not copied; an argument by value is, and the result of a product.
     mgXform_c odd, wide = mg_ScaleXform(1e7);
     odd.SetHelper(raw(flagged, {s, s, s}, kLargest).GetHelper());
     EXPECT_BITS_EQ(raw(flagged, {s, s, s}), mg_RestoreXform(flagged, {s, s, s}, kLargest));
@@ -75,7 +75,7 @@ TEST(Xform, CompositionGoesByTheFlags) {
 }
 
 TEST(Xform, PointsVectorsAndDirectionsAreMovedInThreeWays) {
-    mgPoint_c const p(-0.0, -5.0, kInfinity); // which a product with the identity would change
+    mgPoint_c const p(-0.0, -5.0, kInfinity); // a product with the identity would change it
     mgMatrix_c const unflagged({1, -0.0, 0, 0, 1, 0, 0, -0.0, 1}, 0);
     mgMatrix_c const nearly({1, 0, 0, 0, 1, 0, 0, 0, above(1.0)}, 0);
     EXPECT_BITS_EQ(mgPoint_c(-0.0, 2.0, kInfinity), p * raw(unflagged, 7.0 * y));
@@ -112,7 +112,8 @@ TEST(Xform, TransformsThatDifferInReflectionOrWithinBoundsAreEqual) {
     EXPECT_EQ(1, turn.equals(raw(onBound, -1e-08 * y, 1.0 + 9e-09)));
     EXPECT_EQ(0, turn.equals(raw(beyond)) + turn.equals(raw(quarter, above(1e-08) * z)));
     EXPECT_EQ(0, turn.equals(raw(quarter, {}, 1.0 - 1.1e-08)));
-    EXPECT_EQ(1, raw(flagged).equals(mgXform_c())); // two set flags are believed
+    EXPECT_EQ(1, raw(flagged).equals(mgXform_c()));                  // both flags are set
+    EXPECT_EQ(1, turn.equals(raw(quarter, {kNaN, 0.0, 0.0}, kNaN))); // NaN differs from nothing
     EXPECT_EQ(1, raw(quarter, {}, 1.0, 1).equals(turn));
 }
 
@@ -159,7 +160,7 @@ TEST(Xform, RepairLeavesTranslationInDepth) {
 
 TEST(Xform, ScaleOnABoundIsRepairedOnlyByACopy) {
     for (double const bound : {kSmallest, kLargest})
-        checkRepair(raw(one, {}, bound), 0, raw(one, {}, bound)); // which a copy takes as 1
+        checkRepair(raw(one, {}, bound), 0, raw(one, {}, bound)); // 1 in a copy
     for (double const beyond : {below(kSmallest), above(kLargest), kNaN})
         checkRepair(raw(one, {}, beyond), 1, mgXform_c());
 }
