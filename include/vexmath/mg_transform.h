@@ -70,7 +70,7 @@ VEXMATH_API mgXform_c mg_CoordinateXformXZ(mgPoint_c const &origin, mgUnitVector
 /// keepFlag 1 keeps Z = b, any other Y = a.
 VEXMATH_API mgXform_c mg_CoordinateXformYZ(mgPoint_c const &origin, mgUnitVector_c const &a,
                                            mgUnitVector_c const &b, int keepFlag);
-/// The frame of a viewer at eye who looks along dir: Z is -dir. X is the part perpendicular to dir
+/// The frame of a viewer at eye that looks along dir: Z is -dir. X is the part perpendicular to dir
 /// of a world axis that depends on dir's dominant component:
 /// - x: world z when dir.x > 0, else world -z;
 /// - y: world x;

@@ -14,7 +14,7 @@ mgXform_c ofElements(double const (&elements)[9]) { return raw(mgMatrix_c(elemen
 mgXform_c slightlyAboutZ(double r10) { return ofElements({1, 0, 0, r10, 1, 0, 0, 0, 1}); }
 
 /// About z, then y, then x.
-mgXform_c turned(double g, double b, double a) {
+mgXform_c rotated(double g, double b, double a) {
     return mg_RotateXform(g, {0, 0, 1}, 0.0) * mg_RotateXform(b, {0, 1, 0}, 0.0)
            * mg_RotateXform(a, {1, 0, 0}, 0.0);
 }
@@ -35,7 +35,7 @@ TEST(Euler, AnglesAreThoseOfTheRotations) {
     for (int i = 0; i < 2000; ++i) {
         double const g = random.uniform(0.0, 6.0), b = random.uniform(0.0, 1.5),
                      a = random.uniform(0.0, 6.0);
-        mgXform_c const x = turned(g, b, a);
+        mgXform_c const x = rotated(g, b, a);
         double a1, a2, a3;
         ASSERT_EQ(1, mg_ScaleXform(x, 3.0).getThreeAnglesNew(a1, a2, a3));
         // The cosine of b, at least 0.07, divides the rounding of the elements.
@@ -100,7 +100,7 @@ TEST(Euler, TheOlderAnglesMatchWholeHundredths) {
 
 TEST(Euler, TheOlderAnglesKeepAnAngleOfZero) {
     // Half turns about y and x would give a negative angle about z; the one about x is never tried.
-    CheckAngles(older, turned(-0.3, 0.0, 0.0), 0, unwritten);
+    CheckAngles(older, rotated(-0.3, 0.0, 0.0), 0, unwritten);
 }
 
 TEST(Euler, HostileElementsEndInAnAnswerThatIsNumbers) {

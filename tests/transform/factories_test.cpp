@@ -36,11 +36,11 @@ TEST(Factories, TinyInputGivesTheIdentityAndMirrorsNegateTheirNormal) {
 
 TEST(Factories, NamedAxesAreKeptByEachFunctionsOwnRule) {
     // The kept direction lies in its row, the other on the positive side of its own.
-    auto const check = [](mgXform_c const &frame, int kept, V const &exact, int turned,
+    auto const check = [](mgXform_c const &frame, int kept, V const &exact, int rotated,
                           V const &other) {
         V row[3] = {};
-        row[kept] = exact, row[turned] = mg_Normalise(other - (other % exact) * exact);
-        row[3 - kept - turned] = row[(4 - kept - turned) % 3] * row[(5 - kept - turned) % 3];
+        row[kept] = exact, row[rotated] = mg_Normalise(other - (other % exact) * exact);
+        row[3 - kept - rotated] = row[(4 - kept - rotated) % 3] * row[(5 - kept - rotated) % 3];
         checkRows(frame, row[0], row[1], row[2], V(eye));
     };
     U const a(1.0, 2.0, 2.0), b(-2.0, 3.0, 1.0);
@@ -87,9 +87,9 @@ TEST(Factories, PointsAndDirectionsAreCarriedOver) {
             ASSERT_LT(gap(p2, p1 * form) + gap(u2, u1 * form), 1e-13);
         }
         double const t = random.uniform(-3.0, 3.0);
-        V const turned = u2 * mg_RotationMatrix(t, u1, 0.0);
-        ASSERT_LT(gap(p2 + turned, (p1 + u2) * mg_PointAngleXform(p1, p2, t, u1)), 1e-13);
-        ASSERT_LT(gap(p1 + turned, (p1 + u2) * mg_RotateAtPoint(p1, t, u1, 0.0)), 1e-13);
+        V const rotated = u2 * mg_RotationMatrix(t, u1, 0.0);
+        ASSERT_LT(gap(p2 + rotated, (p1 + u2) * mg_PointAngleXform(p1, p2, t, u1)), 1e-13);
+        ASSERT_LT(gap(p1 + rotated, (p1 + u2) * mg_RotateAtPoint(p1, t, u1, 0.0)), 1e-13);
     }
 }
 

@@ -87,7 +87,7 @@ TEST(Xform, PointsVectorsAndDirectionsAreMovedInThreeWays) {
         EXPECT_BITS_EQ(mgVector_c(1.0, -5.0 * factor, kInfinity), p * raw(one, x, scale));
         EXPECT_BITS_EQ(mgVector_c(p) * factor, mgVector_c(p) * raw(one, x, scale));
     }
-    // Directions go by the flag, vectors by the elements; directions are normalised when turned.
+    // Directions go by the flag, vectors by the elements; directions are normalised when rotated.
     mgUnitVector_c longer;
     longer.set(0.0, 3.0, 0.0);
     EXPECT_EQ(0.0, gap(-x, longer * raw(quarter, x, 2.0)) + gap(3.0 * y, longer * raw(flagged)));
@@ -134,8 +134,8 @@ TEST(Xform, PerspectivesThatDifferInClipPlanesAreEqual) {
 
 TEST(Xform, AxesAreComparedByDirection) {
     auto const parallel = [](double angle) { // 1 - cos is 1e-08 at 1.41421e-4
-        mgXform_c const turned = mg_RotateXform(angle, x, 1e-9);
-        return mgXform_c().sameOrParallel(&turned);
+        mgXform_c const rotated = mg_RotateXform(angle, x, 1e-9);
+        return mgXform_c().sameOrParallel(&rotated);
     };
     EXPECT_EQ(2, parallel(1.414e-4) + parallel(3.1415926535898));
     EXPECT_EQ(0, parallel(1.415e-4));
