@@ -1,0 +1,378 @@
+// SPDX-License-Identifier: MIT
+// Exhausted memory. Each request for a block is refused in turn, alone or with all that follow it:
+// only the copy of a transform's own perspective record throws, nothing leaks, and the outputs are
+// as the headers promise. complete.py checks that no exported function that allocates is missing.
+
+#include <vexmath/vexmath.h>
+
+#include <algorithm>
+#include <climits>
+#include <numeric>
+#include <sstream>
+#include <vector>
+
+#include "memory/heap.h"
+#include "support/geometry.h"
+
+namespace {
+
+/// One run of a case: its calls are granted so many blocks.
+struct Trial {
+    int granted;
+    bool lasting;
+    bool refused = true;
+
+    template <class Exception = std::bad_alloc, class Calls>
+    bool throws(Calls const &calls) {
+        bool threw = false;
+        heap::refuseAfter(granted, lasting);
+        try {
+            calls();
+        } catch (Exception const &) {
+            threw = true;
+        }
+        refused = heap::grantAll() > 0;
+        return threw;
+    }
+
+    template <class Calls>
+    void run(Calls const &calls) {
+        EXPECT_FALSE(throws(calls));
+    }
+};
+
+/// `body` makes the inputs, the calls, and the checks of what they leave.
+template <class Body>
+void CheckEach(char const *what, Body const &body) {
+    auto const *const result = testing::UnitTest::GetInstance()->current_test_info()->result();
+    int const failures = result->total_part_count();
+    Trial warmUp{INT_MAX, false};
+    body(warmUp);
+    for (bool const lasting : {false, true})
+        for (Trial trial{0, lasting}; trial.refused; ++trial.granted) {
+            SCOPED_TRACE(testing::Message() << what << ", " << trial.granted << " blocks");
+            int const before = heap::held;
+            body(trial);
+            int const leaked = heap::held - before;
+            EXPECT_TRUE(trial.refused || trial.granted > 0 || !VEXMATH_TEST_HAS_C_HEAP);
+            if (result->total_part_count() > failures) return;
+            EXPECT_EQ(0, leaked);
+        }
+}
+
+using Ints = suDynamicArray<int>;
+using Points = suDynamicArray<mgPoint_c>;
+
+bool isUpTo(int count, Ints const &list) {
+    for (int i = 0; i < list.Count(); ++i)
+        if (list[i] != i) return false;
+    return list.Count() == count;
+}
+
+/// The numbers from `first` on, in a full array.
+Ints numbers(int first, int count, int mode = 1) {
+    Ints list;
+    list.Adopt(static_cast<int *>(suDynArrayAllocSpecial(count, 4, mode, sizeof(int))));
+    std::iota(list.Data(), list.Data() + count, first);
+    return list;
+}
+
+/// `edit` puts n more numbers at the end, or gives null and the array is as it was. Null never
+/// comes without more.
+void CheckEdit(char const *what, int count, int mode, int n, void *(*edit)(void *, void const *)) {
+    CheckEach(what, [=](Trial &trial) {
+        Ints const more = numbers(count, n);
+        Ints array = numbers(0, count, mode);
+        void *old = amDynamicArrayCopy(array.Data(), 0);
+        void *result = nullptr;
+        trial.run([&] { result = edit(old, more.Data()); });
+        EXPECT_TRUE(result != nullptr || (n > 0 && trial.refused));
+        array.Adopt(static_cast<int *>(result != nullptr ? result : old));
+        EXPECT_TRUE(isUpTo(result != nullptr ? count + n : count, array));
+    });
+}
+
+TEST(Exhausted, AnArrayIsNotMadeOrIsUntouched) {
+    CheckEach("make", [](Trial &trial) {
+        Ints const model = numbers(0, 9);
+        void *made[4] = {};
+        trial.run([&] {
+            made[0] = suDynArrayAlloc(9, 4, 1, 4);
+            made[1] = suDynArrayAllocSpecial(9, 4, 1, 4);
+            made[2] = suDynArrayAlloc1(9, model.Data());
+            made[3] = amDynamicArrayCopy(model.Data(), 1);
+        });
+        for (void *const array : made) {
+            EXPECT_TRUE(array != nullptr || trial.refused);
+            if (array != nullptr) amDynamicArrayFree(array);
+        }
+    });
+    CheckEdit("add", 9, 1, 1, amDynamicArrayAdd);
+    CheckEdit("add to many", 40000, 2, 1, amDynamicArrayAdd);
+    CheckEdit("append", 40000, 2, 30000, amDynamicArrayAppend);
+    CheckEdit("insert", 2000, 1, 3000, [](void *array, void const *more) {
+        return amDynamicArrayInsertAt(array, 2000, more, 3000);
+    });
+    CheckEdit("grow", 40000, 2, 0,
+              [](void *array, void const *) { return amDynArrayRealloc(array, 90000); });
+    CheckEdit("trim", 9, 1, 0,
+              [](void *array, void const *) { return amDynamicArrayFreeExtra(array, -1.0); });
+}
+
+TEST(Exhausted, AListIsEmpty) {
+    for (int const count : {0, 8, 24})
+        CheckEach("add", [count](Trial &trial) {
+            Ints list;
+            for (int i = 0; i < count; ++i) list.Add(i);
+            int index = 0;
+            trial.run([&] { index = list.Add(count); });
+            EXPECT_TRUE(index == count || (index == -1 && trial.refused && !list.Data()));
+            EXPECT_TRUE(isUpTo(index + 1, list));
+        });
+    CheckEach("copy and assign", [](Trial &trial) {
+        Ints const list = numbers(0, 9);
+        Ints other = numbers(0, 20);
+        trial.run([&] {
+            Ints const copy(list);
+            EXPECT_TRUE(isUpTo(copy.Data() ? 9 : 0, copy));
+            other = list;
+        });
+        EXPECT_TRUE(isUpTo(9, other) || (trial.refused && !other.Data()));
+    });
+}
+
+/// `tessellate` keeps so many of three points of a list. Count 0 comes with no array, or with a
+/// list that stays or, where it could not grow, is empty.
+template <class Tessellate>
+void CheckPolyline(char const *what, int kept, Tessellate const &tessellate) {
+    for (bool const toList : {false, true})
+        CheckEach(what, [&](Trial &trial) {
+            Points list;
+            for (int i = 0; i < 3; ++i) list.Add(mgPoint_c());
+            mgPoint_c *made = nullptr;
+            int count = -1;
+            trial.run([&] { tessellate(toList ? nullptr : &made, count, &list); });
+            bool const done = count > 0;
+            EXPECT_TRUE(done || (count == 0 && trial.refused));
+            EXPECT_EQ(done && !toList, made != nullptr);
+            delete[] made;
+            int const expected = !toList ? 3 : done ? kept + count + 1 : list.Count() ? 3 : 0;
+            EXPECT_EQ(expected, list.Count());
+        });
+}
+
+TEST(Exhausted, APolylineHasCountZero) {
+    mgPoint_c const o, p(2.0, -2.0, 0.0), q(2.0, 2.0, 0.0);
+    arcEdgeData const arc{o, {0.0, 0.0, 1.0}, 2.0};
+    ellipseEdgeData const ellipse{o, {1.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, 2.0, 1.0, p, p};
+    parabolaEdgeData const conic{o, mgPoint_c(1.0, 0.0, 0.0), {}, p, q, {0.0, 0.0, 1.0}};
+    CheckPolyline("arc", 3, [&](mgPoint_c **made, int &count, Points *list) {
+        mg_TessArc(&arc, &p, &p, 1e-3, made, count, list);
+    });
+    CheckPolyline("ellipse", 3, [&](mgPoint_c **made, int &count, Points *list) {
+        mg_TessEllipse(&ellipse, &p, &p, 1e-3, made, count, list);
+    });
+    CheckPolyline("parabola", 3, [&](mgPoint_c **made, int &count, Points *list) {
+        mg_TessParabola(&conic, 1e-3, made, count, list);
+    });
+    for (auto const tessellate : {mg_TessBConic, mg_TessParabolaOrBConic})
+        CheckPolyline("conic", 0, [&](mgPoint_c **made, int &count, Points *list) {
+            tessellate(&conic, 1e-3, made, count, list);
+        });
+}
+
+template <class Point>
+bool areSame(Point const *a, Point const *b, int count) {
+    return std::memcmp(a, b, static_cast<std::size_t>(count) * sizeof(Point)) == 0;
+}
+
+TEST(Exhausted, PointsAreSorted) {
+    CheckEach("sort", [](Trial &trial) {
+        support::Random random;
+        std::vector<mgPoint_c> points(3000);
+        for (mgPoint_c &p : points) p = random.triple<mgPoint_c>(0.0, 1e6);
+        std::vector<mgPoint_c> sorted = points;
+        std::sort(sorted.begin(), sorted.end(),
+                  [](mgPoint_c const &p, mgPoint_c const &q) { return p.x() < q.x(); });
+        trial.run([&] { mg_pointQuickSort(points.data(), 0, 2999); });
+        EXPECT_TRUE(areSame(points.data(), sorted.data(), 3000));
+    });
+}
+
+/// A tour of n points, of which one is at x. Without memory it is the identity, or nothing where
+/// the order has no room for that.
+void CheckTour(char const *what, int n, double x, bool hasRoom) {
+    CheckEach(what, [=](Trial &trial) {
+        support::Random random;
+        Points points;
+        for (int i = 0; i < n; ++i) points.Add(random.triple<mgPoint_c>(0.0, 9.0));
+        points[0].set_x(x);
+        Ints order;
+        if (hasRoom) order = numbers(0, n);
+        trial.run([&] { mg_OpenTSP(points, order); });
+        if (trial.refused && (isUpTo(n, order) || (!hasRoom && order.Count() == 0))) return;
+        ASSERT_EQ(n, order.Count());
+        EXPECT_EQ(n < 3, isUpTo(n, order));
+        std::sort(order.Data(), order.Data() + n);
+        EXPECT_TRUE(isUpTo(n, order));
+    });
+}
+
+TEST(Exhausted, ATourIsTheIdentity) {
+    CheckTour("room", 20, 1.0, true);
+    CheckTour("no room", 20, 1.0, false);
+    CheckTour("scan", 20, std::nan(""), true);
+    CheckTour("two points", 2, 1.0, false);
+}
+
+TEST(Exhausted, AHullIsNotMade) {
+    for (int const n : {3, 30, 1500})
+        CheckEach("hull", [n](Trial &trial) {
+            support::Random random;
+            suDynamicArray<mg2DPoint_c> input, hull;
+            for (int i = 0; i < n; ++i) {
+                mgUnitVector_c const u = support::direction(random);
+                input.Add(mg2DPoint_c(u.x(), u.y()));
+                input.Add(input[i]); // some of them duplicates
+            }
+            for (int i = 0; i < 7; ++i) hull.Add(mg2DPoint_c());
+            suDynamicArray<mg2DPoint_c> const given = input, held = hull;
+            int result = -1;
+            trial.run([&] { result = convexHull(input, hull); });
+            EXPECT_TRUE(result == 1 || (result == 0 && trial.refused));
+            EXPECT_EQ(result == 1, hull.Count() > 9);
+            if (result == 1) return;
+            EXPECT_TRUE(input.Count() == 2 * n && areSame(input.Data(), given.Data(), 2 * n));
+            EXPECT_TRUE(hull.Count() == 7 && areSame(hull.Data(), held.Data(), 7));
+        });
+}
+
+mgXform_c viewWithARecord() {
+    mgXform_c view = mg_TranslateXform(mgVector_c(1.0, 2.0, 3.0));
+    view.addPerspectiveInfo(mgPerspInfo_c(0.0, 0.0, -9.0, 1.0));
+    return view;
+}
+
+TEST(Exhausted, OnlyTheCopyOfARecordThrows) {
+    mgPoint_c const o;
+    CheckEach("record", [&](Trial &trial) {
+        mgXform_c const view = viewWithARecord();
+        bool const threw = trial.throws([&] {
+            mgXform_c const copy(view), before = copy * view, behind = view * before;
+            mgXform_c made[6];
+            made[0] = view;
+            made[1] *= view;
+            made[2].addPerspectiveInfo(mgPerspInfo_c());
+            made[3].iCopyPerspectiveInfo(view);
+            made[4] = mg_ZoomToPosition(o, o, o, mg_ScaleXform(view, 3.0), 2.0);
+            made[5] = mg_ZoomBoxToBox({}, {}, o, o, mgGenXform_c(mgGenXform_c(view)), 2.0);
+            for (mgXform_c const &x : made) EXPECT_TRUE(x.hasPerspective() != 0);
+        });
+        EXPECT_EQ(threw, trial.refused);
+    });
+    CheckEach("record that is not handed out", [&](Trial &trial) {
+        mgXform_c const view = viewWithARecord();
+        mgBBox_c box(mgPoint_c(1.0, 1.0, 1.0), mgPoint_c(2.0, 2.0, 2.0));
+        mgGenXform_c general(view);
+        double gl[16] = {2.0, 3.0, 4.0};
+        general.set(&view, gl);
+        mgPoint_c p = o;
+        mgUnitVector_c u;
+        int isCamera = 0;
+        bool const threw = trial.throws([&] {
+            general.getGenGLData(gl);
+            mgBBox_c::clash(box, view, box, view);
+            box *= view;
+            mg_FindBBox(o, p, view, gl, 1.0);
+            mg_getModelSpaceViewRay(view, o, 1, p, u, isCamera, nullptr);
+            p.xformByPerspInverse(view);
+            p.xformByPerspInverseVisible(view);
+            p.xformByPerspInversePlane(view, mgPlane_c(o, mgUnitVector_c::zAxis()));
+            p.xformByPerspInverseLine(view, mgLine_c(o, mgUnitVector_c::xAxis()));
+            mgPlane_c(o, mgUnitVector_c::zAxis()).projectToPlaneOnViewLine(view, &p, 1);
+        });
+        EXPECT_TRUE(!threw || trial.refused);
+    });
+}
+
+TEST(Exhausted, AGeneralTransformIsMadeOrSetWholeOrNotAtAll) {
+    double const factors[] = {2.0, 3.0, 4.0};
+    CheckEach("create", [&](Trial &trial) {
+        mgXform_c const view = viewWithARecord();
+        mgGenXform_c *made = nullptr;
+        trial.run([&] { made = mgGenXform_c::create(&view, &view, factors); });
+        EXPECT_TRUE(made != nullptr || trial.refused);
+        delete made;
+    });
+    CheckEach("set", [&](Trial &trial) {
+        mgXform_c const view = viewWithARecord();
+        mgGenXform_c general;
+        bool const threw = trial.throws([&] { general.set(&view, factors); });
+        EXPECT_EQ(threw, trial.refused);
+        EXPECT_EQ(threw, general.isScaleIdentity() != 0);
+        EXPECT_EQ(!threw, general.getBodyXform().hasPerspective() != 0);
+    });
+    CheckEach("direction", [](Trial &trial) {
+        mgUnitVector_c *made = nullptr;
+        trial.run([&] { made = mgUnitVector_c::random(); });
+        EXPECT_TRUE(made != nullptr || trial.refused);
+        delete made;
+    });
+}
+
+TEST(Exhausted, ATextIsEmptyAndAnArchiveThrows) {
+    CheckEach("text", [](Trial &trial) {
+        CString texts[] = {L"a text that needs a block", L"", L"", L""};
+        std::wostringstream stream(std::wstring(99, L' ')); // room, so that it does not allocate
+        CDumpContext context(stream);
+        mgXform_c x;
+        trial.run([&] {
+            texts[0].Format(L"%600d", 1);
+            x.saveStringRep(texts[1]);
+            x.restoreStringRep(texts[1]);
+            mgBBox_c().saveStringRep(texts[2]);
+            mgBBox_c().dump();
+            mgPoint_c().Dump(context);
+        });
+        int const lengths[] = {600, 31, 11, 0};
+        for (int i = 0; i < 4; ++i) {
+            int const length = texts[i].GetLength();
+            EXPECT_TRUE(length == lengths[i] || (length == 0 && trial.refused));
+        }
+    });
+    CheckEach("archive that ends", [](Trial &trial) {
+        mgXform_c view = viewWithARecord();
+        std::stringstream stream(std::string(9, '\0'));
+        su_CArchive archive(stream);
+        // Its own error, or std::bad_alloc when there is no memory for that.
+        EXPECT_TRUE(trial.throws<std::exception>([&] { view.restore(archive); }));
+        EXPECT_TRUE(view.hasPerspective() != 0 && view.translation().x() == 1.0);
+    });
+}
+
+template <class Set, class Code>
+void CheckSets() {
+    CheckEach("sets", [](Trial &trial) {
+        Set all;
+        for (int i = 1; i <= 5; ++i) all.add(Code(i));
+        int count = 0;
+        trial.run([&] {
+            Set const one(Code(1)), copy(one), three = copy | Code(2) | (Code(2) | Code(3));
+            Set four;
+            four = three;
+            four.add(Code(4));
+            four |= Set(Code(5));
+            Set const made = (four | three).intersection(all);
+            count = made.getNumOfTypes();
+            EXPECT_TRUE(all.contains(made) != 0);
+        });
+        EXPECT_TRUE(count == 5 || trial.refused);
+    });
+}
+
+TEST(Exhausted, SetsLackCodes) {
+    CheckSets<uoSelectType_c, uoSelTypes_e>();
+    CheckSets<uoSelectConstraint_c, uoSelConstraint_e>();
+}
+
+} // namespace

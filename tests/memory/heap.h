@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+// The heaps of this program, which count and refuse. The library's requests come here too.
+
+#ifndef VEXMATH_TESTS_MEMORY_HEAP_H
+#define VEXMATH_TESTS_MEMORY_HEAP_H
+
+#include <cstdlib>
+
+/// Is the C heap replaced too? A sanitizer has one of its own; other C libraries are not known
+/// here.
+#if defined(__GLIBC__) && !defined(VEXMATH_TEST_SANITIZED)
+#define VEXMATH_TEST_HAS_C_HEAP 1
+#else
+#define VEXMATH_TEST_HAS_C_HEAP 0
+#endif
+
+namespace heap {
+
+extern int asked; ///< requests for a block so far
+extern int held;  ///< blocks that were handed out and not given back
+
+/// Grants so many requests from now on, then refuses one, or all when `lasting`.
+void refuseAfter(int granted, bool lasting);
+/// Grants all requests again. Returns how many were refused.
+int grantAll();
+
+} // namespace heap
+
+#endif
