@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Do the tests of this folder call every exported function that may ask for memory?
+"""Checks that the tests of this folder call every exported function that may allocate.
 
     complete.py <folder of the library's objects> <folder of these tests' objects>
 
-Calls are read off unoptimised objects and followed from the heaps to the exported functions. Calls
-through the archive are not: it belongs to the host, and the default asks for memory for errors alone.
+Reads the calls off unoptimised objects and follows them from the heaps to the exported functions.
+Does not follow calls of the archive: it is the host's, and the default allocates only for errors.
 """
 
 import collections
@@ -15,7 +15,7 @@ import subprocess
 import sys
 
 EXPORTED = pathlib.Path(__file__).resolve().parents[1] / "abi/exported_symbols.txt"
-# What heap.cpp replaces, and the members of strings that ask for it outside these objects.
+# What heap.cpp replaces, and the members of strings that call it from other libraries.
 HEAP = re.compile(r"_Zn[wa][mj](RKSt9nothrow_t)?$|(m|c|re)alloc$|_ZNSt7__cxx1112basic_string\w+(6resize|9_M_create)")
 NOT_REPLACED = re.compile(r"_Zn[wa]\w*align|\w*align(ed_alloc)?$|w?c?s?strn?dup$")
 ARCHIVE = re.compile(r"su_CArchive|\(anonymous namespace\)::(describe|put|take)\(")
@@ -27,7 +27,7 @@ def lines(*command):
 
 
 def callers_in(path, callers):
-    """Adds who refers to what in one object. Local functions get the object's name."""
+    """Adds the callers of each function in one object. Local functions get the object's name."""
     local = {line.split()[-1] for line in lines("nm", path) if line.split()[-2] in "tdbr"}
     where, found = {}, []
 
@@ -59,19 +59,19 @@ def main():
                            capture_output=True, text=True).stdout.splitlines()
     demangled = dict(zip(names, plain))
 
-    asking = [name for name in callers if HEAP.match(name)]
+    todo = [name for name in callers if HEAP.match(name)]
     faults = [f"{name}: heap.cpp does not replace it" for name in callers if NOT_REPLACED.match(name)]
-    reached = set(asking)
-    while asking:
-        new = {c for c in callers[asking.pop()] if not ARCHIVE.match(demangled[c])} - reached
+    reached = set(todo)
+    while todo:
+        new = {c for c in callers[todo.pop()] if not ARCHIVE.match(demangled[c])} - reached
         reached |= new
-        asking += new
+        todo += new
     exported = set(EXPORTED.read_text().splitlines())
     called = {line[19:] for path in tests.rglob("*_test.cpp.o") for line in lines("nm", "-C", path)}
-    asks = {name for name in map(demangled.get, reached) if name in exported and not SKIPPED.search(name)}
-    faults += [f"{name}: may ask for memory, and no test of tests/memory calls it" for name in sorted(asks - called)]
-    if not asks:
-        faults.append(f"{library}: nothing here asks for memory")
+    allocating = {name for name in map(demangled.get, reached) if name in exported and not SKIPPED.search(name)}
+    faults += [f"{name}: may allocate, and no test of tests/memory calls it" for name in sorted(allocating - called)]
+    if not allocating:
+        faults.append(f"{library}: no exported function allocates")
     sys.exit("\n".join(faults) or 0)
 
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Replaces the C++ heap of the whole program and, without a sanitizer, the C heap.
+// Replaces the C++ heap of the program and, where it can, the C heap.
 
 #include "memory/heap.h"
 
@@ -9,7 +9,7 @@
 int heap::asked = 0;
 int heap::held = 0;
 
-#if VEXMATH_TEST_HAS_C_HEAP // glibc's own heap, behind the names that are replaced below
+#if VEXMATH_TEST_HAS_C_HEAP // glibc's heap, whose other names are replaced below
 extern "C" {
 void *__libc_malloc(std::size_t size);
 void *__libc_calloc(std::size_t count, std::size_t size);
@@ -29,11 +29,8 @@ int refused = 0;
 
 bool grants() {
     ++heap::asked;
-    if (stillGranted > 0) {
-        if (stillGranted != INT_MAX) --stillGranted;
-        return true;
-    }
-    if (!refusesAll) stillGranted = INT_MAX;
+    if (stillGranted-- > 0) return true;
+    stillGranted = refusesAll ? 0 : INT_MAX;
     ++refused;
     return false;
 }
@@ -80,7 +77,7 @@ void operator delete(void *block, std::nothrow_t const &) noexcept { giveBack(bl
 void operator delete[](void *block, std::nothrow_t const &) noexcept { giveBack(block); }
 
 #if VEXMATH_TEST_HAS_C_HEAP
-// Not hidden: all libraries of the program are to find these.
+// Visible, so that the libraries of the program use them.
 #pragma GCC visibility push(default)
 extern "C" {
 void *malloc(std::size_t size) { return take(size); }

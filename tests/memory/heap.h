@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The heaps of this program, which count and refuse. The library's requests come here too.
+// Heaps that count and refuse requests. They serve the whole program, the library too.
 
 #ifndef VEXMATH_TESTS_MEMORY_HEAP_H
 #define VEXMATH_TESTS_MEMORY_HEAP_H
@@ -17,11 +17,11 @@
 namespace heap {
 
 extern int asked; ///< requests for a block so far
-extern int held;  ///< blocks that were handed out and not given back
+extern int held;  ///< blocks that are not released yet
 
-/// Grants so many requests from now on, then refuses one, or all when `lasting`.
+/// Grants `granted` requests from now on, then refuses one or, when `lasting`, all.
 void refuseAfter(int granted, bool lasting);
-/// Grants all requests again. Returns how many were refused.
+/// Grants all requests again. Returns the number of refused ones.
 int grantAll();
 
 } // namespace heap
