@@ -82,6 +82,12 @@ TEST(Memory, NothingIsAllocatedForAPointAPlacementOrAPair) {
     check("view", [&] {
         mg_TransformPoints(s.points, 21, s.view);
         s.out = s.view.inverse();
+        mg_getModelSpaceViewRay(s.view, s.points[0], 1, s.p, s.u, s.answer, &s.out);
+        s.p.xformByPerspInverse(s.view);
+        s.p.xformByPerspInverseVisible(s.view);
+        s.p.xformByPerspInversePlane(s.view, s.plane);
+        s.p.xformByPerspInverseLine(s.view, s.line);
+        s.plane.projectToPlaneOnViewLine(s.view, &s.p, 1);
     });
     check("archive", [&] {
         s.view.save(s.archive);
