@@ -239,14 +239,13 @@ TEST(Exhausted, ATourIsTheIdentity) {
 }
 
 TEST(Exhausted, AHullIsNotMade) {
-    for (int const n : {3, 30, 1500})
+    for (int const n : {6, 30, 2100})
         CheckEach("hull", [n](Trial &trial) {
             support::Random random;
             suDynamicArray<mg2DPoint_c> input, hull;
             for (int i = 0; i < n; ++i) {
                 mgUnitVector_c const u = support::direction(random);
-                input.Add(mg2DPoint_c(u.x(), u.y()));
-                input.Add(input[i]); // a duplicate
+                input.Add(i % 2 == 0 || i > 20 ? mg2DPoint_c(u.x(), u.y()) : input[i - 1]);
             }
             for (int i = 0; i < 7; ++i) hull.Add(mg2DPoint_c());
             suDynamicArray<mg2DPoint_c> const given = input, held = hull;
@@ -255,7 +254,7 @@ TEST(Exhausted, AHullIsNotMade) {
             EXPECT_TRUE(result == 1 || (result == 0 && trial.refused));
             EXPECT_EQ(result == 1, hull.Count() > 9);
             if (result == 1) return;
-            EXPECT_TRUE(input.Count() == 2 * n && areSame(input.Data(), given.Data(), 2 * n));
+            EXPECT_TRUE(input.Count() == n && areSame(input.Data(), given.Data(), n));
             EXPECT_TRUE(hull.Count() == 7 && areSame(hull.Data(), held.Data(), 7));
         });
 }
