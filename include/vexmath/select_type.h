@@ -22,6 +22,9 @@ namespace vexmath::detail {
 /// No operation stores a code twice, but a set that came by a duplicate keeps it through copies,
 /// and the operations that compare numbers of elements count it.
 ///
+/// No operation throws. When memory is exhausted, a set lacks the codes that it could not store; an
+/// assignment that cannot store them leaves the set as it was.
+///
 /// An element of another set is *matched* by this set when this set holds it; the element 0,
 /// "nothing", is matched only by the empty set.
 template <class Set, class Code>

@@ -5,6 +5,7 @@
 
 #include <cstdarg>
 #include <cwchar>
+#include <new>
 #include <utility>
 
 void CString::Format(wchar_t const *format, ...) {
@@ -15,7 +16,11 @@ void CString::Format(wchar_t const *format, ...) {
 
     std::wstring result;
     for (std::size_t capacity = firstCapacity; capacity <= maxCapacity; capacity *= 2) {
-        result.resize(capacity);
+        try {
+            result.resize(capacity);
+        } catch (std::bad_alloc const &) {
+            break;
+        }
         std::va_list arguments;
         va_start(arguments, format);
         int const length = std::vswprintf(&result[0], capacity, format, arguments);

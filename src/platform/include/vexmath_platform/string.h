@@ -16,8 +16,8 @@ public:
     CString(wchar_t const *text);
 
     /// Replaces the text by the arguments in the manner of wprintf, whole whatever its length. The
-    /// arguments may point into this text. A format that cannot be carried out, or a result of more
-    /// than a million characters, leaves the empty text, never a part of it.
+    /// arguments may point into this text. A format that cannot be carried out, a result of more
+    /// than a million characters, or exhausted memory leaves the empty text, never a part of it.
     VEXMATH_API void Format(wchar_t const *format, ...);
 
     /// Number of characters, without the terminating null.

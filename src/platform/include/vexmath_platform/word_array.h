@@ -6,12 +6,14 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <new>
 #include <vector>
 
-/// 32-bit words in the order they were added. A value: it owns its words and copies them.
+/// 32-bit words in the order they were added. A value: it owns its words and copies them. When
+/// memory is exhausted, `Add` and `Copy` leave the array as it was and do not throw.
 class su_CDWordArray {
 public:
-    /// Appends the word and returns its index.
+    /// Appends the word and returns its index, or -1 when memory is exhausted.
     int Add(std::uint32_t word);
 
     int GetSize() const;
@@ -36,7 +38,11 @@ private:
 //-------------------------------------------------------------------------------------------------
 
 inline int su_CDWordArray::Add(std::uint32_t word) {
-    words_.push_back(word);
+    try {
+        words_.push_back(word);
+    } catch (std::bad_alloc const &) {
+        return -1;
+    }
     return GetSize() - 1;
 }
 
@@ -54,6 +60,11 @@ inline void su_CDWordArray::RemoveAt(int index) { words_.erase(words_.begin() + 
 
 inline void su_CDWordArray::RemoveAll() { words_.clear(); }
 
-inline void su_CDWordArray::Copy(su_CDWordArray const &source) { words_ = source.words_; }
+inline void su_CDWordArray::Copy(su_CDWordArray const &source) {
+    try {
+        words_ = source.words_;
+    } catch (std::bad_alloc const &) { // nothing has changed
+    }
+}
 
 #endif
