@@ -7,6 +7,7 @@
 #include <vexmath/xform.h>
 
 #include "box_offsets.h"
+#include "transform/without_record.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -243,9 +244,8 @@ mgBBox_c mgBBox_c::movedBy(mgXform_c const &x) const {
 
 mgBBox_c &mgBBox_c::operator*=(mgXform_c const &x) {
     if (movesAsItsCopy(x)) return *this = movedBy(x);
-    mgXform_c similarity(x);
-    similarity.deletePerspectiveInfo();
-    return *this = movedBy(similarity);
+    mgXform_c const similarity = vexmath::detail::withoutRecord(x);
+    return *this = movedBy(mgXform_c(similarity)); // a copy: the copy rules apply
 }
 
 void mgBBox_c::widenCorners(mgPoint_c const &p) {

@@ -6,6 +6,7 @@
 #include <vexmath/xform.h>
 
 #include "matrix/rows.h"
+#include "transform/without_record.h"
 #include "vector/wide_vector.h"
 
 #include <algorithm>
@@ -207,6 +208,12 @@ Verdict verdictBySpheres(Parts const &a, mgXform_c const &xa, Parts const &b, mg
     return isApart ? Verdict::Apart : Verdict::Close;
 }
 
+/// From b's frame into a's, without b's record, of which a copy would allocate.
+mgXform_c intoFrame(mgXform_c const &xa, mgXform_c const &xb) {
+    if (!xb.hasPerspective()) return xb * xa.inverse();
+    return vexmath::detail::withoutRecord(xb) * xa.inverse();
+}
+
 } // namespace
 
 int mgBBox_c::clash(mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b,
@@ -220,12 +227,15 @@ int mgBBox_c::clash(mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b,
     Verdict const verdict = hasVectorUnits() ? verdictBySimd(partsA, xa, partsB, xb)
                                              : verdictBySpheres(partsA, xa, partsB, xb);
     if (verdict != Verdict::Close) return verdict == Verdict::Clash;
-    mgXform_c const intoA = xb * xa.inverse();
+    mgXform_c const intoA = intoFrame(xa, xb);
 
     // QUIRK: bbox.h, mgBBox_c::clash: of placed boxes, b's radius is not scaled into a's frame.
     // Expected: scaled. Kept: callers and stored data depend on it.
     // (test: PlacedSpheresAreComparedUnscaled)
-    double const distance = (b.sphCentre_ * intoA - a.sphCentre_).len();
+    mgPoint_c centre = b.sphCentre_ * intoA;
+    mgPerspInfo_c info;
+    if (xb.getPerspectiveInfo(&info)) info.doScreenPointPerspectiveDivision(centre);
+    double const distance = (centre - a.sphCentre_).len();
     if (!(distance + kOverlap <= a.sphRadius_ + b.sphRadius_)) return 0;
 
     if (!b.movedBy(intoA).clash(&a, kOverlap)) return 0;

@@ -3,6 +3,8 @@
 
 #include <vexmath/gen_xform.h>
 
+#include "transform/without_record.h"
+
 #include <algorithm>
 #include <memory>
 #include <new>
@@ -99,6 +101,7 @@ void mgGenXform_c::getGenGLData(double *gl) const {
     double outOfBody[16];
     body_.inverse().getGLData(intoBody);
     for (int i = 0; i < 3; ++i) scaleRow(intoBody, i, scale_[i], 4);
-    (body_ * placing).getGLData(outOfBody);
+    using vexmath::detail::withoutRecord;
+    (withoutRecord(body_) * withoutRecord(placing)).getGLData(outOfBody);
     multiply(outOfBody, intoBody, gl);
 }

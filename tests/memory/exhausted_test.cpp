@@ -283,20 +283,6 @@ TEST(Exhausted, OnlyTheCopyOfARecordThrows) {
         for (mgXform_c const &x : made)
             EXPECT_TRUE(x.hasPerspective() != 0 || (threw && x.isIdentity())); // done or untouched
     });
-    CheckEach("box and view", [&](Trial &trial) {
-        mgXform_c const view = viewWithARecord();
-        mgBBox_c box(mgPoint_c(1.0, 1.0, 1.0), mgPoint_c(2.0, 2.0, 2.0));
-        mgGenXform_c general(view);
-        double gl[16] = {2.0, 3.0, 4.0};
-        general.set(&view, gl);
-        bool const threw = trial.throws([&] {
-            general.getGenGLData(gl);
-            mgBBox_c::clash(box, view, box, view);
-            mg_FindBBox(o, o, view, gl, 1.0);
-            box *= view;
-        });
-        EXPECT_TRUE(!threw || trial.refused);
-    });
 }
 
 TEST(Exhausted, AGeneralTransformIsMadeOrSetWholeOrNotAtAll) {

@@ -41,17 +41,20 @@ struct Scene {
     mgUnitVector_c u = support::direction(random), axes[3];
     mgLine_c line{points[0], u};
     mgPlane_c plane{points[1], u};
+    mgGenXform_c general;
     mgBBox_c box{mgPoint_c(-1.0, -2.0, -3.0), mgPoint_c(1.0, 2.0, 3.0)}, grown;
     mgMatrix4_c m4;
     std::stringstream stream{std::string(4096, ' ')}; // room enough: writing does not extend it
     su_CArchive archive{stream};
-    double numbers[3] = {};
+    double numbers[16] = {2.0, 3.0, 4.0};
     int answer = 0;
 };
 
 TEST(Memory, NothingIsAllocatedForAPointAPlacementOrAPair) {
     Scene s;
     s.view.addPerspectiveInfo(mgPerspInfo_c(0.0, 0.0, -20.0, 5.0));
+    s.general = s.view;
+    s.general.set(&s.view, s.numbers);
     auto const check = [&s](char const *what, auto const &work) {
         for (mgPoint_c &p : s.points) p = s.random.triple<mgPoint_c>(-10.0, 10.0);
         int const before = heap::asked;
@@ -88,6 +91,10 @@ TEST(Memory, NothingIsAllocatedForAPointAPlacementOrAPair) {
         s.p.xformByPerspInversePlane(s.view, s.plane);
         s.p.xformByPerspInverseLine(s.view, s.line);
         s.plane.projectToPlaneOnViewLine(s.view, &s.p, 1);
+        s.answer = mgBBox_c::clash(s.box, s.view, s.box, s.view);
+        mg_FindBBox(s.p, s.q, s.view, s.numbers, 1.0);
+        s.box *= s.view;
+        s.general.getGenGLData(s.numbers);
     });
     check("archive", [&] {
         s.view.save(s.archive);
