@@ -23,10 +23,12 @@ public:
     mgPoint_c(double const *xyz);
     template <class N, vexmath::detail::IfNumber<N> = 0>
     mgPoint_c(N) = delete; // a lone number, 0 as a null pointer included, is no point
+    explicit mgPoint_c(mg2DPoint_c const &) = delete; // it holds two doubles, not three
 
     void set(double x, double y, double z);
     void set(double const *xyz); ///< REQUIRES three readable doubles.
     void set(float const *xyz);  ///< REQUIRES three readable floats.
+    void set(mg2DPoint_c const &) = delete;
     void set_x(double x) { c_[0] = x; }
     void set_y(double y) { c_[1] = y; }
     void set_z(double z) { c_[2] = z; }
@@ -109,10 +111,17 @@ public:
     VEXMATH_API void save2D(CArchive &ar) const;
     VEXMATH_API void restore2D(CArchive &ar);
 
-    // `p + 1` would step the address of x, and `p < q` compare addresses; isLessThan orders.
-    // Friends, so that they are seen by this class's operands alone: every number and enumerator
-    // converts, if only to be refused, and would make `1 + enumerator` ambiguous elsewhere.
+    // No order by operators: `p < q` would compare addresses, and `p + 1` would step one. Use
+    // isLessThan.
+    // Friends, because only operands of this class may find them: every number and enumerator
+    // converts, if only to be refused, and `1 + enumerator` would become ambiguous elsewhere.
     friend bool operator<(mgPoint_c const &, mgPoint_c const &) = delete;
+    friend bool operator>(mgPoint_c const &, mgPoint_c const &) = delete;
+    friend bool operator<=(mgPoint_c const &, mgPoint_c const &) = delete;
+    friend bool operator>=(mgPoint_c const &, mgPoint_c const &) = delete;
+#if defined(__cpp_impl_three_way_comparison)
+    friend bool operator<=>(mgPoint_c const &, mgPoint_c const &) = delete;
+#endif
     template <class N>
     friend vexmath::detail::IfNumber<N> operator+(mgPoint_c const &, N) = delete;
     template <class N>

@@ -5,8 +5,24 @@
 #define VEXMATH_POINT2D_H
 
 #include <vexmath/export.h>
+#include <vexmath/vector.h>
 
 #include <vexmath_platform/archive.h>
+
+#include <type_traits>
+
+namespace vexmath::detail {
+
+/// An operand of an operator on addresses: a number, or what converts to the address of doubles.
+template <class T>
+inline constexpr bool kIsAddressOperand =
+    std::is_arithmetic_v<
+        T> || std::is_enum_v<T> || std::is_convertible_v<T const &, double const *>;
+
+template <class A, class B>
+using IfAddressOperands = std::enable_if_t<kIsAddressOperand<A> && kIsAddressOperand<B>, bool>;
+
+} // namespace vexmath::detail
 
 /// A point (u, v) of a parameter plane or a drawing: two doubles. u and x name the same coordinate,
 /// and so do v and y.
@@ -26,9 +42,37 @@ public:
     /// The address of u; v follows it.
     operator double *() { return c_; }
     operator double const *() const { return c_; }
+    // A planar point is no truth value, which its address would be.
+    template <class B, vexmath::detail::IfBool<B> = 0>
+    operator B() = delete;
+    template <class B, vexmath::detail::IfBool<B> = 0>
+    operator B() const = delete;
 
     /// Reads two doubles. REQUIRES a su_CArchive. A failing read leaves the point as it was.
     VEXMATH_API void restore(CArchive &ar);
+
+    // A planar point has no operators: all of these would compare, subtract or step addresses, also
+    // between a planar point and a point, a vector or a pointer.
+    template <class A, class B>
+    friend vexmath::detail::IfAddressOperands<A, B> operator==(A const &, B const &) = delete;
+    template <class A, class B>
+    friend vexmath::detail::IfAddressOperands<A, B> operator!=(A const &, B const &) = delete;
+    template <class A, class B>
+    friend vexmath::detail::IfAddressOperands<A, B> operator<(A const &, B const &) = delete;
+    template <class A, class B>
+    friend vexmath::detail::IfAddressOperands<A, B> operator>(A const &, B const &) = delete;
+    template <class A, class B>
+    friend vexmath::detail::IfAddressOperands<A, B> operator<=(A const &, B const &) = delete;
+    template <class A, class B>
+    friend vexmath::detail::IfAddressOperands<A, B> operator>=(A const &, B const &) = delete;
+#if defined(__cpp_impl_three_way_comparison)
+    template <class A, class B>
+    friend vexmath::detail::IfAddressOperands<A, B> operator<=>(A const &, B const &) = delete;
+#endif
+    template <class A, class B>
+    friend vexmath::detail::IfAddressOperands<A, B> operator+(A const &, B const &) = delete;
+    template <class A, class B>
+    friend vexmath::detail::IfAddressOperands<A, B> operator-(A const &, B const &) = delete;
 
 private:
     double c_[2] = {0.0, 0.0};

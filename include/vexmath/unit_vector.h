@@ -21,6 +21,7 @@ public:
     mgUnitVector_c(mgVector_c const &v, int flag);
     template <class N, vexmath::detail::IfNumber<N> = 0>
     mgUnitVector_c(N) = delete;
+    explicit mgUnitVector_c(mg2DPoint_c const &) = delete;
 
     VEXMATH_API static mgUnitVector_c const &xAxis();
     VEXMATH_API static mgUnitVector_c const &yAxis();

@@ -38,12 +38,14 @@ public:
     mgVector_c(double const *xyz);
     template <class N, vexmath::detail::IfNumber<N> = 0>
     mgVector_c(N) = delete; // a lone number, 0 as a null pointer included, is no vector
+    explicit mgVector_c(mg2DPoint_c const &) = delete; // it holds two doubles, not three
 
     /// The one shared zero vector.
     VEXMATH_API static mgVector_c const &nullVector();
 
     void set(double x, double y, double z);
     void set(double const *xyz); ///< REQUIRES three readable doubles.
+    void set(mg2DPoint_c const &) = delete;
     void set_x(double x) { c_[0] = x; }
     void set_y(double y) { c_[1] = y; }
     void set_z(double z) { c_[2] = z; }
@@ -55,6 +57,7 @@ public:
     double component(int i) const { return c_[i]; }
     void get(double *xyz) const;
     void get(float *xyz) const; ///< each component rounded to single precision
+    void get(mg2DPoint_c &) const = delete;
     /// The address of x; y and z follow it.
     operator double *() { return c_; }
     operator double const *() const { return c_; }
@@ -114,10 +117,16 @@ public:
     /// Reads three doubles. REQUIRES a su_CArchive. A failing read leaves the vector as it was.
     VEXMATH_API void restore(CArchive &ar);
 
-    // `v + 1` would step the address of x, and `v < w` compare addresses.
-    // Friends, so that they are seen by this class's operands alone: every number and enumerator
-    // converts, if only to be refused, and would make `1 + enumerator` ambiguous elsewhere.
+    // Vectors have no order: `v < w` would compare addresses, and `v + 1` would step one.
+    // Friends, because only operands of this class may find them: every number and enumerator
+    // converts, if only to be refused, and `1 + enumerator` would become ambiguous elsewhere.
     friend bool operator<(mgVector_c const &, mgVector_c const &) = delete;
+    friend bool operator>(mgVector_c const &, mgVector_c const &) = delete;
+    friend bool operator<=(mgVector_c const &, mgVector_c const &) = delete;
+    friend bool operator>=(mgVector_c const &, mgVector_c const &) = delete;
+#if defined(__cpp_impl_three_way_comparison)
+    friend bool operator<=>(mgVector_c const &, mgVector_c const &) = delete;
+#endif
     template <class N>
     friend vexmath::detail::IfNumber<N> operator+(mgVector_c const &, N) = delete;
     template <class N>

@@ -17,6 +17,7 @@ public:
     mgVector4_c(double const *xyzw) : xyzw_{xyzw[0], xyzw[1], xyzw[2], xyzw[3]} {}
     template <class N, vexmath::detail::IfNumber<N> = 0>
     mgVector4_c(N) = delete;
+    explicit mgVector4_c(mg2DPoint_c const &) = delete;
 
     /// 0 to 3 for x, y, z, w. REQUIRES an index in that range.
     double &operator[](int i) { return xyzw_[i]; }
