@@ -4,9 +4,9 @@
 #ifndef VEXMATH_EXPORT_H
 #define VEXMATH_EXPORT_H
 
-/// Marks what the shared library exports. It stands on each out-of-line public function, and on a
-/// class only when the class is polymorphic, so that its virtual table and run-time type leave the
-/// library too. A function without it is inline, or private to the library.
+/// Marks what the shared library exports: each out-of-line public function, and each polymorphic
+/// class, whose virtual table and run-time type must be exported too. A function without the mark
+/// is inline or private to the library.
 #if defined(VEXMATH_STATIC)
 #define VEXMATH_API
 #elif defined(_WIN32)
@@ -19,18 +19,18 @@
 #define VEXMATH_API __attribute__((visibility("default")))
 #endif
 
-/// Marks a function that reads and returns, and does nothing else. A loop that may come to its call
-/// still keeps in registers what it knows. Not inlined: a call that is rarely made stays behind the
-/// test that avoids it, where a compiler would rather run all tests at once.
+/// Marks a function without side effects, so that a loop which may call it keeps its values in
+/// registers. It is not inlined: a rare call then stays behind the test that avoids it, where a
+/// compiler would otherwise evaluate all tests at once.
 #if defined(__GNUC__)
 #define VEXMATH_PURE __attribute__((pure, noinline))
 #else
 #define VEXMATH_PURE
 #endif
 
-/// Marks a polymorphic class template whose instances several modules share: the virtual table and
-/// run-time type that each module emits for an instance must become one. Windows compares run-time
-/// types by name and needs no mark.
+/// Marks a polymorphic class template whose instances several modules share. Each module emits the
+/// virtual table and run-time type of an instance, and the linker must merge them. Windows compares
+/// run-time types by name and needs no mark.
 #if defined(_WIN32)
 #define VEXMATH_SHARED_TEMPLATE
 #else

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Every class and record of the library, declared and not defined.
+// Forward declarations of every class and record of the library.
 
 #ifndef VEXMATH_FORWARD_H
 #define VEXMATH_FORWARD_H

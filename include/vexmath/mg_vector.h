@@ -7,14 +7,21 @@
 #include <vexmath/point.h>
 #include <vexmath/unit_vector.h>
 
-/// Brings a periodic parameter into one period.
+/// Brings a periodic parameter into one period. REQUIRES param not null.
 ///
-/// Without an end (null) the parameter ends in [0, period], and a positive multiple of the period,
-/// or what lies less than 1e-11 above one, becomes the period and not 0. With an end, *param starts
-/// an interval: it ends in [0, period), snapping to 0 within 1e-11 of the period, and *endParam
-/// follows it at the old distance, clipped to one period. A negative parameter is lifted only when
-/// the period is at least 1e-14. NaN, or an infinite parameter, gives NaN. Never loops without
-/// progress.
+/// Without endParam (null), *param ends in [0, period]. A positive multiple of the period, or a
+/// value strictly less than 1e-11 above one, becomes the period and not 0. 0 stays 0. A
+/// negative multiple becomes 0, or by rounding the period.
+///
+/// With endParam, *param starts an interval and *endParam ends it. *param ends in [0, period); it
+/// becomes 0 when it is at most 1e-11 below the period. *endParam becomes *param plus the old
+/// difference of the two, or plus the period when the difference was larger. A negative difference
+/// stays as it was.
+///
+/// Periods are added one by one to a negative parameter, or, from more than 1e6 periods below zero,
+/// by one remainder; a period below 1e-14 or a negative one is not added, and the parameter keeps
+/// its sign. Both values become NaN when the period is 0 or NaN, when the parameter is NaN or
+/// infinite, and when the parameter is negative and the period +infinity.
 VEXMATH_API void mg_PutParamInRange(double *param, double period, double *endParam);
 /// The same with the period 2 pi (the double nearest to it).
 VEXMATH_API void mg_PutAngleInRange(double *angle, double *endAngle);
@@ -23,33 +30,40 @@ VEXMATH_API void mg_PutAngleInRange(double *angle, double *endAngle);
 double vol(mgVector_c const &a, mgVector_c const &b, mgVector_c const &c);
 /// a + t (b - a); t is not clamped.
 mgPoint_c interpolate(double t, mgPoint_c const &a, mgPoint_c const &b);
-double sqDist(mgPoint_c const &a, mgPoint_c const &b);
-double dist(mgPoint_c const &a, mgPoint_c const &b);
+double sqDist(mgPoint_c const &a, mgPoint_c const &b); ///< squared distance of a and b
+double dist(mgPoint_c const &a, mgPoint_c const &b);   ///< distance of a and b
 
-/// The direction of v. Goes by the squared length, (0, 0, 0) strictly below 1e-17, and so accepts
-/// shorter vectors than `mgVector_c::normalise`: (5e-09, 0, 0) gives the x axis here and is refused
-/// there.
+/// The direction of v, as the constructors of `mgUnitVector_c` make it: (0, 0, 0) when the squared
+/// length is strictly below 1e-17. `mgVector_c::normalise` refuses longer vectors: (5e-09, 0, 0)
+/// gives the x axis here and 0 there.
 mgUnitVector_c mg_Normalise(mgVector_c const &v);
 
-/// Completes n to a right-handed frame (u, v, n); u is near the coordinate axis along which n is
-/// shortest. REQUIRES n of unit length: u is exactly
-/// perpendicular only then. The outputs may alias n.
+/// Completes n to a right-handed frame (u, v, n). u is the part perpendicular to n of a coordinate
+/// axis, normalised, and v is n x u, normalised. The axis is x when |n.x| is strictly smaller than
+/// both others, else z when |n.z| <= |n.y|, else y. REQUIRES n of unit length: only then is u
+/// perpendicular to it. A zero n gives the z axis and (0, 0, 0). Each output may alias n.
 VEXMATH_API void mg_getBasis(mgVector_c const &n, mgUnitVector_c &u, mgUnitVector_c &v);
 
-/// Angle in radians between two vectors, in [0, pi]; 0 when either is exactly zero.
+// Angles in radians. NaN gives NaN. When the product of the two lengths lies outside about 1e-160
+// to 1e154, the angle can be wrong or NaN. Only mg_getAngleFromVectors tests for null vectors.
+
+/// The angle between two vectors in [0, pi]: atan2(|a x b|, a . b). 0 when either is exactly zero.
 VEXMATH_API double mg_AngleBetween(mgVector_c const &a, mgVector_c const &b);
-/// Angle from a to b counter-clockwise about ref, in [0, 2 pi) up to rounding.
+/// The angle from a to b counter-clockwise about ref: the angle between them, or 6.2831853071796
+/// minus it when (a x b) . ref < 0. It reaches 6.2831853071796 by rounding.
 VEXMATH_API double mg_AngleBetween(mgVector_c const &a, mgVector_c const &b, mgVector_c const &ref);
-/// Angle from a to b counter-clockwise about z, in [0, 2 pi) up to rounding. The cosine side uses
-/// all three components.
+/// The angle from a to b counter-clockwise about z: atan2((a x b).z, a . b), plus 6.2831853071796
+/// when that is negative. The dot product includes z, so the angle is right only for vectors
+/// with z = 0. It reaches 6.2831853071796 by rounding.
 VEXMATH_API double mg_AngleBetween2d(mgVector_c const &a, mgVector_c const &b);
-/// Signed planar angle from a to b in [-pi, pi] (-pi by the sign of a zero alone) when both lie in
-/// the plane z = 0 (within 1e-08, bound included) and force3d is 0; otherwise the angle between
-/// them in [0, pi], never negative. 0 when either is null. The double is accepted and plays no
-/// part.
+/// When force3d is 0 and |z| of both is at most 1e-08: the signed angle from a to b in the plane,
+/// atan2(a.x b.y - a.y b.x, a.x b.x + a.y b.y), in [-pi, pi]; opposite vectors can give either end.
+/// Otherwise the angle between them in [0, pi], never negative. 0 when either is null. The double
+/// is ignored.
 VEXMATH_API double mg_getAngleFromVectors(mgVector_c const &a, mgVector_c const &b, double unused,
                                           int force3d);
-/// Derivative of v/|v| when v changes by dv; the zero vector when |v| < 1e-08.
+/// The derivative of v/|v| when v changes by dv. The zero vector when |v| is strictly below 1e-08.
+/// From |v| of about 5e102 on |v|^3 overflows, and the part of dv along v is not removed.
 VEXMATH_API mgVector_c mgUnitVectorDer(mgVector_c const &v, mgVector_c const &dv);
 
 // -------------------------------------------------------------------------------------------------

@@ -11,9 +11,11 @@
 
 #include <cstdint>
 
-/// A point of three doubles in model units: a plain, trivially copyable value of 24 bytes, with the
-/// storage of `mgVector_c`. Points and vectors convert into each other freely; they differ in what
-/// a transform does to them, and point - point is a vector.
+/// A point of three doubles in model units: a plain, trivially copyable value of 24 bytes.
+///
+/// `mgVector_c` has the same storage, and each of the two converts into the other implicitly. A
+/// transform moves points; it only rotates and scales vectors. Arithmetic passes NaN and infinity
+/// on unchecked.
 class mgPoint_c {
 public:
     constexpr mgPoint_c() = default; ///< (0, 0, 0)
@@ -22,7 +24,7 @@ public:
     /// REQUIRES three readable doubles.
     mgPoint_c(double const *xyz);
     template <class N, vexmath::detail::IfNumber<N> = 0>
-    mgPoint_c(N) = delete; // a lone number, 0 as a null pointer included, is no point
+    mgPoint_c(N) = delete; // a lone number, also 0 as a null pointer, is not a point
     explicit mgPoint_c(mg2DPoint_c const &) = delete; // it holds two doubles, not three
 
     void set(double x, double y, double z);
@@ -39,7 +41,7 @@ public:
     /// The address of x; y and z follow it.
     operator double *() { return c_; }
     operator double const *() const { return c_; }
-    // A point is no truth value, which its address would be.
+    // Not a truth value: its address would always be true.
     template <class B, vexmath::detail::IfBool<B> = 0>
     operator B() = delete;
     template <class B, vexmath::detail::IfBool<B> = 0>
@@ -47,65 +49,93 @@ public:
 
     mgPoint_c &operator+=(mgVector_c const &v);
     mgPoint_c &operator-=(mgVector_c const &v);
-    /// Moved by the transform, through its perspective division when it holds a record. Body in
-    /// xform.h.
+    /// Moves this point by rotation, scale and translation, and through the perspective division
+    /// when x holds a record. The scale is applied only when it differs from 1 by strictly more
+    /// than 1e-08. Body in xform.h.
     inline mgPoint_c &operator*=(mgXform_c const &x);
 
-    // Back from screen to model space: each moves this screen point and also returns it. A view
-    // without a perspective record is simply inverted.
+    // From screen to model space. Each function moves this point, a screen point, and also returns
+    // its new value. A view without a perspective record has no near clip plane: the first two
+    // functions then apply the inverse of a copy of the view (xform.h has the copy rules), and the
+    // line of sight of the other two is the one that `mg_getModelSpaceViewRay` gives.
 
-    /// To the model point on the near clip plane that is seen here.
+    /// The model point on the near clip plane that is seen at this point's x and y. This point's z
+    /// is ignored. For a perspective camera with a plane distance of 0 the result is the eye.
     VEXMATH_API mgPoint_c xformByPerspInverse(mgXform_c const &view);
-    /// To the model point that is seen here at this point's depth, or on the near clip plane when
-    /// that is deeper.
+    /// The model point that is seen here at this point's depth, or on the near clip plane when this
+    /// point's z is below that plane's. An iso plane distance of 0 gives NaN or infinity, except
+    /// for an orthographic camera.
     VEXMATH_API mgPoint_c xformByPerspInverseVisible(mgXform_c const &view);
-    /// To where the line of sight meets the plane. When it does not: to where the line
-    /// of sight begins.
+    /// The point where the line of sight meets the plane, in front of `rayPoint` of
+    /// `mg_getModelSpaceViewRay` or behind it. The result is `rayPoint` when the line of sight is
+    /// parallel to the plane: when |cos| of direction and normal is strictly below 1e-08.
     VEXMATH_API mgPoint_c xformByPerspInversePlane(mgXform_c const &view, mgPlane_c const &plane);
-    /// To the point of the line of sight that is nearest to the line. When they are parallel: to
-    /// where the line of sight begins.
+    /// The point of the line of sight that is nearest to the line, in front of `rayPoint` or behind
+    /// it. The result is `rayPoint` when the two are parallel: when 1 - |cos| of the directions is
+    /// strictly below 1e-08.
     VEXMATH_API mgPoint_c xformByPerspInverseLine(mgXform_c const &view, mgLine_c const &line);
 
-    /// 1 when each coordinate differs by strictly less than tol; a negative tol means 1e-08.
+    /// 1 when each coordinate differs by strictly less than tol, so 0 for a tol of 0 or NaN. A
+    /// negative tol means 1e-08. A NaN difference gives 0.
     int isSame(mgPoint_c const &p, double tol = -1.0) const;
-    /// 1 when the difference is null. The tolerance is accepted and plays no part: always 1e-08.
+    /// `isSame` with a tolerance of 1e-08. The argument tol is ignored.
     int isSame2(mgPoint_c const &p, double tol = -1.0) const;
-    /// Lexicographic order over x, y, z in which coordinates within tol count as equal; a negative
-    /// tol means 1e-08. Not transitive across the tolerance.
+    /// Lexicographic order by x, then y, then z: 1 when this point is less in the first coordinate
+    /// that differs by strictly more than tol, else 0. A NaN difference counts as equal. A
+    /// negative tol means 1e-08. The order is not transitive across the tolerance.
     int isLessThan(mgPoint_c const &p, double tol = -1.0) const;
 
-    /// Parameter of this point on the line from a (0) to b (1), read off the coordinate along which
-    /// the line is longest (x before y before z on ties). REQUIRES a and b to differ.
+    /// The parameter of this point on the line from a (0) to b (1), not clamped. It is computed
+    /// from one coordinate: the one in which a and b differ most, x before y before z on a tie.
+    /// Equal a and b give infinity or NaN. NaN in y or z of a or b leaves that coordinate out, and
+    /// NaN in x gives NaN.
     VEXMATH_API double getParamOnLine(mgPoint_c const &a, mgPoint_c const &b) const;
-    /// The mirror image in the plane through p with unit normal n.
+    /// The mirror image in the plane through p with normal n. REQUIRES n of unit length.
     VEXMATH_API mgPoint_c mirror(mgPoint_c const &p, mgVector_c const &n) const;
-    /// Distance to the whole line through root along unitDir, whose parameter goes to *param when
-    /// given. REQUIRES unitDir of unit length: it is used as it is.
+    /// The distance to the whole line through root along unitDir, on both sides of root. *param,
+    /// unless null, becomes the signed distance of the foot from root along unitDir. REQUIRES
+    /// unitDir of unit length, and param not to point into unitDir: unitDir is read after *param is
+    /// written.
     VEXMATH_API double distToRay(mgPoint_c const &root, mgVector_c const &unitDir,
                                  double *param = nullptr) const;
-    /// Distance to the whole line through a and b; parameter (0 at a, 1 at b) and foot on request.
-    /// When a and b are closer than 1e-08: the distance to a, parameter 0, foot a.
+    /// The distance to the whole line through a and b. *param, unless null, becomes the parameter
+    /// of the foot: 0 at a, 1 at b, not clamped. *foot, unless null, becomes the foot; it may be
+    /// any of the three points. When the distance from a to b is strictly below 1e-08, the result
+    /// is the distance to a, with parameter 0 and foot a.
     VEXMATH_API double distToLine(mgPoint_c const &a, mgPoint_c const &b, double *param = nullptr,
                                   mgPoint_c *foot = nullptr) const;
-    /// Are three points collinear (1), and a plane through them: a point and a normal, which is not
-    /// normalised when they are not collinear. Equal points count as collinear; all three equal
-    /// give a zero normal, and pts[1] equal to only pts[2] leaves `normal` as it was.
+    /// Returns 1 when the three points are collinear, which includes equal points, and otherwise 0.
+    /// `point` becomes pts[0]; it may be one of the three.
+    ///
+    /// When they are not collinear, `normal` becomes the cross product (pts[2] - pts[0]) x
+    /// (pts[1] - pts[0]), not normalised. Points count as collinear when every component of that
+    /// product is strictly below 1e-08 in absolute value, or when two of them are equal by ==;
+    /// `normal` is then a unit vector perpendicular to their line, with two exceptions. When pts[0]
+    /// equals both others, `normal` becomes (0, 0, 0). When only pts[1] and pts[2] are equal,
+    /// `normal` stays unwritten. Comparisons with NaN fail: one NaN point makes the result 0 and
+    /// `normal` NaN, unless the two others are equal.
     VEXMATH_API static int checkCollinear(mgPoint_c const pts[3], mgPoint_c &point,
                                           mgVector_c &normal);
 
-    /// The segments p1-p2 and p3-p4 that draw a plus at this point, in the plane z = 0 whatever
-    /// this point's z. Arms point away from the origin with 4 sizes and towards it with 3.
+    // Markers: the ends of the segments p1-p2 and p3-p4, all with z = 0. The arms are 3 sizes long
+    // towards the origin and 4 sizes away from it. Let sx be -1 for x < 0 and else 1, sy likewise,
+    // a = 3 * size, b = 4 * size. An output may be this point.
+
+    /// A plus: (x - sx a, y) to (x + sx b, y), and (x, y - sy a) to (x, y + sy b).
     VEXMATH_API void getPLUSrep(mgPoint_c &p1, mgPoint_c &p2, mgPoint_c &p3, mgPoint_c &p4,
                                 double size) const;
-    /// The same for a cross.
+    /// A cross: (x - sx a, y - sy a) to (x + sx b, y + sy b), and (x + sx a, y - sy a) to
+    /// (x - sx b, y + sy b).
     VEXMATH_API void getXrep(mgPoint_c &p1, mgPoint_c &p2, mgPoint_c &p3, mgPoint_c &p4,
                              double size) const;
 
-    /// Writes "(x,y,z)" with four decimals each, in three pieces, without a line end.
+    /// Writes "(x,y,z)" with four decimals each, in three pieces, without a line end. The decimal
+    /// point is that of the process's numeric locale.
     VEXMATH_API void Dump(CDumpContext &dc) const;
 
-    // Archive records for callers that hold a CArchive, which must be a su_CArchive: three doubles,
-    // or x and y alone (reading that form sets z to 0). A failing read leaves the point as it was.
+    // Archive records for callers that hold a CArchive, which must be a su_CArchive: x, y, z as
+    // three doubles; the 2D form has x and y alone, and reading it sets z to 0. When the archive
+    // throws while reading, the point stays as it was.
     VEXMATH_API void save(CArchive &ar) const;
     VEXMATH_API void restore(CArchive &ar);
     VEXMATH_API void save2D(CArchive &ar) const;
@@ -114,7 +144,7 @@ public:
     // No order by operators: `p < q` would compare addresses, and `p + 1` would step one. Use
     // isLessThan.
     // Friends, because only operands of this class may find them: every number and enumerator
-    // converts, if only to be refused, and `1 + enumerator` would become ambiguous elsewhere.
+    // converts, even though only to be refused, and `1 + enumerator` elsewhere would be ambiguous.
     friend bool operator<(mgPoint_c const &, mgPoint_c const &) = delete;
     friend bool operator>(mgPoint_c const &, mgPoint_c const &) = delete;
     friend bool operator<=(mgPoint_c const &, mgPoint_c const &) = delete;
@@ -133,8 +163,10 @@ private:
     double c_[3] = {0.0, 0.0, 0.0};
 };
 
-// Point and vector arithmetic. Because points and vectors convert both ways, every mixture has its
-// own overload with the plain meaning.
+// Point and vector arithmetic. The result's type is that of the first operand, but point - point
+// is a vector and vector + point a point. Each mixture has an overload of its own, because the two
+// types convert both ways. The operators of vector.h accept points as well and give vectors:
+// 2.0 * p, p / 2.0, -p, and p * q, a cross product.
 mgPoint_c operator+(mgPoint_c const &p, mgVector_c const &v);
 mgPoint_c operator+(mgVector_c const &v, mgPoint_c const &p);
 mgPoint_c operator+(mgPoint_c const &p, mgPoint_c const &q);
@@ -145,21 +177,27 @@ double operator%(mgPoint_c const &p, mgVector_c const &v);
 double operator%(mgVector_c const &v, mgPoint_c const &p);
 double operator%(mgPoint_c const &p, mgPoint_c const &q);
 
-/// 1 when every coordinate differs by strictly less than 1e-08.
+/// 1 when every coordinate differs by strictly less than 1e-08. Else 0, also when a difference is
+/// NaN: a NaN coordinate, or the same infinite coordinate in both.
 int operator==(mgPoint_c const &p, mgPoint_c const &q);
 int operator==(mgPoint_c const &p, mgVector_c const &v);
 int operator==(mgVector_c const &v, mgPoint_c const &p);
-/// 1 when some coordinate differs by strictly more than 1e-08. Not the negation of ==: at a
-/// difference of exactly 1e-08 both are 0.
+// QUIRK: point.h, operator!=: at a difference of exactly 1e-08 both == and != give 0. Expected: the
+// negation of ==. Kept: callers and stored data depend on it.
+// (test: EqualAndUnequalAreBothFalseOnTheBound)
+/// 1 when some coordinate differs by strictly more than 1e-08. A NaN difference is not more. This
+/// is not the negation of ==: at a difference of exactly 1e-08, and with NaN, both can be 0.
 int operator!=(mgPoint_c const &p, mgPoint_c const &q);
 int operator!=(mgPoint_c const &p, mgVector_c const &v);
 int operator!=(mgVector_c const &v, mgPoint_c const &p);
 
-/// Archive record of a point: x, y, z as three doubles. A failing read leaves p as it was.
+/// Archive record of a point: x, y, z as three doubles. When the archive throws while reading, p
+/// stays as it was.
 VEXMATH_API su_CArchive &operator<<(su_CArchive &ar, mgPoint_c &p);
 VEXMATH_API su_CArchive &operator>>(su_CArchive &ar, mgPoint_c &p);
 
-/// The point of the application interface: the storage of `mgPoint_c`, a type of its own.
+/// The point of the application interface. It has the storage of `mgPoint_c` and converts neither
+/// to nor from it.
 class gcMdiPoint_c {
 public:
     constexpr gcMdiPoint_c() = default; ///< (0, 0, 0)
@@ -171,16 +209,18 @@ public:
     double x() const { return x_; }
     double y() const { return y_; }
     double z() const { return z_; }
-    void zero() { *this = {}; }
+    void zero() { *this = {}; } ///< sets (0, 0, 0)
 
+    /// The distance from the origin.
     double magnitude() const { return mgVector_c(x_, y_, z_).len(); }
 
     gcMdiPoint_c &operator+=(gcMdiPoint_c const &p);
     gcMdiPoint_c &operator-=(gcMdiPoint_c const &p);
     gcMdiPoint_c &operator*=(double s);
-    // QUIRK: no guard, so that dividing by 0 gives infinities, where vector / d gives the zero
-    // vector for a tiny d. The application interface tells an overflow from a zero by it.
+    // QUIRK: point.h, gcMdiPoint_c::operator/=: division by 0 gives infinities and NaN. Expected:
+    // (0, 0, 0), as for vector / d. Kept: callers and stored data depend on it.
     // (test: ApplicationPointDividesWithoutGuard)
+    /// Divides each coordinate by d, whatever d is: 0 gives infinities and NaN.
     gcMdiPoint_c &operator/=(double d);
 
 private:
@@ -226,8 +266,9 @@ inline int mgPoint_c::isSame(mgPoint_c const &p, double tol) const {
 }
 
 inline int mgPoint_c::isSame2(mgPoint_c const &p, double /*tol*/) const {
-    // QUIRK: a caller would expect its tolerance to count. Sketch clean-up passes loose ones and
-    // relies on the fixed 1e-08. (test: SecondComparisonIgnoresItsTolerance)
+    // QUIRK: point.h, mgPoint_c::isSame2: the tolerance is ignored, 1e-08 applies. Expected: the
+    // caller's tolerance. Kept: callers and stored data depend on it.
+    // (test: SecondComparisonIgnoresItsTolerance)
     return mgVector_c(c_[0] - p.c_[0], c_[1] - p.c_[1], c_[2] - p.c_[2]).isNull();
 }
 
@@ -297,9 +338,10 @@ inline gcMdiPoint_c &gcMdiPoint_c::operator/=(double d) { return *this = {x_ / d
 
 namespace vexmath::detail {
 
-/// Asks early for memory that a loop over a list reaches soon: 64 points past p, and so many bytes
-/// more. Lists that exceed the cache are read two to three times as fast. Nothing is read, so p
-/// need be in no list; the address is a number, since no pointer may point there.
+/// Prefetches memory that a loop over a list reaches soon: the given number of bytes beyond 64
+/// points after p. Lists that exceed the cache are read two to three times as fast. Nothing is
+/// read, so the address need not lie in the list; it is a number, because no pointer may point
+/// there.
 inline void prefetchAhead([[maybe_unused]] mgPoint_c const *p,
                           [[maybe_unused]] std::uintptr_t bytes) {
 #if defined(__GNUC__)

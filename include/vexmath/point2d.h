@@ -13,7 +13,7 @@
 
 namespace vexmath::detail {
 
-/// An operand of an operator on addresses: a number, or what converts to the address of doubles.
+/// Could T be an operand of an operator on addresses: a number, or what converts to an address?
 template <class T>
 inline constexpr bool kIsAddressOperand =
     std::is_arithmetic_v<
@@ -25,7 +25,7 @@ using IfAddressOperands = std::enable_if_t<kIsAddressOperand<A> && kIsAddressOpe
 } // namespace vexmath::detail
 
 /// A point (u, v) of a parameter plane or a drawing: two doubles. u and x name the same coordinate,
-/// and so do v and y.
+/// and so do v and y. It has no comparison and no arithmetic.
 class mg2DPoint_c {
 public:
     constexpr mg2DPoint_c() = default; ///< (0, 0)
@@ -42,13 +42,14 @@ public:
     /// The address of u; v follows it.
     operator double *() { return c_; }
     operator double const *() const { return c_; }
-    // A planar point is no truth value, which its address would be.
+    // Not a truth value: its address would always be true.
     template <class B, vexmath::detail::IfBool<B> = 0>
     operator B() = delete;
     template <class B, vexmath::detail::IfBool<B> = 0>
     operator B() const = delete;
 
-    /// Reads two doubles. REQUIRES a su_CArchive. A failing read leaves the point as it was.
+    /// Reads u and v as two doubles. REQUIRES ar to be a su_CArchive. When the archive throws, the
+    /// point stays as it was.
     VEXMATH_API void restore(CArchive &ar);
 
     // A planar point has no operators: all of these would compare, subtract or step addresses, also
@@ -78,12 +79,12 @@ private:
     double c_[2] = {0.0, 0.0};
 };
 
-/// A point of a tessellation that the display code takes: three floats, (0, 0, 0) by default.
+/// A tessellation point for display code: three floats.
 class mgTessPoint2D_c {
 public:
-    constexpr mgTessPoint2D_c() = default;
+    constexpr mgTessPoint2D_c() = default; ///< (0, 0, 0)
     constexpr mgTessPoint2D_c(float px, float py, float pz) : x(px), y(py), z(pz) {}
-    /// Each rounded to single precision.
+    /// Each coordinate rounded to single precision, infinite beyond its range.
     constexpr mgTessPoint2D_c(double px, double py, double pz)
         : x(static_cast<float>(px)), y(static_cast<float>(py)), z(static_cast<float>(pz)) {}
 

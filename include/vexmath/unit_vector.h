@@ -6,43 +6,52 @@
 
 #include <vexmath/vector.h>
 
-/// A direction: a vector of length 1 within rounding, or exactly (0, 0, 0), which stands for "no
-/// direction" and is what every construction from a vector shorter than about 3.2e-09 gives. There
-/// is no flag and no error; who needs a direction asks `isNull()`.
+/// A direction: a vector of length 1 within rounding, or exactly (0, 0, 0) for "no direction".
 ///
-/// The inherited setters store what they are given, without normalising.
+/// Each constructor with arguments normalises. It gives (0, 0, 0) when the squared length is
+/// strictly below 1e-17 (a length of about 3.2e-09), is NaN, or overflows (a length of about
+/// 1.3e154). An infinite component, if none is NaN, becomes NaN. No flag and no error reports this:
+/// use `isNull()`.
+///
+/// What `mgVector_c` inherits to this class stores its result without normalising: the setters,
+/// `+=`, `-=`, and access by pointer.
 class mgUnitVector_c : public mgVector_c {
 public:
     constexpr mgUnitVector_c() = default; ///< (0, 0, 0), no direction
     mgUnitVector_c(double x, double y, double z);
     /// REQUIRES three readable doubles.
     mgUnitVector_c(double const *xyz);
-    /// The flag is accepted and plays no part: the result is normalised either way.
+    /// The direction of v. The flag is ignored; it only prevents an implicit conversion from vector
+    /// to direction.
     mgUnitVector_c(mgVector_c const &v, int flag);
     template <class N, vexmath::detail::IfNumber<N> = 0>
     mgUnitVector_c(N) = delete;
     explicit mgUnitVector_c(mg2DPoint_c const &) = delete;
 
+    // The shared constants (1, 0, 0), (0, 1, 0) and (0, 0, 1).
     VEXMATH_API static mgUnitVector_c const &xAxis();
     VEXMATH_API static mgUnitVector_c const &yAxis();
     VEXMATH_API static mgUnitVector_c const &zAxis();
 
-    /// A new direction of the closed positive octant, to be freed with `delete` by the caller; null
-    /// when memory is exhausted. Reseeds the C library's generator with the calendar time: calls
+    /// A new random direction with no negative component. The caller frees it with `delete`. Null
+    /// when memory is exhausted. Each call seeds `std::rand` with the calendar time, so calls
     /// within one second return the same direction.
     VEXMATH_API static mgUnitVector_c *random();
 
-    /// 1 when every component differs by strictly less than tol; a negative tol gives 0.
+    /// 1 when every component differs by strictly less than tol. A tol of 0, below 0 or NaN gives
+    /// 0.
     int isEqual(mgUnitVector_c const &u, double tol) const;
-    /// 1 when neither is null and the cosine is strictly above 1 - tol.
+    /// 1 when neither is null and the dot product is strictly above 1 - tol. A tol of 0 accepts
+    /// nothing, unless rounding lifts the dot product above 1. NaN gives 0.
     int isSameDirectionUpToTol(mgUnitVector_c const &u, double tol) const;
 
-    /// Turned only, then normalised again; unchanged when the transform is flagged as not rotating.
-    /// Body in xform.h.
+    /// Rotates this direction, then normalises again. Scale and translation are ignored. It stays
+    /// unchanged when the rotation is flagged as the identity, whatever its elements. Body in
+    /// xform.h.
     inline mgUnitVector_c &operator*=(mgXform_c const &x);
 };
 
-/// The opposite direction, normalised again.
+/// The opposite direction, normalised again: last bits may differ from those of u.
 mgUnitVector_c operator-(mgUnitVector_c const &u);
 
 // -------------------------------------------------------------------------------------------------

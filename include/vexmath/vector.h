@@ -25,10 +25,12 @@ using IfBool = std::enable_if_t<std::is_same_v<B, bool>, int>;
 
 /// A vector of three doubles in model units: a plain, trivially copyable value of 24 bytes.
 ///
-/// Shares its storage, but no conversion of meaning, with `mgPoint_c`: a transform moves points and
-/// only turns and scales vectors. "Null" means every component strictly below 1e-08 in absolute
-/// value, tested component by component and not by length; NaN is not null. Nothing checks for NaN
-/// or infinity.
+/// `mgPoint_c` has the same storage, and each of the two converts into the other implicitly. A
+/// transform moves points; it only rotates and scales vectors.
+///
+/// "Null" means that every component is strictly below 1e-08 in absolute value. The test is by
+/// component, not by length; NaN is not null. Arithmetic passes NaN and infinity on unchecked.
+/// Squared lengths overflow to infinity from lengths of about 1.3e154 on.
 class mgVector_c {
 public:
     constexpr mgVector_c() = default; ///< (0, 0, 0)
@@ -37,10 +39,10 @@ public:
     /// REQUIRES three readable doubles.
     mgVector_c(double const *xyz);
     template <class N, vexmath::detail::IfNumber<N> = 0>
-    mgVector_c(N) = delete; // a lone number, 0 as a null pointer included, is no vector
+    mgVector_c(N) = delete; // a lone number, also 0 as a null pointer, is not a vector
     explicit mgVector_c(mg2DPoint_c const &) = delete; // it holds two doubles, not three
 
-    /// The one shared zero vector.
+    /// The shared constant (0, 0, 0).
     VEXMATH_API static mgVector_c const &nullVector();
 
     void set(double x, double y, double z);
@@ -55,71 +57,99 @@ public:
     double z() const { return c_[2]; }
     /// 0, 1, 2 for x, y, z. REQUIRES an index in that range.
     double component(int i) const { return c_[i]; }
-    void get(double *xyz) const;
-    void get(float *xyz) const; ///< each component rounded to single precision
+    void get(double *xyz) const; ///< REQUIRES three writable doubles.
+    /// Each component rounded to single precision, infinite beyond its range. REQUIRES three
+    /// writable floats.
+    void get(float *xyz) const;
     void get(mg2DPoint_c &) const = delete;
     /// The address of x; y and z follow it.
     operator double *() { return c_; }
     operator double const *() const { return c_; }
-    // A vector is no truth value, which its address would be: ask isNull()
+    // Not a truth value: its address would always be true. Use isNull().
     template <class B, vexmath::detail::IfBool<B> = 0>
     operator B() = delete;
     template <class B, vexmath::detail::IfBool<B> = 0>
     operator B() const = delete;
 
-    double len() const;
-    double sqlen() const; ///< x*x + y*y + z*z, in this order
-    int null() const;     ///< 1 only for exactly (0, 0, 0), of either sign
-    int isNull() const;
-    int isNotNull() const { return !isNull(); }
+    double len() const;   ///< the square root of `sqlen`
+    double sqlen() const; ///< x*x + y*y + z*z, summed in this order
+    int null() const;     ///< 1 when every component is exactly 0.0 or -0.0
+    int isNull() const;   ///< 1 when every component is strictly below 1e-08 in absolute value
+    int isNotNull() const { return !isNull(); } ///< also 1 with a NaN component
 
     mgVector_c &operator+=(mgVector_c const &v);
     mgVector_c &operator-=(mgVector_c const &v);
     mgVector_c &operator*=(double s);
-    /// Turned and scaled, never translated; an exactly zero vector stays as it is. Body in xform.h.
+    /// Rotates and scales this vector; the rest of x is ignored. The scale is applied only when
+    /// it differs from 1 by strictly more than 1e-08. An exactly zero vector stays unchanged. Body
+    /// in xform.h.
     inline mgVector_c &operator*=(mgXform_c const &x);
     void flip(); ///< negates every component
 
-    /// Scales to unit length and returns 1; leaves a null vector unchanged and returns 0. It
-    /// refuses more than `mg_Normalise`, which goes by the length: see there.
+    /// Scales this vector to unit length and returns 1. A null vector stays unchanged and gives 0.
+    /// `mg_Normalise` tests the squared length instead and accepts shorter vectors. When the
+    /// squared length overflows or is NaN, the vector becomes (0, 0, 0), except that an infinite
+    /// component becomes NaN when no component is NaN; the result is still 1.
     int normalise();
 
-    // Directions. Every predicate gives 0 when either vector is null. The tests whose name has no
-    // tolerance compare unit vectors against fixed bounds of about 0.008 degrees.
+    // Directions. The predicates return 1 or 0, and 0 when either vector is null. In the bounds
+    // below, cos is the dot product of the two unit vectors that `mg_Normalise` makes. A vector
+    // with a NaN component or an overflowing square has the unit vector (0, 0, 0), and cos is 0. A
+    // vector with an infinite component and none NaN makes cos NaN, which fails every test.
 
-    /// Parallel or anti-parallel: ||cos| - 1| < 1e-08.
+    /// Parallel or anti-parallel: ||cos| - 1| < 1e-08, which is about 0.0081 degrees.
     VEXMATH_API int isParallelTo(mgVector_c const &v) const;
-    /// |cos| > cos(tolDeg), strict; tolDeg in degrees, below 1e-08 the fixed bound applies. A
-    /// tolerance so small that its cosine rounds to 1 refuses even a vector and itself.
+    /// Parallel or anti-parallel within tolDeg degrees: |cos| > cos(tolDeg), strict. A tolDeg below
+    /// 1e-08 gives the result of `isParallelTo(v)`. From there to about 1.2e-06 degrees cos(tolDeg)
+    /// is within rounding of 1, and even a vector and itself can give 0. From 90 to below 270
+    /// degrees every pair gives 1. A NaN tolDeg gives 0.
     VEXMATH_API int isParallelTo(mgVector_c const &v, double tolDeg) const;
-    /// The same decided by the cross product, |a x b| <= sin(tolDeg) |a| |b|, which keeps its
-    /// accuracy for small angles; below 1e-15 degrees the fixed bound applies.
+    /// The same by the cross product, without unit vectors: |a x b|^2 <= s |a|^2 |b|^2 s, bound
+    /// included. s is tolDeg in radians, and above 1e-07 radians its sine, which falls again beyond
+    /// 90 degrees. It stays accurate for small angles. A tolDeg below 1e-15 gives the result of
+    /// `isParallelTo(v)`. NaN gives 0. From |a| |b| of about 1e154 on the right side overflows and
+    /// the result means nothing: 1, or 0 when the cross product becomes NaN.
     VEXMATH_API int isParallelToTol(mgVector_c const &v, double tolDeg) const;
-    VEXMATH_API int isPerpendicularTo(mgVector_c const &v) const;   ///< |cos| < 1e-08
+    /// |cos| < 1e-08: within about 5.7e-07 degrees of a right angle. Also 1, because cos is then 0,
+    /// when either vector has a NaN component or an overflowing square and the other is finite.
+    VEXMATH_API int isPerpendicularTo(mgVector_c const &v) const;
     VEXMATH_API int isSameDirection(mgVector_c const &v) const;     ///< cos > 0.99999999
     VEXMATH_API int isOppositeDirection(mgVector_c const &v) const; ///< cos < -0.99999999
-    /// |cos| > 0.999999 without a square root; anti-parallel counts.
+    /// Parallel or anti-parallel within about 0.081 degrees, without unit vectors:
+    /// |a|^2 * 0.999998000001 * |b|^2 < (a . b)^2, strict, so that |cos| > 0.999999. NaN gives 0.
+    /// The result is 0 when the left side overflows, from |a| |b| of about 1e154 on.
     VEXMATH_API int isAlmostParallelTo(mgVector_c const &v) const;
-    /// As above for u of unit length; only this vector is tested for null.
+    /// The same with |u|^2 replaced by 1. Only this vector is tested for null; a zero u gives 0.
+    /// REQUIRES u of unit length.
     VEXMATH_API int isAlmostParallelTo(mgUnitVector_c const &u) const;
-    /// Along a coordinate axis: two of the components below 1e-08, the third not.
+    /// 1 when this vector lies along a coordinate axis: two components are strictly below 1e-08 in
+    /// absolute value and the third is not. A NaN component is not below.
     VEXMATH_API int isOrthogonal() const;
-    /// Index of the component of largest absolute value; on a tie the later axis.
+    /// 0, 1 or 2: the component of largest absolute value, the later one on a tie. NaN in x or z
+    /// gives 2. NaN in y leaves y out: 0 when |z| < |x|, else 2.
     VEXMATH_API int dominantComponentIndex() const;
-    /// A unit vector perpendicular to this one. With preferAxis non-zero, the first coordinate axis
-    /// along which this vector is below 1e-10, if there is one. Of a zero vector: (1, 1, 1) /
-    /// sqrt 3.
+    /// A unit vector perpendicular to this one. With preferAxis non-zero it is the first coordinate
+    /// axis whose component here is strictly below 1e-10 in absolute value, if there is one: the x
+    /// axis for a zero vector. Otherwise it is (1, 1, 1) with one component replaced so that the
+    /// dot product is 0, normalised. The component replaced is that of largest absolute value in
+    /// this vector, the later one on a tie. A zero vector keeps (1, 1, 1), normalised, and so do
+    /// (NaN, y, 0) and (0, NaN, 0); any other NaN gives (0, 0, 0).
     VEXMATH_API mgUnitVector_c anyUnitNormal(int preferAxis) const;
     /// (s, t, 0) such that s a + t b is nearest to this vector, by least squares. A vector a or b
-    /// shorter than 1e-08 gets the coefficient 0; both do when a and b are nearly parallel.
+    /// that is shorter than 1e-08, or has a NaN component, is left out and its coefficient is 0.
+    /// Both are 0 when |a|^2 |b|^2 - (a . b)^2 is below 1.0000000000000001e-16 in absolute value.
+    /// That bound is absolute: it refuses nearly parallel vectors, and also perpendicular ones with
+    /// |a| |b| below 1e-08. A NaN component of this vector makes the coefficients NaN, and
+    /// squares that overflow make them 0 or NaN.
     VEXMATH_API mgVector_c pullBack(mgVector_c const &a, mgVector_c const &b) const;
 
-    /// Reads three doubles. REQUIRES a su_CArchive. A failing read leaves the vector as it was.
+    /// Reads x, y, z as three doubles. REQUIRES ar to be a su_CArchive. When the archive throws,
+    /// the vector stays as it was.
     VEXMATH_API void restore(CArchive &ar);
 
     // Vectors have no order: `v < w` would compare addresses, and `v + 1` would step one.
     // Friends, because only operands of this class may find them: every number and enumerator
-    // converts, if only to be refused, and `1 + enumerator` would become ambiguous elsewhere.
+    // converts, even though only to be refused, and `1 + enumerator` elsewhere would be ambiguous.
     friend bool operator<(mgVector_c const &, mgVector_c const &) = delete;
     friend bool operator>(mgVector_c const &, mgVector_c const &) = delete;
     friend bool operator<=(mgVector_c const &, mgVector_c const &) = delete;
@@ -143,34 +173,35 @@ mgVector_c operator-(mgVector_c const &a, mgVector_c const &b);
 mgVector_c operator-(mgVector_c const &v);
 mgVector_c operator*(double s, mgVector_c const &v);
 mgVector_c operator*(mgVector_c const &v, double s);
-/// Each component divided by d; the zero vector when |d| < 1e-08.
+/// Each component divided by d. Exactly (0, 0, 0) when |d| < 1e-08; a NaN d gives NaN.
 mgVector_c operator/(mgVector_c const &v, double d);
-/// Dot product, a.x*b.x + a.y*b.y + a.z*b.z, in this order.
+/// Dot product a.x*b.x + a.y*b.y + a.z*b.z, summed in this order.
 double operator%(mgVector_c const &a, mgVector_c const &b);
-/// Cross product a x b.
+/// Cross product a x b. `%` and `*` bind alike, from the left: a * b % c is (a x b) . c.
 mgVector_c operator*(mgVector_c const &a, mgVector_c const &b);
-/// Is a parallel or anti-parallel to b; see `mgVector_c::isParallelTo`.
+/// a.isParallelTo(b). Both operands are evaluated.
 int operator||(mgVector_c const &a, mgVector_c const &b);
 
-/// 1 when every component differs by strictly less than 1e-08.
+/// 1 when every component differs by strictly less than 1e-08. Else 0, also when a difference is
+/// NaN: a NaN component, or the same infinite component in both.
 int operator==(mgVector_c const &a, mgVector_c const &b);
-/// 1 when some component differs by strictly more than 1e-08.
-// QUIRK: not the negation of ==, as a reader would expect: at a difference of exactly 1e-08 both
-// are 0. Callers that ask twice rely on a border case being neither. Points likewise.
+// QUIRK: vector.h, operator!=: at a difference of exactly 1e-08 both == and != give 0. Expected:
+// the negation of ==. Kept: callers and stored data depend on it.
 // (test: EqualAndUnequalAreBothFalseOnTheBound)
+/// 1 when some component differs by strictly more than 1e-08. A NaN difference is not more. This is
+/// not the negation of ==: at a difference of exactly 1e-08, and with NaN, both can be 0.
 int operator!=(mgVector_c const &a, mgVector_c const &b);
 
 // -------------------------------------------------------------------------------------------------
 
 namespace vexmath::detail {
 
-/// Squared length below which a direction counts as missing (about 3.2e-09 in length). Strict:
-/// exactly this value is normalised.
+/// Squared length strictly below which there is no direction: about 3.2e-09 in length.
 inline constexpr double kDirectionFloorSq = 1e-17;
 
-/// The normalisation behind every unit vector: one reciprocal, three multiplications, and the sum
-/// of squares from z down; dividing each component instead changes last bits. A direction shorter
-/// than the floor, or NaN, gives exactly (0, 0, 0).
+/// The normalisation of every unit vector: the squares are summed from z to x, then one reciprocal
+/// and three multiplications follow. Three divisions would change last bits. A vector below the
+/// floor, or with NaN, gives exactly (0, 0, 0).
 inline mgVector_c normalised(double x, double y, double z) {
     double const sq = z * z + y * y + x * x;
     if (!(sq >= kDirectionFloorSq)) return {};
@@ -178,16 +209,16 @@ inline mgVector_c normalised(double x, double y, double z) {
     return {x * reciprocal, y * reciprocal, z * reciprocal};
 }
 
-/// Strictly below the length tolerance in absolute value; false for NaN.
+/// Is d strictly below the length tolerance in absolute value? No for NaN.
 inline bool isTiny(double d) { return std::fabs(d) < kLengthTolerance; }
 
-/// Each of three coordinates differs by strictly less than tol; x first, stopping at a failure.
+/// Does each of three coordinates differ by strictly less than tol? x is tested first.
 inline int sameWithin(double const *a, double const *b, double tol) {
     return std::fabs(a[0] - b[0]) < tol && std::fabs(a[1] - b[1]) < tol
            && std::fabs(a[2] - b[2]) < tol;
 }
 
-/// Some coordinate differs by strictly more than the length tolerance.
+/// Does some coordinate differ by strictly more than the length tolerance?
 inline int apart(double const *a, double const *b) {
     return std::fabs(a[0] - b[0]) > kLengthTolerance || std::fabs(a[1] - b[1]) > kLengthTolerance
            || std::fabs(a[2] - b[2]) > kLengthTolerance;
@@ -247,6 +278,9 @@ inline mgVector_c &mgVector_c::operator*=(double s) {
 
 inline void mgVector_c::flip() { set(-c_[0], -c_[1], -c_[2]); }
 
+// QUIRK: vector.h, mgVector_c::normalise: it refuses vectors that mg_Normalise accepts, such as
+// (5e-09, 0, 0). Expected: the same test in both. Kept: callers and stored data depend on it.
+// (test: TooShortAVectorHasNoDirection)
 inline int mgVector_c::normalise() {
     if (isNull()) return 0;
     *this = vexmath::detail::normalised(c_[0], c_[1], c_[2]);

@@ -6,7 +6,7 @@
 
 #include <vexmath/point.h>
 
-/// A homogeneous vector (x, y, z, w) of four doubles.
+/// A homogeneous vector (x, y, z, w) of four doubles. A point or vector becomes (x, y, z, 1).
 class mgVector4_c {
 public:
     constexpr mgVector4_c() = default; ///< (0, 0, 0, 1)
@@ -23,7 +23,7 @@ public:
     double &operator[](int i) { return xyzw_[i]; }
     double const &operator[](int i) const { return xyzw_[i]; }
 
-    /// (x/w, y/w, z/w), with no check of w: a zero w gives infinities or NaN.
+    /// (x/w, y/w, z/w). w is not checked: 0 gives infinity or NaN.
     mgVector_c getVector3() const {
         return {xyzw_[0] / xyzw_[3], xyzw_[1] / xyzw_[3], xyzw_[2] / xyzw_[3]};
     }

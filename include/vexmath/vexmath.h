@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The whole interface of the library.
+// Includes every public header.
 
 #ifndef VEXMATH_VEXMATH_H
 #define VEXMATH_VEXMATH_H

@@ -22,10 +22,10 @@ TEST(Angles, AReferenceMeasuresTheLongWayRound) {
     EXPECT_BITS_EQ(0.0, mg_AngleBetween(-x, null));         // whose dot product is -0.0
     EXPECT_BITS_EQ(right, mg_AngleBetween(1e-9 * x, y, z)); // only zero counts as null
     EXPECT_BITS_EQ(kTurn - right, mg_AngleBetween(x, y, -z));
-    EXPECT_BITS_EQ(right, mg_AngleBetween(x, y, x)); // a reference across decides nothing
-    EXPECT_BITS_EQ(kTurn, mg_AngleBetween(x, x - 1e-17 * y, z)); // reached by rounding alone
+    EXPECT_BITS_EQ(right, mg_AngleBetween(x, y, x)); // a reference perpendicular to a x b
+    EXPECT_BITS_EQ(kTurn, mg_AngleBetween(x, x - 1e-17 * y, z)); // by rounding
     EXPECT_BITS_EQ(kTurn - right, mg_AngleBetween2d(x, -y));
-    // The cosine side takes z along: 6 and not 2.
+    // The dot product includes z: 6 and not 2.
     EXPECT_BITS_EQ(std::atan2(1.0, 6.0), mg_AngleBetween2d(x + 2.0 * z, 2.0 * x + y + 2.0 * z));
 }
 
@@ -44,10 +44,10 @@ TEST(Angles, FromVectorsIsSignedInThePlaneAlone) {
 }
 
 TEST(Angles, TheDerivativeOfADirectionIsItsRate) {
-    mgVector_c const v(0.0, 3.0, 4.0), along = 0.5 * v; // which turns nothing
+    mgVector_c const v(0.0, 3.0, 4.0), along = 0.5 * v; // does not rotate v
     EXPECT_LT(gap((4.0 * y - 3.0 * z) / 20.0, mgUnitVectorDer(v, y - 0.75 * z + along)), 1e-16);
     EXPECT_BITS_EQ(y / 1e-08, mgUnitVectorDer(1e-08 * x, y));
-    EXPECT_BITS_EQ(null, mgUnitVectorDer(below(1e-08) * x, x + y)); // parallel part: 0 / 0 else
+    EXPECT_BITS_EQ(null, mgUnitVectorDer(below(1e-08) * x, x + y)); // without a guard 0 / 0
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Unit vectors and what is decided about directions: every threshold from both sides.
+// Unit vectors and direction predicates: every threshold from both sides, and NaN.
 
 #include <vexmath/mg_vector.h>
 
@@ -23,13 +23,15 @@ TEST(Directions, TooShortAVectorHasNoDirection) {
     while (floor * floor >= 1e-17) floor = below(floor);
     EXPECT_BITS_EQ(null, U(floor, 0.0, 0.0));
     EXPECT_NEAR(1.0, mg_Normalise(above(floor) * x).x(), 1e-15);
-    EXPECT_BITS_EQ(null, U(kNaN, 1.0, 1.0));
+    EXPECT_BITS_EQ(null, U(kNaN, 1.0, kInfinity));
+    EXPECT_BITS_EQ(null, U(1.4e154, 0.0, 0.0)); // the square overflows
     EXPECT_BITS_EQ(V(kNaN, 0.0, 0.0), U(kInfinity, 1.0, 1.0));
     V const tooShort(below(1e-08), -below(1e-08), 0.0);
-    V refused = tooShort, taken = 1e-08 * y;
-    EXPECT_EQ(0, refused.normalise()); // which goes by the components and refuses more
+    V refused = tooShort, accepted = 1e-08 * y, lost(kNaN, 1.0, 1.0);
+    EXPECT_EQ(0, refused.normalise()); // the test by components refuses more
     EXPECT_BITS_EQ(tooShort, refused);
-    EXPECT_EQ(1, taken.normalise());
+    EXPECT_EQ(2, accepted.normalise() + lost.normalise());
+    EXPECT_BITS_EQ(null, lost);
 }
 
 TEST(Directions, UnitVectorsCompareStrictly) {
@@ -65,6 +67,12 @@ TEST(Directions, FixedBoundsDecideFromBothSides) {
     checkPair(x, below(1e-08) * x, 0, 0, 0, 0, 0); // null
 }
 
+TEST(Directions, WhatHasNoUnitVectorIsPerpendicularToAll) {
+    checkPair(x, {kNaN, 1.0, 0.0}, 0, 1, 0, 0, 0);
+    checkPair(x, 1.4e154 * x, 0, 1, 0, 0, 0);
+    checkPair(x, {kInfinity, 1.0, 0.0}, 0, 0, 0, 0, 0); // whose cosine is NaN
+}
+
 TEST(Directions, ToleranceInDegreesDecidesByCosineOrBySine) {
     auto const check = [](V const &v, double degrees, int byCosine, int bySine) {
         EXPECT_EQ(byCosine, x.isParallelTo(v, degrees)) << v.y() << " within " << degrees;
@@ -74,11 +82,15 @@ TEST(Directions, ToleranceInDegreesDecidesByCosineOrBySine) {
     check(-offX(1.001 * 30.0 * kRadPerDeg), 30.0, 0, 0);
     check(-offX(0.999 * 30.0 * kRadPerDeg), 30.0, 1, 1);
     check(y, 80.0, 0, 0);              // the sine is below 1 where the angle is not
-    check(x + 1e-12 * y, 1e-10, 1, 1); // 1.7e-12 radians, too fine for a cosine
+    check(x + 1e-12 * y, 1e-10, 1, 1); // 1.7e-12 radians, too small for a cosine
     check(x + 2e-12 * y, 1e-10, 1, 0);
     check(x, 1e-08, 0, 1);                 // a tolerance whose cosine is 1
     check(offX(1e-4), below(1e-08), 1, 0); // below its floor the fixed bound decides
     check(offX(1e-4), below(1e-15), 1, 1);
+    check(y, 90.0, 1, 1);                    // from a right angle on the cosine accepts everything
+    check(x + y, 150.0, 1, 0);               // whose sine is that of 30
+    check({1e154, 1e154, 0.0}, 1e-08, 0, 1); // whose square overflows
+    check(x, kNaN, 0, 0);
     for (double const degrees : {-1.0, 45.0, 180.0}) check(null, degrees, 0, 0);
 }
 
@@ -92,6 +104,10 @@ TEST(Directions, ComponentsTellAxesAndTheDominantOne) {
     check({small, small, small}, 0, 2); // the later axis on a tie
     check({small, 1e-08, -small}, 1, 1);
     check({0.0, -3.0, below(3.0)}, 0, 1);
+    check({kNaN, 0.0, small}, 1, 2);
+    check({1.0, kNaN, below(1.0)}, 0, 0); // NaN in y is left out
+    check({1.0, kNaN, 1.0}, 0, 2);
+    check({1.0, 2.0, kNaN}, 0, 2);
 }
 
 TEST(Directions, AnyUnitNormalIsPerpendicular) {
@@ -101,14 +117,18 @@ TEST(Directions, AnyUnitNormalIsPerpendicular) {
     check(null, 0, {1.0, 1.0, 1.0});
     check({1e-10, below(1e-10), 5.0}, 1, y);
     check({-1.0, 1e-10, -below(1e-10)}, -1, z);
-    check({3.0, -3.0, 1.0}, 0, {1.0, -(3.0 + 1.0) / -3.0, 1.0}); // the later one on a tie is fitted
+    check({3.0, -3.0, 1.0}, 0, {1.0, -(3.0 + 1.0) / -3.0, 1.0}); // on a tie the later one changes
+    check(null, 1, x);
+    check({kNaN, 1.0, 0.0}, 0, {1.0, 1.0, 1.0});
+    check({0.0, kNaN, 0.0}, 0, {1.0, 1.0, 1.0});
+    for (V const &v : {V(kNaN, 0.0, 1.0), V(1.0, kNaN, 0.0), V(0.0, 0.0, kNaN)}) check(v, 0, null);
 }
 
 TEST(Directions, ABasisIsRightHanded) {
     auto const check = [](V const &seed, V const &n) {
         U u, v;
         mg_getBasis(n, u, v);
-        EXPECT_BITS_EQ(mg_Normalise(seed - (seed % n) * n), u); // of a long n this is not divided
+        EXPECT_BITS_EQ(mg_Normalise(seed - (seed % n) * n), u); // not divided by |n|^2
         EXPECT_BITS_EQ(mg_Normalise(n * u), v);
     };
     check(x, {0.5, 1.0, 1.6}); // x only when strictly smallest, z at most y, else y
@@ -128,12 +148,14 @@ TEST(Directions, PullBackSolvesForTheNearestCombination) {
     while (0.25 * (edge * edge) >= 1.0000000000000001e-16) edge = below(edge);
     EXPECT_BITS_EQ(null, w.pullBack(0.5 * x, edge * y));
     EXPECT_NEAR(6.0, w.pullBack(0.5 * x, above(edge) * y).x(), 1e-14);
+    EXPECT_BITS_EQ(4.0 * y, w.pullBack({kNaN, 1.0, 0.0}, y)); // NaN is left out like a short vector
+    EXPECT_BITS_EQ(V(kNaN, kNaN, 0.0), V(3.0, kNaN, 7.0).pullBack(x, y));
 }
 
 TEST(Directions, RandomRepeatsWithinASecond) {
     auto const draw = [] { return *std::unique_ptr<U>(U::random()); };
     U first = draw(), second = draw();
-    if (gap(first, second) > 0.0) first = draw(); // the clock had just moved on
+    if (gap(first, second) > 0.0) first = draw(); // a second had just ended
     EXPECT_BITS_EQ(first, second);
     EXPECT_NEAR(1.0, first.len(), 1e-15);
 }

@@ -61,7 +61,7 @@ TEST(Points, ValuesGoInAndOutInOrder) {
     V(p).get(xyzw), fromDoubles.set(xyzw), fromFloats.set(singles);
     EXPECT_BITS_EQ(p, fromDoubles);
     EXPECT_BITS_EQ(p, fromFloats);
-    fromFloats[2] = 0.7; // an array of three as well
+    fromFloats[2] = 0.7; // it is also an array of three
     V(fromFloats).get(singles);
     EXPECT_EQ(0.7F, singles[2]);
     EXPECT_BITS_EQ(mg_Normalise(p), mgUnitVector_c(xyzw));
@@ -71,12 +71,12 @@ TEST(Points, ValuesGoInAndOutInOrder) {
     uv.set_x(3.0);
     EXPECT_BITS_EQ(P(3.0, 4.0, 0.0), P(uv.u(), uv.v(), 0.0));
     float single = 0.1F;
-    double number = 0.1; // neither is a constant, so that the constructors are called
+    double number = 0.1; // not constants, so that the constructors run
     mgTessPoint2D_c const stored(1.0F, 2.0F, single), rounded(1.0, 2.0, number);
     EXPECT_BITS_EQ(P(1.0, 2.0, stored.z), P(rounded.x, rounded.y, rounded.z));
 }
 
-/// A point that lies off the origin by d along one axis after the other.
+/// Compares the origin with a point at distance d along each axis.
 void checkEquality(double d, int equal, int unequal) {
     for (int axis = 0; axis < 3; ++axis) {
         P a;
@@ -114,7 +114,7 @@ TEST(Points, OrderIsLexicographicBeyondTheTolerance) {
     EXPECT_EQ(0, less({0.0, 0.0, -1e-08}, -1.0)); // the bound counts as equal
     EXPECT_EQ(0, less({2e-08, -1.0, -1.0}, -1.0));
     EXPECT_EQ(1, less({1e-08, -1.0, 1.0}, -1.0));
-    EXPECT_EQ(1, less({kNaN, -1.0, 0.0}, 0.5)); // NaN is neither before nor behind
+    EXPECT_EQ(1, less({kNaN, -1.0, 0.0}, 0.5)); // NaN counts as equal
 }
 
 TEST(Points, ParametersAndFeetLieWhereTheyShould) {
@@ -167,7 +167,7 @@ TEST(Points, DumpWritesFourDecimalsAndNothingElse) {
     CDumpContext context(text);
     P(1.0, -2.00006, 1e300).Dump(context);
     EXPECT_EQ(L"(1.0000,-2.0001,", text.str().substr(0, 16));
-    EXPECT_EQ(16u + 301u + 6u, text.str().size()); // the huge one is not cut
+    EXPECT_EQ(16u + 301u + 6u, text.str().size()); // the huge number is written whole
 }
 
 TEST(Points, ApplicationPointDividesWithoutGuard) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Periodic ranges: the snaps at both ends, the bits of the sums, and values that could hang a loop.
+// Periodic ranges: the snaps at both ends, the bits of the sums, and values that could loop
+// forever.
 
 #include <vexmath/mg_vector.h>
 
@@ -26,16 +27,16 @@ void checkInterval(double start, double end, double period, double newStart, dou
 
 TEST(Ranges, APositiveFullTurnStaysAFullTurn) {
     checkParam(2.0 * kTurn, kTurn, kTurn);
-    checkParam(-4e6, 2.0, 0.0); // in one step, and not to -0
+    checkParam(-4e6, 2.0, 0.0); // in one step, and not -0.0
     checkParam(-1e-20, kTurn, kTurn);
-    checkParam(5e-12, kTurn, 5e-12);          // no snap of a start that was never wrapped
+    checkParam(5e-12, kTurn, 5e-12);          // a value near 0 is not near a full turn
     checkParam(1.0 + 45035 * kUlp, 1.0, 1.0); // 1e-11 lies between these two
     checkParam(1.0 + 45036 * kUlp, 1.0, 45036 * kUlp);
 }
 
 TEST(Ranges, AnIntervalKeepsItsLengthUpToOnePeriod) {
     checkInterval(-1.0, 10.0, kTurn, -1.0 + kTurn, (-1.0 + kTurn) + kTurn);
-    checkInterval(1.0, -30.0, kTurn, 1.0, -30.0); // only a positive length is clipped
+    checkInterval(1.0, -30.0, kTurn, 1.0, -30.0); // a negative length is not clipped
     checkInterval(1.0 - 90071 * kUlp / 2, 1.0, 1.0, 0.0, 90071 * kUlp / 2); // within 1e-11
     checkInterval(1.0 - 90072 * kUlp / 2, 1.0, 1.0, 1.0 - 90072 * kUlp / 2, 1.0);
     double angle = -0.5, end = 0.5;
@@ -55,9 +56,12 @@ TEST(Ranges, OrdinaryValuesHaveTheBitsOfPlainAdditions) {
         checkParam(param, 0.7, plain(param, 0.7));
     }
     checkParam(-99999.9, 0.1, plain(-99999.9, 0.1)); // just under a million of them
-    checkParam(-1e18, 3.0, 2.0);                     // beyond, one exact remainder in their place
+    checkParam(-1e18, 3.0, 2.0);                     // beyond, by one exact remainder
     checkParam(-2.5e-14, 1e-14, -2.5e-14 + 1e-14 + 1e-14 + 1e-14);
     checkParam(-2.5e-14, below(1e-14), std::fmod(-2.5e-14, below(1e-14)));
+    checkParam(2.5, kInfinity, 2.5);
+    checkParam(-2.5, kInfinity, kNaN);
+    checkParam(2.5, 0.0, kNaN);
 }
 
 TEST(Ranges, HostileValuesEndAndFiniteOnesLandInRange) {
