@@ -10,7 +10,7 @@
 
 namespace {
 
-/// An item as it lies in the stream.
+/// An item of the stream: its name in error messages, and its size.
 struct ItemType {
     char const *name;
     int bytes;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The default dump sink: text to a wide stream.
+// The default dump sink: writes text to a wide stream.
 
 #include <vexmath_platform/dump_context.h>
 

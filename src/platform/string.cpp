@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The default wide string: formatting that never cuts.
+// The default wide string: formatting without truncation.
 
 #include <vexmath_platform/string.h>
 
@@ -9,8 +9,8 @@
 #include <utility>
 
 void CString::Format(wchar_t const *format, ...) {
-    // vswprintf tells that the buffer was too small, never by how much: try again with twice the
-    // room. It fails in the same way on text it cannot convert, hence the bound.
+    // vswprintf reports that the buffer is too small, but not the size needed: double the buffer
+    // and try again. It fails in the same way for text that it cannot convert, so there is a limit.
     constexpr std::size_t firstCapacity = 512;
     constexpr std::size_t maxCapacity = std::size_t{1} << 20;
 

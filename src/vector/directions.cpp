@@ -17,11 +17,11 @@ constexpr double kCosTolerance = 1e-08;
 constexpr double kSameDirectionCos = 0.99999999;
 /// Squared cosine of "almost parallel", 0.999999 squared; strict.
 constexpr double kAlmostParallelCosSq = 0.999998000001;
-/// Component along which a vector counts as perpendicular to an axis in anyUnitNormal; strict.
+/// Component below which anyUnitNormal treats a vector as perpendicular to an axis; strict.
 constexpr double kAxisTolerance = 1e-10;
 
 struct Cosine {
-    bool known; ///< false when one of the vectors is null
+    bool known; ///< false when either vector is null
     double value;
 };
 
@@ -54,7 +54,7 @@ int mgVector_c::isParallelTo(mgVector_c const &v, double tolDeg) const {
 int mgVector_c::isParallelToTol(mgVector_c const &v, double tolDeg) const {
     /// Angle in degrees below which the fixed test decides; strict.
     constexpr double kFixedTestDeg = 1e-15;
-    /// Angle in radians up to which the angle stands for its sine.
+    /// Angle in radians up to which the angle is used as its own sine; bound included.
     constexpr double kSineIsAngleRad = 1e-07;
     if (tolDeg < kFixedTestDeg) return isParallelTo(v);
     if (isNull() || v.isNull()) return 0;
@@ -63,6 +63,9 @@ int mgVector_c::isParallelToTol(mgVector_c const &v, double tolDeg) const {
     return (*this * v).sqlen() <= sine * sqlen() * v.sqlen() * sine;
 }
 
+// QUIRK: vector.h, mgVector_c::isPerpendicularTo: a vector with a NaN component or an overflowing
+// square is perpendicular to every finite vector. Expected: 0. Kept: callers and stored data depend
+// on it. (test: WhatHasNoUnitVectorIsPerpendicularToAll)
 int mgVector_c::isPerpendicularTo(mgVector_c const &v) const {
     Cosine const cosine = cosineBetween(*this, v);
     return cosine.known && std::fabs(cosine.value) < kCosTolerance;
@@ -115,8 +118,8 @@ mgUnitVector_c mgVector_c::anyUnitNormal(int preferAxis) const {
         if (ay < kAxisTolerance) return mgUnitVector_c::yAxis();
         if (az < kAxisTolerance) return mgUnitVector_c::zAxis();
     }
-    // (1, 1, 1) with the component along this vector's largest one chosen so that the dot product
-    // vanishes.
+    // (1, 1, 1), with the component where this vector is largest replaced so that the dot product
+    // is 0.
     mgVector_c w(1.0, 1.0, 1.0);
     if (ax <= ay) {
         if (az < ay) {
@@ -132,7 +135,7 @@ mgUnitVector_c mgVector_c::anyUnitNormal(int preferAxis) const {
 }
 
 mgVector_c mgVector_c::pullBack(mgVector_c const &a, mgVector_c const &b) const {
-    /// Determinant of the normal equations below which a and b count as parallel; strict.
+    /// Determinant of the normal equations below which a and b are treated as parallel; strict.
     constexpr double kSmallestDeterminant = 1.0000000000000001e-16;
     bool const aCounts = a.len() >= kLengthTolerance;
     bool const bCounts = b.len() >= kLengthTolerance;
@@ -167,12 +170,13 @@ mgUnitVector_c const &mgUnitVector_c::zAxis() {
 }
 
 mgUnitVector_c *mgUnitVector_c::random() {
-    /// The 15 bits of a draw that every platform's generator has, and their share of one.
+    /// The 15 bits that every platform's generator draws, and the factor that scales them to [0,
+    /// 1].
     constexpr int kDrawMask = 0x7fff;
     constexpr double kPerDraw = 3.051850947599719e-05;
-    // QUIRK: reseeds on every call, so that calls within one second agree; a reader would expect a
-    // new direction each time. Repeated probes of one command rely on it.
-    // (test: RandomRepeatsWithinASecond)
+    // QUIRK: unit_vector.h, mgUnitVector_c::random: each call seeds the generator, so calls within
+    // one second return the same direction. Expected: a new direction. Kept: callers and stored
+    // data depend on it. (test: RandomRepeatsWithinASecond)
     std::srand(static_cast<unsigned>(std::time(nullptr)));
     double const x = (std::rand() & kDrawMask) * kPerDraw;
     double const y = (std::rand() & kDrawMask) * kPerDraw;

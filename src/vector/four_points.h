@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Four points at a time in the vector registers of x86-64, for those who ask `hasVectorUnits`
-// first.
+// Four points at a time in AVX2 registers. Callers must test `hasVectorUnits` first.
 
 #ifndef VEXMATH_SRC_VECTOR_FOUR_POINTS_H
 #define VEXMATH_SRC_VECTOR_FOUR_POINTS_H
@@ -15,8 +14,8 @@ namespace vexmath::detail {
 
 static_assert(sizeof(mgPoint_c) == 3 * sizeof(double));
 
-/// The coordinates of four points that follow each other in memory. The shuffles stay within the
-/// halves of a register, where they are cheap: a half is exchanged by loading it.
+/// The coordinates of four points that are adjacent in memory. The shuffles stay within the halves
+/// of a register, where they are cheap; the loads put each half in its place.
 struct FourPoints {
     __m256d x, y, z;
 };

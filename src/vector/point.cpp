@@ -20,6 +20,9 @@ mgPoint_c mgPoint_c::mirror(mgPoint_c const &p, mgVector_c const &n) const {
     return *this + (-2.0 * t) * n;
 }
 
+// QUIRK: point.h, mgPoint_c::distToRay: the distance is that to the whole line. Expected: to the
+// part in front of the root, as the name says. Kept: callers and stored data depend on it. (test:
+// ParametersAndFeetLieWhereTheyShould)
 double mgPoint_c::distToRay(mgPoint_c const &root, mgVector_c const &unitDir, double *param) const {
     mgVector_c const v = *this - root;
     double const t = v % unitDir;
@@ -64,16 +67,18 @@ int mgPoint_c::checkCollinear(mgPoint_c const pts[3], mgPoint_c &point, mgVector
     } else if (same02) {
         normal = (p1 - p0).anyUnitNormal(0);
     }
-    // QUIRK: when only the last two points are equal the normal is not written, though one could be
-    // found as in the cases above. Callers preset it to their drawing plane and rely on keeping it.
-    // (test: LastTwoPointsEqualLeaveTheNormal)
+    // QUIRK: point.h, mgPoint_c::checkCollinear: when only the last two points are equal, the
+    // normal is not written. Expected: a normal, as in the cases above. Kept: callers and stored
+    // data depend on it. (test: LastTwoPointsEqualLeaveTheNormal)
     return 1;
 }
 
 namespace {
 
-/// Lengths of a marker's arms in sizes. QUIRK: unequal, so that a drafter sees on which side of the
-/// origin the point lies; a reader would expect equal arms. (test: MarkerArmsAreUnequal)
+// QUIRK: point.h, mgPoint_c::getPLUSrep,mgPoint_c::getXrep: the arms towards the origin are shorter
+// than the others. Expected: equal arms. Kept: callers and stored data depend on it.
+// (test: MarkerArmsAreUnequal)
+/// Lengths of a marker's arms in sizes: towards the origin, and away from it.
 constexpr double kInnerArmSizes = 3.0;
 constexpr double kOuterArmSizes = 4.0;
 

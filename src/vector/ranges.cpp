@@ -7,13 +7,13 @@ namespace {
 
 /// Distance to the period within which a parameter counts as a whole period (or as 0).
 constexpr double kSnap = 1e-11;
-/// Periods strictly below this are not added: they may never lift a negative parameter.
+/// Periods strictly below this are not added: the additions may never end.
 constexpr double kSmallestPeriod = 1e-14;
-/// A negative parameter further than this many periods below zero is reduced in one step.
+/// From strictly more than this many periods below zero, one remainder replaces the additions.
 constexpr double kMostAdditions = 1e6;
 
-/// The parameter lifted to zero or above. Additions, because callers compare the sums; one
-/// remainder where they would take for ever or change nothing.
+/// The negative parameter raised to zero or above. By additions, whose rounding is part of the
+/// result; by one remainder where they would take too long or change nothing.
 double lifted(double param, double period) {
     if (-param / period > kMostAdditions) param = std::fmod(param, period) + 0.0; // never -0.0
     while (param < 0.0) param += period;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which vector units the library may use.
+// Whether the library may use AVX2.
 
 #include <vexmath/bulk.h>
 
@@ -15,14 +15,14 @@ namespace {
 
 bool processorHasThem() {
 #if defined(VEXMATH_AVX2)
-    __builtin_cpu_init(); // for calls from constructors that run before those of the compiler
+    __builtin_cpu_init(); // for calls from static constructors that run before the compiler's
     return __builtin_cpu_supports("avx2") != 0;
 #else
     return false;
 #endif
 }
 
-/// The switch, with what the environment says at the first look.
+/// The switch. The environment gives its first value.
 std::atomic<int> &use() {
     static std::atomic<int> state = [] {
         char const *const text = std::getenv("VEXMATH_USE_VECTOR_UNITS");
@@ -35,8 +35,8 @@ std::atomic<int> &use() {
 
 int vexmath::detail::findVectorUnits() {
     static int const available = processorHasThem() ? 1 : 0;
-    static std::mutex oneByOne; // the switch and what follows from it change together
-    std::lock_guard<std::mutex> const lock(oneByOne);
+    static std::mutex together; // the switch and the flag made from it must agree
+    std::lock_guard<std::mutex> const lock(together);
     int const both = available & use().load(std::memory_order_relaxed);
     vectorUnits.store(both, std::memory_order_relaxed);
     return both;

@@ -1,32 +1,32 @@
 // SPDX-License-Identifier: MIT
-// Code for vector units that not every processor has.
+// Whether AVX2 code may run, and the marks of such code.
 
 #ifndef VEXMATH_SRC_VECTOR_VECTOR_UNITS_H
 #define VEXMATH_SRC_VECTOR_VECTOR_UNITS_H
 
 #include <atomic>
 
-// Not by GCC for Windows, which keeps these registers on a stack that it does not align for them.
+// Not with GCC for Windows: it stores these registers on a stack that it does not align for them.
 #if defined(__GNUC__) && defined(__x86_64__) && (defined(__clang__) || !defined(_WIN32))
 #include <immintrin.h>
 
 /// Marks a function that is compiled for AVX2, whatever the rest of the library is compiled for.
-/// Fused multiplication and addition is a feature of its own and stays off.
+/// Fused multiply-add is a separate feature and stays off.
 #define VEXMATH_AVX2 __attribute__((target("avx2")))
-/// The same for a step in the middle of a chain.
+/// The same for a small function that must be inlined into such functions.
 #define VEXMATH_AVX2_STEP __attribute__((target("avx2"), always_inline)) inline
 #endif
 
 namespace vexmath::detail {
 
-/// 1 or 0 as soon as somebody has asked; negative before.
+/// 1 or 0 after the first call of findVectorUnits; negative before.
 extern std::atomic<int> vectorUnits;
 
-/// Asks processor and environment, and keeps the answer.
+/// Sets and returns vectorUnits, from the processor and the switch.
 int findVectorUnits();
 
-/// May functions marked VEXMATH_AVX2 be called: does the processor have the units, and does the
-/// switch of bulk.h allow them?
+/// May functions marked VEXMATH_AVX2 be called? The processor must have AVX2, and the switch of
+/// bulk.h must allow it.
 inline bool hasVectorUnits() {
     int const known = vectorUnits.load(std::memory_order_relaxed);
     return (known >= 0 ? known : findVectorUnits()) != 0;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Vectors and matrix rows in the first three lanes of AVX2 registers, for those who ask
-// `hasVectorUnits` first. What the fourth lane holds means nothing.
+// Vectors and matrix rows in the first three lanes of AVX2 registers. Callers must test
+// `hasVectorUnits` first. The value of the fourth lane is unspecified.
 
 #ifndef VEXMATH_SRC_VECTOR_WIDE_VECTOR_H
 #define VEXMATH_SRC_VECTOR_WIDE_VECTOR_H
@@ -13,18 +13,18 @@
 
 namespace vexmath::detail {
 
-/// Sums, differences and products of these are those of the lanes.
+/// The operators +, - and * of this type act on each lane.
 using Wide = __m256d;
 
 VEXMATH_AVX2_STEP Wide all(double v) { return _mm256_set1_pd(v); }
 
-/// One lane in all.
+/// A lane of v, copied to all lanes.
 template <int kLane>
 VEXMATH_AVX2_STEP Wide all(Wide v) {
     return _mm256_permute4x64_pd(v, kLane * 0b01010101);
 }
 
-/// Three numbers from memory, and nothing of what follows them.
+/// Three numbers from memory. Memory behind them is not read.
 VEXMATH_AVX2_STEP Wide load(double const *p) {
     return _mm256_maskload_pd(p, _mm256_set_epi64x(0, -1, -1, -1));
 }
@@ -49,7 +49,7 @@ VEXMATH_AVX2_STEP Wide smaller(Wide a, Wide b) { return _mm256_min_pd(a, b); }
 /// (y, z, x)
 VEXMATH_AVX2_STEP Wide turned(Wide v) { return _mm256_permute4x64_pd(v, 0b11001001); }
 
-/// A bit for each component that is strictly below its bound.
+/// Bit i is set when component i is strictly below its bound.
 VEXMATH_AVX2_STEP int whichAreBelow(Wide v, Wide bound) {
     return _mm256_movemask_pd(_mm256_cmp_pd(v, bound, _CMP_LT_OQ)) & 0b111;
 }

@@ -10,7 +10,7 @@
 
 #include <vexmath/export.h>
 
-/// What an archive throws when an item could not be read or written whole; what() names the item.
+/// Thrown by an archive that cannot read or write a whole item. what() names the item.
 class VEXMATH_API su_CArchiveError : public std::runtime_error {
 public:
     explicit su_CArchiveError(std::string const &what);
@@ -19,8 +19,8 @@ public:
     ~su_CArchiveError() override;
 };
 
-/// The archive as the oldest callers know it: a name without operations. Every object that the
-/// library is given under this name is a su_CArchive.
+/// The archive type of older entry points. It has no operations. Every CArchive that is passed to
+/// the library must be a su_CArchive.
 class VEXMATH_API CArchive {
 public:
     CArchive(CArchive const &) = delete;
@@ -31,17 +31,17 @@ protected:
     CArchive();
 };
 
-/// An archive over a caller's binary stream, which must outlive it. Items follow each other without
-/// tag or padding, least significant byte first on every machine:
+/// An archive over a caller's binary stream. The stream must outlive it. Items follow each other
+/// without tags or padding, least significant byte first on every machine:
 ///
 ///     unsigned char   BYTE     1 byte
 ///     int             INT      4 bytes, two's complement
 ///     unsigned long   DWORD    4 bytes, also where the type has 8: the upper half is dropped
-///     double          DOUBLE   8 bytes, IEEE 754; every bit is kept, NaN payloads and -0 too
+///     double          DOUBLE   8 bytes, IEEE 754; every bit is kept, also of NaN and -0.0
 ///
-/// A short read or a failed write throws su_CArchiveError, and a short read leaves its target as it
-/// was. A stream that buffers may accept what the disk later refuses: flush it and look at its
-/// state before the document is called written.
+/// A short read or a failed write throws su_CArchiveError. A short read leaves its target
+/// unchanged. A buffering stream may accept data that the disk refuses later: flush the stream and
+/// check its state before you report the document as written.
 class VEXMATH_API su_CArchive : public CArchive {
 public:
     explicit su_CArchive(std::iostream &stream);

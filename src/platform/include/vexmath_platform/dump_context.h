@@ -8,7 +8,7 @@
 
 #include <vexmath/export.h>
 
-/// Sends debug text to a caller's stream, which must outlive it.
+/// Writes debug text to a caller's stream. The stream must outlive it.
 class CDumpContext {
 public:
     explicit CDumpContext(std::wostream &stream) : stream_(stream) {}

@@ -8,16 +8,16 @@
 
 #include <vexmath/export.h>
 
-/// A wide text, a value.
+/// A wide string. A value: copies are independent.
 class CString {
 public:
     CString() = default;
     /// A null pointer gives the empty text.
     CString(wchar_t const *text);
 
-    /// Replaces the text by the arguments in the manner of wprintf, whole whatever its length. The
-    /// arguments may point into this text. A format that cannot be carried out, a result of more
-    /// than a million characters, or exhausted memory leaves the empty text, never a part of it.
+    /// Replaces the text by the arguments, formatted as by wprintf. The arguments may point into
+    /// this text. The result is stored whole or not at all: a format that fails, a result of
+    /// 1048576 characters or more, or exhausted memory leaves the empty text.
     VEXMATH_API void Format(wchar_t const *format, ...);
 
     /// Number of characters, without the terminating null.

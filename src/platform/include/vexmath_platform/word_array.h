@@ -22,7 +22,7 @@ public:
     std::uint32_t &operator[](int index);
     std::uint32_t operator[](int index) const;
 
-    /// Closes the gap that the word leaves.
+    /// Removes one word. The words behind it move forward by one.
     /// REQUIRES 0 <= index < GetSize().
     void RemoveAt(int index);
 
