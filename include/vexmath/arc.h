@@ -14,7 +14,7 @@
 ///
 /// Where an angle is said to be reduced, full turns are subtracted while it exceeds one; negative
 /// angles stay negative. An angle beyond 1e6 in absolute value first loses all whole turns, of
-/// either sign. An infinite angle gives NaN.
+/// either sign. An infinite angle and NaN give NaN.
 class mgArc_c {
 public:
     /// At the origin about z, with radius and angles 0: not valid.
@@ -24,12 +24,12 @@ public:
     VEXMATH_API mgArc_c(mgUnitVector_c const &normal, mgPoint_c const &centre, double radius,
                         double start, double end);
     /// From start counter-clockwise about the normal to the direction of end, which need not be on
-    /// the circle. The radius is the distance of start from centre. The start angle is 0, at start.
-    /// The end angle is `iGetAngle(end)`; where that is below 1e-11 it becomes the full circle,
-    /// 6.283185307179586. So an end in the direction of start makes a full circle, and so does one
-    /// that is closer to the centre than 1e-08 or holds NaN. Without a normal the end angle never
-    /// exceeds pi, except for the full circle. When start is closer to the centre than 1e-08, or
-    /// holds NaN, both angles stay 0 and the arc is not valid.
+    /// the circle. The normal is normalised. The radius is the distance of start from centre. The
+    /// start angle is 0, at start. The end angle is `iGetAngle(end)`; where that is below 1e-11 it
+    /// becomes the full circle, 6.283185307179586. So an end in the direction of start makes a full
+    /// circle, and so does one that is closer to the centre than 1e-08 or holds NaN. Without a
+    /// normal the end angle never exceeds pi, except for the full circle. When start is closer to
+    /// the centre than 1e-08, or holds NaN, both angles stay 0 and the arc is not valid.
     VEXMATH_API mgArc_c(mgUnitVector_c const &normal, mgPoint_c const &centre,
                         mgPoint_c const &start, mgPoint_c const &end);
 

@@ -19,9 +19,12 @@
 ///
 /// A box is **set** when its radius is not negative and low <= high on every axis; a corner or a
 /// radius that holds NaN makes it unset. It is **valid** when it is set and its sphere agrees with
-/// its corners, by the rule of `isValid`. A set box can become invalid by a setter that writes one
-/// half alone, by shrinking past the width of an axis, and by a union with a point that holds NaN
-/// or is so far away that squares overflow.
+/// its corners, by the rule of `isValid`. A set box can become invalid, for example by
+/// - a setter that writes one half alone,
+/// - shrinking past the width of an axis,
+/// - enlarging, when its sphere and corners agree only within the tolerances,
+/// - rounding far from the origin,
+/// - a union with a point that holds NaN, or with a point or box so far away that squares overflow.
 ///
 /// Queries of an unset box give the neutral value that each states. A union treats an unset or
 /// invalid operand as empty. Nothing reports an error, and nothing checks for infinite numbers.
@@ -84,20 +87,20 @@ public:
     double depth() const;                      ///< along y; 0
     double height() const;                     ///< along z; 0
     VEXMATH_API double diagonalLength() const; ///< 0
-    VEXMATH_API double maxDimension() const;   ///< 0
+    VEXMATH_API double maxDimension() const;   ///< the longest edge; 0
     // QUIRK: bbox.h, mgBBox_c::minDimension: an unset box gives -1, where its siblings give 0.
     // Expected: 0. Kept: callers and stored data depend on it. (test: AnUnsetBoxAnswersNeutrally)
-    VEXMATH_API double minDimension() const; ///< -1, not 0
+    VEXMATH_API double minDimension() const; ///< the shortest edge; -1, not 0
     /// The point of the box nearest to p. A NaN coordinate of p gives the low one. Of an unset box:
     /// (0, 0, 0).
     VEXMATH_API mgPoint_c pointPerp(mgPoint_c const &p) const;
 
     /// True when the sphere centres and the corners differ by strictly less than 1e-08 in every
-    /// coordinate, and the radii too. Unset boxes are compared by the same members. NaN equals
-    /// nothing.
+    /// coordinate, and the radii too. Unset boxes are compared by the same members. NaN and
+    /// infinity equal nothing, not even themselves.
     VEXMATH_API bool operator==(mgBBox_c const &b) const;
-    /// 1 when all of these differ by strictly less than tol. A negative tol means 1e-08; 0 stays 0
-    /// and gives 0, as NaN does.
+    /// 1 when all of these differ by strictly less than tol. A negative tol means 1e-08. A tol of 0
+    /// or NaN gives 0, even for equal boxes.
     VEXMATH_API int isSame(mgBBox_c const &b, double tol) const;
 
     /// Moves corners and sphere. An unset box moves too, and stays unset up to rounding.
@@ -112,11 +115,12 @@ public:
     /// An unset box grows by the same rule. The default box (radius -2) becomes set by a d of 2 or
     /// more, but its sphere does not reach its corners, so that it is normally not valid. A box
     /// that is unset by its corners alone becomes set where the step closes the gap, or by any
-    /// shrinking that leaves the radius.
+    /// shrinking that does not make the radius negative.
     VEXMATH_API mgBBox_c &operator+=(double d);
     /// Scales corners and sphere about the middle of the corners, or about (0, 0, 0) if the box is
     /// unset. s is not checked. A negative s exchanges low and high and the sign of the radius: a
-    /// set box other than a point becomes unset, and the default box becomes set. NaN unsets.
+    /// set box other than a point becomes unset, and the default box becomes set. With 0 every box
+    /// of finite numbers becomes a point, and so becomes set. NaN unsets.
     VEXMATH_API mgBBox_c &operator*=(double s);
     /// Encloses the image of the box. The result is tight for rotations by quarter turns about the
     /// axes and wider for others, but never exceeds the cube around the transformed sphere. x acts
@@ -137,6 +141,9 @@ public:
     /// Encloses b as well, unless b is not valid. An unset box becomes b. This box need only be
     /// set: when it is not valid, its corners and its sphere are merged as they are. b may be this
     /// box.
+    ///
+    /// When the squared distance of the sphere centres overflows, the corners widen, the radius
+    /// becomes infinite and the centre NaN; with the switch on, the box becomes unset.
     VEXMATH_API mgBBox_c &operator|=(mgBBox_c const &b);
     /// The common part of the corners, with a new sphere through them; the old spheres are ignored.
     /// Becomes the default box when either box is unset or when a gap of 1e-08 or more lies between
@@ -159,9 +166,9 @@ public:
     ///   radius^2 * (1 + tol): a factor, not a length.
     ///
     /// Boxes that share a face or an edge clash. Boxes that share a single corner do not, and a box
-    /// that is a point does not clash with itself. tol is used as it is: a negative one asks for an
-    /// overlap of that depth; with NaN all set boxes clash but those that share a single corner.
-    /// REQUIRES b not null. b may be this box.
+    /// that is a point does not clash with itself. tol is used as it is. A negative one asks for an
+    /// overlap of that depth; below -1 no valid boxes clash. With NaN all set boxes clash but those
+    /// that share a single corner. REQUIRES b not null. b may be this box.
     VEXMATH_API int clash(mgBBox_c const *b, double tol) const;
     /// Do box a placed by xa and box b placed by xb clash? Each is transformed into the frame of
     /// the other, and the test above with tol 1e-08 must succeed in both frames. This removes most
@@ -172,9 +179,9 @@ public:
                                  mgXform_c const &xb);
     /// 1 when b, scaled by (1 - tol) about its middle, lies strictly inside this box, and the
     /// sphere centres are no farther apart than the radii and tol together. So tol is relative to
-    /// b's size: with 0 a box does not contain itself. A negative tol enlarges b. A tol above 1
-    /// scales b by a negative factor, and overlapping is then enough. 0 for null and for a tol of
-    /// NaN. b may be this box.
+    /// b's size: with 0 a box does not contain itself. A negative tol enlarges b. With a tol
+    /// above 1, b is scaled by tol - 1, and a strict overlap on every axis is enough. 0 for null
+    /// and for a tol of NaN. b may be this box.
     VEXMATH_API int containsBBox(mgBBox_c const *b, double tol) const;
     /// 1 when p lies in the box grown by tol, bound included; a negative tol shrinks the box. Does
     /// not test the set state: the corners of an unset box decide too, and a default box contains
@@ -190,19 +197,19 @@ public:
     /// for the sphere.
     ///
     /// When a and b are closer than about 3.2e-09 the clash alone decides. A NaN coordinate of a
-    /// gives 0. One of b counts as a's for the clash, and the sphere test succeeds. REQUIRES a and
-    /// b not null.
+    /// gives 0. One of b counts as a's for the clash, and the sphere test succeeds. A tol of NaN
+    /// gives 0. REQUIRES a and b not null.
     VEXMATH_API int clashLine(mgPoint_c const *a, mgPoint_c const *b) const;
     VEXMATH_API int clashLine(mgPoint_c const *a, mgPoint_c const *b, double tol) const;
 
     // Lines through p along dir. dir is used as it is: it should have unit length or be zero. If
-    // dir is zero, the sphere tests always succeed and the face tests always fail. If p holds NaN,
-    // all of them fail.
+    // dir is zero, the sphere tests take the distance as 0, and the face tests always fail. If p or
+    // dir holds NaN, all tests fail.
 
     /// Does the line, on either side of p, meet the bounding sphere? distance^2 <= radius^2 +
     /// 2e-08. An unset box counts as the point (0, 0, 0).
     int sphereHitByRay(mgPoint_c const &p, mgUnitVector_c const &dir) const;
-    /// The same with tol added to the squared radius, not to the radius.
+    /// The same with tol added to the squared radius, not to the radius. 0 for a tol of NaN.
     int sphereHitByRay2(mgPoint_c const &p, mgUnitVector_c const &dir, double tol) const;
     /// Does the line, on either side of p, meet the sphere (as in `sphereHitByRay`) and pass
     /// strictly through the inside of a face? A line along a face, or through edges alone, does
@@ -219,8 +226,8 @@ public:
     VEXMATH_API int getFirstRayHit(mgPoint_c const &p, mgUnitVector_c const &dir,
                                    mgPoint_c *hit) const;
     /// The least and the largest parameter (corner - p) . dir of the eight corners: distances from
-    /// p for a unit dir, negative behind p. Does not test the set state. REQUIRES tmin and tmax not
-    /// null.
+    /// p for a unit dir, negative behind p. NaN in p or dir makes both NaN. Does not test the set
+    /// state. REQUIRES tmin and tmax not null.
     VEXMATH_API void limitRay(mgPoint_c const &p, mgUnitVector_c const &dir, double *tmin,
                               double *tmax) const;
 

@@ -38,7 +38,8 @@ public:
     /// - dir forward along the axis, with a cosine of 1e-06 or more: the lowest and the highest of
     ///   the four rim points in the plane of dir and the axis.
     /// - Otherwise, which includes every backward dir and a null dir or axis: root - m * dir, then
-    ///   root + m * dir, with m the larger of the two radii. The height of the top is ignored.
+    ///   root + m * dir, with m the larger of the two radii. `height` affects the top's radius
+    ///   only.
     ///
     /// REQUIRES room for two points.
     virtual void extremePts(mgUnitVector_c const &dir, double height, mgPoint_c *out) const;
@@ -87,7 +88,7 @@ public:
     /// Stores everything as given.
     mgCylinder_c(mgPoint_c const &root, mgUnitVector_c const &axis, double radius);
 
-    /// *foot becomes the foot of p on the surface, which is taken as infinitely long. 1 when p is
+    /// *foot becomes the foot of p on the surface, which is treated as infinitely long. 1 when p is
     /// on the axis (within 1e-08 in every coordinate, strictly), else 0. For such a p the foot lies
     /// in the direction of the axis's `anyUnitNormal(0)`. A negative radius gives the point on the
     /// far side. foot may be p. REQUIRES foot not null.

@@ -23,9 +23,9 @@ public:
     ///
     /// A p that differs from the corner by less than 1e-08 in every coordinate is always inside.
     /// When the directions are parallel or opposite (every component of the cross product below
-    /// 1e-08) nothing else is. A null direction bounds nothing: when one is null, p is inside if
-    /// its projection on the other one is within that length, wherever p is otherwise; when both
-    /// are null, every point is inside. NaN in p is outside.
+    /// 1e-08) nothing else is. A zero direction bounds nothing, if its length is 0 or more. When
+    /// one is zero, p is inside if its projection on the other one is within that length, wherever
+    /// p is otherwise. When both are zero, every point is inside. A p that holds NaN is outside.
     VEXMATH_API bool isPointInside(mgPoint_c const &p) const;
     /// The corner farthest against dir as low and the one farthest along dir as high; but the
     /// corner opposite to the first is never high. Of equally far ones the first in this order:

@@ -35,7 +35,10 @@ protected:
 } // namespace vexmath::detail
 
 /// An infinite line: a root point on it and its direction. A plain, trivially copyable value of 48
-/// bytes. The direction is used as it is, and REQUIRES unit length or zero. A zero direction is not
+/// bytes. `rootPoint`, `setRootPoint`, `save` and `restore` are those of `RootedDirection` above,
+/// with the direction as unit vector.
+///
+/// The direction is used as it is, and REQUIRES unit length or zero. A zero direction is not
 /// detected: the line is then its root point alone. Nothing checks for NaN: a point or line that
 /// holds NaN is on no line and equivalent to none, and gives NaN distances, parameters and feet.
 class mgLine_c : public vexmath::detail::RootedDirection {
@@ -56,10 +59,11 @@ public:
     /// foot by strictly less than 1e-08 in every coordinate; else 0. foot may be p. REQUIRES foot
     /// not null.
     int pointPerp(mgPoint_c const &p, mgPoint_c *foot) const;
-    /// 1 when p is on the line, as above. Only rounding can make the two differ.
+    /// 1 when p is on the line, by the rule of `pointPerp`. Rounding alone can make the two differ.
     int isPointOn(mgPoint_c const &p) const;
     /// 1 when the directions differ by strictly less than 1e-12 in every component, sign included,
-    /// and other's root is on this line, as above. Lines of opposite directions are not equivalent.
+    /// and other's root is on this line (`isPointOn`). Lines of opposite directions are not
+    /// equivalent.
     VEXMATH_API int isEquivalent(mgLine_c const &other) const;
 
     /// Distance to another line. *t1 becomes the parameter of the nearest point on this line, *t2

@@ -11,7 +11,8 @@
 /// opposite: when every component differs by strictly less than 1e-08. Otherwise returns 1; *dir
 /// becomes a's normal x b's normal, normalised, and *point the foot of b's root on the line. Each
 /// may be null. REQUIRES two planes with a normal: with one zero normal the result is 1 and *dir is
-/// zero. NaN gives 1 and outputs without meaning.
+/// zero. NaN in a normal gives 1 and outputs without meaning; NaN in a root, a *point without
+/// meaning.
 VEXMATH_API int interLine(mgPlane_c const &a, mgPlane_c const &b, mgPoint_c *point,
                           mgUnitVector_c *dir);
 
@@ -26,8 +27,10 @@ VEXMATH_API mgPoint_c s_projPointOnLine(mgPoint_c p, mgPoint_c a, mgVector_c v);
 /// of the corners that sum to 1; p is outside when one is negative. When the squared sine of the
 /// angle at tri[0] is strictly less than tol, or the corners are collinear to the last bit,
 /// degenerate becomes 1 and all weights -1. Otherwise degenerate becomes 0. With a tol of 0, a
-/// negative one or NaN only the second test remains. NaN coordinates give NaN and 0. out may alias
-/// the inputs. REQUIRES two doubles in p, three pairs in tri, room for three doubles in out.
+/// negative one or NaN only the second test remains. NaN coordinates give NaN and 0. The test with
+/// tol can miss flat triangles whose sides are longer than about 1e77 or shorter than 1e-77. Sides
+/// beyond about 1e154 give weights without meaning. out may alias the inputs. REQUIRES two doubles
+/// in p, three pairs in tri, room for three doubles in out.
 VEXMATH_API void getBaricentricCoordinates(double tol, double const *p, double const (*tri)[2],
                                            double *out, int &degenerate);
 

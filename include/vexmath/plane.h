@@ -8,9 +8,12 @@
 #include <vexmath/line.h>
 
 /// An infinite plane: a root point in it and its normal, stored like a line. A plain, trivially
-/// copyable value of 48 bytes. The normal is used as it is, and REQUIRES unit length or zero. The
-/// positive side is the one that the normal points to. A zero normal is not detected: every point
-/// lies in such a plane, at distance 0. Nothing checks for NaN: what holds NaN is on no plane.
+/// copyable value of 48 bytes. `rootPoint`, `setRootPoint`, `save` and `restore` are those of
+/// `vexmath::detail::RootedDirection` (line.h), with the normal as unit vector.
+///
+/// The normal is used as it is, and REQUIRES unit length or zero. The positive side is the one that
+/// the normal points to. A zero normal is not detected: every point lies in such a plane, at
+/// distance 0. Nothing checks for NaN: what holds NaN is on no plane.
 class mgPlane_c : public vexmath::detail::RootedDirection {
 public:
     mgPlane_c() = default; ///< root at the origin, zero normal
@@ -43,8 +46,8 @@ public:
     /// to decide.
     VEXMATH_API int cutLineSegment(mgPoint_c const &a, mgPoint_c const &b, double tol) const;
 
-    /// Moves *p into the plane along the transform's image of the z axis (rotated alone), and
-    /// returns the result of `mg_LineIntPlane`. When flag is not 0, *p is first transformed by x.
+    /// Moves *p into the plane along the z axis as rotated by x, and returns the result of
+    /// `mg_LineIntPlane`. When flag is not 0, *p is first transformed by x, perspective included.
     /// mgLinePlane_Point: *p is the crossing. mgLinePlane_InPlane (the direction runs along the
     /// plane and *p lies within 1e-08 of it) and mgLinePlane_Parallel (it does not): *p stays where
     /// the flag put it. REQUIRES p not null.

@@ -21,7 +21,7 @@ public:
     /// failing read leaves the object as it was.
     VEXMATH_API void save(su_CArchive &ar) const;
     VEXMATH_API void restore(su_CArchive &ar);
-    // The same for callers that hold a CArchive, which must be a su_CArchive.
+    // The same for callers that hold a CArchive. REQUIRES that ar is a su_CArchive.
     VEXMATH_API void save(CArchive &ar) const;
     VEXMATH_API void restore(CArchive &ar);
 

@@ -198,7 +198,7 @@ double sizesOf(mgPoint_c const &p, mgXform_c const &x) {
 
 double error(mgXform_c const &x) { return Rows::of(&x.rotation()[0]).error(); }
 
-/// The verdict without vector units, where only the test of the spheres pays.
+/// The verdict without vector units. There only the sphere test is worth its cost.
 Verdict verdictBySpheres(Parts const &a, mgXform_c const &xa, Parts const &b, mgXform_c const &xb) {
     double const distanceSq = (placed(b.centre, xb) - placed(a.centre, xa)).sqlen();
     double const lengths = sizesOf(a.centre, xa) + sizesOf(b.centre, xb);

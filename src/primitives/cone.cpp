@@ -47,7 +47,8 @@ void chooseExtremes(mgPoint_c const (&candidates)[4], mgPoint_c const &root,
                     mgUnitVector_c const &dir, mgPoint_c *out) {
     /// Where the search starts, in model units. The first two candidates lie opposite each other
     /// about the root: one projects to 0 or below, the other to 0 or above, so that both starts are
-    /// replaced. Only NaN, or rounding of as much at a root that is far out, leaves candidate 0.
+    /// replaced. Candidate 0 stays only for NaN, and for a root so far out that coordinates are
+    /// rounded by 1000 or more.
     constexpr double kStart = 1000.0;
     double lowest = kStart;
     double highest = -kStart;

@@ -99,7 +99,9 @@ TEST(BBox, AUnionAsksMoreOfItsOperandThanOfItself) {
     EXPECT_BITS_EQ(boxOf(P(1, 0, 0), 10, P(-1, -2, -2), P(11, 2, 2)),
                    mgBBox_c(bloated) |= ball); // its oversized sphere is merged as it is
     EXPECT_BITS_EQ(ball, mgBBox_c() |= ball);
-    EXPECT_BITS_EQ(mgBBox_c(P(), P()), mgBBox_c(bloated) |= P()); // a point needs a valid box
+    EXPECT_BITS_EQ(mgBBox_c(P(), P()), mgBBox_c(bloated) |= P());       // a point needs a valid box
+    mgBBox_c const far = mgBBox_c(unit) |= mgBBox_c(P(1e200, 0, 0), 2); // the square overflows
+    EXPECT_EQ(1, far.isSet() && !far.isValid());
 }
 
 TEST(BBox, APointThatHoldsNaNWidensTheCornersAlone) {
@@ -152,7 +154,8 @@ TEST(BBox, TranslationAndScalingMoveEveryMember) {
     mgBBox_c box = boxOf(P(3, 2, 3), 5, P(), P(2, 4, 6));
     EXPECT_BITS_EQ(boxOf(P(13, 22, 33), 5, P(10, 20, 30), P(12, 24, 36)), box += V(10, 20, 30));
     EXPECT_BITS_EQ(boxOf(P(10, 22, 33), -2.5, P(11.5, 23, 34.5), P(10.5, 21, 31.5)),
-                   box *= -0.5); // about the middle of the corners
+                   box *= -0.5);               // about the middle of the corners
+    EXPECT_EQ(1, (mgBBox_c() *= 0).isValid()); // a point, although it was unset
 }
 
 TEST(BBox, TransformsEncloseTheImageWithinTheSphereIgnoringPerspective) {
