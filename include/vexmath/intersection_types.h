@@ -8,8 +8,8 @@
 /// Lines, segments and rays with each other and with discs, spheres, cylinders and cones; circle
 /// with circle.
 enum mgIntersectionType_e : int {
-    mgIntersect_Coincident = 0, ///< on the same line, or circles of the same centre
-    mgIntersect_Parallel = 1,   ///< parallel and apart
+    mgIntersect_Coincident = 0, ///< on the same line; in a cylinder along its axis; concentric
+    mgIntersect_Parallel = 1,   ///< parallel and apart; a ray along a frame's plane or in it
     mgIntersect_Point = 2,      ///< one point, written
     mgIntersect_TwoPoints = 3,  ///< two points, or a hit of a sphere, a cylinder or a cone's side
     mgIntersect_None = 4        ///< skew, outside a segment, behind a ray, missed, or degenerate

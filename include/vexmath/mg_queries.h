@@ -9,21 +9,22 @@
 #include <vexmath/line.h>
 #include <vexmath/plane.h>
 
-// The result is the only report. An output is written only where the comment says so; otherwise it
-// keeps its value. Outputs may alias inputs. Pointers must not be null unless the comment allows
-// it. Tolerances are absolute lengths. NaN and infinite inputs give an unspecified result unless
-// the comment states one; nothing crashes or loops forever.
+// An output is written only where the comment says so; otherwise it keeps its value. Outputs may
+// alias inputs, but not each other. Pointers must not be null unless the comment allows it.
+// Tolerances are absolute lengths. NaN, infinite inputs and inputs whose squares overflow (above
+// about 1.3e154) give an unspecified result unless the comment states one; nothing crashes or loops
+// forever.
 //
 // A tol has two roles. Points are the same when each coordinate differs by strictly less than tol.
 // Directions are parallel when 1 - |cos| is strictly less than the same number; a tol above 1 makes
 // all directions parallel, zero ones too. Pass a positive tol: a negative one compares points with
-// 1e-08, and 0 makes no points the same. Both fail to recognise parallel directions, which then
-// give an unspecified result and can make *out NaN.
+// 1e-08, and 0 makes no points the same. With both, parallel directions are usually not recognised:
+// they then give an unspecified result and can make *out NaN.
 //
 // Directions passed as mgVector_c need not have unit length. One of a squared length strictly below
 // 1e-17 (a length of about 3.2e-09), one longer than about 1.3e154 and one that holds NaN count as
 // zero. A line with a zero direction is its root point alone; it is parallel to nothing.
-// REQUIRES unit length, or zero, of unit vectors and of the directions of lines and planes.
+// REQUIRES unit length, or zero, of unit vectors, of directions of lines and of normals of planes.
 
 // Lines and segments.
 
@@ -38,8 +39,8 @@ VEXMATH_API mgIntersectionType_e mg_LineIntLine(mgPoint_c const &p1, mgVector_c 
 /// - None when d1 or d2 is null: each component below 1e-08 in absolute value.
 /// - Directions that are parallel in space, z included: Parallel when p2 is at a distance of tol or
 ///   more from line 1, in space; otherwise Coincident.
-/// - None when |d2.x d1.y - d1.x d2.y| <= tol, or when |d1.x| and |d1.y| are both <= tol. Both take
-///   the vectors as given, so that short vectors can miss a crossing.
+/// - None when |d2.x d1.y - d1.x d2.y| <= tol, or when |d1.x| and |d1.y| are both <= tol. Both
+///   tests use the vectors as given, not normalised: short vectors that cross can give None.
 /// - Otherwise Point, by x and y alone.
 VEXMATH_API mgIntersectionType_e mg_LineIntLine2D(mgPoint_c const &p1, mgVector_c const &d1,
                                                   mgPoint_c const &p2, mgVector_c const &d2,
@@ -56,10 +57,11 @@ VEXMATH_API mgIntersectionType_e mg_LineIntLineSeg(mgLine_c const &line, mgPoint
 VEXMATH_API mgIntersectionType_e mg_RayIntLineSeg(mgLine_c const &ray, mgPoint_c const &a,
                                                   mgPoint_c const &b, mgPoint_c *out, double tol);
 /// Two segments in space. None, without writing, when one is shorter than tol (strict). Otherwise
-/// `out` is written as by `mg_LineIntLine`, with the segment a1 b1 as line 1. A Point becomes None
-/// when it is beyond an end of either segment, judged as in `mg_LineIntLineSeg`. Collinear segments
-/// write a1; they are Coincident when they overlap, otherwise None. They overlap also when an end
-/// of segment 2 is within tol of a1 (distance, inclusive); at b1 there is no slack.
+/// `out` and the result are those of `mg_LineIntLine`, with the segment a1 b1 as line 1, with two
+/// exceptions; `out` stays written in both. A Point becomes None when it is beyond an end of either
+/// segment, as in `mg_LineIntLineSeg`. Coincident, which writes a1, becomes None when the segments
+/// do not overlap. They also overlap when an end of segment 2 is within tol of a1 (distance,
+/// inclusive); at b1 there is no slack.
 VEXMATH_API mgIntersectionType_e mg_LineSegIntLineSeg(mgPoint_c const &a1, mgPoint_c const &b1,
                                                       mgPoint_c const &a2, mgPoint_c const &b2,
                                                       mgPoint_c &out, double tol);
@@ -68,12 +70,13 @@ VEXMATH_API mgIntersectionType_e mg_LineSegIntLineSeg(mgPoint_c const &a1, mgPoi
 /// larger, by the ratio of its length to its length in x and y. A point is "on segment 1" when it
 /// is at most 1e-08 beyond the ends; only x is compared when segment 1 is longer in x than in y,
 /// else only y. In this order:
-/// - None when a coordinate is NaN; when the x of one of the four points is exactly 5e-09 or
-///   -5e-09; or when the ends of a segment do not differ by more than 1e-08 in any coordinate. All
-///   of this includes z.
+/// - None when a coordinate, z included, is NaN; when the x of one of the four points is exactly
+///   5e-09 or -5e-09; or when no coordinate, z included, differs by more than 1e-08 between the
+///   ends of a segment.
 /// - a2 and b2 both on the line: None when no part of segment 2 is on segment 1. Otherwise *out is
-///   the middle of that part. Point when the ends of that part do not differ by more than 1e-08 in
-///   any coordinate, z included; otherwise Coincident.
+///   the middle of that part, z included. Each end of the part is an end of one of the segments,
+///   with its own z. Point when no coordinate, z included, differs by more than 1e-08 between the
+///   ends of the part; otherwise Coincident.
 /// - a2 and b2 both off the line and on the same side: None.
 /// - Otherwise *out is the end of segment 2 that is on the line, or the crossing when both are off,
 ///   with all three coordinates interpolated between a2 and b2. Point when *out is on segment 1,
@@ -84,9 +87,10 @@ VEXMATH_API mgIntersectionType_e mg_LineSegIntLineSeg2D(mgPoint_c const &a1, mgP
 
 // Rays. Each of these functions treats the ray as a whole line: a hit behind the start counts. A
 // frame stands for the plane through its translation whose normal is the third column of its
-// rotation. "Within the radius" means that each coordinate differs by strictly less than
-// radius + 1e-08, so that discs, spheres and cylinders are tested as cubes: points at up to
-// sqrt(3) radii can be hits. A radius below -1e-08 counts as 0.
+// rotation. (The image of the z axis is the third row.) The scale of the frame is ignored. "Within
+// the radius" means that each coordinate differs by strictly less than radius + 1e-08. Discs,
+// spheres and cylinders are therefore tested as cubes: points at up to sqrt(3) radii can be hits. A
+// radius strictly below -1e-08 has the same effect as 0.
 
 /// A ray and a frame's plane. Parallel when the cosine between the direction and the normal is
 /// below 1e-08 in absolute value, also for a ray in the plane or without a direction: *out is not
@@ -117,15 +121,16 @@ VEXMATH_API mgIntersectionType_e mg_RayIntCylSeg(mgLine_c const &ray, mgPoint_c 
 /// A ray and the part of a cone between two distances from its apex. The half-angle is in radians.
 /// *out is written for Coincident, Point and TwoPoints. In this order:
 /// - Ray and axis parallel, 1 - |cos| < 1e-08: Coincident, and *out is the ray's root, when that
-///   and its foot on the axis differ by less than 1e-08 in each coordinate; otherwise Parallel.
+///   and its foot on the axis differ by less than 1e-08 in each coordinate; otherwise Parallel,
+///   also when the ray passes through the cap.
 /// - Point when the ray hits the cap, as in `mg_RayIntDiskSeg`: the disc at the axial distance
 ///   farDistance, of the radius farDistance tan(halfAngle).
 /// - TwoPoints when the ray hits the side. Only two straight lines of the side are tested, those in
-///   the plane through the apex along axis and ray direction: a ray that misses them by 1e-08 or
-///   more in a coordinate, or runs along one, does not hit the side. The hit must not be behind the
-///   apex, and its distance from the apex, along the side, must be from nearDistance to
-///   farDistance; all with an allowance of 1e-08, inclusive. Of two hits, *out is the first along
-///   the ray.
+///   the plane through the apex along axis and ray direction. The ray hits such a line when the
+///   nearest points of the two differ by less than 1e-08 in each coordinate; it never hits one that
+///   it is parallel to. The hit must not be behind the apex, and its distance from the apex, along
+///   the side, must be from nearDistance to farDistance; all with an allowance of 1e-08, inclusive.
+///   Of two hits, *out is the first along the ray.
 /// - Otherwise None.
 /// A zero direction or axis gives an unspecified result.
 VEXMATH_API mgIntersectionType_e mg_RayIntConeSeg(mgLine_c const &ray, mgPoint_c const &apex,
@@ -169,9 +174,10 @@ VEXMATH_API mgIntersectionType_e mg_CircleIntCircle2D(mgPoint_c const &c1, doubl
 mgLinePlaneIntersectionType_e mg_LineIntPlane(mgLine_c const &line, mgPlane_c const &plane,
                                               mgPoint_c *out, double *param);
 /// The segment from a to b and a plane: as `mg_LineIntPlane` for the line from a towards b, except
-/// that a Point more than 1e-08 before a or beyond b becomes Parallel; *out stays written. Equal
-/// ends have no direction: InPlane or Parallel. *param, unless param is null, is always written:
-/// the signed distance of the crossing from a, or 0 for InPlane and for parallel directions.
+/// that a Point more than 1e-08 before a or beyond b becomes Parallel; *out stays written. Ends
+/// that are nearer than about 3.2e-09 give no direction: InPlane or Parallel. *param, unless param
+/// is null, is always written: the signed distance of the crossing from a, or 0 for InPlane and for
+/// parallel directions.
 VEXMATH_API mgLinePlaneIntersectionType_e mg_LineSegIntPlane(mgPoint_c const &a, mgPoint_c const &b,
                                                              mgPlane_c const &plane, mgPoint_c *out,
                                                              double *param);
@@ -192,27 +198,27 @@ VEXMATH_API mgPoint_c mg_MirrorPoint(mgPoint_c const &a, mgVector_c const &v, mg
 
 // Polylines.
 
-/// Returns 1 when n points lie on one straight line, otherwise 0. Fewer than three points give 1.
+/// Returns 1 when n points lie on one straight line, otherwise 0. A point lies on the line when it
+/// differs by less than 1e-08 in each coordinate from its foot on the line through `start` and
+/// `end`. n < 3 gives 1; pts is not read and can be null.
+///
 /// `start` and `end` are written only when n >= 3 and the result is 1. They are two of the points
 /// that are far apart, in no particular order: the extreme ones, unless the line is parallel to z.
 /// The search for them compares the larger of the differences in x and y, and not z. Of a polyline
 /// along z they are therefore the first two points. When the two that were found differ by less
 /// than 1e-08 in each coordinate, `start` and `end` are both pts[0] and the result is 1, whatever
 /// the z of the other points.
-///
-/// A point lies on the line when it differs by less than 1e-08 in each coordinate from its foot on
-/// the line through `start` and `end`.
 VEXMATH_API int mg_IsPolylineLine(int n, mgPoint_c const *pts, mgPoint_c &start, mgPoint_c &end);
-/// The circle through three points. Returns 1 and writes its centre and the unit normal about which
-/// pts[0], pts[1], pts[2] run counter-clockwise.
+/// The circle through pts[0], pts[1] and pts[2]. Returns 1 and writes its centre and the unit
+/// normal about which the points run counter-clockwise in this order.
 ///
-/// Returns 0 without writing when two points are equal, or when the unit directions from pts[0] and
-/// from pts[2] to pts[1] are equal or opposite within 1e-08 in each component. Also returns 0 when
-/// the angle between these two directions, or between one and the opposite of the other, is less
-/// than about 1.4e-04 (1 - |cos| < 1e-08): *normal is not written then, but *center can be, with
-/// the middle of pts[0] and pts[1]. Far from the origin rounding can keep the perpendicular
-/// bisectors apart; the result is 1 all the same, and *center is the point of the first bisector
-/// nearest to the second.
+/// Returns 0 without writing when two points differ by less than 1e-08 in each coordinate, or when
+/// the unit directions from pts[0] and from pts[2] to pts[1] are equal or opposite within 1e-08 in
+/// each component. Also returns 0 when the angle between these two directions, or between one and
+/// the opposite of the other, is less than about 1.4e-04 rad (1 - |cos| < 1e-08): *normal is not
+/// written then, but *center can be, with the middle of pts[0] and pts[1]. Far from the origin
+/// rounding can keep the perpendicular bisectors apart; the result is 1 all the same, and *center
+/// is the point of the first bisector nearest to the second.
 VEXMATH_API int mg_Find3PointArcCenter(mgPoint_c const *pts, mgPoint_c *center,
                                        mgUnitVector_c *normal);
 
@@ -227,13 +233,15 @@ VEXMATH_API int mg_Find3PointArcCenter(mgPoint_c const *pts, mgPoint_c *center,
 ///
 /// Sorts the input by x, then y, NaN last, and removes its exact duplicates (-0 equals 0, NaN
 /// equals nothing). Up to three distinct points are all returned, collinear ones too; three run
-/// counter-clockwise. Four or more points on one line give the first alone, or both ends when all
-/// have the same x. Rounding can lose a corner: points on the first edge can remove one of its
-/// ends. NaN and infinite points give an unspecified hull.
+/// counter-clockwise. Four or more points on one line give both ends when all have the same x. When
+/// they differ in x, they give the first alone, unless rounding puts one off the line. Rounding can
+/// also lose a corner: points on the first edge can remove one of its ends. NaN and infinite points
+/// give an unspecified hull.
 ///
 /// The input's listener is told of each removal, first to last, as (index, last index after the
-/// removal). The distinct points are in their final places before the first call; behind them lie
-/// the duplicates that are still counted. The hull's listener is told (index, index) of each point
+/// removal); the index is one larger when the last point was removed. The distinct points are in
+/// their final places before the first call; behind them lie copies of points, as many as there are
+/// removals to come. The hull's listener is told (index, index) of each point
 /// that is appended, also of those that are removed again, and not of their removal. When `hull`
 /// cannot grow, it is told (-1, -1), and then both listeners are told (0, count - 1) of the points
 /// that are back.
@@ -244,14 +252,18 @@ VEXMATH_API int convexHull(suDynamicArray<mg2DPoint_c> &input, suDynamicArray<mg
 /// Replaces `order` by a short open path through all points: their indices in visiting order. One
 /// or two points keep their order. The path of n points starts as (n - 2, n - 1). Each step inserts
 /// the point that adds the least length: between two neighbours, behind the end or before the
-/// start. Of equal lengths the one at the earlier pair of neighbours is taken, then the one of the
-/// lower index, then the one that comes first in this list.
+/// start. Of equal lengths it takes the one at the earlier pair of neighbours, then the one of the
+/// lower index, then the one that comes first in this list. The end belongs to the last pair, the
+/// start to the first. The points do not change.
 ///
-/// When memory is exhausted, `order` is 0 to n - 1, or empty if it cannot hold these. The points do
-/// not change.
+/// One or two indices are added to the storage of `order`. Three or more get a new block of
+/// capacity n, which grows linearly by 1. When memory is exhausted, `order` is 0 to n - 1, or empty
+/// if it cannot hold these. It is also empty when it may not grow and one or two indices do not
+/// fit.
 ///
-/// The listener of `order` is told that it is empty, (0, -1), then of each index, as by `Add`, and
-/// of the path, (0, n - 1), when n >= 3; or of (0, -1) when it ends up empty.
+/// The listener of `order` is told that it is empty, (0, -1), then of each index from 0 to n - 1,
+/// as by `Add`, then of the path, (0, n - 1), when n >= 3 and memory is not exhausted. When
+/// `order` ends up empty although n > 0, it is told (0, -1) instead.
 ///
 /// About n^2 work for finite points; n^3 when a distance is infinite or NaN.
 /// Method: D. J. Rosenkrantz, R. E. Stearns, P. M. Lewis, "An analysis of several heuristics for
@@ -259,10 +271,10 @@ VEXMATH_API int convexHull(suDynamicArray<mg2DPoint_c> &input, suDynamicArray<mg
 VEXMATH_API void mg_OpenTSP(suDynamicArray<mgPoint_c> &points, suDynamicArray<int> &order);
 
 /// Sorts points[first] to points[last], both included, by `mgPoint_c::isLessThan` with its default
-/// tolerance of 1e-08. Does nothing unless first < last. Equal points can change places. The order
-/// is not transitive across the tolerance: points closer than it can end in an order that depends
-/// on their places before, always the same for the same input. A coordinate difference of NaN
-/// counts as equal.
+/// tolerance of 1e-08, inclusive. Does nothing unless first < last. Equal points can change places.
+/// The order is not transitive across the tolerance: points closer than it can end in an order that
+/// depends on their places before, always the same for the same input. A coordinate difference of
+/// NaN counts as equal.
 ///
 /// About n log n work, also for many equal points, NaN and infinite ones included; n^2 for a few
 /// orders. The recursion depth is logarithmic. From 2000 points on it allocates; when memory is
@@ -270,9 +282,9 @@ VEXMATH_API void mg_OpenTSP(suDynamicArray<mgPoint_c> &points, suDynamicArray<in
 ///
 /// Method: C. A. R. Hoare, "Quicksort", 1962, with the median of three as pivot.
 VEXMATH_API void mg_pointQuickSort(mgPoint_c *points, int first, int last);
-/// Sorts the same range by the same order, by selection: for each place the least of the points
-/// from there on, the earliest among equals, which changes places with the point there. Quadratic
-/// work. Never allocates.
+/// Sorts the same range by the same order, by selection: each place, from first on, swaps its point
+/// with the least of the points from there to last, the earliest of equal ones. Does nothing unless
+/// first < last. Quadratic work. Never allocates.
 VEXMATH_API void mg_pointSelectionSort(mgPoint_c *points, int first, int last);
 
 // -------------------------------------------------------------------------------------------------

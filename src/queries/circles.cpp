@@ -71,6 +71,10 @@ mgIntersectionType_e mg_CircleIntCircle2D(mgPoint_c const &c1, double const &r1,
     double const t = 0.5 - k * f;
     double const footX = c1.x() + t * dx;
     double const footY = c1.y() + t * dy;
+    // QUIRK: mg_queries.h, mg_CircleIntCircle2D: circles with radii below 7e-05 touch wherever they
+    // cross, because the bound is a fourth power of a length. Expected: two points. Kept: callers
+    // and stored data depend on it.
+    // (test: TwoCirclesMeetInTwoPointsTouchOrMissAndKeepTheOutputsZ)
     if (disc < kTouching) {
         writePlanar(out1, footX, footY);
         return mgIntersect_Point;

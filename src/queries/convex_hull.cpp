@@ -41,9 +41,9 @@ void sortByXThenY(mg2DPoint_c *points, List const &given) {
     }
 }
 
-/// Moves every point that differs from the one before it to the front. Returns, for each of the
-/// others, its index if they were removed one after another, first to last. Throws std::bad_alloc
-/// with the points in any order.
+/// Moves every point that differs from the one before it to the front. Returns the index that each
+/// of the others has when they are removed one by one, first to last. Throws std::bad_alloc with
+/// the points in any order.
 std::vector<int> moveDistinctToFront(mg2DPoint_c *sorted, int count) {
     std::vector<int> removed;
     int kept = 1;
@@ -77,7 +77,7 @@ void restore(Points &points, List const &given) {
 /// a x b, its z component.
 double cross(double ax, double ay, double bx, double by) { return ax * by - ay * bx; }
 
-/// A line, with a test for the side of a point that divides its direction by its length.
+/// A directed line. Its side test uses the direction divided by its length.
 class Line {
 public:
     Line(mg2DPoint_c const &from, mg2DPoint_c const &to) : root_(from) {

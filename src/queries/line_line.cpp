@@ -38,12 +38,17 @@ mgIntersectionType_e mg_LineIntLine2D(mgPoint_c const &p1, mgVector_c const &d1,
     if (d1.isNull() || d2.isNull()) return mgIntersect_None;
     mgUnitVector_c const u1 = mg_Normalise(d1);
     mgUnitVector_c const u2 = mg_Normalise(d2);
+    // QUIRK: mg_queries.h, mg_LineIntLine2D: z decides, with x and y, whether lines are parallel
+    // and how far apart they are. Expected: x and y alone. Kept: callers and stored data depend on
+    // it. (test: InThePlaneOnlyAProperCrossingIsWritten)
     if (1.0 - std::fabs(u1 % u2) < tol) {
         double const distance = (u1 * (p2 - p1)).len();
         return distance >= tol ? mgIntersect_Parallel : mgIntersect_Coincident;
     }
 
-    // From here on the directions are those given: their length decides if they are too short.
+    // QUIRK: mg_queries.h, mg_LineIntLine2D: the directions are compared with tol as given, not
+    // normalised, so that short ones that cross give None. Expected: their length does not matter.
+    // Kept: callers and stored data depend on it. (test: InThePlaneOnlyAProperCrossingIsWritten)
     double const across = d2.x() * d1.y() - d1.x() * d2.y();
     bool const tooShort = std::fabs(d1.x()) <= tol && std::fabs(d1.y()) <= tol;
     if (std::fabs(across) <= tol || tooShort) return mgIntersect_None;

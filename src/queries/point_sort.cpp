@@ -110,8 +110,8 @@ bool sortRuns(mgPoint_c *first, mgPoint_c *last, int axis) {
     return true;
 }
 
-/// True if the points are finite and spread so far along x that few are likely to be within
-/// tolerance of a neighbour which is within tolerance of another one.
+/// True if the points are finite and spread so far along x that three of them in a row are unlikely
+/// to be within tolerance of their neighbours.
 bool areSpread(mgPoint_c const *points, std::size_t n) {
     double low = points[0].x();
     double high = low;
@@ -126,9 +126,9 @@ bool areSpread(mgPoint_c const *points, std::size_t n) {
     return count * chance * chance < 1.0;
 }
 
-/// Sorts points of which only one order agrees with `isLess`, in linear time where few agree in x.
-/// Every sort gives that order, the quick sort too. False, with the points as they were, for other
-/// points and when memory is exhausted.
+/// Sorts the points if only one order of them agrees with `isLess`: every sort gives that order,
+/// the quick sort too. Takes linear time when few points agree in x. False, with the points as they
+/// were, if several orders may agree or memory is exhausted.
 bool sortIfUnique(mgPoint_c *points, std::size_t n) try {
     if (!areSpread(points, n)) return false;
     std::vector<vexmath::detail::OrderKey> keys(n);

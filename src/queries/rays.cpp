@@ -16,6 +16,9 @@ using vexmath::detail::meetLines;
 // QUIRK: mg_queries.h, mg_RayIntPlane, mg_RayIntDiskSeg, mg_RayIntSphere, mg_RayIntCylSeg,
 // mg_RayIntConeSeg: a hit behind the start counts. Expected: a ray begins at its start. Kept:
 // callers and stored data depend on it. (test: HitsBehindTheStartCount)
+// QUIRK: mg_queries.h, mg_RayIntPlane, mg_RayIntDiskSeg: the normal is the third column of the
+// frame's rotation. Expected: the third row, which is the image of the z axis. Kept: callers and
+// stored data depend on it. (test: HitsBehindTheStartCount)
 mgIntersectionType_e mg_RayIntPlane(mgXform_c const *frame, mgPoint_c const *start,
                                     mgUnitVector_c const *direction, mgPoint_c *out) {
     /// Cosine between ray and normal below which they are perpendicular; strict.
@@ -57,6 +60,10 @@ mgIntersectionType_e mg_RayIntCylSeg(mgLine_c const &ray, mgPoint_c const &base,
                                        kQueryTolerance, radius + kQueryTolerance);
     mgVector_c const w = nearest.point - base;
     mgIntersectionType_e const type = nearest.write(out);
+    // QUIRK: mg_queries.h, mg_RayIntCylSeg: a ray that is parallel to the axis and inside the
+    // radius is Coincident with its root as the output. Expected: the points where it enters and
+    // leaves. Kept: callers and stored data depend on it.
+    // (test: ACylinderIsHitWhereTheRayPassesItsAxis)
     if (type != mgIntersect_Point) return type;
     // QUIRK: mg_queries.h, mg_RayIntCylSeg: the height bounds the distance from the base point.
     // Expected: it bounds the distance along the axis. Kept: callers and stored data depend on it.
@@ -136,6 +143,9 @@ mgIntersectionType_e mg_RayIntConeSeg(mgLine_c const &ray, mgPoint_c const &apex
     ConePart const cone = {apex, axis, std::tan(halfAngle), nearDistance, farDistance};
     LineLine const alongAxis =
         meetLines(ray.rootPoint(), ray.direction(), apex, axis, kQueryTolerance, kQueryTolerance);
+    // QUIRK: mg_queries.h, mg_RayIntConeSeg: a ray that is parallel to the axis and not on it is
+    // Parallel, also when it passes through the cap. Expected: Point on the cap. Kept: callers and
+    // stored data depend on it. (test: AConeReportsAxisCapAndSideApart)
     if (alongAxis.type == mgIntersect_Coincident || alongAxis.type == mgIntersect_Parallel) {
         return alongAxis.write(out);
     }

@@ -38,6 +38,8 @@ TEST(Circles, TwoCirclesMeetInTwoPointsTouchOrMissAndKeepTheOutputsZ) {
     checkCircles(mgIntersect_TwoPoints, 8, 5, 5, {5, 5, 77}, {5, -1, 5});
     checkCircles(mgIntersect_Point, 2, 1, 1, {2, 2, 77}, {3, 2, 5});
     checkCircles(mgIntersect_Point, 2, 3, 1, {4, 2, 77}, {3, 2, 5}); // one inside the other
+    double const small = 0x1p-15; // below 7e-05, circles that cross touch
+    checkCircles(mgIntersect_Point, small, small, small, {1 + small / 2, 2, 77}, {1 + small, 2, 5});
     checkCircles(mgIntersect_None, 2, 1, 0.9, untouched, {3, 2, 5});
     checkCircles(mgIntersect_None, 2, 9, 1, untouched, {3, 2, 5});
     checkCircles(mgIntersect_Coincident, 0, 1, 9, untouched, {1, 2, 5});

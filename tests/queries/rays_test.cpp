@@ -67,6 +67,7 @@ void checkCone(mgIntersectionType_e type, mgPoint_c const &point, mgLine_c const
 
 TEST(Rays, AConeReportsAxisCapAndSideApart) {
     checkCone(mgIntersect_Coincident, {0, 0, -3}, {{0, 0, -3}, z});
+    checkCone(mgIntersect_Parallel, untouched, {{1, 0, -3}, z}); // through the cap
     checkCone(mgIntersect_Point, {0, 3.9, 4}, {{9, 3.9, 10}, mgUnitVector_c(-9, 0, -6)});
     checkCone(mgIntersect_Point, {-3.9, 3.9, 4}, {{9, 3.9, 10}, mgUnitVector_c(-12.9, 0, -6)});
     checkCone(mgIntersect_TwoPoints, {-2, 0, 2}, {{-9, 0, 2}, x}); // the first along the ray
@@ -75,6 +76,7 @@ TEST(Rays, AConeReportsAxisCapAndSideApart) {
     checkCone(mgIntersect_None, untouched, {{-9, 0, 0.5}, x}); // too near
     checkCone(mgIntersect_None, untouched, {{-9, 0, 3.9}, x}); // a slant of 5.5
     checkCone(mgIntersect_None, untouched, {{-9, 0.5, 2}, x}); // past the axial plane
+    checkCone(mgIntersect_None, untouched, {{2, 0, 1}, mgUnitVector_c(1, 0, 1)}); // parallel to it
 }
 
 } // namespace
