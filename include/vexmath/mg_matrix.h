@@ -27,7 +27,8 @@ VEXMATH_API int mg_solveQuadratic(double a, double b, double c, double *roots);
 /// The same, older, by other bounds. *disc gets the discriminant, or -1 when a and b are both below
 /// 1e-08 in absolute value. The roots are written when there are some: equal for a linear equation
 /// (|a| < 1e-08; *disc is then b^2 - 4ac all the same) and for a discriminant in [0, 1e-16),
-/// otherwise *root1 < *root2. A negative discriminant, or one that is not a number, leaves them.
+/// otherwise *root1 < *root2. A negative discriminant leaves them as they were; one that is NaN,
+/// which large coefficients give too (1e200 for all three), makes both NaN.
 VEXMATH_API void mgSolveQuadratic(double a, double b, double c, double *disc, double *root1,
                                   double *root2);
 

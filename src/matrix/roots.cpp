@@ -52,10 +52,10 @@ void mgSolveQuadratic(double a, double b, double c, double *disc, double *root1,
         *root1 = *root2 = -(c / b);
         return;
     }
-    if (!(*disc >= 0.0)) return;
+    if (*disc < 0.0) return;
     double minus = -b;
     double plus = minus;
-    if (*disc >= kDistinctDiscriminant) {
+    if (!(*disc < kDistinctDiscriminant)) { // NaN too, which makes both roots NaN
         double const root = std::sqrt(*disc);
         plus = root - b;
         minus = -b - root;

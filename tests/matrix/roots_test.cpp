@@ -46,6 +46,9 @@ TEST(Roots, OfTheOlderQuadraticAreSorted) {
     CheckOlder(1e-8, 1, 0, 1, -1e8, 0);
     CheckOlder(0, below(1e-8), 1, -1, untouched, untouched);
     CheckOlder(0, -1e-8, 1e-8, 1e-8 * 1e-8, 1, 1);
+    CheckOlder(1, 0, support::kTiny, -4 * support::kTiny, untouched, untouched);
+    CheckOlder(1e200, 1e200, 1e200, kNaN, kNaN, kNaN); // infinity less infinity
+    CheckOlder(kNaN, 1, 1, kNaN, kNaN, kNaN);
 }
 
 void CheckCubic(double a, double b, double c, double d, std::vector<double> const &expected,
