@@ -118,8 +118,10 @@ public:
     /// 0 when |determinant| > 1e-08 or not a number, unless forced; 3, the axes, when `isNearZero`;
     /// 1 when two columns span a plane (squared length of their cross product at least 1e-16), with
     /// M n = 0 for n as a column vector; else 2, perpendicular to the columns and right-handed with
-    /// the longest of them. Forced, a regular matrix gives the least-squares solution for its
-    /// widest pair of columns. Nearly parallel columns cost accuracy: docs/accuracy.md.
+    /// the longest of them. Of a singular matrix |M n| is at most a few roundings of the longest
+    /// column, also near these bounds; n itself loses a digit for each digit by which the columns
+    /// approach each other: docs/accuracy.md. Forced, a regular matrix gives the least-squares
+    /// solution for its widest pair of columns.
     VEXMATH_API int getNullspace(mgUnitVector_c *basis, bool force) const;
 
     /// Archive record: nine doubles, row by row, without the flag. A failing read leaves the matrix

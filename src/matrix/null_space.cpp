@@ -5,6 +5,8 @@
 
 #include "columns.h"
 
+#include <utility>
+
 using vexmath::detail::column;
 using vexmath::detail::largestOf;
 
@@ -15,13 +17,33 @@ struct Choice {
     int first, second, rest;
 };
 
-/// The null vector of three dependent columns, c[rest] = s c[first] + t c[second].
+/// The null vector of three dependent columns, from c[rest] = s c[first] + t c[second] by least
+/// squares.
+///
+/// Method: A. Bjorck, Solving linear least squares problems by Gram-Schmidt orthogonalization,
+/// 1967. The normal equations would square the condition of the columns. This way M n is a few
+/// roundings of the longest column, however close the columns are to parallel.
 mgUnitVector_c relationBetween(mgVector_c const (&c)[3], Choice choice) {
-    mgVector_c const st = c[choice.rest].pullBack(c[choice.first], c[choice.second]);
+    auto [first, second, rest] = choice;
+    if (c[second].sqlen() > c[first].sqlen()) std::swap(first, second); // divide by the longer one
+    mgVector_c const &along = c[first];
+    double const sq = along.sqlen();
+    double const secondAlong = along % c[second] / sq;
+    double const restAlong = along % c[rest] / sq;
+    mgVector_c const secondAcross = c[second] - secondAlong * along;
+    mgVector_c const restAcross = c[rest] - restAlong * along;
+    double const acrossSq = secondAcross.sqlen();
+
     double n[3];
-    n[choice.first] = st.x();
-    n[choice.second] = st.y();
-    n[choice.rest] = -1.0;
+    if (acrossSq == 0.0) { // large and parallel: only rounding told them apart
+        n[first] = secondAlong;
+        n[second] = -1.0;
+        n[rest] = 0.0;
+    } else {
+        n[second] = secondAcross % restAcross / acrossSq;
+        n[first] = restAlong - n[second] * secondAlong;
+        n[rest] = -1.0;
+    }
     return mgUnitVector_c(n);
 }
 

@@ -159,10 +159,55 @@ EigenErrors eigenErrors(mgMatrix_c const &m) {
 double valueError(mgMatrix_c const &m) { return eigenErrors(m).values; }
 double eigenvectorError(mgMatrix_c const &m) { return eigenErrors(m).vectors; }
 
-double nullError(mgMatrix_c const &m, bool force) {
+/// A null vector by some method, or none.
+using NullVector = mgUnitVector_c (*)(mgMatrix_c const &);
+
+mgUnitVector_c unforced(mgMatrix_c const &m) {
     mgUnitVector_c basis[3];
-    if (m.getNullspace(basis, force) != 1) return 1.0;
-    return angle(basis[0], reference::nullVector(exact(m)));
+    return m.getNullspace(basis, false) == 1 ? basis[0] : mgUnitVector_c();
+}
+
+mgUnitVector_c forced(mgMatrix_c const &m) {
+    mgUnitVector_c basis[3];
+    return m.getNullspace(basis, true) == 1 ? basis[0] : mgUnitVector_c();
+}
+
+/// The relation between the columns that `getNullspace` finds, by the normal equations.
+mgUnitVector_c byNormalEquations(mgMatrix_c const &m) {
+    auto const column = [&m](int j) { return mgVector_c(m(0, j % 3), m(1, j % 3), m(2, j % 3)); };
+    int rest = 0; // the column that does not belong to the widest pair
+    double widestSq = 0.0;
+    for (int j = 0; j < 3; ++j) {
+        double const sq = (column(j + 1) * column(j + 2)).sqlen();
+        if (sq > widestSq) rest = j;
+        widestSq = std::max(widestSq, sq);
+    }
+    mgVector_c const st = column(rest).pullBack(column(rest + 1), column(rest + 2));
+    double n[3];
+    n[rest] = -1.0;
+    n[(rest + 1) % 3] = st.x();
+    n[(rest + 2) % 3] = st.y();
+    return mgUnitVector_c(n);
+}
+
+double nullError(mgMatrix_c const &m, NullVector find) {
+    mgUnitVector_c const n = find(m);
+    return n.isNull() ? 1.0 : angle(n, reference::nullVector(exact(m)));
+}
+
+/// |M n| relative to the longest column.
+double nullResidual(mgMatrix_c const &m, NullVector find) {
+    mgUnitVector_c const n = find(m);
+    if (n.isNull()) return 1.0;
+    Matrix const columns = reference::transposed(exact(m));
+    Vector image{};
+    Real longest = 0;
+    for (std::size_t j = 0; j < 3; ++j) {
+        for (std::size_t i = 0; i < 3; ++i)
+            image[i] += columns[j][i] * n.component(static_cast<int>(j));
+        longest = std::max(longest, reference::length(columns[j]));
+    }
+    return static_cast<double>(reference::length(image) / longest);
 }
 
 /// Errors of a problem that is drawn anew each time.
@@ -246,7 +291,7 @@ void wellScaled() {
         return eigenvectorError(symmetricOf(random, ordinaryValues(random)));
     });
     distribution(family, "null vector", [](Random &random) {
-        return nullError(singular(random, {2, 1, 0}), false);
+        return nullError(singular(random, {2, 1, 0}), unforced);
     });
 }
 
@@ -302,16 +347,51 @@ void nearlyEqualEigenvalues() {
 
 void nearlySingular() {
     char const *const family = "nearly-singular";
-    auto const smallest = [](bool force) {
-        return [force](Random &random, double sigma) {
-            return nullError(singular(random, {2, 1, sigma}), force);
+    auto const smallest = [](NullVector find) {
+        return [find](Random &random, double sigma) {
+            return nullError(singular(random, {2, 1, sigma}), find);
         };
     };
-    sweep(family, "smallest singular value, unforced", -15, 0, 0.25, smallest(false));
-    sweep(family, "smallest singular value, forced", -15, 0, 0.25, smallest(true));
+    sweep(family, "smallest singular value, unforced", -15, 0, 0.25, smallest(unforced));
+    sweep(family, "smallest singular value, forced", -15, 0, 0.25, smallest(forced));
     sweep(family, "middle singular value", -10, 0, 0.25, [](Random &random, double sigma) {
-        return nullError(singular(random, {1, sigma, 0}), true);
+        return nullError(singular(random, {1, sigma, 0}), forced);
     });
+}
+
+/// A random frame around the singular values 1, a small one and 0, such that the largest cross
+/// product of two columns has the length that is given.
+mgMatrix_c framedOfRankTwo(Random &random, double width) {
+    Matrix const left = random.rotation(), right = random.rotation();
+    Real largest = 0; // for singular values of 1
+    for (Real const &x : right[2]) largest = std::max<Real>(largest, abs(x));
+    return matrixOf(left, {1, width / largest, 0}, right);
+}
+
+/// Rows (1, a, b) and (0, w, w), with a and b such that the largest cross product is w.
+mgMatrix_c shearedOfRankTwo(Random &random, double width) {
+    double const a = random.uniform(0.5, 1.0);
+    return mgMatrix_c({1.0, a, a + random.uniform(0.0, 1.0), 0.0, width, width, 0.0, 0.0, 0.0}, 0);
+}
+
+void rankTwo() {
+    /// The smallest cross product: its square must be 1e-16 in spite of rounding.
+    constexpr double kNearTheBound = -7.98;
+    using Error = double (*)(mgMatrix_c const &, NullVector);
+    auto const series = [](char const *name, mgMatrix_c (*matrix)(Random &, double), Error error,
+                           NullVector find) {
+        auto const problem = [=](Random &random, double width) {
+            return error(matrix(random, width), find);
+        };
+        sweep("rank-two", name, kNearTheBound, kNearTheBound, 1.0, problem);
+        sweep("rank-two", name, -7.75, 0, 0.25, problem);
+    };
+    series("residual", framedOfRankTwo, nullResidual, forced);
+    series("residual, normal equations", framedOfRankTwo, nullResidual, byNormalEquations);
+    series("residual, sheared", shearedOfRankTwo, nullResidual, forced);
+    series("residual, sheared, normal equations", shearedOfRankTwo, nullResidual, byNormalEquations);
+    series("null vector", framedOfRankTwo, nullError, forced);
+    series("null vector, normal equations", framedOfRankTwo, nullError, byNormalEquations);
 }
 
 void scaled() {
@@ -334,10 +414,10 @@ void scaled() {
         return eigenvectorError(symmetricOf(random, values));
     });
     sweep(family, "null vector, unforced", -16, 16, 1, [](Random &random, double scale) {
-        return nullError(singular(random, {2 * Real(scale), scale, 0}), false);
+        return nullError(singular(random, {2 * Real(scale), scale, 0}), unforced);
     });
     sweep(family, "null vector, forced", -16, 16, 1, [](Random &random, double scale) {
-        return nullError(singular(random, {2 * Real(scale), scale, 0}), true);
+        return nullError(singular(random, {2 * Real(scale), scale, 0}), forced);
     });
 }
 
@@ -349,5 +429,6 @@ int main() {
     clusteredRoots();
     nearlyEqualEigenvalues();
     nearlySingular();
+    rankTwo();
     scaled();
 }

@@ -33,8 +33,11 @@ PLOTS = {
     "nearly-singular": (
         "Nearly singular matrices", "singular value", (1e-15, 1.0),
         [("square of the singular value", lambda x: x * x / 4, (2e-8, 1.0)),
-         ("one rounding over its square", lambda x: ROUNDING / x**2, (1e-8, 1.0))],
+         ("one rounding over the singular value", lambda x: ROUNDING / x, (1e-8, 1.0))],
         [(5e-9, "determinant 1e-08"), (1e-8, "cross product 1e-16")]),
+    "rank-two": (
+        "Matrices of rank two", "largest cross product of two columns", (1e-8, 1.0),
+        [("one rounding of the elements", lambda x: ROUNDING / x, (1e-8, 1.0))], []),
     "scaled": ("Scaled problems", "factor", (1e-16, 1e16), [], []),
 }
 
