@@ -7,6 +7,14 @@
 #include <vexmath/matrix.h>
 #include <vexmath/vector4.h>
 
+namespace vexmath::detail {
+
+/// For what points alone may call: what converts to a point converts to a vector too.
+template <class P>
+using IfPoint = std::enable_if_t<std::is_same_v<P, mgPoint_c>, int>;
+
+} // namespace vexmath::detail
+
 /// A 4x4 matrix of doubles, row by row, for code that works with homogeneous matrices. It
 /// multiplies column vectors: m * v has the components sum over j of m(i, j) v_j, the translation
 /// is column 3, and a * b means b first, then a. An affine matrix has the bottom row (0, 0, 0, 1);
@@ -77,11 +85,16 @@ public:
     /// determinant is below 1e-13 in absolute value.
     VEXMATH_API mgMatrix4_c inverse() const;
 
-    /// The linear part applied to a vector, w = 0.
+    /// The linear part applied to a vector, w = 0. A point does not compile, since its translation
+    /// would get lost: use `mult`.
     mgVector_c operator*(mgVector_c const &v) const;
-    /// The affine map of a point, w = 1; never divided by the resulting w.
+    template <class P, vexmath::detail::IfPoint<P> = 0>
+    mgVector_c operator*(P const &p) const = delete;
+    /// The affine map of a point, w = 1; never divided by the resulting w. Of an `mgPoint_c` it is
+    /// an `mgPoint_c`.
     mgVector_c mult(mgVector_c const &p) const;
-    mgPoint_c mult(mgPoint_c const &p) const { return mult(mgVector_c(p)); }
+    template <class P, vexmath::detail::IfPoint<P> = 0>
+    mgPoint_c mult(P const &p) const;
     /// The first three rows applied to (x, y, z, w); never divided by the resulting w.
     mgVector_c mult(mgVector4_c const &q) const;
     mgVector4_c mult4(mgVector4_c const &q) const; ///< all four rows
@@ -134,6 +147,11 @@ inline mgVector_c mgMatrix4_c::operator*(mgVector_c const &v) const {
 
 inline mgVector_c mgMatrix4_c::mult(mgVector_c const &p) const {
     return *this * p + getTranslation();
+}
+
+template <class P, vexmath::detail::IfPoint<P>>
+inline mgPoint_c mgMatrix4_c::mult(P const &p) const {
+    return mult(mgVector_c(p));
 }
 
 inline mgVector_c mgMatrix4_c::mult(mgVector4_c const &q) const {

@@ -8,14 +8,14 @@
 #include <vexmath/vector4.h>
 
 /// A rotation for interpolation: (x, y, z, w) with the scalar part w last, read and written by
-/// `operator[]`. Nothing normalises it.
+/// `operator[]`. Nothing normalises it. No vector, point or array converts to one.
 ///
 /// It corresponds to a matrix that multiplies column vectors: from a `mg_RotationMatrix` comes the
 /// quaternion of the opposite angle, see `mgMatrix4_c`. Conversions there and back agree.
 class mgQuaternion_c : public mgVector4_c {
 public:
     constexpr mgQuaternion_c() = default; ///< (0, 0, 0, 1), no rotation
-    using mgVector4_c::mgVector4_c;
+    constexpr mgQuaternion_c(double x, double y, double z, double w) : mgVector4_c(x, y, z, w) {}
 
     /// 1 when each of the four components differs by strictly less than 1e-05. A quaternion and its
     /// negative, the same rotation, are not equal.

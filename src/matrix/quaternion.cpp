@@ -65,9 +65,9 @@ void mgQuaternion_c::quatSlerp(mgQuaternion_c const &a, mgQuaternion_c const &b,
     double const theta = std::acos(std::min(std::fabs(dot), 1.0));
     double const sine = std::sin(theta);
     if (!(sine >= kSmallestSine)) {
-        // QUIRK: b as it is even when it is -a, where a reader would expect it negated, as on the
-        // long way. Key frames must come out as they went in. (test:
-        // OppositeQuaternionsAreNotBlended)
+        // QUIRK: quaternion.h, mgQuaternion_c::quatSlerp: for b = -a the result is b as it is from
+        // t = 0.5 on. Expected: -b, which is a, as on the shorter way elsewhere. Kept: callers and
+        // stored data depend on it. (test: OppositeQuaternionsAreNotBlended)
         *this = t >= 0.5 ? b : a;
         return;
     }

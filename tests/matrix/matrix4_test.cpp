@@ -12,6 +12,13 @@ using support::below;
 static_assert(sizeof(mgMatrix4_c) == 16 * sizeof(double));
 static_assert(std::is_trivially_copyable_v<mgMatrix4_c>);
 
+template <class Operand, class = void>
+constexpr bool isMultiplied = false;
+template <class Operand>
+constexpr bool isMultiplied<Operand, std::void_t<decltype(mgMatrix4_c() * Operand())>> = true;
+static_assert(isMultiplied<mgVector_c> && isMultiplied<mgUnitVector_c>);
+static_assert(!isMultiplied<mgPoint_c>, "the translation would get lost");
+
 mgMatrix4_c placed(mgVector_c const &axis, double angle, double scale, mgVector_c const &move) {
     return mgMatrix4_c::rotationMatrix(axis, angle).scale(scale).setTranslation(move);
 }
@@ -29,6 +36,7 @@ TEST(Matrix4, MapsPointsVectorsAndHomogeneousVectorsByColumns) {
     EXPECT_BITS_EQ(mgVector_c(15, 2, 3), m * v);
     EXPECT_BITS_EQ(mgVector_c(25, 22, 33), m.mult(v)); // never divided
     EXPECT_BITS_EQ(mgPoint_c(25, 22, 33), m.mult(mgPoint_c(v)));
+    EXPECT_BITS_EQ(mgVector_c(25, 22, 33), m.mult({1.0, 2.0, 3.0}));
     EXPECT_BITS_EQ(mgVector_c(35, 42, 63), m.mult(q));
     EXPECT_BITS_EQ(mgVector_c(35, 42, 63) / 7, m.mult4(q).getVector3());
     m.loadIdentity();

@@ -8,6 +8,12 @@
 namespace {
 
 static_assert(sizeof(mgQuaternion_c) == 4 * sizeof(double));
+static_assert(std::is_trivially_copyable_v<mgQuaternion_c>);
+
+template <class... From>
+constexpr bool noneConverts = !(std::is_constructible_v<mgQuaternion_c, From> || ...);
+static_assert(
+    noneConverts<mgVector_c, mgUnitVector_c, mgPoint_c, mgVector4_c, double const *, int>);
 
 mgQuaternion_c about(mgUnitVector_c const &axis, double angle) {
     mgVector_c const v = std::sin(angle / 2) * axis;
@@ -70,7 +76,11 @@ TEST(Quaternion, SlerpTurnsEvenlyAlongTheShorterWay) {
         ExpectNear(about(axis, 0.2 + t * 1.6), slerp(a, b, t), 1e-15);
         ExpectNear(about(axis, 0.2 + t * 1.6), slerp(a, negated(b), t), 1e-15);
     }
-    ExpectNear(a, slerp(a, negated(a), support::below(0.5)), 0); // opposites are not blended
+}
+
+TEST(Quaternion, OppositeQuaternionsAreNotBlended) {
+    mgQuaternion_c const a = about({1, 2, 2}, 0.2);
+    ExpectNear(a, slerp(a, negated(a), support::below(0.5)), 0);
     ExpectNear(negated(a), slerp(a, negated(a), 0.5), 0);
 }
 
