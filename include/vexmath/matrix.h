@@ -16,26 +16,30 @@ struct Rows;
 /// A 3x3 matrix of doubles, nearly always a rotation, with a cached identity flag.
 ///
 /// Points and vectors multiply from the left as row vectors: component j of v * M is the sum over i
-/// of v_i M(i, j), so row i is the image of coordinate axis i and A * B means A first, then B.
-/// Products and inverses are orthonormalised once; the inverse is the transpose.
+/// of v_i M(i, j). So row i is the image of coordinate axis i, and A * B applies A first, then B.
+/// Products and inverses are orthonormalised by one pass, see `normalize`. The inverse is the
+/// transpose.
 ///
-/// The flag is a cache with rules of its own, not a test of the elements. Constructors from nine
-/// doubles or three rows compute it (each row equal to its axis within 1e-12, strictly); copies
-/// carry it along; `transpose`, `operator+` and `operator-` set it whatever the elements; writing
-/// elements, `+=`, `zero`, `tensor`, `normalize` and the repair leave it as it was. What trusts the
-/// flag: products of two matrices, ==, the repair, and of transforms composition, copies, inverse,
-/// saving and the rotation of directions; points and vectors go by the elements. An honest flag
-/// comes from building the matrix anew from its elements.
+/// The flag is a cache and not a test of the elements:
+/// - Constructors from nine doubles or three rows, products, `inverse` and `restore` compute it: it
+///   is set when every component of every row differs from that of its axis by strictly less than
+///   1e-12.
+/// - Copies copy it.
+/// - `transpose`, `operator+` and `operator-` set it, whatever the elements are.
+/// - Writing elements, `+=`, `zero`, `tensor`, `normalize` and the repair leave it as it was.
+///
+/// These trust the flag: products of two matrices, == and the repair; in transforms composition,
+/// copying, inverse, saving and the rotation of unit vectors. Points and vectors test the elements.
+/// To get a flag that fits the elements, build the matrix from them.
 class mgMatrix_c {
 public:
     constexpr mgMatrix_c() = default; ///< the identity, flag set
-    /// Nine elements, row by row; orthonormalised when the second argument is not 0.
+    /// Nine elements, row by row. They are orthonormalised when the second argument is not 0.
     VEXMATH_API mgMatrix_c(double const (&elements)[9], int orthonormalise);
-    /// Rows, always orthonormalised.
+    /// Three rows, always orthonormalised.
     VEXMATH_API mgMatrix_c(mgUnitVector_c const &r0, mgUnitVector_c const &r1,
                            mgUnitVector_c const &r2);
-    /// Rows, always orthonormalised; order selects the order in which the error measure is summed,
-    /// which only rounding can tell apart.
+    /// Three rows, always orthonormalised; for the order see `normalize`.
     VEXMATH_API mgMatrix_c(int order, mgUnitVector_c const &r0, mgUnitVector_c const &r1,
                            mgUnitVector_c const &r2);
 
@@ -49,8 +53,9 @@ public:
 
     int isIdentity() const { return identity_; } ///< the flag
 
-    // Columns, the axes as the inverse rotation moves them, and rows, the axes as this one does.
-    // The numbers are copied and not normalised.
+    // Columns (X, Y, Z), which are the images of the axes under the inverse rotation, and rows (IX,
+    // IY, IZ), which are their images under this one. The numbers are copied and not normalised.
+    // REQUIRE a pointer that is not null.
     void getXAxis(mgUnitVector_c *axis) const { copyColumn(0, axis); }
     void getYAxis(mgUnitVector_c *axis) const { copyColumn(1, axis); }
     void getZAxis(mgUnitVector_c *axis) const { copyColumn(2, axis); }
@@ -58,78 +63,113 @@ public:
     void getIYAxis(mgUnitVector_c *axis) const { axis->set(m_ + 3); }
     void getIZAxis(mgUnitVector_c *axis) const { axis->set(m_ + 6); }
 
-    VEXMATH_API mgMatrix_c operator+(mgMatrix_c const &b) const; ///< flag set
-    /// b - this: the operands the other way round than the sign suggests. Flag set.
+    // Sum, difference and outer product work element by element, without orthonormalisation.
+
+    VEXMATH_API mgMatrix_c operator+(mgMatrix_c const &b) const; ///< flag set, whatever the result
+    /// b - this: the operands are reversed. The flag is set, whatever the result is.
     VEXMATH_API mgMatrix_c operator-(mgMatrix_c const &b) const;
-    VEXMATH_API mgMatrix_c &operator+=(mgMatrix_c const &b);
-    /// 0 when the flags differ, 1 when both are set, whatever the elements; otherwise 1 when every
-    /// element differs by strictly less than 1e-12.
+    VEXMATH_API mgMatrix_c &operator+=(mgMatrix_c const &b); ///< flag unchanged
+    /// 0 when the flags differ. 1 when both are set, whatever the elements are. Otherwise 1 when
+    /// every element differs by strictly less than 1e-12; so a NaN element gives 0.
     VEXMATH_API int operator==(mgMatrix_c const &b) const;
 
-    VEXMATH_API void zero();
-    /// The outer product: element (i, j) becomes a_i b_j.
+    VEXMATH_API void zero(); ///< nine zeros, flag unchanged
+    /// The outer product: element (i, j) becomes a_i b_j. The flag is unchanged.
     VEXMATH_API void tensor(mgVector_c const &a, mgVector_c const &b);
     VEXMATH_API double getDeterminant() const; ///< by cofactors along row 0
-    VEXMATH_API mgMatrix_c transpose() const;  ///< flag set, whatever the elements
-    /// The transpose, orthonormalised, with an honest flag: the inverse of a rotation only.
+    VEXMATH_API mgMatrix_c transpose() const;  ///< flag set, whatever the elements are
+    /// The transpose, orthonormalised: the inverse of a rotation only. The flag is computed.
     VEXMATH_API mgMatrix_c inverse() const;
 
-    VEXMATH_API int isNearZero() const; ///< every element strictly below 1e-08; not for NaN
-    /// A rotation of less than about 0.03 degrees: diagonal in [0.999999863, 1.000000137], the rest
-    /// in [-0.000523599, 0.000523599], bounds included.
+    /// 1 when every element is strictly below 1e-08 in absolute value; 0 for NaN.
+    VEXMATH_API int isNearZero() const;
+    /// 1 when the diagonal lies in [0.999999863, 1.000000137] and the rest in [-0.000523599,
+    /// 0.000523599], bounds included: a rotation of at most about 0.03 degrees. 0 for NaN.
     VEXMATH_API int isNearIdentity() const;
 
-    /// One orthonormalisation pass; the flag is not computed again. The first argument plays no
-    /// part, the second selects the order in which the error measure is summed.
+    /// One orthonormalisation pass over the rows. The first argument is ignored. The flag is not
+    /// computed again.
     ///
-    /// The pass keeps the direction of row 0, turns row 1 perpendicular to it and rebuilds row 2
-    /// with the handedness that it had. Lengths are corrected to first order only, r to
-    /// r (3 - r^2) / 2: a row longer than the root of 3 is turned round.
+    /// The error measure is the sum of |1 - r . r| over the rows r and of the absolute dot products
+    /// of two rows. When it is strictly below 1e-15 nothing changes. Otherwise row 0 keeps its
+    /// direction; row 1 loses its component along row 0; row 2 becomes their cross product, negated
+    /// when its dot product with the old row 2 is negative, so that a mirror stays a mirror.
+    ///
+    /// The pass is of first order. A row 0 of length r gets the length |r (3 - r^2) / 2|, so it is
+    /// reversed when r is above the root of 3. Row 1 becomes perpendicular to row 0 only when both
+    /// had about unit length. A null row 0 or 1 stays null and makes row 2 null. NaN spreads.
+    ///
+    /// An order that is not 0 sums the error measure in another order, which changes its rounding
+    /// and nothing else.
     VEXMATH_API void normalize(int unused, int order);
-    /// Snaps the rows that lie along an axis within 1e-08 to exact ones. 1 when something changed;
-    /// a row that is along an axis but not clean elsewhere refuses the repair as a whole. Trusts
-    /// the identity flag: 0 at once when it is set.
+    /// Makes rows that lie along an axis exact. Returns 1 when an element changed and otherwise 0.
+    ///
+    /// In each row the first element strictly above 0.99999999 in absolute value, however large,
+    /// becomes 1 or -1. All other elements of its row and column must then be strictly below 1e-08
+    /// in absolute value, and become 0. If one is not, the whole repair is refused: 0, and no
+    /// element changes. Rows without such an element are left alone. The flag is trusted: when it
+    /// is set, the result is 0 and nothing changes.
     VEXMATH_API int iValidateRepairOrthonormality();
 
-    /// Axis of the rotation, of either sense; never null for a rotation.
+    /// Unit axis of the rotation. Its component of largest absolute value is positive, so the angle
+    /// about it may be negative. REQUIRES a rotation.
+    ///
+    /// A rotation by less than about 1e-4 radians (1.0e-4 to 1.3e-4, depending on the axis) does
+    /// not tell its axis. The result is then the normalised column of the coordinate axis that
+    /// moves least, which is nearly that axis; for the identity the x axis.
     VEXMATH_API mgUnitVector_c getRotationAxis() const;
-    /// Signed angle in radians about *axis, or about `getRotationAxis()` when null. The sense is
-    /// that of column vectors: the angle of `mg_RotationMatrix(t, n, 0)` about n is -t.
+    /// Signed angle in radians about *axis, or about `getRotationAxis()` when the pointer is null.
+    /// REQUIRES that the matrix rotates about that axis. The sense is that of column vectors: the
+    /// angle of `mg_RotationMatrix(t, n, 0)` about n is -t. About (0, 0, 0) it is 0.
+    ///
+    /// The coordinate axis with the smallest component of *axis, by its signed value, tells the
+    /// angle. So about (-1, 0, 0), (0, -1, 0) or (0, 0, -1) exactly it is 0 however far the matrix
+    /// rotates; for a matrix that does not rotate about that axis it may also be pi. Close to these
+    /// axes an inexact axis makes the angle inexact.
     VEXMATH_API double getRotationAngle(mgUnitVector_c const *axis) const;
 
     /// Eigenvalues, ascending, and unit eigenvectors of the symmetric part (M + transpose) / 2,
-    /// three of each; either pointer may be null. The vectors are perpendicular to each other
+    /// three of each. Either pointer may be null. The vectors are perpendicular to each other
     /// within rounding, also where eigenvalues coincide; their signs are arbitrary.
     ///
-    /// 1 when the iteration converged, 0 when it stopped at its limit; the state it stopped in is
-    /// written all the same. Its bounds are absolute: the elements off the diagonal count as gone
-    /// when they sum to at most 1e-20, or when the largest is below 5e-14 between diagonal elements
-    /// closer than 1e-13. So it stops at its limit for large elements that equal ones on the
-    /// diagonal still swallow (1 beside 1e17), where the state is right to the last bits. Of NaN
-    /// and infinite elements neither the result nor the values tell anything.
+    /// Returns 1 when the iteration converged and 0 when it stopped after 51 rotations. The values
+    /// and vectors reached are written in both cases. The bounds are absolute: the iteration
+    /// converges when the absolute elements off the diagonal sum to at most 1e-20, or when the
+    /// largest of them is strictly below 5e-14 and its two diagonal elements differ by strictly
+    /// less than 1e-13. So it may stop at its limit when equal diagonal elements are so large that
+    /// they absorb the others (1e17 beside 1); the result is then right to the last bits. For NaN
+    /// or infinite elements the return value, the values and the vectors mean nothing.
     VEXMATH_API int getEigensystem(double *values, mgUnitVector_c *vectors) const;
-    /// The matrix whose rows are the three vectors, orthonormalised. The values play no part and
-    /// are not read.
+    /// The matrix whose rows are the three vectors, orthonormalised twice; the flag is computed.
+    /// The values are ignored: the pointer is not read and may be null.
     VEXMATH_API static mgMatrix_c getMatrixFromEigs(double const *values,
                                                     mgVector_c const *vectors);
-    /// Unit vectors that the matrix takes to zero; their number is returned and that many entries
-    /// of basis are written. REQUIRES room for three.
+    /// Unit vectors of the null space. Returns their number and writes that many entries of basis;
+    /// further entries are not written. REQUIRES room for three.
+    /// - 0 when |determinant| > 1e-08 (strict) or NaN, unless forced.
+    /// - 3, the coordinate axes, when `isNearZero`.
+    /// - 1 when two columns span a plane: the largest squared length of a cross product of two
+    ///   columns is at least 1.0000000000000001e-16. The vector n fulfils M n = 0 as a column
+    ///   vector.
+    /// - 2 otherwise. Both vectors are perpendicular to the longest column and form a right-handed
+    ///   frame with it in the order (first, second, column). So they fulfil n M = 0 as row vectors,
+    ///   and M n = 0 only when the matrix is symmetric.
     ///
-    /// 0 when |determinant| > 1e-08 or not a number, unless forced; 3, the axes, when `isNearZero`;
-    /// 1 when two columns span a plane (squared length of their cross product at least 1e-16), with
-    /// M n = 0 for n as a column vector; else 2, perpendicular to the columns and right-handed with
-    /// the longest of them. Of a singular matrix |M n| is at most a few roundings of the longest
-    /// column, also near these bounds; n itself loses a digit for each digit by which the columns
-    /// approach each other: docs/accuracy.md. Forced, a regular matrix gives the least-squares
-    /// solution for its widest pair of columns.
+    /// Of a singular matrix |M n| is at most a few roundings of the longest column, also near these
+    /// bounds; n itself loses a digit for each digit by which the columns approach each other, see
+    /// docs/accuracy.md. Forced, a regular matrix gives the n that expresses the third column by
+    /// the two that span the widest plane, by least squares. With NaN or infinite elements, or
+    /// elements above 1e150, the vectors mean nothing and may be null.
     VEXMATH_API int getNullspace(mgUnitVector_c *basis, bool force) const;
 
-    /// Archive record: nine doubles, row by row, without the flag. A failing read leaves the matrix
-    /// as it was.
+    /// Archive record: nine doubles, row by row, without the flag.
     VEXMATH_API void save(su_CArchive &ar) const;
-    /// Reads and orthonormalises; three null rows give the identity.
+    /// Reads nine doubles and orthonormalises them; the flag is computed. Nine elements strictly
+    /// below 1e-08 in absolute value give the identity. A failing read leaves the matrix as it was.
     VEXMATH_API void restore(su_CArchive &ar);
-    /// Reads the elements as they are; the flag becomes 1 when every row is its axis within 1e-08.
+    /// Reads nine doubles as they are. The flag is set when every component of every row differs
+    /// from that of its axis by strictly less than 1e-08. A failing read leaves the matrix as it
+    /// was.
     VEXMATH_API void restoreAsIs(su_CArchive &ar);
     // The same for callers that hold a CArchive, which must be a su_CArchive.
     VEXMATH_API void save(CArchive &ar) const;
@@ -140,7 +180,7 @@ private:
     friend class mgXform_c;
     VEXMATH_API friend mgMatrix_c operator*(mgMatrix_c const &a, mgMatrix_c const &b);
 
-    explicit mgMatrix_c(vexmath::detail::Rows const &rows); ///< as they are, with an honest flag
+    explicit mgMatrix_c(vexmath::detail::Rows const &rows); ///< as they are, the flag computed
 
     static int inRange(int k) { return k >= 0 && k <= 8 ? k : 0; }
     void copyColumn(int j, mgUnitVector_c *axis) const;
@@ -150,32 +190,32 @@ private:
     int identity_ = 1;
 };
 
-/// A first, then B, orthonormalised, with an honest flag. Two matrices flagged as the identity give
-/// the identity, whatever their elements.
+/// a first, then b, orthonormalised; the flag is computed. Two matrices flagged as the identity
+/// give the identity, whatever their elements are.
 VEXMATH_API mgMatrix_c operator*(mgMatrix_c const &a, mgMatrix_c const &b);
 
-/// Row vector times matrix. An exact identity (by its elements, not by its flag) returns v itself,
-/// and an exactly zero vector returns zero.
+/// Row vector times matrix. A matrix with exactly the elements of the identity, whatever its flag,
+/// returns v itself. An exactly zero vector returns (0, 0, 0).
 mgVector_c operator*(mgVector_c const &v, mgMatrix_c const &m);
-/// Row vector times matrix, without short cuts.
+/// Row vector times matrix, always by the elements.
 mgPoint_c operator*(mgPoint_c const &p, mgMatrix_c const &m);
-/// Matrix times column vector.
+/// Matrix times column vector, always by the elements. A vector on the right converts to a point.
 mgPoint_c operator*(mgMatrix_c const &m, mgPoint_c const &p);
 
 // -------------------------------------------------------------------------------------------------
 
 namespace vexmath::detail {
 
-/// Are the elements but the first exactly those of the identity?
+/// True when all elements except the first are exactly those of the identity.
 VEXMATH_API VEXMATH_PURE bool endsLikeIdentity(mgMatrix_c const &m) noexcept;
 
-/// Are the elements exactly those of the identity? A rotation fails at the first.
+/// True when the elements are exactly those of the identity. A rotation fails at the first.
 inline bool isExactIdentity(mgMatrix_c const &m) {
     return m.element(0, 0) == 1.0 && endsLikeIdentity(m);
 }
 
-/// The elements of a matrix as values. A loop that turns many points can keep them in registers,
-/// where elements in memory might change with every point that it writes.
+/// The elements of a matrix as values. A loop that rotates many points can keep them in registers;
+/// elements in memory might change with every point that the loop writes.
 struct Elements {
     Elements(mgMatrix_c const &m)
         : xx(m.element(0, 0)), xy(m.element(0, 1)), xz(m.element(0, 2)), yx(m.element(1, 0)),

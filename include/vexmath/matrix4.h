@@ -9,42 +9,59 @@
 
 namespace vexmath::detail {
 
-/// For what points alone may call: what converts to a point converts to a vector too.
+/// Restricts an overload to points: everything that converts to a point also converts to a vector.
 template <class P>
 using IfPoint = std::enable_if_t<std::is_same_v<P, mgPoint_c>, int>;
 
 } // namespace vexmath::detail
 
 /// A 4x4 matrix of doubles, row by row, for code that works with homogeneous matrices. It
-/// multiplies column vectors: m * v has the components sum over j of m(i, j) v_j, the translation
-/// is column 3, and a * b means b first, then a. An affine matrix has the bottom row (0, 0, 0, 1);
-/// nothing checks it. There is no identity flag and no orthonormalisation. A trivially copyable
-/// value of 128 bytes.
+/// multiplies column vectors: component i of m * v is the sum over j of m(i, j) v_j. The
+/// translation is column 3, and a * b applies b first, then a. An affine matrix has the bottom row
+/// (0, 0, 0, 1); nothing checks it. There is no identity flag and no orthonormalisation. A
+/// trivially copyable value of 128 bytes.
 ///
-/// Two conventions meet here. `mgMatrix_c` multiplies row vectors, so the matrix of the same turn
-/// has its rows and columns exchanged. Conversions copy element (i, j) to element (i, j) and do not
-/// transpose: what turns vectors one way here turns them the other way as an `mgMatrix_c`.
-/// `mgMatrix_c::getRotationAngle` and `mgQuaternion_c` read an `mgMatrix_c` by columns, as this
-/// class does, and so see the angle of a `mg_RotationMatrix` with the opposite sign.
+/// `mgMatrix_c` has the other convention: it multiplies row vectors, so the matrix of the same
+/// rotation has its rows and columns exchanged. Conversions copy element (i, j) to element (i, j)
+/// and do not transpose: a matrix that rotates vectors one way here rotates them the other way as
+/// an `mgMatrix_c`. `mgMatrix_c::getRotationAngle` and `mgQuaternion_c` read an `mgMatrix_c` by
+/// columns, as this class does. So they see the angle of a `mg_RotationMatrix` with the opposite
+/// sign.
 class mgMatrix4_c {
 public:
     constexpr mgMatrix4_c() = default; ///< the identity
 
     static mgMatrix4_c translationMatrix(mgVector_c const &t);
-    /// Turns column vectors by the angle in radians about the axis, by the right-hand rule. Of an
-    /// axis shorter than 0.0001 and no shorter than the (signed) angle: the identity. Of one
-    /// shorter than 1e-08 and than the angle: the cosine times the identity.
+    /// Rotates column vectors by the angle in radians about the axis, by the right-hand rule.
+    ///
+    /// For an axis shorter than 0.0001 the signed angle is compared with the length of the axis:
+    /// only a strictly larger angle rotates; any other one, such as every negative angle, gives the
+    /// identity. Even then an axis shorter than 1e-08 has no direction left, and the upper left
+    /// becomes the cosine times the identity; an axis longer than 1e154 gives the same. A NaN axis
+    /// gives the identity. A NaN angle gives NaN elements, or the identity when the axis is short.
     VEXMATH_API static mgMatrix4_c rotationMatrix(mgVector_c const &axis, double angle);
     /// The frame at the origin given with x along xDir and y on the side of yDir: columns 0 to 2
-    /// are its right-handed orthonormal axes, column 3 the origin. Null or parallel directions (see
-    /// `mgVector_c::isParallelTo`) give the translation alone.
+    /// are its right-handed orthonormal axes, column 3 the origin.
+    ///
+    /// Gives the translation alone when xDir or yDir is null, or when they are parallel or opposite
+    /// (||cosine| - 1| < 1e-08). Null means a squared length strictly below 1e-17, which is a
+    /// length of about 3.2e-09, one above 1e154, or a NaN component. An infinite component gives
+    /// NaN.
     VEXMATH_API static mgMatrix4_c rigidTransform(mgVector_c const &origin, mgVector_c const &xDir,
                                                   mgVector_c const &yDir);
     /// The outer product of v with itself in the upper left of an identity.
     VEXMATH_API static mgMatrix4_c vvt(mgVector_c const &v);
-    /// Between a (t <= 0) and b (t >= 1): translation linearly, scale geometrically, rotation about
-    /// the axis of the step from a to b. REQUIRES affine matrices of rotation and positive uniform
-    /// scale.
+    /// Between a and b: translation linearly, scale geometrically, rotation by the part t of the
+    /// angle from a to b. Exactly a for t <= 0 and exactly b for t >= 1; NaN for a NaN t. REQUIRES
+    /// affine matrices of rotation and uniform scale, with the scale above 4.7e-05 (see `inverse`).
+    ///
+    /// Axis and angle are those that `getRotationAxis` and `getRotationAngle` find for the step
+    /// `a.inverse() * b`. Where they are wrong, the rotation does not lead to b, and the result
+    /// jumps to b at t = 1:
+    /// - A step of less than about 1e-4 radians rotates about x alone, by its share about x. A step
+    ///   about y or z does not rotate.
+    /// - When the axis found is close to -x or -y, the angle is inexact: off by up to 1e-8 at a
+    ///   distance of 0.01 radians, 1e-3 at 0.0001, and meaningless from 1e-6 on.
     VEXMATH_API static mgMatrix4_c interpolate(mgMatrix4_c const &a, mgMatrix4_c const &b,
                                                double t);
 
@@ -59,30 +76,31 @@ public:
 
     mgMatrix4_c &setTranslation(mgVector_c const &t);
     mgVector_c getTranslation() const { return {m_[3], m_[7], m_[11]}; }
-    double getScale() const; ///< length of row 0, without the translation
-    /// The translation zeroed, then all sixteen elements divided by the scale, so that the last one
-    /// becomes 1 / scale. A zero scale gives infinities and NaN.
+    double getScale() const; ///< length of row 0 without the translation
+    /// A copy with a zero translation and then all sixteen elements divided by `getScale()`, so
+    /// that the last one becomes 1 / scale. A zero scale gives infinities and NaN.
     VEXMATH_API mgMatrix4_c getRotation() const;
     double getDeterminant() const; ///< of the upper left 3x3, by cofactors along row 0
     double trace() const { return m_[0] + m_[5] + m_[10]; } ///< of the upper left 3x3
 
-    /// 1 when all elements are equal, exactly.
+    /// 1 when all elements are exactly equal; 0 for NaN.
     VEXMATH_API int operator==(mgMatrix4_c const &b) const;
-    /// Lexicographic over the elements, row by row, exactly.
+    /// Lexicographic over the elements, row by row, by exact comparisons. NaN counts as equal to
+    /// everything.
     VEXMATH_API bool operator<(mgMatrix4_c const &b) const;
 
     // Sum, difference and scaled matrix are affine: the bottom row is (0, 0, 0, 1) whatever the
-    // operands have there. The translation takes part.
+    // operands have there. The translation is added, subtracted and scaled too.
     VEXMATH_API mgMatrix4_c operator+(mgMatrix4_c const &b) const;
-    /// b - this: the operands the other way round than the sign suggests.
+    /// b - this: the operands are reversed.
     VEXMATH_API mgMatrix4_c operator-(mgMatrix4_c const &b) const;
     VEXMATH_API mgMatrix4_c scale(double s) const;
 
     VEXMATH_API mgMatrix4_c operator*(mgMatrix4_c const &b) const; ///< b first, then this
     mgMatrix4_c &operator*=(mgMatrix4_c const &b);                 ///< this * b
     VEXMATH_API mgMatrix4_c transpose() const;
-    /// The inverse of an affine matrix; the bottom row is not looked at. The identity when the
-    /// determinant is below 1e-13 in absolute value.
+    /// The inverse of an affine matrix; the bottom row is ignored. The identity when
+    /// |determinant| is strictly below 1e-13, which a uniform scale below 4.6e-05 has. NaN spreads.
     VEXMATH_API mgMatrix4_c inverse() const;
 
     /// The linear part applied to a vector, w = 0. A point does not compile, since its translation
@@ -99,17 +117,26 @@ public:
     mgVector_c mult(mgVector4_c const &q) const;
     mgVector4_c mult4(mgVector4_c const &q) const; ///< all four rows
 
-    /// Unit axis of the rotation; the x axis when there is none to be found.
+    /// Unit axis of the rotation, right within 1e-07 radians; a uniform scale does not matter. Its
+    /// z component is positive; its x component when z is too small to tell, then y. So the angle
+    /// about it may be negative. A rotation by less than about 1e-4 radians (1.0e-4 to 1.8e-4,
+    /// depending on the axis) does not tell its axis: the result is the x axis. So it is when two
+    /// columns are null.
     VEXMATH_API mgVector_c getRotationAxis() const;
-    /// Signed angle in radians about an axis of any length, see `mgMatrix_c::getRotationAngle`.
+    /// Signed angle in radians, by the right-hand rule, about an axis of any length; see
+    /// `mgMatrix_c::getRotationAngle`. A uniform scale does not matter. 0 about an axis shorter
+    /// than 3.2e-09, and about -x, -y and -z exactly, however far the matrix rotates.
     VEXMATH_API double getRotationAngle(mgVector_c axis) const;
-    /// 1 for a rotation with a translation: bottom row exactly (0, 0, 0, 1), and `getRotation()`
-    /// times its transpose within 0.0001 (included) of the identity by `distTo`. That counts the
-    /// last element too, so a scale other than 1 is not rigid.
+    /// 1 for a rotation or mirror with a translation: the bottom row is exactly (0, 0, 0, 1), and
+    /// `getRotation()` times its transpose is at most 0.0001 from the identity by `distTo`. That
+    /// counts the last element too, so a scale that differs from 1 by more than about 5e-05 is not
+    /// rigid. 0 for NaN.
     VEXMATH_API int isRigid() const;
     /// Root of the sum of the squared differences of all elements.
     VEXMATH_API double distTo(mgMatrix4_c const &b) const;
-    /// The upper left 3x3, element by element, orthonormalised, with an honest flag.
+    /// The upper left 3x3, element by element, orthonormalised by the one pass of
+    /// `mgMatrix_c::normalize`; the flag is computed. REQUIRES no scale, which that pass does not
+    /// remove (a scale of 2 negates rows 0 and 1): call `getRotation()` first.
     VEXMATH_API mgMatrix_c convertToMatrix() const;
 
 private:

@@ -6,38 +6,58 @@
 
 #include <vexmath/matrix.h>
 
-/// Rotation by an angle in radians about an axis through the origin, counter-clockwise seen against
-/// the axis: x turned about z by t is (cos t, sin t, 0). Below 1e-12 in absolute value: identity.
+/// Rotation by an angle in radians about an axis through the origin, by the right-hand rule:
+/// (1, 0, 0) times the rotation about z by t is (cos t, sin t, 0). An angle strictly below 1e-12 in
+/// absolute value gives the identity.
 ///
 /// When snapTol > 0, an angle strictly closer than snapTol to a multiple of a quarter turn gets the
-/// exact sine and cosine of it. REQUIRES an axis that is not null: nothing defends against one.
+/// exact sine and cosine of that multiple.
+///
+/// REQUIRES an axis with a length from 3.2e-09 to 1e150. Outside that range, or for NaN, there is
+/// no direction: the result is the identity, its negative when the cosine is negative, or null when
+/// the cosine is 0. A NaN or infinite angle, or an infinite axis, gives nine zeros.
 VEXMATH_API mgMatrix_c mg_RotationMatrix(double angle, mgVector_c const &axis, double snapTol);
 
-// Real roots of polynomials. Every bound is absolute: scale the coefficients to about 1 first, or
-// large ones turn a double root into none and small ones vanish. docs/accuracy.md shows how far
-// each function can be trusted.
+// Real roots of polynomials. Every bound is absolute. So scale the coefficients to about 1 first:
+// rounding makes a double root of large ones vanish, and small ones count as absent.
+// docs/accuracy.md shows how far each function can be trusted.
 
-/// Real roots of a x^2 + b x + c: their number is returned and that many entries of roots are
-/// written. A coefficient below 1e-13 in absolute value counts as absent (a linear equation, or
-/// none), a discriminant in [-1e-13, 1e-13) as a double root, which is given twice; one that is not
-/// a number gives 0. Not sorted: (-b - root) / 2a comes first, the larger one for a negative a.
-/// REQUIRES room for two.
+/// Real roots of a x^2 + b x + c. Returns their number and writes that many entries of roots.
+/// REQUIRES room for two. With the discriminant D = b^2 - 4ac:
+/// - |a| < 1e-13, or a NaN: the equation is linear. One root -c / b, or none when |b| < 1e-13 or b
+///   is NaN.
+/// - D >= 1e-13: two roots, not sorted. (-b - sqrt(D)) / 2a comes first, which is the larger one
+///   for a negative a.
+/// - -1e-13 <= D < 1e-13: 2, the double root -b / 2a given twice.
+/// - D < -1e-13 or NaN: none.
+///
+/// Roots may be infinite or NaN when values overflow (coefficients above 1e150) or c is NaN.
 VEXMATH_API int mg_solveQuadratic(double a, double b, double c, double *roots);
 
-/// The same, older, by other bounds. *disc gets the discriminant, or -1 when a and b are both below
-/// 1e-08 in absolute value. The roots are written when there are some: equal for a linear equation
-/// (|a| < 1e-08; *disc is then b^2 - 4ac all the same) and for a discriminant in [0, 1e-16),
-/// otherwise *root1 < *root2. A negative discriminant leaves them as they were; one that is NaN,
-/// which large coefficients give too (1e200 for all three), makes both NaN.
+/// The same in an older form with other bounds. *disc becomes D = b^2 - 4ac.
+/// - |a| < 1e-08 and |b| < 1e-08: *disc becomes -1. The roots are not written.
+/// - |a| < 1e-08 otherwise: the equation is linear. Both roots become -c / b, whatever D is.
+/// - D < 0: the roots are not written.
+/// - 0 <= D < 1e-16: both roots become -b / 2a.
+/// - D >= 1e-16: *root1 is the smaller root and *root2 the larger one.
+/// - D is NaN, also when it overflows (1e200 for all coefficients): both roots become NaN.
 VEXMATH_API void mgSolveQuadratic(double a, double b, double c, double *disc, double *root1,
                                   double *root2);
 
-/// Real roots of a x^3 + b x^2 + c x + d: their number, 1 or 3, is returned and that many entries
-/// of roots are written, ascending; a double root appears twice. |a| < 1e-13 gives the roots of the
-/// quadratic as `mg_solveQuadratic` does. One root is searched for and the others come from the
-/// quadratic that is left when it is divided out, so its error reaches them. Coefficients that are
-/// NaN, or so large that values overflow, may give a root that means nothing. REQUIRES room for
-/// three.
+/// Real roots of a x^3 + b x^2 + c x + d. Returns their number and writes that many entries of
+/// roots. REQUIRES room for three. |a| < 1e-13 gives what `mg_solveQuadratic` gives for b, c and d.
+/// Otherwise there are 1 or 3 roots, ascending; a double root appears twice.
+///
+/// One root r is searched for. A critical point with a value of at most 1e-13 in absolute value is
+/// a double root and becomes r. Otherwise the interval between two values of different sign is
+/// halved at each step while the cubic falls over it; while it rises, every other step is a secant.
+/// So a cubic and its negative may differ in the last bits of their roots.
+///
+/// The other roots are those that `mg_solveQuadratic` finds for the quadratic that remains, so the
+/// error of r reaches them. They count as a double root when a^2 (r2 - r3)^2 is in [-1e-13, 1e-13),
+/// also when they are complex; so every pair does when a is small enough: (1e-13, 1, 1, 1) gives
+/// three roots, where one is real. When coefficients are NaN or so large that values overflow, the
+/// roots mean nothing.
 VEXMATH_API int mg_solveCubic(double a, double b, double c, double d, double *roots);
 
 /// What `mg_GoodEqu3` found.
@@ -50,9 +70,18 @@ enum mg_GoodEqu3Status : int {
 };
 
 /// The three real roots, descending, of x^3 - a x^2 + b x - c, the characteristic polynomial of a
-/// symmetric positive matrix: a its trace, b the sum of its principal 2x2 minors, c its
-/// determinant. Fails when one of them is not positive (or not a number) or there are no three real
-/// roots. REQUIRES room for three.
+/// symmetric positive matrix: a is its trace, b the sum of its principal 2x2 minors, c its
+/// determinant. REQUIRES room for three. With P = 3 - 9b/a^2 and Q = 27c/a^3 - 9b/a^2 + 2:
+/// - Fails when a, b or c is not positive or is NaN.
+/// - |P| < 1e-08: a triple root a / 3 when |Q| <= 1e-08, otherwise fails.
+/// - P < 0: fails.
+/// - Otherwise the cosine C = 4Q / R^3 with R = sqrt(4P/3) decides. |C| < 0.999999999999: three
+///   roots. Up to |C| = 1.1, included: a pair that counts as equal, the lower one for C > 0.
+///   Beyond: fails.
+///
+/// Beyond |C| = 1 only one root is real. The allowance of 1.1 still gives three values, which are
+/// approximate: (3, 2.25, 0.52) gives 2, 0.5 and 0.5. Above 1e100 the powers overflow, and the
+/// status and the values mean nothing.
 VEXMATH_API mg_GoodEqu3Status mg_GoodEqu3(double a, double b, double c, double *roots);
 
 #endif

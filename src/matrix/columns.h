@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Columns of a matrix, and which of three values is the extreme one.
+// Columns of a matrix, and the index of the extreme one of three values.
 
 #ifndef VEXMATH_SRC_MATRIX_COLUMNS_H
 #define VEXMATH_SRC_MATRIX_COLUMNS_H

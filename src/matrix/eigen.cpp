@@ -8,7 +8,7 @@
 
 namespace {
 
-/// A symmetric matrix on its way to diagonal form, and the product of the rotations so far.
+/// A symmetric matrix during the iteration, and the product of the rotations so far.
 struct Working {
     double diagonal[3];
     double off[3];        ///< off[r] is the element whose row and column are the two others than r
@@ -16,7 +16,7 @@ struct Working {
 };
 
 Working symmetricPart(mgMatrix_c const &m) {
-    // Element by element: the flag of m.transpose() would stand in the way of a sum by operators.
+    // Element by element, since the flags of a transpose and a sum would not fit their elements.
     auto const mean = [&m](int i, int j) { return (m(i, j) + m(j, i)) * 0.5; };
     return {{mean(0, 0), mean(1, 1), mean(2, 2)},
             {mean(2, 1), mean(2, 0), mean(1, 0)},
@@ -28,8 +28,8 @@ struct Rotation {
     double t, c, s, tau;
 };
 
-/// The sign of a number that is not positive, and of one that is. A table, since a branch would be
-/// guessed wrong half of the time.
+/// The sign of a number that is not positive, and of one that is. A table, since a processor would
+/// predict a branch wrongly half of the time.
 constexpr double kSign[2] = {-1.0, 1.0};
 
 /// The rotation by the smaller angle that clears an element x between diagonal elements h apart:
@@ -37,8 +37,8 @@ constexpr double kSign[2] = {-1.0, 1.0};
 inline Rotation rotationClearing(double x, double h) {
     /// |u| up to which t is computed from it; bound included.
     constexpr double kUsable = 10000000000000.0;
-    /// |u| above which the long way finds the same bits: u^2 swallows the 1 and the root of a
-    /// rounded square is exact, so sqrt(u^2 + 1) is |u|; and t^2 vanishes beside 1.
+    /// |u| above which the full formula gives the same bits: u^2 + 1 rounds to u^2 and the root of
+    /// a rounded square is exact, so sqrt(u^2 + 1) is |u|; and t^2 + 1 rounds to 1.
     constexpr double kSmallAngle = 0x1p27;
     double const u = h / (2.0 * x);
     double const size = std::fabs(u);
@@ -52,12 +52,12 @@ inline Rotation rotationClearing(double x, double h) {
     return {t, c, s, s / (c + 1.0)};
 }
 
-/// Clears the element of row P and column Q; false when it is too small to say by which angle. A
-/// template and inline, since known indices keep the working matrix in registers.
+/// Clears the element of row P and column Q. Returns false when it is too small to tell the angle.
+/// An inline template, since constant indices keep the working matrix in registers.
 template <int P, int Q>
 inline bool rotate(Working &a) {
-    /// Differences of diagonal elements and doubled off-diagonal ones that count as none; strict,
-    /// and both must be so.
+    /// A difference of diagonal elements and a doubled off-diagonal element that are both strictly
+    /// below this count as none.
     constexpr double kNoDifference = 1e-13;
     constexpr int R = 3 - P - Q;
     double const x = a.off[R];
@@ -91,11 +91,11 @@ bool rotateLargest(Working &a) {
     return rotate<1, 0>(a);
 }
 
-/// Makes the matrix diagonal; false when that does not come to an end.
+/// Makes the matrix diagonal. Returns false when the iteration stops at its limit.
 bool diagonalise(Working &a) {
     /// Sum of absolute off-diagonal elements that ends the iteration; bound included.
     constexpr double kDiagonal = 1e-20;
-    /// More rotations than this are not made without success; about nine suffice.
+    /// After more rotations than this the iteration stops. About nine are enough.
     constexpr int kMostRotations = 50;
     int rotations = 0;
     do {
@@ -137,9 +137,9 @@ mgMatrix_c mgMatrix_c::getMatrixFromEigs(double const * /*values*/, mgVector_c c
     for (int i = 0; i < 3; ++i) {
         for (int j = 0; j < 3; ++j) v(i, j) = vectors[j].component(i);
     }
-    // QUIRK: the identity times the inverse of v, where a reader would expect v D v^-1 with the
-    // values on the diagonal of D. v and D both carry the identity's flag, so their product is the
-    // identity; callers take the result for the frame of the vectors.
-    // (test: MatrixFromEigenDataIgnoresTheValues)
+    // Both v and D carry the flag of the identity, so their product v D is the identity.
+    // QUIRK: matrix.h, mgMatrix_c::getMatrixFromEigs: the values are ignored, and the result is the
+    // inverse of the matrix v of the vectors. Expected: v D v^-1 with the values on the diagonal of
+    // D. Kept: callers and stored data depend on it. (test: MatrixFromEigenDataIgnoresTheValues)
     return mgMatrix_c() * v.inverse();
 }

@@ -21,17 +21,18 @@ mgMatrix_c::mgMatrix_c(int order, mgUnitVector_c const &r0, mgUnitVector_c const
     : mgMatrix_c(Rows{r0, r1, r2}.orthonormalised(order != 0)) {}
 
 mgMatrix_c mgMatrix_c::operator+(mgMatrix_c const &b) const {
-    // QUIRK: the sum keeps the flag of the identity it is built on, where a reader would expect it
-    // cleared; likewise the difference and the transpose. Callers that go on multiplying rely on
-    // the products short-cutting it. (test: SumDifferenceAndTransposeClaimToBeTheIdentity)
+    // QUIRK: matrix.h, mgMatrix_c::operator+, mgMatrix_c::operator-, mgMatrix_c::transpose: the
+    // result is flagged as the identity, whatever its elements are. Expected: a flag that fits the
+    // elements. Kept: callers and stored data depend on it.
+    // (test: SumDifferenceAndTransposeClaimToBeTheIdentity)
     mgMatrix_c sum;
     for (int k = 0; k < 9; ++k) sum.m_[k] = m_[k] + b.m_[k];
     return sum;
 }
 
 mgMatrix_c mgMatrix_c::operator-(mgMatrix_c const &b) const {
-    // QUIRK: the argument minus this, where a reader would expect this minus the argument. Callers
-    // write a - b for the step from a to b. (test: DifferenceIsTheArgumentMinusThis)
+    // QUIRK: matrix.h, mgMatrix_c::operator-: a - b gives b - a. Expected: a - b. Kept: callers and
+    // stored data depend on it. (test: DifferenceIsTheArgumentMinusThis)
     mgMatrix_c difference;
     for (int k = 0; k < 9; ++k) difference.m_[k] = b.m_[k] - m_[k];
     return difference;
@@ -44,8 +45,9 @@ mgMatrix_c &mgMatrix_c::operator+=(mgMatrix_c const &b) {
 
 int mgMatrix_c::operator==(mgMatrix_c const &b) const {
     if (!identity_ != !b.identity_) return 0;
-    // QUIRK: two matrices flagged as the identity are equal whatever their elements, as all
-    // operations that trust the flag treat them. (test: MatricesFlaggedAsTheIdentityAreEqual)
+    // QUIRK: matrix.h, mgMatrix_c::operator==: two matrices flagged as the identity are equal,
+    // whatever their elements are. Expected: a comparison of the elements. Kept: callers and stored
+    // data depend on it. (test: MatricesFlaggedAsTheIdentityAreEqual)
     if (identity_) return 1;
     return std::equal(m_, m_ + 9, b.m_,
                       [](double p, double q) { return std::fabs(p - q) < kElementTolerance; });
@@ -54,7 +56,7 @@ int mgMatrix_c::operator==(mgMatrix_c const &b) const {
 void mgMatrix_c::zero() { std::fill(m_, m_ + 9, 0.0); }
 
 void mgMatrix_c::tensor(mgVector_c const &a, mgVector_c const &b) {
-    mgVector_c const left = a; // either may lie in this matrix
+    mgVector_c const left = a; // copies: either may refer to elements of this matrix
     mgVector_c const right = b;
     for (int i = 0; i < 3; ++i) {
         for (int j = 0; j < 3; ++j) m_[3 * i + j] = left.component(i) * right.component(j);
@@ -67,7 +69,7 @@ double mgMatrix_c::getDeterminant() const {
 }
 
 mgMatrix_c mgMatrix_c::transpose() const {
-    mgMatrix_c transposed; // keeps its flag, see operator+
+    mgMatrix_c transposed; // the flag stays set, see operator+
     for (int i = 0; i < 3; ++i) {
         for (int j = 0; j < 3; ++j) transposed.m_[3 * i + j] = m_[3 * j + i];
     }
@@ -113,11 +115,11 @@ void mgMatrix_c::normalize(int /*unused*/, int order) {
 
 namespace {
 
-/// What a row's snap came to.
+/// The result of snapping a row.
 enum class Snap { NotAlongAnAxis, Done, Failed };
 
-/// Elements of absolute value strictly above this are snapped to +-1, and then all others of their
-/// row and column must be strictly below the second.
+/// An element strictly above the first in absolute value is snapped to 1 or -1. All others of its
+/// row and column must then be strictly below the second.
 constexpr double kSnapToOne = 0.99999999;
 constexpr double kSnapToZero = 1e-08;
 
@@ -152,6 +154,6 @@ int mgMatrix_c::iValidateRepairOrthonormality() {
     for (int r = 0; r < 3 && !failed; ++r) failed = snapRow(repaired, r) == Snap::Failed;
     bool const changed = !std::equal(m_, m_ + 9, repaired.m_);
     if (failed && changed) return 0;
-    *this = repaired; // when nothing changed, zeros may still lose a sign
+    *this = repaired; // also when nothing changed: zeros may lose their sign
     return changed;
 }

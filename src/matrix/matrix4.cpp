@@ -10,10 +10,10 @@
 
 namespace {
 
-/// Elements 0 to 11 are the rows that sum, difference and scaling work on; row 3 stays.
+/// Sum, difference and scaling work on elements 0 to 11, the first three rows.
 constexpr int kAffineElements = 12;
 
-/// Columns of the upper left 3x3 and of the translation.
+/// The affine matrix of the three columns of its upper left 3x3 and of its translation.
 mgMatrix4_c fromColumns(mgVector_c const &x, mgVector_c const &y, mgVector_c const &z,
                         mgVector_c const &origin) {
     mgMatrix4_c m;
@@ -28,13 +28,13 @@ mgMatrix4_c fromColumns(mgVector_c const &x, mgVector_c const &y, mgVector_c con
 } // namespace
 
 mgMatrix4_c mgMatrix4_c::rotationMatrix(mgVector_c const &axis, double angle) {
-    /// Length from which an axis counts whatever the angle; bound included.
+    /// Length from which an axis is used for every angle; bound included.
     constexpr double kLongEnough = 0.0001;
     double const length = axis.len();
-    // QUIRK: a length is compared with an angle, where a reader would expect a test of the axis
-    // alone. It lets every angle larger than the axis is long through, with a null axis too, and
-    // gives the identity for negative angles about short ones; animation data rely on both.
-    // (test: ShortAxisTurnsOnlyByAnAngleAboveItsLength)
+    // QUIRK: matrix4.h, mgMatrix4_c::rotationMatrix: the length of a short axis is compared with
+    // the signed angle, and an angle that is not larger gives the identity. Expected: a test of the
+    // axis alone. Kept: callers and stored data depend on it. (test:
+    // ShortAxisRotatesOnlyByAnAngleAboveItsLength)
     if (!(length < angle || length >= kLongEnough)) return mgMatrix4_c();
     mgVector_c const a = axis / length;
     double const x = a.x();
@@ -75,9 +75,9 @@ mgMatrix4_c mgMatrix4_c::interpolate(mgMatrix4_c const &a, mgMatrix4_c const &b,
 mgMatrix4_c mgMatrix4_c::getRotation() const {
     mgMatrix4_c rotation = *this;
     rotation.setTranslation({});
-    // QUIRK: the bottom-right element is divided too and becomes 1 / scale, where a reader would
-    // expect 1. isRigid() tells scaled matrices by it. (test:
-    // RotationOfAScaledMatrixEndsInOneOverTheScale)
+    // QUIRK: matrix4.h, mgMatrix4_c::getRotation: the last element is divided too and becomes
+    // 1 / scale. Expected: 1. Kept: isRigid() finds a scale by it.
+    // (test: RotationOfAScaledMatrixEndsInOneOverTheScale)
     double const scale = getScale();
     for (double &element : rotation.m_) element /= scale;
     return rotation;
@@ -99,8 +99,8 @@ mgMatrix4_c mgMatrix4_c::operator+(mgMatrix4_c const &b) const {
 }
 
 mgMatrix4_c mgMatrix4_c::operator-(mgMatrix4_c const &b) const {
-    // QUIRK: the argument minus this, where a reader would expect this minus the argument, as for
-    // mgMatrix_c. (test: DifferenceOfAffineMatricesIsTheArgumentMinusThis)
+    // QUIRK: matrix4.h, mgMatrix4_c::operator-: a - b gives b - a. Expected: a - b. Kept: callers
+    // and stored data depend on it. (test: DifferenceOfAffineMatricesIsTheArgumentMinusThis)
     mgMatrix4_c difference;
     for (int k = 0; k < kAffineElements; ++k) difference.m_[k] = b.m_[k] - m_[k];
     return difference;
@@ -153,7 +153,7 @@ mgMatrix4_c mgMatrix4_c::inverse() const {
 }
 
 mgVector_c mgMatrix4_c::getRotationAxis() const {
-    mgVector_c moved[3]; // where the coordinate axes go, less where they were
+    mgVector_c moved[3]; // the images of the coordinate axes minus the axes
     bool known[3];
     for (int c = 0; c < 3; ++c) {
         mgVector_c column(m_[c], m_[4 + c], m_[8 + c]);
@@ -168,6 +168,10 @@ mgVector_c mgMatrix4_c::getRotationAxis() const {
         mgVector_c axis = moved[c] * moved[d];
         if (axis.normalise()) return axis;
     }
+    // QUIRK: matrix4.h, mgMatrix4_c::getRotationAxis, mgMatrix4_c::interpolate: a rotation by less
+    // than about 1e-4 radians gives the x axis, so a step of that size about y or z is left out.
+    // Expected: the axis of the rotation. Kept: callers and stored data depend on it.
+    // (test: AStepTooSmallToTellItsAxisRotatesAboutX)
     return mgUnitVector_c::xAxis();
 }
 

@@ -12,7 +12,7 @@ using vexmath::detail::largestOf;
 
 namespace {
 
-/// Two columns and the third, which they are to express.
+/// Two columns and the third, which is to be expressed by them.
 struct Choice {
     int first, second, rest;
 };
@@ -72,9 +72,9 @@ int mgMatrix_c::getNullspace(mgUnitVector_c *basis, bool force) const {
         return 1;
     }
 
-    // QUIRK: vectors perpendicular to the columns, n M = 0, where a reader would expect M n = 0 as
-    // in the step above. The two agree for symmetric matrices, which is what callers have.
-    // (test: NullVectorsOfARankOneMatrixArePerpendicularToItsColumns)
+    // QUIRK: matrix.h, mgMatrix_c::getNullspace: of a matrix of rank 1 the vectors n are
+    // perpendicular to the columns, n M = 0. Expected: M n = 0, as for rank 2. Kept: callers and
+    // stored data depend on it. (test: NullVectorsOfARankOneMatrixArePerpendicularToItsColumns)
     int const longest = largestOf(c[0].sqlen(), c[1].sqlen(), c[2].sqlen());
     mg_getBasis(mg_Normalise(c[longest]), basis[0], basis[1]);
     return 2;

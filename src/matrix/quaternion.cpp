@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Quaternions: rotation matrices there and back, spherical interpolation.
+// Quaternions: conversion from and to rotation matrices, spherical interpolation.
 
 #include <vexmath/quaternion.h>
 
@@ -7,7 +7,7 @@
 #include <cmath>
 
 int mgQuaternion_c::operator==(mgQuaternion_c q) const {
-    /// By how much a component may differ; strict.
+    /// Components differ by strictly less than this.
     constexpr double kComponentTolerance = 1e-05;
     for (int i = 0; i < 4; ++i) {
         if (!(std::fabs((*this)[i] - q[i]) < kComponentTolerance)) return 0;
@@ -15,8 +15,8 @@ int mgQuaternion_c::operator==(mgQuaternion_c q) const {
     return 1;
 }
 
-// Method: K. Shoemake, Animating rotation with quaternion curves, 1985: from the largest component,
-// so that nothing is divided by a small one.
+// Method: K. Shoemake, Animating rotation with quaternion curves, 1985. It starts from the largest
+// component, so the divisor is never small.
 void mgQuaternion_c::matrixToQuat(mgMatrix_c const &m) {
     mgQuaternion_c &q = *this;
     double const trace = m(0, 0) + m(1, 1) + m(2, 2) + 1.0; // 4 w^2
@@ -33,7 +33,7 @@ void mgQuaternion_c::matrixToQuat(mgMatrix_c const &m) {
     if (m(i, i) < m(2, 2)) i = 2;
     int const j = (i + 1) % 3;
     int const k = (i + 2) % 3;
-    // At least 1: the diagonal sums to at most 0, and element i is no less than a third of that.
+    // At least 1: the diagonal sums to at most 0, and its largest element is i.
     double const r = std::sqrt(m(i, i) - (m(k, k) + m(j, j)) + 1.0);
     double const f = 0.5 / r;
     q[i] = r / 2.0;
@@ -59,15 +59,15 @@ void mgQuaternion_c::quatToMatrix(mgMatrix_c &m) const {
 }
 
 void mgQuaternion_c::quatSlerp(mgQuaternion_c const &a, mgQuaternion_c const &b, double t) {
-    /// Sine of the angle between a and b from which there is a way between them; bound included.
+    /// Sine of the angle between a and b from which they are interpolated; bound included.
     constexpr double kSmallestSine = 1e-11;
     double const dot = a[0] * b[0] + a[1] * b[1] + a[2] * b[2] + a[3] * b[3];
     double const theta = std::acos(std::min(std::fabs(dot), 1.0));
     double const sine = std::sin(theta);
     if (!(sine >= kSmallestSine)) {
-        // QUIRK: quaternion.h, mgQuaternion_c::quatSlerp: for b = -a the result is b as it is from
-        // t = 0.5 on. Expected: -b, which is a, as on the shorter way elsewhere. Kept: callers and
-        // stored data depend on it. (test: OppositeQuaternionsAreNotBlended)
+        // QUIRK: quaternion.h, mgQuaternion_c::quatSlerp: when b = -a, the result is b unchanged
+        // from t = 0.5 on. Expected: -b, as for other b with a negative dot product. Kept: callers
+        // and stored data depend on it. (test: OppositeQuaternionsAreNotBlended)
         *this = t >= 0.5 ? b : a;
         return;
     }

@@ -10,15 +10,15 @@
 
 namespace {
 
-/// Leading coefficient below which mg_solveQuadratic and mg_solveCubic take an equation for one of
-/// lower degree; strict.
+/// Absolute leading coefficient below which mg_solveQuadratic and mg_solveCubic treat an equation
+/// as one of lower degree; strict.
 constexpr double kNoCoefficient = 1e-13;
 
 } // namespace
 
 int mg_solveQuadratic(double a, double b, double c, double *roots) {
-    /// Discriminant from which there are two roots (bound included), and below whose negative there
-    /// are none (strict).
+    /// From this discriminant on there are two roots (bound included); below its negative there are
+    /// none (strict).
     constexpr double kDistinctDiscriminant = 1e-13;
     if (std::fabs(a) >= kNoCoefficient) {
         double const disc = b * b - a * 4.0 * c;
@@ -39,9 +39,9 @@ int mg_solveQuadratic(double a, double b, double c, double *roots) {
 }
 
 void mgSolveQuadratic(double a, double b, double c, double *disc, double *root1, double *root2) {
-    /// Coefficients below this are absent; strict.
+    /// Coefficients below this in absolute value count as absent; strict.
     constexpr double kAbsent = 1e-08;
-    /// Discriminant below which the root is a double one; strict.
+    /// Discriminant below which there is a double root; strict.
     constexpr double kDistinctDiscriminant = 1e-16;
     *disc = b * b - a * 4.0 * c;
     if (std::fabs(a) < kAbsent) {
@@ -72,9 +72,9 @@ namespace {
 constexpr double kFoundWidth = 1e-13;
 constexpr double kFoundValues = 1e-13;
 constexpr int kMostSteps = 101;
-/// Rise over the bracket up to which it is halved; bound included.
+/// The bracket is halved when the cubic rises over it by at most this; bound included.
 constexpr double kSmallestRise = 1e-13;
-/// A secant keeps this distance from the ends of a bracket of at least that width.
+/// A secant keeps the first distance from the ends of a bracket of at least the second width.
 constexpr double kInset = 1e-10;
 constexpr double kInsetFromWidth = 3e-10;
 
@@ -98,8 +98,8 @@ struct Bracket {
         return width() <= kFoundWidth && std::fabs(atHigh) + std::fabs(atLow) <= kFoundValues;
     }
 
-    /// One step of the search: `x` takes the place of the end whose value has the sign of its own.
-    /// True if that moved nothing.
+    /// One step of the search: `x` replaces the end whose value has the same sign as its own.
+    /// Returns true if that moved nothing.
     bool narrow(double x, double atX) {
         bool idle;
         if (atHigh * atX > 0.0) {
@@ -115,8 +115,8 @@ struct Bracket {
     }
 };
 
-/// Both ends of the interval [-1, 1], tripled until the values differ in sign. That ends: at the
-/// latest when the arguments are infinite, where a cubic's values do differ or are not numbers.
+/// The interval [-1, 1], tripled until the values at its ends differ in sign. The loop ends at the
+/// latest when the arguments are infinite: there the values of a cubic differ in sign or are NaN.
 Bracket bracketOf(Cubic const &f) {
     Bracket bracket{-1.0, 1.0, f(-1.0), f(1.0)};
     while (bracket.atLow * bracket.atHigh > 0.0) {
@@ -128,11 +128,11 @@ Bracket bracketOf(Cubic const &f) {
     return bracket;
 }
 
-/// Where step k of the search looks next.
+/// The argument that step k of the search evaluates.
 double nextArgument(Bracket const &at, int k) {
-    // QUIRK: the rise is tested with its sign, so a bracket in which the cubic falls is halved at
-    // every step; a reader would expect the secant there too. Its roots are multiples of a power of
-    // two, and callers compare them. (test: AFallingCubicIsHalvedAtEveryStep)
+    // QUIRK: mg_matrix.h, mg_solveCubic: the rise is tested with its sign, so a bracket over which
+    // the cubic falls is halved at every step. Expected: secants there too. Kept: callers and
+    // stored data depend on it. (test: AFallingCubicIsHalvedAtEveryStep)
     if (at.rise() <= kSmallestRise || k % 2 == 0) return at.middle();
     double low = at.low;
     double high = at.high;
@@ -141,20 +141,21 @@ double nextArgument(Bracket const &at, int k) {
         high -= kInset;
     }
     double const secant = at.secant();
-    // Nearly always, and then the value there need not wait for the two selections below.
+    // Nearly always true; then the value there does not wait for the two selections below.
     if (low < secant && secant < high) return secant;
-    // In this order NaN, the secant of values that overflow, becomes the lower bound.
+    // In this order NaN, the secant of overflowed values, becomes the lower bound.
     return std::min(high, std::max(low, secant));
 }
 
-// The search waits: a secant for the value at the middle before it, that middle for the side that
-// the secant before it fell on. Where the steps can be foretold, they need not wait for each other,
-// and a dozen are under way at a time. The functions below do that. They take the very steps of the
-// search, and leave the rest to it as soon as a value is not the one foretold.
+// Each step depends on the one before: a secant on the value at the last middle, a middle on the
+// side of the last secant. The functions below predict steps, so that the processor computes about
+// a dozen at a time. They take exactly the steps of the search, and leave the rest to it as soon as
+// a value differs from the prediction.
 
-/// Does the search end at the lower end of the bracket, where the value is 0? It does if each
-/// secant leads to that end again, where it moves nothing, and each middle to a value that replaces
-/// the upper end: nothing is smaller than 0, and the lower end is chosen of two that are.
+/// True when the search ends at the lower end of the bracket, where the value is 0. It does when
+/// each secant leads to that end again, where it moves nothing, and the value at each middle
+/// replaces the upper end: no absolute value is smaller than 0, and of equal ones the lower end is
+/// chosen.
 bool endsAtLow(Cubic const &f, Bracket at) {
     if (!(at.width() < kInsetFromWidth)) return false;
     for (int k = 0; k < kMostSteps && !at.isFound(); ++k) {
@@ -174,12 +175,13 @@ constexpr double kSureValue = 1e-150;
 
 bool surelyFalls(Bracket const &at) { return at.atLow > kSureValue && at.atHigh < -kSureValue; }
 
-/// The halvings that lead to a guess at the root, as long as the values bear them out; their
-/// number. `at` is one that halveFalling describes, and so is what it becomes.
+/// Halves the bracket towards a guess at the root as long as the values confirm it. Returns the
+/// number of halvings. `at` is a bracket as halveFalling describes it, before and after.
 int followGuess(Cubic const &f, double guess, Bracket &at) {
     constexpr int kMost = 40;
     constexpr std::int64_t kCells = std::int64_t{1} << kMost;
-    /// Of the values at the middles of cells whose lower, or upper, half the guess lies in.
+    /// The sign of the value at the middle of a cell when the guess lies in its lower, or upper,
+    /// half.
     constexpr double kSigns[] = {-1.0, 1.0};
     if (!(at.low < guess && guess < at.high)) return 0;
     double const start = at.low;
@@ -201,15 +203,15 @@ int followGuess(Cubic const &f, double guess, Bracket &at) {
     return taken;
 }
 
-/// The first steps of a search that halves, up to 44 of them; returns the step that is next. All
-/// ends of brackets, and sums of ends, are multiples of 2^-43 below 2^9: none is rounded, in
-/// whichever order it is computed. As long as the cubic surely falls each step is a halving, and
-/// none ends the search: the last bracket to be halved is 2^-42 wide or wider, beyond kFoundWidth.
+/// Makes the first steps of a search that halves, up to 44. Returns the number of the next step.
+/// All ends of brackets, and sums of ends, are multiples of 2^-43 below 2^9, so none is rounded, in
+/// whichever order it is computed. While the cubic surely falls, each step is a halving and none
+/// ends the search: the last bracket to be halved is at least 2^-42 wide, above kFoundWidth.
 int halveFalling(Cubic const &f, Bracket &at) {
     /// Upper end of the largest bracket to begin with; bound included.
     constexpr double kMostHigh = 243.0;
-    /// So many steps of the search, and then of Newton's method, tell the root to the last few
-    /// bits of nineteen cubics in twenty.
+    /// This many steps of the search, and then of Newton's method, give the root to the last few
+    /// bits for nineteen cubics in twenty.
     constexpr int kBeforeGuess = 4;
     constexpr int kImprovements = 4;
     int k = 1;
@@ -229,7 +231,7 @@ double searchedRoot(Cubic const &f) {
     for (; k <= kMostSteps && !at.isFound(); ++k) {
         double const x = nextArgument(at, k);
         bool const idle = at.narrow(x, f(x));
-        // After a step of either kind that moved nothing none will: the rest is left out.
+        // After one step of each kind that moved nothing, no further step moves anything.
         if (idle && wasIdle) break;
         wasIdle = idle;
         if (at.atLow == 0.0 && endsAtLow(f, at)) return at.low;
@@ -238,7 +240,7 @@ double searchedRoot(Cubic const &f) {
 }
 
 double oneRoot(Cubic const &f) {
-    /// Absolute value at a critical point that makes it a double root; bound included.
+    /// Absolute value at a critical point up to which it is a double root; bound included.
     constexpr double kTouches = 1e-13;
     double critical[2];
     int const count = mg_solveQuadratic(3.0 * f.a, 2.0 * f.b, f.c, critical);
@@ -248,7 +250,7 @@ double oneRoot(Cubic const &f) {
     return searchedRoot(f);
 }
 
-/// Ascending, by exchanges: std::sort must not see the NaN that coefficients of 1e308 lead to.
+/// Sorts ascending by exchanges: std::sort must not get the NaN that coefficients of 1e308 give.
 void sortThree(double *roots) {
     for (int i : {0, 1, 0}) {
         if (roots[i + 1] < roots[i]) std::swap(roots[i], roots[i + 1]);
@@ -263,7 +265,7 @@ int mg_solveCubic(double a, double b, double c, double d, double *roots) {
     double const linear = b + r * a;
     roots[0] = r;
     int const others = mg_solveQuadratic(a, linear, c + r * linear, roots + 1);
-    if (others > 0) sortThree(roots); // none or two: a is no less than before
+    if (others > 0) sortThree(roots); // others is 0 or 2, since |a| is not below the bound
     return others + 1;
 }
 
@@ -273,14 +275,16 @@ int mg_solveCubic(double a, double b, double c, double d, double *roots) {
 mg_GoodEqu3Status mg_GoodEqu3(double a, double b, double c, double *roots) {
     constexpr double kThird = 0.3333333333333333;
     constexpr double kTwoThirdsPi = 2.0943951023932;
-    /// P below which only a triple root will do (strict), and Q up to which it is one (included).
+    /// |P| below which there can only be a triple root (strict), and |Q| up to which there is one
+    /// (included).
     constexpr double kTripleP = 1e-08;
     constexpr double kTripleQ = 1e-08;
-    /// |cos 3 phi| from which a pair of roots is equal (included).
+    /// |cos 3 phi| from which two roots count as equal (included).
     constexpr double kEqualPairCos = 0.999999999999;
-    // QUIRK: up to this (included) |cos 3 phi| > 1 is taken for the rounding of an equal pair,
-    // where a reader would expect a bound of a few roundings. Tensors read from drawings are that
-    // rough. (test: CosineOfUpToElevenTenthsIsAnEqualPair)
+    /// |cos 3 phi| up to which that holds (included).
+    // QUIRK: mg_matrix.h, mg_GoodEqu3: a cosine of absolute value from 1 to 1.1 gives an equal
+    // pair, where only one root is real. Expected: a bound of a few roundings. Kept: callers and
+    // stored data depend on it. (test: CosineOfUpToElevenTenthsIsAnEqualPair)
     constexpr double kRoundedCos = 1.1;
     if (!(a > 0.0 && b > 0.0 && c > 0.0)) return mgGoodEqu3_Failed;
     double const minors = 9.0 * b / (a * a);

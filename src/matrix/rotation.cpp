@@ -18,7 +18,8 @@ struct SineCosine {
     double cosine;
 };
 
-/// Exact sine and cosine of the quarter turn that an angle is within snapTol of, or the plain ones.
+/// Sine and cosine, exact for an angle strictly closer than snapTol to a multiple of a quarter
+/// turn.
 SineCosine snapped(double angle, double snapTol) {
     if (snapTol > 0.0) {
         double r = std::fmod(angle, vexmath::kTwoPi);
@@ -35,7 +36,7 @@ SineCosine snapped(double angle, double snapTol) {
 
 // The axis is perpendicular to every column of M - I: a cross product of two of them.
 mgUnitVector_c mgMatrix_c::getRotationAxis() const {
-    /// Squared length below which all cross products are lost to rounding.
+    /// Squared length from which a cross product is used; bound included.
     constexpr double kUsableSq = 1e-16;
     mgVector_c moved[3]; // columns of M - I
     for (int c = 0; c < 3; ++c) moved[c] = column(*this, c) - axisOfIndex(c);
@@ -44,16 +45,17 @@ mgUnitVector_c mgMatrix_c::getRotationAxis() const {
     int const best = largestOf(across[0].sqlen(), across[1].sqlen(), across[2].sqlen());
     if (across[best].sqlen() >= kUsableSq) return mg_Normalise(across[best]);
 
-    // So close to the identity that the axis which moves least must do.
+    // Close to the identity: the axis that moves least.
     int const still = smallestOf(moved[0].sqlen(), moved[1].sqlen(), moved[2].sqlen());
     return mg_Normalise(column(*this, still));
 }
 
 double mgMatrix_c::getRotationAngle(mgUnitVector_c const *axis) const {
     mgUnitVector_c const a = axis != nullptr ? *axis : getRotationAxis();
-    // QUIRK: the smallest component is taken by its signed value, where a reader would expect its
-    // magnitude. For (0, 0, -1) the chosen coordinate axis is parallel to a and the angle comes out
-    // 0; stored drawings depend on it. (test: AngleAboutANegativeAxisIsZero)
+    // QUIRK: matrix.h, mgMatrix_c::getRotationAngle: the smallest
+    // component of the axis is found by its signed value, so the angle about (0, 0, -1) is 0.
+    // Expected: the angle, from the component of smallest absolute value. Kept: callers and stored
+    // data depend on it. (test: AngleAboutANegativeAxisIsZero)
     int const k = smallestOf(a.x(), a.y(), a.z());
     mgVector_c const u = a * axisOfIndex(k);
     mgVector_c const w = a * column(*this, k);
@@ -71,8 +73,8 @@ mgMatrix_c mg_RotationMatrix(double angle, mgVector_c const &axis, double snapTo
     double const z = a.z();
     double const t = 1.0 - c;
 
-    // The lower triangle is the upper one less twice the sine term, taken off one at a time:
-    // writing x y t - z s instead changes last bits.
+    // The lower triangle is the upper one minus the sine term twice, one subtraction after the
+    // other: writing x y t - z s instead changes last bits.
     double const xs = x * s;
     double const ys = y * s;
     double const zs = z * s;

@@ -16,9 +16,8 @@ inline constexpr double kElementTolerance = 1e-12;
 /// Sum of length and angle errors below which rows are left alone; strict.
 inline constexpr double kOrthonormalEnough = 1e-15;
 
-/// Three rows as values, which a chain of steps keeps in registers. All steps are inlined: one left
-/// out of line has the rows written and read back in other pieces, which takes longer than the
-/// steps.
+/// Three rows as values, which a chain of steps keeps in registers. All steps are inlined: a call
+/// writes the rows to memory and reads them back in other pieces, which takes longer than the step.
 struct Rows {
     struct Errors;
 
@@ -41,13 +40,13 @@ VEXMATH_ALWAYS_INLINE Rows Rows::ofProduct(mgMatrix_c const &a, mgMatrix_c const
             rowTimes(a(2, 0), a(2, 1), a(2, 2), right)};
 }
 
-/// What the rows lack of orthonormality: 1 minus their squared lengths, and their dot products.
+/// The deviation from orthonormality: 1 minus the squared length of each row, and the dot products.
 struct Rows::Errors {
     VEXMATH_ALWAYS_INLINE explicit Errors(Rows const &rows)
         : e0(1.0 - rows.r0 % rows.r0), e1(1.0 - rows.r1 % rows.r1), e2(1.0 - rows.r2 % rows.r2),
           d01(rows.r0 % rows.r1), d02(rows.r0 % rows.r2), d12(rows.r1 % rows.r2) {}
 
-    /// The two orders differ by rounding alone, and callers compare matrices built either way.
+    /// The two orders differ only by rounding, which may decide whether the rows are left alone.
     double sum(bool lengthsFirst) const;
 
     double e0, e1, e2, d01, d02, d12;
@@ -61,10 +60,11 @@ VEXMATH_ALWAYS_INLINE double Rows::Errors::sum(bool lengthsFirst) const {
 
 inline double Rows::error() const { return Errors(*this).sum(false); }
 
-// A single first-order pass of the Gram-Schmidt process: 1 + e/2 stands for 1/sqrt(1 - e).
-// QUIRK: not iterated, and not exact: a row of length r comes out with r (3 - r^2) / 2, turned
-// round beyond the root of 3. Matrices are nearly orthonormal where it is used, and stored ones are
-// compared to the bit. (test: OrthonormalisationIsASinglePassInItsOrder)
+// A single first-order pass of the Gram-Schmidt process: 1 + e/2 approximates 1/sqrt(1 - e).
+// QUIRK: matrix.h, mgMatrix_c::normalize, mgMatrix_c::inverse, mgMatrix_c::restore, operator*: a
+// row of length r gets the length r (3 - r^2) / 2, reversed beyond the root of 3. Expected: length
+// 1, by iteration or an exact root. Kept: callers and stored data depend on it. (test:
+// OrthonormalisationIsASinglePassInItsOrder)
 VEXMATH_ALWAYS_INLINE Rows Rows::orthonormalised(bool lengthsFirst) const {
     Errors const errors(*this);
     if (errors.sum(lengthsFirst) < kOrthonormalEnough) return *this;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Matrix steps in the registers of AVX2, to the bit those of rows.h.
+// The steps of rows.h in AVX2 registers, with the same bits.
 
 #ifndef VEXMATH_SRC_MATRIX_WIDE_ROWS_H
 #define VEXMATH_SRC_MATRIX_WIDE_ROWS_H
@@ -13,8 +13,7 @@ namespace vexmath::detail {
 
 VEXMATH_AVX2_STEP Wide cross(Wide a, Wide b) { return turned(a * turned(b) - turned(a) * b); }
 
-/// The pass of `Rows::orthonormalised`, errors summed in the order of the products. REQUIRES the
-/// columns of the rows as well.
+/// The pass of `Rows::orthonormalised(false)`. REQUIRES the columns of the same matrix as well.
 VEXMATH_AVX2_STEP WideRows orthonormalised(WideRows const &rows, WideRows const &columns) {
     WideRows const next = {turned(columns.r0), turned(columns.r1), turned(columns.r2)};
     Wide const e = all(1.0) - dots(columns, columns); // 0, 1, 2

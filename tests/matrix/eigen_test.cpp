@@ -39,12 +39,12 @@ TEST(Eigen, PairsAreSortedAndBelongToEachOther) {
 }
 
 TEST(Eigen, IterationEndsByFixedBounds) {
-    auto const turned = [](double off) {
+    auto const rotated = [](double off) {
         return eigensystem(symmetric(1, 1, 1, off, 0, 0)).vectors[0].x() < 1.0;
     };
-    EXPECT_FALSE(turned(support::below(1e-13) / 2));
-    EXPECT_TRUE(turned(1e-13 / 2)); // by an eighth
-    // Large elements off the diagonal do not end it although the diagonal swallows them.
+    EXPECT_FALSE(rotated(support::below(1e-13) / 2));
+    EXPECT_TRUE(rotated(1e-13 / 2)); // by an eighth of a full turn
+    // Elements off the diagonal do not end it although the diagonal absorbs them.
     EXPECT_EQ(0, eigensystem(symmetric(1e17, 1e17, 1e17, 1, 0, 2)).converged);
 }
 
@@ -58,8 +58,8 @@ TEST(Eigen, HostileMatricesEndAndHaveANullSpace) {
     }
 }
 
-TEST(Eigen, BelongToTheSymmetricPartAndEitherOutputMayBeMissing) {
-    mgMatrix_c const m({2, 3, 0, -1, 2, 0, 0, 0, 5}, 0); // of which 1, 3 and 5 are the values
+TEST(Eigen, PairsBelongToTheSymmetricPartAndEitherOutputMayBeMissing) {
+    mgMatrix_c const m({2, 3, 0, -1, 2, 0, 0, 0, 5}, 0); // its eigenvalues are 1, 3 and 5
     double values[3];
     mgUnitVector_c vectors[3];
     EXPECT_EQ(2, m.getEigensystem(values, nullptr) + m.getEigensystem(nullptr, vectors));

@@ -86,29 +86,34 @@ TEST(Matrix4, RotationOfAScaledMatrixEndsInOneOverTheScale) {
     ExpectElements({1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 0.5}, m.getRotation());
 }
 
-TEST(Matrix4, RigidMeansARotationWithinABoundAndAnExactBottomRow) {
+TEST(Matrix4, RigidMeansARotationOrMirrorWithinABoundAndAnExactBottomRow) {
     mgMatrix4_c m = placed({1, 2, 3}, 0.5, 1.0, {4, 5, 6});
     EXPECT_EQ(1, m.scale(1 + 4e-5).isRigid()); // 2 * 4e-5 from the identity, by the last element
     EXPECT_EQ(0, m.scale(1 + 6e-5).isRigid());
+    mgMatrix4_c mirror = m;
+    mirror(0, 2) *= -1;
+    mirror(1, 2) *= -1;
+    mirror(2, 2) *= -1;
+    EXPECT_EQ(1, mirror.isRigid());
     m(3, 0) = support::kTiny;
     EXPECT_EQ(0, m.isRigid());
 }
 
-TEST(Matrix4, ShortAxisTurnsOnlyByAnAngleAboveItsLength) {
-    auto const check = [](bool turns, double length, double angle) {
-        EXPECT_NE(turns, mgMatrix4_c::rotationMatrix({0, 0, length}, angle) == mgMatrix4_c());
+TEST(Matrix4, ShortAxisRotatesOnlyByAnAngleAboveItsLength) {
+    auto const check = [](bool rotates, double length, double angle) {
+        EXPECT_NE(rotates, mgMatrix4_c::rotationMatrix({0, 0, length}, angle) == mgMatrix4_c());
     };
     check(true, 1e-4, -1);
     check(false, below(1e-4), -1);
     check(true, 5e-5, support::above(5e-5));
     check(false, 5e-5, 5e-5);
-    double const c = std::cos(0.5); // no axis is left, the cosine is
+    double const c = std::cos(0.5); // without an axis, only the cosine remains
     ExpectElements({c, 0, 0, 0, 0, c, 0, 0, 0, 0, c, 0, 0, 0, 0, 1},
                    mgMatrix4_c::rotationMatrix({0, 0, 5e-9}, 0.5));
 }
 
-// Columns here and rows there: the same elements turn the other way.
-TEST(Matrix4, ConvertedMatrixTurnsRowVectorsTheOtherWay) {
+// Column vectors here and row vectors there: the same elements rotate the other way.
+TEST(Matrix4, ConvertedMatrixRotatesRowVectorsTheOtherWay) {
     mgMatrix4_c const turn = placed({0, 0, 2}, std::acos(0.0), 1, {1, 2, 3});
     EXPECT_LT(support::gap(mgVector_c(0, 1, 0), turn * mgVector_c(1, 0, 0)), 1e-15);
     EXPECT_LT(support::gap(mgVector_c(0, -1, 0), mgVector_c(1, 0, 0) * turn.convertToMatrix()),
@@ -131,6 +136,19 @@ TEST(Matrix4, AxisAngleAndInterpolationAreThoseOfTheRotation) {
         ASSERT_EQ(1, mgMatrix4_c::interpolate(at(0), at(1), -t) == at(0));
     }
     EXPECT_BITS_EQ(mgUnitVector_c::xAxis(), mgMatrix4_c().getRotationAxis());
+}
+
+TEST(Matrix4, AStepTooSmallToTellItsAxisRotatesAboutX) {
+    auto const check = [](mgVector_c const &axis, double angle, double rotated) {
+        auto const to = mgMatrix4_c::rotationMatrix(axis, angle);
+        auto const expected = mgMatrix4_c::rotationMatrix({1, 0, 0}, rotated);
+        EXPECT_LT(mgMatrix4_c::interpolate({}, to, 0.5).distTo(expected), 1e-12) << angle;
+    };
+    check({1, 0, 0}, 9.9e-5, 9.9e-5 / 2);
+    check({0, 1, 0}, 9.9e-5, 0);
+    check({0, 0, 1}, -9.9e-5, 0);
+    auto const to = mgMatrix4_c::rotationMatrix({0, 0, 1}, -1.01e-4); // large enough
+    EXPECT_BITS_EQ(mgUnitVector_c::zAxis(), to.getRotationAxis());
 }
 
 TEST(Matrix4, RigidTransformIsAFrameAndTheOuterProductFillsTheUpperLeft) {

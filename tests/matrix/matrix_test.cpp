@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// 3x3 matrices: the flag and the elements as two things, products, the orthonormalisation, repair.
+// 3x3 matrices: flag and elements, products, orthonormalisation, repair.
 
 #include <vexmath/matrix.h>
 
@@ -21,7 +21,7 @@ Nine const drifted = {0.6, 0.81, 0, -0.8, 0.6, 0, 0, 0, 1};
 
 mgMatrix_c raw(Nine const &elements) { return mgMatrix_c(elements, 0); }
 
-/// Elements as given under the flag of the identity.
+/// A matrix flagged as the identity with the given elements.
 mgMatrix_c stale(Nine const &elements) {
     mgMatrix_c m;
     for (int k = 0; k < 9; ++k) m[k] = elements[k];
@@ -89,8 +89,8 @@ TEST(Matrix, ProductsUseElementsUnlessBothFlagsAreSet) {
     EXPECT_BITS_EQ(normalised, m * raw(one));
     EXPECT_BITS_EQ(m * m, m * stale(drifted));
     mgMatrix_c const turn({0.6, 0.8, 0, -0.8, 0.6, 0, 0, 0, 1}, 1);
-    EXPECT_EQ(1, (turn * turn.inverse()).isIdentity()); // an honest flag again
-    // The inverse looks at no flag either.
+    EXPECT_EQ(1, (turn * turn.inverse()).isIdentity()); // the flag is computed
+    // The inverse ignores the flag too.
     EXPECT_BITS_EQ(mgMatrix_c({0.6, -0.8, 0, 0.81, 0.6, 0, 0, 0, 1}, 1), stale(drifted).inverse());
 }
 
@@ -136,7 +136,7 @@ TEST(Matrix, RepairSnapsAllRowsOrNone) {
     refuses({on, s, 0, s, on, 0, 0, 0, 1}); // rows 0 and 1 are not along an axis
     refuses({in, 1e-08, 0, 0, 0.6, 0.8, 0, -0.8, 0.6});
     refuses({in, 0, 0, 0, 0.6, 0.8, 0, 2e-08, in}); // after a row that was snapped
-    EXPECT_EQ(0, stale({in, 0, 0, 0, 1, 0, 0, 0, 1}).iValidateRepairOrthonormality()); // believed
+    EXPECT_EQ(0, stale({in, 0, 0, 0, 1, 0, 0, 0, 1}).iValidateRepairOrthonormality()); // trusted
 }
 
 } // namespace

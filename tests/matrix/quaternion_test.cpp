@@ -47,8 +47,8 @@ TEST(Quaternion, EqualityIsStrictlyWithinItsBound) {
     }
 }
 
-// Column sense: a rotation of row vectors comes out with the opposite angle.
-TEST(Quaternion, OfARotationHasTheOppositeAngleAndGivesItBack) {
+// Quaternions rotate column vectors, so a rotation of row vectors has the opposite angle.
+TEST(Quaternion, OfARotationHasTheOppositeAngleAndConvertsBack) {
     support::Random random;
     for (int i = 0; i < 3000; ++i) {
         mgUnitVector_c const axis = support::direction(random);
@@ -69,7 +69,7 @@ TEST(Quaternion, OfARotationHasTheOppositeAngleAndGivesItBack) {
     }
 }
 
-TEST(Quaternion, SlerpTurnsEvenlyAlongTheShorterWay) {
+TEST(Quaternion, SlerpRotatesEvenlyAlongTheShorterArc) {
     mgUnitVector_c const axis(1, 2, 2);
     mgQuaternion_c const a = about(axis, 0.2), b = about(axis, 1.8);
     for (double t : {-0.5, 0.0, 0.3, 0.5, 1.0, 1.5}) {

@@ -26,10 +26,11 @@ TEST(Roots, OfAQuadraticAreNotSorted) {
     CheckQuadratic(1, 0, below(d) / -4, {0, 0});
     CheckQuadratic(1, 0, d / 4, {0, 0});
     CheckQuadratic(1, 0, support::above(d) / 4, {});
-    // A vanishing coefficient leaves the line, or nothing.
+    // Without a leading coefficient a line remains, or nothing.
     CheckQuadratic(below(1e-13), -1, 1, {1});
     CheckQuadratic(1e-13, 1, 0, {-2 * (0.5 / 1e-13), 0});
     CheckQuadratic(0, below(1e-13), 1, {});
+    CheckQuadratic(kNaN, -1, 1, {1}); // a NaN counts as no leading coefficient
 }
 
 void CheckOlder(double a, double b, double c, double disc, double root1, double root2) {
@@ -65,7 +66,7 @@ TEST(Roots, OfACubicAreSorted) {
     CheckCubic(below(1e-13), 1, -3, 2, {1, 2}, 0);
 }
 
-// Halving [-1, 1] some fifty times gives multiples of 2^-60; a secant does not.
+// Halving [-1, 1] about fifty times gives multiples of 2^-60; a secant does not.
 TEST(Roots, AFallingCubicIsHalvedAtEveryStep) {
     for (double sign : {-1.0, 1.0}) {
         double root;
@@ -82,9 +83,9 @@ void CheckLeast(double a, double b, double c, double d, double root) {
     EXPECT_EQ(root, roots[0]) << a << " " << b << " " << c << " " << d;
 }
 
-// Each as the plain search finds it, step by step: what foretells steps must not change a bit.
+// The expected roots are those of the search step by step: predicting steps changes no bit.
 TEST(Roots, OfACubicAreThoseOfThePlainSearch) {
-    CheckLeast(6, 6.5, 1, 8, -0x1.89d38f55be67dp+0);             // idle once, and on it goes
+    CheckLeast(6, 6.5, 1, 8, -0x1.89d38f55be67dp+0);             // one idle step does not end it
     CheckLeast(-4, 3, 10, -2.5, -0x1.622e00d16240ep+0);          // a secant leaves a value of 0
     CheckLeast(10, -65, 10, -19000, 0x1.de297b8774a2fp+3);       // a middle does
     CheckLeast(-3.81, -2.77, 2.37, 0.34, -0x1.3003f325f50b9p+0); // a guess at another root
@@ -124,7 +125,7 @@ TEST(Roots, OfACharacteristicCubicDescend) {
 // With a = 3 and b = 2.25 the cosine is 4 c - 1.
 TEST(Roots, CosineOfUpToElevenTenthsIsAnEqualPair) {
     CheckGood(3, 2.25, 0.25, mgGoodEqu3_ThreeRoots, 1 + std::sqrt(0.75), 1, 1 - std::sqrt(0.75));
-    CheckGood(3, 2.25, 0.52, mgGoodEqu3_LowerPairEqual, 2, 0.5, 0.5);
+    CheckGood(3, 2.25, 0.52, mgGoodEqu3_LowerPairEqual, 2, 0.5, 0.5); // one root is real
     CheckGood(3, 2.25, 0.53, mgGoodEqu3_Failed);
     CheckGood(3, 2.25, 1e-14, mgGoodEqu3_UpperPairEqual, 1.5, 1.5, 0);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Rotations: sense, snapping to quarter turns, and axis and angle read back from a matrix.
+// Rotations: sense, snapping to quarter turns, and the axis and angle of a matrix.
 
 #include "support/geometry.h"
 
@@ -9,7 +9,7 @@ using support::above;
 
 mgUnitVector_c const x(1, 0, 0), y(0, 1, 0), z(0, 0, 1);
 
-TEST(Rotation, TurnsCounterClockwiseAboutItsAxis) {
+TEST(Rotation, RotatesCounterClockwiseAboutItsAxis) {
     support::Random random;
     for (int i = 0; i < 1000; ++i) {
         double const angle = random.uniform(-10, 10), c = std::cos(angle), s = std::sin(angle);
@@ -27,7 +27,7 @@ TEST(Rotation, TurnsCounterClockwiseAboutItsAxis) {
         ASSERT_NEAR(std::remainder(-angle, 4.0 * std::acos(0.0)), m.getRotationAngle(&a), 1e-14);
     }
     EXPECT_BITS_EQ(x, mgMatrix_c().getRotationAxis());
-    for (auto const &n : {x, y, z}) // so small a turn that only the still column tells
+    for (auto const &n : {x, y, z}) // too small for a cross product: the column that moves least
         EXPECT_BITS_EQ(n, mg_RotationMatrix(1e-9, n, 0.0).getRotationAxis());
 }
 
@@ -51,6 +51,18 @@ TEST(Rotation, QuarterTurnsSnapStrictlyWithinTheTolerance) {
     checkNone(1, 1e-7 - 3.0 * 6.2831853071796, 1e-6); // fmod keeps the sign
     checkNone(1, -support::below(1e-12), 0);
     checkNone(0, 1e-12, 0);
+}
+
+TEST(Rotation, WithoutAnAxisKeepsTheSignOfTheCosine) {
+    auto const check = [](double diagonal, double angle, mgVector_c const &axis) {
+        mgMatrix_c const m = mg_RotationMatrix(angle, axis, 1e-6);
+        for (int k = 0; k < 9; ++k) EXPECT_EQ(k % 4 == 0 ? diagonal : 0.0, m[k]) << angle;
+    };
+    check(1, 1, {});
+    check(-1, 2, {3e-9, 0, 0});
+    check(0, 1.5707963267949, {});
+    check(-1, 2, {support::kNaN, 1, 0});
+    check(0, support::kNaN, x);
 }
 
 TEST(Rotation, AngleAboutANegativeAxisIsZero) {
