@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Measures the small dense numerics against the reference over seeded families of problems and
-// prints a table, which report.py makes into docs/accuracy.md.
+// Measures the small dense numerics against the reference over seeded families of problems. Prints
+// a table, from which report.py makes docs/accuracy.md.
 //
 // An error is relative: of roots and eigenvalues to the largest of them, of vectors the sine of the
 // angle to the right one. A result that is missing, or of another dimension, is an error of 1.
@@ -27,7 +27,8 @@ namespace {
 constexpr int samplesPerStep = 100;
 constexpr int samplesOfOrdinary = 2000;
 
-/// The same numbers on every machine; each series starts anew, so that none shifts another.
+/// The same numbers on every machine. Each series starts with the same seed, so that a change of
+/// one series changes no other.
 class Random {
 public:
     double uniform(double low, double high) {
@@ -70,7 +71,8 @@ Real distance(Root const &root, double x) {
     return sqrt(re * re + root.im * root.im);
 }
 
-/// How far a root is from the nearest one found, and one found from the nearest root, at most.
+/// The largest distance from a root to the nearest one found, and from one found to the nearest
+/// root, relative to the largest root.
 double errorOf(std::vector<double> const &found, Polynomial const &polynomial) {
     if (found.empty()) return 1.0;
     std::vector<Root> const roots = reference::roots(polynomial);
@@ -210,7 +212,7 @@ double nullResidual(mgMatrix_c const &m, NullVector find) {
     return static_cast<double>(reference::length(image) / longest);
 }
 
-/// Errors of a problem that is drawn anew each time.
+/// The error for one problem, which it draws.
 using Problem = std::function<double(Random &)>;
 
 void print(char const *family, std::string const &series, double x, double median, double worst) {
@@ -225,7 +227,7 @@ std::vector<double> sortedErrors(int samples, Problem const &problem) {
     return errors;
 }
 
-/// Quantiles of the error, x being the share of problems with at most that.
+/// Quantiles of the error; x is the share of the problems with at most that error.
 void distribution(char const *family, char const *series, Problem const &problem) {
     auto const errors = sortedErrors(samplesOfOrdinary, problem);
     for (int percent = 1; percent <= 100; ++percent) {
@@ -235,7 +237,7 @@ void distribution(char const *family, char const *series, Problem const &problem
     }
 }
 
-/// Median and worst error while the exponent of a parameter runs.
+/// Median and worst error for a parameter whose exponent runs from one bound to the other.
 void sweep(char const *family, char const *series, double from, double to, double step,
            std::function<double(Random &, double)> const &problem) {
     for (double exponent = from; exponent <= to + step / 2; exponent += step) {
@@ -248,7 +250,7 @@ void sweep(char const *family, char const *series, double from, double to, doubl
 
 Real between(Random &random, double low, double high) { return random.uniform(low, high); }
 
-/// Three numbers in [-4, 4], none near another.
+/// Three numbers in [-4, 4] that are clearly apart.
 std::vector<Real> apart(Random &random) {
     return {between(random, -4, -1), between(random, -0.5, 0.5), between(random, 1, 4)};
 }
@@ -375,7 +377,7 @@ mgMatrix_c shearedOfRankTwo(Random &random, double width) {
 }
 
 void rankTwo() {
-    /// The smallest cross product: its square must be 1e-16 in spite of rounding.
+    /// Exponent of the smallest cross product: its square must be at least 1e-16 after rounding.
     constexpr double kNearTheBound = -7.98;
     using Error = double (*)(mgMatrix_c const &, NullVector);
     auto const series = [](char const *name, mgMatrix_c (*matrix)(Random &, double), Error error,
@@ -389,7 +391,8 @@ void rankTwo() {
     series("residual", framedOfRankTwo, nullResidual, forced);
     series("residual, normal equations", framedOfRankTwo, nullResidual, byNormalEquations);
     series("residual, sheared", shearedOfRankTwo, nullResidual, forced);
-    series("residual, sheared, normal equations", shearedOfRankTwo, nullResidual, byNormalEquations);
+    series("residual, sheared, normal equations", shearedOfRankTwo, nullResidual,
+           byNormalEquations);
     series("null vector", framedOfRankTwo, nullError, forced);
     series("null vector, normal equations", framedOfRankTwo, nullError, byNormalEquations);
 }

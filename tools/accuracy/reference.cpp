@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Textbook methods; the digits make up for what they lack in care.
+// Textbook methods. Their accuracy comes from the number of digits.
 
 #include "reference.h"
 
@@ -35,7 +35,7 @@ std::vector<Root> cubicRoots(Real const &b, Real const &c, Real const &d) {
     return {{u + v - shift, 0}, {-(u + v) / 2 - shift, im}, {-(u + v) / 2 - shift, -im}};
 }
 
-/// One rotation of the Jacobi iteration; the product of all of them gathers in the rows of v.
+/// One rotation of the Jacobi iteration. The rows of v hold the product of all rotations.
 void clear(Matrix &a, Matrix &v, std::size_t p, std::size_t q) {
     if (a[p][q] == 0) return;
     Real const theta = (a[q][q] - a[p][p]) / (2 * a[p][q]);

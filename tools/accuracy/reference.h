@@ -11,7 +11,7 @@
 
 namespace reference {
 
-/// 150 digits: of a triple root a third of them remain.
+/// 150 digits, a third of which remain right for a triple root.
 using Real = boost::multiprecision::number<boost::multiprecision::cpp_bin_float<150>,
                                            boost::multiprecision::et_off>;
 using Vector = std::array<Real, 3>;
@@ -21,8 +21,7 @@ struct Root {
     Real re, im;
 };
 
-/// All roots, complex pairs too, of a polynomial with the leading coefficient first: 3 or 4 of
-/// them.
+/// All roots, also complex ones, of the polynomial with 3 or 4 coefficients, the leading one first.
 std::vector<Root> roots(std::vector<double> const &coefficients);
 
 struct Eigen {

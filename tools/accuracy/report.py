@@ -2,8 +2,9 @@
 # SPDX-License-Identifier: MIT
 """Makes docs/accuracy.md and its plots: report.py <measurements> <template> <docs folder>.
 
-The measurements are lines of "family, series, x, median error, worst error", split by tabs. The
-template's {plot:family} becomes a picture, {table:family x...} a table of the errors at those x.
+The measurements are lines of "family, series, x, median error, worst error", separated by tabs.
+In the template {plot:family} becomes a picture, and {table:family x...} becomes a table of the
+errors at those x.
 """
 
 import math
