@@ -60,8 +60,8 @@ public:
     /// jumps to b at t = 1:
     /// - A step of less than about 1e-4 radians rotates about x alone, by its share about x. A step
     ///   about y or z does not rotate.
-    /// - When the axis found is close to -x or -y, the angle is inexact: off by up to 1e-8 at a
-    ///   distance of 0.01 radians, 1e-3 at 0.0001, and meaningless from 1e-6 on.
+    /// - When the axis found is close to -x or -y, the angle is inexact: off by up to 1e-7 at a
+    ///   distance of 0.01 radians, 1e-3 at 0.0001, and meaningless within 1e-5.
     VEXMATH_API static mgMatrix4_c interpolate(mgMatrix4_c const &a, mgMatrix4_c const &b,
                                                double t);
 

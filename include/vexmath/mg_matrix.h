@@ -18,8 +18,8 @@
 /// the cosine is 0. A NaN or infinite angle, or an infinite axis, gives nine zeros.
 VEXMATH_API mgMatrix_c mg_RotationMatrix(double angle, mgVector_c const &axis, double snapTol);
 
-// Real roots of polynomials. Every bound is absolute. So scale the coefficients to about 1 first:
-// rounding makes a double root of large ones vanish, and small ones count as absent.
+// Real roots of polynomials. Every bound is absolute, so scale the coefficients to about 1 first:
+// with large ones rounding may lose a double root, and small ones count as absent.
 // docs/accuracy.md shows how far each function can be trusted.
 
 /// Real roots of a x^2 + b x + c. Returns their number and writes that many entries of roots.
@@ -28,7 +28,7 @@ VEXMATH_API mgMatrix_c mg_RotationMatrix(double angle, mgVector_c const &axis, d
 ///   is NaN.
 /// - D >= 1e-13: two roots, not sorted. (-b - sqrt(D)) / 2a comes first, which is the larger one
 ///   for a negative a.
-/// - -1e-13 <= D < 1e-13: 2, the double root -b / 2a given twice.
+/// - -1e-13 <= D < 1e-13: the double root -b / 2a is written twice; returns 2.
 /// - D < -1e-13 or NaN: none.
 ///
 /// Roots may be infinite or NaN when values overflow (coefficients above 1e150) or c is NaN.
@@ -80,8 +80,8 @@ enum mg_GoodEqu3Status : int {
 ///   Beyond: fails.
 ///
 /// Beyond |C| = 1 only one root is real. The allowance of 1.1 still gives three values, which are
-/// approximate: (3, 2.25, 0.52) gives 2, 0.5 and 0.5. Above 1e100 the powers overflow, and the
-/// status and the values mean nothing.
+/// approximate: (3, 2.25, 0.52) gives 2, 0.5 and 0.5. For a above 1e100 its powers overflow, and
+/// the status and the values mean nothing.
 VEXMATH_API mg_GoodEqu3Status mg_GoodEqu3(double a, double b, double c, double *roots);
 
 #endif

@@ -35,7 +35,7 @@ mgUnitVector_c relationBetween(mgVector_c const (&c)[3], Choice choice) {
     double const acrossSq = secondAcross.sqlen();
 
     double n[3];
-    if (acrossSq == 0.0) { // large and parallel: only rounding told them apart
+    if (acrossSq == 0.0) { // large and parallel: the cross product was a rounding
         n[first] = secondAlong;
         n[second] = -1.0;
         n[rest] = 0.0;

@@ -7,7 +7,7 @@
 #include <cmath>
 
 int mgQuaternion_c::operator==(mgQuaternion_c q) const {
-    /// Components differ by strictly less than this.
+    /// Bound of the difference of two components that count as equal; strict.
     constexpr double kComponentTolerance = 1e-05;
     for (int i = 0; i < 4; ++i) {
         if (!(std::fabs((*this)[i] - q[i]) < kComponentTolerance)) return 0;

@@ -52,10 +52,10 @@ mgUnitVector_c mgMatrix_c::getRotationAxis() const {
 
 double mgMatrix_c::getRotationAngle(mgUnitVector_c const *axis) const {
     mgUnitVector_c const a = axis != nullptr ? *axis : getRotationAxis();
-    // QUIRK: matrix.h, mgMatrix_c::getRotationAngle: the smallest
-    // component of the axis is found by its signed value, so the angle about (0, 0, -1) is 0.
-    // Expected: the angle, from the component of smallest absolute value. Kept: callers and stored
-    // data depend on it. (test: AngleAboutANegativeAxisIsZero)
+    // QUIRK: matrix.h, mgMatrix_c::getRotationAngle: the smallest component of the axis is found by
+    // its signed value, so the angle about (0, 0, -1) is 0. Expected: the angle, from the component
+    // of smallest absolute value. Kept: callers and stored data depend on it.
+    // (test: AngleAboutANegativeAxisIsZero)
     int const k = smallestOf(a.x(), a.y(), a.z());
     mgVector_c const u = a * axisOfIndex(k);
     mgVector_c const w = a * column(*this, k);

@@ -46,8 +46,14 @@ TEST(NullSpace, TheNullVectorGivesZeroAlsoForNearlyParallelColumns) {
     double const tiny = 1.04e-8; // just enough for rank two
     EXPECT_EQ(0.0, residual(mgMatrix_c({1, 1, 2, 0, tiny, tiny, 0, 0, 0}, 0)));
     EXPECT_EQ(0.0, residual(mgMatrix_c({1e3, 0, 1e3, 0, 1e-9, 1e-9, 0, 0, 0}, 0)));
-    double const a = 3e9, b = 7e9, c = 1e9 / 3; // rank one, but the cross products are not zero
-    EXPECT_LT(residual(mgMatrix_c({a, b, c, a / 3, b / 3, c / 3, a / 7, b / 7, c / 7}, 0)), 1e-15);
+    // Of rank one but for rounding, which alone makes the cross products large. With 1/7 the second
+    // column has exactly no component across the first.
+    double const a = 1e9 + 7;
+    for (double k : {0.1, 1.0 / 7}) {
+        mgMatrix_c const m({7 * a, 7 * a * k, 14 * a, 9 * a, 9 * a * k, 18 * a, a, a * k, 2 * a},
+                           0);
+        EXPECT_LT(residual(m), 1e-15) << k;
+    }
     support::Random random;
     for (int i = 0; i < 3000; ++i) {
         mgMatrix_c m, other;
