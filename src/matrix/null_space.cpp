@@ -34,11 +34,10 @@ mgUnitVector_c relationBetween(mgVector_c const (&c)[3], Choice choice) {
     mgVector_c const restAcross = c[rest] - restAlong * along;
     double const acrossSq = secondAcross.sqlen();
 
-    double n[3];
+    double n[3] = {};
     if (acrossSq == 0.0) { // large and parallel: the cross product was a rounding
         n[first] = secondAlong;
         n[second] = -1.0;
-        n[rest] = 0.0;
     } else {
         n[second] = secondAcross % restAcross / acrossSq;
         n[first] = restAlong - n[second] * secondAlong;
