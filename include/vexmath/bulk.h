@@ -8,11 +8,11 @@
 #include <vexmath/forward.h>
 
 /// Moves every point as `points[i] *= x` does, perspective included. A count of 0 or less does
-/// nothing; points may then be null. REQUIRES that x is not in the array.
+/// nothing; points may then be null. REQUIRES that x does not lie in the array.
 VEXMATH_API void mg_TransformPoints(mgPoint_c *points, int count, mgXform_c const &x);
 
 /// Encloses the points, first to last, as `box |= points[i]` does; box may be unset. A count of 0
-/// or less does nothing; points may then be null. REQUIRES that box is not in the array.
+/// or less does nothing; points may then be null. REQUIRES that box does not lie in the array.
 VEXMATH_API void mg_BoundPoints(mgPoint_c const *points, int count, mgBBox_c &box);
 
 // A process-wide switch: whether the operations above, products and inverses of transforms and the

@@ -10,14 +10,16 @@
 
 /// A body scaled by three factors along the axes of a body frame and then placed by a transform.
 ///
-/// The object is its placing transform, with a body frame and three factors besides. It derives
+/// The object is the placing transform; a body frame and the three factors are added. It derives
 /// from `mgXform_c` instead of holding one, because every operation that takes or gives a transform
 /// is meant to work on the placing part: `g *= x` places further, `g.translation()`, `g.inverse()`,
 /// `g.save(ar)` and `mgXform_c x = g` read it, `g = x` replaces it and resets the rest. None of
 /// those uses the factors: `p * g` only places p; **`g * p` is the whole map.**
 ///
-/// Copies follow the copy rules of `mgXform_c` for both transforms. Nothing is virtual: REQUIRES
-/// that a heap object is deleted through its own type, not through `mgXform_c`.
+/// Copies follow the copy rules of `mgXform_c` for both transforms. When memory for a record is
+/// exhausted, they throw `std::bad_alloc`; an assignment may then have replaced the placing
+/// transform alone. Nothing is virtual: REQUIRES that a heap object is deleted through its own
+/// type, not through `mgXform_c`.
 class mgGenXform_c : public mgXform_c {
 public:
     mgGenXform_c() = default; ///< identities and factors 1
@@ -29,10 +31,10 @@ public:
     VEXMATH_API static mgGenXform_c *create(mgXform_c const *placing, mgXform_c const *body,
                                             double const *scales);
 
-    /// Sets the body frame to a copy of *body and the factors to three scales; a null leaves its
-    /// part unchanged. Returns 1, or 0 and changes nothing when a factor is not in [0.001, 1000],
-    /// bounds included, or is NaN. Exhausted memory for the body's perspective record throws
-    /// `std::bad_alloc` and changes nothing.
+    /// Sets the body frame to a copy of *body and the factors to the three scales; a null pointer
+    /// leaves its part unchanged. Returns 1, or 0 and changes nothing when a factor is not in
+    /// [0.001, 1000], bounds included, or is NaN. Exhausted memory for the body's perspective
+    /// record throws `std::bad_alloc` and changes nothing.
     VEXMATH_API int set(mgXform_c const *body, double const *scales);
 
     mgXform_c getBodyXform() const { return body_; }
@@ -53,7 +55,7 @@ public:
     /// - A perspective record is ignored.
     /// - When the body frame `isIdentity` and a factor is not 1, the factors act along the world
     ///   axes, after the placing rotation, and do not scale the translation.
-    /// - Otherwise the array uses the product of body frame and placing transform, which follows
+    /// - Otherwise the array uses the product `body * placing`. It is orthonormalised, and follows
     ///   the copy rules: a scale out of range becomes 1.
     VEXMATH_API void getGenGLData(double *gl) const;
 

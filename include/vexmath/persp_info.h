@@ -41,6 +41,7 @@ public:
     double getIsoPlaneDistance() const {
         return isPerspCamera() ? fovPlaneDistance_ : planeDistance_;
     }
+    /// z of the near clip plane: the plane distance plus the eye's z.
     double getNearClipZ() const { return planeDistance_ + eye_.z(); }
     void getEyePoint(mgPoint_c *eye) const { *eye = eye_; }
     void setEyePoint(mgPoint_c const *eye) { eye_ = *eye; }
@@ -48,7 +49,7 @@ public:
     /// The point at the plane distance in front of the eye.
     virtual void getFocusPoint(mgPoint_c *focus) const;
 
-    /// All members are equal, exactly; NaN equals nothing.
+    /// True when all four members are exactly equal; NaN equals nothing.
     bool operator==(mgPerspInfo_c const &other) const;
 
     /// Moves x and y of p to eye + (p - eye) * k, where k is the iso plane distance over the depth
@@ -57,12 +58,13 @@ public:
     /// 1e-08 in absolute value becomes 1e-08, or -1e-08 when p.z < eye.z. A point behind the eye is
     /// mirrored at the eye.
     void doScreenPointPerspectiveDivision(mgPoint_c &p) const;
-    /// The inverse, with k the depth over the iso plane distance. An iso plane distance of 0 is not
-    /// detected and makes x and y infinite or NaN. Does nothing for an orthographic camera.
+    /// The inverse, with k the depth over the iso plane distance. A small depth is not replaced; at
+    /// depth 0, x and y become the eye's. An iso plane distance of 0 is not detected and makes x
+    /// and y infinite or NaN. Does nothing for an orthographic camera.
     void doScreenPointInversePerspectiveDivision(mgPoint_c &p) const;
     /// Sets z of p to the near clip plane's. For a perspective camera x and y become
     /// eye + (p - eye) * k with k = plane distance / field-of-view plane distance: p moves along
-    /// its line of sight as if it was on the field-of-view plane.
+    /// its line of sight as if it were on the field-of-view plane.
     void moveScreenPointToNearClipPlane(mgPoint_c &p) const;
 
     /// Archive record: the eye, then the three distances, six doubles. A failing read leaves the

@@ -38,43 +38,43 @@ public:
 };
 
 /// A similarity transform: a rotation, a translation, a uniform scale, a reflection flag and, for
-/// view transforms, an owned perspective record.
+/// view transforms, an owned perspective record. Lengths are in model units, angles in radians.
 ///
-/// A point p, a row vector, becomes scale * (p * rotation) + translation; when the transform holds
-/// a record, the record's perspective division follows. A vector becomes scale * (v * rotation). A
-/// unit vector is only rotated. The scale is applied only when |scale - 1| > 1e-08, so a scale of
-/// NaN is not. Row i of the rotation is the image of coordinate axis i. `a * b` applies a first,
-/// then b. Lengths are in model units, angles in radians.
+/// A point p, a row vector, becomes scale * (p * rotation) + translation; the perspective division
+/// of a record follows. A vector becomes scale * (v * rotation). A unit vector is only rotated. The
+/// scale is applied only when |scale - 1| > 1e-08, so a scale of NaN is not. Row i of the rotation
+/// is the image of coordinate axis i. `a * b` applies a first, then b.
 ///
-/// Only `iValidateRepairXForm` and `iValidateRepairRotationMatrix` check the fields. The rotation
-/// is normally orthonormal, and composition keeps it so. Points and vectors go by its elements: an
-/// exact identity is not multiplied. Unit vectors, composition, copies, `inverse`, `isIdentity`,
-/// `equals` and `save` trust its identity flag (see `mgMatrix_c`). The reflection flag changes no
-/// point and no vector: the mirror factories set it and also mirror by their matrix;
-/// `mg_RestoreXform` leaves it 0 for any matrix.
+/// Only the two `iValidateRepair` functions check the fields. The rotation is normally orthonormal,
+/// and composition keeps it so. Points and vectors go by its elements: an exact identity is not
+/// multiplied. Unit vectors, composition, copies, `inverse`, `isIdentity`, `equals` and `save`
+/// trust its identity flag (see `mgMatrix_c`). The reflection flag changes no point and no vector:
+/// the mirror factories set it and also mirror by their matrix.
 ///
-/// **Copies change the value.** The copy rules are:
-/// - A scale that is not strictly between 1.0000000000000002e-13 and 6e12 becomes 1, NaN too.
+/// **Copies change the value**, by the copy rules:
+/// - A scale that is NaN or not strictly between 1.0000000000000002e-13 and 6e12 becomes 1.
 /// - A translation becomes zero when every component is below 1e-08 in absolute value.
 /// - A rotation whose identity flag is set becomes the exact identity.
 /// - The reflection flag and the record are copied as they are.
 ///
-/// They apply to every copy and assignment, `x = x` included; to the left operand and the result of
-/// `a * b`; to the result of `inverse`; to `restoreStringRep`; to the transforms that a
-/// `mgGenXform_c` is given or returns; to the transform that moves a box; to the view given to
-/// `mgPoint_c::xformByPerspInverse` and `xformByPerspInverseVisible`. The factories and the viewing
-/// functions of mg_transform.h say when they follow them. They do not apply to `*=`, the right
-/// operand of `a * b`, `linearComponent`, `createFromGLData`, the helpers, the archive forms and
-/// the repair. `mgXform_c x = f();` does not copy; `x = f();` does.
+/// The copy rules apply to:
+/// - every copy and assignment, `x = x` included (`x = f();` copies, `mgXform_c x = f();` does not)
+/// - the left operand and the result of `a * b`, but not to the right one, nor to `*=`
+/// - the results of `inverse` and `restoreStringRep`, but not to `linearComponent`,
+///   `createFromGLData`, the helpers, the archive forms and the repair
+/// - the transforms that a `mgGenXform_c` is given or returns, the transform that moves a box, and
+///   the view given to `mgPoint_c::xformByPerspInverse` and `xformByPerspInverseVisible`
+/// - the functions of mg_transform.h that say so
 ///
-/// No operation reports an error. Exhausted memory for a record throws `std::bad_alloc` and leaves
-/// the transform unchanged. What the archive or the string throws is passed on.
+/// Values out of range are not reported. Exhausted memory for a record throws `std::bad_alloc` and
+/// leaves the transform unchanged. What the archive or the string throws is passed on.
 class mgXform_c {
 public:
     mgXform_c() = default; ///< the identity
-    /// The frame with rows (xDir, unit(zDir x xDir), zDir), orthonormalised, and the origin as
-    /// translation. xDir is kept; zDir becomes its part perpendicular to xDir. Parallel or null
-    /// directions leave xDir and two zero rows.
+    /// The frame with rows (xDir, unit(zDir x xDir), zDir), orthonormalised by one pass (see
+    /// `mgMatrix_c::normalize`), and the origin, as it is, as translation. xDir is kept; zDir
+    /// becomes the unit vector of its part perpendicular to xDir. Parallel directions, or a null
+    /// zDir, leave xDir and two zero rows, a null xDir three. REQUIRES length 1 or none.
     VEXMATH_API mgXform_c(mgUnitVector_c const &zDir, mgUnitVector_c const &xDir,
                           mgVector_c const &origin);
     mgXform_c(mgXform_c const &source);                  ///< follows the copy rules
@@ -92,7 +92,8 @@ public:
     /// 1 when the identity flag is set, |1 - scale| < 1e-08 and every component of the translation
     /// is below 1e-08 in absolute value. Reflection and perspective are ignored.
     VEXMATH_API int isIdentity() const;
-    /// The rotation, with its flag, and the scale, both as they are. The rest is dropped.
+    /// A transform of the rotation, with its flag, and the scale, both as they are. The rest is
+    /// that of the identity.
     VEXMATH_API mgXform_c linearComponent() const;
 
     // Columns of the rotation; with an I, its rows. The image of the world's x axis is row 0,
@@ -111,18 +112,20 @@ public:
 
     /// Becomes this transform first, then b. b may be this transform: the result is its square.
     ///
-    /// The rotations are multiplied as matrices, the product is orthonormalised and its flag
-    /// computed; when both identity flags are set, the rotation stays, elements and all. A
-    /// translation of this transform whose components are all below 1e-08 in absolute value is
-    /// treated as zero. The scales are multiplied, without a range check. When b has a perspective
-    /// record, a copy of it replaces this one's; otherwise this one's stays. The reflection flag
-    /// becomes 1 when exactly one of the two is not 0, else 0.
+    /// The rotations are multiplied as matrices, the product is orthonormalised by one pass and its
+    /// flag computed (see `mgMatrix_c`); when both identity flags are set, the rotation stays,
+    /// elements and all. The translation is moved by b as a vector, then b's is added; when all its
+    /// components are below 1e-08 in absolute value, it becomes b's. The scales are multiplied,
+    /// without a range check. When b has a perspective record, a copy of it replaces this one's;
+    /// otherwise this one's stays. The reflection flag becomes 1 when exactly one of the two is not
+    /// 0, else 0.
     VEXMATH_API mgXform_c const &operator*=(mgXform_c const &b);
-    /// The inverse. The rotation's inverse is its transpose, orthonormalised. A scale within 1e-08
-    /// of 1, bound included, or NaN is treated as 1; a translation with all components below 1e-08
-    /// in absolute value as zero. Reflection and perspective are dropped. The result follows the
-    /// copy rules: where 1 / scale is out of range it has scale 1, and a translation that was
-    /// computed with 1 / scale.
+    /// The inverse. The rotation's inverse is its transpose, orthonormalised by one pass, or the
+    /// exact identity when its identity flag is set. A scale within 1e-08 of 1, bound included, or
+    /// NaN is treated as 1; a translation with all components below 1e-08 in absolute value as
+    /// zero. Reflection and perspective are dropped. The result follows the copy rules: where
+    /// 1 / scale is out of range, as for a scale of 0 or below, it has scale 1, and a translation
+    /// that was computed with 1 / scale.
     VEXMATH_API mgXform_c inverse() const;
 
     /// 1 when no scale, rotation element or translation component differs by more than 1e-08 and
@@ -144,8 +147,8 @@ public:
     /// Copies the record's four fields to *out and returns 1; without a record returns 0 and leaves
     /// *out unchanged. REQUIRES out not null.
     VEXMATH_API int getPerspectiveInfo(mgPerspInfo_c *out) const;
-    /// From now on holds a copy of info's four base fields, as a plain `mgPerspInfo_c`; it replaces
-    /// a record held before.
+    /// Holds a copy of info's four base fields, as a plain `mgPerspInfo_c`, instead of the record
+    /// held before.
     VEXMATH_API void addPerspectiveInfo(mgPerspInfo_c const &info);
     VEXMATH_API void deletePerspectiveInfo(); ///< does nothing without a record
     /// Holds a copy of the source's record, or none when the source has none.
@@ -154,8 +157,8 @@ public:
     /// distances are exactly equal. The plane distance and the far clip distance are not compared.
     VEXMATH_API int iIsPerspectiveEqual(mgXform_c const &other) const;
 
-    /// Takes over the four plain fields as they are. helper.perspective is ignored; a record held
-    /// is freed.
+    /// Copies the four plain fields as they are. helper.perspective is ignored; a record held is
+    /// freed.
     VEXMATH_API void SetHelper(mgXform_64BitHelper_c const &helper);
     /// The four plain fields as they are; the pointer is null, also when a record is held.
     VEXMATH_API mgXform_64BitHelper_c GetHelper() const;
@@ -168,10 +171,10 @@ public:
     /// in radians. Returns 1, or 0 with the angles unwritten.
     ///
     /// Reads elements (0, 0), (1, 0), (2, 0), (2, 1) and (2, 2). The result is confirmed by (1, 0)
-    /// and (2, 2) alone, each rounded down to two decimals, so 0 and -1e-17 differ. Sines and
-    /// cosines that are above 1 - 1e-10 in absolute value are treated as 1 or -1, NaN as 1. NaN in
-    /// (1, 0), (2, 0) or (2, 2) is refused, and so is a (2, 0) beyond [-1, 1]. a2 may lie beyond a
-    /// quarter turn.
+    /// and (2, 2) alone, each rounded down to two decimals, so 0 and -1e-17 differ, and some
+    /// mirrors are accepted. Sines and cosines that are above 1 - 1e-10 in absolute value are
+    /// treated as 1 or -1, NaN as 1. NaN in (1, 0), (2, 0) or (2, 2) is refused, and so is a (2, 0)
+    /// beyond [-1, 1]. a2 may lie beyond a quarter turn.
     ///
     /// A rotation by t in [-pi, pi] about one axis gives:
     /// - x, |t| <= pi/2: (0, 0, t)
@@ -208,9 +211,10 @@ public:
     /// Each row is normalised as by the constructors of `mgUnitVector_c`, so the scale is lost and
     /// becomes 1. One pass then orthonormalises the rotation (see `mgMatrix_c::normalize`). Rows 0
     /// and 1 at an angle w other than a right one leave rows 1 and 2 with length sin w, so parallel
-    /// ones leave zero rows. A row 0 or 1 that is null or NaN becomes zero, and row 2 with it; a
-    /// null row 2 is rebuilt right-handed. The translation is taken as it is. The fourth number of
-    /// each column is ignored. The reflection flag is 0, also for a mirror.
+    /// ones leave zero rows. A row 0 or 1 that is null or NaN becomes zero, and row 2 with it. Row
+    /// 2 is rebuilt, right-handed when it is null, NaN or infinite, else with the handedness that
+    /// it had. Infinity in row 0 or 1 makes rows NaN. The translation is taken as it is. The fourth
+    /// number of each column is ignored. The reflection flag is 0, also for a mirror.
     VEXMATH_API static mgXform_c createFromGLData(double const *gl);
 
     /// Text form: the sixteen numbers of `getGLData` with 16 digits, separated by spaces; NaN and
@@ -219,7 +223,7 @@ public:
     /// numbers are whole, and the other way round. Store texts written under the "C" locale.
     VEXMATH_API void saveStringRep(CString &s) const;
     /// Reads sixteen numbers, assigns the transform that `createFromGLData` makes of them, by the
-    /// copy rules, and returns 1. Text behind them is ignored. With fewer numbers it returns 0 and
+    /// copy rules, and returns 1. Text after them is ignored. With fewer numbers it returns 0 and
     /// changes nothing. The scale becomes 1, the reflection flag 0; a record is freed.
     VEXMATH_API int restoreStringRep(CString const &s);
 
@@ -286,13 +290,13 @@ private:
 /// follow the copy rules.
 VEXMATH_API mgXform_c operator*(mgXform_c const &a, mgXform_c const &b);
 
-/// Moved by rotation, scale, translation and, when the transform holds a record, by its perspective
+/// The image of p under rotation, scale, translation and, when x holds a record, its perspective
 /// division. Translation components that are 0 are not added.
 mgPoint_c operator*(mgPoint_c const &p, mgXform_c const &x);
-/// Rotated and scaled. A vector of exactly zero stays as it is.
+/// v rotated and scaled. An exactly zero vector stays as it is.
 mgVector_c operator*(mgVector_c const &v, mgXform_c const &x);
-/// Rotated and normalised. Unchanged when the identity flag is set, whatever its length. (0, 0, 0)
-/// when the image is shorter than about 3.2e-09 or NaN.
+/// u rotated and normalised: (0, 0, 0) when the image is shorter than about 3.2e-09 or NaN. When
+/// x's identity flag is set, u stays as it is, whatever its length.
 mgUnitVector_c operator*(mgUnitVector_c const &u, mgXform_c const &x);
 
 /// Raw archive form of thirty 32-bit words: the fields as they lie in memory, low words first, with
@@ -310,7 +314,7 @@ namespace vexmath::detail {
 inline constexpr double kSmallestScale = 1.0000000000000002e-13;
 inline constexpr double kLargestScale = 6e12;
 
-/// The scale, or 1 when it is on a bound, beyond it, or NaN.
+/// The scale, or 1 when it is NaN, on a bound or beyond it.
 inline double scaleInRange(double s) { return s > kSmallestScale && s < kLargestScale ? s : 1.0; }
 
 /// Does a scale differ from 1 by strictly more than 1e-08?

@@ -4,16 +4,16 @@
 #include <vexmath/mg_transform.h>
 #include <vexmath/mg_vector.h>
 
+#include "transform/without_record.h"
+
 #include <cstdint>
 
 namespace {
 
-/// A copy of the view, by the copy rules, without its perspective record, which is not copied
-/// first: that would allocate.
-mgXform_c withoutPerspective(mgXform_c const &view) {
-    mgXform_c const plain = vexmath::detail::makeXform(view.rotation(), view.translation(),
-                                                       view.scaling(), view.isReflection());
-    return mgXform_c(plain);
+/// The inverse of a copy of the view, by the copy rules, without its perspective record.
+mgXform_c inverseOfCopy(mgXform_c const &view) {
+    mgXform_c const plain = vexmath::detail::withoutRecord(view);
+    return mgXform_c(plain).inverse();
 }
 
 mgXform_c translation(double x, double y, double z) {
@@ -25,7 +25,7 @@ mgXform_c translation(double x, double y, double z) {
 mgPoint_c mgPoint_c::xformByPerspInverse(mgXform_c const &view) {
     mgPerspInfo_c info;
     if (view.getPerspectiveInfo(&info)) info.moveScreenPointToNearClipPlane(*this);
-    return *this *= withoutPerspective(view).inverse();
+    return *this *= inverseOfCopy(view);
 }
 
 mgPoint_c mgPoint_c::xformByPerspInverseVisible(mgXform_c const &view) {
@@ -34,7 +34,7 @@ mgPoint_c mgPoint_c::xformByPerspInverseVisible(mgXform_c const &view) {
         if (z() < info.getNearClipZ()) set_z(info.getNearClipZ());
         info.doScreenPointInversePerspectiveDivision(*this);
     }
-    return *this *= withoutPerspective(view).inverse();
+    return *this *= inverseOfCopy(view);
 }
 
 void mg_getModelSpaceViewRay(mgXform_c const &view, mgPoint_c const &p, int pIsScreen,
@@ -43,7 +43,7 @@ void mg_getModelSpaceViewRay(mgXform_c const &view, mgPoint_c const &p, int pIsS
     mgPerspInfo_c info;
     bool const hasRecord = view.getPerspectiveInfo(&info) != 0;
     // Without a record the view is inverted without the copy rules.
-    mgXform_c const inverse = hasRecord ? withoutPerspective(view).inverse() : view.inverse();
+    mgXform_c const inverse = hasRecord ? inverseOfCopy(view) : view.inverse();
 
     mgPoint_c point = p;
     mgUnitVector_c dir = mgUnitVector_c::zAxis() * inverse;

@@ -84,7 +84,7 @@ TEST(Euler, ARotationAboutOneAxisHasOlderAnglesOfItsOwn) {
     check(x, 1.2, {0.0, 0.0, 1.2}), check(x, -1.2, {0.0, 0.0, -1.2});
     check(x, 1.7, {half, half, 1.7 - half}), check(x, -1.7, {half, half, half - 1.7});
     check(y, 2.5, {0.0, 2.5, 0.0}), check(y, -2.5, {0.0, -2.5, 0.0});
-    check(z, 2.5, {2.5, 0.0, 0.0}), check(z, -1.4e-5, {}); // cosines of 1 - 1e-10 are taken as 1
+    check(z, 2.5, {2.5, 0.0, 0.0}), check(z, -1.4e-5, {}); // cosines above 1 - 1e-10 are 1
     refused(y, quarter), refused(y, -quarter);
     refused(z, half), refused(z, -2.5), refused(z, 1.4e-5);
 }
