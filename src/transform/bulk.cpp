@@ -14,7 +14,7 @@ using vexmath::detail::scales;
 /// The loop, with the decisions about the transform as constants.
 template <bool kRotates, bool kScales>
 void placeOneByOne(mgPoint_c *points, int count, mgXform_c const &x) {
-    // Copies, because a write to a point might change x for all the compiler knows. A scale of 1
+    // Copies, because the compiler must assume that a write to a point may change x. A scale of 1
     // changes no product.
     vexmath::detail::Elements const rotation = x.rotation();
     double const scale = scales(x.scaling()) ? x.scaling() : 1.0;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Rotation angles about the coordinate axes: the older and the newer decomposition of a rotation.
 //
-// Both look for the rotation about z by g, then about y by b, then about x by a. Its matrix has
+// Both return angles of a rotation about z by g, then about y by b, then about x by a. It has
 //     r00 =  cos g cos b
 //     r10 = -sin g cos b
 //     r20 =  sin b        r21 = -sin a cos b        r22 = cos a cos b
