@@ -363,7 +363,7 @@ inline mgXform_c::~mgXform_c() {
     if (perspective_ != nullptr) deletePerspectiveInfo();
 }
 
-// QUIRK: xform.h, mgXform_c::mgXform_c, mgXform_c::operator=, operator*: a copy takes a tiny
+// QUIRK: xform.h, mgXform_c::mgXform_c, mgXform_c::operator=, operator*: a copy treats a tiny
 // translation as zero, a scale out of range as 1 and a flagged rotation as the identity. Expected:
 // an equal value. Kept: callers and stored data depend on it.
 // (test: CopiesFlushATinyTranslationAndAFlaggedRotation)
