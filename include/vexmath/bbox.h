@@ -232,8 +232,8 @@ public:
                               double *tmax) const;
 
     /// Text form: low corner, then high corner, as six numbers with 16 significant digits,
-    /// separated by spaces; the last bit of a number may get lost. Zeros for an unset box. Written
-    /// and read by the process's numeric locale.
+    /// separated by spaces; the last bit of a number may get lost. Zeros for an unset box; an
+    /// empty text when memory is exhausted. Written and read by the process's numeric locale.
     VEXMATH_API void saveStringRep(CString &s) const;
     /// Reads six numbers back as two opposite corners, as the constructor does, and returns 1. What
     /// follows the sixth number is ignored: under a locale with a decimal point, a comma in that

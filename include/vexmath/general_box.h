@@ -64,8 +64,9 @@ public:
     /// The box in its own frame, from the origin to (len1, len2, len3), and the transform that
     /// places it: `mg_CoordinateXform(corner, d1, d2)`. Its second axis is perpendicular to d1, in
     /// the plane of d1 and d2, so that for other angles than a right one the placed box is not this
-    /// box. Parallel or null directions are not detected; they leave zero rows in x. False, with
-    /// the outputs unchanged, when a length is not above 0, or is NaN.
+    /// box. Parallel or null directions are not detected; they leave zero rows in x. x is
+    /// assigned, so that the copy rules of `mgXform_c` apply. False, with the outputs unchanged,
+    /// when a length is not above 0, or is NaN.
     VEXMATH_API bool getBBoxAndXform(mgBBox_c &box, mgXform_c &x) const;
     /// The parallelogram in which the extended edges along the third direction meet the plane. It
     /// covers the projection of the box along that direction, which need not be perpendicular to

@@ -218,7 +218,8 @@ public:
     VEXMATH_API static mgXform_c createFromGLData(double const *gl);
 
     /// Text form: the sixteen numbers of `getGLData` with 16 digits, separated by spaces; NaN and
-    /// infinity as the C library writes them. Written and read by the process's numeric locale: a
+    /// infinity as the C library writes them. The text is empty when memory is exhausted. Written
+    /// and read by the process's numeric locale: a
     /// text written with a decimal comma is refused where a decimal point is set, unless all its
     /// numbers are whole, and the other way round. Store texts written under the "C" locale.
     VEXMATH_API void saveStringRep(CString &s) const;
