@@ -33,7 +33,8 @@ extern "C" {
  * to move is released all the same.
  *
  * Sizes are computed in 64 bits. No handle or element pointer may be null unless its operation says
- * so. Where elements are passed in, they may lie in the array itself: they are taken by value.
+ * so. Elements passed in may lie in the array itself, its free slots included: they are taken by
+ * value.
  */
 
 /** Bookkeeping in front of element 0. */

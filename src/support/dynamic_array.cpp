@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 
 #include <vexmath/su_dynamic_array.h>
 
@@ -118,16 +119,9 @@ bool isOwnSlot(void const *array, std::size_t offset) {
     return offset < bytesOf(array, headerOf(array)->capacity);
 }
 
-/// Fills the gap that was opened at `index` with as many bytes of the array itself, from `offset`
-/// on before the gap was opened: those behind it have moved by its size.
-void fillGapFromOwn(void *array, int index, std::size_t offset, std::size_t bytes) {
-    char *const source = static_cast<char *>(array) + offset;
-    char *const gap = slotOf(array, index);
-    std::size_t const gapOffset = bytesOf(array, index);
-    std::size_t const unmoved = offset < gapOffset ? std::min(gapOffset - offset, bytes) : 0;
-    std::memcpy(gap, source, unmoved);
-    std::memcpy(gap + unmoved, source + unmoved + bytes, bytes - unmoved);
-}
+struct HeapRelease {
+    void operator()(void *block) const { std::free(block); }
+};
 
 } // namespace
 
@@ -187,7 +181,7 @@ void *amDynamicArrayAdd(void *array, void const *element) {
         if (own) element = static_cast<char *>(array) + offset;
     }
     std::int32_t &count = headerOf(array)->count;
-    std::memcpy(slotOf(array, count), element, bytesOf(array, 1));
+    std::memmove(slotOf(array, count), element, bytesOf(array, 1)); // may be that very slot
     ++count;
     return array;
 }
@@ -213,8 +207,14 @@ void *amDynamicArrayAppend(void *array, void const *source) {
 void *amDynamicArrayInsertAt(void *array, int index, void const *elements, int n) {
     Header const header = *headerOf(array);
     if (index < 0 || index > header.count || n < 1) return nullptr;
-    std::size_t const offset = offsetIn(array, elements);
-    bool const own = isOwnSlot(array, offset);
+    std::size_t const bytes = bytesOf(array, n);
+    // Elements of the array's own slots, free ones included, are copied before anything moves.
+    std::unique_ptr<void, HeapRelease> copy;
+    if (isOwnSlot(array, offsetIn(array, elements))) {
+        copy.reset(std::malloc(bytes));
+        if (!copy) return nullptr;
+        elements = std::memcpy(copy.get(), elements, bytes);
+    }
     if (isFullFor(header, n)) {
         std::int64_t const missing = std::int64_t{header.count} + n - header.capacity;
         std::int64_t const growth = std::max(growthAmount(header, header.growStep), missing);
@@ -222,13 +222,8 @@ void *amDynamicArrayInsertAt(void *array, int index, void const *elements, int n
         if (!array) return nullptr;
     }
     char *const gap = slotOf(array, index);
-    std::size_t const bytes = bytesOf(array, n);
     std::memmove(gap + bytes, gap, bytesOf(array, header.count - index));
-    if (own) {
-        fillGapFromOwn(array, index, offset, bytes);
-    } else {
-        std::memcpy(gap, elements, bytes);
-    }
+    std::memcpy(gap, elements, bytes);
     headerOf(array)->count += n;
     return array;
 }

@@ -136,10 +136,11 @@ void ExpectSame(Model const &model, Array const &array) {
     ASSERT_TRUE(model.mode == header.growMode && model.keepFlag == header.keepFlag);
 }
 
-/// Adds, appends or inserts n elements, at times the array's own.
+/// Adds, appends or inserts n elements, at times from the array's own slots, free ones included.
 void addSome(Model &model, Array &array, int at, int n, support::Random &random) {
-    int const count = model.count(), from = random.below(std::max(count - n, 0) + 1);
-    bool const own = n <= count && random.below(3) == 0;
+    int const count = model.count(), from = random.below(std::max(model.capacity - n, 0) + 1);
+    bool const own = n <= model.capacity && random.below(3) == 0;
+    for (int i = count; i < model.capacity; ++i) array.items()[i] = item(random.below(999));
     Items elements;
     for (int i = 0; i < n; ++i)
         elements.push_back(own ? array.items()[from + i] : item(random.below(999)));
@@ -267,7 +268,7 @@ TEST(DynamicArray, ExhaustedMemoryLeavesTheOldArray) {
     header.count = header.capacity = 2000000000;
     EXPECT_EQ(array.data, amDynArrayRealloc(array.data, INT_MAX - 9));
     EXPECT_EQ(array.data, amDynamicArrayFreeExtra(array.data, -1.0));
-    EXPECT_FALSE(amDynamicArrayInsertAt(array.data, 0, array.data, 9)
+    EXPECT_FALSE(amDynamicArrayInsertAt(array.data, 0, before.data(), 9)
                  || amDynamicArrayAdd(array.data, array.data)
                  || amDynamicArrayAppend(array.data, array.data)
                  || suDynArrayAlloc1(header.capacity, array.data));
