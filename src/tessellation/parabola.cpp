@@ -20,8 +20,9 @@ double mg_getConicEccentricity(mgPoint_c const &focus, mgPoint_c const &vertex,
     double const endHeight = (end - vertex) % axis;
     bool const endIsFarther = endHeight > startHeight;
     double const height = endIsFarther ? endHeight : startHeight;
+    if (height == 0.0) return 1.0; // at the vertex's height, where rounding alone leaves an excess
     double const excess = dist(endIsFarther ? end : start, focus) - focal;
-    return excess == 0.0 && height == 0.0 ? 1.0 : excess / height;
+    return excess / height;
 }
 
 namespace {

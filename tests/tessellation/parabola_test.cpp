@@ -53,6 +53,13 @@ TEST(TessParabola, HasFromTenToTenMillionSegments) {
         EXPECT_EQ(expected, segmentsOf(polylineOf(conicOf(f, 1, t0, t1)))) << f << ' ' << t1;
 }
 
+TEST(TessParabola, AShortArcWhoseHeightIsLostToRoundingIsAParabola) {
+    P const vertex(1e6, 0, 0), focus(1e6 + 100, 0, 0), start(1e6, 0.000147, 0);
+    Polyline const points = polylineOf({vertex, focus, {}, start, {1e6, -0.000147, 0}, {0, 0, 1}});
+    EXPECT_EQ(10, segmentsOf(points));
+    for (P const &p : points) EXPECT_TRUE(p.x() == 1e6 && std::fabs(p.y()) < 0.000148) << p.y();
+}
+
 TEST(ConicEccentricity, IsThatOfTheCurveThroughTheEndFartherAlongTheAxis) {
     for (double const e : {0.0, 0.5, 1.0, 2.0}) {
         parabolaEdgeData const c = conicOf(2, e, -0.25, 0.5);
@@ -61,6 +68,8 @@ TEST(ConicEccentricity, IsThatOfTheCurveThroughTheEndFartherAlongTheAxis) {
     }
     P const v{0, 0, 0}, f{0, 0, 1};
     EXPECT_EQ(mg_getConicEccentricity(f, v, v, v), 1);
+    EXPECT_EQ(mg_getConicEccentricity(f, v, {3, 0, 0}, {4, 0, 0}),
+              1); // both at the vertex's height
     // On a tie the start: (2, 0, 1) is on the parabola, (4, 0, 1) is not.
     EXPECT_EQ(mg_getConicEccentricity(f, v, {2, 0, 1}, {4, 0, 1}), 1);
     EXPECT_EQ(mg_getConicEccentricity(f, v, {4, 0, 1}, {2, 0, 1}), 3);
