@@ -97,6 +97,17 @@ TEST(TessArc, TakesItsEndsFromTheListItAppendsTo) {
     EXPECT_BITS_EQ(list[8 + count], onCircle(1, 1));
 }
 
+TEST(TessArc, AListThatCannotGrowLosesItsPoints) {
+    suDynamicArray<P> list;
+    list.Adopt(static_cast<P *>(suDynArrayAlloc(5, 0, 1, sizeof(P))));
+    list.Add({7, 8, 9});
+    arcEdgeData const arc{{}, {0, 0, 1}, 1};
+    P const start(1, 0, 0), end(0, 1, 0);
+    int count = -1;
+    mg_TessArc(&arc, &start, &end, 1e-3, nullptr, count, &list);
+    EXPECT_TRUE(count == 0 && list.Count() == 0);
+}
+
 TEST(TessArc, EndsOnHostileValues) {
     Random random;
     for (int round = 0; round < 5000; ++round) {

@@ -2,6 +2,7 @@
 // Conic arcs by their end tangents, and which records are taken for them.
 
 #include "polyline.h"
+#include "support/failing_heap.h"
 
 namespace {
 
@@ -20,9 +21,20 @@ parabolaEdgeData conicOf(double flatness) {
 
 } // namespace
 
+/// Chords within 0.004 of the tangents at both ends turn by less than 0.008 from one to the next;
+/// those at the ends are compared with the sides of the triangle.
+void CheckTurns(parabolaEdgeData const &conic, Polyline points) {
+    points.insert(points.begin(), conic.start + (conic.start - conic.vertex));
+    points.push_back(conic.end + (conic.end - conic.vertex));
+    for (std::size_t i = 2; i < points.size(); ++i) {
+        double const limit = i == 2 || i + 1 == points.size() ? 0.004 : 0.008;
+        ASSERT_LT(mg_AngleBetween(points[i - 1] - points[i - 2], points[i] - points[i - 1]), limit);
+    }
+}
+
 TEST(TessBConic, LiesOnTheConicWithItsChordsNearItsTangents) {
     for (double const flatness : {0.05, 0.3, 0.5, 0.7, 0.95}) {
-        Polyline points = polylineOf(conicOf(flatness));
+        Polyline const points = polylineOf(conicOf(flatness));
         ASSERT_GT(points.size(), 100u);
         EXPECT_BITS_EQ(points.front(), P(-1, 0, 0));
         EXPECT_BITS_EQ(points.back(), P(1, 0, 0));
@@ -32,16 +44,39 @@ TEST(TessBConic, LiesOnTheConicWithItsChordsNearItsTangents) {
             double const b = p.y(), a = 0.5 * (1 - b - p.x()), c = 0.5 * (1 - b + p.x());
             EXPECT_NEAR(b * b, 4 * m * m * a * c, 4e-15 * (1 + m * m));
         }
-        // Chords within the limit of both tangents turn by less than twice as much from one to
-        // the next; those at the ends are held against the sides of the triangle.
-        points.insert(points.begin(), P(-2, -1, 0));
-        points.push_back(P(2, -1, 0));
-        for (std::size_t i = 2; i < points.size(); ++i) {
-            double const limit = i == 2 || i + 1 == points.size() ? 0.004 : 0.008;
-            EXPECT_LT(mg_AngleBetween(points[i - 1] - points[i - 2], points[i] - points[i - 1]),
-                      limit);
-        }
+        CheckTurns(conicOf(flatness), points);
     }
+}
+
+TEST(TessBConic, ASharpTurnIsResolvedByTheNumbersAtThatTurn) {
+    // At the vertex, the start and the end, which lie at the origin; the other points are far.
+    parabolaEdgeData const sharp{{}, {1e-8, 0, 0}, {}, {1e6, -1e6, 0}, {1e6, 1e6, 0}, {0, 0, 1}};
+    EXPECT_EQ(260, segmentsOf(polylineOf(sharp)));
+    CheckTurns(sharp, polylineOf(sharp));
+    double const flat = 0x1p-50;
+    parabolaEdgeData const atStart{{1, 1, 0}, {1, flat, 0}, {}, {}, {2, 0, 0}, {0, 0, 1}};
+    parabolaEdgeData const atEnd{{-1, 1, 0}, {-1, flat, 0}, {}, {-2, 0, 0}, {}, {0, 0, 1}};
+    for (auto const &conic : {atStart, atEnd}) EXPECT_EQ(210, segmentsOf(polylineOf(conic)));
+}
+
+TEST(TessBConic, RefusesCoordinatesFrom1e100On) {
+    auto const segments = [](double size) {
+        return segmentsOf(polylineOf(
+            {{0, size, 0}, {0, 0.5 * size, 0}, {}, {-size, 0, 0}, {size, 0, 0}, {0, 0, 1}}));
+    };
+    EXPECT_EQ(254, segments(1));
+    EXPECT_EQ(254, segments(0x1p332)); // 8.7e99
+    for (double const size : {1e100, 1e150, kMax, kInfinity}) EXPECT_EQ(0, segments(size));
+}
+
+TEST(TessBConic, ExhaustedMemoryMakesNothing) {
+    forEachFailingAllocation([conic = conicOf(0.5)] {
+        P *array = nullptr;
+        int count = -1;
+        mg_TessBConic(&conic, 0.01, &array, count, nullptr);
+        EXPECT_EQ(count, array != nullptr ? 254 : 0);
+        delete[] array;
+    });
 }
 
 TEST(TessBConic, FollowsACircleWhoseTangentsAreKnown) {
@@ -97,6 +132,11 @@ TEST(TessBConic, EndsWhereNumbersAreTooCoarseToBecomeStraight) {
     parabolaEdgeData conic = conicOf(0.5);
     for (P *p : {&conic.vertex, &conic.focus, &conic.start, &conic.end}) p->set_x(p->x() + 1e15);
     EXPECT_LT(polylineOf(conic).size(), 5000u);
+    // A needle with its tip at the origin, where numbers of size 3000 cancel.
+    parabolaEdgeData const needle{{0, 3e3, 0},     {},       {}, {-0.01, -3e3, 0},
+                                  {0.01, -3e3, 0}, {0, 0, 1}};
+    int const segments = segmentsOf(polylineOf(needle));
+    EXPECT_TRUE(500 < segments && segments < 5000) << segments;
     Random random;
     for (int round = 0; round < 5000; ++round) {
         auto const any = random.hostile<parabolaEdgeData>();
