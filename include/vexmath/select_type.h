@@ -95,6 +95,10 @@ public:
 
     /// The set of one code; empty for 0 and -1.
     VEXMATH_API uoSelectType_c(uoSelTypes_e const &code);
+
+    // Of the class itself, so that both operands have one type: C++20 also exchanges them.
+    int operator==(uoSelectType_c const &other) const;
+    int operator!=(uoSelectType_c const &other) const;
 };
 
 /// The constraints under which objects may be selected. Works like `uoSelectType_c`, except that
@@ -106,10 +110,31 @@ public:
 
     /// The set of one code; empty for 0.
     VEXMATH_API uoSelectConstraint_c(uoSelConstraint_e const &code);
+
+    int operator==(uoSelectConstraint_c const &other) const;
+    int operator!=(uoSelectConstraint_c const &other) const;
 };
 
 /// The set of both codes; 0 and -1 are taken as they are.
 VEXMATH_API uoSelectType_c operator|(uoSelTypes_e a, uoSelTypes_e b);
 VEXMATH_API uoSelectConstraint_c operator|(uoSelConstraint_e a, uoSelConstraint_e b);
+
+// -------------------------------------------------------------------------------------------------
+
+inline int uoSelectType_c::operator==(uoSelectType_c const &other) const {
+    return SelectSet::operator==(other);
+}
+
+inline int uoSelectType_c::operator!=(uoSelectType_c const &other) const {
+    return !(*this == other);
+}
+
+inline int uoSelectConstraint_c::operator==(uoSelectConstraint_c const &other) const {
+    return SelectSet::operator==(other);
+}
+
+inline int uoSelectConstraint_c::operator!=(uoSelectConstraint_c const &other) const {
+    return !(*this == other);
+}
 
 #endif
