@@ -4,6 +4,7 @@
 #include <vexmath/select_type.h>
 
 #include <cstdint>
+#include <new>
 
 namespace {
 
@@ -23,7 +24,20 @@ bool isMatched(su_CDWordArray const &words, std::uint32_t word) {
 }
 
 void addAbsent(su_CDWordArray &words, std::uint32_t word) {
-    if (indexOf(words, word) < 0) words.Add(word);
+    if (indexOf(words, word) >= 0) return;
+    try {
+        words.Add(word);
+    } catch (std::bad_alloc const &) { // the word is left out
+    }
+}
+
+/// Without the memory for a copy, the target ends up empty.
+void copyAll(su_CDWordArray &target, su_CDWordArray const &source) {
+    try {
+        target.Copy(source);
+    } catch (std::bad_alloc const &) {
+        target.RemoveAll();
+    }
 }
 
 void removeFirst(su_CDWordArray &words, std::uint32_t word) {
@@ -43,12 +57,12 @@ SelectSet<Set, Code>::~SelectSet() = default;
 
 template <class Set, class Code>
 SelectSet<Set, Code>::SelectSet(SelectSet const &other) {
-    words_.Copy(other.words_);
+    copyAll(words_, other.words_);
 }
 
 template <class Set, class Code>
 SelectSet<Set, Code> &SelectSet<Set, Code>::operator=(SelectSet const &other) {
-    if (this != &other) words_.Copy(other.words_);
+    if (this != &other) copyAll(words_, other.words_);
     return *this;
 }
 
