@@ -91,18 +91,22 @@ public:
     /// computed again.
     ///
     /// The error measure is the sum of |1 - r . r| over the rows r and of the absolute dot products
-    /// of two rows. When it is strictly below 1e-15 nothing changes. Otherwise row 0 keeps its
-    /// direction; row 1 loses its component along row 0; row 2 becomes their cross product, negated
-    /// when its dot product with the old row 2 is negative, so that a mirror stays a mirror.
+    /// of two rows. When it is strictly below 1e-15 nothing changes. Otherwise:
+    /// - Row 0 keeps its direction.
+    /// - Row 1 loses its component along row 0.
+    /// - Row 2 becomes the cross product of the new rows 0 and 1, negated when its dot product with
+    ///   the old row 2 is negative. So a mirror stays a mirror.
     ///
     /// The pass is of first order. A row 0 of length r gets the length |r (3 - r^2) / 2|, so it is
     /// reversed when r is above the root of 3. Row 1 becomes perpendicular to row 0 only when both
-    /// had about unit length. A null row 0 or 1 stays null and makes row 2 null. NaN spreads.
+    /// had about unit length. A null row 0 or 1 stays null and makes row 2 null. NaN in row 0 or 1
+    /// spreads. A null row 2 and NaN in row 2 are replaced.
     ///
     /// An order that is not 0 sums the error measure in another order, which changes its rounding
     /// and nothing else.
     VEXMATH_API void normalize(int unused, int order);
     /// Makes rows that lie along an axis exact. Returns 1 when an element changed and otherwise 0.
+    /// A NaN element that is left alone counts as changed.
     ///
     /// In each row the first element strictly above 0.99999999 in absolute value, however large,
     /// becomes 1 or -1. All other elements of its row and column must then be strictly below 1e-08
@@ -122,10 +126,10 @@ public:
     /// REQUIRES that the matrix rotates about that axis. The sense is that of column vectors: the
     /// angle of `mg_RotationMatrix(t, n, 0)` about n is -t. About (0, 0, 0) it is 0.
     ///
-    /// The coordinate axis with the smallest component of *axis, by its signed value, tells the
-    /// angle. So about (-1, 0, 0), (0, -1, 0) or (0, 0, -1) exactly it is 0 however far the matrix
-    /// rotates; for a matrix that does not rotate about that axis it may also be pi. Close to these
-    /// axes an inexact axis makes the angle inexact.
+    /// The angle is measured between one coordinate axis and its image: the one along which *axis
+    /// has its smallest component, by signed value. So about (-1, 0, 0), (0, -1, 0) or (0, 0, -1)
+    /// exactly it is 0 however far the matrix rotates. When the matrix does not rotate about that
+    /// axis, it may also be pi. Close to these axes a small error of *axis makes the angle inexact.
     VEXMATH_API double getRotationAngle(mgUnitVector_c const *axis) const;
 
     /// Eigenvalues, ascending, and unit eigenvectors of the symmetric part (M + transpose) / 2,
@@ -157,9 +161,9 @@ public:
     ///
     /// Of a singular matrix |M n| is at most a few roundings of the longest column, also near these
     /// bounds; n itself loses a digit for each digit by which the columns approach each other, see
-    /// docs/accuracy.md. Forced, a regular matrix gives the n that expresses the third column by
-    /// the two that span the widest plane, by least squares. With NaN or infinite elements, or
-    /// elements above 1e150, the vectors mean nothing and may be null.
+    /// docs/accuracy.md. Forced, a regular matrix gives the n that expresses one column by the
+    /// other two, by least squares; those two have the largest cross product. With NaN or infinite
+    /// elements, or elements above 1e150, the vectors mean nothing and may be null.
     VEXMATH_API int getNullspace(mgUnitVector_c *basis, bool force) const;
 
     /// Archive record: nine doubles, row by row, without the flag.
@@ -182,6 +186,9 @@ private:
 
     explicit mgMatrix_c(vexmath::detail::Rows const &rows); ///< as they are, the flag computed
 
+    // QUIRK: matrix.h, mgMatrix_c::operator[]: an index out of range means element 0. Expected: a
+    // requirement, or a failure. Kept: callers and stored data depend on it.
+    // (test: AnIndexOutOfRangeMeansElementZero)
     static int inRange(int k) { return k >= 0 && k <= 8 ? k : 0; }
     void copyColumn(int j, mgUnitVector_c *axis) const;
     bool rowsAreAxes(double tol) const;

@@ -9,9 +9,10 @@
 
 namespace vexmath::detail {
 
-/// Restricts an overload to points: everything that converts to a point also converts to a vector.
+/// Restricts a template to points. A plain overload for points would be ambiguous for arguments
+/// that convert to points and to vectors.
 template <class P>
-using IfPoint = std::enable_if_t<std::is_same_v<P, mgPoint_c>, int>;
+using IfPoint = std::enable_if_t<std::is_base_of_v<mgPoint_c, P>, int>;
 
 } // namespace vexmath::detail
 
@@ -38,15 +39,16 @@ public:
     /// only a strictly larger angle rotates; any other one, such as every negative angle, gives the
     /// identity. Even then an axis shorter than 1e-08 has no direction left, and the upper left
     /// becomes the cosine times the identity; an axis longer than 1e154 gives the same. A NaN axis
-    /// gives the identity. A NaN angle gives NaN elements, or the identity when the axis is short.
+    /// gives the identity. An infinite axis gives NaN elements, and so does a NaN or infinite
+    /// angle; about a short axis NaN and -infinity give the identity.
     VEXMATH_API static mgMatrix4_c rotationMatrix(mgVector_c const &axis, double angle);
     /// The frame at the origin given with x along xDir and y on the side of yDir: columns 0 to 2
     /// are its right-handed orthonormal axes, column 3 the origin.
     ///
     /// Gives the translation alone when xDir or yDir is null, or when they are parallel or opposite
-    /// (||cosine| - 1| < 1e-08). Null means a squared length strictly below 1e-17, which is a
-    /// length of about 3.2e-09, one above 1e154, or a NaN component. An infinite component gives
-    /// NaN.
+    /// (||cosine| - 1| < 1e-08). Null means a squared length strictly below 1e-17 (a length of
+    /// about 3.2e-09), a length above 1e154, or a NaN component. An infinite component of a
+    /// direction makes columns null or NaN.
     VEXMATH_API static mgMatrix4_c rigidTransform(mgVector_c const &origin, mgVector_c const &xDir,
                                                   mgVector_c const &yDir);
     /// The outer product of v with itself in the upper left of an identity.
@@ -58,10 +60,11 @@ public:
     /// Axis and angle are those that `getRotationAxis` and `getRotationAngle` find for the step
     /// `a.inverse() * b`. Where they are wrong, the rotation does not lead to b, and the result
     /// jumps to b at t = 1:
-    /// - A step of less than about 1e-4 radians rotates about x alone, by its share about x. A step
-    ///   about y or z does not rotate.
-    /// - When the axis found is close to -x or -y, the angle is inexact: off by up to 1e-7 at a
-    ///   distance of 0.01 radians, 1e-3 at 0.0001, and meaningless within 1e-5.
+    /// - A step of less than about 1e-4 radians rotates about x alone, by the x component of its
+    ///   rotation vector. A step about y or z does not rotate.
+    /// - When the axis found is close to -x or -y, the angle is inexact: off by about 1e-7 radians
+    ///   when the axis is 0.01 radians away, 2e-4 at 1e-4 and 0.05 at 1e-6. Closer than 1e-7 it
+    ///   means nothing.
     VEXMATH_API static mgMatrix4_c interpolate(mgMatrix4_c const &a, mgMatrix4_c const &b,
                                                double t);
 
@@ -117,11 +120,11 @@ public:
     mgVector_c mult(mgVector4_c const &q) const;
     mgVector4_c mult4(mgVector4_c const &q) const; ///< all four rows
 
-    /// Unit axis of the rotation, right within 1e-07 radians; a uniform scale does not matter. Its
-    /// z component is positive; its x component when z is too small to tell, then y. So the angle
-    /// about it may be negative. A rotation by less than about 1e-4 radians (1.0e-4 to 1.8e-4,
-    /// depending on the axis) does not tell its axis: the result is the x axis. So it is when two
-    /// columns are null.
+    /// Unit axis of the rotation, right within 1e-07 radians; a uniform scale from 2e-08 to 1e154
+    /// does not matter. Its z component is positive; when z is too small to tell, its x component
+    /// is, and then y. So the angle about it may be negative. A rotation by less than about 1e-4
+    /// radians (1.0e-4 to 1.8e-4, depending on the axis) does not tell its axis: the result is the
+    /// x axis. It also is when two columns are null. For NaN elements the axis means nothing.
     VEXMATH_API mgVector_c getRotationAxis() const;
     /// Signed angle in radians, by the right-hand rule, about an axis of any length; see
     /// `mgMatrix_c::getRotationAngle`. A uniform scale does not matter. 0 about an axis shorter

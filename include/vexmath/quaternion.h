@@ -26,16 +26,18 @@ public:
     /// z is positive. REQUIRES a rotation.
     VEXMATH_API void matrixToQuat(mgMatrix_c const &m);
     /// m becomes the rotation matrix, orthonormalised; its flag is computed. REQUIRES unit length
-    /// within rounding. (0, 0, 0, w) gives the identity for every w, NaN gives null rows.
+    /// within rounding. (0, 0, 0, w) gives the identity for every finite w. A NaN component
+    /// gives nine zeros, an infinite one zeros or NaN.
     VEXMATH_API void quatToMatrix(mgMatrix_c &m) const;
     /// Becomes the spherical interpolation from a (t = 0) to b (t = 1) along the shorter arc: when
     /// the dot product of a and b is negative, it ends at -b. t is not clamped. REQUIRES unit
     /// lengths. Either may be this quaternion.
     ///
-    /// When the dot product, as rounded, is at least 1 in absolute value (or NaN), nothing is
-    /// interpolated: the result is a for t < 0.5 and b otherwise, unchanged. So b = -a is not
-    /// negated then. The dot product of equal quaternions sometimes rounds to less than 1; they
-    /// then come back within rounding, not exactly.
+    /// When the dot product, as rounded, is NaN or at least 1 in absolute value, nothing is
+    /// interpolated: the result is b for t >= 0.5 and otherwise a, also for a NaN t. It is not
+    /// changed, so b = -a is not negated then. The dot product of equal quaternions sometimes
+    /// rounds to less than 1; the result is then equal to them within rounding, not exactly. In all
+    /// other cases a NaN t gives NaN.
     VEXMATH_API void quatSlerp(mgQuaternion_c const &a, mgQuaternion_c const &b, double t);
 };
 

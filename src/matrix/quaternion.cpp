@@ -33,7 +33,7 @@ void mgQuaternion_c::matrixToQuat(mgMatrix_c const &m) {
     if (m(i, i) < m(2, 2)) i = 2;
     int const j = (i + 1) % 3;
     int const k = (i + 2) % 3;
-    // At least 1: the diagonal sums to at most 0, and its largest element is i.
+    // r is at least 1: the diagonal sums to at most 0, and its element i is the largest.
     double const r = std::sqrt(m(i, i) - (m(k, k) + m(j, j)) + 1.0);
     double const f = 0.5 / r;
     q[i] = r / 2.0;

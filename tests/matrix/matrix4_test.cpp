@@ -17,7 +17,9 @@ constexpr bool isMultiplied = false;
 template <class Operand>
 constexpr bool isMultiplied<Operand, std::void_t<decltype(mgMatrix4_c() * Operand())>> = true;
 static_assert(isMultiplied<mgVector_c> && isMultiplied<mgUnitVector_c>);
-static_assert(!isMultiplied<mgPoint_c>, "the translation would get lost");
+struct NamedPoint : mgPoint_c {};
+static_assert(!isMultiplied<mgPoint_c> && !isMultiplied<NamedPoint>, "the translation gets lost");
+static_assert(std::is_same_v<mgPoint_c, decltype(mgMatrix4_c().mult(NamedPoint()))>);
 
 mgMatrix4_c placed(mgVector_c const &axis, double angle, double scale, mgVector_c const &move) {
     return mgMatrix4_c::rotationMatrix(axis, angle).scale(scale).setTranslation(move);

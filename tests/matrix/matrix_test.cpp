@@ -75,6 +75,7 @@ TEST(Matrix, OrthonormalisationIsASinglePassInItsOrder) {
     };
     check(0, {2, 0, 0, 1, 2, 0, 0, 0, 1}, {-1, 0, 0, 1, -2, 0, 0, 0, 2}); // far from orthonormal
     check(1, {2, 0, 0, 1, 2, 0, 0, 0, -1}, {-1, 0, 0, 1, -2, 0, 0, 0, -2});
+    check(0, {1, 0, 0, 0, 1, 0, 0, 0, kNaN}, one); // row 2 is replaced
     // The order decides whether the error rounds to the bound, 1e-15, or below it.
     Nine const sheared = {1, 9.7e-16, 1e-17, 0, 1, 2e-17, 0, 0, 1};
     check(1, sheared, sheared);
@@ -137,6 +138,7 @@ TEST(Matrix, RepairSnapsAllRowsOrNone) {
     refuses({in, 1e-08, 0, 0, 0.6, 0.8, 0, -0.8, 0.6});
     refuses({in, 0, 0, 0, 0.6, 0.8, 0, 2e-08, in}); // after a row that was snapped
     EXPECT_EQ(0, stale({in, 0, 0, 0, 1, 0, 0, 0, 1}).iValidateRepairOrthonormality()); // trusted
+    EXPECT_EQ(1, raw({kNaN, 0, 0, 0, 1, 0, 0, 0, 1}).iValidateRepairOrthonormality()); // differs
 }
 
 } // namespace

@@ -212,7 +212,7 @@ double nullResidual(mgMatrix_c const &m, NullVector find) {
     return static_cast<double>(reference::length(image) / longest);
 }
 
-/// The error for one problem, which it draws.
+/// Draws a problem and returns the error of its solution.
 using Problem = std::function<double(Random &)>;
 
 void print(char const *family, std::string const &series, double x, double median, double worst) {
