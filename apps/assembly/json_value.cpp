@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+// A value of a JSON file that knows its place, so that every complaint can name it.
+
+#include "json_value.h"
+
+#include "files.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+#include <fmt/core.h>
+
+namespace assembly {
+
+using nlohmann::json;
+
+namespace {
+
+/// The parser's own words without its error number: "line 3, column 7: syntax error ...".
+std::string withoutErrorNumber(std::string message) {
+    for (std::string const ending : {"] ", "parse error at "}) {
+        std::size_t const found = message.find(ending);
+        if (found != std::string::npos) message.erase(0, found + ending.size());
+    }
+    return message;
+}
+
+json parse(std::string const &file) {
+    std::vector<std::set<std::string>> keysOfOpenObjects;
+    auto const refuseKeyTwice = [&](int, json::parse_event_t event, json &parsed) {
+        if (event == json::parse_event_t::object_start) keysOfOpenObjects.emplace_back();
+        if (event == json::parse_event_t::object_end) keysOfOpenObjects.pop_back();
+        if (event != json::parse_event_t::key) return true;
+        auto const key = parsed.get<std::string>();
+        bool const isNew = keysOfOpenObjects.back().insert(key).second;
+        if (!isNew) throw Failure(file, fmt::format("key \"{}\" occurs twice in one object", key));
+        return true;
+    };
+    try {
+        return json::parse(readFile(file), refuseKeyTwice);
+    } catch (json::exception const &error) {
+        throw Failure(file, withoutErrorNumber(error.what()));
+    }
+}
+
+} // namespace
+
+JsonValue JsonValue::readFrom(std::string const &file) {
+    auto const shared = std::make_shared<File const>(File{file, parse(file)});
+    return {shared, shared->root, ""};
+}
+
+JsonValue::JsonValue(std::shared_ptr<File const> file, json const &value, std::string place)
+    : file_(std::move(file)), value_(&value), place_(std::move(place)) {}
+
+void JsonValue::fail(std::string const &what) const {
+    throw Failure(file_->name, place_.empty() ? what : place_ + ": " + what);
+}
+
+void JsonValue::allowKeys(std::initializer_list<char const *> keys) const {
+    if (!value_->is_object()) fail("must be an object");
+    for (auto const &item : value_->items()) {
+        bool const isAllowed = std::find(keys.begin(), keys.end(), item.key()) != keys.end();
+        if (!isAllowed) fail(fmt::format("unknown key \"{}\"", item.key()));
+    }
+}
+
+JsonValue JsonValue::at(char const *key) const {
+    std::optional<JsonValue> const value = find(key);
+    if (!value) fail(fmt::format("key \"{}\" is missing", key));
+    return *value;
+}
+
+std::optional<JsonValue> JsonValue::find(char const *key) const {
+    auto const found = value_->find(key);
+    if (found == value_->end()) return std::nullopt;
+    return JsonValue(file_, *found, place_.empty() ? key : place_ + "." + key);
+}
+
+std::vector<JsonValue> JsonValue::list() const {
+    if (!value_->is_array() || value_->empty()) fail("must be a list with at least one entry");
+    std::vector<JsonValue> entries;
+    for (json const &entry : *value_) {
+        entries.push_back({file_, entry, fmt::format("{}[{}]", place_, entries.size())});
+    }
+    return entries;
+}
+
+std::string JsonValue::text() const {
+    if (!value_->is_string()) fail("must be a text");
+    auto text = value_->get<std::string>();
+    auto const isControl = [](unsigned char c) { return c < 0x20 || c == 0x7f; };
+    if (text.empty()) fail("must not be empty");
+    if (std::any_of(text.begin(), text.end(), isControl)) fail("must be one line of plain text");
+    return text;
+}
+
+double JsonValue::number() const {
+    if (!value_->is_number()) fail("must be a number");
+    return value_->get<double>();
+}
+
+mgVector_c JsonValue::vector() const {
+    if (!value_->is_array() || value_->size() != 3) fail("must be a list of three numbers");
+    std::vector<JsonValue> const entries = list();
+    return {entries[0].number(), entries[1].number(), entries[2].number()};
+}
+
+} // namespace assembly

@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: MIT
+// The meaning of the lines, the numbers of the parts, and the lists of parts and pairs.
+
+#include "drawing.h"
+
+#include <algorithm>
+#include <map>
+#include <string>
+
+#include <fmt/core.h>
+
+#include <vexmath/mg_vector.h>
+
+namespace assembly {
+
+namespace {
+
+/// The name, or its beginning and an ellipsis when it is too long for a column.
+std::string nameOf(Part const &part) {
+    constexpr int kMost = 20; // characters
+    std::string const whole = fmt::format("{:.{}}", part.name, kMost);
+    return whole == part.name ? whole : fmt::format("{:.{}}…", part.name, kMost - 1);
+}
+
+/// Draws a heading and the first entries of a list by `drawEntry(number, where)`, and counts the
+/// others. Returns where the list ends.
+template <class DrawEntry>
+double drawList(SvgPage &page, mgPoint_c const &start, std::string const &heading,
+                std::size_t count, DrawEntry drawEntry) {
+    constexpr std::size_t kMostListed = 30;
+    mgVector_c const down(0.0, 22.0, 0.0);
+    page.text(start, fmt::format("{}: {}", heading, count), {"heading"});
+    mgPoint_c line = start + mgVector_c(0.0, 4.0, 0.0);
+    for (std::size_t i = 0; i < std::min(count, kMostListed); ++i) drawEntry(i, line += down);
+    if (count > kMostListed) {
+        page.text(line += down, fmt::format("and {} more", count - kMostListed));
+    }
+    return line.y();
+}
+
+/// The point of the outline that is nearest to p; p itself when there is no outline.
+mgPoint_c nearestPoint(std::vector<Edge> const &outline, mgPoint_c const &p) {
+    auto const nearest =
+        std::min_element(outline.begin(), outline.end(), [&](Edge const &a, Edge const &b) {
+            return sqDist(p, a.from) < sqDist(p, b.from);
+        });
+    return nearest == outline.end() ? p : nearest->from;
+}
+
+/// The number of a part, then a text.
+void drawNumbered(SvgPage &page, mgPoint_c const &start, std::size_t part, std::string const &text,
+                  Style const &style = {}) {
+    drawBalloon(page, start + mgVector_c(kBalloonRadius, -4.0, 0.0), part);
+    page.text(start + mgVector_c(3.0 * kBalloonRadius, 0.0, 0.0), text, style);
+}
+
+double drawParts(SvgPage &page, mgPoint_c const &start, std::vector<Part> const &parts,
+                 std::vector<PartPair> const &clashing) {
+    std::vector<bool> clashes(parts.size(), false);
+    for (auto const &[first, second] : clashing) clashes[first] = clashes[second] = true;
+    return drawList(page, start, "Parts", parts.size(), [&](std::size_t i, mgPoint_c const &at) {
+        std::string const name = nameOf(parts[i]);
+        if (clashes[i]) {
+            drawNumbered(page, at, i, name + " (clashes)", {"alarm"});
+        } else {
+            drawNumbered(page, at, i, name);
+        }
+    });
+}
+
+double drawPairs(SvgPage &page, mgPoint_c const &start, std::string const &heading,
+                 std::string const &between, std::vector<PartPair> const &pairs,
+                 std::vector<Part> const &parts) {
+    return drawList(page, start, heading, pairs.size(), [&](std::size_t i, mgPoint_c const &at) {
+        page.text(at, fmt::format("{} {} {}", nameOf(parts[pairs[i].first]), between,
+                                  nameOf(parts[pairs[i].second])));
+    });
+}
+
+} // namespace
+
+void drawBalloon(SvgPage &page, mgPoint_c const &centre, std::size_t part) {
+    page.circle(centre, kBalloonRadius, {"balloon", part});
+    page.text(centre + mgVector_c(0.0, 4.0, 0.0), std::to_string(part + 1), {"number middle"});
+}
+
+void drawBalloons(SvgPage &page, Panel const &panel, std::vector<PartOutline> const &outlines) {
+    constexpr double kDotRadius = 2.2; // pixels
+    double const width = panel.bottomRight.x() - panel.topLeft.x();
+    double const spacing = width / static_cast<double>(outlines.size());
+    if (spacing < 2.2 * kBalloonRadius) return;
+
+    std::multimap<double, PartOutline const *> fromLeftToRight;
+    for (PartOutline const &outline : outlines) fromLeftToRight.emplace(outline.middle, &outline);
+    mgPoint_c balloon = panel.topLeft + mgVector_c(0.5 * spacing, 1.7 * kBalloonRadius, 0.0);
+    for (auto const &[middle, outline] : fromLeftToRight) {
+        mgPoint_c const target = nearestPoint(outline->edges, balloon);
+        page.line(balloon, target, {"leader", outline->part});
+        page.circle(target, kDotRadius, {"dot", outline->part});
+        drawBalloon(page, balloon, outline->part);
+        balloon += mgVector_c(spacing, 0.0, 0.0);
+    }
+}
+
+void drawKey(SvgPage &page, mgPoint_c const &start, CheckResult const &result) {
+    mgVector_c const wide(24.0, 0.0, 0.0); // of each sign
+    mgVector_c const half(0.0, 7.0, 0.0);
+    // Where the sign of an entry begins, after its meaning is written beside it.
+    auto const entry = [&](double x, std::string const &meaning) {
+        page.text(start + mgVector_c(x + 32.0, 0.0, 0.0), meaning);
+        return start + mgVector_c(x, -5.0, 0.0);
+    };
+    auto const line = [&](mgPoint_c const &sign, Style const &style) {
+        page.line(sign, sign + wide, style);
+    };
+    auto const area = [&](mgPoint_c const &sign, Style const &style) {
+        page.rectangle(sign - half, sign + wide + half, style);
+    };
+
+    line(entry(0.0, "silhouette"), {"silhouette"});
+    area(entry(120.0, "its convex hull"), {"hull"});
+    area(entry(270.0, "box"), {"box"});
+    page.circle(entry(350.0, "bounding sphere") + 0.5 * wide, 9.0, {"sphere"});
+    area(entry(515.0, "where the boxes of two clashing parts overlap"), {"overlap"});
+    if (!result.drilling.bolts.empty()) {
+        mgPoint_c const sign = entry(880.0, "drilling path");
+        line(sign, {"drill"});
+        page.circle(sign, 3.5, {"hole"});
+    }
+    if (result.pick) {
+        mgPoint_c const sign = entry(1020.0, "line of sight, where it enters a box");
+        line(sign, {"sight"});
+        page.circle(sign + 0.5 * wide, 5.0, {"entry"});
+    }
+    if (result.section) line(entry(1318.0, "plane of the section"), {"trace"});
+}
+
+void drawHits(SvgPage &page, mgPoint_c const &start, std::vector<Part> const &parts,
+              std::vector<Hit> const &hits) {
+    drawList(page, start, "Hit, nearest first", hits.size(),
+             [&](std::size_t i, mgPoint_c const &at) {
+                 drawNumbered(page, at, hits[i].part, nameOf(parts[hits[i].part]));
+             });
+}
+
+double drawLegend(SvgPage &page, double top, std::vector<Part> const &parts,
+                  Contacts const &contacts) {
+    mgPoint_c const start(kPageMargin, top, 0.0);
+    auto const column = [&](double x) { return start + mgVector_c(x, 0.0, 0.0); };
+    return std::max(
+        {drawParts(page, start, parts, contacts.clashing),
+         drawPairs(page, column(280.0), "Clashing pairs", "–", contacts.clashing, parts),
+         drawPairs(page, column(670.0), "Touching pairs", "–", contacts.touching, parts),
+         drawPairs(page, column(1060.0), "Containments", "contains", contacts.containing, parts)});
+}
+
+} // namespace assembly
