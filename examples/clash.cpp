@@ -17,7 +17,7 @@ struct Part {
     mgXform_c placement;
 };
 
-/// The box as it stands in the assembly, with sides along the axes: wider where the part is tilted.
+/// The box in the assembly, with sides along the axes: wider where the part is tilted.
 mgBBox_c inAssembly(Part const &part) {
     mgBBox_c box = part.box;
     box *= part.placement;
