@@ -13,9 +13,8 @@ import statistics
 import subprocess
 import sys
 
-sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "tools"))
 import guard
-from svg_plot import COLOURS, Picture, Plot
+import plots
 
 US, LIMIT, BEST = "vexmath", "limit", None
 
@@ -184,105 +183,14 @@ def as_markdown(head, lines):
                      for line in table)
 
 
-# The plots: ratios as bars about 1, and time per item over n.
-
-ROW_HEIGHT, BAR_LEFT, BAR_WIDTH, RATIOS = 24, 230, 400, (0.1, 10.0)
-MET, MISSED, NEUTRAL = "#009e73", "#d55e00", "#888888"
-
-
-def ratio_plot(shown, path):
-    shown = [row for row in shown if row.ratio is not None]
-    bottom = 76 + ROW_HEIGHT * len(shown)
-    picture = Picture("Time of vexmath, as a multiple of its peer's", 880, bottom + 50)
-
-    def x(ratio):
-        low, high = map(math.log10, RATIOS)
-        share = (math.log10(min(max(ratio, RATIOS[0]), RATIOS[1])) - low) / (high - low)
-        return BAR_LEFT + BAR_WIDTH * share
-
-    for ratio in (0.1, 0.2, 0.5, 1.0, 2.0, 5.0, 10.0):
-        picture.line([(x(ratio), 66), (x(ratio), bottom)], 'stroke="#dddddd"')
-        picture.text(x(ratio), bottom + 18, f"{ratio:g}", 'text-anchor="middle"')
-    picture.text(x(1.0) - 12, 56, "&#8592; vexmath is faster", 'text-anchor="end" fill="#555555"')
-    picture.text(x(1.0) + 12, 56, "slower &#8594;", 'fill="#555555"')
-    for i, row in enumerate(shown):
-        y = 70 + ROW_HEIGHT * i
-        colour = NEUTRAL if row.wanted is None else MISSED if row.missed() else MET
-        left, right = sorted((x(row.ratio), x(1.0)))
-        picture.text(BAR_LEFT - 8, y + 16, row.work, 'text-anchor="end"')
-        picture.box(left, y + 4, max(right - left, 1.5), ROW_HEIGHT - 8, f'fill="{colour}"')
-        if row.wanted is not None:
-            goal = x(row.wanted)
-            picture.line([(goal, y + 1), (goal, y + ROW_HEIGHT - 1)],
-                         'stroke="black" stroke-width="2.5"')
-        picture.text(BAR_LEFT + BAR_WIDTH + 12, y + 16, f"{row.ratio:.2f} &#215; {row.peer}")
-    picture.line([(x(1.0), 66), (x(1.0), bottom)], 'stroke="black"')
-    legend = ((MET, "as wanted"), (MISSED, "missed"), (NEUTRAL, "no goal"))
-    for i, (colour, label) in enumerate(legend):
-        picture.box(BAR_LEFT + 110 * i, bottom + 30, 12, 12, f'fill="{colour}"')
-        picture.text(BAR_LEFT + 110 * i + 18, bottom + 41, label)
-    picture.line([(BAR_LEFT + 336, bottom + 28), (BAR_LEFT + 336, bottom + 44)],
-                 'stroke="black" stroke-width="2.5"')
-    picture.text(BAR_LEFT + 344, bottom + 41, "at most wanted")
-    picture.write(path)
-
-
-def short(value):
-    """1000000 as 1M."""
-    for unit, name in ((1e6, "M"), (1e3, "k")):
-        if value >= unit:
-            return f"{value / unit:g}{name}"
-    return f"{value:g}"
-
-
-def growth_plot(curves, path):
-    plot = Plot("Time per point, as lists grow; vexmath thick", "points", (100.0, 1e6),
-                "ns per point", (10.0, 1e5), short)
-    styles = ('stroke-width="3.5"', 'stroke-width="1.5" stroke-dasharray="7 4"',
-              'stroke-width="1.5" stroke-dasharray="2 3"')
-    for colour, (name, by) in zip(COLOURS, curves.items()):
-        for style, (who, points) in zip(styles, by.items()):
-            plot.curve(f"{name}: {who}", points, f'stroke="{colour}" {style}')
-    plot.write(path)
-
-
-def label(plot, text, x, y, taken):
-    """Writes beside a point, where no other text or point is."""
-    width = 7 * len(text)
-    for left in (x + 8, x - 8 - width):
-        for shift in (0, -11, 11, -22, 22):
-            place = (left, left + width, y + shift)
-            if left + width < 800 and not any(a < place[1] and place[0] < b
-                                              and abs(c - place[2]) < 11 for a, b, c in taken):
-                taken.append(place)
-                plot.text(left, y + shift + 4, text, f'font-size="12" textLength="{width}"')
-                return
-
-
-def roofline_plot(times, path):
-    """Operations per nanosecond over operations per byte, under what the machine allows."""
-    plot = Plot("Operations done, and what the machine allows", "operations per byte",
-                (0.1, 10.0), "operations per nanosecond", (0.1, 100.0), "{:g}".format)
+def roofline(times):
+    """What plots.roofline draws."""
     bandwidths = (("memory", "transform points"), ("cache", "transform points in cache"))
     slopes = {name: 48 / times[work][LIMIT] for name, work in bandwidths}
     ceilings = {who: 1 / time for who, time in times.get("operations", {}).items()}
-    highest = max(ceilings.values(), default=100.0)
-    for colour, (name, slope) in zip(COLOURS, slopes.items()):
-        plot.curve(f"{name}: {slope:.0f} bytes a nanosecond",
-                   [(0.1, 0.1 * slope), (highest / slope, highest)],
-                   f'stroke="{colour}" stroke-width="2"')
-    for colour, (who, ceiling) in zip(COLOURS[2:], ceilings.items()):
-        plot.curve(f"{who}: {ceiling:.1f} a nanosecond",
-                   [(ceiling / max(slopes.values()), ceiling), (10.0, ceiling)],
-                   f'stroke="{colour}" stroke-width="2" stroke-dasharray="7 4"')
-    points = {work.removesuffix(" in cache"):
-              (plot.x(operations / moved), plot.y(operations / times[work][US]))
+    points = {work.removesuffix(" in cache"): (operations / moved, operations / times[work][US])
               for work, (operations, moved) in OPERATIONS.items() if US in times.get(work, {})}
-    taken = [(x - 5, x + 5, y) for x, y in points.values()]
-    for name, (x, y) in points.items():
-        plot.box(x - 4, y - 4, 8, 8, 'fill="black"')
-        label(plot, name, x, y, taken)
-    plot.write(path)
+    return points, slopes, ceilings
 
 
 def machine(context):
@@ -313,9 +221,9 @@ def main():
     if len(sys.argv) < 3:
         return
     docs = pathlib.Path(sys.argv[2])
-    ratio_plot(compared, docs / "performance.svg")
-    growth_plot(growths(times), docs / "performance-growth.svg")
-    roofline_plot(times, docs / "performance-roofline.svg")
+    plots.ratios(compared, docs / "performance.svg")
+    plots.growth(growths(times), docs / "performance-growth.svg")
+    plots.roofline(*roofline(times), docs / "performance-roofline.svg")
     filled = {"machine": machine(context), "table": as_markdown(HEAD, lines),
               "growth": as_markdown(GROWTH_HEAD, growth_lines)}
     text = pathlib.Path(__file__).with_name("performance.md.in").read_text(encoding="utf-8")

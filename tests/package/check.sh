@@ -53,7 +53,7 @@ add_subdirectory)
 static)
     cmake -S "$4" -B "$work/static/library" -DCMAKE_CXX_COMPILER="$compiler" \
         -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=OFF -DVEXMATH_BUILD_TESTS=OFF \
-        -DVEXMATH_BUILD_EXAMPLES=OFF >/dev/null
+        -DVEXMATH_BUILD_EXAMPLES=OFF -DVEXMATH_BUILD_APPS=OFF >/dev/null
     cmake --build "$work/static/library" --parallel 2 >/dev/null
     cmake --install "$work/static/library" --prefix "$work/static/installed" >/dev/null
     configure_build_run "$tests/package/find_package" "$work/static/consumer" \
