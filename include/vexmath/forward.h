@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Forward declarations of every class and record of the library.
+// Forward declarations of the library's classes and of its records of curved edges.
 
 #ifndef VEXMATH_FORWARD_H
 #define VEXMATH_FORWARD_H

@@ -56,23 +56,26 @@ public:
 
     // From screen to model space. Each function moves this point, a screen point, and also returns
     // its new value. A view without a perspective record has no near clip plane: the first two
-    // functions then apply the inverse of a copy of the view (xform.h has the copy rules), and the
-    // line of sight of the other two is the one that `mg_getModelSpaceViewRay` gives.
+    // functions then only apply the inverse of a copy of the view (xform.h has the copy rules). The
+    // line of sight of the other two begins at `rayPoint` of `mg_getModelSpaceViewRay` and has the
+    // direction `rayDir`, both computed for this point as a screen point.
 
     /// The model point on the near clip plane that is seen at this point's x and y. This point's z
-    /// is ignored. For a perspective camera with a plane distance of 0 the result is the eye.
+    /// is ignored when the view has a record. For a perspective camera with a plane distance of 0
+    /// the result is the eye, in model space.
     VEXMATH_API mgPoint_c xformByPerspInverse(mgXform_c const &view);
-    /// The model point that is seen here at this point's depth, or on the near clip plane when this
-    /// point's z is below that plane's. An iso plane distance of 0 gives NaN or infinity, except
-    /// for an orthographic camera.
+    /// The model point that is seen at this point's x and y, at the depth of this point's z, or on
+    /// the near clip plane when z is below that plane's. An iso plane distance of 0 gives NaN or
+    /// infinity, except for an orthographic camera.
     VEXMATH_API mgPoint_c xformByPerspInverseVisible(mgXform_c const &view);
-    /// The point where the line of sight meets the plane, in front of `rayPoint` of
-    /// `mg_getModelSpaceViewRay` or behind it. The result is `rayPoint` when the line of sight is
-    /// parallel to the plane: when |cos| of direction and normal is strictly below 1e-08.
+    /// The point where the line of sight meets the plane, in front of `rayPoint` or behind it. The
+    /// result is `rayPoint` when the two are parallel: when the dot product of rayDir and the
+    /// plane's normal is strictly below 1e-08 in absolute value, so also when either is zero.
     VEXMATH_API mgPoint_c xformByPerspInversePlane(mgXform_c const &view, mgPlane_c const &plane);
     /// The point of the line of sight that is nearest to the line, in front of `rayPoint` or behind
     /// it. The result is `rayPoint` when the two are parallel: when 1 - |cos| of the directions is
-    /// strictly below 1e-08.
+    /// strictly below 1e-08. It is `rayPoint` for a zero rayDir as well. A line with a zero
+    /// direction is its root point alone.
     VEXMATH_API mgPoint_c xformByPerspInverseLine(mgXform_c const &view, mgLine_c const &line);
 
     /// 1 when each coordinate differs by strictly less than tol, so 0 for a tol of 0 or NaN. A
@@ -82,13 +85,14 @@ public:
     int isSame2(mgPoint_c const &p, double tol = -1.0) const;
     /// Lexicographic order by x, then y, then z: 1 when this point is less in the first coordinate
     /// that differs by strictly more than tol, else 0. A NaN difference counts as equal. A
-    /// negative tol means 1e-08. The order is not transitive across the tolerance.
+    /// negative tol means 1e-08; a NaN tol gives 0. Equality within the tolerance is not
+    /// transitive, so this is no strict weak order.
     int isLessThan(mgPoint_c const &p, double tol = -1.0) const;
 
     /// The parameter of this point on the line from a (0) to b (1), not clamped. It is computed
     /// from one coordinate: the one in which a and b differ most, x before y before z on a tie.
-    /// Equal a and b give infinity or NaN. NaN in y or z of a or b leaves that coordinate out, and
-    /// NaN in x gives NaN.
+    /// Equal a and b give infinity or NaN. A y or z that is NaN in a or b is not chosen. An x that
+    /// is NaN there gives NaN.
     VEXMATH_API double getParamOnLine(mgPoint_c const &a, mgPoint_c const &b) const;
     /// The mirror image in the plane through p with normal n. REQUIRES n of unit length.
     VEXMATH_API mgPoint_c mirror(mgPoint_c const &p, mgVector_c const &n) const;
@@ -112,8 +116,8 @@ public:
     /// product is strictly below 1e-08 in absolute value, or when two of them are equal by ==;
     /// `normal` is then a unit vector perpendicular to their line, with two exceptions. When pts[0]
     /// equals both others, `normal` becomes (0, 0, 0). When only pts[1] and pts[2] are equal,
-    /// `normal` stays unwritten. Comparisons with NaN fail: one NaN point makes the result 0 and
-    /// `normal` NaN, unless the two others are equal.
+    /// `normal` stays unwritten. A point with NaN equals nothing: the result is 0 and `normal`
+    /// holds NaN, unless the two other points are equal.
     VEXMATH_API static int checkCollinear(mgPoint_c const pts[3], mgPoint_c &point,
                                           mgVector_c &normal);
 

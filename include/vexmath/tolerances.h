@@ -29,9 +29,10 @@ inline constexpr double kThreeHalfPi = 4.7123889803847;
 // QUIRK: tolerances.h, kFullTurnBound,kHalfTurnBound: the bounds of an arc's angles lie 1e-11 above
 // 2 pi and pi. Expected: 2 pi and pi. Kept: callers and stored data depend on it.
 // (test: AngleJustBeyondAFullTurnIsKept)
-/// An arc angle is brought down by a full turn only when it is strictly greater than the first, and
-/// its point is mirrored only when it is strictly greater than the second. Both are 1e-11 more than
-/// the turn, on purpose.
+/// A full turn is subtracted from an arc's angle only when the angle is strictly greater than the
+/// first. The point at an angle strictly greater than the second is computed as the mirror image of
+/// the point at a full turn minus the angle. They exceed a full and a half turn by 1e-11, on
+/// purpose.
 inline constexpr double kFullTurnBound = 6.2831853071896;
 inline constexpr double kHalfTurnBound = 3.1415926535998002;
 

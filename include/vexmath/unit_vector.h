@@ -9,12 +9,12 @@
 /// A direction: a vector of length 1 within rounding, or exactly (0, 0, 0) for "no direction".
 ///
 /// Each constructor with arguments normalises. It gives (0, 0, 0) when the squared length is
-/// strictly below 1e-17 (a length of about 3.2e-09), is NaN, or overflows (a length of about
-/// 1.3e154). An infinite component, if none is NaN, becomes NaN. No flag and no error reports this:
-/// use `isNull()`.
+/// strictly below 1e-17 (a length of about 3.2e-09), is NaN, or overflows (from a length of
+/// about 1.3e154 on); but an infinite component becomes NaN when no component is NaN. No flag and
+/// no error reports this: use `isNull()`, which is 0 for NaN.
 ///
-/// What `mgVector_c` inherits to this class stores its result without normalising: the setters,
-/// `+=`, `-=`, and access by pointer.
+/// These members of `mgVector_c` store their result without normalising, also here: the setters,
+/// `+=`, `-=`, `flip`, `restore`, and writing through the pointer.
 class mgUnitVector_c : public mgVector_c {
 public:
     constexpr mgUnitVector_c() = default; ///< (0, 0, 0), no direction
@@ -33,21 +33,21 @@ public:
     VEXMATH_API static mgUnitVector_c const &yAxis();
     VEXMATH_API static mgUnitVector_c const &zAxis();
 
-    /// A new random direction with no negative component. The caller frees it with `delete`. Null
-    /// when memory is exhausted. Each call seeds `std::rand` with the calendar time, so calls
-    /// within one second return the same direction.
+    /// A new random direction with no negative component, or (0, 0, 0) when all three numbers drawn
+    /// are 0. The caller frees it with `delete`. Null when memory is exhausted. Each call seeds
+    /// `std::rand` with the calendar time, so calls within one second return the same direction.
     VEXMATH_API static mgUnitVector_c *random();
 
-    /// 1 when every component differs by strictly less than tol. A tol of 0, below 0 or NaN gives
-    /// 0.
+    /// 1 when every component differs by strictly less than tol. Else 0, also when tol is 0,
+    /// negative or NaN.
     int isEqual(mgUnitVector_c const &u, double tol) const;
-    /// 1 when neither is null and the dot product is strictly above 1 - tol. A tol of 0 accepts
-    /// nothing, unless rounding lifts the dot product above 1. NaN gives 0.
+    /// 1 when neither is null and the dot product is strictly above 1 - tol. With a tol of 0 that
+    /// happens only when rounding makes the dot product larger than 1. NaN gives 0.
     int isSameDirectionUpToTol(mgUnitVector_c const &u, double tol) const;
 
-    /// Rotates this direction, then normalises again. Scale and translation are ignored. It stays
-    /// unchanged when the rotation is flagged as the identity, whatever its elements. Body in
-    /// xform.h.
+    /// Rotates this direction, then normalises again, as the constructors do. Only the rotation of
+    /// x is used. When it is flagged as the identity, this direction stays unchanged, whatever the
+    /// elements. Body in xform.h.
     inline mgUnitVector_c &operator*=(mgXform_c const &x);
 };
 

@@ -88,59 +88,62 @@ public:
 
     /// Scales this vector to unit length and returns 1. A null vector stays unchanged and gives 0.
     /// `mg_Normalise` tests the squared length instead and accepts shorter vectors. When the
-    /// squared length overflows or is NaN, the vector becomes (0, 0, 0), except that an infinite
-    /// component becomes NaN when no component is NaN; the result is still 1.
+    /// squared length overflows or is NaN, the result is still 1, and the vector becomes (0, 0, 0);
+    /// but an infinite component becomes NaN when no component is NaN.
     int normalise();
 
     // Directions. The predicates return 1 or 0, and 0 when either vector is null. In the bounds
-    // below, cos is the dot product of the two unit vectors that `mg_Normalise` makes. A vector
-    // with a NaN component or an overflowing square has the unit vector (0, 0, 0), and cos is 0. A
-    // vector with an infinite component and none NaN makes cos NaN, which fails every test.
+    // below, cos is the dot product of the two unit vectors that `mg_Normalise` makes. It is NaN,
+    // and every test fails, when a vector has an infinite component and no NaN component.
+    // Otherwise it is 0 when a vector has a NaN component or a square that overflows.
 
     /// Parallel or anti-parallel: ||cos| - 1| < 1e-08, which is about 0.0081 degrees.
     VEXMATH_API int isParallelTo(mgVector_c const &v) const;
     /// Parallel or anti-parallel within tolDeg degrees: |cos| > cos(tolDeg), strict. A tolDeg below
-    /// 1e-08 gives the result of `isParallelTo(v)`. From there to about 1.2e-06 degrees cos(tolDeg)
+    /// 1e-08 gives the result of `isParallelTo(v)`. From there to about 2.2e-06 degrees cos(tolDeg)
     /// is within rounding of 1, and even a vector and itself can give 0. From 90 to below 270
-    /// degrees every pair gives 1. A NaN tolDeg gives 0.
+    /// degrees every pair gives 1, unless cos is NaN. A tolDeg of NaN or +infinity gives 0.
     VEXMATH_API int isParallelTo(mgVector_c const &v, double tolDeg) const;
     /// The same by the cross product, without unit vectors: |a x b|^2 <= s |a|^2 |b|^2 s, bound
     /// included. s is tolDeg in radians, and above 1e-07 radians its sine, which falls again beyond
     /// 90 degrees. It stays accurate for small angles. A tolDeg below 1e-15 gives the result of
-    /// `isParallelTo(v)`. NaN gives 0. From |a| |b| of about 1e154 on the right side overflows and
-    /// the result means nothing: 1, or 0 when the cross product becomes NaN.
+    /// `isParallelTo(v)`. NaN and a tolDeg of +infinity give 0. When |a| |b| is about 1e154 or
+    /// more, the right side can overflow and the result means nothing: 1, or 0 when the cross
+    /// product becomes NaN.
     VEXMATH_API int isParallelToTol(mgVector_c const &v, double tolDeg) const;
-    /// |cos| < 1e-08: within about 5.7e-07 degrees of a right angle. Also 1, because cos is then 0,
-    /// when either vector has a NaN component or an overflowing square and the other is finite.
+    /// |cos| < 1e-08: within about 5.7e-07 degrees of a right angle. Also 1 when cos is 0 because a
+    /// vector has a NaN component or a square that overflows.
     VEXMATH_API int isPerpendicularTo(mgVector_c const &v) const;
     VEXMATH_API int isSameDirection(mgVector_c const &v) const;     ///< cos > 0.99999999
     VEXMATH_API int isOppositeDirection(mgVector_c const &v) const; ///< cos < -0.99999999
     /// Parallel or anti-parallel within about 0.081 degrees, without unit vectors:
     /// |a|^2 * 0.999998000001 * |b|^2 < (a . b)^2, strict, so that |cos| > 0.999999. NaN gives 0.
-    /// The result is 0 when the left side overflows, from |a| |b| of about 1e154 on.
+    /// So does a left side that overflows, when |a| |b| is about 1e154 or more.
     VEXMATH_API int isAlmostParallelTo(mgVector_c const &v) const;
-    /// The same with |u|^2 replaced by 1. Only this vector is tested for null; a zero u gives 0.
-    /// REQUIRES u of unit length.
+    /// The same with u as b and |b|^2 replaced by 1. REQUIRES u of unit length. Only this vector is
+    /// tested for null; a zero u gives 0.
     VEXMATH_API int isAlmostParallelTo(mgUnitVector_c const &u) const;
     /// 1 when this vector lies along a coordinate axis: two components are strictly below 1e-08 in
-    /// absolute value and the third is not. A NaN component is not below.
+    /// absolute value and the third is not. NaN is not below: (NaN, 0, 0) gives 1.
     VEXMATH_API int isOrthogonal() const;
     /// 0, 1 or 2: the component of largest absolute value, the later one on a tie. NaN in x or z
     /// gives 2. NaN in y leaves y out: 0 when |z| < |x|, else 2.
     VEXMATH_API int dominantComponentIndex() const;
-    /// A unit vector perpendicular to this one. With preferAxis non-zero it is the first coordinate
-    /// axis whose component here is strictly below 1e-10 in absolute value, if there is one: the x
-    /// axis for a zero vector. Otherwise it is (1, 1, 1) with one component replaced so that the
-    /// dot product is 0, normalised. The component replaced is that of largest absolute value in
-    /// this vector, the later one on a tie. A zero vector keeps (1, 1, 1), normalised, and so do
-    /// (NaN, y, 0) and (0, NaN, 0); any other NaN gives (0, 0, 0).
+    /// A unit vector perpendicular to this one. With preferAxis non-zero it is the first of the x,
+    /// y and z axes along which this vector's component is strictly below 1e-10 in absolute value,
+    /// if there is one: the x axis for a zero vector. Otherwise it is (1, 1, 1) with one component
+    /// replaced so that the dot product is 0, normalised. The component replaced is the one that
+    /// has the largest absolute value in this vector, the later one on a tie. A zero vector gives
+    /// (1, 1, 1), normalised, and so do (NaN, y, 0) and (0, NaN, 0). Any other NaN gives (0, 0, 0).
+    /// When the sum of the two other components overflows, the result is (0, 0, 0) or holds NaN.
     VEXMATH_API mgUnitVector_c anyUnitNormal(int preferAxis) const;
     /// (s, t, 0) such that s a + t b is nearest to this vector, by least squares. A vector a or b
-    /// that is shorter than 1e-08, or has a NaN component, is left out and its coefficient is 0.
-    /// Both are 0 when |a|^2 |b|^2 - (a . b)^2 is below 1.0000000000000001e-16 in absolute value.
-    /// That bound is absolute: it refuses nearly parallel vectors, and also perpendicular ones with
-    /// |a| |b| below 1e-08. A NaN component of this vector makes the coefficients NaN, and
-    /// squares that overflow make them 0 or NaN.
+    /// that is strictly shorter than 1e-08, or has a NaN component, is left out and its coefficient
+    /// is 0. Both coefficients are 0 when |a|^2 |b|^2 - (a . b)^2 is strictly below
+    /// 1.0000000000000001e-16 in absolute value. That bound is absolute: it refuses nearly parallel
+    /// vectors, and also perpendicular ones with |a| |b| below 1e-08. A NaN component of this
+    /// vector makes every coefficient NaN that is not 0 by these rules. Products that overflow make
+    /// coefficients 0, infinite or NaN.
     VEXMATH_API mgVector_c pullBack(mgVector_c const &a, mgVector_c const &b) const;
 
     /// Reads x, y, z as three doubles. REQUIRES ar to be a su_CArchive. When the archive throws,

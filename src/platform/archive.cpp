@@ -39,7 +39,7 @@ std::uint64_t take(std::istream &stream, ItemType type) {
     char bytes[maxItemBytes];
     if (!stream.read(bytes, type.bytes))
         throw su_CArchiveError("archive: the stream ends or fails in a " + describe(type) + ", "
-                               + std::to_string(stream.gcount()) + " came");
+                               + std::to_string(stream.gcount()) + " read");
     std::uint64_t bits = 0;
     for (int i = 0; i < type.bytes; ++i)
         bits |= std::uint64_t{static_cast<unsigned char>(bytes[i])} << (8 * i);

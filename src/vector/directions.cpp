@@ -170,8 +170,8 @@ mgUnitVector_c const &mgUnitVector_c::zAxis() {
 }
 
 mgUnitVector_c *mgUnitVector_c::random() {
-    /// The 15 bits that every platform's generator draws, and the factor that scales them to [0,
-    /// 1].
+    /// The 15 bits that the generator of every platform draws, and the factor that scales a draw to
+    /// a number from 0 to 1.
     constexpr int kDrawMask = 0x7fff;
     constexpr double kPerDraw = 3.051850947599719e-05;
     // QUIRK: unit_vector.h, mgUnitVector_c::random: each call seeds the generator, so calls within

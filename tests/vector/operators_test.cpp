@@ -93,7 +93,12 @@ U const u;
 static_assert(is<decltype(p - q), V> && is<decltype(v - p), V> && is<decltype(-v), V>);
 static_assert(is<decltype(p - v), P> && is<decltype(p + v), P> && is<decltype(v + p), P>);
 static_assert(is<decltype(p + q), P> && is<decltype(u + u), V> && is<decltype(p - u), P>);
-static_assert(is<decltype(-u), U>);
+static_assert(is<decltype(-u), U> && is<decltype(p || u), int> && is<decltype(v * p % u), double>);
+template <class A, class... B>
+constexpr bool becomes = (... && std::is_convertible_v<A, B>);
+static_assert(becomes<P &, V, double *, void *> && becomes<V &, P, double *, void *>);
+static_assert(becomes<U const &, P, V, double const *> && becomes<P2 const &, double const *>);
+static_assert(!becomes<V, U> && !becomes<P, U>); // a direction is asked for by name
 
 // These are compiled for the warnings that they may raise.
 [[maybe_unused]] bool compareAll(std::vector<P> const &points, std::optional<V> const &maybe) {

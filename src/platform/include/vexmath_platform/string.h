@@ -8,7 +8,8 @@
 
 #include <vexmath/export.h>
 
-/// A wide string. A value: copies are independent.
+/// A wide string. A value: copies are independent. When memory is exhausted, construction from text
+/// and copies throw std::bad_alloc; `Format` does not.
 class CString {
 public:
     CString() = default;

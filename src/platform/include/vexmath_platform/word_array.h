@@ -10,7 +10,8 @@
 #include <vector>
 
 /// 32-bit words in the order they were added. A value: it owns its words and copies them. When
-/// memory is exhausted, `Add` and `Copy` leave the array as it was and do not throw.
+/// memory is exhausted, `Add` and `Copy` leave the array as it was and do not throw. The copy
+/// constructor and `=` throw std::bad_alloc.
 class su_CDWordArray {
 public:
     /// Appends the word and returns its index, or -1 when memory is exhausted.
