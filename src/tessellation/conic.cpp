@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Conic arcs by their end tangents to polylines, and the choice between the two readings of a
-// record.
+// Conic arcs by their end tangents, approximated by polylines, and the choice between the two
+// readings of a record.
 
 #include <vexmath/edge_data.h>
 #include <vexmath/mg_queries.h>
@@ -19,10 +19,10 @@
 
 namespace {
 
-/// How far the focus lies on the way from the vertex to the chord, between 0 and 1; nothing when
-/// the three do not follow each other on one line.
+/// The distance from vertex to focus as a fraction of that from vertex to chord, between 0 and 1.
+/// Nothing unless the focus lies between the two.
 std::optional<double> flatnessOf(parabolaEdgeData const &conic) {
-    /// How near the line must pass the chord.
+    /// How far the line may miss the chord, per coordinate; strict.
     constexpr double kMeets = 1e-08;
     mgLine_c const axis(conic.vertex, mg_Normalise(conic.focus - conic.vertex));
     mgPoint_c crossing;
@@ -34,8 +34,8 @@ std::optional<double> flatnessOf(parabolaEdgeData const &conic) {
     return toFocus / toChord;
 }
 
-/// A parameter from 0 at the start to 1 at the end, with its complement: each has all its digits
-/// near the end of the curve where it is small.
+/// A parameter from 0 at the start to 1 at the end, with its complement: the smaller of the two
+/// keeps all its digits.
 struct Parameter {
     double t, u; ///< u = 1 - t
 
@@ -47,7 +47,7 @@ struct Sample {
     Parameter parameter;
     mgPoint_c point;
     mgVector_c tangent; ///< of any length
-    double resolution;  ///< distance up to which rounding alone may have moved the point
+    double resolution;  ///< by about how much rounding can have moved the point
 };
 
 double largestCoordinate(mgPoint_c const &p) {
@@ -75,9 +75,9 @@ public:
         mgVector_c const weighted = atStart * mgVector_c(start_) + atVertex * mgVector_c(vertex_)
                                     + atEnd * mgVector_c(end_);
         double const size = atStart * startSize_ + atVertex * vertexSize_ + atEnd * endSize_;
-        // The derivative, times sum squared / 2: differences of the three points alone, exact at
-        // both ends, where the quotient rule cancels. Scaled to about 1, so that the products with
-        // a chord, from which angles are taken, do not overflow.
+        // The derivative times sum squared / 2: from differences of the three points alone, and
+        // exact at both ends, where the quotient rule cancels. Scaled to a size of about 1, so that
+        // its products with a chord, which give the angles, do not overflow.
         double const scaledWeight = weight_ * tangentScale_;
         mgVector_c const tangent = scaledWeight * atStart * (vertex_ - start_)
                                    + tangentScale_ * (p.t * p.u) * (end_ - start_)
@@ -92,24 +92,26 @@ private:
     double tangentScale_; ///< a power of two
 };
 
-/// Is the chord off a tangent at one of its ends by the limit or more? False for NaN.
+/// True when the angle between the chord and the tangent at one of its ends is too large. False for
+/// NaN.
 bool isOff(mgVector_c const &chord, Sample const &a, Sample const &b, mgVector_c const &normal) {
+    /// Smallest angle that is too large.
     constexpr double kLimitRad = 0.004;
     auto const folded = [](double angle) { return std::min(angle, vexmath::kTwoPi - angle); };
     return folded(mg_AngleBetween(chord, a.tangent, normal)) >= kLimitRad
            || folded(mg_AngleBetween(b.tangent, chord, normal)) >= kLimitRad;
 }
 
-/// Appends the points of the curve, halving the parameter's interval wherever the chord is off and
-/// longer than the resolution at its ends: without the latter, a curve that is tiny for its
-/// distance from the origin would take every parameter there is. False when there are too many
-/// points.
+/// Appends the points of the curve. A parameter interval is halved when its chord is off and longer
+/// than the resolution at its ends. Without the second condition, a curve that is tiny for its
+/// distance from the origin would be divided at every double. False when there are too many points
+/// or no memory for them.
 bool refine(BlendedConic const &curve, mgVector_c const &normal,
             suDynamicArray<mgPoint_c> &points) {
     Sample left = curve.at({0.0, 1.0});
-    // Computed and not yet reached; the nearest is last.
+    // The samples computed but not yet appended; the nearest is last.
     std::vector<Sample> ahead{curve.at({1.0, 0.0})};
-    points.Add(left.point);
+    if (points.Add(left.point) < 0) return false;
     while (!ahead.empty()) {
         Sample const right = ahead.back();
         mgVector_c const chord = right.point - left.point;
@@ -133,8 +135,8 @@ bool refine(BlendedConic const &curve, mgVector_c const &normal,
 
 void mg_TessBConic(parabolaEdgeData const *conic, double /*tol*/, mgPoint_c **outArray, int &count,
                    suDynamicArray<mgPoint_c> *list) {
-    /// Coordinates from here on are refused. Below it neither squares of lengths overflow nor
-    /// weighted points: the weight is at most the distance to the chord over 3e-09.
+    /// Smallest coordinate that is refused. Below it neither squares of lengths overflow nor
+    /// weighted points, because the weight is at most the distance to the chord over 3e-09.
     constexpr double kTooLarge = 1e100;
     vexmath::detail::PolylineOutput const output(outArray, count, list);
     for (mgPoint_c const &p : {conic->vertex, conic->focus, conic->start, conic->end})
@@ -146,19 +148,20 @@ void mg_TessBConic(parabolaEdgeData const *conic, double /*tol*/, mgPoint_c **ou
     mgVector_c const turn = (conic->start - conic->vertex) * (conic->end - conic->vertex);
     if (turn % normal < 0.0) normal.flip();
 
-    // QUIRK: a list loses what it held, while the other tessellators append; a caller would expect
-    // one or the other. Edges are collected in a list of their own each. (test: AListIsReplaced)
+    // QUIRK: mg_tessellation.h, mg_TessBConic: the list loses the elements that it held. Expected:
+    // points are appended, as by the other tessellators. Kept: callers and stored data depend on
+    // it. (test: AListIsReplaced)
     suDynamicArray<mgPoint_c> points;
     try {
         if (refine(BlendedConic(*conic, *flatness), normal, points)) output.assign(points);
-    } catch (std::bad_alloc const &) { // no memory for the points ahead: count stays 0
+    } catch (std::bad_alloc const &) { // no memory for the samples: count stays 0
     }
 }
 
-// QUIRK: a record by vertex and focus is taken for one by end tangents when its chord crosses the
-// axis beyond the focus, so that a parabola around its focus comes out flatter; a caller would
-// expect the kind to be told. Readers of stored drawings write parabolas that end before the focus.
-// (test: AParabolaAroundItsFocusIsTakenForABlend)
+// QUIRK: mg_tessellation.h, mg_TessParabolaOrBConic: a record by vertex and focus is read as one by
+// end tangents when its chord crosses the axis beyond the focus, so that a parabola around its
+// focus comes out flatter. Expected: the record tells its kind. Kept: callers and stored data
+// depend on it. (test: AParabolaAroundItsFocusIsReadByItsTangents)
 void mg_TessParabolaOrBConic(parabolaEdgeData const *curve, double tol, mgPoint_c **outArray,
                              int &count, suDynamicArray<mgPoint_c> *list) {
     auto const tessellate = flatnessOf(*curve) ? mg_TessBConic : mg_TessParabola;

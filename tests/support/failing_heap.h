@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A C++ heap of which one allocation can fail. It replaces the heap of the whole program, so one
-// file of a test program includes it.
+// A heap of which one allocation can fail: operator new, and realloc, which makes the dynamic
+// arrays. It replaces those of the whole program, so only one file of a test program includes it.
 
 #ifndef VEXMATH_TESTS_SUPPORT_FAILING_HEAP_H
 #define VEXMATH_TESTS_SUPPORT_FAILING_HEAP_H
@@ -10,9 +10,15 @@
 
 #include <gtest/gtest.h>
 
+#include <vexmath/export.h>
+
 namespace support {
 
 inline int allocationsUntilFailure = -1; ///< negative: none fails
+
+inline bool allocationFails() {
+    return allocationsUntilFailure >= 0 && allocationsUntilFailure-- == 0;
+}
 
 /// Calls work() with its first allocation failing, then with its second, and so on until it needs
 /// no more.
@@ -29,9 +35,7 @@ void forEachFailingAllocation(Work work) {
 } // namespace support
 
 void *operator new(std::size_t size, std::nothrow_t const &) noexcept {
-    bool const fails = support::allocationsUntilFailure == 0;
-    if (support::allocationsUntilFailure >= 0) --support::allocationsUntilFailure;
-    return fails ? nullptr : std::malloc(size);
+    return support::allocationFails() ? nullptr : std::malloc(size);
 }
 void *operator new(std::size_t size) {
     if (void *const block = operator new(size, std::nothrow)) return block;
@@ -45,5 +49,22 @@ void operator delete(void *block) noexcept { std::free(block); }
 void operator delete[](void *block) noexcept { std::free(block); }
 void operator delete(void *block, std::size_t) noexcept { std::free(block); }
 void operator delete[](void *block, std::size_t) noexcept { std::free(block); }
+
+#if defined(__linux__)
+#include <dlfcn.h>
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+// clang links the sanitizer's heap into the program, where no definition may precede it.
+#define VEXMATH_TESTS_KEEP_REALLOC
+#endif
+#endif
+#if !defined(VEXMATH_TESTS_KEEP_REALLOC)
+extern "C" VEXMATH_SHARED_TEMPLATE void *realloc(void *block, std::size_t size) noexcept {
+    static auto const next =
+        reinterpret_cast<void *(*)(void *, std::size_t)>(dlsym(RTLD_NEXT, "realloc"));
+    return support::allocationFails() ? nullptr : next(block, size);
+}
+#endif
+#endif
 
 #endif

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Circular arcs: numbers of segments, where the points lie, what makes none.
+// Circular arcs: numbers of segments, positions of the points, degenerate input.
 
 #include "polyline.h"
 
@@ -9,7 +9,7 @@ using namespace support;
 using P = mgPoint_c;
 
 Polyline polylineOf(arcEdgeData const &arc, P const &start, P const &end, double tol) {
-    return handedOut([&](auto array, int &count, auto list) {
+    return outputOf([&](auto array, int &count, auto list) {
         mg_TessArc(&arc, &start, &end, tol, array, count, list);
     });
 }
@@ -26,8 +26,8 @@ int segments(double radius, P const &start, P const &end, double tol) {
 } // namespace
 
 TEST(TessArc, CountsSegmentsByToleranceBetweenAnEighthAndA120th) {
-    // Degrees, tolerance, segments. Equal ends go all around, in eighths of half a turn. Small arcs
-    // have eight segments too, not the few that are the least of other curves.
+    // Degrees, tolerance, segments. Equal ends make a full circle, in eighths of half a turn. Small
+    // arcs have eight segments too, more than the least number of other curves.
     double const rows[][3] = {{0, 0.01, 140}, {90, 0.01, 35}, {90, 1e9, 8},  {90, 1e-9, 120},
                               {90, 0, 120},   {90, -1, 120},  {90, kNaN, 8}, {0, 1e9, 16},
                               {0, 1e-9, 240}, {4, 1e9, 8},    {2, 1e9, 8},   {2, 10, 8}};
@@ -35,7 +35,7 @@ TEST(TessArc, CountsSegmentsByToleranceBetweenAnEighthAndA120th) {
         P const end = onCircle(10, degrees * vexmath::kRadPerDeg);
         EXPECT_EQ(expected, segments(10, {10, 0, 0}, end, tol)) << degrees << ' ' << tol;
     }
-    // A sweep too small for a step is one segment, between different radii.
+    // A sweep too small for a step is one segment; its ends differ because their radii do.
     EXPECT_EQ(1, segments(1, {1, 0, 0}, {2, 1.5e-10, 0}, 1e9)); // the step is an eighth of 7.5e-11
     EXPECT_EQ(8, segments(1, {1, 0, 0}, {2, 1.7e-10, 0}, 1e9));
 }
@@ -72,7 +72,7 @@ TEST(TessArc, GoesCounterClockwiseAboutTheNormalInEqualSteps) {
 
 TEST(TessArc, TheStartGivesTheRadiusAndTheRecordTheTolerance) {
     Polyline const points = polylineOf({{}, {0, 0, -5}, 1000}, {2, 0, 0}, {0, 3, 0}, 1);
-    ASSERT_EQ(points.size(), 106u); // three quarters the other way round, as of a radius of 1000
+    ASSERT_EQ(points.size(), 106u); // three quarters of a turn, with steps for a radius of 1000
     EXPECT_BITS_EQ(points.back(), P(0, 3, 0));
     for (std::size_t i = 0; i + 1 < points.size(); ++i) EXPECT_NEAR(dist(points[i], P()), 2, 1e-13);
 }
@@ -88,7 +88,7 @@ TEST(TessArc, HalfATurnSnapsWithin1e11) {
 
 TEST(TessArc, TakesItsEndsFromTheListItAppendsTo) {
     suDynamicArray<P> list;
-    for (int i = 0; i < 8; ++i) list.Add(onCircle(1, i)); // full: the next point moves it
+    for (int i = 0; i < 8; ++i) list.Add(onCircle(1, i)); // full: the next point moves the block
     arcEdgeData const arc{{}, {0, 0, 1}, 1};
     int count = 0;
     mg_TessArc(&arc, &list[0], &list[1], 1e-3, nullptr, count, &list);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Conic arcs by their end tangents, and which records are taken for them.
+// Conic arcs by their end tangents, and which records are read as such.
 
 #include "polyline.h"
 #include "support/failing_heap.h"
@@ -10,19 +10,20 @@ using namespace support;
 using P = mgPoint_c;
 
 Polyline polylineOf(parabolaEdgeData const &conic, decltype(mg_TessBConic) tess = mg_TessBConic) {
-    return handedOut(
+    return outputOf(
         [&](auto array, int &count, auto list) { tess(&conic, 0.01, array, count, list); });
 }
 
-/// End tangents that cross at (0, 1, 0); the arc goes the given part of the way to the chord.
+/// End tangents that cross at (0, 1, 0). The focus, which is also on the arc, lies at the given
+/// fraction of the line from there to the chord.
 parabolaEdgeData conicOf(double flatness) {
     return {{0, 1, 0}, {0, 1 - flatness, 0}, {}, {-1, 0, 0}, {1, 0, 0}, {0, 0, 1}};
 }
 
 } // namespace
 
-/// Chords within 0.004 of the tangents at both ends turn by less than 0.008 from one to the next;
-/// those at the ends are compared with the sides of the triangle.
+/// Chords within 0.004 of the tangents at both ends differ by less than 0.008 from one to the next.
+/// Those at the ends are compared with the sides of the triangle.
 void CheckTurns(parabolaEdgeData const &conic, Polyline points) {
     points.insert(points.begin(), conic.start + (conic.start - conic.vertex));
     points.push_back(conic.end + (conic.end - conic.vertex));
@@ -49,7 +50,8 @@ TEST(TessBConic, LiesOnTheConicWithItsChordsNearItsTangents) {
 }
 
 TEST(TessBConic, ASharpTurnIsResolvedByTheNumbersAtThatTurn) {
-    // At the vertex, the start and the end, which lie at the origin; the other points are far.
+    // A sharp turn at the vertex, start or end, which lies at the origin, far from the other
+    // points.
     parabolaEdgeData const sharp{{}, {1e-8, 0, 0}, {}, {1e6, -1e6, 0}, {1e6, 1e6, 0}, {0, 0, 1}};
     EXPECT_EQ(260, segmentsOf(polylineOf(sharp)));
     CheckTurns(sharp, polylineOf(sharp));
@@ -69,14 +71,25 @@ TEST(TessBConic, RefusesCoordinatesFrom1e100On) {
     for (double const size : {1e100, 1e150, kMax, kInfinity}) EXPECT_EQ(0, segments(size));
 }
 
-TEST(TessBConic, ExhaustedMemoryMakesNothing) {
-    forEachFailingAllocation([conic = conicOf(0.5)] {
-        P *array = nullptr;
-        int count = -1;
-        mg_TessBConic(&conic, 0.01, &array, count, nullptr);
-        EXPECT_EQ(count, array != nullptr ? 254 : 0);
-        delete[] array;
-    });
+TEST(Tessellators, ExhaustedMemoryMakesNothing) {
+    parabolaEdgeData const conic = conicOf(0.5);
+    arcEdgeData const arc{{}, {0, 0, 1}, 1};
+    P const start(1, 0, 0), end(0, 1, 0);
+    auto const check = [](int segments, auto tessellate) {
+        forEachFailingAllocation([&] {
+            P *array = nullptr;
+            int count = -1, listed = -1;
+            tessellate(&array, count, nullptr);
+            EXPECT_EQ(count, array != nullptr ? segments : 0);
+            delete[] array;
+            suDynamicArray<P> list;
+            tessellate(nullptr, listed, &list);
+            EXPECT_EQ(listed, list.Count() > 0 ? segments : 0);
+            EXPECT_TRUE(listed == 0 || list.Count() == segments + 1);
+        });
+    };
+    check(254, [&](auto a, int &n, auto l) { mg_TessBConic(&conic, 1, a, n, l); });
+    check(120, [&](auto a, int &n, auto l) { mg_TessArc(&arc, &start, &end, 0, a, n, l); });
 }
 
 TEST(TessBConic, FollowsACircleWhoseTangentsAreKnown) {
@@ -104,17 +117,17 @@ void CheckTaken(bool taken, parabolaEdgeData const &conic) {
 
 TEST(TessBConic, RefusesWhatItCannotTakeAndTheDispatcherDrawsAParabola) {
     for (double const flatness : {0.001, 0.5, 0.999}) CheckTaken(true, conicOf(flatness));
-    // The focus on the chord or beyond it, at the vertex or on its other side.
+    // The focus on the chord, beyond it, at the vertex and behind the vertex.
     for (double const flatness : {1.0, 1.5, 0.0, -0.5}) CheckTaken(false, conicOf(flatness));
     parabolaEdgeData missed = conicOf(0.5), skew = missed;
-    missed.end = {-0.5, 0, 0}; // the axis passes the chord
+    missed.end = {-0.5, 0, 0}; // the axis does not meet the chord
     skew.start.set_z(1e-7);
     CheckTaken(false, missed);
     CheckTaken(false, skew);
 }
 
-TEST(TessBConic, AParabolaAroundItsFocusIsTakenForABlend) {
-    // y = x^2 / 4 with its focus at (0, 1), cut at one height: below the focus and above it.
+TEST(TessBConic, AParabolaAroundItsFocusIsReadByItsTangents) {
+    // y = x^2 / 4 with its focus at (0, 1), ending at a height below and above the focus.
     auto const lowest = [](double x) {
         double const top = x * x / 4;
         double y = top;
@@ -132,7 +145,7 @@ TEST(TessBConic, EndsWhereNumbersAreTooCoarseToBecomeStraight) {
     parabolaEdgeData conic = conicOf(0.5);
     for (P *p : {&conic.vertex, &conic.focus, &conic.start, &conic.end}) p->set_x(p->x() + 1e15);
     EXPECT_LT(polylineOf(conic).size(), 5000u);
-    // A needle with its tip at the origin, where numbers of size 3000 cancel.
+    // A needle with its tip at the origin, computed from numbers of size 3000 that cancel.
     parabolaEdgeData const needle{{0, 3e3, 0},     {},       {}, {-0.01, -3e3, 0},
                                   {0.01, -3e3, 0}, {0, 0, 1}};
     int const segments = segmentsOf(polylineOf(needle));

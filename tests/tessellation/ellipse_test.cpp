@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Arcs of ellipses: numbers of segments, where the points lie, what makes none.
+// Arcs of ellipses: numbers of segments, positions of the points, degenerate input.
 
 #include "polyline.h"
 
@@ -10,7 +10,7 @@ using P = mgPoint_c;
 
 Polyline polylineOf(ellipseEdgeData const &ellipse, double tol, P const *start = nullptr,
                     P const *end = nullptr) {
-    return handedOut([&](auto array, int &count, auto list) {
+    return outputOf([&](auto array, int &count, auto list) {
         mg_TessEllipse(&ellipse, start, end, tol, array, count, list);
     });
 }
@@ -27,7 +27,7 @@ ellipseEdgeData ellipseOf(double a, double b, double from, double to) {
 
 TEST(TessEllipse, CountsSegmentsByToleranceBetweenTenAndOneAndAHalfDegrees) {
     // Degrees, tolerance, segments: at least two above 1.5 degrees and three above 3, also where
-    // two steps of 10 degrees would do.
+    // two steps of 10 degrees are enough.
     double const rows[][3] = {{360, 0.01, 140}, {100.5, 4, 10}, {100.5, 1e-9, 67}, {100.5, -1, 67},
                               {1.49, 4, 1},     {1.51, 4, 2},   {2.99, 4, 2},      {3.01, 4, 3},
                               {29.9, 4, 3},     {41, 4, 4}};
@@ -35,7 +35,7 @@ TEST(TessEllipse, CountsSegmentsByToleranceBetweenTenAndOneAndAHalfDegrees) {
         double const end = 0.5 + degrees * vexmath::kRadPerDeg;
         EXPECT_EQ(expected, segmentsOf(polylineOf(ellipseOf(10, 4, 0.5, end), tol))) << degrees;
     }
-    for (double const tol : {4.0, above(4)}) { // a radius below the tolerance makes nothing
+    for (double const tol : {4.0, above(4)}) { // no points for a radius below the tolerance
         EXPECT_EQ(polylineOf(ellipseOf(10, 4, 0, 1), tol).empty(), tol > 4);
         EXPECT_EQ(polylineOf(ellipseOf(4, 10, 0, 1), tol).empty(), tol > 4);
     }

@@ -9,19 +9,20 @@ using namespace support;
 using P = mgPoint_c;
 
 Polyline polylineOf(parabolaEdgeData const &parabola, double tol = 0.01) {
-    return handedOut([&](auto array, int &count, auto list) {
+    return outputOf([&](auto array, int &count, auto list) {
         mg_TessParabola(&parabola, tol, array, count, list);
     });
 }
 
-/// The point of the conic with its vertex at (1, 2, 3) and its focus f above, over a way across.
+/// The point of the conic with its vertex at (1, 2, 3) and its focus f above it, at a distance
+/// across the axis.
 P onConic(double f, double e, double across) {
     double const q = f * (1 + e);
     double const height = across * across / (q + std::sqrt(q * q + across * across * (e * e - 1)));
     return {1 - across, 2, 3 + height};
 }
 
-/// About the axis z in the plane of z and x; t counts in twice the focal length.
+/// With the axis z, in the plane of x and z; t is in units of twice the focal length.
 parabolaEdgeData conicOf(double f, double e, double t0, double t1) {
     return {{1, 2, 3}, {1, 2, 3 + f}, {}, onConic(f, e, 2 * f * t0), onConic(f, e, 2 * f * t1),
             {0, -4, 0}};
@@ -33,7 +34,7 @@ TEST(TessParabola, StepsEquallyAcrossTheAxisOnTheCurve) {
     for (double const e : {0.5, 1.0, 1.25, 3.0, 1000.0}) {
         Polyline const points = polylineOf(conicOf(2, e, -0.25, 0.51));
         EXPECT_EQ(segmentsOf(points), 19) << e;       // 0.76 times 25
-        ExpectNear(points, 1e-12, [e](double share) { // an ellipse is drawn as a parabola
+        ExpectNear(points, 1e-12, [e](double share) { // an ellipse is replaced by a parabola
             return onConic(2, std::max(e, 1.0), 4 * (-0.25 + 0.76 * share));
         });
     }

@@ -22,10 +22,10 @@ inline bool areSame(Polyline const &a, Polyline const &b) {
            && (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof a[0]) == 0);
 }
 
-/// The points that call(outArray, count, list) hands out, after a look at both ways: the array is
-/// filled without a list, or left alone; the list ends with the same points, or stays as it was.
+/// The points that call(outArray, count, list) returns. Checks both kinds of output: the array is
+/// new or not written, and the list ends with the same points or stays unchanged.
 template <class Call>
-Polyline handedOut(Call call) {
+Polyline outputOf(Call call) {
     mgPoint_c *array = nullptr;
     int count = -1, listed = -1;
     call(&array, count, nullptr);
@@ -47,7 +47,7 @@ Polyline handedOut(Call call) {
 
 inline int segmentsOf(Polyline const &points) { return std::max(0, int(points.size()) - 1); }
 
-/// Holds each point against at(share), where shares of the way from 0 to 1 are equally spaced.
+/// Compares each point with at(share), where the shares are equally spaced from 0 to 1.
 template <class At>
 void ExpectNear(Polyline const &points, double bound, At at) {
     double const n = segmentsOf(points);
