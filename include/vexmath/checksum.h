@@ -6,14 +6,16 @@
 
 #include <cstdint>
 
-/// Checksum of the values seen so far; it depends on their order. All arithmetic is modulo 2^32,
-/// however wide `unsigned long` is. A value type of two words.
+/// Checksum of the values seen so far; it depends on their order. A value type of two 32-bit words,
+/// sum and key, which begin at 0 and 0xD155.
 class mgCheckSum_c {
 public:
-    /// Adds one value, taken as its 32-bit pattern, and returns the new sum.
+    /// Adds one value and returns the new sum. With m = (key >> 8) ^ value, where the value is
+    /// its 32-bit pattern: sum += m, then key = (key + m) * 31415 + 27182. All of it is modulo
+    /// 2^32, however wide `unsigned long` is.
     unsigned long update(int value);
 
-    /// 0 before the first value.
+    /// The sum; 0 before the first value.
     unsigned long getCheckSum() const;
 
 private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-/* Growable arrays of plain elements behind a single pointer; usable from C. */
+/* Growable arrays of plain elements behind a single pointer; usable from C99 and later. */
 
 #ifndef VEXMATH_DYNAMIC_ARRAY_H
 #define VEXMATH_DYNAMIC_ARRAY_H
@@ -13,28 +13,30 @@ extern "C" {
 #endif
 
 /*
- * An array is handled through one untyped pointer, its handle: the address of element 0, to be
- * indexed like any C array. The 16 bytes in front of it are the header below, and the two together
- * are one block of the C heap (malloc, realloc, free), of at least 16 + capacity * elementSize
- * bytes. Other modules read and write these blocks themselves, so neither the layout nor the
- * capacities that the growth rules give may change.
+ * An array is handled through one untyped pointer, its handle: the address of element 0, which is
+ * indexed like any C array. The 16 bytes in front of it are the header below. Both together are one
+ * block of the C heap (malloc, realloc, free), of at least 16 + capacity * elementSize bytes. Other
+ * modules read and write these blocks themselves, so neither the layout nor the capacities that the
+ * growth rules give may change.
  *
  * Elements are raw bytes, moved by memcpy and memmove: no constructor or destructor ever runs.
- * Whatever can grow an array returns its handle, which replaces the old one. A null result of such
- * an operation is a refusal: the old handle is still good and its array is untouched, so look
+ * An operation that can grow an array returns its handle, which replaces the old one. If it returns
+ * null it has refused: the old handle is still valid and its array unchanged, so test the result
  * before storing it.
  *
- * Room is made only when it is needed, by g slots: the grow step when the mode is linear; when it
- * is proportional, the step until `count` has reached it and then `count`, which doubles a full
- * array. Each operation says how it departs from that. When there is no memory for a proportional
- * growth of more than 32767 slots, the array grows by 32767, as a linear array from then on.
+ * An operation makes room only when it needs some, by g slots. For a linear array g is the grow
+ * step. For a proportional array g is the step as long as the count is below the step, and then the
+ * count, which doubles a full array. Each operation says where it differs. When there is no memory
+ * for a proportional growth of more than 32767 slots, the array becomes linear with the step 32767
+ * and grows by that, if this is enough for the new elements. Other modules may store a growMode m
+ * above 2: the array is then proportional with (m - 1) times the count.
  *
  * Whatever makes, copies or moves a block clears the keep flag of the result. A kept block that has
  * to move is released all the same.
  *
- * Sizes are computed in 64 bits. No handle or element pointer may be null unless its operation says
- * so. Elements passed in may lie in the array itself, its free slots included: they are taken by
- * value.
+ * A capacity above 2147483647, or a block that no heap can hold, counts as exhausted memory. No
+ * handle or element pointer may be null unless its operation says so. Elements passed in may lie in
+ * the array itself, its free slots included: they are taken by value.
  */
 
 /** Bookkeeping in front of element 0. */
@@ -42,9 +44,9 @@ typedef struct amDynamicArrayHeader {
     int32_t count;       /**< elements in use */
     int32_t capacity;    /**< element slots allocated */
     int16_t elementSize; /**< bytes per element */
-    int16_t growStep;    /**< slots added at a time by linear growth, at most 32767 */
+    int16_t growStep;    /**< slots added by linear growth, at most 32767 */
     int16_t growMode;    /**< 1 linear, 2 proportional */
-    uint16_t keepFlag;   /**< 0: amDynamicArrayFree releases the block; otherwise it leaves it */
+    uint16_t keepFlag;   /**< 0: amDynamicArrayFree releases the block; otherwise it does nothing */
 } amDynamicArrayHeader;
 
 /* Creation and release. */
@@ -52,11 +54,12 @@ typedef struct amDynamicArrayHeader {
 /**
  * A new array without elements. Null when elementSize is outside 1 to 32767, growStep or
  * initialCapacity is negative, growMode is neither 1 nor 2, or memory is exhausted. A growStep
- * above 32767 becomes 32767; a growStep of 0 makes a linear array that never grows by itself.
+ * above 32767 becomes 32767. With a growStep of 0 a linear array does not grow by
+ * amDynamicArrayAdd.
  */
 VEXMATH_API void *suDynArrayAlloc(int initialCapacity, int growStep, int growMode, int elementSize);
 
-/** As suDynArrayAlloc, with all initialCapacity slots in use; their contents are undefined. */
+/** As suDynArrayAlloc, with a count of initialCapacity; the elements are uninitialised. */
 VEXMATH_API void *suDynArrayAllocSpecial(int initialCapacity, int growStep, int growMode,
                                          int elementSize);
 
@@ -67,12 +70,12 @@ VEXMATH_API void *suDynArrayAllocSpecial(int initialCapacity, int growStep, int 
 VEXMATH_API void *suDynArrayAlloc1(int initialCapacity, const void *model);
 
 /**
- * A copy of the array, of the same capacity, or of capacity `count` when trim is not 0. Null for a
- * null array or when memory is exhausted. The caller releases it.
+ * A copy of the array, which the caller releases: with the same capacity when trim is 0, else with
+ * the count as capacity. Null for a null array and when memory is exhausted.
  */
 VEXMATH_API void *amDynamicArrayCopy(const void *array, int trim);
 
-/** Releases the block, unless its keep flag is set. */
+/** Releases the block, unless its keep flag is set. REQUIRES an array: null is not allowed. */
 VEXMATH_API void amDynamicArrayFree(void *array);
 
 /* Queries. */
@@ -87,68 +90,70 @@ VEXMATH_API void suDynamicGetStats(const void *array, int *growStep, int *growMo
 /* Elements. */
 
 /**
- * Appends one element. Null when the array is full and may not grow (linear with grow step 0, or
- * proportional without elements and with grow step 0) or when memory is exhausted.
+ * Appends one element. Null when memory is exhausted, and when the array is full and g is 0: a
+ * linear array with grow step 0, or a proportional one with grow step 0 and no elements.
  */
 VEXMATH_API void *amDynamicArrayAdd(void *array, const void *element);
 
 /**
- * Appends all elements of `source`, which may be `array` itself. The array as it is when source is
- * null or of another element size. Where n, the number of elements appended, is more than the step,
- * n takes the place of the step in making room. Null when memory is exhausted.
+ * Appends all elements of `source`, which may be `array` itself. Returns the array unchanged when
+ * source is null or has another element size. If the number of elements appended is above the grow
+ * step, it replaces the step in the rule for g. Null when memory is exhausted.
  */
 VEXMATH_API void *amDynamicArrayAppend(void *array, const void *source);
 
 /**
- * Inserts n elements before `index`, or behind the last element when index is `count`. Null when
- * index is negative or above count, n is below 1 or memory is exhausted. Room is made by g slots
- * or, where g is not enough, by just the slots that are missing.
+ * Inserts n elements before `index`, or behind the last element when index is the count. Null when
+ * index is negative or above the count, n is below 1 or memory is exhausted, which can also happen
+ * while elements of the array itself are set aside. The array grows by g slots, or by the number
+ * that is missing where g is less, so also with a grow step of 0.
  */
 VEXMATH_API void *amDynamicArrayInsertAt(void *array, int index, const void *elements, int n);
 
 /**
- * Overwrites the n elements from `index` on; never grows. Null when index is negative, n is below 1
- * or the range reaches beyond the last element. Mind the order of the arguments: here the elements
- * come before the index.
+ * Overwrites the n elements from `index` on and returns the array; never grows it. Null, with
+ * nothing done, when index is negative, n is below 1 or the range ends beyond the last element.
+ * Unlike in amDynamicArrayInsertAt, the elements come before the index.
  */
 VEXMATH_API void *amDynamicArraySetAt(void *array, const void *elements, int index, int n);
 
 /**
  * Removes the n elements from `index` on; the capacity stays. Does nothing when index is negative,
- * n is below 1 or the range reaches beyond the last element.
+ * n is below 1 or the range ends beyond the last element.
  */
 VEXMATH_API void amDynamicArrayRemoveAt(void *array, int index, int n);
 
 /**
- * Truncates to newCount elements, 0 when it is negative; never grows: a newCount above the count is
- * ignored. Returns the array, which may be null.
+ * Lowers the count to newCount, or to 0 when that is negative. A newCount above the count is
+ * ignored, and the capacity stays. Returns the array, which may be null.
  */
 VEXMATH_API void *amDynamicArrayResize(void *array, int newCount);
 
 /**
- * Reverses the elements first to last, both included. Returns 1, or 0 with nothing done when first
- * is negative or last is not below the count, and also when last <= first: a range of one element
- * is refused.
+ * Reverses the elements from first to last, both included, and returns 1. Returns 0, with nothing
+ * done, when first is negative, last is not below the count, or last <= first: a range of one
+ * element is refused.
  */
 VEXMATH_API int amDynamicArrayReverseFromTo(void *array, int first, int last);
 
 /* Capacity. */
 
 /**
- * Raises the capacity to at least minimumCapacity by whole grow steps, whatever the grow mode. The
- * array as it is when it has that capacity already, when its grow step is 0 or when memory is
- * exhausted; in that last case a proportional array may have grown part of the way.
+ * Raises the capacity to at least minimumCapacity by as few whole grow steps as possible, whatever
+ * the grow mode. Returns the array unchanged when it has that capacity already or its grow step is
+ * 0. Never null: without memory the array is returned unchanged too, except that a proportional one
+ * may have grown by 32767 slots and become linear.
  */
 VEXMATH_API void *amDynArrayRealloc(void *array, int minimumCapacity);
 
 /**
- * Cuts the capacity down to the count when more than the fraction slackFraction of the slots is
- * free: when capacity * (1 - slackFraction) is strictly above the count. The array as it is
- * otherwise, also for NaN, and when memory is exhausted.
+ * Lowers the capacity to the count when more than the fraction slackFraction of the slots is free:
+ * when capacity * (1 - slackFraction) is strictly above the count. Otherwise, for NaN and when
+ * memory is exhausted the array is returned unchanged. Never null.
  */
 VEXMATH_API void *amDynamicArrayFreeExtra(void *array, double slackFraction);
 
-/** Does nothing: a place for a breakpoint, to be called where an index is found out of range. */
+/** Does nothing. Callers that find an index out of range call it, as a place for a breakpoint. */
 VEXMATH_API void amDynamicArrayRangeError(void);
 
 #ifdef __cplusplus

@@ -7,37 +7,40 @@
 #include <vexmath/point.h>
 
 // Plain records of doubles, laid out as the modeller writes them. Nothing checks that their parts
-// fit together; `mg_tessellation.h` says what each function makes of them.
+// fit together; `mg_tessellation.h` says how each function uses them.
 
-/// A circular arc that runs counter-clockwise about its normal. Its ends are told separately.
+/// A circular arc, counter-clockwise about its normal. Its ends are passed separately.
 struct arcEdgeData {
     mgPoint_c center;
     double normal[3] = {}; ///< normalised on use
-    double radius = 0.0;   ///< tolerances refer to it; the radius drawn is that of the start
+    double radius = 0.0;   ///< tolerances refer to it; the arc drawn has the distance of its start
 };
 
-/// An arc of an ellipse, from start to end in the sense from the major to the minor direction.
+/// An arc of an ellipse, from start to end, turning from the major to the minor direction.
 struct ellipseEdgeData {
     mgPoint_c center;
-    double majorDir[3] = {}; ///< used as given, so of unit length and perpendicular to the other
-    double minorDir[3] = {};
+    double majorDir[3] = {}; ///< used as it is: REQUIRES unit length, perpendicular to minorDir
+    double minorDir[3] = {}; ///< the same
     double majorRadius = 0.0;
     double minorRadius = 0.0;
     mgPoint_c start;
     mgPoint_c end;
 };
 
-/// A parabola or another conic arc, in one of two readings. By vertex and focus: the arc from start
-/// to end of the parabola or hyperbola that has them. By end tangents, as `mg_TessBConic` takes it:
-/// the vertex is where the tangents of start and end cross, and the focus lies where the arc
-/// crosses the line from there to the chord.
+/// A parabola or another conic arc, which can be read in two ways:
+/// - By vertex and focus: the arc from start to end of the parabola or hyperbola that has them.
+/// - By end tangents, as `mg_TessBConic` reads it: the vertex is where the tangents of start and
+/// end
+///   cross, and the focus lies on a line from the vertex to the chord. The fraction of that line up
+///   to the focus tells how far the arc stays from the vertex. The arc passes through the focus
+///   when the line meets the chord in its middle, else between focus and chord.
 struct parabolaEdgeData {
     mgPoint_c vertex;
     mgPoint_c focus;
-    double unused[2] = {}; ///< the modeller's own
+    double unused[2] = {}; ///< the modeller's own; ignored
     mgPoint_c start;
     mgPoint_c end;
-    double normal[3] = {}; ///< of the plane, normalised on use
+    double normal[3] = {}; ///< of the plane, normalised on use; only the first reading needs it
 };
 
 #endif

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-/* Vectors and matrices in plain float arrays, for display code; usable from C. */
+/* Vectors and matrices in plain float arrays, for display code; usable from C99 and later. */
 
 #ifndef VEXMATH_GFXMATH_H
 #define VEXMATH_GFXMATH_H
@@ -16,8 +16,9 @@ extern "C" {
  * equals a column-major matrix for column vectors. A spherical normal is 2 floats in radians:
  * latitude from the xz-plane towards +y, azimuth about +y from +z towards +x.
  *
- * The caller provides all storage. An output may be one of the inputs. Sums of products are taken
- * in single precision from left to right; values beyond the range of float become infinite.
+ * The caller provides all storage; no pointer may be null. An output may be one of the inputs. Sums
+ * of products are computed in single precision from left to right. What exceeds the range of float
+ * becomes infinite, and NaN passes through.
  *
  * A loop over many points is fastest when the matrix is a local variable of the caller: the
  * compiler then knows that no output changes it.
@@ -29,42 +30,47 @@ VEXMATH_API void gfxmath_add(const float a[3], const float b[3], float out[3]);
 /** out = a - b */
 VEXMATH_API void gfxmath_subtract(const float a[3], const float b[3], float out[3]);
 
+/** a . b */
 VEXMATH_API float gfxmath_dot_product(const float a[3], const float b[3]);
 
 /** out = a x b */
 VEXMATH_API void gfxmath_cross_product(const float a[3], const float b[3], float out[3]);
 
+/** The square root of v . v; infinite where that exceeds the range of float. */
 VEXMATH_API float gfxmath_length(const float v[3]);
 
 /**
- * Gives v the length 1 and returns 1, or returns 0 with v unchanged when its squared length is not
- * strictly above 1e-06, also for NaN.
+ * Divides v by its length and returns 1. Returns 0, with v unchanged, when v . v is not strictly
+ * above 1e-06, also for NaN. Where v . v exceeds the range of float, as it does for a component
+ * above 1.85e19, finite components become 0 and infinite ones NaN, and the result is 1.
  */
 VEXMATH_API int gfxmath_normalise(float v[3]);
 
-/** The point p under the matrix, without a division by w. */
+/** out = the point p multiplied by the matrix, row 3 included; no division by w. */
 VEXMATH_API void gfxmath_mult_point_by_matrix(const float p[3], const float matrix[16],
                                               float out[3]);
 
-/** The direction v under the matrix, without its translation. */
+/** out = the direction v multiplied by the matrix, without row 3. */
 VEXMATH_API void gfxmath_mult_vector_by_matrix(const float v[3], const float matrix[16],
                                                float out[3]);
 
-/** The matrix that multiplies a point by b first and then by a: the rows of b times the columns of
- * a. */
+/**
+ * out = the product b a: the rows of b times the columns of a. A point multiplied by it is
+ * multiplied by b first and then by a.
+ */
 VEXMATH_API void gfxmath_mult_matrix(const float a[16], const float b[16], float out[16]);
 
 /**
- * The unit normal (p1 - p0) x (p2 - p0), counter-clockwise seen from its tip. Returns 1, or 0 with
- * the raw product in n when that is too short for gfxmath_normalise: right-angled triangles with
- * sides of 0.03 already are.
+ * n = (p1 - p0) x (p2 - p0), normalised as by gfxmath_normalise, whose result is returned: seen
+ * from the tip of n, the three points are counter-clockwise. On 0 the product itself is in n. It is
+ * too short up to a length of 0.001, as for a right-angled triangle with sides of 0.03.
  */
 VEXMATH_API int gfxmath_triangle_normal(const float p0[3], const float p1[3], const float p2[3],
                                         float n[3]);
 
 /**
- * As gfxmath_triangle_normal, with the product multiplied by 10000 first, so that small triangles
- * have a normal too. When even that is too short, 0 and the multiplied product in n.
+ * The same with the product multiplied by 10000 before it is normalised, so that small triangles
+ * have a normal too: it is too short up to a length of 1e-07. On 0 the multiplied product is in n.
  */
 VEXMATH_API int gfxmath_triangle_normal_scale(const float p0[3], const float p1[3],
                                               const float p2[3], float n[3]);
@@ -74,31 +80,33 @@ VEXMATH_API int gfxmath_triangle_normal_negative_scale(const float p0[3], const 
                                                        const float p2[3], float n[3]);
 
 /**
- * v turned by `angle` radians about the axis, by the right-hand rule.
- * REQUIRES a unit axis; another one is used as it is and shears.
+ * out = v rotated by `angle` radians about the axis, by the right-hand rule.
+ * REQUIRES an axis of unit length. It is not normalised: with another length the result is no
+ * rotation.
  */
 VEXMATH_API void gfxmath_rotate_axis(const float v[3], float angle, const float axis[3],
                                      float out[3]);
 
 /**
- * Latitude in [-pi/2, pi/2] and azimuth in (-pi, pi] of a direction n of any length, each up to
- * rounding to float: (0, 0, -1) has the azimuth +pi, and +y, -y and the null vector have 0, or +pi
- * where their z is -0. The null vector has the latitude of +y, of -y where its y is -0.
+ * sph = latitude in [-pi/2, pi/2] and azimuth in (-pi, pi] of the direction n, which may have any
+ * length. Both bounds hold up to rounding to float. (0, 0, -1) has the azimuth +pi. +y, -y and the
+ * null vector have the azimuth 0, or +pi where their z is -0. The null vector has the latitude of
+ * +y, or of -y where its y is -0.
  */
 VEXMATH_API void gfxmath_cartesian_to_spherical_normal(const float n[3], float sph[2]);
 
-/** The unit normal (sin az cos lat, sin lat, cos az cos lat). */
+/** n = the unit vector (sin az cos lat, sin lat, cos az cos lat) of sph = (lat, az). */
 VEXMATH_API void gfxmath_spherical_to_cartesian_normal(const float sph[2], float n[3]);
 
 /*
- * Elsewhere a function is either inline or exported. These small ones are both: a loop over points
- * shall not pay a call for each, and callers in C, or who look a function up by its name at run
- * time, need the symbol. The library has the only copy, made by gfxmath.cpp from these bodies. For
- * everybody else they are there to be inlined and for nothing more: what is not inlined calls the
- * library, and no caller puts a copy with the rounding of its own compiler flags in its place. What
- * is inlined rounds as those flags say: the library's way, unless they fuse products with sums. A
- * compiler without such a kind of function just calls. gfxmath_length is always a call, since its
- * square root would have callers in C link the mathematical library.
+ * Other functions of the library are either inline or exported. These small ones are both: a loop
+ * over points should not pay for a call to each, and callers in C, or those that find a function by
+ * its name at run time, need the symbol. The library has the only copy, which gfxmath.cpp makes of
+ * these bodies. Callers may inline the bodies but never emit a copy: a call that is not inlined
+ * goes to the library, so that no copy compiled with the flags of one caller serves another.
+ * Inlined code rounds as the flags of its caller say, which is as in the library unless they fuse
+ * products with sums. A compiler that cannot do this always calls. gfxmath_length is always a call:
+ * its square root would make callers in C link the mathematical library.
  */
 #if defined(VEXMATH_GFXMATH_DEFINE)
 #define VEXMATH_GFXMATH_INLINE
@@ -151,16 +159,13 @@ VEXMATH_GFXMATH_INLINE void gfxmath_mult_vector_by_matrix(const float v[3], cons
 
 VEXMATH_GFXMATH_INLINE void gfxmath_mult_point_by_matrix(const float p[3], const float matrix[16],
                                                          float out[3]) {
-    float turned[3];
-    gfxmath_mult_vector_by_matrix(p, matrix, turned);
-    gfxmath_add(turned, matrix + 12, out);
+    float rotated[3];
+    gfxmath_mult_vector_by_matrix(p, matrix, rotated);
+    gfxmath_add(rotated, matrix + 12, out);
 }
 
-/*
- * QUIRK: the second matrix comes first: its rows times the columns of a. Display code composes
- * matrices in the order of its own stack, the outermost first.
- * (test: ProductAppliesItsSecondMatrixFirst)
- */
+// QUIRK: gfxmath.h, gfxmath_mult_matrix: the product applies its second argument first. Expected:
+// the first. Kept: callers and stored data depend on it. (test: ProductAppliesItsSecondMatrixFirst)
 VEXMATH_GFXMATH_INLINE void gfxmath_mult_matrix(const float a[16], const float b[16],
                                                 float out[16]) {
     float product[16];

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Free functions that turn curved edges into polylines.
+// Free functions that approximate curved edges by polylines.
 
 #ifndef VEXMATH_MG_TESSELLATION_H
 #define VEXMATH_MG_TESSELLATION_H
@@ -7,59 +7,99 @@
 #include <vexmath/export.h>
 #include <vexmath/forward.h>
 
-// All tessellators hand out their points alike:
-// - count becomes the number of segments, one less than that of the points. It is 0 when nothing
-//   is handed out: for the degenerate input that the comment tells, and when NaN or huge numbers
-//   would make more than 1e7 segments.
-// - With outArray, *outArray becomes a new array of count + 1 points, which the caller releases
-//   with delete[]; the list plays no part and may be null. With count 0, *outArray stays.
-// - Without (null), the points go to the list: `mg_TessBConic` replaces what it holds, the others
-//   append. With count 0 the list stays.
-// Memory that cannot be had gives count 0 as well; a list that cannot grow has lost its elements.
-// REQUIRES a record, points that are not null, and outArray or list. The points may be the list's.
+// All tessellators return their points in the same way:
+// - count becomes the number of segments, one less than the number of points.
+// - If outArray is not null, *outArray becomes a new array of count + 1 points, which the caller
+//   releases with delete[]. The list is ignored and may be null.
+// - If outArray is null, the points go to the list: `mg_TessBConic` replaces its elements, the
+//   others append.
+// - count becomes 0, and *outArray and the list stay as they were, for degenerate input (see each
+//   function), for NaN in a point, where there would be more than 1e7 segments, and when memory is
+//   exhausted. One exception: a list that cannot grow loses all its elements.
+// Nothing throws. Infinite coordinates give some result or count 0.
+// REQUIRES a record, points that are not null, and outArray or list. The points may lie in the
+// list.
 
-/// An arc from start to end; equal points make a full circle. A step turns by the angle at which
-/// the arc is tol off its tangent, so that chords stay within about tol / 4 of it. But a step is
-/// never less than 1/120 of the arc or more than 1/8 (of half a circle where the arc is longer), so
-/// that a very fine or coarse tol is not honoured. The first and the last point are start and end
-/// exactly, even if their radii differ; those between have that of start. Degenerate: a radius
-/// below 1e-09, an end at the centre within 1e-09.
+/// An arc from *start to *end, counter-clockwise about the record's normal; a full circle when the
+/// two are equal as points (every coordinate differs by strictly less than 1e-08).
+///
+/// The step is acos(1 - tol / radius), at least A / 120 and at most A / 8, where A is the angle of
+/// the arc, or half a turn when it is longer. Chords of that step stay within about tol / 4 of the
+/// arc. The number of segments is the angle divided by the step, rounded down: 8 to 120 (119 where
+/// the division itself rounds down) for an arc of up to half a turn, 16 to 240 for a full circle.
+/// For angles below 1e-05 radians, where the cosines are too coarse, it is anything from 1 to 146,
+/// and below 8e-11 it is 1. A tol of 0 or less makes the finest step, NaN or infinity the coarsest.
+///
+/// The first and the last point are *start and *end exactly. The points between have the distance
+/// of start from the center; the record's radius serves for the step and the test below only. An
+/// angle that differs from half a turn by strictly less than 1e-11 becomes half a turn.
+/// REQUIRES a normal perpendicular to the arc. With a null normal, or one that holds NaN, all
+/// points but the last lie on the line through start and center.
+/// Degenerate: a radius strictly below 1e-09; start or end with every coordinate strictly within
+/// 1e-09 of the center's.
 VEXMATH_API void mg_TessArc(arcEdgeData const *arc, mgPoint_c const *start, mgPoint_c const *end,
                             double tol, mgPoint_c **outArray, int &count,
                             suDynamicArray<mgPoint_c> *list);
 
-/// An arc of an ellipse, as the image of a circle, between the angles of the record's own start and
-/// end; a full ellipse when they are the same. start and end are accepted and play no part. Steps
-/// turn by the angle of `mg_TessArc` for a circle of the major radius, but never by less than 1.5
-/// or more than 10 degrees. All points are computed, also the ends. Degenerate: a radius below tol.
+/// An arc of an ellipse, from the record's own start to its own end, turning from the major to the
+/// minor direction. The arguments start and end are ignored and may be null.
+///
+/// The angle of a point p is atan2(w . minorDir / minorRadius, w . majorDir / majorRadius) with w =
+/// p - center; the arc goes from the angle of start up to that of end. It is a full ellipse when
+/// the two are equal, or when end is ahead by strictly less than 1e-11 radians.
+///
+/// The step is acos(1 - tol / majorRadius), at least 1.5 and at most 10 degrees. The number of
+/// segments is the angle divided by the step, rounded down, but at least 2 for an angle above 1.5
+/// degrees, 3 above 3 degrees, else 1. A tol of 0 or less makes the finest step, NaN the coarsest.
+/// All points are computed, the ends too: ends of the record that are off the curve are replaced.
+/// REQUIRES positive radii and unit directions perpendicular to each other, which are used as they
+/// are. Degenerate: a radius strictly below tol.
 VEXMATH_API void mg_TessEllipse(ellipseEdgeData const *ellipse, mgPoint_c const *start,
                                 mgPoint_c const *end, double tol, mgPoint_c **outArray, int &count,
                                 suDynamicArray<mgPoint_c> *list);
 
-/// A parabola or an arc of a hyperbola, by vertex and focus, at equal steps across the axis: 25
-/// for a way of twice the focal length, at least 10 in all, whatever tol. An eccentricity below 1
-/// is taken for 1. All points are computed, also the ends. Degenerate: start and end equally far
-/// across the axis, to the bit.
+/// An arc of the parabola or hyperbola with the record's vertex and focus, at equal steps across
+/// the axis, which is the direction normal x (focus - vertex).
+///
+/// The number of segments is 25 w / (2 f), rounded down, but at least 10, where f is the distance
+/// of focus and vertex, and w that of start and end measured across the axis. tol is ignored. The
+/// eccentricity is that of `mg_getConicEccentricity`, raised to 1 where it is less. All points are
+/// computed, the ends too: start and end tell where the arc ends across the axis only.
+/// Degenerate: start and end equally far across the axis, to the bit. That is so for a normal that
+/// is null or parallel to the axis, and for a focus closer to the vertex than 3e-09.
 VEXMATH_API void mg_TessParabola(parabolaEdgeData const *parabola, double tol, mgPoint_c **outArray,
                                  int &count, suDynamicArray<mgPoint_c> *list);
 
-/// A conic arc by its end tangents, refined until no chord is 0.004 radians or more off the
-/// tangents at its ends, whatever tol; where numbers are too coarse for that, until the parameter
-/// is exhausted. Start and end are met exactly. Degenerate: the line from vertex to focus misses
-/// the chord by more than 1e-08, or does not meet focus and chord in this order.
+/// A conic arc by its end tangents: the rational quadratic over start, vertex and end with the
+/// weights 1, (1 - f) / f, 1. Here f = |focus - vertex| / |X - vertex|, where X is the crossing of
+/// the chord from start to end with the line through vertex and focus.
+///
+/// Parameter intervals are halved until the angles between the chord and the tangents at its two
+/// ends are both strictly below 0.004 radians, or the chord is not longer than the resolution of
+/// its points: 4 DBL_EPSILON times the size of the numbers that they are computed from. tol and the
+/// normal do not matter. The first and the last point are start and end exactly.
+/// Degenerate:
+/// - a chord shorter than 1e-08;
+/// - a line that is parallel to the chord (1 - |cos| < 1e-08), or misses it by 1e-08 or more in a
+///   coordinate, or crosses it beyond end, or before start by more than 1e-08 / its length;
+/// - a focus that does not lie strictly between vertex and X, or closer to the vertex than 3e-09;
+/// - a coordinate of 1e100 or more in absolute value.
 /// Method: L. Piegl, W. Tiller, "The NURBS Book", 1995 (rational quadratics).
 VEXMATH_API void mg_TessBConic(parabolaEdgeData const *conic, double tol, mgPoint_c **outArray,
                                int &count, suDynamicArray<mgPoint_c> *list);
 
-/// `mg_TessBConic` for a record that it can take, else `mg_TessParabola`. It can take any whose
-/// axis crosses the chord beyond the focus, so also a parabola that reaches around its focus.
+/// `mg_TessBConic` unless one of its first three degenerate cases applies, else `mg_TessParabola`.
+/// A record does not tell how it is meant: a parabola by vertex and focus whose chord crosses the
+/// axis beyond the focus goes to `mg_TessBConic` too, and comes out flatter.
 VEXMATH_API void mg_TessParabolaOrBConic(parabolaEdgeData const *curve, double tol,
                                          mgPoint_c **outArray, int &count,
                                          suDynamicArray<mgPoint_c> *list);
 
-/// Eccentricity of the conic with this focus and vertex through the one of the two ends that lies
-/// farther along the axis (on a tie, start): below 1 for an ellipse, 1 for a parabola, above it for
-/// a hyperbola. 1 when that end is the vertex.
+/// Eccentricity of the conic with this focus and vertex through one of the two ends: below 1 for an
+/// ellipse, 1 for a parabola, above 1 for a hyperbola. It is (|P - focus| - |vertex - focus|) / h,
+/// where h is the height of P above the vertex, signed, along the axis from vertex to focus; P is
+/// the end of larger h, or start when both are equal. 1 when h is 0, which includes a focus closer
+/// to the vertex than 3e-09. Negative or meaningless when both ends lie behind the vertex.
 VEXMATH_API double mg_getConicEccentricity(mgPoint_c const &focus, mgPoint_c const &vertex,
                                            mgPoint_c const &start, mgPoint_c const &end);
 

@@ -6,19 +6,21 @@
 
 #include <utility>
 
-/// Rectangle with the y axis pointing up. It is normalised when left <= right and bottom <= top;
-/// nothing keeps it so but `normalize`.
+/// Rectangle with the y axis pointing up. It is normalised when left <= right and bottom <= top.
+/// Only `normalize` makes it so; nothing else checks or changes the corners.
 class mgRect {
 public:
-    mgRect() = default;
+    mgRect() = default; ///< all zeros
     mgRect(double leftX, double topY, double rightX, double bottomY);
 
-    /// 1 when the closed rectangles overlap, else 0: one that only touches the other's edge or
-    /// corner overlaps it, one with a NaN overlaps nothing. Called on any rectangle or on none.
-    /// REQUIRES normalised rectangles.
+    /// 1 when a.left <= b.right, b.left <= a.right, a.bottom <= b.top and b.bottom <= a.top, else
+    /// 0. So normalised rectangles overlap when they share a point, also on an edge or a corner.
+    /// One that holds NaN overlaps nothing. One with left > right overlaps only a rectangle that
+    /// reaches from its right to its left, both included, and so not itself; likewise with bottom >
+    /// top. A static function: the rectangle that it is called on is ignored.
     static int intersectRect(mgRect const &a, mgRect const &b);
 
-    /// Swaps top with bottom and left with right where they are out of order.
+    /// Swaps top and bottom when top < bottom, and left and right when right < left. NaN stays.
     void normalize();
 
     double left = 0.0;

@@ -8,70 +8,76 @@
 #include <vexmath/forward.h>
 #include <vexmath_platform/word_array.h>
 
-// The codes are the application's: it completes these enumerations with its own names. Only 0,
-// "nothing", and -1, which `uoSelectType_c` refuses, mean something here.
+// The application defines the codes: it completes these enumerations with its own names. Only two
+// have a meaning here: 0, "nothing", and -1, which the constructor of `uoSelectType_c` refuses.
 enum uoSelTypes_e : int;
 enum uoSelConstraint_e : int;
 enum cvSelectType_e : int;
 
 namespace vexmath::detail {
 
-/// What the two set classes have in common: an array of codes in the order they were added. `Set`
-/// is the class that derives from it, `Code` its enumeration.
+/// What the two set classes share: an array of codes in the order they were added. `Set` is the
+/// class that derives from it, `Code` its enumeration.
 ///
-/// No operation stores a code twice, but a set that came by a duplicate keeps it through copies,
-/// and the operations that compare numbers of elements count it.
+/// No operation stores a code twice. But a set that came by a duplicate in another way keeps it in
+/// copies, and the operations that compare numbers of elements count it.
 ///
-/// No operation throws. When memory is exhausted, a set lacks the codes that it could not store; an
-/// assignment that cannot store them leaves the set as it was.
+/// An element of another set is *matched* by this set when this set holds it. The element 0,
+/// "nothing", is matched only by the empty set, not even by a set that holds 0. So a set that holds
+/// 0 does not equal itself.
 ///
-/// An element of another set is *matched* by this set when this set holds it; the element 0,
-/// "nothing", is matched only by the empty set.
+/// Nothing throws. When memory is exhausted, a code that cannot be stored is left out, a copy is
+/// empty, and an assignment leaves the set as it was.
 template <class Set, class Code>
 class SelectSet {
 public:
-    /// Appends the code unless it is present; 0 and -1 are codes like any other here.
+    /// Appends the code unless it is present. 0 and -1 are codes like any other here.
     void add(Code const &code);
 
     /// Removes the first occurrence of the code, if there is one.
     void unset(Code const &code);
 
-    /// Removes the first occurrence of each element of `other`, which may be this set.
+    /// Removes the first occurrence of each element of `other`. If that is this set, it becomes
+    /// empty.
     void unset(Set const &other);
 
-    /// The elements of this set without duplicates, then what is absent.
+    /// The elements of this set, then the code or the elements of `other`, each only once.
     Set operator|(Code code) const;
     Set operator|(Set const &other) const;
+
+    /// Appends the elements of `other` that are absent here. A duplicate in this set stays.
     Set &operator|=(Set const &other);
 
-    /// 1 when an element of `other` is matched, else 0. So the empty set meets {0}, while nothing
+    /// 1 when an element of `other` is matched, else 0. So the empty set meets {0}, but nothing
     /// meets an empty `other`, not even the empty set.
     int operator&(Set const &other) const;
 
-    /// 1 when the code is present, or the code is 0 and the set is empty, else 0.
+    /// 1 when the code is not 0 and present, or is 0 and the set is empty; else 0.
     int operator&(Code const &code) const;
 
-    /// 1 when the numbers of elements agree and each element of `other` is matched, else 0. Two
-    /// empty sets are equal.
+    /// 1 when the numbers of elements are equal and each element of `other` is matched, else 0. So
+    /// two empty sets are equal, a set that holds 0 does not even equal itself, and {1, 2} == {1, 1}
+    /// but not the other way round. `!=` is 1 where this is 0, and 0 where this is 1.
     int operator==(Set const &other) const;
 
-    /// 1 when `other` has no more elements than this set and each is matched, else 0. An empty
-    /// `other` is contained in every set.
+    /// 1 when `other` has no more elements than this set and each is matched, else 0. Duplicates
+    /// count: {1} does not contain {1, 1}. An empty `other` is contained in every set.
     int contains(Set const &other) const;
 
-    /// The elements of `other` that are matched, in its order and without duplicates.
+    /// The elements of `other` that are matched, in its order, each only once.
     Set intersection(Set const &other) const;
 
+    /// Number of elements, duplicates included.
     int getNumOfTypes() const;
 
-    /// Position of the first occurrence, or -1.
+    /// Position of the first occurrence, from 0 on, or -1 when there is none.
     int getIndex(Code const &code) const;
 
-    /// Copies the elements in order, sign-extended where `long` is wider than 32 bits.
+    /// Copies the elements in order to `types`, sign-extended where `long` is wider than 32 bits.
     /// REQUIRES room for getNumOfTypes() entries.
     void getTypes(long *types) const;
 
-    /// The same number as the application interface calls it.
+    /// The same number, as the enumeration of the application interface.
     static cvSelectType_e uoTypeToAuType(Code const &code);
 
 protected:
@@ -88,25 +94,26 @@ extern template class VEXMATH_API SelectSet<uoSelectConstraint_c, uoSelConstrain
 
 } // namespace vexmath::detail
 
-/// The types of object that may be selected. Copies are exact: order and duplicates stay.
+/// The types of object that may be selected. Copies keep order and duplicates. All other operations
+/// are those of the base.
 class uoSelectType_c : public vexmath::detail::SelectSet<uoSelectType_c, uoSelTypes_e> {
 public:
-    uoSelectType_c() = default;
+    uoSelectType_c() = default; ///< the empty set
 
     /// The set of one code; empty for 0 and -1.
     VEXMATH_API uoSelectType_c(uoSelTypes_e const &code);
 
-    // Of the class itself, so that both operands have one type: C++20 also exchanges them.
+    // As in the base. Both operands have this type, because C++20 also tries them exchanged.
     int operator==(uoSelectType_c const &other) const;
     int operator!=(uoSelectType_c const &other) const;
 };
 
 /// The constraints under which objects may be selected. Works like `uoSelectType_c`, except that
-/// -1 makes a set of one code here too.
+/// the constructor accepts -1.
 class uoSelectConstraint_c
     : public vexmath::detail::SelectSet<uoSelectConstraint_c, uoSelConstraint_e> {
 public:
-    uoSelectConstraint_c() = default;
+    uoSelectConstraint_c() = default; ///< the empty set
 
     /// The set of one code; empty for 0.
     VEXMATH_API uoSelectConstraint_c(uoSelConstraint_e const &code);
@@ -115,7 +122,7 @@ public:
     int operator!=(uoSelectConstraint_c const &other) const;
 };
 
-/// The set of both codes; 0 and -1 are taken as they are.
+/// The set of both codes, or of one if they are equal. 0 and -1 are added like any code.
 VEXMATH_API uoSelectType_c operator|(uoSelTypes_e a, uoSelTypes_e b);
 VEXMATH_API uoSelectConstraint_c operator|(uoSelConstraint_e a, uoSelConstraint_e b);
 

@@ -7,9 +7,9 @@
 #include <vexmath/export.h>
 #include <vexmath/select_type.h>
 
-// The sets exist from the loading of the library to its unloading. The library never changes one
-// after that; a caller who does changes it for every user in the process. Behind each set stand
-// its codes in the order in which `getTypes` and `getIndex` give them.
+// The sets are built when the library is loaded and destroyed when it is unloaded. In between the
+// library never changes one. A caller that does changes it for every user in the process. The
+// trailing comment gives the codes, in the order of `getTypes` and `getIndex`.
 
 extern VEXMATH_API uoSelectType_c uo_GenSelLOCATIONS;  ///< -2
 extern VEXMATH_API uoSelectType_c uo_GenSelOBJHANDLES; ///< 48
@@ -112,9 +112,10 @@ extern VEXMATH_API uoSelectType_c uo_GenSelBDYFOLDER;        ///< 118
 extern VEXMATH_API uoSelectType_c uo_GenSelSKETCHREGION;     ///< 95
 extern VEXMATH_API uoSelectType_c uo_GenSelSKETCHCONTOUR;    ///< 96
 
-// QUIRK: the one name without an underscore after `uo`. Callers link against it as it is.
+// QUIRK: selection_sets.h, uoGenSelCOMPPATTERN: the name has no underscore after `uo`. Expected:
+// one, as in all other names. Kept: callers link to the exported name.
 // (test: EverySetHoldsItsCodesInOrder)
-extern VEXMATH_API uoSelectType_c uoGenSelCOMPPATTERN; ///< 37
+extern VEXMATH_API uoSelectType_c uoGenSelCOMPPATTERN; ///< 37 (no underscore after `uo`)
 
 extern VEXMATH_API uoSelectType_c uo_GenSelSUBWELDFOLDER;    ///< 107
 extern VEXMATH_API uoSelectType_c uo_GenSelFACETEDEDGE;      ///< 108
@@ -143,7 +144,7 @@ extern VEXMATH_API uoSelectType_c uo_GenSelPLANESECTIONFOLDER;    ///< 218
 extern VEXMATH_API uoSelectType_c uo_GenSelCOSMETICWELDSUBFOLDER; ///< 221
 extern VEXMATH_API uoSelectType_c uo_GenSelCOSMETICWELDFEAT;      ///< 220
 
-// Empty in themselves or composed of the codes of several categories.
+// Empty, or composed of the codes of several categories.
 extern VEXMATH_API uoSelectType_c uo_GenSelNOTHING;     ///< empty
 extern VEXMATH_API uoSelectType_c uo_GenSelBODYENTS;    ///< 1, 2, 3, 46, 92, 109, 108, 110
 extern VEXMATH_API uoSelectType_c uo_GenSelDATUMGEOM;   ///< 4, 5, 6, 61, 62, 65, 66, 71, 243

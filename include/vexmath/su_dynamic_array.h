@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The growable array of one element type in which the library hands out lists of points.
+// The growable array of one element type in which the library returns lists of points.
 
 #ifndef VEXMATH_SU_DYNAMIC_ARRAY_H
 #define VEXMATH_SU_DYNAMIC_ARRAY_H
@@ -25,42 +25,48 @@ inline amDynamicArrayHeader const *headerOf(void const *array) {
 
 } // namespace vexmath::detail
 
-/// Owner of one dynamic array of T. Its handle is null until the first element is stored; from then
-/// on the storage is a block as `dynamic_array.h` describes it, of capacity 8 at first and growing
+/// Owner of one dynamic array of T. Its handle is null until the first element is stored. From then
+/// on the storage is a block as `dynamic_array.h` describes it, with a capacity of 8 that grows
 /// linearly by 16. Copies copy the storage.
 ///
-/// A derived class may override `elementsChanged` to learn of new elements. That is the only slot
-/// of the virtual table, and the handle the only member: other modules lay out the class likewise.
-/// So the destructor is not virtual: never delete a derived object through a pointer to this class.
+/// A derived class may override `elementsChanged` to be notified of new elements. That is the only
+/// slot of the virtual table, and the handle is the only member: other modules lay out the class
+/// likewise. So the destructor is not virtual: never delete a derived object through a pointer to
+/// this class.
 template <class T>
 class VEXMATH_SHARED_TEMPLATE suDynamicArray {
 public:
-    suDynamicArray();
+    suDynamicArray(); ///< no elements, null handle
+    /// Copies the elements and the capacity, without a notification. Empty, with a null handle,
+    /// when memory is exhausted.
     suDynamicArray(suDynamicArray const &other);
+    /// Releases the block, unless its keep flag is set.
     ~suDynamicArray();
 
-    /// Keeps the capacity of `other`. Notifies (0, count - 1), so (0, -1) for an empty array. When
-    /// memory is exhausted this array ends up empty.
+    /// Releases the present block and copies the elements and the capacity of `other`, which may be
+    /// this array. Notifies (0, count - 1), so (0, -1) for an empty array. When memory is exhausted
+    /// this array ends up empty.
     suDynamicArray &operator=(suDynamicArray const &other);
 
-    /// Takes over an array made by the plain functions, or null, in place of the present one, which
-    /// is released. Notifies (0, count - 1).
-    /// REQUIRES the array's element size to be that of T, and nobody else to release it.
+    /// Releases the present block and takes over an array made by the plain functions, or null.
+    /// Notifies (0, count - 1). The array may be the one that this object owns already.
+    /// REQUIRES elements of the size of T, and that nothing else releases the array.
     void Adopt(T *array);
 
-    /// Appends a copy of `element`, which may be an element of this array. Notifies
-    /// (index, index) and returns the index. When the array cannot grow it loses its elements,
-    /// notifies (-1, -1) and returns -1.
+    /// Appends a copy of `element`, which may be an element of this array. Notifies (index, index)
+    /// and returns the index. If the array cannot grow, it loses all its elements, notifies
+    /// (-1, -1) and returns -1.
     int Add(T const &element);
 
+    /// Elements in use.
     int Count() const;
 
     /// REQUIRES 0 <= index < Count(). Adding elements invalidates the reference.
     T &operator[](int index);
     T const &operator[](int index) const;
 
-    /// The handle: element 0, or null before the first element. It is still owned by this object,
-    /// so pass it only to plain functions that leave it in place.
+    /// The handle: the address of element 0, or null before the first element. This object still
+    /// owns the block: pass it only to plain functions that neither move nor release it.
     T *Data();
     T const *Data() const;
 
@@ -164,14 +170,15 @@ void suDynamicArray<T>::addSlowly(T const &element) {
                                                  static_cast<int>(sizeof(T))));
     if (!data_) return;
     T *const grown = static_cast<T *>(amDynamicArrayAdd(data_, &element));
-    // QUIRK: an array that cannot grow loses the elements it has. Callers go by the -1 that follows
-    // and by a null handle. (test: AFailingAddLosesTheElements)
+    // QUIRK: su_dynamic_array.h, suDynamicArray::Add: an array that cannot grow loses all its
+    // elements. Expected: it keeps them. Kept: callers and stored data depend on it.
+    // (test: AFailingAddLosesTheElements)
     if (!grown) release();
     data_ = grown;
 }
 
-// The lists that the library itself hands out: one virtual table and one run-time type each, the
-// library's, for all modules.
+// The lists that the library itself returns. All modules share one virtual table and one run-time
+// type for each, which are in the library.
 extern template class VEXMATH_API suDynamicArray<int>;
 extern template class VEXMATH_API suDynamicArray<double>;
 extern template class VEXMATH_API suDynamicArray<mgPoint_c>;

@@ -33,6 +33,9 @@ TEST(Rect, ClosedRectanglesOverlapAtTheirEdges) {
     check(0, {support::above(4.0), 3, 5, 1});
     check(0, {0, 5, 4, support::above(3.0)});
     check(0, {0, support::kNaN, 4, 1});
+    // Right before left: only what covers all between them overlaps.
+    check(1, {4, 3, 0, 1});
+    check(0, {4, 3, support::below(0.0), 1});
 }
 
 TEST(Rect, NormalizeOrdersTheCorners) {

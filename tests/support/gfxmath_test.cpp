@@ -9,7 +9,7 @@
 
 namespace {
 
-/// An array that goes in and out as the pointer that callers have.
+/// An array that converts to the pointer which the functions take.
 template <std::size_t size>
 struct Floats : std::array<float, size> {
     operator float *() { return this->data(); }
@@ -18,7 +18,7 @@ struct Floats : std::array<float, size> {
 using Vec = Floats<3>;
 using Mat = Floats<16>;
 
-constexpr float kQuarter = 1.57079637F, kHalf = 3.14159274F; // the floats nearest to these turns
+constexpr float kQuarter = 1.57079637F, kHalf = 3.14159274F; // the floats nearest to pi / 2 and pi
 
 void CheckNear(Vec const &expected, Vec const &actual, float bound) {
     for (std::size_t i = 0; i < 3; ++i) EXPECT_NEAR(expected[i], actual[i], bound) << i;
@@ -42,14 +42,16 @@ TEST(Gfxmath, NormaliseNeedsASquaredLengthAboveItsBound) {
         EXPECT_EQ(result, gfxmath_normalise(v));
         EXPECT_EQ(expected, v);
     };
-    Vec const atMost{std::nextafter(0.001F, 0.0F), 0, 0}; // the float 0.001 lies above the number
+    Vec const atMost{std::nextafter(0.001F, 0.0F), 0, 0}; // the float 0.001 is above the number
     check({0, 0.001F, 0}, 1, {0, 1, 0});
     check(atMost, 0, atMost);
+    check({1, 2e19F, 0}, 1, {0, 0, 0}); // the square exceeds the range of float
     check({-2, 3, 6}, 1, {-2.0F / 7.0F, 3.0F / 7.0F, 6.0F / 7.0F});
 }
 
 TEST(Gfxmath, ProductAppliesItsSecondMatrixFirst) {
-    Mat const b{0, 1, 0, 0, -1, 0, 0, 0, 0, 0, 1, 0, 5, 6, 7, 1}; // a quarter turn and a move
+    Mat const b{0, 1, 0, 0, -1, 0, 0, 0,
+                0, 0, 1, 0, 5,  6, 7, 1}; // a quarter turn and a translation
     Mat const a{2, 0, 0, 0, 0, 3, 0, 0, 0, 0, 4, 0, 1, 1, 1, 1};
     Mat overA = a, overB = b;
     gfxmath_mult_matrix(overA, b, overA);
@@ -78,22 +80,22 @@ TEST(Gfxmath, TriangleNormalsOfSmallTrianglesNeedTheScaledForms) {
     check(gfxmath_triangle_normal_negative_scale, x, y, 1, {0, 0, -1});
 }
 
-TEST(Gfxmath, RotateAxisTurnsByTheRightHandRule) {
+TEST(Gfxmath, RotateAxisFollowsTheRightHandRule) {
     Vec v{1, 2, 3};
     gfxmath_rotate_axis(v, 2 * kHalf / 3, Vec{0.577350259F, 0.577350259F, 0.577350259F}, v);
     CheckNear({3, 1, 2}, v, 2e-6F);
-    gfxmath_rotate_axis(Vec{0, 0, 1}, kHalf, Vec{0, 0, 2}, v); // the axis is used as it is
+    gfxmath_rotate_axis(Vec{0, 0, 1}, kHalf, Vec{0, 0, 2}, v); // the axis is not normalised
     EXPECT_EQ((Vec{0, 0, 7}), v);
 }
 
-TEST(Gfxmath, SphericalNormalsGoThereAndBack) {
+TEST(Gfxmath, SphericalNormalsAreInverses) {
     auto const check = [](Vec const &n, float latitude, float azimuth) {
         float sph[2];
         gfxmath_cartesian_to_spherical_normal(n, sph);
         EXPECT_EQ(latitude, sph[0]) << n[0] << " " << n[2];
         EXPECT_EQ(azimuth, sph[1]) << n[0] << " " << n[2];
     };
-    float const horizon = 3.55271368e-15F; // what pi / 2 in 13 decimals leaves of latitude 0
+    float const horizon = 3.55271368e-15F; // latitude 0 as pi / 2 rounded to 13 decimals gives it
     check({0, 2, 0}, kQuarter, 0);
     check({0, -2, -0.0F}, -kQuarter, kHalf);
     check({2, 0, 0}, horizon, kQuarter);
