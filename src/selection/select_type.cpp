@@ -18,8 +18,10 @@ int indexOf(su_CDWordArray const &words, std::uint32_t word) {
 }
 
 bool isMatched(su_CDWordArray const &words, std::uint32_t word) {
-    // QUIRK: a set that holds 0 does not match it, since 0 asks for the empty selection.
-    // (test: RelateByMatchedElements)
+    // QUIRK: select_type.h, uoSelectType_c::operator&, uoSelectType_c::contains,
+    // uoSelectType_c::intersection, uoSelectType_c::operator==: the element 0 is matched by the
+    // empty set alone, not by a set that holds 0. Expected: it is matched like any other code.
+    // Kept: callers and stored data depend on it. (test: RelateByMatchedElements)
     return word == 0 ? sizeOf(words) == 0 : indexOf(words, word) >= 0;
 }
 
@@ -123,8 +125,9 @@ int SelectSet<Set, Code>::operator==(Set const &other) const {
 
 template <class Set, class Code>
 int SelectSet<Set, Code>::contains(Set const &other) const {
-    // QUIRK: elements are counted, not distinct codes, so {1} does not contain {1, 1}. Callers
-    // use it as the quick way out that it is. (test: DuplicatesCountInComparisons)
+    // QUIRK: select_type.h, uoSelectType_c::contains, uoSelectType_c::operator==: duplicates count
+    // as elements, so {1} does not contain {1, 1}. Expected: distinct codes are compared. Kept:
+    // callers and stored data depend on it. (test: DuplicatesCountInComparisons)
     if (other.getNumOfTypes() > getNumOfTypes()) return 0;
     for (int i = 0; i < other.getNumOfTypes(); ++i)
         if (!isMatched(words_, other.words_[i])) return 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The ready-made sets of selection types: what each holds, and in which order.
+// The ready-made sets of selection types: the codes of each, in order.
 
 #include <vexmath/selection_sets.h>
 
@@ -140,7 +140,7 @@ uoSelectType_c uo_GenSelSURFBODIESFIRST;
 uoSelectType_c uo_GenSelSOLIDBODIESFIRST;
 uoSelectType_c uo_GenSelUNSUPPORTED;
 
-// Second pass: the codes of the composite sets, behind the one that a set has already.
+// Second pass: the codes of the composite sets, behind the one that some of them already hold.
 
 namespace {
 

@@ -45,9 +45,9 @@ std::int64_t blockBytes(std::int64_t capacity, std::int64_t elementSize) {
     return static_cast<std::int64_t>(sizeof(Header)) + capacity * elementSize;
 }
 
-/// Bytes to ask the heap for when a block grows to `bytes`. Lists that grow by turns, 16 slots at a
-/// time, cannot grow in place: each step would move the whole list, in quadratic time altogether.
-/// Asked for multiples of a quarter to a half of the block, the heap moves it a few times only.
+/// Bytes to request when a block grows to `bytes`. Lists that grow alternately, 16 slots at a time,
+/// cannot grow in place: each step would move the whole list, which takes quadratic time in all.
+/// If the requests are multiples of a quarter to a half of the block, it moves only a few times.
 std::int64_t roomyBytes(std::int64_t bytes) {
     constexpr std::int64_t kExactBelow = 4096;
     if (bytes < kExactBelow) return bytes;
@@ -62,7 +62,7 @@ Header *reallocBlock(Header *block, std::int64_t bytes) {
     return static_cast<Header *>(std::realloc(block, static_cast<std::size_t>(bytes)));
 }
 
-/// A new block under a copy of the given header, as its own and with `capacity` slots.
+/// The array of a new block with a copy of the header, the keep flag cleared and `capacity` slots.
 void *allocate(Header header, int capacity) {
     Header *const block = reallocBlock(nullptr, blockBytes(capacity, header.elementSize));
     if (!block) return nullptr;
@@ -72,7 +72,7 @@ void *allocate(Header header, int capacity) {
     return block + 1;
 }
 
-/// The array with `capacity` slots, or null with the array as it was.
+/// The array with `capacity` slots, or null with the array unchanged.
 void *reallocate(void *array, std::int64_t capacity) {
     if (capacity > INT32_MAX) return nullptr;
     Header *const old = headerOf(array);
@@ -86,8 +86,8 @@ void *reallocate(void *array, std::int64_t capacity) {
 }
 
 /// Adds `growth` slots. When there is no memory for a large proportional growth, the array becomes
-/// linear with the largest step and grows by that, provided it holds the `needed` new elements.
-/// Null with the array as it was when that fails too.
+/// linear with the largest step and grows by that, if the `needed` new elements then fit.
+/// Null with the array unchanged when that fails too.
 void *grow(void *array, std::int64_t growth, std::int64_t needed) {
     Header const old = *headerOf(array);
     if (void *const grown = reallocate(array, old.capacity + growth)) return grown;
@@ -109,8 +109,8 @@ std::int64_t growthAmount(Header const &header, std::int64_t least) {
 /// True when n more elements do not fit.
 bool isFullFor(Header const &header, std::int64_t n) { return header.count + n > header.capacity; }
 
-/// Where `pointer` lies behind element 0, in bytes. Outside the array's own slots it is not below
-/// their size, since the difference wraps.
+/// Offset of `pointer` from element 0, in bytes. For a pointer outside the array's own slots it is
+/// not below their total size, because the difference wraps.
 std::size_t offsetIn(void const *array, void const *pointer) {
     return reinterpret_cast<std::uintptr_t>(pointer) - reinterpret_cast<std::uintptr_t>(array);
 }
@@ -191,9 +191,10 @@ void *amDynamicArrayAppend(void *array, void const *source) {
     bool const own = source == array;
     std::int32_t const n = headerOf(source)->count;
     if (isFullFor(*headerOf(array), n)) {
-        // QUIRK: the number appended is raised to first and compared with the count then, so that a
-        // proportional array grows by n, and not by its count, until it holds n. Other modules
-        // foresee the capacity so. (test: EditsFollowTheirRules)
+        // QUIRK: dynamic_array.h, amDynamicArrayAppend: a proportional array with fewer elements
+        // than are appended, or than its step, grows by the larger of these two numbers. Expected:
+        // by its count, as in an insertion. Kept: callers and stored data depend on it.
+        // (test: EditsFollowTheirRules)
         std::int32_t const least = std::max<std::int32_t>(headerOf(array)->growStep, n);
         array = grow(array, growthAmount(*headerOf(array), least), n);
         if (!array) return nullptr;
@@ -208,7 +209,7 @@ void *amDynamicArrayInsertAt(void *array, int index, void const *elements, int n
     Header const header = *headerOf(array);
     if (index < 0 || index > header.count || n < 1) return nullptr;
     std::size_t const bytes = bytesOf(array, n);
-    // Elements of the array's own slots, free ones included, are copied before anything moves.
+    // Elements in the array's own slots, free ones included, are copied before anything moves.
     std::unique_ptr<void, HeapRelease> copy;
     if (isOwnSlot(array, offsetIn(array, elements))) {
         copy.reset(std::malloc(bytes));
@@ -228,6 +229,9 @@ void *amDynamicArrayInsertAt(void *array, int index, void const *elements, int n
     return array;
 }
 
+// QUIRK: dynamic_array.h, amDynamicArraySetAt: the elements come before the index. Expected: the
+// index first, as in an insertion. Kept: callers and stored data depend on it.
+// (test: EditsFollowTheirRules)
 void *amDynamicArraySetAt(void *array, void const *elements, int index, int n) {
     if (index < 0 || n < 1 || std::int64_t{index} + n > headerOf(array)->count) return nullptr;
     std::memmove(slotOf(array, index), elements, bytesOf(array, n));
@@ -244,16 +248,17 @@ void amDynamicArrayRemoveAt(void *array, int index, int n) {
 
 void *amDynamicArrayResize(void *array, int newCount) {
     if (!array) return nullptr;
-    // QUIRK: a larger count is ignored, where a reader would expect new elements. Callers cut to a
-    // count that the array may not have reached. (test: RefusedEditsChangeNothing)
+    // QUIRK: dynamic_array.h, amDynamicArrayResize: a count above the present one is ignored.
+    // Expected: new elements. Kept: callers and stored data depend on it.
+    // (test: RefusedEditsChangeNothing)
     std::int32_t &count = headerOf(array)->count;
     count = std::min(count, std::max(newCount, 0));
     return array;
 }
 
 int amDynamicArrayReverseFromTo(void *array, int first, int last) {
-    // QUIRK: one element is its own reverse, and yet 0, "refused". Callers take 1 to mean that the
-    // elements have changed. (test: RefusedEditsChangeNothing)
+    // QUIRK: dynamic_array.h, amDynamicArrayReverseFromTo: a range of one element gives 0.
+    // Expected: 1. Kept: callers and stored data depend on it. (test: RefusedEditsChangeNothing)
     if (first < 0 || last <= first || last >= headerOf(array)->count) return 0;
     for (; first < last; ++first, --last)
         std::swap_ranges(slotOf(array, first), slotOf(array, first + 1), slotOf(array, last));
@@ -263,8 +268,9 @@ int amDynamicArrayReverseFromTo(void *array, int first, int last) {
 void *amDynArrayRealloc(void *array, int minimumCapacity) {
     Header const &header = *headerOf(array);
     if (minimumCapacity <= header.capacity || header.growStep == 0) return array;
-    // QUIRK: a proportional array grows by whole steps here too. Callers use this to size an array
-    // closely. (test: EditsFollowTheirRules)
+    // QUIRK: dynamic_array.h, amDynArrayRealloc: a proportional array grows by whole steps too, and
+    // not at all when its step is 0. Expected: it grows by its count. Kept: callers and stored data
+    // depend on it. (test: EditsFollowTheirRules)
     double const missing = static_cast<double>(std::int64_t{minimumCapacity} - header.capacity);
     auto const steps = static_cast<std::int64_t>(std::ceil(missing / header.growStep));
     void *const grown = grow(array, header.growStep * steps, 0);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The lists that the library hands out, each with its virtual table and run-time type.
+// The lists that the library returns, each with its virtual table and run-time type.
 
 #include <vexmath/point.h>
 #include <vexmath/su_dynamic_array.h>

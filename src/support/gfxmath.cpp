@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Vectors and matrices in plain float arrays.
 
-#define VEXMATH_GFXMATH_DEFINE // the bodies in the header, for the symbols of the library
+#define VEXMATH_GFXMATH_DEFINE // makes the symbols of the library from the bodies in the header
 #include <vexmath/gfxmath.h>
 
 #include <cmath>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Archive records. The order of the items below is the stored format of the application's
 // documents: it never changes. Every reader reads its whole record before it writes a field, so
-// that an archive that throws leaves the object as it was.
+// that an archive that throws leaves the object unchanged.
 
 #include <vexmath/bbox.h>
 #include <vexmath/cone.h>
@@ -18,10 +18,10 @@
 
 namespace {
 
-/// The archive behind the older entry points, which by agreement are always given a su_CArchive.
+/// The archive of the older entry points. REQUIRES a su_CArchive: callers pass no other.
 su_CArchive &itemArchive(CArchive &ar) { return static_cast<su_CArchive &>(ar); }
 
-// One statement an item: what a host's operators return is not relied on.
+// One statement per item, so that the result of a host's operators is not used.
 
 void writeTriple(su_CArchive &ar, double const *xyz) {
     for (int i = 0; i < 3; ++i) ar << xyz[i];
@@ -117,7 +117,7 @@ void mgMatrix_c::restore(CArchive &ar) { restore(itemArchive(ar)); }
 
 void mgMatrix_c::restoreAsIs(CArchive &ar) { restoreAsIs(itemArchive(ar)); }
 
-// Transforms: a byte that tells whether a rotation follows, the rotation, translation, scale, and a
+// Transforms: a byte that is not 0 if a rotation follows, the rotation, translation, scale, and a
 // reserved byte.
 
 void mgXform_c::save(su_CArchive &ar) {
@@ -131,9 +131,9 @@ void mgXform_c::save(su_CArchive &ar) {
 }
 
 void mgXform_c::restoreRecord(su_CArchive &ar, void (mgMatrix_c::*restoreRotation)(su_CArchive &)) {
-    // QUIRK: a record without a rotation leaves the one that is there, where a reader would expect
-    // the identity. Callers restore into fresh transforms, and some into prepared ones. (test:
-    // RestoringATransformKeepsWhatTheRecordDoesNotHold)
+    // QUIRK: xform.h, mgXform_c::restore, mgXform_c::restoreAsIs: a record without a rotation
+    // leaves the object's rotation as it was. Expected: the identity. Kept: callers and stored data
+    // depend on it. (test: RestoringATransformKeepsWhatTheRecordDoesNotHold)
     mgMatrix_c rotation = rotation_;
     if (readByte(ar) != 0) (rotation.*restoreRotation)(ar);
     mgVector_c const translation = readTriple(ar);
@@ -183,7 +183,7 @@ double readDoubleFromWords(su_CArchive &ar) {
     return value;
 }
 
-/// A matrix whose flag claims what it is told, whatever elements are written to it.
+/// A matrix with the given identity flag, which stays when elements are written to it.
 mgMatrix_c matrixFlagged(bool identity) {
     constexpr double zeros[9] = {};
     return identity ? mgMatrix_c() : mgMatrix_c(zeros, 0);
@@ -192,8 +192,8 @@ mgMatrix_c matrixFlagged(bool identity) {
 } // namespace
 
 su_CArchive &operator<<(su_CArchive &ar, mgXform_c &x) {
-    // QUIRK: writing drops the record of the object written, where a reader would expect it to
-    // stay. Documents never hold perspectives, and callers use the object on as a plain placement.
+    // QUIRK: xform.h, operator<<: writing deletes the perspective record of the object that is
+    // written. Expected: the object does not change. Kept: callers and stored data depend on it.
     // (test: TheRawFormDropsThePerspective)
     x.deletePerspectiveInfo();
     for (int k = 0; k < 9; ++k) writeDoubleAsWords(ar, x.rotation()[k]);
@@ -221,7 +221,7 @@ su_CArchive &operator>>(su_CArchive &ar, mgXform_c &x) {
     return ar;
 }
 
-// Lines and planes: the root point, then the unit vector as it is.
+// Lines and planes: the root point, then the unit vector, not normalised.
 
 void vexmath::detail::RootedDirection::save(su_CArchive &ar) const {
     writeTriple(ar, root_);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Circular arcs to polylines.
+// Circular arcs, approximated by polylines.
 
 #include <vexmath/edge_data.h>
 #include <vexmath/mg_tessellation.h>
@@ -19,7 +19,7 @@ namespace {
 /// equal as points.
 double sweepOf(mgPoint_c const &centre, mgVector_c const &x, mgVector_c const &y,
                mgPoint_c const &start, mgPoint_c const &end) {
-    /// How near to half a turn counts as half a turn; strict.
+    /// A sweep this close to half a turn becomes half a turn; strict.
     constexpr double kHalfTurnSnapRad = 1e-11;
     if (start == end) return kTwoPi;
     mgVector_c const toEnd = end - centre;
@@ -28,8 +28,8 @@ double sweepOf(mgPoint_c const &centre, mgVector_c const &x, mgVector_c const &y
     return std::fabs(sweep - kPi) < kHalfTurnSnapRad ? kPi : sweep;
 }
 
-/// The angle at which the arc is tol off its tangent, if that is neither above an eighth of the arc
-/// nor below 1/120 of it; else the nearer of these. An arc of more than half a turn counts as half.
+/// The angle at which the arc is tol off its tangent, limited to the range from 1/120 to 1/8 of the
+/// arc. An arc of more than half a turn counts as half.
 double stepOf(double sweep, double tol, double radius) {
     /// 1/120, as a factor: dividing by 120 changes last bits, and with them counts.
     constexpr double kFinest = 0.008333333333333333;
@@ -42,11 +42,11 @@ double stepOf(double sweep, double tol, double radius) {
     return 1.0 - std::cos(finest) < ratio ? std::acos(1.0 - ratio) : finest;
 }
 
-/// Cosine and sine of an angle.
-struct Turn {
+/// A rotation by the cosine and sine of its angle.
+struct Rotation {
     double cos, sin;
 
-    Turn by(Turn const &step) const {
+    Rotation by(Rotation const &step) const {
         return {step.cos * cos - step.sin * sin, step.sin * cos + step.cos * sin};
     }
 };
@@ -55,7 +55,8 @@ struct Turn {
 
 void mg_TessArc(arcEdgeData const *arc, mgPoint_c const *start, mgPoint_c const *end, double tol,
                 mgPoint_c **outArray, int &count, suDynamicArray<mgPoint_c> *list) {
-    /// Radius below which there is no arc; strict. For the ends, per coordinate.
+    /// Radius below which there is no arc; strict. Also how close an end may be to the centre, per
+    /// coordinate.
     constexpr double kSmallestRadius = 1e-09;
     vexmath::detail::PolylineOutput const output(outArray, count, list);
     mgPoint_c const first = *start;
@@ -65,24 +66,25 @@ void mg_TessArc(arcEdgeData const *arc, mgPoint_c const *start, mgPoint_c const 
         || arc->radius < kSmallestRadius)
         return;
 
-    // QUIRK: the arc is drawn with the start's distance from the centre, and the record's radius
-    // only decides the number of segments; a reader would expect one radius. Trimmed edges keep
-    // their ends by it. (test: TheStartGivesTheRadiusAndTheRecordTheTolerance)
+    // QUIRK: mg_tessellation.h, mg_TessArc: the arc is drawn with the start's distance from the
+    // centre, and the record's radius decides only the number of segments. Expected: one radius for
+    // both. Kept: callers and stored data depend on it.
+    // (test: TheStartGivesTheRadiusAndTheRecordTheTolerance)
     mgVector_c const x = first - centre;
     mgVector_c const y = mgUnitVector_c(arc->normal) * x;
     double const sweep = sweepOf(centre, x, y, first, last);
     int const n = vexmath::detail::segmentsOfSweep(sweep, stepOf(sweep, tol, arc->radius));
 
-    // One sine and one cosine; each point is the one before, turned by the same step. The turns are
-    // made two points ahead: each waits for the one before, while nothing waits for a point, and a
-    // processor does the oldest of what is ready first.
-    Turn const step{std::cos(sweep / n), std::sin(sweep / n)};
-    Turn const once = Turn{1.0, 0.0}.by(step);
-    output.append(n, [=, turn = once, next = once.by(step)](int i) mutable -> mgPoint_c {
+    // One sine and one cosine; each rotation is the one before, rotated by the same step. They are
+    // computed two points ahead: each depends on the one before, while nothing depends on a point,
+    // and a processor runs the oldest instruction that is ready first.
+    Rotation const step{std::cos(sweep / n), std::sin(sweep / n)};
+    Rotation const once = Rotation{1.0, 0.0}.by(step);
+    output.append(n, [=, following = once, next = once.by(step)](int i) mutable -> mgPoint_c {
         if (i == 0) return first;
         if (i == n) return last;
-        Turn const now = turn;
-        turn = next;
+        Rotation const now = following;
+        following = next;
         next = next.by(step);
         return centre + x * now.cos + y * now.sin;
     });

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Arcs of ellipses to polylines.
+// Arcs of ellipses, approximated by polylines.
 
 #include <vexmath/edge_data.h>
 #include <vexmath/mg_tessellation.h>
@@ -18,7 +18,8 @@ public:
         : centre_(e.center), major_(e.majorDir), minor_(e.minorDir), a_(e.majorRadius),
           b_(e.minorRadius) {}
 
-    /// Where the radius through p's image meets the circle.
+    /// The angle on the circle of the point whose image is p, or lies on the ray from the centre to
+    /// p.
     double angleOf(mgPoint_c const &p) const {
         mgVector_c const v = p - centre_;
         return std::atan2((v % minor_) / b_, (v % major_) / a_);
@@ -36,8 +37,8 @@ private:
     double b_;
 };
 
-/// The angle at which a circle of the major radius is tol off its tangent, if that is neither above
-/// 10 degrees nor below 1.5; else the nearer of these.
+/// The angle at which a circle of the major radius is tol off its tangent, limited to the range
+/// from 1.5 to 10 degrees.
 double stepOf(double tol, double radius) {
     constexpr double kCoarsestRad = 0.17453292519943334; // 10 degrees
     constexpr double kFinestRad = 0.026179938779915;     // 1.5 degrees
@@ -48,13 +49,13 @@ double stepOf(double tol, double radius) {
 
 } // namespace
 
-// QUIRK: the ends of the arc are those of the record; a caller would expect the ones it passes.
-// Trimmed edges are passed with the ends of their untrimmed neighbours.
-// (test: TheEndsOfTheRecordCountAndThoseOfTheCallDoNot)
+// QUIRK: mg_tessellation.h, mg_TessEllipse: the arguments start and end are ignored, and the ends
+// of the record are used. Expected: the arguments are the ends. Kept: callers and stored data
+// depend on it. (test: TheEndsOfTheRecordCountAndThoseOfTheCallDoNot)
 void mg_TessEllipse(ellipseEdgeData const *ellipse, mgPoint_c const * /*start*/,
                     mgPoint_c const * /*end*/, double tol, mgPoint_c **outArray, int &count,
                     suDynamicArray<mgPoint_c> *list) {
-    /// Sweep below which start and end are one point; strict.
+    /// Sweep below which start and end are the same point; strict.
     constexpr double kNoSweepRad = 1e-11;
     vexmath::detail::PolylineOutput const output(outArray, count, list);
     if (ellipse->majorRadius < tol || ellipse->minorRadius < tol) return;
@@ -67,7 +68,7 @@ void mg_TessEllipse(ellipseEdgeData const *ellipse, mgPoint_c const * /*start*/,
     if (std::fabs(sweep) < kNoSweepRad) sweep = vexmath::kTwoPi;
 
     int const n = vexmath::detail::segmentsOfSweep(sweep, stepOf(tol, ellipse->majorRadius));
-    // The angle is a running sum: callers compare these points with ones they stored.
+    // The angle is a running sum, not start + i * step, which rounds differently.
     output.append(n, [curve, step = sweep / n, angle = start](int) mutable {
         mgPoint_c const point = curve.at(angle);
         angle += step;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Parabolas and arcs of hyperbolas to polylines, by vertex and focus.
+// Parabolas and arcs of hyperbolas by vertex and focus, approximated by polylines.
 
 #include <vexmath/edge_data.h>
 #include <vexmath/mg_tessellation.h>
@@ -27,11 +27,11 @@ double mg_getConicEccentricity(mgPoint_c const &focus, mgPoint_c const &vertex,
 
 namespace {
 
-/// A parabola or hyperbola over its parameter t, the way across the axis in units of 2 f.
+/// A parabola or hyperbola over its parameter t, the distance across the axis in units of 2 f.
 ///
 /// With q = (e + 1) / 4 the height above the vertex in units of f solves
-/// t^2 = 2 q h + (e^2 - 1) h^2 / 4; its root is written with the sum in the denominator, so that it
-/// needs no case for e = 1.
+/// t^2 = 2 q h + (e^2 - 1) h^2 / 4. Its root is written with the sum in the denominator, so that
+/// e = 1 is no special case.
 class OpenConic {
 public:
     explicit OpenConic(parabolaEdgeData const &p)
@@ -60,9 +60,9 @@ private:
 
 } // namespace
 
-// QUIRK: the tolerance plays no part, the number of segments depends on the parameters alone; a
-// caller would expect fewer for a coarse one. Stored drawings count on the number.
-// (test: TheToleranceDoesNotChangeAParabola)
+// QUIRK: mg_tessellation.h, mg_TessParabola: the tolerance is ignored, and the number of segments
+// depends on the span of the parameter alone. Expected: fewer segments for a coarse tolerance.
+// Kept: callers and stored data depend on it. (test: TheToleranceDoesNotChangeAParabola)
 void mg_TessParabola(parabolaEdgeData const *parabola, double /*tol*/, mgPoint_c **outArray,
                      int &count, suDynamicArray<mgPoint_c> *list) {
     constexpr double kSegmentsPerUnit = 25.0;
@@ -75,7 +75,7 @@ void mg_TessParabola(parabolaEdgeData const *parabola, double /*tol*/, mgPoint_c
 
     double const segments = std::fabs(end - start) * kSegmentsPerUnit;
     int const n = segments < kFewest ? kFewest : vexmath::detail::wholeSegments(segments);
-    // The parameter is a running sum: callers compare these points with ones they stored.
+    // The parameter is a running sum, not start + i * step, which rounds differently.
     output.append(n, [curve, step = (end - start) / n, t = start](int) mutable {
         mgPoint_c const point = curve.at(t);
         t += step;

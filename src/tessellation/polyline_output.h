@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How tessellators count their segments and hand out their points.
+// How tessellators count their segments and return their points.
 
 #ifndef VEXMATH_SRC_TESSELLATION_POLYLINE_OUTPUT_H
 #define VEXMATH_SRC_TESSELLATION_POLYLINE_OUTPUT_H
@@ -15,7 +15,7 @@
 
 namespace vexmath::detail {
 
-/// Most segments of one polyline: more are the fault of a record, and a flood for the caller.
+/// Most segments of one polyline. Only a faulty record asks for more.
 inline constexpr int kMostSegments = 10000000;
 
 /// A computed number of segments without its fraction; 0 for NaN and above the limit.
@@ -23,13 +23,12 @@ inline int wholeSegments(double segments) {
     return segments < kMostSegments + 1.0 ? static_cast<int>(segments) : 0;
 }
 
-/// How many segments sweep an angle in steps of about the given one. Angles so small that no step
-/// fits make one segment, but more than 1.5 degrees make two and more than 3 degrees three. 0 when
-/// the angles are NaN.
+/// Number of segments for an angle in steps of about the given one: the quotient rounded down, but
+/// at least one, two above 1.5 degrees and three above 3 degrees. 0 when the angles are NaN.
 inline int segmentsOfSweep(double sweepRad, double stepRad) {
-    /// Step at or below which there is only one.
+    /// Step at or below which there is only one segment.
     constexpr double kNoStepRad = 1e-11;
-    /// Sweeps above which one segment, and then two, do not do; strict.
+    /// Sweeps above which one segment is not enough, and then two; strict.
     constexpr double kNeedsTwoRad = 0.026179938779915;
     constexpr double kNeedsThreeRad = 0.05235987755983;
     int n = 1;
@@ -42,8 +41,7 @@ inline int segmentsOfSweep(double sweepRad, double stepRad) {
     return n;
 }
 
-/// Where the points go: to a new array for the caller when there is a place for its address, else
-/// to a list.
+/// Where the points go: to a new array for the caller if outArray is not null, else to a list.
 class PolylineOutput {
 public:
     PolylineOutput(mgPoint_c **outArray, int &count, suDynamicArray<mgPoint_c> *list)
@@ -51,8 +49,8 @@ public:
         count_ = 0;
     }
 
-    /// Hands out segments + 1 points as next(0), next(1), ... makes them. Does nothing without a
-    /// segment.
+    /// Outputs the segments + 1 points next(0), next(1), ... in this order. Does nothing when there
+    /// are no segments.
     template <class Next>
     void append(int segments, Next next) const {
         if (segments < 1) return;
@@ -68,7 +66,7 @@ public:
         count_ = segments;
     }
 
-    /// Hands out the points of a list. A list as output then holds nothing else.
+    /// Outputs the points of a list. A list as output then holds nothing else.
     void assign(suDynamicArray<mgPoint_c> const &points) const {
         if (outArray_ != nullptr) {
             append(points.Count() - 1, [&points](int i) { return points[i]; });
@@ -79,9 +77,9 @@ public:
     }
 
 private:
-    /// The storage that `new mgPoint_c[count]` takes, without the zeros that it writes first; null
-    /// when there is no memory. The caller's delete[] gives it back just the same: for elements
-    /// without a destructor it has nothing else to do, and no count is kept before them.
+    /// The storage of `new mgPoint_c[count]` without its zeros; null when there is no memory. The
+    /// caller's delete[] releases it all the same: elements without a destructor need nothing else,
+    /// and no count is stored before them.
     static mgPoint_c *roomFor(std::size_t count) {
         static_assert(std::is_trivially_destructible_v<mgPoint_c>);
         return static_cast<mgPoint_c *>(::operator new[](count * sizeof(mgPoint_c), std::nothrow));

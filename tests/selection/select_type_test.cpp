@@ -11,7 +11,7 @@ namespace {
 
 using Codes = std::vector<long>;
 
-/// A set filled as it stands, duplicates included.
+/// A set of exactly these codes, duplicates included.
 template <class Set>
 struct Raw : Set {
     Raw(Codes const &codes) {
@@ -54,7 +54,7 @@ TEST(SelectSets, EditsKeepTheOrderAndAddNothingTwice) {
         EXPECT_EQ((Codes{1, 1, 2, 3}), codesOf(set));
         EXPECT_EQ((Codes{1, 1, 2}), codesOf(copy));
 
-        Raw<Set> rest({1, 2, 1, 3, 1}); // first occurrences go
+        Raw<Set> rest({1, 2, 1, 3, 1}); // first occurrences are removed
         rest.unset(c(4)), rest.unset(c(1));
         EXPECT_EQ((Codes{2, 1, 3, 1}), codesOf(rest));
         rest.unset(Raw<Set>({1, 3, 9}));

@@ -14,7 +14,7 @@
 /// The C program of the same folder: 0, or the line where it found a fault.
 extern "C" int runPlainCallers(void);
 
-/// Lets an allocation that is too large fail under the address sanitizer as it does without.
+/// Makes an allocation that is too large fail under the address sanitizer too, instead of aborting.
 extern "C" VEXMATH_SHARED_TEMPLATE char const *__asan_default_options();
 extern "C" char const *__asan_default_options() { return "allocator_may_return_null=1"; }
 
@@ -100,7 +100,7 @@ TEST(DynamicArray, CreationRefusesWhatAHeaderCannotHold) {
 
 enum Edit { kAdd, kAppend, kInsert };
 
-/// An array by its rules: elements behind each other, and the header's numbers.
+/// An array by its rules: the elements, and the numbers of the header.
 struct Model {
     Items list;
     int capacity, step, mode, keepFlag;
@@ -239,8 +239,8 @@ TEST(DynamicArray, RefusedEditsChangeNothing) {
 }
 
 TEST(DynamicArray, LargeProportionalGrowthFallsBackToTheLargestStep) {
-    // Another module's growth mode: 70000 elements would grow by 32766 times their number, beyond
-    // what a capacity can say.
+    // The growth mode of another module: 70000 elements would grow by 32766 times their number,
+    // which no capacity can hold.
     Array array(0, 70000, 4, kProportional);
     array.header().count = 70000;
     array.header().growMode = 32767;
@@ -261,9 +261,9 @@ TEST(DynamicArray, ExhaustedMemoryLeavesTheOldArray) {
     Items const before = array.list();
     amDynamicArrayHeader &header = array.header();
     amDynamicArrayHeader const real = header;
-    header.elementSize = 1; // two billion slots are two gigabytes, but one too many
+    header.elementSize = 1; // two gigabytes, but one slot more than the largest capacity
     EXPECT_EQ(array.data, amDynArrayRealloc(array.data, INT_MAX));
-    header.elementSize = 32767; // so many are 64 terabytes, and growing by less does not help
+    header.elementSize = 32767; // 64 terabytes; growing by less does not help
     header.growMode = kProportional;
     header.count = header.capacity = 2000000000;
     EXPECT_EQ(array.data, amDynArrayRealloc(array.data, INT_MAX - 9));
@@ -286,7 +286,7 @@ struct Watched : suDynamicArray<Item> {
     Change change{-7, -7};
 };
 
-// One slot in the virtual table, no virtual destructor, and the handle behind the table's pointer.
+// One slot in the virtual table, no virtual destructor, and the handle after the table's pointer.
 static_assert(std::is_polymorphic_v<suDynamicArray<int>>);
 static_assert(!std::has_virtual_destructor_v<suDynamicArray<int>>);
 static_assert(sizeof(suDynamicArray<int>) == 2 * sizeof(void *));
@@ -294,7 +294,8 @@ static_assert(sizeof(suDynamicArray<int>) == 2 * sizeof(void *));
 TEST(DynamicArrayOwner, AddCreatesGrowsAndNotifies) {
     Watched list;
     for (int i = 0; i < 1000; ++i) {
-        EXPECT_EQ(i, list.Add(i < 8 ? item(i) : list[i - 8])); // of its own storage from 8 on
+        EXPECT_EQ(
+            i, list.Add(i < 8 ? item(i) : list[i - 8])); // from 8 on an element of the list itself
         EXPECT_EQ(Change(i, i), list.change);
         EXPECT_EQ(i < 8 ? 8 : (i + 8) / 16 * 16 + 8, headerOf(list.Data()).capacity);
     }

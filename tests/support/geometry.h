@@ -17,7 +17,7 @@ namespace support {
 inline double below(double x) { return std::nextafter(x, -kInfinity); }
 inline double above(double x) { return std::nextafter(x, kInfinity); }
 
-/// The largest difference of a coordinate; NaN never passes for a small one.
+/// The largest difference of a coordinate; infinite where one is NaN.
 template <class A, class B>
 double gap(A const &a, B const &b) {
     double const d[] = {std::fabs(a.x() - b.x()), std::fabs(a.y() - b.y()),
@@ -42,7 +42,7 @@ inline ::testing::AssertionResult bitsEqual(char const *aText, char const *bText
     return result ? bitsEqual(aText, bText, a.scaling(), b.scaling()) : result;
 }
 
-/// A transform of exactly these fields, which no copy would let through.
+/// A transform of exactly these fields, including those that a copy would repair.
 inline mgXform_c raw(mgMatrix_c const &rotation, mgVector_c const &translation = {},
                      double scale = 1.0, int reflection = 0) {
     return vexmath::detail::makeXform(rotation, translation, scale, reflection);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the tests share: a seeded generator, comparison to the bit, and values that break things.
+// Shared by the tests: a seeded generator, comparison to the bit, and hostile values.
 
 #ifndef VEXMATH_TESTS_SUPPORT_NUMBERS_H
 #define VEXMATH_TESTS_SUPPORT_NUMBERS_H
@@ -53,7 +53,7 @@ public:
     /// One of the hostile values below.
     double hostile();
 
-    /// A record of doubles alone, each of them hostile, as one restored from a document may be.
+    /// A record of doubles, all of them hostile, as one restored from a document may be.
     template <class T>
     T hostile() {
         T record;
@@ -74,7 +74,7 @@ using Limits = std::numeric_limits<double>;
 inline constexpr double kInfinity = Limits::infinity(), kNaN = Limits::quiet_NaN();
 inline constexpr double kTiny = Limits::denorm_min(), kMin = Limits::min(), kMax = Limits::max();
 
-/// What a careless formula turns into a loop without end, a trap or a wrong answer.
+/// Values for which a careless formula loops for ever, traps or is wrong.
 inline constexpr double hostileValues[] = {
     0.0, -0.0, kTiny, -kTiny, kMin,  1e-300, 1e-17, 1e-8,      -1e-8,      1.0, -1.0,
     3e9, 1e18, 1e155, -1e155, 1e308, kMax,   -kMax, kInfinity, -kInfinity, kNaN};
@@ -83,20 +83,20 @@ inline double Random::hostile() {
     return hostileValues[below(static_cast<int>(std::size(hostileValues)))];
 }
 
-/// The same bits, so 0.0 and -0.0 differ. Any NaN equals any NaN: which payload and sign an
-/// operation gives to it is the compiler's choice.
+/// The same bits, so 0.0 and -0.0 differ. Any NaN equals any NaN: the compiler chooses its payload
+/// and sign.
 inline bool sameBits(double a, double b) {
     return std::memcmp(&a, &b, sizeof a) == 0 || (std::isnan(a) && std::isnan(b));
 }
 
-/// A number with the digits that tell it from its neighbours, and its bits.
+/// A number with all its digits, and its bits.
 inline std::string shown(double value) {
     std::ostringstream text;
     text << std::setprecision(17) << value << " (" << std::hexfloat << value << ")";
     return text.str();
 }
 
-// The same for points, vectors and what else has x(), y() and z().
+// The same for points, vectors and other classes with x(), y() and z().
 template <class A, class B>
 auto sameBits(A const &a, B const &b) -> decltype(a.z() == b.z()) {
     return sameBits(a.x(), b.x()) && sameBits(a.y(), b.y()) && sameBits(a.z(), b.z());

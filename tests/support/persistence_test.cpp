@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Archive records: their items, every shorter stream refused, and what a reader repairs or keeps.
+// Archive records: their items, the refusal of every shorter stream, and what a reader repairs.
 
 #include <vexmath/bbox.h>
 #include <vexmath/cone.h>
@@ -52,8 +52,8 @@ void load(T &object, std::string const &record, Read read) {
     EXPECT_EQ(record.size(), static_cast<std::size_t>(memory.stream.tellg()));
 }
 
-/// The object is stored as this record and read back from it, over another value, which every
-/// shorter stream leaves as it was.
+/// Checks that the object is stored as this record, and that reading the record into the target
+/// gives the object, while every shorter stream leaves the target unchanged.
 template <class Archive = su_CArchive, class T, class Read = decltype(restore),
           class Write = decltype(save)>
 void check(std::string const &record, T object, T target, Read read = restore, Write write = save) {
@@ -129,7 +129,7 @@ TEST(Persistence, TransformsAreRepairedAndStoredWithTheRotationTheyHave) {
 TEST(Persistence, RestoringATransformKeepsWhatTheRecordDoesNotHold) {
     Xform x = raw(quarter, {1.0, 2.0, 3.0}, 0.5, 1), y;
     x.addPerspectiveInfo(perspective);
-    // No rotation: the old one stays. Numbers are not checked, the reserved byte not looked at.
+    // No rotation: the old one stays. Numbers are not checked, and the reserved byte is ignored.
     load(x, bytes(no, 5e-09, 2e8, 0.0, -7e12, yes), restore);
     EXPECT_BITS_EQ(raw(quarter, {5e-09, 2e8, 0.0}, -7e12, 1), x);
     EXPECT_EQ(1, x.hasPerspective());
@@ -146,7 +146,7 @@ TEST(Persistence, TheRawFormDropsThePerspective) {
     EXPECT_EQ(skew + bytes(1ul, 0ul) + fields + bytes(0ul), stored(object, put));
     EXPECT_EQ(0, object.hasPerspective());
 
-    // Read: any flag but 0 is set, padding and the perspective's word carry no meaning.
+    // Read: any flag but 0 is set; the padding and the word of the perspective are ignored.
     target.addPerspectiveInfo(perspective);
     load(target, skew + bytes(64ul, 0xDEADul) + fields + bytes(0xDEADul), get);
     EXPECT_BITS_EQ(object, target);
@@ -159,7 +159,7 @@ TEST(Persistence, OtherRecordsAreTheirMembersAsTheyAre) {
     mgBBox_c box; // unset and inverted
     box.setSphereOnly(P(1.0, 2.0, 3.0), kNaN);
     box.setCornersOnly(P(7.0, 8.0, 9.0), root);
-    mgUnitVector_c longer; // not normalised either way
+    mgUnitVector_c longer; // normalised neither when written nor when read
     longer.set(7.0, 8.0, 9.0);
     mgModelPerspInfo_c model(1.0, 2.0, 3.0, 4.0);
     model.setMinFarClipPlaneDistance(5.0);

@@ -15,7 +15,7 @@ typedef struct point {
 
 int runPlainCallers(void);
 
-/// Does a function give the same bits inlined, where the compiler can, and as the library has it?
+/// Checks that a function gives the same bits inlined and called in the library.
 #define EXPECT_SAME_BITS(function)                                                                 \
     exported = function;                                                                           \
     function(a, b, inlined);                                                                       \
@@ -25,7 +25,7 @@ int runPlainCallers(void);
 static int runInlined(void) {
     typedef void operation(const float *, const float *, float *);
     operation *volatile exported;
-    float volatile const one = 1.0F; // which the compiler does not know
+    float volatile const one = 1.0F; // unknown to the compiler
     float a[16], b[16], inlined[16] = {0}, called[16] = {0};
     for (int i = 0; i < 16; ++i) {
         a[i] = one / (float)(i + 3);
