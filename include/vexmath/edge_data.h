@@ -29,11 +29,10 @@ struct ellipseEdgeData {
 
 /// A parabola or another conic arc, which can be read in two ways:
 /// - By vertex and focus: the arc from start to end of the parabola or hyperbola that has them.
-/// - By end tangents, as `mg_TessBConic` reads it: the vertex is where the tangents of start and
-/// end
-///   cross, and the focus lies on a line from the vertex to the chord. The fraction of that line up
-///   to the focus tells how far the arc stays from the vertex. The arc passes through the focus
-///   when the line meets the chord in its middle, else between focus and chord.
+/// - By end tangents, as `mg_TessBConic` reads it: the tangents at start and end cross in the
+///   vertex, and the focus lies on a line from the vertex to the chord. The closer it is to the
+///   vertex, the closer is the arc. The arc passes through the focus when that line meets the chord
+///   in its middle; otherwise it crosses the line between focus and chord.
 struct parabolaEdgeData {
     mgPoint_c vertex;
     mgPoint_c focus;

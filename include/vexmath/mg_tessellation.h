@@ -16,7 +16,8 @@
 // - count becomes 0, and *outArray and the list stay as they were, for degenerate input (see each
 //   function), for NaN in a point, where there would be more than 1e7 segments, and when memory is
 //   exhausted. One exception: a list that cannot grow loses all its elements.
-// Nothing throws. Infinite coordinates give some result or count 0.
+// Nothing throws. Infinite coordinates give some result or count 0. A normal that holds NaN counts
+// as null.
 // REQUIRES a record, points that are not null, and outArray or list. The points may lie in the
 // list.
 
@@ -33,8 +34,8 @@
 /// The first and the last point are *start and *end exactly. The points between have the distance
 /// of start from the center; the record's radius serves for the step and the test below only. An
 /// angle that differs from half a turn by strictly less than 1e-11 becomes half a turn.
-/// REQUIRES a normal perpendicular to the arc. With a null normal, or one that holds NaN, all
-/// points but the last lie on the line through start and center.
+/// REQUIRES a normal perpendicular to the arc. With a null normal all points but the last lie on
+/// the line through start and center.
 /// Degenerate: a radius strictly below 1e-09; start or end with every coordinate strictly within
 /// 1e-09 of the center's.
 VEXMATH_API void mg_TessArc(arcEdgeData const *arc, mgPoint_c const *start, mgPoint_c const *end,
@@ -63,8 +64,8 @@ VEXMATH_API void mg_TessEllipse(ellipseEdgeData const *ellipse, mgPoint_c const 
 ///
 /// The number of segments is 25 w / (2 f), rounded down, but at least 10, where f is the distance
 /// of focus and vertex, and w that of start and end measured across the axis. tol is ignored. The
-/// eccentricity is that of `mg_getConicEccentricity`, raised to 1 where it is less. All points are
-/// computed, the ends too: start and end tell where the arc ends across the axis only.
+/// eccentricity is that of `mg_getConicEccentricity`, limited to the range from 1 to 1e154. All
+/// points are computed, the ends too: start and end tell where the arc ends across the axis only.
 /// Degenerate: start and end equally far across the axis, to the bit. That is so for a normal that
 /// is null or parallel to the axis, and for a focus closer to the vertex than 3e-09.
 VEXMATH_API void mg_TessParabola(parabolaEdgeData const *parabola, double tol, mgPoint_c **outArray,
@@ -99,7 +100,8 @@ VEXMATH_API void mg_TessParabolaOrBConic(parabolaEdgeData const *curve, double t
 /// ellipse, 1 for a parabola, above 1 for a hyperbola. It is (|P - focus| - |vertex - focus|) / h,
 /// where h is the height of P above the vertex, signed, along the axis from vertex to focus; P is
 /// the end of larger h, or start when both are equal. 1 when h is 0, which includes a focus closer
-/// to the vertex than 3e-09. Negative or meaningless when both ends lie behind the vertex.
+/// to the vertex than 3e-09. Negative or meaningless when both ends lie behind the vertex. NaN in
+/// vertex or start gives NaN, in focus 1, and in end the value for start.
 VEXMATH_API double mg_getConicEccentricity(mgPoint_c const &focus, mgPoint_c const &vertex,
                                            mgPoint_c const &start, mgPoint_c const &end);
 

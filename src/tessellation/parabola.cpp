@@ -33,12 +33,15 @@ namespace {
 /// t^2 = 2 q h + (e^2 - 1) h^2 / 4. Its root is written with the sum in the denominator, so that
 /// e = 1 is no special case.
 class OpenConic {
+    /// The square of a larger number overflows.
+    static constexpr double kMostEccentric = 1e154;
+
 public:
     explicit OpenConic(parabolaEdgeData const &p)
         : vertex_(p.vertex), axis_(mg_Normalise(p.focus - p.vertex)),
           across_(mg_Normalise(mgUnitVector_c(p.normal) * axis_)), focal_(dist(p.focus, p.vertex)),
-          eccentricity_(std::max(mg_getConicEccentricity(p.focus, p.vertex, p.start, p.end), 1.0)) {
-    }
+          eccentricity_(std::clamp(mg_getConicEccentricity(p.focus, p.vertex, p.start, p.end), 1.0,
+                                   kMostEccentric)) {}
 
     double parameterOf(mgPoint_c const &p) const {
         return ((p - vertex_) % across_) / (2.0 * focal_);

@@ -61,6 +61,12 @@ TEST(TessParabola, AShortArcWhoseHeightIsLostToRoundingIsAParabola) {
     for (P const &p : points) EXPECT_TRUE(p.x() == 1e6 && std::fabs(p.y()) < 0.000148) << p.y();
 }
 
+TEST(TessParabola, AHyperbolaOfHugeEccentricityIsALine) {
+    P const end(1e-160, 1, 0);
+    for (P const &p : polylineOf({{}, {1, 0, 0}, {}, {}, end, {0, 0, 1}}))
+        EXPECT_TRUE(p.x() >= 0 && p.x() < 1e-150 && p.y() >= 0) << p.x() << ' ' << p.y();
+}
+
 TEST(ConicEccentricity, IsThatOfTheCurveThroughTheEndFartherAlongTheAxis) {
     for (double const e : {0.0, 0.5, 1.0, 2.0}) {
         parabolaEdgeData const c = conicOf(2, e, -0.25, 0.5);
