@@ -105,7 +105,7 @@ public:
 
     /// Moves corners and sphere. An unset box moves too, and stays unset up to rounding.
     VEXMATH_API void translate(mgVector_c const &v);
-    mgBBox_c &operator+=(mgVector_c const &v); ///< as translate
+    mgBBox_c &operator+=(mgVector_c const &v); ///< as translate; to enclose a point, use `|=`
     /// Adds d to the radius and moves every face outwards by d; a negative d shrinks. A radius that
     /// becomes negative or NaN unsets the box: corners and radius become those of a default box,
     /// and the sphere centre stays. Where shrinking carries low past high, both become their
@@ -132,6 +132,10 @@ public:
     /// Encloses p as well. A box that is not valid becomes the point: corners and centre p, radius
     /// 0; or unset if p holds NaN.
     ///
+    /// The corners widen to p. A sphere that does not reach p becomes the smallest sphere that
+    /// encloses it and p: the radius becomes (radius + distance of p from the centre) / 2. If that
+    /// sphere exceeds the farthest corner, it becomes the sphere through the corners instead.
+    ///
     /// If p holds NaN, the corners on that axis stay, the other coordinates still widen the
     /// corners, and the sphere stays. The box can then be invalid, so that the next point replaces
     /// it whole. The same happens after a point whose squared distance from the sphere centre
@@ -140,7 +144,7 @@ public:
     mgBBox_c &operator|=(mgPoint_c const &p);
     /// Encloses b as well, unless b is not valid. An unset box becomes b. This box need only be
     /// set: when it is not valid, its corners and its sphere are merged as they are. b may be this
-    /// box.
+    /// box. The sphere grows as for a point, to the smallest sphere around both spheres.
     ///
     /// When the squared distance of the sphere centres overflows, the corners widen, the radius
     /// becomes infinite and the centre NaN; with the switch on, the box becomes unset.
@@ -232,8 +236,9 @@ public:
                               double *tmax) const;
 
     /// Text form: low corner, then high corner, as six numbers with 16 significant digits,
-    /// separated by spaces; the last bit of a number may get lost. Zeros for an unset box; an
-    /// empty text when memory is exhausted. Written and read by the process's numeric locale.
+    /// separated by spaces; the last bit of a number may get lost. Zeros for an unset box, which
+    /// are read back as a set box, the point (0, 0, 0); an empty text when memory is exhausted.
+    /// Written and read by the process's numeric locale.
     VEXMATH_API void saveStringRep(CString &s) const;
     /// Reads six numbers back as two opposite corners, as the constructor does, and returns 1. What
     /// follows the sixth number is ignored: under a locale with a decimal point, a comma in that

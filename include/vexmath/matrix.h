@@ -28,9 +28,9 @@ struct Rows;
 /// - `transpose`, `operator+` and `operator-` set it, whatever the elements are.
 /// - Writing elements, `+=`, `zero`, `tensor`, `normalize` and the repair leave it as it was.
 ///
-/// These trust the flag: products of two matrices, == and the repair; in transforms composition,
-/// copying, inverse, saving and the rotation of unit vectors. Points and vectors test the elements.
-/// To get a flag that fits the elements, build the matrix from them.
+/// These trust the flag: products of two flagged matrices, == and the repair; in transforms
+/// composition, copying, inverse, saving and the rotation of unit vectors. Points and vectors test
+/// the elements. To get a flag that fits the elements, build the matrix from them.
 class mgMatrix_c {
 public:
     constexpr mgMatrix_c() = default; ///< the identity, flag set

@@ -16,10 +16,11 @@
 // - count becomes 0, and *outArray and the list stay as they were, for degenerate input (see each
 //   function), for NaN in a point, where there would be more than 1e7 segments, and when memory is
 //   exhausted. One exception: a list that cannot grow loses all its elements.
-// Nothing throws. Infinite coordinates give some result or count 0. A normal that holds NaN counts
-// as null.
-// REQUIRES a record, points that are not null, and outArray or list. The points may lie in the
-// list.
+// A list's listener is told (i, i) of each point that is appended. `mg_TessBConic` tells it
+// (0, count) once, when all points are there. With count 0 it is told nothing, unless the list
+// could not grow: then as by `Add` or `Adopt`. Nothing throws. Infinite coordinates give some
+// result or count 0. A normal that holds NaN counts as null. REQUIRES a record, points that are not
+// null, and outArray or list. The points may lie in the list.
 
 /// An arc from *start to *end, counter-clockwise about the record's normal; a full circle when the
 /// two are equal as points (every coordinate differs by strictly less than 1e-08).

@@ -56,8 +56,8 @@ public:
     int operator&(Code const &code) const;
 
     /// 1 when the numbers of elements are equal and each element of `other` is matched, else 0. So
-    /// two empty sets are equal, a set that holds 0 does not even equal itself, and {1, 2} == {1, 1}
-    /// but not the other way round. `!=` is 1 where this is 0, and 0 where this is 1.
+    /// two empty sets are equal, a set that holds 0 does not even equal itself, and {1, 2} == {1,
+    /// 1} but not the other way round. `!=` is 1 where this is 0, and 0 where this is 1.
     int operator==(Set const &other) const;
 
     /// 1 when `other` has no more elements than this set and each is matched, else 0. Duplicates

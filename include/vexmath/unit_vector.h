@@ -21,8 +21,9 @@ public:
     mgUnitVector_c(double x, double y, double z);
     /// REQUIRES three readable doubles.
     mgUnitVector_c(double const *xyz);
-    /// The direction of v. The flag is ignored; it only prevents an implicit conversion from vector
-    /// to direction.
+    /// The direction of v. The flag is ignored. Because of it no vector becomes a direction
+    /// implicitly: `mgUnitVector_c u = v` does not compile. `mgUnitVector_c(v)` compiles, by the
+    /// address of v's components, and gives the same direction.
     mgUnitVector_c(mgVector_c const &v, int flag);
     template <class N, vexmath::detail::IfNumber<N> = 0>
     mgUnitVector_c(N) = delete;
@@ -47,7 +48,8 @@ public:
 
     /// Rotates this direction, then normalises again, as the constructors do. Only the rotation of
     /// x is used. When it is flagged as the identity, this direction stays unchanged, whatever the
-    /// elements. Body in xform.h.
+    /// elements. It hides the inherited operators: `u *= 2.0` does not compile, and `2.0 * u` is a
+    /// vector. Body in xform.h.
     inline mgUnitVector_c &operator*=(mgXform_c const &x);
 };
 

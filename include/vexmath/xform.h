@@ -303,7 +303,8 @@ mgUnitVector_c operator*(mgUnitVector_c const &u, mgXform_c const &x);
 /// Raw archive form of thirty 32-bit words: the fields as they lie in memory, low words first, with
 /// the identity flag in word 18, the reflection flag in word 28, and 0 in words 19 and 29. It
 /// differs from the record of `save`: neither reads the other. The fields are stored and read as
-/// they are. Both directions free x's perspective record. A failing read leaves x as it was.
+/// they are. Both directions free x's perspective record; writing frees it before the first word,
+/// and so also when the archive then throws. A failing read leaves x as it was.
 VEXMATH_API su_CArchive &operator<<(su_CArchive &ar, mgXform_c &x);
 VEXMATH_API su_CArchive &operator>>(su_CArchive &ar, mgXform_c &x);
 

@@ -4,7 +4,6 @@
 #include <vexmath/select_type.h>
 
 #include <cstdint>
-#include <new>
 
 namespace {
 
@@ -26,20 +25,7 @@ bool isMatched(su_CDWordArray const &words, std::uint32_t word) {
 }
 
 void addAbsent(su_CDWordArray &words, std::uint32_t word) {
-    if (indexOf(words, word) >= 0) return;
-    try {
-        words.Add(word);
-    } catch (std::bad_alloc const &) { // the word is left out
-    }
-}
-
-/// Without the memory for a copy, the target ends up empty.
-void copyAll(su_CDWordArray &target, su_CDWordArray const &source) {
-    try {
-        target.Copy(source);
-    } catch (std::bad_alloc const &) {
-        target.RemoveAll();
-    }
+    if (indexOf(words, word) < 0) words.Add(word);
 }
 
 void removeFirst(su_CDWordArray &words, std::uint32_t word) {
@@ -59,12 +45,12 @@ SelectSet<Set, Code>::~SelectSet() = default;
 
 template <class Set, class Code>
 SelectSet<Set, Code>::SelectSet(SelectSet const &other) {
-    copyAll(words_, other.words_);
+    words_.Copy(other.words_);
 }
 
 template <class Set, class Code>
 SelectSet<Set, Code> &SelectSet<Set, Code>::operator=(SelectSet const &other) {
-    if (this != &other) copyAll(words_, other.words_);
+    if (this != &other) words_.Copy(other.words_);
     return *this;
 }
 

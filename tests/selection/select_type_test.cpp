@@ -5,8 +5,6 @@
 
 #include <vector>
 
-#include "support/failing_heap.h"
-
 namespace {
 
 using Codes = std::vector<long>;
@@ -95,22 +93,6 @@ TEST(SelectSets, RelateByMatchedElements) {
 TEST(SelectSets, OnlyTypesRefuseMinusOne) {
     EXPECT_EQ(Codes{}, codesOf(uoSelectType_c(uoSelTypes_e(-1))));
     EXPECT_EQ(Codes{-1}, codesOf(uoSelectConstraint_c(uoSelConstraint_e(-1))));
-}
-
-TEST(SelectSets, ExhaustedMemoryLeavesCodesOut) {
-    forBoth([](auto set, auto c) {
-        for (int number = 1; number <= 3; ++number) set.add(c(number));
-        support::forEachFailingAllocation([&] {
-            auto copy(set), assigned = c(7) | c(8);
-            assigned = set;
-            for (auto const &whole : {copy, assigned})
-                EXPECT_TRUE(whole == set || whole.getNumOfTypes() == 0);
-            auto joined = set | c(4), met = set.intersection(set);
-            (joined |= set).add(c(5));
-            EXPECT_TRUE(joined.getNumOfTypes() <= 5 && set.contains(met));
-        });
-        EXPECT_EQ(3, set.getNumOfTypes());
-    });
 }
 
 TEST(SelectSets, DuplicatesCountInComparisons) {

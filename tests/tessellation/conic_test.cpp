@@ -2,7 +2,6 @@
 // Conic arcs by their end tangents, and which records are read as such.
 
 #include "polyline.h"
-#include "support/failing_heap.h"
 
 namespace {
 
@@ -69,27 +68,6 @@ TEST(TessBConic, RefusesCoordinatesFrom1e100On) {
     EXPECT_EQ(254, segments(1));
     EXPECT_EQ(254, segments(0x1p332)); // 8.7e99
     for (double const size : {1e100, 1e150, kMax, kInfinity}) EXPECT_EQ(0, segments(size));
-}
-
-TEST(Tessellators, ExhaustedMemoryMakesNothing) {
-    parabolaEdgeData const conic = conicOf(0.5);
-    arcEdgeData const arc{{}, {0, 0, 1}, 1};
-    P const start(1, 0, 0), end(0, 1, 0);
-    auto const check = [](int segments, auto tessellate) {
-        forEachFailingAllocation([&] {
-            P *array = nullptr;
-            int count = -1, listed = -1;
-            tessellate(&array, count, nullptr);
-            EXPECT_EQ(count, array != nullptr ? segments : 0);
-            delete[] array;
-            suDynamicArray<P> list;
-            tessellate(nullptr, listed, &list);
-            EXPECT_EQ(listed, list.Count() > 0 ? segments : 0);
-            EXPECT_TRUE(listed == 0 || list.Count() == segments + 1);
-        });
-    };
-    check(254, [&](auto a, int &n, auto l) { mg_TessBConic(&conic, 1, a, n, l); });
-    check(120, [&](auto a, int &n, auto l) { mg_TessArc(&arc, &start, &end, 0, a, n, l); });
 }
 
 TEST(TessBConic, FollowsACircleWhoseTangentsAreKnown) {
