@@ -133,8 +133,9 @@ public:
     /// 0; or unset if p holds NaN.
     ///
     /// The corners widen to p. A sphere that does not reach p becomes the smallest sphere that
-    /// encloses it and p: the radius becomes (radius + distance of p from the centre) / 2. If that
-    /// sphere exceeds the farthest corner, it becomes the sphere through the corners instead.
+    /// encloses it and p: the radius becomes (radius + distance of p from the centre) / 2. If its
+    /// radius exceeds the distance of its centre from the farthest corner, it becomes the sphere
+    /// through the corners instead.
     ///
     /// If p holds NaN, the corners on that axis stay, the other coordinates still widen the
     /// corners, and the sphere stays. The box can then be invalid, so that the next point replaces

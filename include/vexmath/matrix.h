@@ -21,16 +21,17 @@ struct Rows;
 /// transpose.
 ///
 /// The flag is a cache and not a test of the elements:
-/// - Constructors from nine doubles or three rows, products, `inverse` and `restore` compute it: it
-///   is set when every component of every row differs from that of its axis by strictly less than
-///   1e-12.
+/// - Constructors from nine doubles or three rows, products, `inverse`, `restore` and
+///   `mg_RotationMatrix` compute it: it is set when every component of every row differs from that
+///   of its axis by strictly less than 1e-12.
 /// - Copies copy it.
 /// - `transpose`, `operator+` and `operator-` set it, whatever the elements are.
 /// - Writing elements, `+=`, `zero`, `tensor`, `normalize` and the repair leave it as it was.
 ///
-/// These trust the flag: products of two flagged matrices, == and the repair; in transforms
-/// composition, copying, inverse, saving and the rotation of unit vectors. Points and vectors test
-/// the elements. To get a flag that fits the elements, build the matrix from them.
+/// These trust the flag: ==, the repair, and a product when both matrices are flagged; in
+/// transforms composition, copying, inverse, saving and the rotation of unit vectors. Products with
+/// one flagged matrix, points and vectors go by the elements. To get a flag that fits the elements,
+/// build the matrix from them.
 class mgMatrix_c {
 public:
     constexpr mgMatrix_c() = default; ///< the identity, flag set

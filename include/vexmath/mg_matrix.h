@@ -27,9 +27,9 @@ VEXMATH_API mgMatrix_c mg_RotationMatrix(double angle, mgVector_c const &axis, d
 /// REQUIRES room for two. With the discriminant D = b^2 - 4ac:
 /// - |a| < 1e-13, or a is NaN: the equation is linear. One root -c / b, or none when |b| < 1e-13 or
 ///   b is NaN.
-/// - D >= 1e-13: two roots, not sorted. (-b - sqrt(D)) / 2a comes first, which is the larger one
+/// - D >= 1e-13: two roots, not sorted. (-b - sqrt(D)) / (2 a) comes first, which is the larger one
 ///   for a negative a.
-/// - -1e-13 <= D < 1e-13: the double root -b / 2a is written twice; returns 2.
+/// - -1e-13 <= D < 1e-13: the double root -b / (2 a) is written twice; returns 2.
 /// - D < -1e-13, or D is NaN: none.
 ///
 /// Roots may be infinite or NaN when values overflow (coefficients above 1e150). The root of a

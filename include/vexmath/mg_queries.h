@@ -262,8 +262,8 @@ VEXMATH_API int convexHull(suDynamicArray<mg2DPoint_c> &input, suDynamicArray<mg
 /// fit.
 ///
 /// The listener of `order` is told that it is empty, (0, -1), then of each index from 0 to n - 1,
-/// as by `Add`, then of the path, (0, n - 1), when n >= 3 and memory is not exhausted. When
-/// `order` ends up empty although n > 0, it is told (0, -1) instead.
+/// as by `Add`, then of the path, (0, n - 1), when n >= 3 and memory is not exhausted. When memory
+/// is exhausted so that `order` ends up empty, the last call is (0, -1).
 ///
 /// About n^2 work for finite points; n^3 when a distance is infinite or NaN.
 /// Method: D. J. Rosenkrantz, R. E. Stearns, P. M. Lewis, "An analysis of several heuristics for

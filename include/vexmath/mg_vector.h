@@ -10,7 +10,8 @@
 /// Brings a periodic parameter into one period. REQUIRES param not null.
 ///
 /// Without endParam (null), *param ends in [0, period]. A positive multiple of the period, or a
-/// value strictly less than 1e-11 above one, becomes the period and not 0. 0 stays 0. A
+/// value that exceeds such a multiple by strictly less than 1e-11, becomes the period and not 0. 0
+/// stays 0. A
 /// negative multiple becomes 0, or by rounding the period.
 ///
 /// With endParam, *param starts an interval and *endParam ends it. *param ends in [0, period); it

@@ -45,11 +45,12 @@ public:
 /// scale is applied only when |scale - 1| > 1e-08, so a scale of NaN is not. Row i of the rotation
 /// is the image of coordinate axis i. `a * b` applies a first, then b.
 ///
-/// Only the two `iValidateRepair` functions check the fields. The rotation is normally orthonormal,
-/// and composition keeps it so. Points and vectors go by its elements: an exact identity is not
-/// multiplied. Unit vectors, composition, copies, `inverse`, `isIdentity`, `equals` and `save`
-/// trust its identity flag (see `mgMatrix_c`). The reflection flag changes no point and no vector:
-/// the mirror factories set it and also mirror by their matrix.
+/// Only `save`, the two `iValidateRepair` functions and the copy rules below correct the fields.
+/// The rotation is normally orthonormal, and composition keeps it so. Points and vectors go by its
+/// elements: an exact identity is not multiplied. Unit vectors, composition, copies, `inverse`,
+/// `isIdentity`, `equals` and `save` trust its identity flag (see `mgMatrix_c`). The reflection
+/// flag changes no point and no vector: the mirror factories set it and also mirror by their
+/// matrix.
 ///
 /// **Copies change the value**, by the copy rules:
 /// - A scale that is NaN or not strictly between 1.0000000000000002e-13 and 6e12 becomes 1.
@@ -138,10 +139,10 @@ public:
 
     /// Snaps a nearly axis-aligned rotation; see `mgMatrix_c::iValidateRepairOrthonormality`.
     VEXMATH_API int iValidateRepairRotationMatrix();
-    /// Sets a translation x or y that is above 1e8 in absolute value to 0, and a scale outside
-    /// [1.0000000000000002e-13, 6e12] or NaN to 1. Returns 1 when something was repaired, else 0.
-    /// Translation z is not looked at, a NaN in x or y is kept, and so is a scale on a bound, which
-    /// a copy would replace.
+    /// Sets each of translation x and y that is above 1e8 in absolute value to 0, and a scale
+    /// outside [1.0000000000000002e-13, 6e12] or NaN to 1. Returns 1 when something was repaired,
+    /// else 0. Translation z is not looked at, a NaN in x or y is kept, and so is a scale on a
+    /// bound, which a copy would replace.
     VEXMATH_API int iValidateRepairXForm();
 
     /// Copies the record's four fields to *out and returns 1; without a record returns 0 and leaves
@@ -219,9 +220,9 @@ public:
 
     /// Text form: the sixteen numbers of `getGLData` with 16 digits, separated by spaces; NaN and
     /// infinity as the C library writes them. The text is empty when memory is exhausted. Written
-    /// and read by the process's numeric locale: a
-    /// text written with a decimal comma is refused where a decimal point is set, unless all its
-    /// numbers are whole, and the other way round. Store texts written under the "C" locale.
+    /// and read by the process's numeric locale: a text written with a decimal comma is refused
+    /// where a decimal point is set, unless all its numbers are whole, and the other way round.
+    /// Store texts written under the "C" locale.
     VEXMATH_API void saveStringRep(CString &s) const;
     /// Reads sixteen numbers, assigns the transform that `createFromGLData` makes of them, by the
     /// copy rules, and returns 1. Text after them is ignored. With fewer numbers it returns 0 and

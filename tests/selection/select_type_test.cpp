@@ -5,6 +5,8 @@
 
 #include <vector>
 
+#include <gtest/gtest.h>
+
 namespace {
 
 using Codes = std::vector<long>;
