@@ -13,7 +13,7 @@
 struct arcEdgeData {
     mgPoint_c center;
     double normal[3] = {}; ///< normalised on use
-    double radius = 0.0;   ///< tolerances refer to it; the arc drawn has the distance of its start
+    double radius = 0.0;   ///< sets the steps; the drawn radius is the distance of the start
 };
 
 /// An arc of an ellipse, from start to end, turning from the major to the minor direction.

@@ -37,8 +37,8 @@ public:
     /// Removes the first occurrence of the code, if there is one.
     void unset(Code const &code);
 
-    /// Removes the first occurrence of each element of `other`. If that is this set, it becomes
-    /// empty.
+    /// For each element of `other` in order, removes its first occurrence here: {1, 1, 1} without
+    /// {1, 1} leaves {1}. If `other` is this set, it becomes empty.
     void unset(Set const &other);
 
     /// The elements of this set, then the code or the elements of `other`, each only once.

@@ -9,7 +9,7 @@
 
 // The sets are built when the library is loaded and destroyed when it is unloaded. In between the
 // library never changes one. A caller that does changes it for every user in the process. The
-// trailing comment gives the codes, in the order of `getTypes` and `getIndex`.
+// comment at each set gives its codes, in the order of `getTypes` and `getIndex`.
 
 extern VEXMATH_API uoSelectType_c uo_GenSelLOCATIONS;  ///< -2
 extern VEXMATH_API uoSelectType_c uo_GenSelOBJHANDLES; ///< 48

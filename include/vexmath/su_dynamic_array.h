@@ -28,6 +28,7 @@ inline amDynamicArrayHeader const *headerOf(void const *array) {
 /// Owner of one dynamic array of T. Its handle is null until the first element is stored. From then
 /// on the storage is a block as `dynamic_array.h` describes it, with a capacity of 8 that grows
 /// linearly by 16. Copies copy the storage.
+/// REQUIRES a trivially copyable T of at most 32767 bytes, aligned as std::max_align_t or less.
 ///
 /// A derived class may override `elementsChanged` to be notified of new elements. That is the only
 /// slot of the virtual table, and the handle is the only member: other modules lay out the class

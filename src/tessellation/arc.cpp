@@ -75,9 +75,9 @@ void mg_TessArc(arcEdgeData const *arc, mgPoint_c const *start, mgPoint_c const 
     double const sweep = sweepOf(centre, x, y, first, last);
     int const n = vexmath::detail::segmentsOfSweep(sweep, stepOf(sweep, tol, arc->radius));
 
-    // One sine and one cosine; each rotation is the one before, rotated by the same step. They are
-    // computed two points ahead: each depends on the one before, while nothing depends on a point,
-    // and a processor runs the oldest instruction that is ready first.
+    // One sine and one cosine; each rotation is the one before, rotated by the same step. The
+    // rotations are computed two points ahead of their use. Each needs the one before, and none
+    // needs a point: computed early, they do not wait while the processor computes points.
     Rotation const step{std::cos(sweep / n), std::sin(sweep / n)};
     Rotation const once = Rotation{1.0, 0.0}.by(step);
     output.append(n, [=, following = once, next = once.by(step)](int i) mutable -> mgPoint_c {

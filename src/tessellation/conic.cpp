@@ -47,7 +47,7 @@ struct Sample {
     Parameter parameter;
     mgPoint_c point;
     mgVector_c tangent; ///< of any length
-    double resolution;  ///< by about how much rounding can have moved the point
+    double resolution;  ///< about how far rounding can have moved the point
 };
 
 double largestCoordinate(mgPoint_c const &p) {
@@ -117,6 +117,7 @@ bool refine(BlendedConic const &curve, mgVector_c const &normal,
         mgVector_c const chord = right.point - left.point;
         Parameter const a = left.parameter, b = right.parameter;
         Parameter const middle{0.5 * (a.t + b.t), 0.5 * (a.u + b.u)};
+        // The chord reaches its resolution first; this only excludes an endless loop.
         bool const canHalve = middle != a && middle != b;
         if (canHalve && chord.len() > std::max(left.resolution, right.resolution)
             && isOff(chord, left, right, normal)) {
@@ -135,8 +136,9 @@ bool refine(BlendedConic const &curve, mgVector_c const &normal,
 
 void mg_TessBConic(parabolaEdgeData const *conic, double /*tol*/, mgPoint_c **outArray, int &count,
                    suDynamicArray<mgPoint_c> *list) {
-    /// Smallest coordinate that is refused. Below it neither squares of lengths overflow nor
-    /// weighted points, because the weight is at most the distance to the chord over 3e-09.
+    /// Smallest coordinate, in absolute value, that is refused. Below it no square of a length and
+    /// no weighted point overflows: the weight is at most the distance from the vertex to the chord
+    /// divided by 3e-09.
     constexpr double kTooLarge = 1e100;
     vexmath::detail::PolylineOutput const output(outArray, count, list);
     for (mgPoint_c const &p : {conic->vertex, conic->focus, conic->start, conic->end})

@@ -18,8 +18,7 @@ public:
         : centre_(e.center), major_(e.majorDir), minor_(e.minorDir), a_(e.majorRadius),
           b_(e.minorRadius) {}
 
-    /// The angle on the circle of the point whose image is p, or lies on the ray from the centre to
-    /// p.
+    /// The angle on the circle of the point whose image lies on the ray from the centre through p.
     double angleOf(mgPoint_c const &p) const {
         mgVector_c const v = p - centre_;
         return std::atan2((v % minor_) / b_, (v % major_) / a_);

@@ -33,7 +33,7 @@ namespace {
 /// t^2 = 2 q h + (e^2 - 1) h^2 / 4. Its root is written with the sum in the denominator, so that
 /// e = 1 is no special case.
 class OpenConic {
-    /// The square of a larger number overflows.
+    /// Upper limit of the eccentricity. Its square does not overflow.
     static constexpr double kMostEccentric = 1e154;
 
 public:
