@@ -236,7 +236,7 @@ public:
     VEXMATH_API void limitRay(mgPoint_c const &p, mgUnitVector_c const &dir, double *tmin,
                               double *tmax) const;
 
-    /// Text form: low corner, then high corner, as six numbers with 16 significant digits,
+    /// Text form: low corner, then high corner, as six numbers as by `%.16g` (up to 16 digits),
     /// separated by spaces; the last bit of a number may get lost. Zeros for an unset box, which
     /// are read back as a set box, the point (0, 0, 0); an empty text when memory is exhausted.
     /// Written and read by the process's numeric locale.

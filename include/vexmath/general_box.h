@@ -27,9 +27,10 @@ public:
     /// one is zero, p is inside if its projection on the other one is within that length, wherever
     /// p is otherwise. When both are zero, every point is inside. A p that holds NaN is outside.
     VEXMATH_API bool isPointInside(mgPoint_c const &p) const;
-    /// The corner farthest against dir as low and the one farthest along dir as high; but the
-    /// corner opposite to the first is never high. Of equally far ones the first in this order:
-    /// corner, end of edge 1, end of edge 2, opposite corner. So a null dir, or NaN in it, gives
+    /// low becomes the corner farthest against dir. high becomes the one farthest along dir among
+    /// three: the root corner and the ends of edges 1 and 2. The fourth corner is never high. Of
+    /// equally far ones the first in this order: root corner, end of edge 1, end of edge 2, fourth
+    /// corner. So a null dir, or NaN in it, gives
     /// the corner twice. False, with the outputs unchanged, when a length is not above 0, or is
     /// NaN.
     VEXMATH_API bool getExtremPts(mgUnitVector_c const &dir, mgPoint_c &low, mgPoint_c &high) const;

@@ -127,7 +127,7 @@ VEXMATH_API mgXform_c mg_PlaneToPlane(mgPoint_c const &p1, mgVector_c const &nor
 ///
 /// The inverse is that of the view's rotation, scale and translation; with a record, of a copy by
 /// the copy rules. *inverseOut becomes that inverse; inverseOut may be null. The outputs may alias
-/// p and view.
+/// p and view. Nothing is allocated.
 VEXMATH_API void mg_getModelSpaceViewRay(mgXform_c const &view, mgPoint_c const &p, int pIsScreen,
                                          mgPoint_c &rayPoint, mgUnitVector_c &rayDir, int &isCamera,
                                          mgXform_c *inverseOut);

@@ -58,7 +58,7 @@ public:
     // its new value. A view without a perspective record has no near clip plane: the first two
     // functions then only apply the inverse of a copy of the view (xform.h has the copy rules). The
     // line of sight of the other two begins at `rayPoint` of `mg_getModelSpaceViewRay` and has the
-    // direction `rayDir`, both computed for this point as a screen point.
+    // direction `rayDir`, both computed for this point as a screen point. None of them allocates.
 
     /// The model point on the near clip plane that is seen at this point's x and y. This point's z
     /// is ignored when the view has a record. For a perspective camera with a plane distance of 0

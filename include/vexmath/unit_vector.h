@@ -8,13 +8,14 @@
 
 /// A direction: a vector of length 1 within rounding, or exactly (0, 0, 0) for "no direction".
 ///
-/// Each constructor with arguments normalises. It gives (0, 0, 0) when the squared length is
-/// strictly below 1e-17 (a length of about 3.2e-09), is NaN, or overflows (from a length of
-/// about 1.3e154 on); but an infinite component becomes NaN when no component is NaN. No flag and
-/// no error reports this: use `isNull()`, which is 0 for NaN.
+/// Each constructor from numbers, an array or a vector normalises. It gives (0, 0, 0) when the
+/// squared length is strictly below 1e-17 (a length of about 3.2e-09), is NaN, or overflows (from a
+/// length of about 1.3e154 on); but an infinite component becomes NaN when no component is NaN. No
+/// flag and no error reports this: use `isNull()`, which is 0 for NaN.
 ///
 /// These members of `mgVector_c` store their result without normalising, also here: the setters,
-/// `+=`, `-=`, `flip`, `restore`, and writing through the pointer.
+/// `+=`, `-=`, `flip`, `restore`, and writing through the pointer. Copies and assignments keep such
+/// numbers; `mgUnitVector_c(u, 0)` normalises again.
 class mgUnitVector_c : public mgVector_c {
 public:
     constexpr mgUnitVector_c() = default; ///< (0, 0, 0), no direction

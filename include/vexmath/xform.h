@@ -67,8 +67,9 @@ public:
 ///   the view given to `mgPoint_c::xformByPerspInverse` and `xformByPerspInverseVisible`
 /// - the functions of mg_transform.h that say so
 ///
-/// Values out of range are not reported. Exhausted memory for a record throws `std::bad_alloc` and
-/// leaves the transform unchanged. What the archive or the string throws is passed on.
+/// Values out of range are not reported. Only a transform that gets a record and has none needs
+/// memory: when it is exhausted, `std::bad_alloc` is thrown and the transform stays unchanged. What
+/// the archive or the string throws is passed on.
 class mgXform_c {
 public:
     mgXform_c() = default; ///< the identity
@@ -148,8 +149,8 @@ public:
     /// Copies the record's four fields to *out and returns 1; without a record returns 0 and leaves
     /// *out unchanged. REQUIRES out not null.
     VEXMATH_API int getPerspectiveInfo(mgPerspInfo_c *out) const;
-    /// Holds a copy of info's four base fields, as a plain `mgPerspInfo_c`, instead of the record
-    /// held before.
+    /// Holds a copy of info's four base fields, as a plain `mgPerspInfo_c`. It overwrites the
+    /// fields of a record that this transform already holds.
     VEXMATH_API void addPerspectiveInfo(mgPerspInfo_c const &info);
     VEXMATH_API void deletePerspectiveInfo(); ///< does nothing without a record
     /// Holds a copy of the source's record, or none when the source has none.
@@ -218,7 +219,8 @@ public:
     /// number of each column is ignored. The reflection flag is 0, also for a mirror.
     VEXMATH_API static mgXform_c createFromGLData(double const *gl);
 
-    /// Text form: the sixteen numbers of `getGLData` with 16 digits, separated by spaces; NaN and
+    /// Text form: the sixteen numbers of `getGLData` as by `%.16g` (up to 16 digits, an exponent
+    /// where needed), separated by spaces; NaN and
     /// infinity as the C library writes them. The text is empty when memory is exhausted. Written
     /// and read by the process's numeric locale: a text written with a decimal comma is refused
     /// where a decimal point is set, unless all its numbers are whole, and the other way round.
