@@ -12,8 +12,11 @@ import pathlib
 import re
 import sys
 
+from matplotlib import pyplot
+from matplotlib.ticker import PercentFormatter
+
 sys.path.insert(0, str(pathlib.Path(__file__).parents[1]))
-from svg_plot import COLOURS, Plot
+from figures import COLOURS, save
 
 ROUNDING = 2.0**-53
 ERROR_RANGE = (1e-18, 1.0)
@@ -55,24 +58,34 @@ def read(path):
 
 def plot(family, series, path):
     title, x_name, x_range, guides, tolerances = PLOTS[family]
+    figure, axes = pyplot.subplots(figsize=(9, 5))
+    axes.set(xscale="log", xlim=x_range, xlabel=x_name, title=title)
     if family == "well-scaled":  # x is the share of the problems there
-        result = Plot(title, x_name, x_range, "share of the problems", None)
+        axes.set(ylabel="share of the problems", ylim=(0.0, 1.0))
+        axes.yaxis.set_major_formatter(PercentFormatter(1.0))
         for colour, (name, points) in zip(COLOURS, series.items()):
-            result.curve(name, [(error, share) for share, error, _ in points],
-                         f'stroke="{colour}" stroke-width="2"')
+            axes.plot(*zip(*((max(error, x_range[0]), share) for share, error, _ in points)),
+                      color=colour, linewidth=2, label=name)
     else:
-        result = Plot(title, x_name, x_range, "median error; thin: worst", ERROR_RANGE)
+        axes.set(yscale="log", ylabel="median error; thin: worst", ylim=ERROR_RANGE)
         for row, (x, label) in enumerate(tolerances):
-            result.tolerance(x, label, row)
+            axes.axvline(x, color="#888888", linestyle=":")
+            at_right = math.log10(x / x_range[0]) > 0.5 * math.log10(x_range[1] / x_range[0])
+            axes.annotate(label, (x, 1.0), xycoords=("data", "axes fraction"),
+                          xytext=(-4 if at_right else 4, -16 - 14 * row),
+                          textcoords="offset points", ha="right" if at_right else "left",
+                          color="#555555", fontsize=9)
         for label, error, (low, high) in guides:
-            result.curve(label, [(x, error(x)) for x in (low, high)],
-                         'stroke="black" stroke-dasharray="6 4"')
+            axes.plot([low, high], [error(low), error(high)], color="black", linestyle="--",
+                      label=label)
         for colour, (name, points) in zip(COLOURS, series.items()):
-            result.curve(name, [(x, median) for x, median, _ in points],
-                         f'stroke="{colour}" stroke-width="2.5"')
-            result.curve(None, [(x, worst) for x, _, worst in points],
-                         f'stroke="{colour}" stroke-width="0.8"')
-    result.write(path)
+            x, medians, worst = zip(*points)
+            axes.plot(x, [max(e, ERROR_RANGE[0]) for e in medians], color=colour, linewidth=2.5,
+                      label=name)
+            axes.plot(x, [max(e, ERROR_RANGE[0]) for e in worst], color=colour, linewidth=0.8)
+    axes.legend(loc="upper center", bbox_to_anchor=(0.5, -0.12), ncol=2)
+    save(figure, path)
+    pyplot.close(figure)
 
 
 def table(family, series, wanted):
