@@ -238,8 +238,9 @@ VEXMATH_API int mg_Find3PointArcCenter(mgPoint_c const *pts, mgPoint_c *center,
 /// also lose a corner: points on the first edge can remove one of its ends. NaN and infinite points
 /// give an unspecified hull.
 ///
-/// The input's listener is told of each removal, first to last, as (index, last index after the
-/// removal); the index is one larger when the last point was removed. The distinct points are in
+/// The input's listener is told of each removal, first to last, as (index of the removed duplicate
+/// in the sorted array as it is then, last index after the removal). When the last point is
+/// removed, the first number is therefore one larger than the second. The distinct points are in
 /// their final places before the first call; behind them lie copies of points, as many as there are
 /// removals to come. The hull's listener is told (index, index) of each point
 /// that is appended, also of those that are removed again, and not of their removal. When `hull`
@@ -283,7 +284,9 @@ VEXMATH_API void mg_OpenTSP(suDynamicArray<mgPoint_c> &points, suDynamicArray<in
 /// Method: C. A. R. Hoare, "Quicksort", 1962, with the median of three as pivot.
 VEXMATH_API void mg_pointQuickSort(mgPoint_c *points, int first, int last);
 /// Sorts the same range by the same order, by selection: each place, from first on, swaps its point
-/// with the least of the points from there to last, the earliest of equal ones. Does nothing unless
+/// with the least of the points from there to last, the earliest of equal ones. A scan from the
+/// place on keeps a point until a later one is less than it, which decides where NaN or the
+/// tolerance leave no order. Does nothing unless
 /// first < last. Quadratic work. Never allocates.
 VEXMATH_API void mg_pointSelectionSort(mgPoint_c *points, int first, int last);
 

@@ -16,10 +16,10 @@
 // - count becomes 0, and *outArray and the list stay as they were, for degenerate input (see each
 //   function), for NaN in a point, where there would be more than 1e7 segments, and when memory is
 //   exhausted. One exception: when there is no memory for the list itself, it loses all elements.
-// The list's `elementsChanged` is called with (i, i) after each point that is appended. By
-// `mg_TessBConic` it is called once, with (0, count). When the list loses its elements, the last
-// call has (-1, -1); by `mg_TessBConic` it is the only one and has (0, -1). In all other cases of
-// count 0 there is no call.
+// The list's `elementsChanged` is called with (i, i) after each point that is appended; i is its
+// index in the list. By `mg_TessBConic` it is called once, with (0, count). When the list loses its
+// elements, the last call has (-1, -1); by `mg_TessBConic` it is the only one and has (0, -1). In
+// all other cases of count 0 there is no call.
 // Nothing throws. Infinite coordinates give some result or count 0. A normal that holds NaN counts
 // as null. REQUIRES a record, points that are not null, and outArray or list. The points may lie in
 // the list.

@@ -84,7 +84,8 @@ class mgTessPoint2D_c {
 public:
     constexpr mgTessPoint2D_c() = default; ///< (0, 0, 0)
     constexpr mgTessPoint2D_c(float px, float py, float pz) : x(px), y(py), z(pz) {}
-    /// Each coordinate rounded to single precision, infinite beyond its range.
+    /// Each coordinate rounded to single precision, infinite beyond its range. Three ints are
+    /// ambiguous between the two constructors and do not compile.
     constexpr mgTessPoint2D_c(double px, double py, double pz)
         : x(static_cast<float>(px)), y(static_cast<float>(py)), z(static_cast<float>(pz)) {}
 

@@ -55,8 +55,8 @@ public:
     void Adopt(T *array);
 
     /// Appends a copy of `element`, which may be an element of this array. Notifies (index, index)
-    /// and returns the index. If the array cannot grow, it loses all its elements, notifies
-    /// (-1, -1) and returns -1.
+    /// and returns the index. If the array cannot grow, it loses its elements and its block,
+    /// notifies (-1, -1) and returns -1.
     int Add(T const &element);
 
     /// Elements in use.
