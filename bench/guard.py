@@ -15,7 +15,7 @@ import sys
 
 LIMIT = 1.03
 STORED = pathlib.Path(__file__).with_name("guard.txt")
-NEED_VECTOR_UNITS = ("transform array", "bounds of array", "compose", "inverse",
+NEED_SIMD = ("transform array", "bounds of array", "compose", "inverse",
                      "placed clash")
 
 
@@ -53,7 +53,7 @@ def update(counts, compiler):
     STORED.write_text("".join(lines), encoding="utf-8")
 
 
-def has_vector_units():
+def has_simd():
     return re.search(r"\bavx2\b", pathlib.Path("/proc/cpuinfo").read_text(encoding="utf-8"))
 
 
@@ -62,7 +62,7 @@ def compare(counts):
     before, failures = stored(), 0
     print(f"{'work':<34}{'before':>12}{'now':>12}")
     for work in before | counts:
-        if work in NEED_VECTOR_UNITS and not has_vector_units():
+        if work in NEED_SIMD and not has_simd():
             print(f"{work:<34}  this processor has no such units")
             continue
         old, new = before.get(work), counts.get(work)

@@ -80,7 +80,7 @@ constexpr int kRounds = 1000;
 /// So many numbers wait for nobody: while one is computed the others are.
 constexpr int kEnough = 12;
 
-/// Multiplies numbers and adds to them in turn. A macro: what a function without vector units does
+/// Multiplies numbers and adds to them in turn. A macro: what a function without SIMD does
 /// to four at a time is not done in one instruction, even where it is inlined.
 #define COMPUTE(Number, count, factor, keep)                                                       \
     for (auto _ : state) {                                                                         \

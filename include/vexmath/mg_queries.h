@@ -164,15 +164,8 @@ VEXMATH_API mgIntersectionType_e mg_CircleIntCircle2D(mgPoint_c const &c1, doubl
                                                       mgPoint_c const &c2, double const &r2,
                                                       mgPoint_c *out1, mgPoint_c *out2);
 
-// Planes.
+// Planes. `mg_LineIntPlane` is in plane.h.
 
-/// A line and a plane. They are parallel when the cosine between direction and normal is below
-/// 1e-08 in absolute value, which includes a zero direction or normal. Then InPlane when the line's
-/// root is nearer to the plane than 1e-08, and *out is that root; otherwise Parallel, and *out is
-/// not written. When they are not parallel: Point, *out is the crossing, and *param, unless param
-/// is null, is its signed distance from the root along the direction. Only Point writes *param.
-mgLinePlaneIntersectionType_e mg_LineIntPlane(mgLine_c const &line, mgPlane_c const &plane,
-                                              mgPoint_c *out, double *param);
 /// The segment from a to b and a plane: as `mg_LineIntPlane` for the line from a towards b, except
 /// that a Point more than 1e-08 before a or beyond b becomes Parallel; *out stays written. Ends
 /// that are nearer than about 3.2e-09 give no direction: InPlane or Parallel. *param, unless param
@@ -289,26 +282,5 @@ VEXMATH_API void mg_pointQuickSort(mgPoint_c *points, int first, int last);
 /// tolerance leave no order. Does nothing unless
 /// first < last. Quadratic work. Never allocates.
 VEXMATH_API void mg_pointSelectionSort(mgPoint_c *points, int first, int last);
-
-// -------------------------------------------------------------------------------------------------
-
-inline mgLinePlaneIntersectionType_e mg_LineIntPlane(mgLine_c const &line, mgPlane_c const &plane,
-                                                     mgPoint_c *out, double *param) {
-    /// Distance of the root below which it is in the plane; strict.
-    constexpr double kInPlane = 1e-08;
-    /// Cosine between direction and normal below which they are perpendicular; strict.
-    constexpr double kParallelCos = 1e-08;
-    double const height = (plane.rootPoint() - line.rootPoint()) % plane.normal();
-    double const rate = line.direction() % plane.normal();
-    if (std::fabs(rate) < kParallelCos) {
-        if (!(std::fabs(height) < kInPlane)) return mgLinePlane_Parallel;
-        *out = line.rootPoint();
-        return mgLinePlane_InPlane;
-    }
-    double const t = height / rate;
-    if (param != nullptr) *param = t;
-    *out = line.rootPoint() + t * line.direction();
-    return mgLinePlane_Point;
-}
 
 #endif

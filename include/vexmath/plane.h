@@ -61,6 +61,15 @@ public:
                                                                        int flag) const;
 };
 
+/// A line and a plane. They are parallel when the cosine between direction and normal is below
+/// 1e-08 in absolute value, which includes a zero direction or normal. Then InPlane when the line's
+/// root is nearer to the plane than 1e-08, and *out is that root; otherwise Parallel, and *out is
+/// not written. When they are not parallel: Point, *out is the crossing, and *param, unless param
+/// is null, is its signed distance from the root along the direction. Only Point writes *param.
+/// NaN in the cosine gives Point, and *out is NaN. out may point into line. REQUIRES unit length, or
+/// zero, of direction and normal; out not null.
+mgLinePlaneIntersectionType_e mg_LineIntPlane(mgLine_c const &line, mgPlane_c const &plane,
+                                              mgPoint_c *out, double *param);
 // -------------------------------------------------------------------------------------------------
 
 inline mgPlane_c::mgPlane_c(mgPoint_c const &root, mgUnitVector_c const &normal)
@@ -79,6 +88,25 @@ inline int mgPlane_c::pointPerp(mgPoint_c const &p, mgPoint_c *foot) const {
 inline int mgPlane_c::isPointOn(mgPoint_c const &p, double tol) const {
     double const reach = tol < 0.0 ? vexmath::kLengthTolerance : tol;
     return std::fabs((p - root_) % unit_) < reach;
+}
+
+inline mgLinePlaneIntersectionType_e mg_LineIntPlane(mgLine_c const &line, mgPlane_c const &plane,
+                                                     mgPoint_c *out, double *param) {
+    /// Distance of the root below which it is in the plane; strict.
+    constexpr double kInPlane = 1e-08;
+    /// Cosine between direction and normal below which they are perpendicular; strict.
+    constexpr double kParallelCos = 1e-08;
+    double const height = (plane.rootPoint() - line.rootPoint()) % plane.normal();
+    double const rate = line.direction() % plane.normal();
+    if (std::fabs(rate) < kParallelCos) {
+        if (!(std::fabs(height) < kInPlane)) return mgLinePlane_Parallel;
+        *out = line.rootPoint();
+        return mgLinePlane_InPlane;
+    }
+    double const t = height / rate;
+    if (param != nullptr) *param = t;
+    *out = line.rootPoint() + t * line.direction();
+    return mgLinePlane_Point;
 }
 
 #endif

@@ -5,7 +5,7 @@
 #include <vexmath/bbox.h>
 #include <vexmath/bulk.h>
 
-#include "vector/four_points.h"
+#include "simd/four_points.h"
 
 #include <algorithm>
 
@@ -103,7 +103,7 @@ int takeByFour(mgPoint_c const *, int, Run &) { return 0; }
 /// Takes points up to the first that does not belong to the run. Returns the number taken.
 int takeRun(mgPoint_c const *points, int count, mgBBox_c &box) {
     Run run(box);
-    int taken = vexmath::detail::hasVectorUnits() ? takeByFour(points, count, run) : 0;
+    int taken = vexmath::detail::hasSimd() ? takeByFour(points, count, run) : 0;
     for (; taken < count && run.holds(points[taken]); ++taken) run.widen(points[taken]);
     box.setCornersOnly(run.low, run.high);
     return taken;

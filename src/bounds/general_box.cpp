@@ -3,8 +3,8 @@
 
 #include <vexmath/bbox.h>
 #include <vexmath/general_box.h>
-#include <vexmath/mg_queries.h>
 #include <vexmath/mg_transform.h>
+#include <vexmath/plane.h>
 
 bool mgParallelogram_c::isPointInside(mgPoint_c const &p) const {
     /// Distance from the plane from which a point is off it; bound included.

@@ -6,8 +6,8 @@
 #include <vexmath/xform.h>
 
 #include "matrix/rows.h"
+#include "simd/wide_vector.h"
 #include "transform/without_record.h"
-#include "vector/wide_vector.h"
 
 #include <algorithm>
 
@@ -198,7 +198,7 @@ double sizesOf(mgPoint_c const &p, mgXform_c const &x) {
 
 double error(mgXform_c const &x) { return Rows::of(&x.rotation()[0]).error(); }
 
-/// The verdict without vector units. There only the sphere test is worth its cost.
+/// The verdict without SIMD. There only the sphere test is worth its cost.
 Verdict verdictBySpheres(Parts const &a, mgXform_c const &xa, Parts const &b, mgXform_c const &xb) {
     double const distanceSq = (placed(b.centre, xb) - placed(a.centre, xa)).sqlen();
     double const lengths = sizesOf(a.centre, xa) + sizesOf(b.centre, xb);
@@ -224,8 +224,8 @@ int mgBBox_c::clash(mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b,
     if (!a.isSet() || !b.isSet()) return 0;
     Parts const partsA = {a.low_, a.high_, a.sphCentre_, a.sphRadius_};
     Parts const partsB = {b.low_, b.high_, b.sphCentre_, b.sphRadius_};
-    Verdict const verdict = hasVectorUnits() ? verdictBySimd(partsA, xa, partsB, xb)
-                                             : verdictBySpheres(partsA, xa, partsB, xb);
+    Verdict const verdict = hasSimd() ? verdictBySimd(partsA, xa, partsB, xb)
+                                      : verdictBySpheres(partsA, xa, partsB, xb);
     if (verdict != Verdict::Close) return verdict == Verdict::Clash;
     mgXform_c const intoA = intoFrame(xa, xb);
 

@@ -2,7 +2,7 @@
 // Boxes and rays: the first hit of a ray, and the range of a box along a line.
 
 #include <vexmath/bbox.h>
-#include <vexmath/mg_queries.h>
+#include <vexmath/plane.h>
 
 #include "corners.h"
 

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
-// Planes: comparison, segments against them, the mirror in a plane, the line of two planes.
+// Planes: comparison, segments against them, projections, the mirror in a plane, the line of two
+// planes.
 
 #include <vexmath/mg_primitives.h>
 #include <vexmath/mg_transform.h>
 #include <vexmath/mg_vector.h>
 #include <vexmath/plane.h>
+
+#include "line_of_sight.h"
 
 #include <cmath>
 
@@ -83,4 +86,21 @@ int interLine(mgPlane_c const &a, mgPlane_c const &b, mgPoint_c *point, mgUnitVe
     if (point != nullptr) *point = pointOnBoth(a, b, u);
     if (dir != nullptr) *dir = u;
     return 1;
+}
+
+mgLinePlaneIntersectionType_e mgPlane_c::projectToPlane(mgXform_c const &x, mgPoint_c *p,
+                                                        int flag) const {
+    mgUnitVector_c const dir = mgUnitVector_c::zAxis() * x;
+    if (flag) *p *= x;
+    return mg_LineIntPlane(mgLine_c(*p, dir), *this, p, nullptr);
+}
+
+mgLinePlaneIntersectionType_e mgPlane_c::projectToPlaneOnViewLine(mgXform_c const &view,
+                                                                  mgPoint_c *p, int flag) const {
+    return mg_LineIntPlane(vexmath::detail::lineOfSight(view, p, flag), *this, p, nullptr);
+}
+
+mgPoint_c mgPoint_c::xformByPerspInversePlane(mgXform_c const &view, mgPlane_c const &plane) {
+    plane.projectToPlaneOnViewLine(view, this, 1);
+    return *this;
 }

@@ -4,7 +4,7 @@
 #include <vexmath/bulk.h>
 #include <vexmath/xform.h>
 
-#include "vector/four_points.h"
+#include "simd/four_points.h"
 
 namespace {
 
@@ -74,7 +74,7 @@ VEXMATH_AVX2 int placeByFour(mgPoint_c *points, int count, mgXform_c const &form
 int placeByFour([[maybe_unused]] mgPoint_c *points, [[maybe_unused]] int count,
                 [[maybe_unused]] mgXform_c const &x) {
 #if defined(VEXMATH_AVX2)
-    if (vexmath::detail::hasVectorUnits())
+    if (vexmath::detail::hasSimd())
         return scales(x.scaling()) ? placeByFour<true>(points, count, x)
                                    : placeByFour<false>(points, count, x);
 #endif

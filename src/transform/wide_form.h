@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Products and inverses of transforms in AVX2 registers, with the bits of the plain steps. REQUIRES
-// that `hasVectorUnits` is true.
+// that `hasSimd` is true.
 
 #ifndef VEXMATH_SRC_TRANSFORM_WIDE_FORM_H
 #define VEXMATH_SRC_TRANSFORM_WIDE_FORM_H
 
 #include <vexmath/xform.h>
 
-#include "matrix/wide_rows.h"
+#include "simd/wide_rows.h"
 
 #if defined(VEXMATH_AVX2)
 

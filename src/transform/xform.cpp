@@ -65,9 +65,9 @@ VEXMATH_ALWAYS_INLINE mgVector_c composedTranslation(mgVector_c const &t, mgXfor
 
 int exactlyOne(int a, int b) { return (a != 0) != (b != 0); }
 
-/// Can the vector units compute this product by the operations of the plain steps?
+/// Can SIMD compute this product by the operations of the plain steps?
 bool simdMultiplies(mgXform_c const &a, mgXform_c const &b) {
-    return vexmath::detail::hasVectorUnits() && a.rotate() && b.rotate()
+    return vexmath::detail::hasSimd() && a.rotate() && b.rotate()
            && !vexmath::detail::isExactIdentity(b.rotation());
 }
 
@@ -142,7 +142,7 @@ VEXMATH_NEVER_INLINE mgXform_c mgXform_c::inverseByRows() const {
 // mirror is flagged as a mirror. Kept: callers and stored data depend on it.
 // (test: InverseDropsMirrorAndPerspective)
 mgXform_c mgXform_c::inverse() const {
-    return rotate() && vexmath::detail::hasVectorUnits() ? inverseBySimd() : inverseByRows();
+    return rotate() && vexmath::detail::hasSimd() ? inverseBySimd() : inverseByRows();
 }
 
 double mgXform_c::inverseScale() const { return scales(scale_) ? 1.0 / scale_ : 1.0; }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Arrays of points, compared with the loop over the single operation; vector units, compared with
+// Arrays of points, compared with the loop over the single operation; SIMD, compared with
 // the plain steps.
 
 #include <vexmath/bbox.h>
@@ -50,7 +50,7 @@ TEST(Bulk, TransformedPointsAreThoseOfTheLoopToTheBit) {
     mg_SetUseVectorUnits(1);
 }
 
-TEST(VectorUnits, ChangeNoProductInverseOrClash) {
+TEST(Simd, ChangeNoProductInverseOrClash) {
     support::Random random;
     int clashes = 0;
     for (int round = 0; round < 30000; ++round) {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The steps of rows.h in AVX2 registers, with the same bits.
 
-#ifndef VEXMATH_SRC_MATRIX_WIDE_ROWS_H
-#define VEXMATH_SRC_MATRIX_WIDE_ROWS_H
+#ifndef VEXMATH_SRC_SIMD_WIDE_ROWS_H
+#define VEXMATH_SRC_SIMD_WIDE_ROWS_H
 
 #include "matrix/rows.h"
-#include "vector/wide_vector.h"
+#include "simd/wide_vector.h"
 
 #if defined(VEXMATH_AVX2)
 

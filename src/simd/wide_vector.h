@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Vectors and matrix rows in the first three lanes of AVX2 registers. Callers must test
-// `hasVectorUnits` first. The value of the fourth lane is unspecified.
+// `hasSimd` first. The value of the fourth lane is unspecified.
 
-#ifndef VEXMATH_SRC_VECTOR_WIDE_VECTOR_H
-#define VEXMATH_SRC_VECTOR_WIDE_VECTOR_H
+#ifndef VEXMATH_SRC_SIMD_WIDE_VECTOR_H
+#define VEXMATH_SRC_SIMD_WIDE_VECTOR_H
 
 #include <vexmath/matrix.h>
 
-#include "vector/vector_units.h"
+#include "simd/dispatch.h"
 
 #if defined(VEXMATH_AVX2)
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Four points at a time in AVX2 registers. Callers must test `hasVectorUnits` first.
+// Four points at a time in AVX2 registers. Callers must test `hasSimd` first.
 
-#ifndef VEXMATH_SRC_VECTOR_FOUR_POINTS_H
-#define VEXMATH_SRC_VECTOR_FOUR_POINTS_H
+#ifndef VEXMATH_SRC_SIMD_FOUR_POINTS_H
+#define VEXMATH_SRC_SIMD_FOUR_POINTS_H
 
 #include <vexmath/point.h>
 
-#include "vector/vector_units.h"
+#include "simd/dispatch.h"
 
 namespace vexmath::detail {
 

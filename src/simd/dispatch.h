@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Whether AVX2 code may run, and the marks of such code.
 
-#ifndef VEXMATH_SRC_VECTOR_VECTOR_UNITS_H
-#define VEXMATH_SRC_VECTOR_VECTOR_UNITS_H
+#ifndef VEXMATH_SRC_SIMD_DISPATCH_H
+#define VEXMATH_SRC_SIMD_DISPATCH_H
 
 #include <atomic>
 
@@ -19,17 +19,17 @@
 
 namespace vexmath::detail {
 
-/// 1 or 0 after the first call of findVectorUnits; negative before.
-extern std::atomic<int> vectorUnits;
+/// 1 or 0 after the first call of findSimd; negative before.
+extern std::atomic<int> simdState;
 
-/// Sets and returns vectorUnits, from the processor and the switch.
-int findVectorUnits();
+/// Sets and returns simdState, from the processor and the switch.
+int findSimd();
 
 /// May functions marked VEXMATH_AVX2 be called? The processor must have AVX2, and the switch of
 /// bulk.h must allow it.
-inline bool hasVectorUnits() {
-    int const known = vectorUnits.load(std::memory_order_relaxed);
-    return (known >= 0 ? known : findVectorUnits()) != 0;
+inline bool hasSimd() {
+    int const known = simdState.load(std::memory_order_relaxed);
+    return (known >= 0 ? known : findSimd()) != 0;
 }
 
 } // namespace vexmath::detail

@@ -3,17 +3,17 @@
 
 #include <vexmath/bulk.h>
 
-#include "vector/vector_units.h"
+#include "simd/dispatch.h"
 
 #include <cstdlib>
 #include <cstring>
 #include <mutex>
 
-std::atomic<int> vexmath::detail::vectorUnits{-1};
+std::atomic<int> vexmath::detail::simdState{-1};
 
 namespace {
 
-bool processorHasThem() {
+bool processorHasAvx2() {
 #if defined(VEXMATH_AVX2)
     __builtin_cpu_init(); // for calls from static constructors that run before the compiler's
     return __builtin_cpu_supports("avx2") != 0;
@@ -33,12 +33,12 @@ std::atomic<int> &use() {
 
 } // namespace
 
-int vexmath::detail::findVectorUnits() {
-    static int const available = processorHasThem() ? 1 : 0;
+int vexmath::detail::findSimd() {
+    static int const available = processorHasAvx2() ? 1 : 0;
     static std::mutex together; // the switch and the flag made from it must agree
     std::lock_guard<std::mutex> const lock(together);
     int const both = available & use().load(std::memory_order_relaxed);
-    vectorUnits.store(both, std::memory_order_relaxed);
+    simdState.store(both, std::memory_order_relaxed);
     return both;
 }
 
@@ -46,6 +46,6 @@ int mg_GetUseVectorUnits() { return use().load(std::memory_order_relaxed); }
 
 int mg_SetUseVectorUnits(int value) {
     int const previous = use().exchange(value != 0 ? 1 : 0, std::memory_order_relaxed);
-    vexmath::detail::findVectorUnits();
+    vexmath::detail::findSimd();
     return previous;
 }
