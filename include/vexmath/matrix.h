@@ -182,8 +182,7 @@ public:
     VEXMATH_API void restoreAsIs(CArchive &ar);
 
 private:
-    friend class mgXform_c;
-    VEXMATH_API friend mgMatrix_c operator*(mgMatrix_c const &a, mgMatrix_c const &b);
+    friend struct vexmath::detail::Rows;
 
     explicit mgMatrix_c(vexmath::detail::Rows const &rows); ///< as they are, the flag computed
 

@@ -14,17 +14,8 @@
 #include <vexmath_platform/string.h>
 
 namespace vexmath::detail {
-
-struct WideForm;
-
-/// A transform of exactly these fields, without a perspective record and without the copy rules.
-mgXform_c makeXform(mgMatrix_c const &rotation, mgVector_c const &translation, double scale = 1.0,
-                    int reflection = 0);
-
-/// A transform of exactly the fields of `built`, without the copy rules. It takes over the record.
-mgXform_c takeXform(mgXform_c &built);
-
-} // namespace vexmath::detail
+struct XformParts;
+}
 
 /// The fields of a transform as plain data, for modules that exchange transforms without sharing
 /// the class. Owns nothing: the record pointer is copied as it is and never freed here.
@@ -250,30 +241,11 @@ public:
 
 private:
     friend class mgPoint_c;
-    friend mgXform_c vexmath::detail::makeXform(mgMatrix_c const &, mgVector_c const &, double,
-                                                int);
-    friend mgXform_c vexmath::detail::takeXform(mgXform_c &);
-    VEXMATH_API friend mgXform_c mg_ScaleXform(mgXform_c x, double s);
-    VEXMATH_API friend mgXform_c operator*(mgXform_c const &a, mgXform_c const &b);
+    friend struct vexmath::detail::XformParts;
 
     /// Exactly these fields; the record is owned from now on.
     mgXform_c(mgMatrix_c const &rotation, mgVector_c const &translation, double scale,
-              int reflection, mgPerspInfo_c *perspective = nullptr);
-
-    // Product and inverse are constructed directly in the result, by rows or in SIMD registers.
-    mgXform_c(mgXform_c const &a, mgXform_c const &b);
-    mgXform_c(vexmath::detail::Rows const &inverse, mgXform_c const &of);
-    static mgXform_c productByRows(mgXform_c const &a, mgXform_c const &b);
-    static mgXform_c productBySimd(mgXform_c const &a, mgXform_c const &b);
-    mgXform_c inverseByRows() const;
-    mgXform_c inverseBySimd() const;
-    double inverseScale() const;
-    static mgXform_c fromWideForm(vexmath::detail::WideForm const &form, double scale,
-                                  int reflection);
-    void setRotationAndTranslation(vexmath::detail::WideForm const &form);
-    /// Sets rotation and translation to those of the product with b. Returns false and changes
-    /// nothing when the rotation may be the identity.
-    bool multiplyBySimd(mgXform_c const &b);
+              int reflection, mgPerspInfo_c *perspective);
 
     void copyByRules(mgXform_c const &source); ///< all but the record
     void followCopyRules();                    ///< as a copy of this transform would
@@ -281,7 +253,6 @@ private:
     /// record.
     VEXMATH_API VEXMATH_PURE mg2DPoint_c dividePerspective(double x, double y,
                                                            double z) const noexcept;
-    void restoreRecord(su_CArchive &ar, void (mgMatrix_c::*restoreRotation)(su_CArchive &));
 
     mgMatrix_c rotation_;
     mgVector_c translation_;
@@ -313,39 +284,7 @@ VEXMATH_API su_CArchive &operator>>(su_CArchive &ar, mgXform_c &x);
 
 // -------------------------------------------------------------------------------------------------
 
-namespace vexmath::detail {
-
-/// Scales strictly between these survive a copy.
-inline constexpr double kSmallestScale = 1.0000000000000002e-13;
-inline constexpr double kLargestScale = 6e12;
-
-/// The scale, or 1 when it is NaN, on a bound or beyond it.
-inline double scaleInRange(double s) { return s > kSmallestScale && s < kLargestScale ? s : 1.0; }
-
-/// Does a scale differ from 1 by strictly more than 1e-08?
-inline bool scales(double s) { return std::fabs(s - 1.0) > 1e-08; }
-
-/// The linear half of the point and vector rules. The elements decide whether to multiply, not the
-/// identity flag, which is stale after a caller has edited elements.
-inline mgVector_c rotatedAndScaled(double x, double y, double z, mgXform_c const &form) {
-    Elements const elements = form.rotation(); // before the test, so that a loop reads them once
-    mgVector_c v =
-        isExactIdentity(form.rotation()) ? mgVector_c(x, y, z) : rowTimes(x, y, z, elements);
-    if (scales(form.scaling())) v *= form.scaling();
-    return v;
-}
-
-/// A coordinate moved by a translation component. Subtracting the component's opposite leaves every
-/// coordinate unchanged when the component is 0 of either sign; adding 0.0 would change -0.0 to
-/// 0.0.
-inline double moved(double coordinate, double by) { return coordinate - (0.0 - by); }
-
-inline mgXform_c makeXform(mgMatrix_c const &rotation, mgVector_c const &translation, double scale,
-                           int reflection) {
-    return mgXform_c(rotation, translation, scale, reflection);
-}
-
-} // namespace vexmath::detail
+#include <vexmath/detail/xform_steps.h>
 
 inline mgXform_c::mgXform_c(mgMatrix_c const &rotation, mgVector_c const &translation, double scale,
                             int reflection, mgPerspInfo_c *perspective)
@@ -386,8 +325,8 @@ inline void mgXform_c::followCopyRules() {
 }
 
 inline mgPoint_c &mgPoint_c::operator*=(mgXform_c const &x) {
-    using vexmath::detail::moved;
-    mgVector_c const v = vexmath::detail::rotatedAndScaled(c_[0], c_[1], c_[2], x);
+    using namespace vexmath::detail;
+    mgVector_c const v = rotatedAndScaled(c_[0], c_[1], c_[2], x.rotation(), x.scaling());
     mgVector_c const &t = x.translation();
     double px = moved(v.x(), t.x()), py = moved(v.y(), t.y());
     double const pz = moved(v.z(), t.z());
@@ -407,7 +346,8 @@ inline mgPoint_c operator*(mgPoint_c const &p, mgXform_c const &x) {
 }
 
 inline mgVector_c &mgVector_c::operator*=(mgXform_c const &x) {
-    if (!null()) *this = vexmath::detail::rotatedAndScaled(c_[0], c_[1], c_[2], x);
+    using vexmath::detail::rotatedAndScaled;
+    if (!null()) *this = rotatedAndScaled(c_[0], c_[1], c_[2], x.rotation(), x.scaling());
     return *this;
 }
 

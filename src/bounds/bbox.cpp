@@ -7,7 +7,7 @@
 #include <vexmath/xform.h>
 
 #include "box_offsets.h"
-#include "transform/without_record.h"
+#include "transform/xform_parts.h"
 
 #include <algorithm>
 #include <cstdint>

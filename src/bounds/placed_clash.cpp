@@ -7,7 +7,7 @@
 
 #include "matrix/rows.h"
 #include "simd/wide_vector.h"
-#include "transform/without_record.h"
+#include "transform/xform_parts.h"
 
 #include <algorithm>
 

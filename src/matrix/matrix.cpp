@@ -87,7 +87,7 @@ bool vexmath::detail::endsLikeIdentity(mgMatrix_c const &m) noexcept {
 
 mgMatrix_c operator*(mgMatrix_c const &a, mgMatrix_c const &b) {
     if (a.isIdentity() && b.isIdentity()) return mgMatrix_c();
-    return mgMatrix_c(Rows::ofProduct(a, b).orthonormalised(false));
+    return Rows::ofProduct(a, b).orthonormalised(false).matrix();
 }
 
 int mgMatrix_c::isNearZero() const { return std::all_of(m_, m_ + 9, vexmath::detail::isTiny); }

@@ -16,8 +16,9 @@ inline constexpr double kElementTolerance = 1e-12;
 /// Sum of length and angle errors below which rows are left alone; strict.
 inline constexpr double kOrthonormalEnough = 1e-15;
 
-/// Three rows as values, which a chain of steps keeps in registers. All steps are inlined: a call
-/// writes the rows to memory and reads them back in other pieces, which takes longer than the step.
+/// Three rows as values, which a chain of steps keeps in registers. A friend of the matrix. All
+/// steps are inlined: a call writes the rows to memory and reads them back in other pieces, which
+/// takes longer than the step.
 struct Rows {
     struct Errors;
 
@@ -32,6 +33,9 @@ struct Rows {
     double error() const; ///< 0 of an orthonormal matrix
     /// The row vector v times the matrix of these rows.
     mgVector_c times(mgVector_c const &v) const;
+    mgMatrix_c matrix() const; ///< as they are, the flag computed
+
+    static void clearFlag(mgMatrix_c &m) { m.identity_ = 0; }
 };
 
 VEXMATH_ALWAYS_INLINE Rows Rows::ofProduct(mgMatrix_c const &a, mgMatrix_c const &b) {
@@ -95,5 +99,7 @@ VEXMATH_ALWAYS_INLINE mgMatrix_c::mgMatrix_c(vexmath::detail::Rows const &rows)
     : m_{rows.r0.x(), rows.r0.y(), rows.r0.z(), rows.r1.x(), rows.r1.y(),
          rows.r1.z(), rows.r2.x(), rows.r2.y(), rows.r2.z()},
       identity_(rowsAreAxes(vexmath::detail::kElementTolerance)) {}
+
+VEXMATH_ALWAYS_INLINE mgMatrix_c vexmath::detail::Rows::matrix() const { return mgMatrix_c(*this); }
 
 #endif

@@ -8,6 +8,7 @@
 #include <vexmath/plane.h>
 
 #include "line_of_sight.h"
+#include "transform/xform_parts.h"
 
 #include <cmath>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The steps of rows.h in AVX2 registers, with the same bits.
+// The steps of rows.h in AVX2 registers, with the same bits; writing rows to a matrix.
 
 #ifndef VEXMATH_SRC_SIMD_WIDE_ROWS_H
 #define VEXMATH_SRC_SIMD_WIDE_ROWS_H
@@ -10,6 +10,14 @@
 #if defined(VEXMATH_AVX2)
 
 namespace vexmath::detail {
+
+/// Writes the elements of m and clears its flag.
+VEXMATH_AVX2_STEP void storeRows(WideRows const &rows, mgMatrix_c &m) {
+    _mm256_storeu_pd(&m[0], rows.r0); // the next row overwrites the fourth lane
+    _mm256_storeu_pd(&m[3], rows.r1);
+    store(rows.r2, &m[6]);
+    Rows::clearFlag(m);
+}
 
 VEXMATH_AVX2_STEP Wide cross(Wide a, Wide b) { return turned(a * turned(b) - turned(a) * b); }
 

@@ -12,6 +12,7 @@
 #include <vexmath/xform.h>
 
 #include "matrix/rows.h"
+#include "transform/xform_parts.h"
 
 #include <cstdint>
 #include <cstring>
@@ -130,24 +131,30 @@ void mgXform_c::save(su_CArchive &ar) {
     ar << kReserved;
 }
 
-void mgXform_c::restoreRecord(su_CArchive &ar, void (mgMatrix_c::*restoreRotation)(su_CArchive &)) {
+namespace {
+
+void restoreRecord(mgXform_c &x, su_CArchive &ar,
+                   void (mgMatrix_c::*restoreRotation)(su_CArchive &)) {
+    using vexmath::detail::XformParts;
     // QUIRK: xform.h, mgXform_c::restore, mgXform_c::restoreAsIs: a record without a rotation
     // leaves the object's rotation as it was. Expected: the identity. Kept: callers and stored data
     // depend on it. (test: RestoringATransformKeepsWhatTheRecordDoesNotHold)
-    mgMatrix_c rotation = rotation_;
+    mgMatrix_c rotation = x.rotation();
     if (readByte(ar) != 0) (rotation.*restoreRotation)(ar);
     mgVector_c const translation = readTriple(ar);
     double const scale = readDouble(ar);
     readByte(ar); // reserved
 
-    rotation_ = rotation;
-    translation_ = translation;
-    scale_ = scale;
+    XformParts::rotation(x) = rotation;
+    XformParts::translation(x) = translation;
+    XformParts::scale(x) = scale;
 }
 
-void mgXform_c::restore(su_CArchive &ar) { restoreRecord(ar, &mgMatrix_c::restore); }
+} // namespace
 
-void mgXform_c::restoreAsIs(su_CArchive &ar) { restoreRecord(ar, &mgMatrix_c::restoreAsIs); }
+void mgXform_c::restore(su_CArchive &ar) { restoreRecord(*this, ar, &mgMatrix_c::restore); }
+
+void mgXform_c::restoreAsIs(su_CArchive &ar) { restoreRecord(*this, ar, &mgMatrix_c::restoreAsIs); }
 
 void mgXform_c::save(CArchive &ar) { save(itemArchive(ar)); }
 

@@ -4,6 +4,8 @@
 #include <vexmath/mg_matrix.h>
 #include <vexmath/mg_transform.h>
 
+#include "transform/xform_parts.h"
+
 using vexmath::detail::makeXform;
 using vexmath::detail::scaleInRange;
 
@@ -49,7 +51,7 @@ mgXform_c mg_RotateAtPoint(mgPoint_c const &p, double angle, mgVector_c const &a
 mgXform_c mg_ScaleXform(double s) { return makeXform(mgMatrix_c(), mgVector_c(), scaleInRange(s)); }
 
 mgXform_c mg_ScaleXform(mgXform_c x, double s) {
-    x.scale_ = scaleInRange(s);
+    vexmath::detail::XformParts::scale(x) = scaleInRange(s);
     return x;
 }
 

@@ -3,7 +3,7 @@
 
 #include <vexmath/gen_xform.h>
 
-#include "transform/without_record.h"
+#include "transform/xform_parts.h"
 
 #include <algorithm>
 #include <memory>

@@ -4,7 +4,7 @@
 #include <vexmath/mg_transform.h>
 #include <vexmath/mg_vector.h>
 
-#include "transform/without_record.h"
+#include "transform/xform_parts.h"
 
 #include <cstdint>
 
@@ -75,7 +75,7 @@ mgXform_c zoomTo(double x, double y, mgPoint_c const &a, mgPoint_c const &b, mgX
     zoomed *= mg_ScaleXform(scale);
     zoomed *= view;
     zoomed *= translation(x, y, 0.0);
-    return vexmath::detail::takeXform(zoomed); // no copy rules
+    return vexmath::detail::XformParts::take(zoomed); // no copy rules
 }
 
 /// A pixel coordinate of the target. 64 bits, because the difference of two pixels may exceed an

@@ -7,13 +7,17 @@
 #include "inlining.h"
 #include "matrix/rows.h"
 #include "transform/wide_form.h"
+#include "transform/xform_parts.h"
 
 #include <new>
 #include <type_traits>
-#include <utility>
 
+using vexmath::detail::hasSimd;
+using vexmath::detail::makeXform;
 using vexmath::detail::Rows;
+using vexmath::detail::scaleInRange;
 using vexmath::detail::scales;
+using vexmath::detail::XformParts;
 
 namespace {
 
@@ -32,14 +36,7 @@ int mgXform_c::isIdentity() const {
     return !rotate() && vexmath::detail::isTiny(1.0 - scale_) && translation_.isNull();
 }
 
-mgXform_c vexmath::detail::takeXform(mgXform_c &built) {
-    mgPerspInfo_c *const record = std::exchange(built.perspective_, nullptr);
-    return mgXform_c(built.rotation_, built.translation_, built.scale_, built.reflection_, record);
-}
-
-mgXform_c mgXform_c::linearComponent() const {
-    return vexmath::detail::makeXform(rotation_, mgVector_c(), scale_);
-}
+mgXform_c mgXform_c::linearComponent() const { return makeXform(rotation_, mgVector_c(), scale_); }
 
 int mgXform_c::getNearestAxis(mgUnitVector_c const &dir, int &opposite) const {
     int nearest = 1;
@@ -60,50 +57,97 @@ namespace {
 /// The translation of a product: t transformed by b, unless t is null, plus b's translation.
 VEXMATH_ALWAYS_INLINE mgVector_c composedTranslation(mgVector_c const &t, mgXform_c const &b) {
     if (!t.isNotNull()) return b.translation();
-    return vexmath::detail::rotatedAndScaled(t.x(), t.y(), t.z(), b) + b.translation();
+    return vexmath::detail::rotatedAndScaled(t.x(), t.y(), t.z(), b.rotation(), b.scaling())
+           + b.translation();
 }
 
 int exactlyOne(int a, int b) { return (a != 0) != (b != 0); }
 
-/// Can SIMD compute this product by the operations of the plain steps?
-bool simdMultiplies(mgXform_c const &a, mgXform_c const &b) {
-    return vexmath::detail::hasSimd() && a.rotate() && b.rotate()
-           && !vexmath::detail::isExactIdentity(b.rotation());
+/// The scale of a copy of a, then b.
+double composedScale(mgXform_c const &a, mgXform_c const &b) {
+    return b.scaling() * scaleInRange(a.scaling());
 }
 
-} // namespace
+double inverseScale(mgXform_c const &x) { return scales(x.scaling()) ? 1.0 / x.scaling() : 1.0; }
 
-mgXform_c const &mgXform_c::operator*=(mgXform_c const &b) {
-    // The record first: it alone may throw, and then nothing has changed. Every other field is
-    // computed before the first is written: b may be this transform.
-    if (b.hasPerspective()) iCopyPerspectiveInfo(b);
-    double const scale = b.scale_ * scale_;
-    int const reflection = exactlyOne(reflection_, b.reflection_);
-    if (!simdMultiplies(*this, b) || !multiplyBySimd(b)) {
-        mgVector_c const translation = composedTranslation(translation_, b);
-        if (rotate() || b.rotate())
-            rotation_ = mgMatrix_c(Rows::ofProduct(rotation_, b.rotation_).orthonormalised(false));
-        translation_ = translation;
-    }
-    scale_ = scale;
-    reflection_ = reflection;
-    return *this;
-}
-
-/// A copy of a first, then b, both without their records. REQUIRES that a rotates: otherwise its
-/// copy may have other elements.
-VEXMATH_ALWAYS_INLINE mgXform_c::mgXform_c(mgXform_c const &a, mgXform_c const &b)
-    : rotation_(a.rotation_ * b.rotation_), translation_(composedTranslation(a.translation_, b)),
-      scale_(b.scale_ * vexmath::detail::scaleInRange(a.scale_)),
-      reflection_(exactlyOne(a.reflection_, b.reflection_)) {}
-
-VEXMATH_NEVER_INLINE mgXform_c mgXform_c::productByRows(mgXform_c const &a, mgXform_c const &b) {
-    mgXform_c product(a, b);
-    product.followCopyRules();
+/// A copy of a first, then b, both without their records; by the copy rules. REQUIRES that a
+/// rotates: otherwise its copy may have other elements.
+VEXMATH_NEVER_INLINE mgXform_c productByRows(mgXform_c const &a, mgXform_c const &b) {
+    mgXform_c product =
+        makeXform(Rows::ofProduct(a.rotation(), b.rotation()).orthonormalised(false).matrix(),
+                  composedTranslation(a.translation(), b), composedScale(a, b),
+                  exactlyOne(a.isReflection(), b.isReflection()));
+    XformParts::followCopyRules(product);
     return product;
 }
 
-namespace {
+VEXMATH_NEVER_INLINE mgXform_c inverseByRows(mgXform_c const &x) {
+    Rows const rows = x.rotate() ? Rows::ofTransposed(&x.rotation()[0]).orthonormalised(false)
+                                 : Rows::of(&mgMatrix_c()[0]);
+    mgXform_c inverse = makeXform(rows.matrix(), mgVector_c(), inverseScale(x));
+    if (x.translation().isNotNull()) {
+        mgVector_c const t = -x.translation();
+        mgVector_c &translation = XformParts::translation(inverse);
+        // By the rows that are still in registers: reading the matrix would wait for the stores.
+        translation = vexmath::detail::isExactIdentity(inverse.rotation()) ? t : rows.times(t);
+        if (scales(x.scaling())) translation *= inverse.scaling();
+    }
+    XformParts::followCopyRules(inverse);
+    return inverse;
+}
+
+#if defined(VEXMATH_AVX2)
+
+using vexmath::detail::WideForm;
+
+VEXMATH_AVX2_STEP void setRotationAndTranslation(mgXform_c &x, WideForm const &form) {
+    storeRows(form.rows, XformParts::rotation(x));
+    vexmath::detail::store(form.translation, &XformParts::translation(x)[0]);
+}
+
+/// A transform of these fields by the copy rules.
+VEXMATH_AVX2_STEP mgXform_c fromWideForm(WideForm const &form, double scale, int reflection) {
+    using namespace vexmath::detail;
+    bool const isMoved = !areBelow(absolute(form.translation), all(vexmath::kLengthTolerance));
+    mgXform_c x;
+    setRotationAndTranslation(x, {form.rows, isMoved ? form.translation : all(0.0)});
+    XformParts::scale(x) = scaleInRange(scale);
+    XformParts::reflection(x) = reflection;
+    return x;
+}
+
+/// Sets rotation and translation of a to those of the product with b. Returns false and changes
+/// nothing when the rotation may be the identity.
+VEXMATH_AVX2 bool multiplyBySimd(mgXform_c &a, mgXform_c const &b) {
+    WideForm const form = WideForm::ofProduct(a, b);
+    if (form.mayBeIdentity()) return false;
+    setRotationAndTranslation(a, form);
+    return true;
+}
+
+VEXMATH_AVX2 mgXform_c productBySimd(mgXform_c const &a, mgXform_c const &b) {
+    WideForm const form = WideForm::ofProduct(a, b);
+    if (form.mayBeIdentity()) return productByRows(a, b);
+    return fromWideForm(form, composedScale(a, b), exactlyOne(a.isReflection(), b.isReflection()));
+}
+
+VEXMATH_AVX2 mgXform_c inverseBySimd(mgXform_c const &x) {
+    WideForm const form = WideForm::ofInverse(x, inverseScale(x));
+    return form.mayBeIdentity() ? inverseByRows(x) : fromWideForm(form, inverseScale(x), 0);
+}
+
+#else // never called
+
+bool multiplyBySimd(mgXform_c &, mgXform_c const &) { return false; }
+mgXform_c productBySimd(mgXform_c const &a, mgXform_c const &b) { return productByRows(a, b); }
+mgXform_c inverseBySimd(mgXform_c const &x) { return inverseByRows(x); }
+
+#endif
+
+/// Can SIMD compute this product by the operations of the plain steps?
+bool simdMultiplies(mgXform_c const &a, mgXform_c const &b) {
+    return hasSimd() && a.rotate() && b.rotate() && !vexmath::detail::isExactIdentity(b.rotation());
+}
 
 /// The product in the steps of its definition, for rare operands.
 VEXMATH_NEVER_INLINE mgXform_c productOfCopy(mgXform_c const &a, mgXform_c const &b) {
@@ -114,90 +158,35 @@ VEXMATH_NEVER_INLINE mgXform_c productOfCopy(mgXform_c const &a, mgXform_c const
 
 } // namespace
 
+mgXform_c const &mgXform_c::operator*=(mgXform_c const &b) {
+    // The record first: it alone may throw, and then nothing has changed. Every other field is
+    // computed before the first is written: b may be this transform.
+    if (b.hasPerspective()) iCopyPerspectiveInfo(b);
+    double const scale = b.scale_ * scale_;
+    int const reflection = exactlyOne(reflection_, b.reflection_);
+    if (!simdMultiplies(*this, b) || !multiplyBySimd(*this, b)) {
+        mgVector_c const translation = composedTranslation(translation_, b);
+        if (rotate() || b.rotate())
+            rotation_ = Rows::ofProduct(rotation_, b.rotation_).orthonormalised(false).matrix();
+        translation_ = translation;
+    }
+    scale_ = scale;
+    reflection_ = reflection;
+    return *this;
+}
+
 mgXform_c operator*(mgXform_c const &a, mgXform_c const &b) {
     bool const isPlain = a.rotate() && !a.hasPerspective() && !b.hasPerspective();
     if (!isPlain) return productOfCopy(a, b);
-    return simdMultiplies(a, b) ? mgXform_c::productBySimd(a, b) : mgXform_c::productByRows(a, b);
-}
-
-/// The inverse before the copy rules. Uses the rows that are still in registers: reading rotation_
-/// would wait for the stores.
-VEXMATH_ALWAYS_INLINE mgXform_c::mgXform_c(Rows const &inverse, mgXform_c const &of)
-    : rotation_(inverse), scale_(of.inverseScale()) {
-    if (!of.translation_.isNotNull()) return;
-    mgVector_c const t = -of.translation_;
-    translation_ = vexmath::detail::isExactIdentity(rotation_) ? t : inverse.times(t);
-    if (scales(of.scale_)) translation_ *= scale_;
-}
-
-VEXMATH_NEVER_INLINE mgXform_c mgXform_c::inverseByRows() const {
-    mgXform_c back(rotate() ? Rows::ofTransposed(rotation_.m_).orthonormalised(false)
-                            : Rows::of(mgMatrix_c().m_),
-                   *this);
-    back.followCopyRules();
-    return back;
+    return simdMultiplies(a, b) ? productBySimd(a, b) : productByRows(a, b);
 }
 
 // QUIRK: xform.h, mgXform_c::inverse: the reflection flag is dropped. Expected: the inverse of a
 // mirror is flagged as a mirror. Kept: callers and stored data depend on it.
 // (test: InverseDropsMirrorAndPerspective)
 mgXform_c mgXform_c::inverse() const {
-    return rotate() && vexmath::detail::hasSimd() ? inverseBySimd() : inverseByRows();
+    return rotate() && hasSimd() ? inverseBySimd(*this) : inverseByRows(*this);
 }
-
-double mgXform_c::inverseScale() const { return scales(scale_) ? 1.0 / scale_ : 1.0; }
-
-#if defined(VEXMATH_AVX2)
-
-VEXMATH_AVX2_STEP void mgXform_c::setRotationAndTranslation(vexmath::detail::WideForm const &form) {
-    _mm256_storeu_pd(rotation_.m_, form.rows.r0); // the next row overwrites the fourth lane
-    _mm256_storeu_pd(rotation_.m_ + 3, form.rows.r1);
-    vexmath::detail::store(form.rows.r2, rotation_.m_ + 6);
-    rotation_.identity_ = 0;
-    vexmath::detail::store(form.translation, &translation_[0]);
-}
-
-/// By the copy rules, without a record.
-VEXMATH_AVX2_STEP mgXform_c mgXform_c::fromWideForm(vexmath::detail::WideForm const &form,
-                                                    double scale, int reflection) {
-    using namespace vexmath::detail;
-    bool const isMoved = !areBelow(absolute(form.translation), all(vexmath::kLengthTolerance));
-    mgXform_c x;
-    x.setRotationAndTranslation({form.rows, isMoved ? form.translation : all(0.0)});
-    x.scale_ = scaleInRange(scale);
-    x.reflection_ = reflection;
-    return x;
-}
-
-VEXMATH_AVX2 bool mgXform_c::multiplyBySimd(mgXform_c const &b) {
-    auto const form = vexmath::detail::WideForm::ofProduct(*this, b);
-    if (form.mayBeIdentity()) return false;
-    setRotationAndTranslation(form);
-    return true;
-}
-
-VEXMATH_AVX2 mgXform_c mgXform_c::productBySimd(mgXform_c const &a, mgXform_c const &b) {
-    auto const form = vexmath::detail::WideForm::ofProduct(a, b);
-    if (form.mayBeIdentity()) return productByRows(a, b);
-    return fromWideForm(form, b.scale_ * vexmath::detail::scaleInRange(a.scale_),
-                        exactlyOne(a.reflection_, b.reflection_));
-}
-
-VEXMATH_AVX2 mgXform_c mgXform_c::inverseBySimd() const {
-    auto const form = vexmath::detail::WideForm::ofInverse(*this, inverseScale());
-    return form.mayBeIdentity() ? inverseByRows() : fromWideForm(form, inverseScale(), 0);
-}
-
-#else // never called
-
-bool mgXform_c::multiplyBySimd(mgXform_c const &) { return false; }
-mgXform_c mgXform_c::productBySimd(mgXform_c const &a, mgXform_c const &b) {
-    return productByRows(a, b);
-}
-mgXform_c mgXform_c::inverseBySimd() const { return inverseByRows(); }
-
-#endif
-
 int mgXform_c::equals(mgXform_c const &other) const {
     if (differs(scale_, other.scale_)) return 0;
     if (rotate() || other.rotate()) {

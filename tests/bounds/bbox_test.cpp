@@ -168,7 +168,7 @@ TEST(BBox, TransformsEncloseTheImageWithinTheSphereIgnoringPerspective) {
     ball *= mg_RotateXform(0.5, V(1, 2, 3), 0);
     EXPECT_LT(gap(ball.low(), P(-3, -3, -3)) + gap(ball.high(), P(3, 3, 3)), 1e-15); // not wider
     // Copies drop all of this: a rotation flagged as identity, a tiny translation, a huge scale.
-    mgXform_c const odd = vexmath::detail::makeXform(quarter.transpose(), V(5e-09, 0, 0), 6e12);
+    mgXform_c const odd = raw(quarter.transpose(), V(5e-09, 0, 0), 6e12);
     EXPECT_BITS_EQ(unit, mgBBox_c(unit) *= odd);
     reset.reset();
     EXPECT_EQ(0, (mgBBox_c() *= mg_ScaleXform(2)).isSet()); // unset by its radius: stays unset

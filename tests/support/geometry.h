@@ -45,7 +45,9 @@ inline ::testing::AssertionResult bitsEqual(char const *aText, char const *bText
 /// A transform of exactly these fields, including those that a copy would repair.
 inline mgXform_c raw(mgMatrix_c const &rotation, mgVector_c const &translation = {},
                      double scale = 1.0, int reflection = 0) {
-    return vexmath::detail::makeXform(rotation, translation, scale, reflection);
+    mgXform_c x;
+    x.SetHelper({rotation, translation, scale, reflection, nullptr});
+    return x; // constructed in place, not copied
 }
 
 inline mgUnitVector_c direction(Random &random) {
