@@ -10,10 +10,6 @@
 #include <vexmath_platform/archive.h>
 #include <vexmath_platform/string.h>
 
-#if defined(__x86_64__) || defined(_M_X64)
-#include <emmintrin.h>
-#endif
-
 /// An axis-aligned box and a bounding sphere, kept side by side so that each can serve as the
 /// cheaper or the tighter bound. A plain, trivially copyable value of ten doubles.
 ///
@@ -258,7 +254,6 @@ private:
 
     bool isFacePairHit(mgPoint_c const &p, mgUnitVector_c const &dir, int k, int i, int j) const;
     void assignCorners(mgPoint_c const &low, mgPoint_c const &high);
-    bool plainlyEncloses(mgPoint_c const &p) const;
     VEXMATH_API void unite(mgPoint_c const &p);
     void widenCorners(mgPoint_c const &p);
     void moveSphere(mgVector_c const &towards, double distance, double newRadius);
@@ -274,67 +269,7 @@ private:
 
 // -------------------------------------------------------------------------------------------------
 
-namespace vexmath::detail {
-
-/// By what a sphere's squared radius may exceed the squared distance of the farthest corner: a
-/// factor, then an absolute slack, which the test of the nearest point shares.
-inline constexpr double kFarthestFactor = 0.99999999;
-inline constexpr double kSquaredSlack = 1e-08;
-
-inline double larger(double a, double b) { return a < b ? b : a; }
-
-#if defined(__x86_64__) || defined(_M_X64)
-
-/// A vector whose x and y share a register: an operation takes two instructions instead of three,
-/// and gives the bits of `mgVector_c`.
-struct Packed {
-    explicit Packed(double const *xyz) : firstTwo(_mm_loadu_pd(xyz)), last(xyz[2]) {}
-    Packed(__m128d xy, double z) : firstTwo(xy), last(z) {}
-
-    double x() const { return _mm_cvtsd_f64(firstTwo); }
-    double y() const { return _mm_cvtsd_f64(_mm_unpackhi_pd(firstTwo, firstTwo)); }
-    double z() const { return last; }
-    double sqlen() const {
-        Packed const squares(_mm_mul_pd(firstTwo, firstTwo), last * last);
-        return squares.x() + squares.y() + squares.z();
-    }
-
-    __m128d firstTwo;
-    double last;
-};
-
-inline Packed operator-(Packed const &a, Packed const &b) {
-    return {_mm_sub_pd(a.firstTwo, b.firstTwo), a.last - b.last};
-}
-
-inline Packed larger(Packed const &a, Packed const &b) {
-    // In this order: when two numbers do not compare, _mm_max_pd returns the second.
-    return {_mm_max_pd(b.firstTwo, a.firstTwo), larger(a.last, b.last)};
-}
-
-inline bool between(Packed const &low, Packed const &p, Packed const &high) {
-    __m128d const notBelow = _mm_cmple_pd(low.firstTwo, p.firstTwo);
-    __m128d const notAbove = _mm_cmple_pd(p.firstTwo, high.firstTwo);
-    return low.last <= p.last && p.last <= high.last
-           && _mm_movemask_pd(_mm_and_pd(notBelow, notAbove)) == 0b11;
-}
-
-#else // the same, one coordinate at a time
-
-using Packed = mgVector_c;
-
-inline Packed larger(Packed const &a, Packed const &b) {
-    return {larger(a.x(), b.x()), larger(a.y(), b.y()), larger(a.z(), b.z())};
-}
-
-inline bool between(Packed const &low, Packed const &p, Packed const &high) {
-    return low.x() <= p.x() && p.x() <= high.x() && low.y() <= p.y() && p.y() <= high.y()
-           && low.z() <= p.z() && p.z() <= high.z();
-}
-
-#endif
-
-} // namespace vexmath::detail
+#include <vexmath/detail/point_union.h>
 
 inline mgBBox_c::mgBBox_c(mgPoint_c const &centre, double r) { set(centre, r); }
 
@@ -416,36 +351,10 @@ inline int mgBBox_c::isRayHit(mgPoint_c const &p, mgUnitVector_c const &dir) con
                || isFacePairHit(p, dir, 1, 2, 0));
 }
 
-/// Fast path of the union: true only if the box is valid and already encloses p, so that `unite`
-/// would change nothing, not a bit. False means "not proven". Comparisons and two sums of squares:
-/// - A point between the corners and in the sphere proves that low <= high and that the sphere
-///   touches the box. These comparisons also refuse NaN.
-/// - The tests of `isValid` that no corner coordinate is farther than the radius, and that the
-///   farthest corner needs the radius, are done without their tolerance. One of the two remains: a
-///   farthest corner on the sphere or outside needs the radius; one inside has no coordinate
-///   farther than the radius, whose sign the square hides.
-/// - If the square of a distance is strictly smaller than the square of the radius, the distance is
-///   not larger than the radius. This holds also where squares underflow, and where the square of
-///   the radius overflows.
-inline bool mgBBox_c::plainlyEncloses(mgPoint_c const &p) const {
-    using vexmath::detail::larger;
-    using vexmath::detail::Packed;
-    Packed const low(low_), point(p), high(high_), centre(sphCentre_);
-    if (!vexmath::detail::between(low, point, high)) return false;
-    double const radiusSq = sphRadius_ * sphRadius_;
-    if (!((point - centre).sqlen() < radiusSq)) return false;
-    Packed const farther = larger(high - centre, centre - low);
-    double const farthestSq = farther.sqlen();
-    if (radiusSq <= farthestSq)
-        return larger(larger(farther.x(), farther.y()), farther.z()) <= sphRadius_;
-    return 0.0 <= sphRadius_
-           && radiusSq * vexmath::detail::kFarthestFactor - vexmath::detail::kSquaredSlack
-                  <= farthestSq;
-}
-
 inline mgBBox_c &mgBBox_c::operator|=(mgPoint_c const &p) {
-    vexmath::detail::prefetchAhead(&p, 0); // callers unite with lists of vertices
-    if (!plainlyEncloses(p)) unite(p);
+    using namespace vexmath::detail;
+    prefetchAhead(&p, 0); // callers unite with lists of vertices
+    if (!plainlyEncloses(low_, high_, sphCentre_, sphRadius_, p)) unite(p);
     return *this;
 }
 

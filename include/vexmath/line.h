@@ -1,42 +1,16 @@
 // SPDX-License-Identifier: MIT
-// mgLine_c: an infinite line; and the storage that it shares with the plane.
+// mgLine_c: an infinite line.
 
 #ifndef VEXMATH_LINE_H
 #define VEXMATH_LINE_H
 
+#include <vexmath/detail/rooted_direction.h>
 #include <vexmath/xform.h>
 
 #include <vexmath_platform/archive.h>
 
-namespace vexmath::detail {
-
-/// A root point and a unit vector, in this order: what lines and planes have in common. Nothing
-/// checks that the unit vector has unit length.
-class RootedDirection {
-public:
-    mgPoint_c const &rootPoint() const { return root_; }
-    void setRootPoint(mgPoint_c const &root) { root_ = root; }
-
-    /// Archive record: root point, then unit vector: six doubles. Reading does not normalise the
-    /// unit vector. A failing read leaves the object as it was.
-    VEXMATH_API void save(su_CArchive &ar) const;
-    VEXMATH_API void restore(su_CArchive &ar);
-
-protected:
-    RootedDirection() = default;
-    RootedDirection(mgPoint_c const &root, mgUnitVector_c const &unit) : root_(root), unit_(unit) {}
-
-    void move(mgXform_c const &x);
-
-    mgPoint_c root_;
-    mgUnitVector_c unit_;
-};
-
-} // namespace vexmath::detail
-
 /// An infinite line: a root point on it and its direction. A plain, trivially copyable value of 48
-/// bytes. `rootPoint`, `setRootPoint`, `save` and `restore` are those of `RootedDirection` above,
-/// with the direction as unit vector.
+/// bytes.
 ///
 /// The direction is used as it is, and REQUIRES unit length or zero. A zero direction is not
 /// detected: the line is then its root point alone. Nothing checks for NaN: a point or line that
@@ -46,7 +20,9 @@ public:
     mgLine_c() = default; ///< root at the origin, zero direction
     mgLine_c(mgPoint_c const &root, mgUnitVector_c const &direction);
 
+    mgPoint_c const &rootPoint() const { return root_; }
     mgUnitVector_c const &direction() const { return unit_; }
+    void setRootPoint(mgPoint_c const &root) { root_ = root; }
     void setDirection(mgUnitVector_c const &direction) { unit_ = direction; }
 
     /// Transforms the root as a point, perspective included, and rotates the direction.
@@ -76,14 +52,14 @@ public:
     /// is) or its distance is strictly less than |tol|. Otherwise 0, and *out unchanged. A tol of
     /// NaN counts as 0. out may be p. REQUIRES out not null.
     VEXMATH_API int snapPointToLine(mgPoint_c const &p, mgPoint_c *out, double tol) const;
+
+    /// Archive record: root point, then direction: six doubles. Reading does not normalise the
+    /// direction. A failing read leaves the line as it was.
+    void save(su_CArchive &ar) const { RootedDirection::save(ar); }
+    void restore(su_CArchive &ar) { RootedDirection::restore(ar); }
 };
 
 // -------------------------------------------------------------------------------------------------
-
-inline void vexmath::detail::RootedDirection::move(mgXform_c const &x) {
-    root_ *= x;
-    unit_ *= x;
-}
 
 inline mgLine_c::mgLine_c(mgPoint_c const &root, mgUnitVector_c const &direction)
     : RootedDirection(root, direction) {}

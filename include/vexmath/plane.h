@@ -4,12 +4,12 @@
 #ifndef VEXMATH_PLANE_H
 #define VEXMATH_PLANE_H
 
+#include <vexmath/detail/rooted_direction.h>
 #include <vexmath/intersection_types.h>
 #include <vexmath/line.h>
 
-/// An infinite plane: a root point in it and its normal, stored like a line. A plain, trivially
-/// copyable value of 48 bytes. `rootPoint`, `setRootPoint`, `save` and `restore` are those of
-/// `vexmath::detail::RootedDirection` (line.h), with the normal as unit vector.
+/// An infinite plane: a root point in it and its normal. A plain, trivially copyable value of 48
+/// bytes.
 ///
 /// The normal is used as it is, and REQUIRES unit length or zero. The positive side is the one that
 /// the normal points to. A zero normal is not detected: every point lies in such a plane, at
@@ -19,7 +19,9 @@ public:
     mgPlane_c() = default; ///< root at the origin, zero normal
     mgPlane_c(mgPoint_c const &root, mgUnitVector_c const &normal);
 
+    mgPoint_c const &rootPoint() const { return root_; }
     mgUnitVector_c const &normal() const { return unit_; }
+    void setRootPoint(mgPoint_c const &root) { root_ = root; }
     void setNormal(mgUnitVector_c const &normal) { unit_ = normal; }
 
     /// Transforms the root as a point, perspective included, and rotates the normal.
@@ -59,6 +61,11 @@ public:
     VEXMATH_API mgLinePlaneIntersectionType_e projectToPlaneOnViewLine(mgXform_c const &view,
                                                                        mgPoint_c *p,
                                                                        int flag) const;
+
+    /// Archive record: root point, then normal: six doubles. Reading does not give the normal unit
+    /// length. A failing read leaves the plane as it was.
+    void save(su_CArchive &ar) const { RootedDirection::save(ar); }
+    void restore(su_CArchive &ar) { RootedDirection::restore(ar); }
 };
 
 /// A line and a plane. They are parallel when the cosine between direction and normal is below
@@ -66,10 +73,11 @@ public:
 /// root is nearer to the plane than 1e-08, and *out is that root; otherwise Parallel, and *out is
 /// not written. When they are not parallel: Point, *out is the crossing, and *param, unless param
 /// is null, is its signed distance from the root along the direction. Only Point writes *param.
-/// NaN in the cosine gives Point, and *out is NaN. out may point into line. REQUIRES unit length, or
-/// zero, of direction and normal; out not null.
+/// NaN in the cosine gives Point, and *out is NaN. out may point into line. REQUIRES unit length,
+/// or zero, of direction and normal; out not null.
 mgLinePlaneIntersectionType_e mg_LineIntPlane(mgLine_c const &line, mgPlane_c const &plane,
                                               mgPoint_c *out, double *param);
+
 // -------------------------------------------------------------------------------------------------
 
 inline mgPlane_c::mgPlane_c(mgPoint_c const &root, mgUnitVector_c const &normal)

@@ -73,9 +73,11 @@ double inverseScale(mgXform_c const &x) { return scales(x.scaling()) ? 1.0 / x.s
 /// A copy of a first, then b, both without their records; by the copy rules. REQUIRES that a
 /// rotates: otherwise its copy may have other elements.
 VEXMATH_NEVER_INLINE mgXform_c productByRows(mgXform_c const &a, mgXform_c const &b) {
+    // Computed first: with no step in between, the rows go from registers to the result.
+    mgVector_c const translation = composedTranslation(a.translation(), b);
     mgXform_c product =
         makeXform(Rows::ofProduct(a.rotation(), b.rotation()).orthonormalised(false).matrix(),
-                  composedTranslation(a.translation(), b), composedScale(a, b),
+                  translation, composedScale(a, b),
                   exactlyOne(a.isReflection(), b.isReflection()));
     XformParts::followCopyRules(product);
     return product;
