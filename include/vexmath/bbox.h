@@ -270,6 +270,7 @@ private:
 // -------------------------------------------------------------------------------------------------
 
 #include <vexmath/detail/point_union.h>
+#include <vexmath/detail/prefetch.h>
 
 inline mgBBox_c::mgBBox_c(mgPoint_c const &centre, double r) { set(centre, r); }
 

@@ -54,4 +54,10 @@ class mgRect;
 class uoSelectType_c;
 class uoSelectConstraint_c;
 
+// Friends inside the library.
+namespace vexmath::detail {
+struct Rows;
+struct XformParts;
+} // namespace vexmath::detail
+
 #endif

@@ -4,9 +4,8 @@
 #ifndef VEXMATH_GEN_XFORM_H
 #define VEXMATH_GEN_XFORM_H
 
+#include <vexmath/detail/operand_traits.h>
 #include <vexmath/xform.h>
-
-#include <type_traits>
 
 /// A body scaled by three factors along the axes of a body frame and then placed by a transform.
 ///
@@ -48,7 +47,7 @@ public:
     /// when the point leaves the body frame, not when it enters it.
     VEXMATH_API mgPoint_c operator*(mgPoint_c const &p) const;
     // Refused: a vector would be treated as a point.
-    template <class V, std::enable_if_t<std::is_base_of_v<mgVector_c, V>, int> = 0>
+    template <class V, vexmath::detail::IfVector<V> = 0>
     mgPoint_c operator*(V const &v) const = delete;
     /// The map as sixteen numbers, laid out as by `mgXform_c::getGLData`. REQUIRES sixteen writable
     /// numbers. It differs from `g * p` in three cases:

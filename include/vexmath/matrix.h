@@ -9,10 +9,6 @@
 
 #include <vexmath_platform/archive.h>
 
-namespace vexmath::detail {
-struct Rows;
-}
-
 /// A 3x3 matrix of doubles, nearly always a rotation, with a cached identity flag.
 ///
 /// Points and vectors multiply from the left as row vectors: component j of v * M is the sum over i
@@ -211,34 +207,7 @@ mgPoint_c operator*(mgMatrix_c const &m, mgPoint_c const &p);
 
 // -------------------------------------------------------------------------------------------------
 
-namespace vexmath::detail {
-
-/// True when all elements except the first are exactly those of the identity.
-VEXMATH_API VEXMATH_PURE bool endsLikeIdentity(mgMatrix_c const &m) noexcept;
-
-/// True when the elements are exactly those of the identity. A rotation fails at the first.
-inline bool isExactIdentity(mgMatrix_c const &m) {
-    return m.element(0, 0) == 1.0 && endsLikeIdentity(m);
-}
-
-/// The elements of a matrix as values. A loop that rotates many points can keep them in registers;
-/// elements in memory might change with every point that the loop writes.
-struct Elements {
-    Elements(mgMatrix_c const &m)
-        : xx(m.element(0, 0)), xy(m.element(0, 1)), xz(m.element(0, 2)), yx(m.element(1, 0)),
-          yy(m.element(1, 1)), yz(m.element(1, 2)), zx(m.element(2, 0)), zy(m.element(2, 1)),
-          zz(m.element(2, 2)) {}
-
-    double xx, xy, xz, yx, yy, yz, zx, zy, zz;
-};
-
-/// (x, y, z) as a row vector times m, each component summed from x to z.
-inline mgVector_c rowTimes(double x, double y, double z, Elements const &m) {
-    return {x * m.xx + y * m.yx + z * m.zx, x * m.xy + y * m.yy + z * m.zy,
-            x * m.xz + y * m.yz + z * m.zz};
-}
-
-} // namespace vexmath::detail
+#include <vexmath/detail/row_times_matrix.h>
 
 inline void mgMatrix_c::copyColumn(int j, mgUnitVector_c *axis) const {
     axis->set(m_[j], m_[3 + j], m_[6 + j]);

@@ -4,17 +4,9 @@
 #ifndef VEXMATH_MATRIX4_H
 #define VEXMATH_MATRIX4_H
 
+#include <vexmath/detail/operand_traits.h>
 #include <vexmath/matrix.h>
 #include <vexmath/vector4.h>
-
-namespace vexmath::detail {
-
-/// Restricts a template to points. A plain overload for points would be ambiguous for arguments
-/// that convert to points and to vectors.
-template <class P>
-using IfPoint = std::enable_if_t<std::is_base_of_v<mgPoint_c, P>, int>;
-
-} // namespace vexmath::detail
 
 /// A 4x4 matrix of doubles, row by row, for code that works with homogeneous matrices. It
 /// multiplies column vectors: component i of m * v is the sum over j of m(i, j) v_j. The

@@ -4,12 +4,11 @@
 #ifndef VEXMATH_POINT_H
 #define VEXMATH_POINT_H
 
+#include <vexmath/detail/operand_traits.h>
 #include <vexmath/vector.h>
 
 #include <vexmath_platform/archive.h>
 #include <vexmath_platform/dump_context.h>
-
-#include <cstdint>
 
 /// A point of three doubles in model units: a plain, trivially copyable value of 24 bytes.
 ///
@@ -339,22 +338,5 @@ inline gcMdiPoint_c &gcMdiPoint_c::operator-=(gcMdiPoint_c const &p) {
 inline gcMdiPoint_c &gcMdiPoint_c::operator*=(double s) { return *this = {x_ * s, y_ * s, z_ * s}; }
 
 inline gcMdiPoint_c &gcMdiPoint_c::operator/=(double d) { return *this = {x_ / d, y_ / d, z_ / d}; }
-
-namespace vexmath::detail {
-
-/// Prefetches memory that a loop over a list reaches soon: the given number of bytes beyond 64
-/// points after p. Lists that exceed the cache are read two to three times as fast. Nothing is
-/// read, so the address need not lie in the list; it is a number, because no pointer may point
-/// there.
-inline void prefetchAhead([[maybe_unused]] mgPoint_c const *p,
-                          [[maybe_unused]] std::uintptr_t bytes) {
-#if defined(__GNUC__)
-    std::uintptr_t const ahead = reinterpret_cast<std::uintptr_t>(p) + 64 * sizeof *p + bytes;
-    // NOLINTNEXTLINE(performance-no-int-to-ptr)
-    __builtin_prefetch(reinterpret_cast<void const *>(ahead));
-#endif
-}
-
-} // namespace vexmath::detail
 
 #endif

@@ -4,25 +4,11 @@
 #ifndef VEXMATH_POINT2D_H
 #define VEXMATH_POINT2D_H
 
+#include <vexmath/detail/operand_traits.h>
 #include <vexmath/export.h>
 #include <vexmath/vector.h>
 
 #include <vexmath_platform/archive.h>
-
-#include <type_traits>
-
-namespace vexmath::detail {
-
-/// Could T be an operand of an operator on addresses: a number, or what converts to an address?
-template <class T>
-inline constexpr bool kIsAddressOperand =
-    std::is_arithmetic_v<
-        T> || std::is_enum_v<T> || std::is_convertible_v<T const &, double const *>;
-
-template <class A, class B>
-using IfAddressOperands = std::enable_if_t<kIsAddressOperand<A> && kIsAddressOperand<B>, bool>;
-
-} // namespace vexmath::detail
 
 /// A point (u, v) of a parameter plane or a drawing: two doubles. u and x name the same coordinate,
 /// and so do v and y. It has no comparison and no arithmetic.

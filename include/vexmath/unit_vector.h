@@ -4,6 +4,7 @@
 #ifndef VEXMATH_UNIT_VECTOR_H
 #define VEXMATH_UNIT_VECTOR_H
 
+#include <vexmath/detail/operand_traits.h>
 #include <vexmath/vector.h>
 
 /// A direction: a vector of length 1 within rounding, or exactly (0, 0, 0) for "no direction".

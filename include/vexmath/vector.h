@@ -4,6 +4,7 @@
 #ifndef VEXMATH_VECTOR_H
 #define VEXMATH_VECTOR_H
 
+#include <vexmath/detail/operand_traits.h>
 #include <vexmath/export.h>
 #include <vexmath/forward.h>
 #include <vexmath/tolerances.h>
@@ -11,17 +12,6 @@
 #include <vexmath_platform/archive.h>
 
 #include <cmath>
-#include <type_traits>
-
-namespace vexmath::detail {
-
-template <class N>
-using IfNumber = std::enable_if_t<std::is_arithmetic_v<N> || std::is_enum_v<N>, int>;
-
-template <class B>
-using IfBool = std::enable_if_t<std::is_same_v<B, bool>, int>;
-
-} // namespace vexmath::detail
 
 /// A vector of three doubles in model units: a plain, trivially copyable value of 24 bytes.
 ///
@@ -197,37 +187,8 @@ int operator!=(mgVector_c const &a, mgVector_c const &b);
 
 // -------------------------------------------------------------------------------------------------
 
-namespace vexmath::detail {
-
-/// Squared length strictly below which there is no direction: about 3.2e-09 in length.
-inline constexpr double kDirectionFloorSq = 1e-17;
-
-/// The normalisation of every unit vector: the squares are summed from z to x, then one reciprocal
-/// and three multiplications follow. Three divisions would change last bits. A vector below the
-/// floor, or with NaN, gives exactly (0, 0, 0).
-inline mgVector_c normalised(double x, double y, double z) {
-    double const sq = z * z + y * y + x * x;
-    if (!(sq >= kDirectionFloorSq)) return {};
-    double const reciprocal = 1.0 / std::sqrt(sq);
-    return {x * reciprocal, y * reciprocal, z * reciprocal};
-}
-
-/// Is d strictly below the length tolerance in absolute value? No for NaN.
-inline bool isTiny(double d) { return std::fabs(d) < kLengthTolerance; }
-
-/// Does each of three coordinates differ by strictly less than tol? x is tested first.
-inline int sameWithin(double const *a, double const *b, double tol) {
-    return std::fabs(a[0] - b[0]) < tol && std::fabs(a[1] - b[1]) < tol
-           && std::fabs(a[2] - b[2]) < tol;
-}
-
-/// Does some coordinate differ by strictly more than the length tolerance?
-inline int apart(double const *a, double const *b) {
-    return std::fabs(a[0] - b[0]) > kLengthTolerance || std::fabs(a[1] - b[1]) > kLengthTolerance
-           || std::fabs(a[2] - b[2]) > kLengthTolerance;
-}
-
-} // namespace vexmath::detail
+#include <vexmath/detail/compare_coordinates.h>
+#include <vexmath/detail/normalised.h>
 
 constexpr mgVector_c::mgVector_c(double x, double y, double z) : c_{x, y, z} {}
 

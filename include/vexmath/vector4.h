@@ -4,6 +4,7 @@
 #ifndef VEXMATH_VECTOR4_H
 #define VEXMATH_VECTOR4_H
 
+#include <vexmath/detail/operand_traits.h>
 #include <vexmath/point.h>
 
 /// A homogeneous vector (x, y, z, w) of four doubles. A point or vector becomes (x, y, z, 1).

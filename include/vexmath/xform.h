@@ -13,10 +13,6 @@
 #include <vexmath_platform/archive.h>
 #include <vexmath_platform/string.h>
 
-namespace vexmath::detail {
-struct XformParts;
-}
-
 /// The fields of a transform as plain data, for modules that exchange transforms without sharing
 /// the class. Owns nothing: the record pointer is copied as it is and never freed here.
 class mgXform_64BitHelper_c {
@@ -326,7 +322,7 @@ inline void mgXform_c::followCopyRules() {
 
 inline mgPoint_c &mgPoint_c::operator*=(mgXform_c const &x) {
     using namespace vexmath::detail;
-    mgVector_c const v = rotatedAndScaled(c_[0], c_[1], c_[2], x.rotation(), x.scaling());
+    mgVector_c const v = rotatedAndScaled(c_[0], c_[1], c_[2], x);
     mgVector_c const &t = x.translation();
     double px = moved(v.x(), t.x()), py = moved(v.y(), t.y());
     double const pz = moved(v.z(), t.z());
@@ -346,8 +342,7 @@ inline mgPoint_c operator*(mgPoint_c const &p, mgXform_c const &x) {
 }
 
 inline mgVector_c &mgVector_c::operator*=(mgXform_c const &x) {
-    using vexmath::detail::rotatedAndScaled;
-    if (!null()) *this = rotatedAndScaled(c_[0], c_[1], c_[2], x.rotation(), x.scaling());
+    if (!null()) *this = vexmath::detail::rotatedAndScaled(c_[0], c_[1], c_[2], x);
     return *this;
 }
 

@@ -4,6 +4,7 @@
 #ifndef VEXMATH_SRC_SIMD_FOUR_POINTS_H
 #define VEXMATH_SRC_SIMD_FOUR_POINTS_H
 
+#include <vexmath/detail/prefetch.h>
 #include <vexmath/point.h>
 
 #include "simd/dispatch.h"

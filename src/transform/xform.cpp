@@ -57,8 +57,7 @@ namespace {
 /// The translation of a product: t transformed by b, unless t is null, plus b's translation.
 VEXMATH_ALWAYS_INLINE mgVector_c composedTranslation(mgVector_c const &t, mgXform_c const &b) {
     if (!t.isNotNull()) return b.translation();
-    return vexmath::detail::rotatedAndScaled(t.x(), t.y(), t.z(), b.rotation(), b.scaling())
-           + b.translation();
+    return vexmath::detail::rotatedAndScaled(t.x(), t.y(), t.z(), b) + b.translation();
 }
 
 int exactlyOne(int a, int b) { return (a != 0) != (b != 0); }
@@ -77,8 +76,7 @@ VEXMATH_NEVER_INLINE mgXform_c productByRows(mgXform_c const &a, mgXform_c const
     mgVector_c const translation = composedTranslation(a.translation(), b);
     mgXform_c product =
         makeXform(Rows::ofProduct(a.rotation(), b.rotation()).orthonormalised(false).matrix(),
-                  translation, composedScale(a, b),
-                  exactlyOne(a.isReflection(), b.isReflection()));
+                  translation, composedScale(a, b), exactlyOne(a.isReflection(), b.isReflection()));
     XformParts::followCopyRules(product);
     return product;
 }

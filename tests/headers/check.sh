@@ -1,5 +1,5 @@
 #!/bin/bash
-# Compiles every public header alone and first, twice in a row, under each compiler that is here and
+# Compiles every installed header alone and first, twice in a row, under each compiler that is here and
 # each standard of C++ from 17 on, with every warning an error; the headers for C callers also as C,
 # and comparisons.h, because newer standards read comparisons in another way.
 #   check.sh <source folder>
@@ -19,7 +19,7 @@ if [[ $1 == --one ]]; then
 fi
 
 export source_dir=$1
-mapfile -t headers < <(cd "$source_dir/include" && ls vexmath/*.h
+mapfile -t headers < <(cd "$source_dir/include" && ls vexmath/*.h vexmath/detail/*.h
                        cd "$source_dir/src/platform/include" && ls vexmath_platform/*.h)
 c_headers=(vexmath/dynamic_array.h vexmath/gfxmath.h)
 failures=0

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The steps by which a transform moves a point and is copied.
 
+#include <vexmath/xform.h> // before the guard: it includes this file after the class
+
 #ifndef VEXMATH_DETAIL_XFORM_STEPS_H
 #define VEXMATH_DETAIL_XFORM_STEPS_H
-
-#include <vexmath/matrix.h>
 
 namespace vexmath::detail {
 
@@ -20,11 +20,11 @@ inline bool scales(double s) { return std::fabs(s - 1.0) > 1e-08; }
 
 /// The linear half of the point and vector rules. The elements decide whether to multiply, not the
 /// identity flag, which is stale after a caller has edited elements.
-inline mgVector_c rotatedAndScaled(double x, double y, double z, mgMatrix_c const &rotation,
-                                   double scale) {
-    Elements const elements = rotation; // before the test, so that a loop reads them once
-    mgVector_c v = isExactIdentity(rotation) ? mgVector_c(x, y, z) : rowTimes(x, y, z, elements);
-    if (scales(scale)) v *= scale;
+inline mgVector_c rotatedAndScaled(double x, double y, double z, mgXform_c const &form) {
+    Elements const elements = form.rotation(); // before the test, so that a loop reads them once
+    mgVector_c v =
+        isExactIdentity(form.rotation()) ? mgVector_c(x, y, z) : rowTimes(x, y, z, elements);
+    if (scales(form.scaling())) v *= form.scaling();
     return v;
 }
 
