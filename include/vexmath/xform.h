@@ -321,8 +321,8 @@ inline void mgXform_c::followCopyRules() {
 }
 
 inline mgPoint_c &mgPoint_c::operator*=(mgXform_c const &x) {
-    using namespace vexmath::detail;
-    mgVector_c const v = rotatedAndScaled(c_[0], c_[1], c_[2], x);
+    using vexmath::detail::moved;
+    mgVector_c const v = vexmath::detail::rotatedAndScaled(c_[0], c_[1], c_[2], x);
     mgVector_c const &t = x.translation();
     double px = moved(v.x(), t.x()), py = moved(v.y(), t.y());
     double const pz = moved(v.z(), t.z());
