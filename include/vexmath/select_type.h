@@ -4,9 +4,8 @@
 #ifndef VEXMATH_SELECT_TYPE_H
 #define VEXMATH_SELECT_TYPE_H
 
+#include <vexmath/detail/select_set.h>
 #include <vexmath/export.h>
-#include <vexmath/forward.h>
-#include <vexmath_platform/word_array.h>
 
 // The application defines the codes: it completes these enumerations with its own names. Only two
 // have a meaning here: 0, "nothing", and -1, which the constructor of `uoSelectType_c` refuses.
@@ -14,10 +13,8 @@ enum uoSelTypes_e : int;
 enum uoSelConstraint_e : int;
 enum cvSelectType_e : int;
 
-namespace vexmath::detail {
-
-/// What the two set classes share: an array of codes in the order they were added. `Set` is the
-/// class that derives from it, `Code` its enumeration.
+/// The types of object that may be selected: an array of codes in the order they were added. Copies
+/// keep order and duplicates.
 ///
 /// No operation stores a code twice. But a set that came by a duplicate in another way keeps it in
 /// copies, and the operations that compare numbers of elements count it.
@@ -28,74 +25,6 @@ namespace vexmath::detail {
 ///
 /// Nothing throws. When memory is exhausted, a code that cannot be stored is left out, a copy is
 /// empty, and an assignment leaves the set as it was.
-template <class Set, class Code>
-class SelectSet {
-public:
-    /// Appends the code unless it is present. 0 and -1 are codes like any other here.
-    void add(Code const &code);
-
-    /// Removes the first occurrence of the code, if there is one.
-    void unset(Code const &code);
-
-    /// For each element of `other` in order, removes its first occurrence here: {1, 1, 1} without
-    /// {1, 1} leaves {1}. If `other` is this set, it becomes empty.
-    void unset(Set const &other);
-
-    /// The elements of this set, then the code or the elements of `other`, each only once.
-    Set operator|(Code code) const;
-    Set operator|(Set const &other) const;
-
-    /// Appends the elements of `other` that are absent here. A duplicate in this set stays.
-    Set &operator|=(Set const &other);
-
-    /// 1 when an element of `other` is matched, else 0. So the empty set meets {0}, but nothing
-    /// meets an empty `other`, not even the empty set.
-    int operator&(Set const &other) const;
-
-    /// 1 when the code is not 0 and present, or is 0 and the set is empty; else 0.
-    int operator&(Code const &code) const;
-
-    /// 1 when the numbers of elements are equal and each element of `other` is matched, else 0. So
-    /// two empty sets are equal, a set that holds 0 does not even equal itself, and {1, 2} == {1,
-    /// 1} but not the other way round. `!=` is 1 where this is 0, and 0 where this is 1.
-    int operator==(Set const &other) const;
-
-    /// 1 when `other` has no more elements than this set and each is matched, else 0. Duplicates
-    /// count: {1} does not contain {1, 1}. An empty `other` is contained in every set.
-    int contains(Set const &other) const;
-
-    /// The elements of `other` that are matched, in its order, each only once.
-    Set intersection(Set const &other) const;
-
-    /// Number of elements, duplicates included.
-    int getNumOfTypes() const;
-
-    /// Position of the first occurrence, from 0 on, or -1 when there is none.
-    int getIndex(Code const &code) const;
-
-    /// Copies the elements in order to `types`, sign-extended where `long` is wider than 32 bits.
-    /// REQUIRES room for getNumOfTypes() entries.
-    void getTypes(long *types) const;
-
-    /// The same number, as the enumeration of the application interface.
-    static cvSelectType_e uoTypeToAuType(Code const &code);
-
-protected:
-    SelectSet();
-    SelectSet(SelectSet const &other);
-    SelectSet &operator=(SelectSet const &other);
-    ~SelectSet();
-
-    su_CDWordArray words_;
-};
-
-extern template class VEXMATH_API SelectSet<uoSelectType_c, uoSelTypes_e>;
-extern template class VEXMATH_API SelectSet<uoSelectConstraint_c, uoSelConstraint_e>;
-
-} // namespace vexmath::detail
-
-/// The types of object that may be selected. Copies keep order and duplicates. All other operations
-/// are those of the base.
 class uoSelectType_c : public vexmath::detail::SelectSet<uoSelectType_c, uoSelTypes_e> {
 public:
     uoSelectType_c() = default; ///< the empty set
@@ -103,13 +32,58 @@ public:
     /// The set of one code; empty for 0 and -1.
     VEXMATH_API uoSelectType_c(uoSelTypes_e const &code);
 
-    // As in the base. Both operands have this type, because C++20 also tries them exchanged.
+    // Members of the base, where Code is uoSelTypes_e and Set this class.
+
+    /// void add(Code const &code): appends the code unless it is present. 0 and -1 are codes like
+    /// any other here.
+    using SelectSet::add;
+    /// void unset(Code const &code): removes the first occurrence of the code, if there is one.
+    /// void unset(Set const &other): for each element of `other` in order, removes its first
+    /// occurrence here: {1, 1, 1} without {1, 1} leaves {1}. If `other` is this set, it becomes
+    /// empty.
+    using SelectSet::unset;
+
+    /// Set operator|(Code code) const, Set operator|(Set const &other) const: the elements of this
+    /// set, then the code or the elements of `other`, each only once.
+    using SelectSet::operator|;
+    /// Set &operator|=(Set const &other): appends the elements of `other` that are absent here. A
+    /// duplicate in this set stays.
+    using SelectSet::operator|=;
+    /// int operator&(Set const &other) const: 1 when an element of `other` is matched, else 0. So
+    /// the empty set meets {0}, but nothing meets an empty `other`, not even the empty set.
+    /// int operator&(Code const &code) const: 1 when the code is not 0 and present, or is 0 and the
+    /// set is empty; else 0.
+    using SelectSet::operator&;
+    /// int contains(Set const &other) const: 1 when `other` has no more elements than this set and
+    /// each is matched, else 0. Duplicates count: {1} does not contain {1, 1}. An empty `other` is
+    /// contained in every set.
+    using SelectSet::contains;
+    /// Set intersection(Set const &other) const: the elements of `other` that are matched, in its
+    /// order, each only once.
+    using SelectSet::intersection;
+
+    /// int getNumOfTypes() const: the number of elements, duplicates included.
+    using SelectSet::getNumOfTypes;
+    /// int getIndex(Code const &code) const: the position of the first occurrence, from 0 on, or -1
+    /// when there is none.
+    using SelectSet::getIndex;
+    /// void getTypes(long *types) const: copies the elements in order to `types`, sign-extended
+    /// where `long` is wider than 32 bits. REQUIRES room for getNumOfTypes() entries.
+    using SelectSet::getTypes;
+    /// static cvSelectType_e uoTypeToAuType(Code const &code): the same number, as the enumeration
+    /// of the application interface.
+    using SelectSet::uoTypeToAuType;
+
+    /// 1 when the numbers of elements are equal and each element of `other` is matched, else 0. So
+    /// two empty sets are equal, a set that holds 0 does not even equal itself, and {1, 2} == {1,
+    /// 1} but not the other way round. Both operands have this type, because C++20 also tries them
+    /// exchanged.
     int operator==(uoSelectType_c const &other) const;
-    int operator!=(uoSelectType_c const &other) const;
+    int operator!=(uoSelectType_c const &other) const; ///< 1 where == is 0, and 0 where it is 1
 };
 
-/// The constraints under which objects may be selected. Works like `uoSelectType_c`, except that
-/// the constructor accepts -1.
+/// The constraints under which objects may be selected. Has the members of `uoSelectType_c`, for
+/// codes of `uoSelConstraint_e`, and works like it, except that the constructor accepts -1.
 class uoSelectConstraint_c
     : public vexmath::detail::SelectSet<uoSelectConstraint_c, uoSelConstraint_e> {
 public:

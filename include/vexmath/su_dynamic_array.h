@@ -13,18 +13,6 @@
 #include <vexmath/export.h>
 #include <vexmath/forward.h>
 
-namespace vexmath::detail {
-
-inline amDynamicArrayHeader *headerOf(void *array) {
-    return static_cast<amDynamicArrayHeader *>(array) - 1;
-}
-
-inline amDynamicArrayHeader const *headerOf(void const *array) {
-    return static_cast<amDynamicArrayHeader const *>(array) - 1;
-}
-
-} // namespace vexmath::detail
-
 /// Owner of one dynamic array of T. Its handle is null until the first element is stored. From then
 /// on the storage is a block as `dynamic_array.h` describes it, with a capacity of 8 that grows
 /// linearly by 16. Copies copy the storage.
@@ -82,6 +70,8 @@ private:
 };
 
 // -------------------------------------------------------------------------------------------------
+
+#include <vexmath/detail/array_header.h>
 
 template <class T>
 inline suDynamicArray<T>::suDynamicArray() = default;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Growable arrays of plain elements: blocks of the C heap with a header in front of element 0.
 
+#include <vexmath/detail/array_header.h>
 #include <vexmath/dynamic_array.h>
 
 #include <algorithm>
@@ -10,8 +11,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
-
-#include <vexmath/su_dynamic_array.h>
 
 // Other modules lay this header over the same memory.
 static_assert(sizeof(amDynamicArrayHeader) == 16);
