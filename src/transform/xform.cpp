@@ -72,11 +72,11 @@ double inverseScale(mgXform_c const &x) { return scales(x.scaling()) ? 1.0 / x.s
 /// A copy of a first, then b, both without their records; by the copy rules. REQUIRES that a
 /// rotates: otherwise its copy may have other elements.
 VEXMATH_NEVER_INLINE mgXform_c productByRows(mgXform_c const &a, mgXform_c const &b) {
-    // Computed first: with no step in between, the rows go from registers to the result.
-    mgVector_c const translation = composedTranslation(a.translation(), b);
-    mgXform_c product =
-        makeXform(Rows::ofProduct(a.rotation(), b.rotation()).orthonormalised(false).matrix(),
-                  translation, composedScale(a, b), exactlyOne(a.isReflection(), b.isReflection()));
+    // The translation last: the rows go from registers to the result with no step in between.
+    mgXform_c product = makeXform(
+        Rows::ofProduct(a.rotation(), b.rotation()).orthonormalised(false).matrix(), mgVector_c(),
+        composedScale(a, b), exactlyOne(a.isReflection(), b.isReflection()));
+    XformParts::translation(product) = composedTranslation(a.translation(), b);
     XformParts::followCopyRules(product);
     return product;
 }
@@ -84,13 +84,14 @@ VEXMATH_NEVER_INLINE mgXform_c productByRows(mgXform_c const &a, mgXform_c const
 VEXMATH_NEVER_INLINE mgXform_c inverseByRows(mgXform_c const &x) {
     Rows const rows = x.rotate() ? Rows::ofTransposed(&x.rotation()[0]).orthonormalised(false)
                                  : Rows::of(&mgMatrix_c()[0]);
-    mgXform_c inverse = makeXform(rows.matrix(), mgVector_c(), inverseScale(x));
+    double const scale = inverseScale(x);
+    mgXform_c inverse = makeXform(rows.matrix(), mgVector_c(), scale);
     if (x.translation().isNotNull()) {
         mgVector_c const t = -x.translation();
         mgVector_c &translation = XformParts::translation(inverse);
         // By the rows that are still in registers: reading the matrix would wait for the stores.
         translation = vexmath::detail::isExactIdentity(inverse.rotation()) ? t : rows.times(t);
-        if (scales(x.scaling())) translation *= inverse.scaling();
+        if (scales(x.scaling())) translation *= scale;
     }
     XformParts::followCopyRules(inverse);
     return inverse;
