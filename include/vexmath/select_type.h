@@ -38,6 +38,7 @@ public:
     /// any other here.
     using SelectSet::add;
     /// void unset(Code const &code): removes the first occurrence of the code, if there is one.
+    ///
     /// void unset(Set const &other): for each element of `other` in order, removes its first
     /// occurrence here: {1, 1, 1} without {1, 1} leaves {1}. If `other` is this set, it becomes
     /// empty.
@@ -51,6 +52,7 @@ public:
     using SelectSet::operator|=;
     /// int operator&(Set const &other) const: 1 when an element of `other` is matched, else 0. So
     /// the empty set meets {0}, but nothing meets an empty `other`, not even the empty set.
+    ///
     /// int operator&(Code const &code) const: 1 when the code is not 0 and present, or is 0 and the
     /// set is empty; else 0.
     using SelectSet::operator&;
