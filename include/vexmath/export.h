@@ -21,7 +21,7 @@
 
 /// Marks a function without side effects, so that a loop which may call it keeps its values in
 /// registers. It is not inlined: a rare call then stays behind the test that avoids it, where a
-/// compiler would otherwise evaluate all tests at once.
+/// compiler would otherwise evaluate all tests together.
 #if defined(__GNUC__)
 #define VEXMATH_PURE __attribute__((pure, noinline))
 #else
