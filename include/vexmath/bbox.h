@@ -239,7 +239,9 @@ public:
     VEXMATH_API void saveStringRep(CString &s) const;
     /// Reads six numbers back as two opposite corners, as the constructor does, and returns 1. What
     /// follows the sixth number is ignored: under a locale with a decimal point, a comma in that
-    /// number silently ends it. 0 and no change when fewer than six numbers can be read.
+    /// number silently ends it. A number is what the C library's scanf reads as one: "nan", "inf"
+    /// and hexadecimal too, so that the result may be an unset box. 0 and no change when fewer than
+    /// six numbers can be read.
     VEXMATH_API int restoreStringRep(CString const &s);
     VEXMATH_API void dump() const; ///< formats the text form and drops it: no visible effect
 

@@ -77,7 +77,8 @@ enum mg_GoodEqu3Status : int {
 
 /// The three real roots, descending, of x^3 - a x^2 + b x - c, the characteristic polynomial of a
 /// symmetric positive matrix: a is its trace, b the sum of its principal 2x2 minors, c its
-/// determinant. REQUIRES room for three. With P = 3 - 9b/a^2 and Q = 27c/a^3 - 9b/a^2 + 2:
+/// determinant. REQUIRES room for three: unless it fails, all three are written, an equal pair
+/// twice, a triple root three times. With P = 3 - 9b/a^2 and Q = 27c/a^3 - 9b/a^2 + 2:
 /// - Fails when a, b or c is not positive or is NaN.
 /// - |P| < 1e-08: a triple root a / 3 when |Q| <= 1e-08, otherwise fails.
 /// - P < 0: fails.

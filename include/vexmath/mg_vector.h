@@ -11,8 +11,7 @@
 ///
 /// Without endParam (null), *param ends in [0, period]. A positive multiple of the period, or a
 /// value that exceeds such a multiple by strictly less than 1e-11, becomes the period and not 0. 0
-/// stays 0. A
-/// negative multiple becomes 0, or by rounding the period.
+/// stays 0. A negative multiple becomes 0, or by rounding the period.
 ///
 /// With endParam, *param starts an interval and *endParam ends it. *param ends in [0, period); it
 /// becomes 0 when it is at most 1e-11 below the period. *endParam becomes *param plus the old

@@ -28,9 +28,10 @@ public:
 /// view transforms, an owned perspective record. Lengths are in model units, angles in radians.
 ///
 /// A point p, a row vector, becomes scale * (p * rotation) + translation; the perspective division
-/// of a record follows. A vector becomes scale * (v * rotation). A unit vector is only rotated. The
-/// scale is applied only when |scale - 1| > 1e-08, so a scale of NaN is not. Row i of the rotation
-/// is the image of coordinate axis i. `a * b` applies a first, then b.
+/// of a record follows. A vector becomes scale * (v * rotation). A unit vector is only rotated.
+/// "Rotated" means multiplied by the rotation, which for a mirror mirrors. The scale is applied
+/// only when |scale - 1| > 1e-08, so a scale of NaN is not. Row i of the rotation is the image of
+/// coordinate axis i. `a * b` applies a first, then b.
 ///
 /// Only `save`, the two `iValidateRepair` functions and the copy rules below correct the fields.
 /// The rotation is normally orthonormal, and composition keeps it so. Points and vectors go by its
@@ -207,11 +208,10 @@ public:
     VEXMATH_API static mgXform_c createFromGLData(double const *gl);
 
     /// Text form: the sixteen numbers of `getGLData` as by `%.16g` (up to 16 digits, an exponent
-    /// where needed), separated by spaces; NaN and
-    /// infinity as the C library writes them. The text is empty when memory is exhausted. Written
-    /// and read by the process's numeric locale: a text written with a decimal comma is refused
-    /// where a decimal point is set, unless all its numbers are whole, and the other way round.
-    /// Store texts written under the "C" locale.
+    /// where needed), separated by spaces; NaN and infinity as the C library writes them. The text
+    /// is empty when memory is exhausted. Written and read by the process's numeric locale: a text
+    /// written with a decimal comma is refused where a decimal point is set, unless all its numbers
+    /// are whole, and the other way round. Store texts written under the "C" locale.
     VEXMATH_API void saveStringRep(CString &s) const;
     /// Reads sixteen numbers, assigns the transform that `createFromGLData` makes of them, by the
     /// copy rules, and returns 1. Text after them is ignored. With fewer numbers it returns 0 and

@@ -39,6 +39,9 @@ protected:
 ///     unsigned long   DWORD    4 bytes, also where the type has 8: the upper half is dropped
 ///     double          DOUBLE   8 bytes, IEEE 754; every bit is kept, also of NaN and -0.0
 ///
+/// Other types follow the overload rules of C++: char, bool and short are written as INT, float as
+/// DOUBLE; unsigned int and long do not compile.
+///
 /// A short read or a failed write throws su_CArchiveError. A short read leaves its target
 /// unchanged. A buffering stream may accept data that the disk refuses later: flush the stream and
 /// check its state before you report the document as written.
