@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-// How a function is inlined that the compiler's estimate would leave out of line, and the other way
-// round.
+// Forces or prevents the inlining of a function where the compiler's estimate is wrong.
 
 #ifndef VEXMATH_SRC_INLINING_H
 #define VEXMATH_SRC_INLINING_H
 
-/// For a step in the middle of a hot chain of a few dozen numbers: called, it would have them all
-/// written to memory and read back.
+/// For a step in a hot chain that keeps a few dozen numbers in registers. A call would write them
+/// all to memory and read them back.
 #if defined(__GNUC__)
 #define VEXMATH_ALWAYS_INLINE __attribute__((always_inline)) inline
 #elif defined(_MSC_VER)
@@ -15,7 +14,8 @@
 #define VEXMATH_ALWAYS_INLINE inline
 #endif
 
-/// For the rare or the slow way behind a quick one, which would save registers for it.
+/// For the rare, slow path behind a quick one. Inlined, it would make the quick path save
+/// registers.
 #if defined(__GNUC__)
 #define VEXMATH_NEVER_INLINE __attribute__((noinline))
 #elif defined(_MSC_VER)

@@ -91,8 +91,9 @@ public:
     VEXMATH_API int isParallelTo(mgVector_c const &v) const;
     /// Parallel or anti-parallel within tolDeg degrees: |cos| > cos(tolDeg), strict. A tolDeg below
     /// 1e-08 gives the result of `isParallelTo(v)`. From there to about 2.2e-06 degrees cos(tolDeg)
-    /// is within rounding of 1, and even a vector and itself can give 0. From 90 to below 270
-    /// degrees every pair gives 1, unless cos is NaN. A tolDeg of NaN or +infinity gives 0.
+    /// is within rounding of 1, and even a vector and itself can give 0. From 90 (which
+    /// counts, as pi is rounded) to below 270 degrees every pair gives 1, unless cos is NaN. A
+    /// tolDeg of NaN or +infinity gives 0.
     VEXMATH_API int isParallelTo(mgVector_c const &v, double tolDeg) const;
     /// The same by the cross product, without unit vectors: |a x b|^2 <= s |a|^2 |b|^2 s, bound
     /// included. s is tolDeg in radians, and above 1e-07 radians its sine, which falls again beyond

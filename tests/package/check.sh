@@ -11,9 +11,15 @@ how=$1
 
 # configure_build_run <source of the program> <build folder> <arguments of cmake...>
 configure_build_run() {
-    cmake -S "$1" -B "$2" -DCMAKE_CXX_COMPILER="$compiler" "${@:3}" >/dev/null
-    cmake --build "$2" --parallel 2 >/dev/null
+    quietly cmake -S "$1" -B "$2" -DCMAKE_CXX_COMPILER="$compiler" "${@:3}"
+    quietly cmake --build "$2" --parallel 2
     "$2/consumer"
+}
+
+# Shows what a command prints only when it fails.
+quietly() {
+    local printed
+    printed=$("$@" 2>&1) || { echo "$printed"; return 1; }
 }
 
 # The installed files, each once: without version numbers, and with lib for the system's own folder.
@@ -51,11 +57,11 @@ add_subdirectory)
     configure_build_run "$tests/package/add_subdirectory" "$work/$how" -DVEXMATH_SOURCE="$4"
     ;;
 static)
-    cmake -S "$4" -B "$work/static/library" -DCMAKE_CXX_COMPILER="$compiler" \
+    quietly cmake -S "$4" -B "$work/static/library" -DCMAKE_CXX_COMPILER="$compiler" \
         -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=OFF -DVEXMATH_BUILD_TESTS=OFF \
-        -DVEXMATH_BUILD_EXAMPLES=OFF -DVEXMATH_BUILD_APPS=OFF >/dev/null
-    cmake --build "$work/static/library" --parallel 2 >/dev/null
-    cmake --install "$work/static/library" --prefix "$work/static/installed" >/dev/null
+        -DVEXMATH_BUILD_EXAMPLES=OFF -DVEXMATH_BUILD_APPS=OFF
+    quietly cmake --build "$work/static/library" --parallel 2
+    quietly cmake --install "$work/static/library" --prefix "$work/static/installed"
     configure_build_run "$tests/package/find_package" "$work/static/consumer" \
         -DCMAKE_PREFIX_PATH="$work/static/installed"
     if ldd "$work/static/consumer/consumer" | grep vexmath; then

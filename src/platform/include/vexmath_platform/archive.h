@@ -36,8 +36,9 @@ protected:
 ///
 ///     unsigned char   BYTE     1 byte
 ///     int             INT      4 bytes, two's complement
-///     unsigned long   DWORD    4 bytes, also where the type has 8: the upper half is dropped
-///     double          DOUBLE   8 bytes, IEEE 754; every bit is kept, also of NaN and -0.0
+///     unsigned long   DWORD    4 bytes, also where the type has 8: the upper half is not written,
+///     and read as 0 double          DOUBLE   8 bytes, IEEE 754; every bit is kept, also of NaN and
+///     -0.0
 ///
 /// Other types follow the overload rules of C++: char, bool and short are written as INT, float as
 /// DOUBLE; unsigned int and long do not compile.
