@@ -5,6 +5,7 @@
 #include <vexmath/point2d.h>
 #include <vexmath/su_dynamic_array.h>
 
+#include "inlining.h"
 #include "stable_order.h"
 
 #include <algorithm>
@@ -19,9 +20,12 @@ using vexmath::detail::headerOf;
 using Points = suDynamicArray<mg2DPoint_c>;
 using List = std::vector<mg2DPoint_c>;
 
+// The loops over all points are in functions that are never inlined: together in one function they
+// would have too few registers.
+
 /// Sorts the points by x, then y, NaN last; equal points keep their order. `given` is a copy of
 /// them. Throws std::bad_alloc before any point has moved.
-void sortByXThenY(mg2DPoint_c *points, List const &given) {
+VEXMATH_NEVER_INLINE void sortByXThenY(mg2DPoint_c *points, List const &given) {
     using vexmath::detail::OrderKey;
     using vexmath::detail::orderKey;
     auto const n = static_cast<std::uint32_t>(given.size());
@@ -44,7 +48,7 @@ void sortByXThenY(mg2DPoint_c *points, List const &given) {
 /// Moves every point that differs from the one before it to the front. Returns the index that each
 /// of the others has when they are removed one by one, first to last. Throws std::bad_alloc with
 /// the points in any order.
-std::vector<int> moveDistinctToFront(mg2DPoint_c *sorted, int count) {
+VEXMATH_NEVER_INLINE std::vector<int> moveDistinctToFront(mg2DPoint_c *sorted, int count) {
     std::vector<int> removed;
     int kept = 1;
     for (int i = 1; i < count; ++i) {
@@ -159,7 +163,7 @@ bool appendFew(mg2DPoint_c const *p, int n, Chain hull) {
 // QUIRK: mg_queries.h, convexHull: four or more collinear points that differ in x give the first
 // point alone, because the upper chain removes the last one. Expected: both ends. Kept: callers and
 // stored data depend on it. (test: CollinearPointsGiveOnePoint)
-bool appendHull(mg2DPoint_c const *p, int n, Chain hull) {
+VEXMATH_NEVER_INLINE bool appendHull(mg2DPoint_c const *p, int n, Chain hull) {
     int const maxmax = n - 1;
     int minmax = 0; // the last point of lowest x
     while (minmax < maxmax && p[minmax + 1].x() == p[0].x()) ++minmax;
