@@ -6,7 +6,7 @@
 
 #include <vexmath/bbox.h>
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 static_assert(sizeof(mgBBox_c) == 80 && std::is_trivially_copyable_v<mgBBox_c>);
 

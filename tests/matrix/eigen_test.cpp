@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Eigenvalues and eigenvectors of symmetric matrices.
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // 4x4 matrices.
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 #include <vexmath/matrix4.h>
 

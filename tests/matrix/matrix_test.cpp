@@ -5,7 +5,7 @@
 
 #include <type_traits>
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Null spaces of 3x3 matrices.
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 namespace {
 

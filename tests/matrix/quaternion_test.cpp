@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Quaternions.
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 #include <vexmath/quaternion.h>
 

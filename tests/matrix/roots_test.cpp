@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Real roots of quadratics and cubics.
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Rotations: sense, snapping to quarter turns, and the axis and angle of a matrix.
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 namespace {
 

@@ -11,8 +11,8 @@
 #include <sstream>
 #include <vector>
 
+#include "common/geometry.h"
 #include "memory/heap.h"
-#include "support/geometry.h"
 
 namespace {
 

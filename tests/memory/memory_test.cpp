@@ -5,8 +5,8 @@
 
 #include <sstream>
 
+#include "common/geometry.h"
 #include "memory/heap.h"
-#include "support/geometry.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <vexmath/arc.h>
 #include <vexmath/circle.h>
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <vexmath/cone.h>
 #include <vexmath/mg_primitives.h>
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Lines: feet, distances, snapping, comparison.
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 #include <vexmath/mg_primitives.h>
 #include <vexmath/plane.h>

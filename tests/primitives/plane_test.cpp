@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Planes: tolerances, comparison, segments, the line of two planes, mirrors; triangles.
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 #include <vexmath/mg_primitives.h>
 #include <vexmath/plane.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Circles in the plane, with lines and with each other.
 
-#include "support/numbers.h"
+#include "common/numbers.h"
 
 #include <vexmath/mg_queries.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Planar hulls: the library against a literal version of its steps, and the changes of the input.
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 #include <vexmath/mg_queries.h>
 #include <vexmath/point2d.h>

@@ -2,7 +2,7 @@
 // Every query, line, plane, cone and view function on hostile numbers. The sanitizers find traps;
 // the test itself checks that every result is one of its enumeration.
 
-#include "support/numbers.h"
+#include "common/numbers.h"
 
 #include <vexmath/cone.h>
 #include <vexmath/mg_primitives.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Infinite lines with each other, in space and in the plane.
 
-#include "support/numbers.h"
+#include "common/numbers.h"
 
 #include <vexmath/mg_queries.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Planes with lines, segments and each other.
 
-#include "support/numbers.h"
+#include "common/numbers.h"
 
 #include <vexmath/mg_queries.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Sorting of points: the library against a literal version of its steps.
 
-#include "support/numbers.h"
+#include "common/numbers.h"
 
 #include <vexmath/mg_queries.h>
 #include <vexmath/point.h>

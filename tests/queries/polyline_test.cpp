@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Straight polylines and three-point arcs.
 
-#include "support/numbers.h"
+#include "common/numbers.h"
 
 #include <vexmath/mg_queries.h>
 

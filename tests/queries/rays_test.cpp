@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Rays against planes, discs, spheres, cylinders and cones.
 
-#include "support/numbers.h"
+#include "common/numbers.h"
 
 #include <vexmath/mg_queries.h>
 #include <vexmath/mg_transform.h>

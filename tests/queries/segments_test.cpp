@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Segments and rays in space, segments in the plane.
 
-#include "support/numbers.h"
+#include "common/numbers.h"
 
 #include <vexmath/mg_queries.h>
 

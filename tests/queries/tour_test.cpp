@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Open tours: the library against a literal version of the rule, and the contract of the order.
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 #include <vexmath/mg_queries.h>
 #include <vexmath/mg_vector.h>

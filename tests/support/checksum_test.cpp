@@ -6,7 +6,7 @@
 
 #include <climits>
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 namespace {
 

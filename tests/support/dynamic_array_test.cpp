@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "support/numbers.h"
+#include "common/numbers.h"
 
 /// The C program of the same folder: 0, or the line where it found a fault.
 extern "C" int runPlainCallers(void);

@@ -5,7 +5,7 @@
 
 #include <array>
 
-#include "support/numbers.h"
+#include "common/numbers.h"
 
 namespace {
 

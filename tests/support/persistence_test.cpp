@@ -7,7 +7,7 @@
 #include <vexmath/point2d.h>
 #include <vexmath/primitive_body_data.h>
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 namespace {
 

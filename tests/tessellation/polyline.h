@@ -11,7 +11,7 @@
 
 #include <vector>
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 namespace support {
 

@@ -7,7 +7,7 @@
 
 #include <vector>
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Rotation angles about the coordinate axes.
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 namespace {
 

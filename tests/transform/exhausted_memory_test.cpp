@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Transforms when memory for a perspective record is exhausted.
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 #include <cstdlib>
 #include <new>

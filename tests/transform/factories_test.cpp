@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Factories of transforms: thresholds, frames, images of points and directions.
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <vexmath/bbox.h>
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 #include <clocale>
 

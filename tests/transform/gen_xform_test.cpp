@@ -3,7 +3,7 @@
 
 #include <vexmath/gen_xform.h>
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 #include <memory>
 

@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <type_traits>
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 namespace {
 

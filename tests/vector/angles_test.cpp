@@ -3,7 +3,7 @@
 
 #include <vexmath/mg_vector.h>
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 namespace {
 

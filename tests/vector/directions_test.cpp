@@ -5,7 +5,7 @@
 
 #include <memory>
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 namespace {
 

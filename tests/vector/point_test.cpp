@@ -8,7 +8,7 @@
 #include <sstream>
 #include <type_traits>
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 namespace {
 

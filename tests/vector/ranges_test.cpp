@@ -4,7 +4,7 @@
 
 #include <vexmath/mg_vector.h>
 
-#include "support/geometry.h"
+#include "common/geometry.h"
 
 namespace {
 

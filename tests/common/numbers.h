@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Shared by the tests: a seeded generator, comparison to the bit, and hostile values.
 
-#ifndef VEXMATH_TESTS_SUPPORT_NUMBERS_H
-#define VEXMATH_TESTS_SUPPORT_NUMBERS_H
+#ifndef VEXMATH_TESTS_COMMON_NUMBERS_H
+#define VEXMATH_TESTS_COMMON_NUMBERS_H
 
 #include <cmath>
 #include <cstdint>

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 // Neighbours of a threshold, and distances, matrices and placements for the tests of geometry.
 
-#ifndef VEXMATH_TESTS_SUPPORT_GEOMETRY_H
-#define VEXMATH_TESTS_SUPPORT_GEOMETRY_H
+#ifndef VEXMATH_TESTS_COMMON_GEOMETRY_H
+#define VEXMATH_TESTS_COMMON_GEOMETRY_H
 
 #include <vexmath/mg_matrix.h>
 #include <vexmath/mg_transform.h>
 
 #include <algorithm>
 
-#include "support/numbers.h"
+#include "common/numbers.h"
 
 namespace support {
 
