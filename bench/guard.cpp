@@ -7,13 +7,14 @@
 
 #include <array>
 #include <cstddef>
-#include <cstdint>
 #include <cstdio>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include <valgrind/callgrind.h>
+
+#include "common/generator.h"
 
 namespace {
 
@@ -44,12 +45,9 @@ void countEach(std::string const &name, Work const &work) {
     });
 }
 
-/// The same numbers everywhere, by Knuth's 64-bit linear congruence.
+/// The same numbers everywhere.
 struct Numbers {
-    double next(double reach) {
-        state = state * 6364136223846793005u + 1442695040888963407u;
-        return (static_cast<double>(state >> 11) * 0x1p-52 - 1.0) * reach;
-    }
+    double next(double reach) { return generator.uniform(-1.0, 1.0) * reach; }
     mgPoint_c point(double reach) {
         double const x = next(reach), y = next(reach), z = next(reach);
         return {x, y, z};
@@ -64,7 +62,7 @@ struct Numbers {
         return mg_RestoreXform(mg_RotationMatrix(angle, axis, 0.0), point(30.0), 1.5);
     }
 
-    std::uint64_t state = 1;
+    support::Generator generator{1};
 };
 
 template <class Make>

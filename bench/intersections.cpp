@@ -5,10 +5,12 @@
 #include <vexmath/mg_queries.h>
 
 #include <cstddef>
-#include <random>
+#include <cstdint>
 #include <vector>
 
 #include <benchmark/benchmark.h>
+
+#include "common/generator.h"
 
 #ifdef VEXMATH_BENCH_EIGEN
 #include <Eigen/Geometry>
@@ -29,11 +31,10 @@ struct Numbers {
 
 std::vector<Numbers> const &numbers() {
     static std::vector<Numbers> const all = [] {
-        std::mt19937_64 engine(11);
-        std::uniform_real_distribution<double> uniform(-1.0, 1.0);
+        support::Generator generator(11);
         std::vector<Numbers> result(count);
         for (Numbers &n : result) {
-            for (double &value : n.value) value = uniform(engine);
+            for (double &value : n.value) value = generator.uniform(-1.0, 1.0);
         }
         return result;
     }();

@@ -29,13 +29,13 @@ constexpr int manyPoints = 1000000;
 /// The same points for everybody: in a cube of the size of a machine part.
 std::vector<mgPoint_c> const &points() {
     static std::vector<mgPoint_c> const all = [] {
-        std::mt19937_64 engine(11);
-        std::uniform_real_distribution<double> coordinate(-100.0, 100.0);
+        support::Generator generator(11);
+        auto const coordinate = [&generator] { return generator.uniform(-100.0, 100.0); };
         std::vector<mgPoint_c> result(manyPoints);
         for (mgPoint_c &p : result) {
-            p.set_x(coordinate(engine));
-            p.set_y(coordinate(engine));
-            p.set_z(coordinate(engine));
+            p.set_x(coordinate());
+            p.set_y(coordinate());
+            p.set_z(coordinate());
         }
         return result;
     }();

@@ -8,11 +8,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <ctime>
-#include <random>
 #include <string>
 #include <vector>
 
 #include <benchmark/benchmark.h>
+
+#include "common/generator.h"
 
 namespace works {
 
@@ -24,16 +25,14 @@ struct Triple {
 
 class Numbers {
 public:
-    double operator()(double low, double high) {
-        return std::uniform_real_distribution<double>(low, high)(engine_);
-    }
+    double operator()(double low, double high) { return generator_.uniform(low, high); }
     Triple triple(double reach) {
         double const x = (*this)(-reach, reach), y = (*this)(-reach, reach);
         return {x, y, (*this)(-reach, reach)};
     }
 
 private:
-    std::mt19937_64 engine_{7};
+    support::Generator generator_{7};
 };
 
 /// Enough different inputs that branch predictors do not learn them all, and little enough to stay

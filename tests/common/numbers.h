@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Shared by the tests: a seeded generator, comparison to the bit, and hostile values.
+// Shared by the tests: random cases, comparison to the bit, and hostile values.
 
 #ifndef VEXMATH_TESTS_COMMON_NUMBERS_H
 #define VEXMATH_TESTS_COMMON_NUMBERS_H
@@ -10,11 +10,12 @@
 #include <cstring>
 #include <iomanip>
 #include <limits>
-#include <random>
 #include <sstream>
 #include <string>
 
 #include <gtest/gtest.h>
+
+#include "common/generator.h"
 
 namespace support {
 
@@ -24,24 +25,16 @@ inline std::uint64_t seed() {
     return text != nullptr ? std::strtoull(text, nullptr, 0) : 20240229u;
 }
 
-/// Pseudo-random numbers that are the same on every machine. A failure in the scope of the object
-/// shows the seed.
-class Random {
+/// A generator with that seed. A failure in the scope of the object shows the seed.
+class Random : public Generator {
 public:
-    /// In [low, high).
-    double uniform(double low, double high) {
-        double const unit = static_cast<double>(engine_() >> 11) * 0x1p-53;
-        return low + (high - low) * unit;
-    }
+    Random() : Generator(seed()) {}
 
     /// Either sign, the decimal exponent uniform in [low, high).
     double ofMagnitude(double lowExponent, double highExponent) {
         double const size = std::pow(10.0, uniform(lowExponent, highExponent));
-        return (engine_() & 1) != 0 ? -size : size;
+        return below(2) != 0 ? -size : size;
     }
-
-    /// In [0, count).
-    int below(int count) { return static_cast<int>(engine_() % static_cast<unsigned>(count)); }
 
     /// A point, vector or the like with each coordinate in [low, high).
     template <class T>
@@ -65,7 +58,6 @@ public:
     }
 
 private:
-    std::mt19937_64 engine_{seed()};
     ::testing::ScopedTrace trace_{__FILE__, __LINE__,
                                   "VEXMATH_TEST_SEED=" + std::to_string(seed())};
 };

@@ -19,17 +19,19 @@
 #include <cstdio>
 #include <cstring>
 
+#include "common/generator.h"
+
 namespace {
 
 constexpr int rounds = 20000;
 
-/// Numbers of ordinary, tiny and large size, by Knuth's 64-bit linear congruence.
+/// Numbers of ordinary, tiny and large size.
 class Stream {
 public:
     double next() {
-        double const unit = static_cast<double>(step() >> 11) * 0x1p-53;
+        double const unit = generator_.unit();
         double const sizes[] = {1.0, 1.0, 100.0, 1e-9, 1e7};
-        return (unit - 0.5) * sizes[(step() >> 33) % 5];
+        return (unit - 0.5) * sizes[(generator_.step() >> 33) % 5];
     }
     mgVector_c vector() {
         double const x = next(), y = next(), z = next();
@@ -47,8 +49,7 @@ public:
     }
 
 private:
-    std::uint64_t step() { return state_ = state_ * 6364136223846793005u + 1442695040888963407u; }
-    std::uint64_t state_ = 1;
+    support::Generator generator_{1};
 };
 
 /// FNV-1a over the bits of what it is given. Every NaN counts as the same.

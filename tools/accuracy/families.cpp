@@ -11,11 +11,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <cstdio>
 #include <functional>
-#include <random>
 #include <string>
+
+#include "common/generator.h"
 
 using reference::Matrix;
 using reference::Real;
@@ -29,11 +29,9 @@ constexpr int samplesOfOrdinary = 2000;
 
 /// The same numbers on every machine. Each series starts with the same seed, so that a change of
 /// one series changes no other.
-class Random {
+class Random : public support::Generator {
 public:
-    double uniform(double low, double high) {
-        return low + (high - low) * static_cast<double>(engine_() >> 11) * 0x1p-53;
-    }
+    Random() : Generator(20240229) {}
     Matrix rotation() {
         Real q[4];
         Real sq = 0;
@@ -47,9 +45,6 @@ public:
                  {2 * (x * y + z * w), 1 - 2 * (x * x + z * z), 2 * (y * z - x * w)},
                  {2 * (x * z - y * w), 2 * (y * z + x * w), 1 - 2 * (x * x + y * y)}}};
     }
-
-private:
-    std::mt19937_64 engine_{20240229};
 };
 
 using Polynomial = std::vector<double>; // leading coefficient first
