@@ -30,13 +30,13 @@ class Random : public Generator {
 public:
     Random() : Generator(seed()) {}
 
-    /// Either sign, the decimal exponent uniform in [low, high).
+    /// Either sign, the decimal exponent uniform(lowExponent, highExponent).
     double ofMagnitude(double lowExponent, double highExponent) {
         double const size = std::pow(10.0, uniform(lowExponent, highExponent));
         return below(2) != 0 ? -size : size;
     }
 
-    /// A point, vector or the like with each coordinate in [low, high).
+    /// A point, vector or the like with each coordinate uniform(low, high).
     template <class T>
     T triple(double low, double high) {
         double const x = uniform(low, high), y = uniform(low, high), z = uniform(low, high);
