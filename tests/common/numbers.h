@@ -19,13 +19,13 @@
 
 namespace support {
 
-/// Seed of every generator: VEXMATH_TEST_SEED of the environment, else always the same.
+/// Seed of every Random: VEXMATH_TEST_SEED of the environment, else always the same.
 inline std::uint64_t seed() {
     char const *text = std::getenv("VEXMATH_TEST_SEED");
     return text != nullptr ? std::strtoull(text, nullptr, 0) : 20240229u;
 }
 
-/// A generator with that seed. A failure in the scope of the object shows the seed.
+/// The generator with that seed. A failure in the scope of the object shows the seed.
 class Random : public Generator {
 public:
     Random() : Generator(seed()) {}
