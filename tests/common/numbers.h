@@ -62,6 +62,13 @@ private:
                                   "VEXMATH_TEST_SEED=" + std::to_string(seed())};
 };
 
+/// The last parameter of a Check function: a failure in there shows the line that called it.
+struct Caller {
+    Caller(char const *file = __builtin_FILE(), int line = __builtin_LINE())
+        : trace(file, line, "called here") {}
+    ::testing::ScopedTrace trace;
+};
+
 using Limits = std::numeric_limits<double>;
 inline constexpr double kInfinity = Limits::infinity(), kNaN = Limits::quiet_NaN();
 inline constexpr double kTiny = Limits::denorm_min(), kMin = Limits::min(), kMax = Limits::max();
