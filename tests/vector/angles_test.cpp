@@ -30,7 +30,8 @@ TEST(Angles, AReferenceMeasuresTheLongWayRound) {
 }
 
 TEST(Angles, FromVectorsIsSignedInThePlaneAlone) {
-    auto const check = [](double expected, mgVector_c const &a, mgVector_c const &b, int force3d) {
+    auto const check = [](double expected, mgVector_c const &a, mgVector_c const &b, int force3d,
+                          Caller = {}) {
         EXPECT_BITS_EQ(expected, mg_getAngleFromVectors(a, b, 1e9, force3d));
     };
     mgVector_c const a(2.0, 3.0, 0.0), b(5.0, 0.5, 0.0);
