@@ -30,7 +30,8 @@ TEST(Eigen, PairsAreSortedAndBelongToEachOther) {
         mgMatrix_c const m =
             symmetric(d.x(), d.y(), d.z(), off * t.x(), off * t.y(), i % 3 * off * t.z());
         Eigen const e = eigensystem(m);
-        ASSERT_TRUE(e.values[0] <= e.values[1] && e.values[1] <= e.values[2]);
+        ASSERT_LE(e.values[0], e.values[1]);
+        ASSERT_LE(e.values[1], e.values[2]);
         for (int k = 0; k < 3; ++k) {
             mgVector_c const mapped = m * mgPoint_c(e.vectors[k]);
             ASSERT_LT(support::gap(mapped, e.values[k] * e.vectors[k]), 1e-11);
@@ -54,7 +55,8 @@ TEST(Eigen, HostileMatricesEndAndHaveANullSpace) {
         mgMatrix_c m;
         for (int k = 0; k < 9; ++k) m[k] = random.hostile();
         mgUnitVector_c n[3];
-        EXPECT_LE(m.getNullspace(n, i % 2 == 0) + eigensystem(m).converged, 4);
+        EXPECT_LE(m.getNullspace(n, i % 2 == 0), 3);
+        EXPECT_LE(eigensystem(m).converged, 1);
     }
 }
 
@@ -62,7 +64,8 @@ TEST(Eigen, PairsBelongToTheSymmetricPartAndEitherOutputMayBeMissing) {
     mgMatrix_c const m({2, 3, 0, -1, 2, 0, 0, 0, 5}, 0); // its eigenvalues are 1, 3 and 5
     double values[3];
     mgUnitVector_c vectors[3];
-    EXPECT_EQ(2, m.getEigensystem(values, nullptr) + m.getEigensystem(nullptr, vectors));
+    EXPECT_EQ(1, m.getEigensystem(values, nullptr));
+    EXPECT_EQ(1, m.getEigensystem(nullptr, vectors));
     EXPECT_NEAR(1.0, values[0], 1e-15);
     EXPECT_BITS_EQ(mgUnitVector_c::zAxis(), vectors[2]);
 }

@@ -12,7 +12,8 @@ using support::kNaN;
 
 constexpr double untouched = -777.0;
 
-void CheckQuadratic(double a, double b, double c, std::vector<double> const &expected) {
+void CheckQuadratic(double a, double b, double c, std::vector<double> const &expected,
+                    support::Caller = {}) {
     double roots[2];
     int const count = mg_solveQuadratic(a, b, c, roots);
     EXPECT_EQ(expected, std::vector<double>(roots, roots + count)) << a << " " << b << " " << c;
@@ -33,7 +34,8 @@ TEST(Roots, OfAQuadraticAreNotSorted) {
     CheckQuadratic(kNaN, -1, 1, {1}); // a NaN counts as no leading coefficient
 }
 
-void CheckOlder(double a, double b, double c, double disc, double root1, double root2) {
+void CheckOlder(double a, double b, double c, double disc, double root1, double root2,
+                support::Caller = {}) {
     double got[3] = {untouched, untouched, untouched};
     mgSolveQuadratic(a, b, c, &got[0], &got[1], &got[2]);
     EXPECT_BITS_EQ(mgPoint_c(disc, root1 + 0.0, root2 + 0.0), mgPoint_c(got) + mgVector_c());
@@ -53,7 +55,7 @@ TEST(Roots, OfTheOlderQuadraticAreSorted) {
 }
 
 void CheckCubic(double a, double b, double c, double d, std::vector<double> const &expected,
-                double bound) {
+                double bound, support::Caller = {}) {
     double roots[3];
     ASSERT_EQ(expected.size(), static_cast<std::size_t>(mg_solveCubic(a, b, c, d, roots)));
     for (std::size_t i = 0; i < expected.size(); ++i)
@@ -77,7 +79,7 @@ TEST(Roots, AFallingCubicIsHalvedAtEveryStep) {
     }
 }
 
-void CheckLeast(double a, double b, double c, double d, double root) {
+void CheckLeast(double a, double b, double c, double d, double root, support::Caller = {}) {
     double roots[3];
     mg_solveCubic(a, b, c, d, roots);
     EXPECT_EQ(root, roots[0]) << a << " " << b << " " << c << " " << d;
@@ -105,7 +107,7 @@ TEST(Roots, EveryHostileEquationEnds) {
 }
 
 void CheckGood(double a, double b, double c, mg_GoodEqu3Status status, double r0 = untouched,
-               double r1 = untouched, double r2 = untouched) {
+               double r1 = untouched, double r2 = untouched, support::Caller = {}) {
     double roots[3] = {untouched, untouched, untouched};
     EXPECT_EQ(status, mg_GoodEqu3(a, b, c, roots)) << a << " " << c;
     EXPECT_LT(support::gap(mgPoint_c(r0, r1, r2), mgPoint_c(roots)), 1e-13);

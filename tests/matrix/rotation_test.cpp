@@ -6,6 +6,7 @@
 namespace {
 
 using support::above;
+using support::Caller;
 
 mgUnitVector_c const x(1, 0, 0), y(0, 1, 0), z(0, 0, 1);
 
@@ -32,7 +33,7 @@ TEST(Rotation, RotatesCounterClockwiseAboutItsAxis) {
 }
 
 TEST(Rotation, QuarterTurnsSnapStrictlyWithinTheTolerance) {
-    auto const check = [](double turn, double cosine, double sine) {
+    auto const check = [](double turn, double cosine, double sine, Caller = {}) {
         for (double const angle : {turn - 1e-3, turn + 1e-3}) {
             double const distance = std::fabs(angle - turn);
             mgMatrix_c const snapped = mg_RotationMatrix(angle, z, above(distance));
@@ -43,18 +44,17 @@ TEST(Rotation, QuarterTurnsSnapStrictlyWithinTheTolerance) {
     check(1.5707963267949, 0, 1);
     check(3.1415926535898, -1, 0);
     check(4.7123889803847, 0, -1);
-    auto const checkNone = [](int none, double angle, double tol) {
-        EXPECT_EQ(none, mg_RotationMatrix(angle, x, tol).isIdentity()) << angle;
-    };
-    checkNone(1, 1e-3, above(1e-3));
-    checkNone(0, 1e-3, 1e-3);
-    checkNone(1, 1e-7 - 3.0 * 6.2831853071796, 1e-6); // fmod keeps the sign
-    checkNone(1, -support::below(1e-12), 0);
-    checkNone(0, 1e-12, 0);
+    double const rows[][3] = {{1, 1e-3, above(1e-3)}, // the identity, angle, tolerance
+                              {0, 1e-3, 1e-3},
+                              {1, 1e-7 - 3.0 * 6.2831853071796, 1e-6}, // fmod keeps the sign
+                              {1, -support::below(1e-12), 0},
+                              {0, 1e-12, 0}};
+    for (auto const &[identity, angle, tol] : rows)
+        EXPECT_EQ(identity, mg_RotationMatrix(angle, x, tol).isIdentity()) << angle << ' ' << tol;
 }
 
 TEST(Rotation, WithoutAnAxisKeepsTheSignOfTheCosine) {
-    auto const check = [](double diagonal, double angle, mgVector_c const &axis) {
+    auto const check = [](double diagonal, double angle, mgVector_c const &axis, Caller = {}) {
         mgMatrix_c const m = mg_RotationMatrix(angle, axis, 1e-6);
         for (int k = 0; k < 9; ++k) EXPECT_EQ(k % 4 == 0 ? diagonal : 0.0, m[k]) << angle;
     };
