@@ -77,9 +77,10 @@ TEST(Simd, ChangeNoProductInverseOrClash) {
 }
 
 TEST(Bulk, EmptyListsMayBeNull) {
-    mg_TransformPoints(nullptr, 0, mgXform_c());
-    mg_TransformPoints(nullptr, -1, mg_ScaleXform(2.0));
-    mg_TransformPoints(nullptr, -5, mg_RotateXform(1.0, mgVector_c(0.0, 0.0, 1.0), 0.0));
+    for (int const count : {0, -1, -5}) {
+        mg_TransformPoints(nullptr, count, mgXform_c());
+        mg_TransformPoints(nullptr, count, mg_RotateXform(1.0, mgVector_c(0.0, 0.0, 1.0), 0.0));
+    }
 }
 
 TEST(Bulk, TheSwitchReturnsItsPreviousValue) {

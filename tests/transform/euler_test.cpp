@@ -24,7 +24,8 @@ constexpr Decomposition older = &mgXform_c::getThreeAngles;
 constexpr Decomposition newer = &mgXform_c::getThreeAnglesNew;
 mgVector_c const unwritten(-77.0, -77.0, -77.0);
 
-void CheckAngles(Decomposition angles, mgXform_c const &x, int result, mgVector_c const &expected) {
+void CheckAngles(Decomposition angles, mgXform_c const &x, int result, mgVector_c const &expected,
+                 Caller = {}) {
     double a1 = -77.0, a2 = -77.0, a3 = -77.0;
     EXPECT_EQ(result, (x.*angles)(a1, a2, a3));
     EXPECT_BITS_EQ(expected, mgVector_c(a1, a2, a3));
@@ -71,13 +72,11 @@ TEST(Euler, TheNewerAnglesOfSmallRotationsHaveTheOppositeSign) {
 }
 
 TEST(Euler, ARotationAboutOneAxisHasOlderAnglesOfItsOwn) {
-    auto const check = [](mgVector_c const &axis, double t, mgVector_c const &expected) {
+    auto const check = [](mgVector_c const &axis, double t, mgVector_c const &expected,
+                          Caller = {}) {
         double a1, a2, a3;
         ASSERT_EQ(1, mg_RotateXform(t, axis, 0.0).getThreeAngles(a1, a2, a3)) << t;
         EXPECT_LT(gap(expected, mgVector_c(a1, a2, a3)), 1e-12) << t;
-    };
-    auto const refused = [](mgVector_c const &axis, double t) {
-        CheckAngles(older, mg_RotateXform(t, axis, 1e-9), 0, unwritten);
     };
     double const half = vexmath::kPi, quarter = vexmath::kHalfPi;
     mgVector_c const x(1.0, 0.0, 0.0), y(0.0, 1.0, 0.0), z(0.0, 0.0, 1.0);
@@ -85,8 +84,10 @@ TEST(Euler, ARotationAboutOneAxisHasOlderAnglesOfItsOwn) {
     check(x, 1.7, {half, half, 1.7 - half}), check(x, -1.7, {half, half, half - 1.7});
     check(y, 2.5, {0.0, 2.5, 0.0}), check(y, -2.5, {0.0, -2.5, 0.0});
     check(z, 2.5, {2.5, 0.0, 0.0}), check(z, -1.4e-5, {}); // cosines above 1 - 1e-10 are 1
-    refused(y, quarter), refused(y, -quarter);
-    refused(z, half), refused(z, -2.5), refused(z, 1.4e-5);
+    for (double const t : {quarter, -quarter})
+        CheckAngles(older, mg_RotateXform(t, y, 1e-9), 0, unwritten);
+    for (double const t : {half, -2.5, 1.4e-5})
+        CheckAngles(older, mg_RotateXform(t, z, 1e-9), 0, unwritten);
 }
 
 TEST(Euler, TheOlderAnglesMatchWholeHundredths) {
@@ -110,7 +111,8 @@ TEST(Euler, HostileElementsEndInAnAnswerThatIsNumbers) {
         for (double &element : elements) element = random.hostile();
         Decomposition const angles = i % 2 == 0 ? older : newer;
         int const result = (ofElements(elements).*angles)(a1, a2, a3);
-        ASSERT_FALSE(result != 0 && std::isnan(a1 + a2 + a3));
+        if (result == 0) continue;
+        ASSERT_FALSE(std::isnan(a1 + a2 + a3)) << a1 << ' ' << a2 << ' ' << a3;
     }
 }
 

@@ -48,7 +48,7 @@ TEST(Forms, TheScaleOfAnArrayIsNotReadBack) {
 
 mgXform_c const third = mg_ScaleXform(mg_TranslateXform({1.0 / 3.0, 2.0, -1e200}), 2.0);
 
-void CheckRefused(std::wstring const &text) {
+void CheckRefused(std::wstring const &text, Caller = {}) {
     mgXform_c x = third;
     x.addPerspectiveInfo(mgPerspInfo_c());
     EXPECT_EQ(0, x.restoreStringRep(text.c_str())) << std::string(text.begin(), text.end());

@@ -23,21 +23,21 @@ mgPerspInfo_c record(double fov) {
 }
 
 /// The image of (3, 6, z) by one of the three moves of screen points.
-void checkMove(mgPerspInfo_c const &info, void (mgPerspInfo_c::*move)(P &) const, double z,
-               P const &expected) {
+void CheckMove(mgPerspInfo_c const &info, void (mgPerspInfo_c::*move)(P &) const, double z,
+               P const &expected, Caller = {}) {
     P p(3.0, 6.0, z);
     (info.*move)(p);
     EXPECT_BITS_EQ(expected, p) << info.getCameraFOVPlaneDistance() << " at depth " << z;
 }
 
 TEST(PerspInfo, TheFieldOfViewPlaneDistanceGivesTheKind) {
-    auto const check = [](double fov, bool ortho, bool perspective, double iso) {
+    auto const check = [](double fov, bool ortho, bool perspective, double iso, Caller = {}) {
         mgPerspInfo_c const info = record(fov);
         EXPECT_EQ(ortho || perspective, info.isCamera()) << fov;
         EXPECT_EQ(ortho, info.isOrthoCamera()) << fov;
         EXPECT_EQ(perspective, info.isPerspCamera()) << fov;
         EXPECT_EQ(iso, info.getIsoPlaneDistance()) << fov;
-        checkMove(info, &mgPerspInfo_c::moveScreenPointToNearClipPlane, 99.0,
+        CheckMove(info, &mgPerspInfo_c::moveScreenPointToNearClipPlane, 99.0,
                   perspective ? P(5.0, 10.0, 7.0) : P(3.0, 6.0, 7.0));
     };
     check(-5e-324, false, false, 4.0);
@@ -49,13 +49,13 @@ TEST(PerspInfo, TheFieldOfViewPlaneDistanceGivesTheKind) {
 TEST(PerspInfo, DivisionMovesTowardsTheEyeAndHasAnInverse) {
     double const k = 2.0 / 1e-08; // at the eye's depth
     auto const divide = &mgPerspInfo_c::doScreenPointPerspectiveDivision;
-    checkMove(record(2.0), divide, 3.0, {1.0 + 2.0 * k, 2.0 + 4.0 * k, 3.0});
-    checkMove(record(2.0), divide, below(3.0), {1.0 - 2.0 * k, 2.0 - 4.0 * k, below(3.0)});
-    checkMove(record(-1.0), divide, 5.0, {5.0, 10.0, 5.0}); // no camera: by the plane distance
-    checkMove(record(0.0), divide, 5.0, {3.0, 6.0, 5.0});   // orthographic
+    CheckMove(record(2.0), divide, 3.0, {1.0 + 2.0 * k, 2.0 + 4.0 * k, 3.0});
+    CheckMove(record(2.0), divide, below(3.0), {1.0 - 2.0 * k, 2.0 - 4.0 * k, below(3.0)});
+    CheckMove(record(-1.0), divide, 5.0, {5.0, 10.0, 5.0}); // no camera: by the plane distance
+    CheckMove(record(0.0), divide, 5.0, {3.0, 6.0, 5.0});   // orthographic
     auto const inverse = &mgPerspInfo_c::doScreenPointInversePerspectiveDivision;
-    checkMove(record(2.0), inverse, 9.0, {7.0, 14.0, 9.0});
-    checkMove(mgPerspInfo_c(), inverse, 9.0, {kInfinity, kInfinity, 9.0}); // no guard
+    CheckMove(record(2.0), inverse, 9.0, {7.0, 14.0, 9.0});
+    CheckMove(mgPerspInfo_c(), inverse, 9.0, {kInfinity, kInfinity, 9.0}); // no guard
 }
 
 TEST(PerspInfo, AModelRecordLooksAlongItsOwnDirection) {
@@ -78,7 +78,10 @@ TEST(PerspInfo, EqualityComparesEveryMemberExactly) {
     nearOff.setNearClipPlaneDistance(below(4.0));
     farOff.setMinFarClipPlaneDistance(above(one.getMinFarClipPlaneDistance()));
     EXPECT_TRUE(one == mgPerspInfo_c(one));
-    EXPECT_FALSE(one == eyeOff || one == nearOff || one == farOff || one == record(below(2.0)));
+    EXPECT_FALSE(one == eyeOff);
+    EXPECT_FALSE(one == nearOff);
+    EXPECT_FALSE(one == farOff);
+    EXPECT_FALSE(one == record(below(2.0)));
 }
 
 } // namespace
