@@ -24,7 +24,8 @@ TEST(Cone, AnUnsetRadiusIsNotScaled) {
                    mgPoint_c(unset.radius(), cone.radius(), cone.angle()));
     EXPECT_BITS_EQ(mgPoint_c(5, 6, 10), cone.rootPoint());
     EXPECT_BITS_EQ(up, cone.axis());
-    EXPECT_EQ(0.01 + 0.0, mgCylinder_c().radius() + mgCylinder_c().angle());
+    EXPECT_EQ(0.01, mgCylinder_c().radius());
+    EXPECT_EQ(0.0, mgCylinder_c().angle());
 }
 
 TEST(Cone, TheRadiusAtTheRootIsThatOfAWideningCone) {
@@ -33,7 +34,8 @@ TEST(Cone, TheRadiusAtTheRootIsThatOfAWideningCone) {
     EXPECT_BITS_EQ(mgPoint_c(0, 0, 3), cone.projectPointOnAxis({9, 9, 3}));
 }
 
-void CheckFoot(int result, mgPoint_c const &expected, mgCone_c const &cone, mgPoint_c p) {
+void CheckFoot(int result, mgPoint_c const &expected, mgCone_c const &cone, mgPoint_c p,
+               support::Caller = {}) {
     EXPECT_EQ(result, cone.pointPerp(p, &p)); // in place
     EXPECT_LT(dist(expected, p), 1e-13);
 }
@@ -66,12 +68,13 @@ TEST(Cylinder, TheConesSettersAreInherited) {
 }
 
 void CheckExtremes(mgPoint_c const &low, mgPoint_c const &high, mgCone_c const &cone,
-                   mgVector_c const &direction) {
+                   mgVector_c const &direction, support::Caller = {}) {
     mgUnitVector_c dir;
     dir.set(direction); // to the bit
     mgPoint_c out[2];
     cone.extremePts(dir, 10.0, out);
-    EXPECT_LT(dist(low, out[0]) + dist(high, out[1]), 1e-13);
+    EXPECT_LT(dist(low, out[0]), 1e-13);
+    EXPECT_LT(dist(high, out[1]), 1e-13);
 }
 
 TEST(Cone, LookingBackTheRootAloneCounts) {
@@ -85,7 +88,8 @@ TEST(Cone, LookingBackTheRootAloneCounts) {
 }
 
 TEST(Cylinder, EquivalenceNeedsRadii) {
-    auto const check = [](int same, double r1, double r2, double x, mgUnitVector_c const &axis) {
+    auto const check = [](int same, double r1, double r2, double x, mgUnitVector_c const &axis,
+                          support::Caller = {}) {
         EXPECT_EQ(same, mgCylinder_c({}, up, r1).isEquivalent({{x, 0, 7}, axis, r2})) << r2;
     };
     check(1, 1, 1 + 9e-9, 9e-9, up);

@@ -8,8 +8,8 @@
 
 namespace {
 
-static_assert(sizeof(mgLine_c) == 48 && std::is_trivially_copyable_v<mgPlane_c>);
-static_assert(std::is_standard_layout_v<mgLine_c> && !std::is_convertible_v<mgLine_c, mgPlane_c>);
+static_assert(std::is_trivially_copyable_v<mgPlane_c> && std::is_standard_layout_v<mgLine_c>);
+static_assert(!std::is_convertible_v<mgLine_c, mgPlane_c>);
 
 mgUnitVector_c const x(1, 0, 0);
 mgLine_c const alongX(mgPoint_c(1, 0, 3), x);

@@ -15,7 +15,8 @@ TEST(Plane, ToleranceIsStrictAndOrientationCountsForEquivalence) {
     EXPECT_EQ(0, ground.isPointOn(mgPoint_c(5, 5, 0), 0.0)); // not even a point in it
     EXPECT_EQ(0, ground.isPointOn(mgPoint_c(5, 5, 1e-08), -1.0));
     EXPECT_EQ(1, ground.isPointOn(mgPoint_c(5, 5, -support::below(1e-08)), -1.0));
-    auto const check = [](double height, mgUnitVector_c const &n, int coincident, int equivalent) {
+    auto const check = [](double height, mgUnitVector_c const &n, int coincident, int equivalent,
+                          support::Caller = {}) {
         EXPECT_EQ(coincident, ground.isCoincidentWith({mgPoint_c(7, 7, height), n}));
         EXPECT_EQ(equivalent, ground.isEquivalent({mgPoint_c(7, 7, height), n}));
     };
@@ -33,7 +34,7 @@ TEST(Plane, IsTransformedAndMirrorsPoints) {
 }
 
 TEST(Plane, APointInThePlaneCountsAsOnTheNegativeSide) {
-    auto const check = [](int cuts, double a, double b, double tol) {
+    auto const check = [](int cuts, double a, double b, double tol, support::Caller = {}) {
         EXPECT_EQ(cuts, ground.cutLineSegment(mgPoint_c(0, 0, a), mgPoint_c(1, 0, b), tol));
     };
     check(1, 0, 1, 0);
@@ -44,7 +45,7 @@ TEST(Plane, APointInThePlaneCountsAsOnTheNegativeSide) {
 
 TEST(Plane, TheLineOfTwoPlanesIsOnEitherSideOfTheSecondRootsFoot) {
     auto const check = [](int found, mgPoint_c const &begin, double height,
-                          mgUnitVector_c const &normal) {
+                          mgUnitVector_c const &normal, support::Caller = {}) {
         mgPoint_c point(7, 7, 7);
         mgUnitVector_c dir(7, 7, 7);
         EXPECT_EQ(found, interLine(ground, {mgPoint_c(8, 9, height), normal}, &point, &dir));
@@ -58,7 +59,8 @@ TEST(Plane, TheLineOfTwoPlanesIsOnEitherSideOfTheSecondRootsFoot) {
 }
 
 TEST(Triangle, WeightsSumToOneUnlessTheTriangleIsFlat) {
-    auto const check = [](double height, double tol, int flat, mgPoint_c p, mgPoint_c const &w) {
+    auto const check = [](double height, double tol, int flat, mgPoint_c p, mgPoint_c const &w,
+                          support::Caller = {}) {
         double const corners[3][2] = {{1, 1}, {5, 1}, {5, 1 + height}};
         int degenerate = -1;
         getBaricentricCoordinates(tol, p, corners, p, degenerate); // the output is the input
