@@ -21,8 +21,9 @@ std::wstring textOf(mgBBox_c const &box) {
     return static_cast<wchar_t const *>(text);
 }
 
-void CheckNeutral(mgBBox_c const &box) {
-    EXPECT_EQ(0, box.isSet() + box.isValid());
+void CheckNeutral(mgBBox_c const &box, Caller = {}) {
+    EXPECT_EQ(0, box.isSet());
+    EXPECT_EQ(0, box.isValid());
     for (P const &p :
          {box.low(), box.high(), box.center(), box.sphCenter(), box.pointPerp(P(5, -5, 1))})
         EXPECT_BITS_EQ(P(), p);
@@ -75,11 +76,17 @@ TEST(BBox, MeasuresComeFromTheCorners) {
 TEST(BBox, ComparisonsAreStrictInEveryMember) {
     mgBBox_c const zero = boxOf(P(), 0, P(), P());
     for (int k = 0; k < 20; ++k) {
-        auto const off = [&](double by) { return withDouble(zero, k / 2, k % 2 != 0 ? by : -by); };
-        EXPECT_TRUE(zero == off(below(1e-08)) && zero.isSame(off(below(1e-08)), -1)) << k;
-        EXPECT_FALSE(zero == off(1e-08) || zero.isSame(off(1e-08), -1)) << k;
-        EXPECT_TRUE(zero.isSame(off(below(0.25)), 0.25) && !zero.isSame(off(0.25), 0.25)) << k;
-        EXPECT_FALSE(zero == off(kNaN) || zero.isSame(zero, 0)) << k; // 0 stays 0
+        auto const check = [&](bool same, double by, double tol, Caller = {}) {
+            mgBBox_c const other = withDouble(zero, k / 2, k % 2 != 0 ? by : -by);
+            EXPECT_EQ(same, zero.isSame(other, tol)) << k << ": " << by << " within " << tol;
+            EXPECT_EQ(zero.isSame(other, -1) != 0, zero == other) << k << ": " << by;
+        };
+        check(true, below(1e-08), -1);
+        check(false, 1e-08, -1);
+        check(false, kNaN, -1);
+        check(true, below(0.25), 0.25);
+        check(false, 0.25, 0.25);
+        check(false, 0, 0); // 0 stays 0
     }
 }
 
@@ -88,7 +95,8 @@ TEST(BBox, ACentreFarOutIsNotHeldAgainstTheCorners) {
     auto const valid = [](double x, double y) {
         return boxOf(P(x, 0, 0), 1, P(x, 0, 0), P(x + 1.5, y, 0)).isValid();
     };
-    EXPECT_EQ(1, valid(1e5, 0) & valid(-1e5, 0));
+    EXPECT_EQ(1, valid(1e5, 0));
+    EXPECT_EQ(1, valid(-1e5, 0));
     EXPECT_EQ(0, valid(below(1e5), 0));
     EXPECT_EQ(0, valid(1e5, 1.5)); // the other axes are tested
 }
@@ -101,7 +109,8 @@ TEST(BBox, AUnionAsksMoreOfItsOperandThanOfItself) {
     EXPECT_BITS_EQ(ball, mgBBox_c() |= ball);
     EXPECT_BITS_EQ(mgBBox_c(P(), P()), mgBBox_c(bloated) |= P());       // a point needs a valid box
     mgBBox_c const far = mgBBox_c(unit) |= mgBBox_c(P(1e200, 0, 0), 2); // the square overflows
-    EXPECT_EQ(1, far.isSet() && !far.isValid());
+    EXPECT_EQ(1, far.isSet());
+    EXPECT_EQ(0, far.isValid());
 }
 
 TEST(BBox, APointThatHoldsNaNWidensTheCornersAlone) {
@@ -110,7 +119,8 @@ TEST(BBox, APointThatHoldsNaNWidensTheCornersAlone) {
     EXPECT_EQ(0, box.isValid());
     EXPECT_BITS_EQ(mgBBox_c(P(0, 2, 0), 0), box |= P(0, 2, 0)); // replaced by the next point
     box |= P(1e200, 0, 0);                                      // the squared distance overflows
-    EXPECT_EQ(1, box.isSet() && !box.isValid());
+    EXPECT_EQ(1, box.isSet());
+    EXPECT_EQ(0, box.isValid());
 }
 
 TEST(BBox, TheSwitchGivesTheCubeAroundTheMergedSphere) {
@@ -166,7 +176,8 @@ TEST(BBox, TransformsEncloseTheImageWithinTheSphereIgnoringPerspective) {
     EXPECT_BITS_EQ(boxOf(P(6, 22, 36), std::sqrt(56.0), P(2, 20, 30), P(10, 24, 42)),
                    box *= placed);
     ball *= mg_RotateXform(0.5, V(1, 2, 3), 0);
-    EXPECT_LT(gap(ball.low(), P(-3, -3, -3)) + gap(ball.high(), P(3, 3, 3)), 1e-15); // not wider
+    EXPECT_LT(gap(ball.low(), P(-3, -3, -3)), 1e-15); // not wider
+    EXPECT_LT(gap(ball.high(), P(3, 3, 3)), 1e-15);
     // Copies drop all of this: a rotation flagged as identity, a tiny translation, a huge scale.
     mgXform_c const odd = raw(quarter.transpose(), V(5e-09, 0, 0), 6e12);
     EXPECT_BITS_EQ(unit, mgBBox_c(unit) *= odd);
@@ -179,7 +190,7 @@ TEST(BBox, TransformsEncloseTheImageWithinTheSphereIgnoringPerspective) {
 TEST(BBox, TheTextFormHoldsTheCornersAlone) {
     EXPECT_EQ(L"0 -1.5 0.3333333333333333 1e+300 2 3",
               textOf(mgBBox_c(P(0, -1.5, 1.0 / 3.0), P(1e300, 2, 3))));
-    auto const check = [](CString text, int read, mgBBox_c const &expected) {
+    auto const check = [](CString text, int read, mgBBox_c const &expected, Caller = {}) {
         mgBBox_c box = bloated;
         EXPECT_EQ(read, box.restoreStringRep(text));
         EXPECT_BITS_EQ(expected, box);

@@ -25,8 +25,8 @@ bool sameBytes(mgParallelogram_c const &a, mgParallelogram_c const &b) {
 
 TEST(Parallelogram, PointsInsideReachTheEdges) {
     mgParallelogram_c const skew(P(1, 1, 1), xAxis, U(3, 4, 0), 2, 5); // to (3, 1) and (4, 5)
-    auto const check = [](bool expected, mgParallelogram_c const &plate, P const &p) {
-        EXPECT_EQ(expected, plate.isPointInside(p)) << p.x() << ' ' << p.y() << ' ' << p.z();
+    auto const check = [](bool expected, mgParallelogram_c const &plate, P const &p, Caller = {}) {
+        EXPECT_EQ(expected, plate.isPointInside(p)) << shown(p);
     };
     check(true, square, origin);
     check(true, square, {1, 1, 0});
@@ -48,9 +48,9 @@ TEST(Parallelogram, PointsInsideReachTheEdges) {
 }
 
 TEST(Parallelogram, ANullEdgeDirectionBoundsNothing) {
-    auto const check = [](bool expected, U const &d1, U const &d2, P const &p) {
-        EXPECT_EQ(expected, mgParallelogram_c(origin, d1, d2, 2, 2).isPointInside(p))
-            << p.x() << ' ' << p.y() << ' ' << p.z();
+    auto const check = [](bool expected, U const &d1, U const &d2, P const &p, Caller = {}) {
+        mgParallelogram_c const plate(origin, d1, d2, 2, 2);
+        EXPECT_EQ(expected, plate.isPointInside(p)) << shown(p);
     };
     for (P const &p : {P(0.5, 0, 0), P(2, -9, 0), P(0, 0, 3)}) { // between x = 0 and 2
         check(true, xAxis, U(), p);
@@ -93,12 +93,15 @@ TEST(GeneralBox, WithoutALengthNothingIsWritten) {
         mgBBox_c box = cube(7, 8);
         mgXform_c placing = mg_ScaleXform(3);
         P low = box.low(), high = low;
-        EXPECT_FALSE(block.isValid() || block.getBBoxAndXform(box, placing)
-                     || block.projectToPlane(mgPlane_c(origin, zAxis), plate));
-        EXPECT_TRUE(placing.scaling() == 3 && sameBytes(plate, square));
+        EXPECT_FALSE(block.isValid()) << k;
+        EXPECT_FALSE(block.getBBoxAndXform(box, placing)) << k;
+        EXPECT_FALSE(block.projectToPlane(mgPlane_c(origin, zAxis), plate)) << k;
+        EXPECT_EQ(3, placing.scaling());
+        EXPECT_TRUE(sameBytes(plate, square));
         EXPECT_BITS_EQ(cube(7, 8), box);
-        EXPECT_EQ(k % 3 == 2, flat.isValid() && flat.getExtremPts(xAxis, low, high));
-        EXPECT_EQ(k % 3 == 2, low != high);
+        EXPECT_EQ(k % 3 == 2, flat.isValid()) << k;
+        EXPECT_EQ(k % 3 == 2, flat.getExtremPts(xAxis, low, high)) << k;
+        EXPECT_EQ(k % 3 == 2, low != high) << k;
     }
 }
 
@@ -112,10 +115,11 @@ TEST(GeneralBox, BecomesABoxAndItsPlacement) {
     EXPECT_LT(gap(P(0, 1, 0) * placing, P(1, 2, 3) + block.getBoxDir_v2()), 1e-14);
     EXPECT_LT(gap(P(0, 0, 1) * placing, P(1, 2, 3) + block.getBoxDir_v3()), 1e-14);
     EXPECT_LT(gap(block.getBoxDir_v3(), P(0, -0.8, 0.6)), 1e-15);
-    EXPECT_TRUE(block.getBoxLen_v1() == 2 && block.getBoxLen_v3() == 10);
+    EXPECT_EQ(2, block.getBoxLen_v1());
+    EXPECT_EQ(10, block.getBoxLen_v3());
 }
 
-void CheckProjection(bool expected, mgGeneralBox_c const &block) {
+void CheckProjection(bool expected, mgGeneralBox_c const &block, Caller = {}) {
     mgParallelogram_c plate = square;
     EXPECT_EQ(expected, block.projectToPlane(mgPlane_c(P(1, 2, -5), zAxis), plate));
     EXPECT_EQ(expected, !sameBytes(plate, square));
