@@ -9,8 +9,8 @@ namespace {
 
 mgPoint_c const untouched(77, 77, 77);
 
-void checkLine(mgLineCircleIntType_e type, double height, mgPoint_c const &first,
-               mgPoint_c const &second) {
+void CheckLine(mgLineCircleIntType_e type, double height, mgPoint_c const &first,
+               mgPoint_c const &second, support::Caller = {}) {
     mgPoint_c const p(-9, height, 0);
     mgUnitVector_c const u(1, 0, 0);
     mgPoint_c out = untouched, centre(2, 0, 0);
@@ -20,14 +20,14 @@ void checkLine(mgLineCircleIntType_e type, double height, mgPoint_c const &first
 }
 
 TEST(Circles, ALineMeetsACircleInFourWays) {
-    checkLine(mgLineCircle_ThroughCentre, 9e-9, {7, 0, 0}, {-3, 0, 0});
-    checkLine(mgLineCircle_Secant, 3, {6, 3, 0}, {-2, 3, 0});
-    checkLine(mgLineCircle_Tangent, -5 - 9e-9, {2, -5 - 9e-9, 0}, {2, 0, 0});
-    checkLine(mgLineCircle_Miss, 5 + 2e-8, untouched, {2, 0, 0});
+    CheckLine(mgLineCircle_ThroughCentre, 9e-9, {7, 0, 0}, {-3, 0, 0});
+    CheckLine(mgLineCircle_Secant, 3, {6, 3, 0}, {-2, 3, 0});
+    CheckLine(mgLineCircle_Tangent, -5 - 9e-9, {2, -5 - 9e-9, 0}, {2, 0, 0});
+    CheckLine(mgLineCircle_Miss, 5 + 2e-8, untouched, {2, 0, 0});
 }
 
-void checkCircles(mgIntersectionType_e type, double distance, double r1, double r2,
-                  mgPoint_c const &first, mgPoint_c const &second) {
+void CheckCircles(mgIntersectionType_e type, double distance, double r1, double r2,
+                  mgPoint_c const &first, mgPoint_c const &second, support::Caller = {}) {
     mgPoint_c out = untouched, c2(1 + distance, 2, 5);
     EXPECT_EQ(type, mg_CircleIntCircle2D(mgPoint_c(1, 2, 3), r1, c2, r2, &out, &c2));
     EXPECT_BITS_EQ(first, out);
@@ -35,14 +35,14 @@ void checkCircles(mgIntersectionType_e type, double distance, double r1, double 
 }
 
 TEST(Circles, TwoCirclesMeetInTwoPointsTouchOrMissAndKeepTheOutputsZ) {
-    checkCircles(mgIntersect_TwoPoints, 8, 5, 5, {5, 5, 77}, {5, -1, 5});
-    checkCircles(mgIntersect_Point, 2, 1, 1, {2, 2, 77}, {3, 2, 5});
-    checkCircles(mgIntersect_Point, 2, 3, 1, {4, 2, 77}, {3, 2, 5}); // one inside the other
+    CheckCircles(mgIntersect_TwoPoints, 8, 5, 5, {5, 5, 77}, {5, -1, 5});
+    CheckCircles(mgIntersect_Point, 2, 1, 1, {2, 2, 77}, {3, 2, 5});
+    CheckCircles(mgIntersect_Point, 2, 3, 1, {4, 2, 77}, {3, 2, 5}); // one inside the other
     double const small = 0x1p-15; // below 7e-05, circles that cross touch
-    checkCircles(mgIntersect_Point, small, small, small, {1 + small / 2, 2, 77}, {1 + small, 2, 5});
-    checkCircles(mgIntersect_None, 2, 1, 0.9, untouched, {3, 2, 5});
-    checkCircles(mgIntersect_None, 2, 9, 1, untouched, {3, 2, 5});
-    checkCircles(mgIntersect_Coincident, 0, 1, 9, untouched, {1, 2, 5});
+    CheckCircles(mgIntersect_Point, small, small, small, {1 + small / 2, 2, 77}, {1 + small, 2, 5});
+    CheckCircles(mgIntersect_None, 2, 1, 0.9, untouched, {3, 2, 5});
+    CheckCircles(mgIntersect_None, 2, 9, 1, untouched, {3, 2, 5});
+    CheckCircles(mgIntersect_Coincident, 0, 1, 9, untouched, {1, 2, 5});
 }
 
 } // namespace

@@ -11,8 +11,8 @@ constexpr double tol = 1e-8;
 mgPoint_c const untouched(77, 77, 77);
 mgVector_c const alongX(3, 0, 0), alongY(0, 2, 0); // directions need not have unit length
 
-void checkSpace(mgIntersectionType_e type, mgPoint_c const &point, mgPoint_c const &p2,
-                mgVector_c const &d2) {
+void CheckSpace(mgIntersectionType_e type, mgPoint_c const &point, mgPoint_c const &p2,
+                mgVector_c const &d2, support::Caller = {}) {
     mgPoint_c out = untouched;
     EXPECT_EQ(type, mg_LineIntLine(mgPoint_c(), alongX, p2, d2, &out, tol));
     EXPECT_BITS_EQ(point, out);
@@ -21,29 +21,29 @@ void checkSpace(mgIntersectionType_e type, mgPoint_c const &point, mgPoint_c con
 }
 
 TEST(LineLine, InSpaceSkewLinesStillWriteTheNearestPointOfTheFirst) {
-    checkSpace(mgIntersect_Coincident, {0, 0, 0}, {5, std::nextafter(tol, 0), 0}, -alongX);
-    checkSpace(mgIntersect_Parallel, untouched, {5, tol, 0}, alongX);
-    checkSpace(mgIntersect_None, {5, 0, 0}, {5, 7, tol}, alongY);
+    CheckSpace(mgIntersect_Coincident, {0, 0, 0}, {5, std::nextafter(tol, 0), 0}, -alongX);
+    CheckSpace(mgIntersect_Parallel, untouched, {5, tol, 0}, alongX);
+    CheckSpace(mgIntersect_None, {5, 0, 0}, {5, 7, tol}, alongY);
     // The tolerance also bounds 1 - cos, which is 5e-9 and 2e-8 here.
-    checkSpace(mgIntersect_Coincident, {0, 0, 0}, {0, 0, 0}, {1, 1e-4, 0});
-    checkSpace(mgIntersect_Point, {0, 0, 0}, {0, 0, 0}, {1, 2e-4, 0});
-    checkSpace(mgIntersect_None, {1, 0, 0}, {1, 1, 0}, {0, 0, 0}); // the root alone
+    CheckSpace(mgIntersect_Coincident, {0, 0, 0}, {0, 0, 0}, {1, 1e-4, 0});
+    CheckSpace(mgIntersect_Point, {0, 0, 0}, {0, 0, 0}, {1, 2e-4, 0});
+    CheckSpace(mgIntersect_None, {1, 0, 0}, {1, 1, 0}, {0, 0, 0}); // the root alone
 }
 
-void checkPlane(mgIntersectionType_e type, mgPoint_c const &point, mgVector_c const &d1,
-                mgPoint_c const &p2, mgVector_c const &d2) {
+void CheckPlane(mgIntersectionType_e type, mgPoint_c const &point, mgVector_c const &d1,
+                mgPoint_c const &p2, mgVector_c const &d2, support::Caller = {}) {
     mgPoint_c out = untouched;
     EXPECT_EQ(type, mg_LineIntLine2D(mgPoint_c(0, 0, 4), d1, p2, d2, &out, tol));
     EXPECT_BITS_EQ(point, out);
 }
 
 TEST(LineLine, InThePlaneOnlyAProperCrossingIsWritten) {
-    checkPlane(mgIntersect_Point, {0, 7, 0}, alongY, {5, 7, 9}, alongX);
-    checkPlane(mgIntersect_Coincident, untouched, alongX, {5, 0, 4}, alongX);
-    checkPlane(mgIntersect_Parallel, untouched, alongX, {5, 1e-3, 4}, -alongX);
-    checkPlane(mgIntersect_Parallel, untouched, alongX, {5, 0, 5}, alongX); // in space
-    checkPlane(mgIntersect_None, untouched, {9e-9, 0, 0}, {0, 0, 0}, alongY);
-    checkPlane(mgIntersect_None, untouched, {1e-4, 0, 0}, {0, 0, 0}, {0, 1e-4, 0});
+    CheckPlane(mgIntersect_Point, {0, 7, 0}, alongY, {5, 7, 9}, alongX);
+    CheckPlane(mgIntersect_Coincident, untouched, alongX, {5, 0, 4}, alongX);
+    CheckPlane(mgIntersect_Parallel, untouched, alongX, {5, 1e-3, 4}, -alongX);
+    CheckPlane(mgIntersect_Parallel, untouched, alongX, {5, 0, 5}, alongX); // in space
+    CheckPlane(mgIntersect_None, untouched, {9e-9, 0, 0}, {0, 0, 0}, alongY);
+    CheckPlane(mgIntersect_None, untouched, {1e-4, 0, 0}, {0, 0, 0}, {0, 1e-4, 0});
 }
 
 TEST(LineLine, MirroringInALineNegatesWhatIsAcrossIt) {

@@ -12,8 +12,8 @@ mgUnitVector_c const z(0, 0, 1);
 mgPlane_c const ground(mgPoint_c(9, 9, 0), z);
 double const below = std::nextafter(1e-08, 0.0);
 
-void checkLine(mgLinePlaneIntersectionType_e type, double height, mgVector_c const &direction,
-               mgPoint_c const &point, double parameter) {
+void CheckLine(mgLinePlaneIntersectionType_e type, double height, mgVector_c const &direction,
+               mgPoint_c const &point, double parameter, support::Caller = {}) {
     mgUnitVector_c u;
     u.set(direction); // not normalised
     mgPoint_c out = untouched;
@@ -24,14 +24,14 @@ void checkLine(mgLinePlaneIntersectionType_e type, double height, mgVector_c con
 }
 
 TEST(Planes, ALineLiesInThePlaneRunsBesideItOrCrossesIt) {
-    checkLine(mgLinePlane_InPlane, below, {1, 0, below}, {1, 2, below}, 77);
-    checkLine(mgLinePlane_Parallel, 1e-08, {1, 0, below}, untouched, 77);
-    checkLine(mgLinePlane_Point, 1, {1, 0, 1e-08}, {1 - 1 / 1e-08, 2, 0}, -1 / 1e-08);
+    CheckLine(mgLinePlane_InPlane, below, {1, 0, below}, {1, 2, below}, 77);
+    CheckLine(mgLinePlane_Parallel, 1e-08, {1, 0, below}, untouched, 77);
+    CheckLine(mgLinePlane_Point, 1, {1, 0, 1e-08}, {1 - 1 / 1e-08, 2, 0}, -1 / 1e-08);
 }
 
 TEST(Planes, ASegmentThatEndsBeforeThePlaneStillTellsTheParameter) {
     auto const check = [](mgLinePlaneIntersectionType_e type, double from, double to, double t,
-                          double height) {
+                          double height, support::Caller = {}) {
         mgPoint_c a(1, 2, from); // an output as well
         double parameter = 77.0;
         EXPECT_EQ(type, mg_LineSegIntPlane(a, mgPoint_c(1, 2, to), ground, &a, &parameter));

@@ -53,7 +53,7 @@ void literalSort(mgPoint_c *p, int first, int last) {
 }
 
 /// Sorts by indices from -origin on.
-void CheckAgainstTheSteps(List const &list, int origin) {
+void CheckAgainstTheSteps(List const &list, int origin, support::Caller = {}) {
     List sorted = list, literal = list;
     int const last = static_cast<int>(list.size()) - 1 - origin;
     mg_pointQuickSort(sorted.data() + origin, -origin, last);
@@ -63,7 +63,7 @@ void CheckAgainstTheSteps(List const &list, int origin) {
 
 TEST(PointSort, AgreesWithItsSteps) {
     support::Random random;
-    auto const check = [&random](int n, auto point) {
+    auto const check = [&random](int n, auto point, support::Caller = {}) {
         List list;
         for (int i = 0; i < n; ++i) list.push_back(point());
         CheckAgainstTheSteps(list, random.below(n));

@@ -28,7 +28,7 @@ TEST(Rays, HitsBehindTheStartCount) {
 }
 
 TEST(Rays, RoundShapesAreTestedAsCubes) {
-    auto const check = [](bool hits, double px, double py) {
+    auto const check = [](bool hits, double px, double py, support::Caller = {}) {
         mgXform_c const frame;
         mgPoint_c const start(px, py, -5), centre;
         mgPoint_c out;
@@ -44,39 +44,41 @@ TEST(Rays, RoundShapesAreTestedAsCubes) {
     check(false, 1.0 + 1e-8, 0);
 }
 
-void checkCylinder(mgIntersectionType_e type, mgPoint_c const &point, mgLine_c const &ray) {
+void CheckCylinder(mgIntersectionType_e type, mgPoint_c const &point, mgLine_c const &ray,
+                   support::Caller = {}) {
     mgPoint_c out = untouched;
     EXPECT_EQ(type, mg_RayIntCylSeg(ray, mgPoint_c(), z, 4.0, 1.0, &out));
     EXPECT_BITS_EQ(point, out);
 }
 
 TEST(Rays, ACylinderIsHitWhereTheRayPassesItsAxis) {
-    checkCylinder(mgIntersect_TwoPoints, {0, 0.9, 2}, {{-9, 0.9, 2}, x});
-    checkCylinder(mgIntersect_None, {0, 0.9, 4}, {{-9, 0.9, 4}, x}); // a distance from the base
-    checkCylinder(mgIntersect_TwoPoints, {0, 0, -1e-8}, {{-9, 0, -1e-8}, x});
-    checkCylinder(mgIntersect_None, {0, 0, -2e-8}, {{-9, 0, -2e-8}, x});
-    checkCylinder(mgIntersect_Coincident, {0.5, 0.5, 9}, {{0.5, 0.5, 9}, z});
+    CheckCylinder(mgIntersect_TwoPoints, {0, 0.9, 2}, {{-9, 0.9, 2}, x});
+    CheckCylinder(mgIntersect_None, {0, 0.9, 4}, {{-9, 0.9, 4}, x}); // a distance from the base
+    CheckCylinder(mgIntersect_TwoPoints, {0, 0, -1e-8}, {{-9, 0, -1e-8}, x});
+    CheckCylinder(mgIntersect_None, {0, 0, -2e-8}, {{-9, 0, -2e-8}, x});
+    CheckCylinder(mgIntersect_Coincident, {0.5, 0.5, 9}, {{0.5, 0.5, 9}, z});
 }
 
 /// The cone along z with a slope of 1, between distances 1 and 4 from its apex, the origin.
-void checkCone(mgIntersectionType_e type, mgPoint_c const &point, mgLine_c const &ray) {
+void CheckCone(mgIntersectionType_e type, mgPoint_c const &point, mgLine_c const &ray,
+               support::Caller = {}) {
     mgPoint_c out = untouched;
     EXPECT_EQ(type, mg_RayIntConeSeg(ray, mgPoint_c(), z, std::atan(1.0), 1.0, 4.0, &out));
     EXPECT_NEAR(0.0, dist(point, out), 1e-14);
 }
 
 TEST(Rays, AConeReportsAxisCapAndSideApart) {
-    checkCone(mgIntersect_Coincident, {0, 0, -3}, {{0, 0, -3}, z});
-    checkCone(mgIntersect_Parallel, untouched, {{1, 0, -3}, z}); // through the cap
-    checkCone(mgIntersect_Point, {0, 3.9, 4}, {{9, 3.9, 10}, mgUnitVector_c(-9, 0, -6)});
-    checkCone(mgIntersect_Point, {-3.9, 3.9, 4}, {{9, 3.9, 10}, mgUnitVector_c(-12.9, 0, -6)});
-    checkCone(mgIntersect_TwoPoints, {-2, 0, 2}, {{-9, 0, 2}, x}); // the first along the ray
+    CheckCone(mgIntersect_Coincident, {0, 0, -3}, {{0, 0, -3}, z});
+    CheckCone(mgIntersect_Parallel, untouched, {{1, 0, -3}, z}); // through the cap
+    CheckCone(mgIntersect_Point, {0, 3.9, 4}, {{9, 3.9, 10}, mgUnitVector_c(-9, 0, -6)});
+    CheckCone(mgIntersect_Point, {-3.9, 3.9, 4}, {{9, 3.9, 10}, mgUnitVector_c(-12.9, 0, -6)});
+    CheckCone(mgIntersect_TwoPoints, {-2, 0, 2}, {{-9, 0, 2}, x}); // the first along the ray
     // The first hit along the ray is too far from the apex.
-    checkCone(mgIntersect_TwoPoints, {1, 0, 1}, {{-3, 0, 3}, mgUnitVector_c(4, 0, -2)});
-    checkCone(mgIntersect_None, untouched, {{-9, 0, 0.5}, x}); // too near
-    checkCone(mgIntersect_None, untouched, {{-9, 0, 3.9}, x}); // a slant of 5.5
-    checkCone(mgIntersect_None, untouched, {{-9, 0.5, 2}, x}); // past the axial plane
-    checkCone(mgIntersect_None, untouched, {{2, 0, 1}, mgUnitVector_c(1, 0, 1)}); // parallel to it
+    CheckCone(mgIntersect_TwoPoints, {1, 0, 1}, {{-3, 0, 3}, mgUnitVector_c(4, 0, -2)});
+    CheckCone(mgIntersect_None, untouched, {{-9, 0, 0.5}, x}); // too near
+    CheckCone(mgIntersect_None, untouched, {{-9, 0, 3.9}, x}); // a slant of 5.5
+    CheckCone(mgIntersect_None, untouched, {{-9, 0.5, 2}, x}); // past the axial plane
+    CheckCone(mgIntersect_None, untouched, {{2, 0, 1}, mgUnitVector_c(1, 0, 1)}); // parallel to it
 }
 
 } // namespace

@@ -7,6 +7,8 @@
 
 namespace {
 
+using support::Caller;
+
 constexpr auto Coincident = mgIntersect_Coincident, Parallel = mgIntersect_Parallel,
                Point = mgIntersect_Point, None = mgIntersect_None;
 mgPoint_c const untouched(77, 77, 77), a(0, 0, 0), b(4, 0, 0);
@@ -25,7 +27,7 @@ TEST(Segments, TheFirstEndHasSlackAndTheSecondHasNone) {
 
 TEST(Segments, MissedEndsAndSkewSegmentsStillWriteThePoint) {
     auto const check = [](mgIntersectionType_e type, mgPoint_c const &written, mgPoint_c const &a2,
-                          mgPoint_c const &b2) {
+                          mgPoint_c const &b2, Caller = {}) {
         for (bool swapped : {false, true}) {
             mgPoint_c out = untouched;
             EXPECT_EQ(type,
@@ -45,7 +47,7 @@ TEST(Segments, MissedEndsAndSkewSegmentsStillWriteThePoint) {
 
 TEST(Segments, LinesAndRaysAreJudgedByTheSameEnds) {
     auto const check = [](mgLine_c const &line, mgIntersectionType_e byLine,
-                          mgIntersectionType_e byRay, mgPoint_c const &written) {
+                          mgIntersectionType_e byRay, mgPoint_c const &written, Caller = {}) {
         mgPoint_c out = untouched;
         EXPECT_EQ(byLine, mg_LineIntLineSeg(line, a, b, &out, 1e-8));
         EXPECT_BITS_EQ(written, out);
@@ -59,8 +61,9 @@ TEST(Segments, LinesAndRaysAreJudgedByTheSameEnds) {
     check({{9, 1, 0}, x}, Parallel, Parallel, untouched);
 }
 
-void checkPlanar(mgIntersectionType_e type, mgPoint_c const &written, mgPoint_c const &q1,
-                 mgPoint_c const &q2, mgPoint_c const &p1 = a, mgPoint_c const &p2 = b) {
+void CheckPlanar(mgIntersectionType_e type, mgPoint_c const &written, mgPoint_c const &q1,
+                 mgPoint_c const &q2, mgPoint_c const &p1 = a, mgPoint_c const &p2 = b,
+                 Caller = {}) {
     mgPoint_c out = untouched;
     EXPECT_EQ(type, mg_LineSegIntLineSeg2D(p1, p2, q1, q2, &out));
     EXPECT_NEAR(0.0, dist(written, out), 1e-15);
@@ -69,20 +72,21 @@ void checkPlanar(mgIntersectionType_e type, mgPoint_c const &written, mgPoint_c 
 }
 
 TEST(Segments2D, OffTheLineTheCandidateIsWrittenUnlessBothEndsAreOnOneSide) {
-    checkPlanar(Point, {1, 0, 6}, {1, -2, 4}, {1, 2, 8}); // z is carried along
-    checkPlanar(Point, {4 + 9e-9, 0, 0}, {4 + 9e-9, -2, 0}, {4 + 9e-9, 2, 0});
-    checkPlanar(None, {4 + 2e-8, 0, 0}, {4 + 2e-8, -2, 0}, {4 + 2e-8, 2, 0});
-    checkPlanar(None, untouched, {1, 1, 0}, {2, 2, 0});
-    checkPlanar(Point, {1, 9e-9, 0}, {1, 9e-9, 0}, {2, 1, 0}); // on the line within 1e-08
-    checkPlanar(None, untouched, {1, 2e-8, 0}, {2, 1, 0});
+    CheckPlanar(Point, {1, 0, 6}, {1, -2, 4}, {1, 2, 8}); // z is carried along
+    CheckPlanar(Point, {4 + 9e-9, 0, 0}, {4 + 9e-9, -2, 0}, {4 + 9e-9, 2, 0});
+    CheckPlanar(None, {4 + 2e-8, 0, 0}, {4 + 2e-8, -2, 0}, {4 + 2e-8, 2, 0});
+    CheckPlanar(None, untouched, {1, 1, 0}, {2, 2, 0});
+    CheckPlanar(Point, {1, 9e-9, 0}, {1, 9e-9, 0}, {2, 1, 0}); // on the line within 1e-08
+    CheckPlanar(None, untouched, {1, 2e-8, 0}, {2, 1, 0});
 }
 
 TEST(Segments2D, CollinearSegmentsGiveTheMiddleOfTheirOverlap) {
-    auto const check = [](mgIntersectionType_e type, double q1, double q2, double middle) {
+    auto const check = [](mgIntersectionType_e type, double q1, double q2, double middle,
+                          Caller = {}) {
         for (mgVector_c const &d : {mgVector_c(x), mgVector_c(-x), mgVector_c(y)}) {
             mgPoint_c const written = type == None ? untouched : mgPoint_c(middle * d);
-            checkPlanar(type, written, q1 * d, q2 * d, a, 4 * d);
-            checkPlanar(type, written, q2 * d, q1 * d, a, 4 * d);
+            CheckPlanar(type, written, q1 * d, q2 * d, a, 4 * d);
+            CheckPlanar(type, written, q2 * d, q1 * d, a, 4 * d);
         }
     };
     check(Coincident, 1, 2, 1.5);
@@ -93,15 +97,15 @@ TEST(Segments2D, CollinearSegmentsGiveTheMiddleOfTheirOverlap) {
 
 TEST(Segments2D, AMarkedPointMeetsNothing) {
     for (double mark : {5e-09, -5e-09}) {
-        checkPlanar(None, untouched, {mark, -1, 0}, {1, 1, 0});
-        checkPlanar(None, untouched, {1, 1, 0}, {mark, -1, 0});
-        checkPlanar(None, untouched, {1, -1, 0}, {1, 1, 0}, {mark, 0, 0});
-        checkPlanar(None, untouched, {-1, -1, 0}, {-1, 1, 0}, {-4, 0, 0}, {mark, 0, 0});
+        CheckPlanar(None, untouched, {mark, -1, 0}, {1, 1, 0});
+        CheckPlanar(None, untouched, {1, 1, 0}, {mark, -1, 0});
+        CheckPlanar(None, untouched, {1, -1, 0}, {1, 1, 0}, {mark, 0, 0});
+        CheckPlanar(None, untouched, {-1, -1, 0}, {-1, 1, 0}, {-4, 0, 0}, {mark, 0, 0});
         double const next = std::nextafter(mark, 1);
-        checkPlanar(Point, {next, 0, 0}, {next, -1, 0}, {next, 1, 0}, {-4, 0, 0});
+        CheckPlanar(Point, {next, 0, 0}, {next, -1, 0}, {next, 1, 0}, {-4, 0, 0});
     }
-    checkPlanar(None, untouched, {1, -1, 0}, {1, 1, std::nan("")});
-    checkPlanar(None, untouched, {1, 1, 0}, {1, 1, 9e-9}); // equal ends
+    CheckPlanar(None, untouched, {1, -1, 0}, {1, 1, std::nan("")});
+    CheckPlanar(None, untouched, {1, 1, 0}, {1, 1, 9e-9}); // equal ends
 }
 
 } // namespace
