@@ -23,7 +23,7 @@ parabolaEdgeData conicOf(double flatness) {
 
 /// Chords within 0.004 of the tangents at both ends differ by less than 0.008 from one to the next.
 /// Those at the ends are compared with the sides of the triangle.
-void CheckTurns(parabolaEdgeData const &conic, Polyline points) {
+void CheckTurns(parabolaEdgeData const &conic, Polyline points, Caller = {}) {
     points.insert(points.begin(), conic.start + (conic.start - conic.vertex));
     points.push_back(conic.end + (conic.end - conic.vertex));
     for (std::size_t i = 2; i < points.size(); ++i) {
@@ -87,7 +87,7 @@ TEST(TessBConic, AListIsReplaced) {
     EXPECT_EQ(list.Count(), count + 1);
 }
 
-void CheckTaken(bool taken, parabolaEdgeData const &conic) {
+void CheckTaken(bool taken, parabolaEdgeData const &conic, Caller = {}) {
     EXPECT_EQ(taken, !polylineOf(conic).empty());
     EXPECT_TRUE(areSame(polylineOf(conic, mg_TessParabolaOrBConic),
                         polylineOf(conic, taken ? mg_TessBConic : mg_TessParabola)));

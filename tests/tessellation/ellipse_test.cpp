@@ -46,7 +46,7 @@ TEST(TessEllipse, GoesFromStartToEndInEqualAngles) {
     ellipseEdgeData const twice{{1, 2, 3}, {2, 0, 0}, {0, 0, 2}, 3, 1, {7, 2, 3}, {7, 2, 3}};
     Polyline const closed = polylineOf(twice, 1);
     EXPECT_EQ(segmentsOf(closed), 36);
-    ExpectNear(closed, 1e-11, [](double share) {
+    CheckNear(closed, 1e-11, [](double share) {
         P const p = onEllipse(6, 2, share * vexmath::kTwoPi);
         return P(1 + p.x(), 2, 3 + p.y());
     });

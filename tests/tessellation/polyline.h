@@ -49,7 +49,7 @@ inline int segmentsOf(Polyline const &points) { return std::max(0, int(points.si
 
 /// Compares each point with at(share), where the shares are equally spaced from 0 to 1.
 template <class At>
-void ExpectNear(Polyline const &points, double bound, At at) {
+void CheckNear(Polyline const &points, double bound, At at, Caller = {}) {
     double const n = segmentsOf(points);
     for (std::size_t i = 0; i < points.size(); ++i)
         ASSERT_LT(dist(points[i], at(static_cast<double>(i) / n)), bound) << i;
