@@ -25,7 +25,7 @@ TEST(CheckSum, IsTakenModulo32Bits) {
 
 TEST(Rect, ClosedRectanglesOverlapAtTheirEdges) {
     mgRect const r(0, 3, 4, 1); // left, top, right, bottom
-    auto const check = [&](int expected, mgRect const &other) {
+    auto const check = [&](int expected, mgRect const &other, support::Caller = {}) {
         EXPECT_EQ(expected, mgRect::intersectRect(r, other));
         EXPECT_EQ(expected, mgRect().intersectRect(other, r));
     };
@@ -41,7 +41,10 @@ TEST(Rect, ClosedRectanglesOverlapAtTheirEdges) {
 TEST(Rect, NormalizeOrdersTheCorners) {
     mgRect r(5, 0, 1, 3);
     r.normalize();
-    EXPECT_TRUE(r.left == 1 && r.top == 3 && r.right == 5 && r.bottom == 0);
+    EXPECT_EQ(1, r.left);
+    EXPECT_EQ(3, r.top);
+    EXPECT_EQ(5, r.right);
+    EXPECT_EQ(0, r.bottom);
 }
 
 } // namespace

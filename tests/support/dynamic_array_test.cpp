@@ -62,7 +62,7 @@ struct Array {
     void *data;
 };
 
-void CheckHeader(void *array, std::initializer_list<unsigned char> expected) {
+void CheckHeader(void *array, std::initializer_list<unsigned char> expected, support::Caller = {}) {
     EXPECT_EQ(0, std::memcmp(expected.begin(), static_cast<char *>(array) - 16, 16));
 }
 
@@ -71,11 +71,14 @@ TEST(DynamicArray, HeaderLiesInFrontOfElementZero) {
     CheckHeader(array, {8, 0, 0, 0, 8, 0, 0, 0, 24, 0, 0xFF, 0x7F, 2, 0, 0, 0});
     int step = 0, mode = 0, size = 0;
     suDynamicGetStats(array, &step, &mode, &size);
-    EXPECT_TRUE(step == 32767 && mode == 2 && size == 24);
+    EXPECT_EQ(32767, step);
+    EXPECT_EQ(2, mode);
+    EXPECT_EQ(24, size);
     headerOf(array).keepFlag = 7;
     void *const like = suDynArrayAlloc1(0, array);
     CheckHeader(like, {0, 0, 0, 0, 0, 0, 0, 0, 24, 0, 0xFF, 0x7F, 2, 0, 0, 0});
-    EXPECT_FALSE(suDynArrayAlloc1(-1, array) || suDynArrayAlloc1(3, nullptr));
+    EXPECT_FALSE(suDynArrayAlloc1(-1, array));
+    EXPECT_FALSE(suDynArrayAlloc1(3, nullptr));
     amDynamicArrayFree(array); // kept
     headerOf(array).keepFlag = 0;
     amDynamicArrayFree(array);
@@ -129,11 +132,13 @@ struct Model {
     }
 };
 
-void ExpectSame(Model const &model, Array const &array) {
+void CheckSame(Model const &model, Array const &array, support::Caller = {}) {
     amDynamicArrayHeader const &header = array.header();
     ASSERT_EQ(model.list, array.list());
-    ASSERT_TRUE(model.capacity == header.capacity && model.step == header.growStep);
-    ASSERT_TRUE(model.mode == header.growMode && model.keepFlag == header.keepFlag);
+    ASSERT_EQ(model.capacity, header.capacity);
+    ASSERT_EQ(model.step, header.growStep);
+    ASSERT_EQ(model.mode, header.growMode);
+    ASSERT_EQ(model.keepFlag, header.keepFlag);
 }
 
 /// Adds, appends or inserts n elements, at times from the array's own slots, free ones included.
@@ -215,7 +220,7 @@ TEST(DynamicArray, EditsFollowTheirRules) {
             if (kind < 4) changeSome(model, array.data, at, n, kind);
             if (kind >= 4 && kind < 7) changeCapacity(model, array, n, kind - 4);
             if (kind >= 7) addSome(model, array, at, n, random);
-            if (!HasFatalFailure()) ExpectSame(model, array);
+            if (!HasFatalFailure()) CheckSame(model, array);
             ASSERT_FALSE(HasFatalFailure()) << round;
         }
     }
@@ -233,7 +238,8 @@ TEST(DynamicArray, RefusedEditsChangeNothing) {
     EXPECT_EQ(0, amDynamicArrayReverseFromTo(array.data, 2, 2)); // one element
     EXPECT_EQ(array.data, amDynamicArrayResize(array.data, 5));
     EXPECT_EQ(array.data, amDynamicArrayFreeExtra(array.data, std::nan("")));
-    EXPECT_FALSE(amDynamicArrayResize(nullptr, 0) || amDynamicArrayCopy(nullptr, 0));
+    EXPECT_FALSE(amDynamicArrayResize(nullptr, 0));
+    EXPECT_FALSE(amDynamicArrayCopy(nullptr, 0));
     amDynamicArrayRangeError();
     EXPECT_EQ(before, array.list());
 }
@@ -247,7 +253,8 @@ TEST(DynamicArray, LargeProportionalGrowthFallsBackToTheLargestStep) {
     ASSERT_TRUE(array.add(item(1)));
     amDynamicArrayHeader &header = array.header();
     EXPECT_EQ(70000 + 32767, header.capacity);
-    EXPECT_TRUE(header.growMode == kLinear && header.growStep == 32767);
+    EXPECT_EQ(kLinear, header.growMode);
+    EXPECT_EQ(32767, header.growStep);
     EXPECT_EQ(item(1), array.items()[70000]);
     // 40000 more would not fit then: refused.
     header.growMode = 32767;
@@ -268,10 +275,10 @@ TEST(DynamicArray, ExhaustedMemoryLeavesTheOldArray) {
     header.count = header.capacity = 2000000000;
     EXPECT_EQ(array.data, amDynArrayRealloc(array.data, INT_MAX - 9));
     EXPECT_EQ(array.data, amDynamicArrayFreeExtra(array.data, -1.0));
-    EXPECT_FALSE(amDynamicArrayInsertAt(array.data, 0, before.data(), 9)
-                 || amDynamicArrayAdd(array.data, array.data)
-                 || amDynamicArrayAppend(array.data, array.data)
-                 || suDynArrayAlloc1(header.capacity, array.data));
+    EXPECT_FALSE(amDynamicArrayInsertAt(array.data, 0, before.data(), 9));
+    EXPECT_FALSE(amDynamicArrayAdd(array.data, array.data));
+    EXPECT_FALSE(amDynamicArrayAppend(array.data, array.data));
+    EXPECT_FALSE(suDynArrayAlloc1(header.capacity, array.data));
     header = real;
     EXPECT_EQ(before, array.list());
 }
@@ -312,12 +319,15 @@ TEST(DynamicArrayOwner, CopiesOwnTheirStorage) {
     list[0] = item(77);
     base = static_cast<Watched const &>(list); // itself
     EXPECT_EQ(Change(0, 8), list.change);
-    EXPECT_TRUE(list[0] == item(77) && copy[0] == item(0));
+    EXPECT_EQ(item(77), list[0]);
+    EXPECT_EQ(item(0), copy[0]);
     base = copy;
-    EXPECT_TRUE(list[0] == item(0) && list.Data() != copy.Data());
+    EXPECT_EQ(item(0), list[0]);
+    EXPECT_NE(copy.Data(), list.Data());
     base = suDynamicArray<Item>();
     EXPECT_EQ(Change(0, -1), list.change);
-    EXPECT_FALSE(list.Data() || suDynamicArray<Item>(base).Data());
+    EXPECT_FALSE(list.Data());
+    EXPECT_FALSE(suDynamicArray<Item>(base).Data());
 }
 
 TEST(DynamicArrayOwner, AFailingAddLosesTheElements) {

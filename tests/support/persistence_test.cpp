@@ -56,7 +56,8 @@ void load(T &object, std::string const &record, Read read) {
 /// gives the object, while every shorter stream leaves the target unchanged.
 template <class Archive = su_CArchive, class T, class Read = decltype(restore),
           class Write = decltype(save)>
-void check(std::string const &record, T object, T target, Read read = restore, Write write = save) {
+void CheckRecord(std::string const &record, T object, T target, Read read = restore,
+                 Write write = save, Caller = {}) {
     std::string const old = stored<Archive>(target, write);
     for (std::size_t length = 0; length < record.size(); ++length) {
         EXPECT_THROW(load<Archive>(target, record.substr(0, length), read), su_CArchiveError);
@@ -72,17 +73,17 @@ TEST(Persistence, PointsAndVectorsAreTheirDoubles) {
     std::string const xy = bytes(1.5, -0.0), xyz = xy + bytes(3e-320);
     auto const save2D = [](CArchive &ar, P &q) { q.save2D(ar); };
     auto const restore2D = [](CArchive &ar, P &q) { q.restore2D(ar); };
-    check(xyz, p, other, get, put);
-    check<CArchive>(xyz, p, other);
-    check<CArchive>(xy, p, other, restore2D, save2D);
+    CheckRecord(xyz, p, other, get, put);
+    CheckRecord<CArchive>(xyz, p, other);
+    CheckRecord<CArchive>(xy, p, other, restore2D, save2D);
     P flat = other;
     load(flat, xy, restore2D);
     EXPECT_BITS_EQ(P(1.5, -0.0, 0.0), flat);
     // These two are only read.
     auto const writeXyz = [](CArchive &ar, V &v) { P(v).save(ar); };
     auto const writeUv = [](CArchive &ar, mg2DPoint_c &uv) { P(uv.u(), uv.v(), 0.0).save2D(ar); };
-    check<CArchive>(xyz, V(p), V(other), restore, writeXyz);
-    check<CArchive>(xy, mg2DPoint_c(1.5, -0.0), mg2DPoint_c(7.0, 8.0), restore, writeUv);
+    CheckRecord<CArchive>(xyz, V(p), V(other), restore, writeXyz);
+    CheckRecord<CArchive>(xy, mg2DPoint_c(1.5, -0.0), mg2DPoint_c(7.0, 8.0), restore, writeUv);
 }
 
 mgMatrix_c const quarter({0, 1, 0, -1, 0, 0, 0, 0, 1}, 0), odd({1, 2, 3, 4, 5, 6, 7, 8, 9}, 0);
@@ -90,11 +91,11 @@ std::string const turn = bytes(0.0, 1.0, 0.0, -1.0, 0.0, 0.0, 0.0, 0.0, 1.0);
 std::string const skew = bytes(1.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0, 8.0, 9.0);
 
 TEST(Persistence, MatricesAreRepairedOrTakenAsTheyAre) {
-    check(turn, quarter, odd);
-    check<CArchive>(turn, quarter.transpose().transpose(), odd); // the flag is not stored
-    check(skew, odd, quarter, restoreAsIs);
-    check<CArchive>(skew, odd, quarter, restoreAsIs);
-    auto const becomes = [](auto read, mgMatrix_c const &expected, auto... elements) {
+    CheckRecord(turn, quarter, odd);
+    CheckRecord<CArchive>(turn, quarter.transpose().transpose(), odd); // the flag is not stored
+    CheckRecord(skew, odd, quarter, restoreAsIs);
+    CheckRecord<CArchive>(skew, odd, quarter, restoreAsIs);
+    auto const check = [](auto read, mgMatrix_c const &expected, auto... elements) {
         mgMatrix_c target = odd;
         load(target, bytes(static_cast<double>(elements)...), read);
         EXPECT_BITS_EQ(expected, target);
@@ -103,10 +104,10 @@ TEST(Persistence, MatricesAreRepairedOrTakenAsTheyAre) {
     double const s = below(1e-08), off = 1e-08;
     mgMatrix_c nearly; // flagged within 1e-08 of the axes
     nearly[1] = s;
-    becomes(restore, {}, s, -s, s, 0, 0, 0, s, s, -s); // null rows
-    becomes(restore, mgMatrix_c({1.1, 0, 0, 0, 1, 0, 0, 0, off}, 1), 1.1, 0, 0, 0, 1, 0, 0, 0, off);
-    becomes(restoreAsIs, nearly, 1, s, 0, 0, 1, 0, 0, 0, 1);
-    becomes(restoreAsIs, mgMatrix_c({1, 0, 0, 0, 1, 0, off, 0, 1}, 0), 1, 0, 0, 0, 1, 0, off, 0, 1);
+    check(restore, {}, s, -s, s, 0, 0, 0, s, s, -s); // null rows
+    check(restore, mgMatrix_c({1.1, 0, 0, 0, 1, 0, 0, 0, off}, 1), 1.1, 0, 0, 0, 1, 0, 0, 0, off);
+    check(restoreAsIs, nearly, 1, s, 0, 0, 1, 0, 0, 0, 1);
+    check(restoreAsIs, mgMatrix_c({1, 0, 0, 0, 1, 0, off, 0, 1}, 0), 1, 0, 0, 0, 1, 0, off, 0, 1);
 }
 
 unsigned char const no = 0, yes = 1;
@@ -117,10 +118,10 @@ mgPerspInfo_c const perspective(1.0, 2.0, 3.0, 4.0);
 
 TEST(Persistence, TransformsAreRepairedAndStoredWithTheRotationTheyHave) {
     Xform const other = raw(odd, {1.0, 2.0, 3.0}, 0.5, 1);
-    check(bytes(yes) + turn + rest, turned, other);
-    check<CArchive>(bytes(yes) + turn + rest, turned, other);
-    check(bytes(yes) + skew + rest, raw(odd, t, 2.0), turned, restoreAsIs);
-    check<CArchive>(bytes(no) + rest, raw({}, t, 2.0), Xform(), restoreAsIs);
+    CheckRecord(bytes(yes) + turn + rest, turned, other);
+    CheckRecord<CArchive>(bytes(yes) + turn + rest, turned, other);
+    CheckRecord(bytes(yes) + skew + rest, raw(odd, t, 2.0), turned, restoreAsIs);
+    CheckRecord<CArchive>(bytes(no) + rest, raw({}, t, 2.0), Xform(), restoreAsIs);
     Xform beyond = raw({}, {2e8, -2e8, 5e8}, 7e12);
     EXPECT_EQ(bytes(no, 0.0, 0.0, 5e8, 1.0, no), stored(beyond, save));
     EXPECT_BITS_EQ(raw({}, {0.0, 0.0, 5e8}), beyond);
@@ -140,8 +141,8 @@ TEST(Persistence, RestoringATransformKeepsWhatTheRecordDoesNotHold) {
 TEST(Persistence, TheRawFormDropsThePerspective) {
     Xform object = raw(odd.transpose().transpose(), {10.0, -0.0, 5e-09}, 7e12, -1), target;
     std::string const fields = bytes(10.0, -0.0, 5e-09, 7e12, 0xFFFFFFFFul);
-    check(turn + bytes(0ul, 0ul, 10.0, 20.0, -30.0, 2.0, 2ul, 0ul), raw(quarter, t, 2.0, 2),
-          Xform(), get, put);
+    CheckRecord(turn + bytes(0ul, 0ul, 10.0, 20.0, -30.0, 2.0, 2ul, 0ul), raw(quarter, t, 2.0, 2),
+                Xform(), get, put);
     object.addPerspectiveInfo(perspective);
     EXPECT_EQ(skew + bytes(1ul, 0ul) + fields + bytes(0ul), stored(object, put));
     EXPECT_EQ(0, object.hasPerspective());
@@ -167,14 +168,14 @@ TEST(Persistence, OtherRecordsAreTheirMembersAsTheyAre) {
     model.setModelViewDir(longer);
     mgPrimitiveBodyData_c const body(0x01020304, P(1.0, 2.0, 3.0), 4.0, 5.0, 6.0, -2);
 
-    check(six + three + bytes(kNaN), box, mgBBox_c());
-    check(six, mgPerspInfo_c(model), mgPerspInfo_c());
-    check(six + three, model, mgModelPerspInfo_c());
-    check(six.substr(24) + three, mgLine_c(root, longer), mgLine_c());
-    check(six.substr(24) + three + bytes(-0.0, 0.25), mgCone_c(root, longer, -0.0, 0.25),
-          mgCone_c());
-    check(bytes(0x01020304) + six + bytes(-2), body, mgPrimitiveBodyData_c());
-    check<CArchive>(bytes(0x01020304) + six + bytes(-2), body, mgPrimitiveBodyData_c());
+    CheckRecord(six + three + bytes(kNaN), box, mgBBox_c());
+    CheckRecord(six, mgPerspInfo_c(model), mgPerspInfo_c());
+    CheckRecord(six + three, model, mgModelPerspInfo_c());
+    CheckRecord(six.substr(24) + three, mgLine_c(root, longer), mgLine_c());
+    CheckRecord(six.substr(24) + three + bytes(-0.0, 0.25), mgCone_c(root, longer, -0.0, 0.25),
+                mgCone_c());
+    CheckRecord(bytes(0x01020304) + six + bytes(-2), body, mgPrimitiveBodyData_c());
+    CheckRecord<CArchive>(bytes(0x01020304) + six + bytes(-2), body, mgPrimitiveBodyData_c());
 }
 
 } // namespace
