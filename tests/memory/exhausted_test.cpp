@@ -254,13 +254,16 @@ TEST(Exhausted, AHullIsNotMade) {
             EXPECT_TRUE(result == 1 || (result == 0 && trial.refused));
             EXPECT_EQ(result == 1, hull.Count() > 9);
             if (result == 1) return;
-            EXPECT_TRUE(input.Count() == n && areSame(input.Data(), given.Data(), n));
-            EXPECT_TRUE(hull.Count() == 7 && areSame(hull.Data(), held.Data(), 7));
+            ASSERT_EQ(n, input.Count());
+            ASSERT_EQ(7, hull.Count());
+            EXPECT_TRUE(areSame(input.Data(), given.Data(), n));
+            EXPECT_TRUE(areSame(hull.Data(), held.Data(), 7));
         });
 }
 
 mgXform_c viewWithARecord() {
-    mgXform_c view = mg_TranslateXform(mgVector_c(1.0, 2.0, 3.0));
+    mgMatrix_c const turn = mg_RotationMatrix(1.0, {1.0, 2.0, 3.0}, 0.0);
+    mgXform_c view = support::raw(turn, {1.0, 2.0, 3.0}, 2.0);
     view.addPerspectiveInfo(mgPerspInfo_c(0.0, 0.0, -9.0, 1.0));
     return view;
 }
@@ -269,7 +272,8 @@ TEST(Exhausted, OnlyTheCopyOfARecordThrows) {
     mgPoint_c const o;
     CheckEach("record", [&](Trial &trial) {
         mgXform_c const view = viewWithARecord();
-        mgXform_c made[6];
+        mgXform_c const old = support::raw({}, {7.0, 8.0, 9.0}, 4.0, 1);
+        mgXform_c made[6] = {old, old, old, old, old, old};
         bool const threw = trial.throws([&] {
             mgXform_c const copy(view), before = copy * view, behind = view * before;
             made[0] = view;
@@ -280,8 +284,11 @@ TEST(Exhausted, OnlyTheCopyOfARecordThrows) {
             made[5] = mg_ZoomBoxToBox({}, {}, o, o, mgGenXform_c(mgGenXform_c(view)), 2.0);
         });
         EXPECT_EQ(threw, trial.refused);
-        for (mgXform_c const &x : made)
-            EXPECT_TRUE(x.hasPerspective() != 0 || (threw && x.isIdentity())); // done or untouched
+        for (mgXform_c const &x : made) { // done or untouched
+            if (x.hasPerspective() != 0) continue;
+            EXPECT_TRUE(threw);
+            EXPECT_BITS_EQ(old, x);
+        }
     });
 }
 
@@ -337,7 +344,8 @@ TEST(Exhausted, ATextIsEmptyAndAnArchiveThrows) {
         su_CArchive archive(stream);
         // su_CArchiveError, or std::bad_alloc when there is no memory for its text.
         EXPECT_TRUE(trial.throws<std::exception>([&] { view.restore(archive); }));
-        EXPECT_TRUE(view.hasPerspective() != 0 && view.translation().x() == 1.0);
+        EXPECT_EQ(1, view.hasPerspective());
+        EXPECT_EQ(1.0, view.translation().x());
     });
 }
 
