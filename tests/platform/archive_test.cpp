@@ -28,7 +28,7 @@ std::string bytes(std::initializer_list<int> values) {
 
 /// Reads the value back to the bit, and refuses every shorter stream without touching the target.
 template <class T>
-void checkRoundTrip(T value, std::size_t size) {
+void CheckRoundTrip(T value, std::size_t size) {
     std::string const whole = stored(value);
     ASSERT_EQ(size, whole.size());
     std::stringstream stream(whole);
@@ -51,10 +51,10 @@ TEST(Archive, ItemsAreLittleEndianAndOfFixedWidth) {
 }
 
 TEST(Archive, ItemsReadBackToTheBitAndNeverShort) {
-    checkRoundTrip(static_cast<unsigned char>(255), 1);
-    checkRoundTrip(std::numeric_limits<int>::min(), 4);
-    checkRoundTrip(0xFFFFFFFFul, 4);
-    checkRoundTrip(std::nan("0x5ca1e"), 8);
+    CheckRoundTrip(static_cast<unsigned char>(255), 1);
+    CheckRoundTrip(std::numeric_limits<int>::min(), 4);
+    CheckRoundTrip(0xFFFFFFFFul, 4);
+    CheckRoundTrip(std::nan("0x5ca1e"), 8);
 }
 
 TEST(Archive, AFailingStreamIsAnError) {

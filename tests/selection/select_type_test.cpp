@@ -64,7 +64,7 @@ TEST(SelectSets, EditsKeepTheOrderAndAddNothingTwice) {
     });
 }
 
-void checkRelations(Codes const &a, Codes const &b, int meets, int contains, int equals,
+void CheckRelations(Codes const &a, Codes const &b, int meets, int contains, int equals,
                     Codes const &intersection) {
     forBoth([&](auto left, auto c) {
         using Set = decltype(left);
@@ -81,15 +81,15 @@ void checkRelations(Codes const &a, Codes const &b, int meets, int contains, int
 }
 
 TEST(SelectSets, RelateByMatchedElements) {
-    checkRelations({1, 2}, {2}, 1, 1, 0, {2});
-    checkRelations({1, 2}, {3, 2, 1}, 1, 0, 0, {2, 1});
-    checkRelations({1, 2}, {2, 1}, 1, 1, 1, {2, 1});
-    checkRelations({1, 2}, {-1}, 0, 0, 0, {});
-    checkRelations({}, {}, 0, 1, 1, {});
-    checkRelations({}, {1}, 0, 0, 0, {});
-    checkRelations({}, {0}, 1, 0, 0, {0}); // "nothing" is matched by the empty set
-    checkRelations({0}, {0}, 0, 0, 0, {}); // and by no other, not even one that holds it
-    checkRelations({0, 1}, {1, 0}, 1, 0, 0, {1});
+    CheckRelations({1, 2}, {2}, 1, 1, 0, {2});
+    CheckRelations({1, 2}, {3, 2, 1}, 1, 0, 0, {2, 1});
+    CheckRelations({1, 2}, {2, 1}, 1, 1, 1, {2, 1});
+    CheckRelations({1, 2}, {-1}, 0, 0, 0, {});
+    CheckRelations({}, {}, 0, 1, 1, {});
+    CheckRelations({}, {1}, 0, 0, 0, {});
+    CheckRelations({}, {0}, 1, 0, 0, {0}); // "nothing" is matched by the empty set
+    CheckRelations({0}, {0}, 0, 0, 0, {}); // and by no other, not even one that holds it
+    CheckRelations({0, 1}, {1, 0}, 1, 0, 0, {1});
 }
 
 TEST(SelectSets, OnlyTypesRefuseMinusOne) {
@@ -98,9 +98,9 @@ TEST(SelectSets, OnlyTypesRefuseMinusOne) {
 }
 
 TEST(SelectSets, DuplicatesCountInComparisons) {
-    checkRelations({1, 1}, {1}, 1, 1, 0, {1});
-    checkRelations({1, 2}, {1, 1}, 1, 1, 1, {1});
-    checkRelations({1, 1}, {1, 2}, 1, 0, 0, {1});
+    CheckRelations({1, 1}, {1}, 1, 1, 0, {1});
+    CheckRelations({1, 2}, {1, 1}, 1, 1, 1, {1});
+    CheckRelations({1, 1}, {1, 2}, 1, 0, 0, {1});
 }
 
 } // namespace
