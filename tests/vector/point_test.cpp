@@ -5,9 +5,9 @@
 #include <vexmath/point2d.h>
 #include <vexmath/vector4.h>
 
-#include <array>
 #include <sstream>
 #include <type_traits>
+#include <vector>
 
 #include "common/geometry.h"
 
@@ -78,7 +78,7 @@ TEST(Points, ValuesGoInAndOutInOrder) {
     EXPECT_BITS_EQ(P(1.0, 2.0, stored.z), P(rounded.x, rounded.y, rounded.z));
 }
 
-using Four = std::array<int, 4>;
+using Facts = std::vector<int>;
 
 /// Compares the origin with a point at distance d along each axis.
 void CheckEquality(double d, int equal, int unequal, Caller = {}) {
@@ -87,13 +87,9 @@ void CheckEquality(double d, int equal, int unequal, Caller = {}) {
         a[axis] = d;
         V const w(a);
         SCOPED_TRACE(shown(d) + " along " + std::to_string(axis));
-        Four const equals{a == origin, V() == w, w == origin, origin == w};
-        EXPECT_EQ((Four{equal, equal, equal, equal}), equals);
-        Four const differs{a != origin, V() != w, w != origin, origin != w};
-        EXPECT_EQ((Four{unequal, unequal, unequal, unequal}), differs);
-        EXPECT_EQ(equal, a.isSame(origin, -0.5));
-        EXPECT_EQ(equal, a.isSame2(origin));
-        EXPECT_EQ(equal, w.isNull());
+        EXPECT_EQ(Facts(4, equal), (Facts{a == origin, V() == w, w == origin, origin == w}));
+        EXPECT_EQ(Facts(4, unequal), (Facts{a != origin, V() != w, w != origin, origin != w}));
+        EXPECT_EQ(Facts(3, equal), (Facts{a.isSame(origin, -0.5), a.isSame2(origin), w.isNull()}));
         EXPECT_EQ(!equal, w.isNotNull());
         EXPECT_EQ(d == 0.0, w.null() != 0);
     }
@@ -160,10 +156,8 @@ TEST(Points, LastTwoPointsEqualLeaveTheNormal) { CheckCollinear(q, q, 1, {9.0, 9
 TEST(Points, MarkerArmsAreUnequal) {
     P a, b, c, d;
     auto const check = [&](P const &ab, P const &ba, P const &cd, P const &dc, Caller = {}) {
-        EXPECT_EQ(0.0, gap(ab, a));
-        EXPECT_EQ(0.0, gap(ba, b));
-        EXPECT_EQ(0.0, gap(cd, c));
-        EXPECT_EQ(0.0, gap(dc, d));
+        std::vector<double> const gaps{gap(ab, a), gap(ba, b), gap(cd, c), gap(dc, d)};
+        EXPECT_EQ(std::vector<double>(4, 0.0), gaps);
     };
     P(-1.0, 0.0, -5.0).getPLUSrep(a, b, c, d, 1.0);
     check({2.0, 0.0, 0.0}, {-5.0, 0.0, 0.0}, {-1.0, -3.0, 0.0}, {-1.0, 4.0, 0.0});
