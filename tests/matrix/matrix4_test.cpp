@@ -5,6 +5,8 @@
 
 #include <vexmath/matrix4.h>
 
+#include <functional>
+
 namespace {
 
 using support::below;
@@ -12,10 +14,8 @@ using support::Caller;
 
 static_assert(std::is_trivially_copyable_v<mgMatrix4_c>);
 
-template <class Operand, class = void>
-constexpr bool isMultiplied = false;
 template <class Operand>
-constexpr bool isMultiplied<Operand, std::void_t<decltype(mgMatrix4_c() * Operand())>> = true;
+constexpr bool isMultiplied = std::is_invocable_v<std::multiplies<>, mgMatrix4_c, Operand>;
 static_assert(isMultiplied<mgVector_c> && isMultiplied<mgUnitVector_c>);
 struct NamedPoint : mgPoint_c {};
 static_assert(!isMultiplied<mgPoint_c> && !isMultiplied<NamedPoint>, "the translation gets lost");

@@ -8,7 +8,6 @@ namespace {
 TEST(NullSpace, DimensionGoesByFixedBounds) {
     auto const check = [](int expected, mgVector_c const &diagonal, bool force = false,
                           support::Caller = {}) {
-        SCOPED_TRACE(::testing::Message() << diagonal.x() << " " << diagonal.y());
         mgMatrix_c m;
         for (int i = 0; i < 3; ++i) m(i, i) = diagonal.component(i);
         mgUnitVector_c basis[3];

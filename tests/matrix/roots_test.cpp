@@ -12,8 +12,7 @@ using support::kNaN;
 
 constexpr double untouched = -777.0;
 
-void CheckQuadratic(double a, double b, double c, std::vector<double> const &expected,
-                    support::Caller = {}) {
+void CheckQuadratic(double a, double b, double c, std::vector<double> const &expected) {
     double roots[2];
     int const count = mg_solveQuadratic(a, b, c, roots);
     EXPECT_EQ(expected, std::vector<double>(roots, roots + count)) << a << " " << b << " " << c;
