@@ -99,9 +99,9 @@ TEST(Factories, PointsAndDirectionsAreCarriedOver) {
 
 TEST(Factories, PlaneToPlaneOnlyTranslatesOppositeNormals) {
     mgXform_c const moved = raw({}, origin - eye);
+    V const small = 9.9e-5 * z;                                 // the product is too short
     EXPECT_BITS_EQ(moved, mg_PlaneToPlane(eye, z, origin, -z)); // not half a turn
-    EXPECT_BITS_EQ(moved,
-                   mg_PlaneToPlane(eye, 9.9e-5 * z, origin, 9.9e-5 * x)); // product too short
+    EXPECT_BITS_EQ(moved, mg_PlaneToPlane(eye, small, origin, 9.9e-5 * x));
     EXPECT_EQ(1, mg_PlaneToPlane(eye, 1.1e-4 * z, origin, 1.1e-4 * x).rotate());
 }
 

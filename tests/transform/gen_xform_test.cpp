@@ -5,6 +5,7 @@
 
 #include "common/geometry.h"
 
+#include <functional>
 #include <memory>
 
 namespace {
@@ -17,10 +18,8 @@ using V = mgVector_c;
 mgXform_c const quarter = mg_RotateXform(vexmath::kHalfPi, {0.0, 0.0, 1.0}, 1e-9);
 
 // A point is mapped, a vector is refused.
-template <class T, class = void>
-constexpr bool kMoves = false;
 template <class T>
-constexpr bool kMoves<T, std::void_t<decltype(mgGenXform_c() * T())>> = true;
+constexpr bool kMoves = std::is_invocable_v<std::multiplies<>, mgGenXform_c, T>;
 static_assert(kMoves<P> && kMoves<double const *> && !kMoves<V> && !kMoves<mgUnitVector_c>);
 
 mgGenXform_c scaled(mgXform_c const &placing, mgXform_c const *body, V const &scale) {

@@ -121,10 +121,9 @@ TEST(Viewing, AZoomIsReturnedAsItWasComposed) {
     EXPECT_BITS_EQ(support::raw({}, {0x1p-28, 0, 0}, 2.0), near);
     mgVector_c const move(-5e14 + 4.0, -1e15, -1.5e15);
     mgXform_c const view = mg_ScaleXform(1e5);
-    EXPECT_BITS_EQ(support::raw({}, move, 1e15),
-                   mg_ZoomToPosition(P(4, 0, 0), model, P(), view, 1e10));
-    EXPECT_BITS_EQ(support::raw({}, move, 1e15),
-                   mg_ZoomBoxToBox({4, 0}, {4, 0}, model, P(), view, 1e10));
+    mgXform_c const zoom = support::raw({}, move, 1e15);
+    EXPECT_BITS_EQ(zoom, mg_ZoomToPosition(P(4, 0, 0), model, P(), view, 1e10));
+    EXPECT_BITS_EQ(zoom, mg_ZoomBoxToBox({4, 0}, {4, 0}, model, P(), view, 1e10));
 }
 
 } // namespace
