@@ -99,18 +99,15 @@ TEST(OpenTour, EmptiesFillsAndReplacesTheOrderWithNotifications) {
 }
 
 TEST(OpenTour, AnOrderThatCannotGrowEndsUpEmptyUnlessThePathReplacesIt) {
-    auto const countFor = [](int n, int capacity) {
+    auto const check = [](int count, int n, int capacity, support::Caller = {}) {
         suDynamicArray<mgPoint_c> points;
         for (int i = 0; i < n; ++i) points.Add(mgPoint_c(i, 0, 0));
         suDynamicArray<int> order;
         order.Adopt(static_cast<int *>(suDynArrayAlloc(capacity, 0, 1, sizeof(int))));
         mg_OpenTSP(points, order);
-        return order.Count();
+        EXPECT_EQ(count, order.Count());
     };
-    EXPECT_EQ(0, countFor(2, 0));
-    EXPECT_EQ(0, countFor(2, 1));
-    EXPECT_EQ(2, countFor(2, 2));
-    EXPECT_EQ(3, countFor(3, 1));
+    check(0, 2, 0), check(0, 2, 1), check(2, 2, 2), check(3, 3, 1);
 }
 
 } // namespace
