@@ -9,9 +9,7 @@ using namespace support;
 using P = mgPoint_c;
 
 Polyline polylineOf(arcEdgeData const &arc, P const &start, P const &end, double tol) {
-    return outputOf([&](auto array, int &count, auto list) {
-        mg_TessArc(&arc, &start, &end, tol, array, count, list);
-    });
+    return outputOf([&](auto &&...out) { mg_TessArc(&arc, &start, &end, tol, out...); });
 }
 
 P onCircle(double radius, double angle) {

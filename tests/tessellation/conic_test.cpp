@@ -9,8 +9,7 @@ using namespace support;
 using P = mgPoint_c;
 
 Polyline polylineOf(parabolaEdgeData const &conic, decltype(mg_TessBConic) tess = mg_TessBConic) {
-    return outputOf(
-        [&](auto array, int &count, auto list) { tess(&conic, 0.01, array, count, list); });
+    return outputOf([&](auto &&...out) { tess(&conic, 0.01, out...); });
 }
 
 /// End tangents that cross at (0, 1, 0). The focus, which is also on the arc, lies at the given

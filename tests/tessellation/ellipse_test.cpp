@@ -10,9 +10,7 @@ using P = mgPoint_c;
 
 Polyline polylineOf(ellipseEdgeData const &ellipse, double tol, P const *start = nullptr,
                     P const *end = nullptr) {
-    return outputOf([&](auto array, int &count, auto list) {
-        mg_TessEllipse(&ellipse, start, end, tol, array, count, list);
-    });
+    return outputOf([&](auto &&...out) { mg_TessEllipse(&ellipse, start, end, tol, out...); });
 }
 
 P onEllipse(double a, double b, double angle) {

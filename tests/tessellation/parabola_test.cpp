@@ -9,9 +9,7 @@ using namespace support;
 using P = mgPoint_c;
 
 Polyline polylineOf(parabolaEdgeData const &parabola, double tol = 0.01) {
-    return outputOf([&](auto array, int &count, auto list) {
-        mg_TessParabola(&parabola, tol, array, count, list);
-    });
+    return outputOf([&](auto &&...out) { mg_TessParabola(&parabola, tol, out...); });
 }
 
 /// The point of the conic with its vertex at (1, 2, 3) and its focus f above it, at a distance
