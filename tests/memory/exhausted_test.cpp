@@ -112,13 +112,11 @@ TEST(Exhausted, AnArrayIsNotMadeOrIsUntouched) {
     CheckEdit("add", 9, 1, 1, amDynamicArrayAdd);
     CheckEdit("add to many", 40000, 2, 1, amDynamicArrayAdd);
     CheckEdit("append", 40000, 2, 30000, amDynamicArrayAppend);
-    CheckEdit("insert", 2000, 1, 3000, [](void *array, void const *more) {
-        return amDynamicArrayInsertAt(array, 2000, more, 3000);
-    });
-    CheckEdit("grow", 40000, 2, 0,
-              [](void *array, void const *) { return amDynArrayRealloc(array, 90000); });
-    CheckEdit("trim", 9, 1, 0,
-              [](void *array, void const *) { return amDynamicArrayFreeExtra(array, -1.0); });
+    using In = void const *;
+    CheckEdit("insert", 2000, 1, 3000,
+              [](void *to, In more) { return amDynamicArrayInsertAt(to, 2000, more, 3000); });
+    CheckEdit("grow", 40000, 2, 0, [](void *to, In) { return amDynArrayRealloc(to, 90000); });
+    CheckEdit("trim", 9, 1, 0, [](void *to, In) { return amDynamicArrayFreeExtra(to, -1.0); });
 }
 
 TEST(Exhausted, ElementsOfAnArrayItselfAreInsertedOrNot) {
@@ -179,19 +177,13 @@ TEST(Exhausted, APolylineHasCountZero) {
     arcEdgeData const arc{o, {0.0, 0.0, 1.0}, 2.0};
     ellipseEdgeData const ellipse{o, {1.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, 2.0, 1.0, p, p};
     parabolaEdgeData const conic{o, mgPoint_c(1.0, 0.0, 0.0), {}, p, q, {0.0, 0.0, 1.0}};
-    CheckPolyline("arc", 3, [&](mgPoint_c **made, int &count, Points *list) {
-        mg_TessArc(&arc, &p, &p, 1e-3, made, count, list);
-    });
-    CheckPolyline("ellipse", 3, [&](mgPoint_c **made, int &count, Points *list) {
-        mg_TessEllipse(&ellipse, &p, &p, 1e-3, made, count, list);
-    });
-    CheckPolyline("parabola", 3, [&](mgPoint_c **made, int &count, Points *list) {
-        mg_TessParabola(&conic, 1e-3, made, count, list);
-    });
-    for (auto const tessellate : {mg_TessBConic, mg_TessParabolaOrBConic})
-        CheckPolyline("conic", 0, [&](mgPoint_c **made, int &count, Points *list) {
-            tessellate(&conic, 1e-3, made, count, list);
-        });
+    CheckPolyline("arc", 3, [&](auto &&...out) { mg_TessArc(&arc, &p, &p, 1e-3, out...); });
+    CheckPolyline("ellipse", 3,
+                  [&](auto &&...out) { mg_TessEllipse(&ellipse, &p, &p, 1e-3, out...); });
+    CheckPolyline("parabola", 3, [&](auto &&...out) { mg_TessParabola(&conic, 1e-3, out...); });
+    CheckPolyline("conic", 0, [&](auto &&...out) { mg_TessBConic(&conic, 1e-3, out...); });
+    CheckPolyline("either", 0,
+                  [&](auto &&...out) { mg_TessParabolaOrBConic(&conic, 1e-3, out...); });
 }
 
 template <class Point>
