@@ -5,6 +5,7 @@
 #include <vexmath/rect.h>
 
 #include <climits>
+#include <tuple>
 
 #include "common/geometry.h"
 
@@ -41,10 +42,7 @@ TEST(Rect, ClosedRectanglesOverlapAtTheirEdges) {
 TEST(Rect, NormalizeOrdersTheCorners) {
     mgRect r(5, 0, 1, 3);
     r.normalize();
-    EXPECT_EQ(1, r.left);
-    EXPECT_EQ(3, r.top);
-    EXPECT_EQ(5, r.right);
-    EXPECT_EQ(0, r.bottom);
+    EXPECT_EQ(std::tuple(1, 3, 5, 0), std::tuple(r.left, r.top, r.right, r.bottom));
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <vexmath/su_dynamic_array.h>
 
 #include <climits>
+#include <tuple>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -71,9 +72,7 @@ TEST(DynamicArray, HeaderLiesInFrontOfElementZero) {
     CheckHeader(array, {8, 0, 0, 0, 8, 0, 0, 0, 24, 0, 0xFF, 0x7F, 2, 0, 0, 0});
     int step = 0, mode = 0, size = 0;
     suDynamicGetStats(array, &step, &mode, &size);
-    EXPECT_EQ(32767, step);
-    EXPECT_EQ(2, mode);
-    EXPECT_EQ(24, size);
+    EXPECT_EQ(std::tuple(32767, 2, 24), std::tuple(step, mode, size));
     headerOf(array).keepFlag = 7;
     void *const like = suDynArrayAlloc1(0, array);
     CheckHeader(like, {0, 0, 0, 0, 0, 0, 0, 0, 24, 0, 0xFF, 0x7F, 2, 0, 0, 0});
@@ -135,10 +134,8 @@ struct Model {
 void CheckSame(Model const &model, Array const &array, support::Caller = {}) {
     amDynamicArrayHeader const &header = array.header();
     ASSERT_EQ(model.list, array.list());
-    ASSERT_EQ(model.capacity, header.capacity);
-    ASSERT_EQ(model.step, header.growStep);
-    ASSERT_EQ(model.mode, header.growMode);
-    ASSERT_EQ(model.keepFlag, header.keepFlag);
+    ASSERT_EQ(std::tuple(model.capacity, model.step, model.mode, model.keepFlag),
+              std::tuple(header.capacity, header.growStep, header.growMode, header.keepFlag));
 }
 
 /// Adds, appends or inserts n elements, at times from the array's own slots, free ones included.
