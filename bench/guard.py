@@ -3,7 +3,7 @@
 """Counts the instructions of a fixed set of works: guard.py <program> <folder> [--update].
 
 Fails when a work executes more of them than bench/guard.txt says, by more than LIMIT; --update
-writes that file anew. The counts are those of the compiler that the file names, and independent of
+stores them there. The counts are those of the compiler that the file names, and independent of
 the machine: the C library is kept from choosing code by the processor.
 """
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What the machine allows. Loops that read and write as many bytes as a work does, and compute
-// nothing: nobody is faster than that on the same data. And loops that only compute, the ceilings
-// of the roofline plot.
+// What the machine allows. Some loops read and write as many bytes as a work does and compute
+// nothing: no program is faster on the same data. Others only compute; they are the ceilings of the
+// roofline plot.
 
 #include <algorithm>
 
@@ -77,7 +77,7 @@ void measure(benchmark::State &state, Traffic const &traffic) {
 #if defined(__GNUC__) && defined(__x86_64__)
 
 constexpr int kRounds = 1000;
-/// So many numbers wait for nobody: while one is computed the others are.
+/// With so many independent numbers no operation waits: while one is computed, the others are too.
 constexpr int kEnough = 12;
 
 /// Multiplies numbers and adds to them in turn. A macro: what a function without SIMD does

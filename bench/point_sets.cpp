@@ -143,8 +143,8 @@ void tourVexmath(benchmark::State &state, int n) {
 using Distances = boost::adjacency_matrix<boost::undirectedS, boost::no_property,
                                           boost::property<boost::edge_weight_t, double>>;
 
-/// At most twice the shortest length, without the way back. The table of all distances, which it
-/// needs and the library does without, is made beforehand.
+/// At most twice the shortest length, without the return to the start. It needs the table of all
+/// distances, which is made before the clock starts; the library needs none.
 void tourBoost(benchmark::State &state, std::size_t n) {
     Distances distances(n);
     for (std::size_t i = 0; i < n; ++i)

@@ -75,7 +75,7 @@ inline double processorSeconds() {
     return static_cast<double>(used.tv_sec) + static_cast<double>(used.tv_nsec) * 1e-9;
 }
 
-/// Times `run` on what `prepare` makes anew for each iteration, outside the clock.
+/// Times `run` on what `prepare` makes for each iteration, outside the clock.
 template <class Prepare, class Run>
 void addPrepared(std::string const &work, char const *who, std::size_t items,
                  Prepare const &prepare, Run const &run) {

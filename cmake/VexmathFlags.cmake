@@ -1,9 +1,9 @@
 # The compiler flags of the house, each with its reason.
 
 # Floating point as written: no product and sum fused into one rounding, and on 32-bit x86 no
-# intermediate result in a wider register. Library and tests are built so. A caller who wants the
-# inline bodies of the headers to give the library's own bits under flags such as -march=native
-# links this target as well; nobody is forced to.
+# intermediate result in a wider register. Library and tests are built so. A caller that compiles
+# with flags such as -march=native, and needs inline bodies to round as the library does, links this
+# target as well. The library's own target does not add these flags to callers.
 add_library(vexmath_strict_fp INTERFACE)
 add_library(vexmath::strict_fp ALIAS vexmath_strict_fp)
 set_target_properties(vexmath_strict_fp PROPERTIES EXPORT_NAME strict_fp)

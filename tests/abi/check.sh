@@ -1,7 +1,7 @@
 #!/bin/bash
 # Compares what the library exports with the list that is kept beside this script.
 #   check.sh <libvexmath.so>            shows the difference and fails if there is one
-#   check.sh <libvexmath.so> --update   writes the list anew
+#   check.sh <libvexmath.so> --update   stores the list
 set -euo pipefail
 export LC_ALL=C
 

@@ -1,7 +1,7 @@
 #!/bin/bash
 # Compares the golden program's lines with those that are kept beside this script.
 #   check.sh <vexmath_golden>            shows the difference and fails if there is one
-#   check.sh <vexmath_golden> --update   writes the lines anew, when different bits are meant
+#   check.sh <vexmath_golden> --update   stores the lines, when different bits are meant
 set -euo pipefail
 
 program=$1
