@@ -22,7 +22,9 @@
 #include <vexmath/matrix.h>
 #include <vexmath/matrix4.h>
 #include <vexmath/mg_bounds.h>
+#include <vexmath/mg_conic.h>
 #include <vexmath/mg_matrix.h>
+#include <vexmath/mg_planar.h>
 #include <vexmath/mg_primitives.h>
 #include <vexmath/mg_queries.h>
 #include <vexmath/mg_tessellation.h>
