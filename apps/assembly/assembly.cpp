@@ -5,7 +5,7 @@
 
 #include "files.h"
 #include "json_value.h"
-#include "terminal.h"
+#include "report.h"
 
 #include <map>
 #include <system_error>
@@ -111,7 +111,8 @@ void readMeshes(Assembly &assembly) {
     for (std::size_t i = 0; i < assembly.parts.size(); ++i) {
         Part &part = assembly.parts[i];
         progress.step(part.meshFile.filename().string());
-        std::shared_ptr<Mesh const> &mesh = meshes[part.meshFile];
+        // One file may be named in several ways.
+        std::shared_ptr<Mesh const> &mesh = meshes[fs::canonical(part.meshFile)];
         if (!mesh) mesh = std::make_shared<Mesh const>(readMesh(part.meshFile));
         part.mesh = mesh;
         part.placed = mesh->bounds;

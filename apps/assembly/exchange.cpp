@@ -7,6 +7,7 @@
 #include "exchange.h"
 
 #include "json_value.h"
+#include "report.h"
 
 #include <algorithm>
 #include <array>
@@ -32,11 +33,8 @@ GlData glDataOf(mgXform_c const &transform) {
 std::string textOf(mgXform_c const &transform) {
     CString wide;
     transform.saveStringRep(wide);
-    std::string text; // digits, signs, points, exponents and blanks: a character is a byte
-    for (int i = 0; i < wide.GetLength(); ++i) {
-        text += static_cast<char>(static_cast<wchar_t const *>(wide)[i]);
-    }
-    return text;
+    std::wstring const text = static_cast<wchar_t const *>(wide);
+    return {text.begin(), text.end()}; // digits, signs, points, exponents and blanks: all are ASCII
 }
 
 /// The library accepts numbers that place no part, and reads them in its neutral way.
@@ -86,7 +84,7 @@ std::string differenceOf(mgXform_c const &original, mgXform_c const &restored) {
         words += (words.empty() ? "" : ", ") + what;
     };
     if (original.scaling() != restored.scaling()) {
-        add(fmt::format("scale {:.6g}", original.scaling()));
+        add("scale " + number(original.scaling()));
     }
     if (original.isReflection() != restored.isReflection()) add("mirror flag");
     if (original.hasPerspective() != restored.hasPerspective()) add("perspective");
@@ -95,6 +93,12 @@ std::string differenceOf(mgXform_c const &original, mgXform_c const &restored) {
     double const moved = largestComponent(original.translation() - restored.translation());
     if (moved > 0.0) add(fmt::format("translation by {:.2g}", moved));
     return words;
+}
+
+void addLoss(std::vector<Loss> &losses, NamedTransform const &original, std::string const &form,
+             mgXform_c const &restored) {
+    std::string const what = differenceOf(original.transform, restored);
+    if (!what.empty()) losses.push_back({original.name, form, what});
 }
 
 } // namespace
@@ -122,19 +126,14 @@ std::vector<Loss> readExchange(std::string const &file,
     }
     std::vector<Loss> losses;
     for (std::size_t i = 0; i < entries.size(); ++i) {
-        auto const &[name, transform] = transforms[i];
         entries[i].allowKeys({"name", "text", "gl"});
         JsonValue const found = entries[i].at("name");
-        if (found.text() != name) {
-            found.fail(fmt::format("must be \"{}\", as in the assembly", name));
+        if (found.text() != transforms[i].name) {
+            found.fail(fmt::format("must be \"{}\", as in the assembly", transforms[i].name));
         }
-        mgXform_c const text = fromText(entries[i].at("text"));
-        mgXform_c const array = fromArray(entries[i].at("gl"));
-        losses.push_back({name, "text form", differenceOf(transform, text)});
-        losses.push_back({name, "GL array", differenceOf(transform, array)});
+        addLoss(losses, transforms[i], "text form", fromText(entries[i].at("text")));
+        addLoss(losses, transforms[i], "GL array", fromArray(entries[i].at("gl")));
     }
-    auto const isNone = [](Loss const &loss) { return loss.what.empty(); };
-    losses.erase(std::remove_if(losses.begin(), losses.end(), isNone), losses.end());
     return losses;
 }
 

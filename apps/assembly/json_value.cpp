@@ -4,6 +4,7 @@
 #include "json_value.h"
 
 #include "files.h"
+#include "report.h"
 
 #include <algorithm>
 #include <set>
@@ -90,9 +91,8 @@ std::vector<JsonValue> JsonValue::list() const {
 std::string JsonValue::text() const {
     if (!value_->is_string()) fail("must be a text");
     auto text = value_->get<std::string>();
-    auto const isControl = [](unsigned char c) { return c < 0x20 || c == 0x7f; };
     if (text.empty()) fail("must not be empty");
-    if (std::any_of(text.begin(), text.end(), isControl)) fail("must be one line of plain text");
+    if (printable(text) != text) fail("must be one line of plain text");
     return text;
 }
 

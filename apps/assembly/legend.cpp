@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The meaning of the lines, the numbers of the parts, and the lists of parts and pairs.
 
-#include "drawing.h"
+#include "picture.h"
 
 #include <algorithm>
 #include <map>
@@ -14,6 +14,8 @@
 namespace assembly {
 
 namespace {
+
+constexpr double kBalloonRadius = 9.0; // pixels
 
 /// The name, or its beginning and an ellipsis when it is too long for a column.
 std::string nameOf(Part const &part) {
@@ -47,6 +49,12 @@ mgPoint_c nearestPoint(std::vector<Edge> const &outline, mgPoint_c const &p) {
     return nearest == outline.end() ? p : nearest->from;
 }
 
+/// The number of a part, counted from 1, in a ring of its colour.
+void drawBalloon(SvgPage &page, mgPoint_c const &centre, std::size_t part) {
+    page.circle(centre, kBalloonRadius, {"balloon", part});
+    page.text(centre + mgVector_c(0.0, 4.0, 0.0), std::to_string(part + 1), {"number middle"});
+}
+
 /// The number of a part, then a text.
 void drawNumbered(SvgPage &page, mgPoint_c const &start, std::size_t part, std::string const &text,
                   Style const &style = {}) {
@@ -59,12 +67,8 @@ double drawParts(SvgPage &page, mgPoint_c const &start, std::vector<Part> const 
     std::vector<bool> clashes(parts.size(), false);
     for (auto const &[first, second] : clashing) clashes[first] = clashes[second] = true;
     return drawList(page, start, "Parts", parts.size(), [&](std::size_t i, mgPoint_c const &at) {
-        std::string const name = nameOf(parts[i]);
-        if (clashes[i]) {
-            drawNumbered(page, at, i, name + " (clashes)", {"alarm"});
-        } else {
-            drawNumbered(page, at, i, name);
-        }
+        std::string const note = clashes[i] ? " (clashes)" : "";
+        drawNumbered(page, at, i, nameOf(parts[i]) + note, {clashes[i] ? "alarm" : ""});
     });
 }
 
@@ -78,11 +82,6 @@ double drawPairs(SvgPage &page, mgPoint_c const &start, std::string const &headi
 }
 
 } // namespace
-
-void drawBalloon(SvgPage &page, mgPoint_c const &centre, std::size_t part) {
-    page.circle(centre, kBalloonRadius, {"balloon", part});
-    page.text(centre + mgVector_c(0.0, 4.0, 0.0), std::to_string(part + 1), {"number middle"});
-}
 
 void drawBalloons(SvgPage &page, Panel const &panel, std::vector<PartOutline> const &outlines) {
     constexpr double kDotRadius = 2.2; // pixels

@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: MIT
-// Checks an assembly: from mesh files to bounds, clash report, picture and document.
+// Checks an assembly: the command line, and the order of the work.
 //
-// Read on in the order of the work: assembly, mesh, contacts, document, picture, report.
+// Read on in that order: assembly, mesh, checks, document, picture, report.
 
 #include "assembly.h"
-#include "check_result.h"
+#include "checks.h"
 #include "document.h"
-#include "drawing.h"
 #include "exchange.h"
 #include "files.h"
-#include "options.h"
+#include "picture.h"
 #include "report.h"
-#include "terminal.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
@@ -22,6 +22,7 @@
 #include <system_error>
 #include <vector>
 
+#include <CLI/CLI.hpp>
 #include <fmt/core.h>
 
 namespace assembly {
@@ -30,8 +31,87 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr int kFailed = 2;
 char const *const kDocumentName = "assembly.vxa";
 char const *const kPictureName = "assembly.svg";
+
+char const *const kDescription =
+    "Reads the parts of an assembly, each a mesh file (.obj, .stl, .ply) with a placement, and\n"
+    "checks which of their bounding volumes clash, touch and contain each other. Puts the parts\n"
+    "whose names begin with \"bolt\" in order for a drill. Prints a table and writes two files:\n"
+    "  assembly.svg  front, top and side view, clashes marked\n"
+    "  assembly.vxa  the bounds and placements, read back and compared";
+
+char const *const kFooter =
+    "Exit status: 0 when the assembly was checked, with clashes or without; 2 when something\n"
+    "could not be read or written, with one line on standard error.";
+
+struct Options {
+    std::string assemblyFile;
+    fs::path outFolder = ".";
+    std::optional<PanelPoint> pick;
+    std::optional<mgPlane_c> section;
+    fs::path exportFile; ///< empty for none, as the next two
+    std::string importFile;
+    std::string earlierDocument;
+};
+
+PanelPoint pickFrom(std::array<double, 2> const &at) {
+    bool const isInside = std::all_of(at.begin(), at.end(),
+                                      [](double share) { return share >= 0.0 && share <= 1.0; });
+    if (!isInside) throw CLI::ValidationError("--pick", "needs two numbers from 0 to 1");
+    return {at[0], at[1]};
+}
+
+mgPlane_c sectionFrom(std::array<double, 6> const &numbers) {
+    bool const isFinite = std::all_of(numbers.begin(), numbers.end(),
+                                      [](double number) { return std::isfinite(number); });
+    if (!isFinite) throw CLI::ValidationError("--section", "needs six finite numbers");
+    mgUnitVector_c const normal(&numbers[3]);
+    if (normal.isNull()) throw CLI::ValidationError("--section", "the normal has no direction");
+    return {mgPoint_c(numbers.data()), normal};
+}
+
+/// The parser calls each function with the numbers that it read for the option.
+void addOptions(CLI::App &app, Options &options) {
+    app.add_option("ASSEMBLY", options.assemblyFile, "The assembly file, in JSON")->required();
+    app.add_option("--out", options.outFolder, "Folder for the two files, made when missing");
+    app.add_option("--export", options.exportFile,
+                   "Also write the placements and the perspective view for other programs");
+    app.add_option("--import", options.importFile,
+                   "Also read such a file, and list what its forms did not keep");
+    app.add_option("--since", options.earlierDocument,
+                   "Also list the parts that changed since an earlier assembly.vxa");
+    app.add_option_function<std::array<double, 2>>(
+           "--pick", [&options](auto const &at) { options.pick = pickFrom(at); },
+           "Also draw a perspective view, and list the parts whose boxes lie under this point of "
+           "it, 0 to 1 from its lower left corner")
+        ->type_name("X Y");
+    app.add_option_function<std::array<double, 6>>(
+           "--section", [&options](auto const &numbers) { options.section = sectionFrom(numbers); },
+           "Also cut boxes and parts with the plane through P across the normal N")
+        ->type_name("PX PY PZ NX NY NZ");
+}
+
+/// Returns nothing when the run ends here, with the status to return: after the text of --help or
+/// --version was printed, or a line about an error.
+std::optional<Options> readOptions(int argc, char const *const *argv, int &status) {
+    CLI::App app(kDescription, "vexmath_assembly");
+    app.footer(kFooter);
+    app.set_version_flag("--version", "vexmath_assembly " VEXMATH_ASSEMBLY_VERSION);
+    app.failure_message([](CLI::App const *, CLI::Error const &error) {
+        return fmt::format("vexmath_assembly: {} (see --help)\n", printable(error.what()));
+    });
+    Options options;
+    addOptions(app, options);
+    try {
+        app.parse(argc, argv);
+        return options;
+    } catch (CLI::Error const &error) { // --help and --version, too
+        status = app.exit(error) == 0 ? 0 : kFailed;
+        return std::nullopt;
+    }
+}
 
 /// A mistyped export must not overwrite a file that the assembly is made from.
 void refuseOverwriting(fs::path const &exportFile, Assembly const &assembly) {
@@ -45,37 +125,12 @@ void refuseOverwriting(fs::path const &exportFile, Assembly const &assembly) {
     if (isInput) throw Failure(exportFile.string(), "would be overwritten: it is read as input");
 }
 
-CheckResult check(Assembly const &assembly, Options const &options) {
-    CheckResult result;
-    result.contacts = findContacts(assembly.parts, assembly.clashTolerance);
-    result.drilling = findDrillingPath(assembly.parts);
-    if (options.pick) result.pick = findPick(assembly, *options.pick);
-    if (options.section) result.section = findSection(assembly.parts, *options.section);
-    return result;
-}
-
 /// The placements, part by part, and then the perspective view.
 std::vector<NamedTransform> transformsOf(Assembly const &assembly) {
     std::vector<NamedTransform> transforms;
     for (Part const &part : assembly.parts) transforms.push_back({part.name, part.placement});
     transforms.push_back({"perspective view", layOutPerspective(assembly).toPage});
     return transforms;
-}
-
-/// What files of other runs say, where options name any.
-struct Comparisons {
-    std::optional<std::vector<std::string>> changes;
-    std::optional<std::vector<Loss>> losses;
-};
-
-Comparisons compare(Options const &options, Document const &document,
-                    std::vector<NamedTransform> const &transforms) {
-    Comparisons found;
-    if (!options.earlierDocument.empty()) {
-        found.changes = changesBetween(readDocument(options.earlierDocument), document);
-    }
-    if (!options.importFile.empty()) found.losses = readExchange(options.importFile, transforms);
-    return found;
 }
 
 /// Stages the document and proves it: what a reader gets back is the same, bit for bit.
@@ -85,20 +140,20 @@ void stageDocument(OutputFiles &output, fs::path const &file, Document const &do
     if (toBytes(readDocument(stored)) != bytes) throw Failure(stored, "reads back differently");
 }
 
-void print(Assembly const &assembly, CheckResult const &result) {
-    printReport(assembly, result.contacts);
-    printDrillingPath(assembly.parts, result.drilling);
-    if (result.pick) printPick(assembly.parts, *result.pick);
-    if (result.section) printSection(assembly.parts, *result.section);
-}
-
 void run(Options const &options) {
     Assembly const assembly = readAssembly(options.assemblyFile);
     refuseOverwriting(options.exportFile, assembly);
-    CheckResult const result = check(assembly, options);
+    CheckResult const result = check(assembly, options.pick, options.section);
     Document const document = documentOf(assembly);
     std::vector<NamedTransform> const transforms = transformsOf(assembly);
-    Comparisons const comparisons = compare(options, document, transforms);
+
+    // Everything is read before the first file is written.
+    std::vector<std::string> changes;
+    std::vector<Loss> losses;
+    bool const compares = !options.earlierDocument.empty();
+    bool const imports = !options.importFile.empty();
+    if (compares) changes = changesBetween(readDocument(options.earlierDocument), document);
+    if (imports) losses = readExchange(options.importFile, transforms);
 
     makeFolder(options.outFolder);
     OutputFiles output;
@@ -107,9 +162,9 @@ void run(Options const &options) {
     if (!options.exportFile.empty()) output.stage(options.exportFile, toExchange(transforms));
     std::vector<fs::path> const written = output.commit();
 
-    print(assembly, result);
-    if (comparisons.changes) printChanges(options.earlierDocument, *comparisons.changes);
-    if (comparisons.losses) printLosses(options.importFile, *comparisons.losses);
+    printReport(assembly, result);
+    if (compares) printChanges(options.earlierDocument, changes);
+    if (imports) printLosses(options.importFile, losses);
     fmt::print("\n");
     for (fs::path const &path : written) fmt::print("written: {}\n", path.string());
     fmt::print("{} was read back: bounds and placements agree bit for bit\n", kDocumentName);
@@ -128,6 +183,6 @@ int main(int argc, char **argv) {
         return status;
     } catch (std::exception const &error) {
         fmt::print(stderr, "{}\n", assembly::printable(error.what()));
-        return 2;
+        return assembly::kFailed;
     }
 }

@@ -7,7 +7,6 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
-#include <string>
 #include <vector>
 
 #include <vexmath/bbox.h>
@@ -28,11 +27,6 @@ struct Mesh {
 /// Throws Failure when the file cannot be read, ends too early, has no vertex, or has one that is
 /// not finite, used or not.
 Mesh readMesh(std::filesystem::path const &file);
-
-/// Throws Failure on damage that the mesh library accepts silently: a file that ends too early, a
-/// PLY header without an end, and a vertex of an OBJ file that no face uses and that is not finite.
-/// The format is "obj", "ply" or "stl".
-void refuseDamage(std::string const &bytes, std::string const &format, std::string const &file);
 
 } // namespace assembly
 

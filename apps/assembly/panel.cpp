@@ -4,11 +4,10 @@
 #include "panel.h"
 
 #include "edges.h"
+#include "report.h"
 
 #include <algorithm>
 #include <cmath>
-
-#include <fmt/core.h>
 
 #include <vexmath/mg_transform.h>
 #include <vexmath/mg_vector.h>
@@ -70,8 +69,6 @@ std::vector<double> multiples(double step, double low, double high) {
     for (double i = std::ceil(low / step); i * step <= high; ++i) values.push_back(i * step);
     return values;
 }
-
-std::string number(double value) { return fmt::format("{:.6g}", value + 0.0); } // no -0
 
 void drawVerticalLine(SvgPage &page, Panel const &panel, double x, std::string const &label) {
     mgPoint_c const bottom(x, panel.bottomRight.y(), 0.0);

@@ -1,17 +1,23 @@
 // SPDX-License-Identifier: MIT
-// What the program prints about an assembly.
+// What the user reads: the report, its names and numbers, and the progress of long work.
 
 #include "report.h"
 
-#include "terminal.h"
+#include "checks.h"
+#include "exchange.h"
 
 #include <algorithm>
+#include <cstdio>
+#include <unistd.h>
+#include <utility>
 
 #include <fmt/core.h>
 
 namespace assembly {
 
 namespace {
+
+char const *const kEraseLine = "\r\033[K";
 
 using Row = std::vector<std::string>;
 
@@ -38,9 +44,6 @@ void printTable(std::vector<Row> const &rows) {
     }
 }
 
-/// To six significant digits.
-std::string number(double value) { return fmt::format("{:.6g}", value + 0.0); } // no -0
-
 std::string corner(mgPoint_c const &p) {
     return fmt::format("({}, {}, {})", number(p.x()), number(p.y()), number(p.z()));
 }
@@ -53,6 +56,12 @@ Row rowOf(Part const &part) {
             corner(box.high()),
             number(box.sphRadius()),
             box.isValid() ? "yes" : "no"};
+}
+
+void printParts(Assembly const &assembly) {
+    std::vector<Row> rows{{"part", "vertices", "low", "high", "sphere radius", "valid"}};
+    for (Part const &part : assembly.parts) rows.push_back(rowOf(part));
+    printTable(rows);
 }
 
 /// A heading with the number of entries.
@@ -68,21 +77,7 @@ void printPairs(std::string const &title, std::string const &between,
     }
 }
 
-} // namespace
-
-void printReport(Assembly const &assembly, Contacts const &contacts) {
-    std::vector<Row> rows{{"part", "vertices", "low", "high", "sphere radius", "valid"}};
-    for (Part const &part : assembly.parts) rows.push_back(rowOf(part));
-    printTable(rows);
-    printPairs("clashing pairs", "-", contacts.clashing, assembly.parts);
-    printPairs("touching pairs", "-", contacts.touching, assembly.parts);
-    printPairs("containments", "contains", contacts.containing, assembly.parts);
-    mgBBox_c const &bounds = assembly.bounds;
-    fmt::print("\ntotal bounds: {} to {}, sphere radius {}\n", corner(bounds.low()),
-               corner(bounds.high()), number(bounds.sphRadius()));
-}
-
-void printDrillingPath(std::vector<Part> const &parts, DrillingPath const &path) {
+void printDrillingPath(DrillingPath const &path, std::vector<Part> const &parts) {
     if (path.bolts.empty()) return;
     printHeading("drilling path, " + number(path.length) + " long", path.bolts.size());
     for (std::size_t i = 0; i < path.bolts.size(); ++i) {
@@ -90,7 +85,7 @@ void printDrillingPath(std::vector<Part> const &parts, DrillingPath const &path)
     }
 }
 
-void printPick(std::vector<Part> const &parts, Pick const &pick) {
+void printPick(Pick const &pick, std::vector<Part> const &parts) {
     printHeading(fmt::format("picked at {} {}", number(pick.at.x), number(pick.at.y)),
                  pick.hits.size());
     fmt::print("  from {} along {}\n", corner(pick.sight.rootPoint()),
@@ -101,12 +96,35 @@ void printPick(std::vector<Part> const &parts, Pick const &pick) {
     }
 }
 
-void printSection(std::vector<Part> const &parts, Section const &section) {
+void printSection(Section const &section, std::vector<Part> const &parts) {
     printHeading("cut by the section", section.cuts.size());
     for (PartCut const &cut : section.cuts) {
         fmt::print("  {}, its box in a polygon of {} corners\n", parts[cut.part].name,
                    cut.boxOutline.size());
     }
+}
+
+/// Does a control character from U+0080 to U+009F begin here? UTF-8 writes it as two bytes.
+bool isUpperControl(std::string const &text, std::size_t i) {
+    if (text[i] != '\xc2' || i + 1 == text.size()) return false;
+    auto const next = static_cast<unsigned char>(text[i + 1]);
+    return next >= 0x80 && next < 0xa0;
+}
+
+} // namespace
+
+void printReport(Assembly const &assembly, CheckResult const &result) {
+    std::vector<Part> const &parts = assembly.parts;
+    printParts(assembly);
+    printPairs("clashing pairs", "-", result.contacts.clashing, parts);
+    printPairs("touching pairs", "-", result.contacts.touching, parts);
+    printPairs("containments", "contains", result.contacts.containing, parts);
+    mgBBox_c const &bounds = assembly.bounds;
+    fmt::print("\ntotal bounds: {} to {}, sphere radius {}\n", corner(bounds.low()),
+               corner(bounds.high()), number(bounds.sphRadius()));
+    printDrillingPath(result.drilling, parts);
+    if (result.pick) printPick(*result.pick, parts);
+    if (result.section) printSection(*result.section, parts);
 }
 
 void printChanges(std::string const &document, std::vector<std::string> const &changes) {
@@ -117,6 +135,35 @@ void printChanges(std::string const &document, std::vector<std::string> const &c
 void printLosses(std::string const &file, std::vector<Loss> const &losses) {
     printHeading("not kept by the forms in " + printable(file), losses.size());
     for (Loss const &loss : losses) fmt::print("  {}, {}: {}\n", loss.name, loss.form, loss.what);
+}
+
+std::string printable(std::string const &text) {
+    std::string result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        bool const isUpper = isUpperControl(text, i);
+        if (isUpper) ++i;
+        auto const byte = static_cast<unsigned char>(text[i]);
+        bool const isControl = isUpper || byte < 0x20 || byte == 0x7f;
+        result += isControl ? fmt::format("\\x{:02x}", byte) : std::string(1, text[i]);
+    }
+    return result;
+}
+
+std::string number(double value) { return fmt::format("{:.6g}", value + 0.0); } // no -0
+
+Progress::Progress(std::string task, std::size_t steps)
+    : task_(std::move(task)), steps_(steps), visible_(isatty(STDERR_FILENO) != 0) {}
+
+Progress::~Progress() {
+    if (!shown_.empty()) std::fputs(kEraseLine, stderr);
+}
+
+void Progress::step(std::string const &detail) {
+    if (!visible_) return;
+    std::string line = fmt::format("{} {} % {}", task_, done_++ * 100 / steps_, detail);
+    if (line == shown_) return; // a million quick steps print a hundred lines
+    fmt::print(stderr, "{}{}", kEraseLine, line);
+    shown_ = std::move(line);
 }
 
 } // namespace assembly

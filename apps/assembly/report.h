@@ -1,29 +1,54 @@
 // SPDX-License-Identifier: MIT
-// What the program prints about an assembly.
+// What the user reads: the report, its names and numbers, and the progress of long work.
 
 #ifndef ASSEMBLY_REPORT_H
 #define ASSEMBLY_REPORT_H
 
-#include "check_result.h"
-#include "exchange.h"
-
+#include <cstddef>
 #include <string>
 #include <vector>
 
 namespace assembly {
 
-/// A table of the parts, then the pairs that clash, touch and contain, then the bounds of all.
-void printReport(Assembly const &assembly, Contacts const &contacts);
-/// The bolts in the order of drilling; nothing without bolts.
-void printDrillingPath(std::vector<Part> const &parts, DrillingPath const &path);
-/// The line of sight and the parts hit, nearest first.
-void printPick(std::vector<Part> const &parts, Pick const &pick);
-/// The parts cut.
-void printSection(std::vector<Part> const &parts, Section const &section);
+struct Assembly;
+struct CheckResult;
+struct Loss;
+
+/// Prints a table of the parts, the pairs that clash, touch and contain, the bounds of all, and the
+/// bolts in the order of drilling. Then the line of sight of a pick with the parts hit, and the
+/// parts cut by a section, where there are such.
+void printReport(Assembly const &assembly, CheckResult const &result);
 /// The parts that changed since a document was written.
 void printChanges(std::string const &document, std::vector<std::string> const &changes);
 /// What the forms of an exchange file did not keep.
 void printLosses(std::string const &file, std::vector<Loss> const &losses);
+
+/// The text with its control characters spelled out, such as \\x1b: a name from a file cannot break
+/// the line or steer the terminal.
+std::string printable(std::string const &text);
+
+/// To six significant digits.
+std::string number(double value);
+
+/// One line on standard error, which is overwritten as the work goes on and erased at its end. It
+/// is shown only when standard error is a terminal.
+class Progress {
+public:
+    Progress(std::string task, std::size_t steps);
+    ~Progress();
+    Progress(Progress const &) = delete;
+    Progress &operator=(Progress const &) = delete;
+
+    /// Begins the next step; `detail` names what it works on.
+    void step(std::string const &detail = {});
+
+private:
+    std::string const task_;
+    std::size_t const steps_;
+    bool const visible_;
+    std::size_t done_ = 0;
+    std::string shown_;
+};
 
 } // namespace assembly
 

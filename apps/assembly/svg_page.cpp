@@ -82,46 +82,35 @@ void set(pugi::xml_node element, char const *attribute, double value) {
 
 SvgPage::SvgPage() { document_.load_string(kEmptyPage); }
 
-pugi::xml_node SvgPage::add(char const *element, Style const &style) {
+pugi::xml_node SvgPage::add(char const *element, Style const &style, Numbers numbers) {
     pugi::xml_node node = document_.document_element().append_child(element);
     if (*style.classes != '\0') node.append_attribute("class") = style.classes;
     if (style.part) node.append_attribute("color") = kColours[*style.part % std::size(kColours)];
+    for (auto const &[attribute, value] : numbers) set(node, attribute, value);
     return node;
 }
 
 void SvgPage::line(mgPoint_c const &from, mgPoint_c const &to, Style const &style) {
-    pugi::xml_node const node = add("line", style);
-    set(node, "x1", from.x());
-    set(node, "y1", from.y());
-    set(node, "x2", to.x());
-    set(node, "y2", to.y());
+    add("line", style, {{"x1", from.x()}, {"y1", from.y()}, {"x2", to.x()}, {"y2", to.y()}});
 }
 
 void SvgPage::rectangle(mgPoint_c const &a, mgPoint_c const &b, Style const &style) {
-    pugi::xml_node const node = add("rect", style);
-    set(node, "x", std::min(a.x(), b.x()));
-    set(node, "y", std::min(a.y(), b.y()));
-    set(node, "width", std::fabs(b.x() - a.x()));
-    set(node, "height", std::fabs(b.y() - a.y()));
+    auto const [left, right] = std::minmax({a.x(), b.x()});
+    auto const [top, bottom] = std::minmax({a.y(), b.y()});
+    add("rect", style,
+        {{"x", left}, {"y", top}, {"width", right - left}, {"height", bottom - top}});
 }
 
 void SvgPage::circle(mgPoint_c const &centre, double radius, Style const &style) {
-    pugi::xml_node const node = add("circle", style);
-    set(node, "cx", centre.x());
-    set(node, "cy", centre.y());
-    set(node, "r", radius);
+    add("circle", style, {{"cx", centre.x()}, {"cy", centre.y()}, {"r", radius}});
 }
 
 void SvgPage::path(std::string const &commands, Style const &style) {
-    if (commands.empty()) return;
-    add("path", style).append_attribute("d") = commands.c_str();
+    if (!commands.empty()) add("path", style).append_attribute("d") = commands.c_str();
 }
 
 void SvgPage::text(mgPoint_c const &start, std::string const &text, Style const &style) {
-    pugi::xml_node node = add("text", style);
-    set(node, "x", start.x());
-    set(node, "y", start.y());
-    node.text() = text.c_str();
+    add("text", style, {{"x", start.x()}, {"y", start.y()}}).text() = text.c_str();
 }
 
 std::string SvgPage::finish(double width, double height) {

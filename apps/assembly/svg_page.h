@@ -5,8 +5,10 @@
 #define ASSEMBLY_SVG_PAGE_H
 
 #include <cstddef>
+#include <initializer_list>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <pugixml.hpp>
@@ -40,7 +42,9 @@ public:
     std::string finish(double width, double height);
 
 private:
-    pugi::xml_node add(char const *element, Style const &style);
+    using Numbers = std::initializer_list<std::pair<char const *, double>>;
+
+    pugi::xml_node add(char const *element, Style const &style, Numbers numbers = {});
 
     pugi::xml_document document_;
 };

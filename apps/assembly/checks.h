@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// What is found out about an assembly: contacts, a drilling path, a pick and a section. All of it
-// goes by the bounding volumes of the parts, but for the outlines of a section.
+// What is checked of an assembly: contacts, a drilling path, a pick and a section. All of them use
+// the bounding volumes of the parts; only the outlines of a section use the meshes.
 
-#ifndef ASSEMBLY_CHECK_RESULT_H
-#define ASSEMBLY_CHECK_RESULT_H
+#ifndef ASSEMBLY_CHECKS_H
+#define ASSEMBLY_CHECKS_H
 
 #include "assembly.h"
 #include "edges.h"
@@ -25,35 +25,32 @@ struct PartPair {
     std::size_t second = 0;
 };
 
-/// Bounding volumes enclose their parts: two parts of no pair do not overlap, although their boxes
-/// may share a corner. An exact test of the bodies is needed for the clashing pairs alone.
+/// Every pair of parts is tested. Bounding volumes enclose their parts: two parts of no pair do not
+/// overlap, although their boxes may share a corner. An exact test of the bodies is needed for the
+/// clashing pairs alone. With a tolerance of 0 there is no touching: parts that meet clash, except
+/// for boxes that share a single corner.
 struct Contacts {
     std::vector<PartPair> clashing;   ///< overlapping by more than the tolerance
     std::vector<PartPair> touching;   ///< within the tolerance of touching
     std::vector<PartPair> containing; ///< the first contains the second
 };
 
-/// Tests every pair of parts. With a tolerance of 0 there is no touching: parts that meet clash,
-/// except for boxes that share a single corner.
-Contacts findContacts(std::vector<Part> const &parts, double tolerance);
-
 /// A short path through the centres of all bolts: of the parts whose names begin with "bolt".
 struct DrillingPath {
     std::vector<std::size_t> bolts; ///< indices of parts, in the order of drilling
-    std::vector<mgPoint_c> centres; ///< theirs
+    std::vector<mgPoint_c> centres; ///< of the bolts
     double length = 0.0;
 };
 
-DrillingPath findDrillingPath(std::vector<Part> const &parts);
-
-/// Where a line of sight enters the box of a part. The box is taken in the part's own frame, where
-/// it fits best.
+/// Where a line of sight enters the box of a part. The box is the one in the part's own frame,
+/// where it fits best.
 struct Hit {
     std::size_t part = 0;
     mgPoint_c point;
     double distance = 0.0; ///< from the root of the line of sight
 };
 
+/// The parts under a point of the perspective view.
 struct Pick {
     Panel panel; ///< the perspective view
     PanelPoint at;
@@ -61,10 +58,7 @@ struct Pick {
     std::vector<Hit> hits; ///< nearest first
 };
 
-/// The parts under a point of the perspective view.
-Pick findPick(Assembly const &assembly, PanelPoint const &at);
-
-/// A part whose box is cut by a plane. The box is taken in the part's own frame.
+/// A part whose box is cut by a plane. The box is the one in the part's own frame.
 struct PartCut {
     std::size_t part = 0;
     std::vector<mgPoint_c> boxOutline; ///< a convex polygon of three to six corners, in order
@@ -76,15 +70,16 @@ struct Section {
     std::vector<PartCut> cuts;
 };
 
-Section findSection(std::vector<Part> const &parts, mgPlane_c const &plane);
-
-/// All of it; a pick and a section only when they are asked for.
 struct CheckResult {
     Contacts contacts;
     DrillingPath drilling;
     std::optional<Pick> pick;
     std::optional<Section> section;
 };
+
+/// Checks all of it; a pick and a section only where they are asked for.
+CheckResult check(Assembly const &assembly, std::optional<PanelPoint> const &pickAt,
+                  std::optional<mgPlane_c> const &sectionPlane);
 
 } // namespace assembly
 
