@@ -5,7 +5,6 @@
 
 #include <vexmath/edge_data.h>
 #include <vexmath/mg_tessellation.h>
-#include <vexmath/mg_vector.h>
 #include <vexmath/su_dynamic_array.h>
 
 namespace {
@@ -27,8 +26,7 @@ Polyline circle(double tolerance) {
 }
 
 Polyline ellipse(double tolerance) {
-    mgPoint_c const start(60, 0, 0);
-    ellipseEdgeData const edge{{}, {1, 0, 0}, {0, 1, 0}, 60.0, 20.0, start, start};
+    ellipseEdgeData const edge{{}, {1, 0, 0}, {0, 1, 0}, 60.0, 20.0, {60, 0, 0}, {60, 0, 0}};
     Polyline points;
     int segments = 0;
     mg_TessEllipse(&edge, nullptr, nullptr, tolerance, nullptr, segments, &points);
@@ -68,15 +66,14 @@ int main() {
     std::printf("\nPoints:\n");
     print("circle", circle);
     print("ellipse", ellipse);
-    print("parabola", parabola); // it takes no tolerance, nor does the conic
+    print("parabola", parabola); // it ignores the tolerance, as the conic does
     print("conic", conic);
 
-    // The middle of a chord is where it is farthest off the circle.
+    // The middle of a chord is farthest off the circle, and nearest to its centre.
     std::printf("Distance from the circle to its polyline:\n         ");
     for (double const tolerance : kTolerances) {
         Polyline const points = circle(tolerance);
-        double const middle = mgVector_c(interpolate(0.5, points[0], points[1])).len();
-        std::printf(" %8.3g", 50.0 - middle);
+        std::printf(" %8.3g", 50.0 - mgPoint_c().distToLine(points[0], points[1]));
     }
     std::printf("\n");
 }

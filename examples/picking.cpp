@@ -38,14 +38,6 @@ mgXform_c camera() {
     return view;
 }
 
-/// Follows the line of sight into the part's own frame, where the box fits best.
-bool meets(mgLine_c sight, Part const &part, mgPoint_c &point) {
-    sight *= part.placement.inverse();
-    if (!part.box.getFirstRayHit(sight.rootPoint(), sight.direction(), &point)) return false;
-    point *= part.placement;
-    return true;
-}
-
 void pick(mgXform_c const &view, std::vector<Part> const &parts, mgPoint_c const &pixel) {
     mgPoint_c root;
     mgUnitVector_c direction;
@@ -54,8 +46,12 @@ void pick(mgXform_c const &view, std::vector<Part> const &parts, mgPoint_c const
 
     std::multimap<double, std::pair<char const *, mgPoint_c>> hits; // by the distance
     for (Part const &part : parts) {
+        // Follows the line of sight into the part's own frame, where the box fits best.
+        mgLine_c sight(root, direction);
+        sight *= part.placement.inverse();
         mgPoint_c point;
-        if (!meets({root, direction}, part, point)) continue;
+        if (!part.box.getFirstRayHit(sight.rootPoint(), sight.direction(), &point)) continue;
+        point *= part.placement;
         hits.insert({dist(root, point), {part.name, point}});
     }
     std::printf("pixel %g %g: %zu hits\n", pixel.x(), pixel.y(), hits.size());
@@ -76,8 +72,7 @@ int main() {
     mgXform_c const view = camera();
 
     // The pixel at which a point is seen is the point placed by the view.
-    mgPoint_c const end = mgPoint_c(55, 0, 0) * tilt;
-    mgPoint_c pixel = end * view;
+    mgPoint_c pixel = mgPoint_c(55, 0, 0) * tilt * view;
     pixel.set(std::round(pixel.x()), std::round(pixel.y()), 0.0);
     pick(view, parts, pixel);
     pick(view, parts, mgPoint_c(400, 190, 0));

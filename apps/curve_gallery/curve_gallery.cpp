@@ -5,9 +5,9 @@
 // beside a curve shows where the polyline is farthest off, enlarged twenty times.
 
 #include <cmath>
-#include <cstdio>
-#include <iterator>
 #include <string>
+
+#include <fmt/core.h>
 
 #include <vexmath/bbox.h>
 #include <vexmath/bulk.h>
@@ -89,7 +89,6 @@ Curve const kCurves[] = {{"Circle, radius 50", "#1f77b4", circleAt, circle},
                          {"Parabola, focal length 10", "#9467bd", parabolaAt, parabola},
                          {"Conic, fullness 0.8", "#7f7f00", conicAt, conic}};
 double const kTolerances[] = {5.0, 0.5, 0.05, 0.005};
-constexpr double kWindow = 120.0; // side of a window, in pixels
 
 Points samplesOf(Curve const &curve, int count) {
     Points samples;
@@ -117,36 +116,35 @@ double deviation(Curve const &curve, Points const &polyline, mgPoint_c &worst) {
     return largest;
 }
 
-std::string number(double value) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%.3g", value);
-    return text;
-}
+// The picture, in pixels.
+
+constexpr double kWindow = 120.0; // side of a window
 
 void drawPath(Points const &points, char const *colour, double width, char const *marker) {
-    std::printf("<polyline stroke='%s' stroke-width='%.4g' marker-mid='%s' points='", colour, width,
-                marker);
+    std::string corners;
     for (int i = 0; i < points.Count(); ++i) {
-        std::printf("%s%.6g,%.6g", i > 0 ? " " : "", points[i].x() + 0.0, 0.0 - points[i].y());
+        // The page's y runs downwards; adding 0 writes -0 as 0.
+        corners += fmt::format("{}{:.6g},{:.6g}", i > 0 ? " " : "", points[i].x() + 0.0,
+                               0.0 - points[i].y());
     }
-    std::printf("'/>\n");
+    fmt::print("<polyline stroke='{}' stroke-width='{:.4g}' marker-mid='{}' points='{}'/>\n",
+               colour, width, marker, corners);
 }
 
 void drawText(mgPoint_c const &start, char const *colour, std::string const &text) {
-    std::printf("<text x='%g' y='%g' fill='%s'>%s</text>\n", start.x(), start.y(), colour,
-                text.c_str());
+    fmt::print("<text x='{:g}' y='{:g}' fill='{}'>{}</text>\n", start.x(), start.y(), colour, text);
 }
 
 /// A square window of the page onto a square of the drawing, which is `extent` wide.
 void drawWindow(mgPoint_c const &topLeft, mgPoint_c const &middle, double extent,
                 Curve const &curve, Points const &polyline, char const *marker) {
     double const pixel = extent / kWindow;
-    std::printf("<svg x='%g' y='%g' width='%g' height='%g' viewBox='%g %g %g %g'>\n", topLeft.x(),
-                topLeft.y(), kWindow, kWindow, middle.x() - 0.5 * extent,
-                -middle.y() - 0.5 * extent, extent, extent);
+    fmt::print("<svg x='{:g}' y='{:g}' width='{:g}' height='{:g}' viewBox='{:g} {:g} {:g} {:g}'>\n",
+               topLeft.x(), topLeft.y(), kWindow, kWindow, middle.x() - 0.5 * extent,
+               -middle.y() - 0.5 * extent, extent, extent);
     drawPath(samplesOf(curve, 400), "#b9bec4", 3.5 * pixel, "none");
     drawPath(polyline, curve.colour, 1.1 * pixel, marker);
-    std::printf("</svg>\n");
+    fmt::print("</svg>\n");
 }
 
 void drawCell(mgPoint_c const &topLeft, Curve const &curve, double tolerance) {
@@ -164,34 +162,42 @@ void drawCell(mgPoint_c const &topLeft, Curve const &curve, double tolerance) {
     drawWindow(topLeft, bounds.center(), extent, curve, polyline, "none");
     mgPoint_c const lens = topLeft + mgVector_c(kWindow + 10.0, 0.0, 0.0);
     drawWindow(lens, worst, extent / kMagnification, curve, polyline, "url(#dot)");
-    std::printf("<rect x='%g' y='%g' width='%g' height='%g' stroke='#9aa0a6'/>\n", lens.x(),
-                lens.y(), kWindow, kWindow);
+    fmt::print("<rect x='{:g}' y='{:g}' width='{:g}' height='{:g}' stroke='#9aa0a6'/>\n", lens.x(),
+               lens.y(), kWindow, kWindow);
     drawText(topLeft + mgVector_c(0.0, kWindow + 18.0, 0.0),
              error <= tolerance ? "#222" : "#d00000",
-             std::to_string(polyline.Count()) + " points, error " + number(error));
+             fmt::format("{} points, error {:.3g}", polyline.Count(), error));
+}
+
+void drawGallery() {
+    mgVector_c const column(2.0 * kWindow + 40.0, 0.0, 0.0);
+    mgVector_c const row(0.0, kWindow + 60.0, 0.0);
+    mgPoint_c const first(20.0, 80.0, 0.0);
+    mgPoint_c cell = first - 0.25 * row;
+    for (double const tolerance : kTolerances) {
+        drawText(cell, "#222", fmt::format("tolerance {:.3g}", tolerance));
+        cell += column;
+    }
+    mgPoint_c start = first;
+    for (Curve const &curve : kCurves) {
+        drawText(start + mgVector_c(0.0, -10.0, 0.0), curve.colour, curve.name);
+        cell = start;
+        for (double const tolerance : kTolerances) {
+            drawCell(cell, curve, tolerance);
+            cell += column;
+        }
+        start += row;
+    }
 }
 
 } // namespace
 
 int main() {
-    std::printf("<svg xmlns='http://www.w3.org/2000/svg' width='1140' height='960' fill='none' "
-                "font-family='DejaVu Sans, Arial, sans-serif' font-size='13'>\n"
-                "<rect width='1140' height='960' fill='#fff'/>\n"
-                "<marker id='dot' viewBox='-1 -1 2 2' markerWidth='3' markerHeight='3'>"
-                "<circle r='1' fill='#222'/></marker>\n");
-    mgVector_c const column(2.0 * kWindow + 40.0, 0.0, 0.0);
-    mgVector_c const row(0.0, kWindow + 60.0, 0.0);
-    mgPoint_c cell(20.0, 80.0, 0.0);
-    for (std::size_t i = 0; i < std::size(kTolerances); ++i) {
-        drawText(cell + static_cast<double>(i) * column - 0.25 * row, "#222",
-                 "tolerance " + number(kTolerances[i]));
-    }
-    for (Curve const &curve : kCurves) {
-        drawText(cell + mgVector_c(0.0, -10.0, 0.0), curve.colour, curve.name);
-        for (std::size_t i = 0; i < std::size(kTolerances); ++i) {
-            drawCell(cell + static_cast<double>(i) * column, curve, kTolerances[i]);
-        }
-        cell += row;
-    }
-    std::printf("</svg>\n");
+    fmt::print("<svg xmlns='http://www.w3.org/2000/svg' width='1140' height='960' fill='none' "
+               "font-family='DejaVu Sans, Arial, sans-serif' font-size='13'>\n"
+               "<rect width='1140' height='960' fill='#fff'/>\n"
+               "<marker id='dot' viewBox='-1 -1 2 2' markerWidth='3' markerHeight='3'>"
+               "<circle r='1' fill='#222'/></marker>\n");
+    drawGallery();
+    fmt::print("</svg>\n");
 }
