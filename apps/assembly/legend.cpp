@@ -124,12 +124,12 @@ void drawKey(SvgPage &page, mgPoint_c const &start, CheckResult const &result) {
     if (!result.drilling.bolts.empty()) {
         mgPoint_c const sign = entry(880.0, "drilling path");
         line(sign, {"drill"});
-        page.circle(sign, 3.5, {"hole"});
+        page.circle(sign, kHoleRadius, {"hole"});
     }
     if (result.pick) {
         mgPoint_c const sign = entry(1020.0, "line of sight, where it enters a box");
         line(sign, {"sight"});
-        page.circle(sign + 0.5 * wide, 5.0, {"entry"});
+        page.circle(sign + 0.5 * wide, kEntryRadius, {"entry"});
     }
     if (result.section) line(entry(1318.0, "plane of the section"), {"trace"});
 }

@@ -72,8 +72,7 @@ mgPlane_c sectionFrom(std::array<double, 6> const &numbers) {
     return {mgPoint_c(numbers.data()), normal};
 }
 
-/// The parser calls each function with the numbers that it read for the option.
-void addOptions(CLI::App &app, Options &options) {
+void addFiles(CLI::App &app, Options &options) {
     app.add_option("ASSEMBLY", options.assemblyFile, "The assembly file, in JSON")->required();
     app.add_option("--out", options.outFolder, "Folder for the two files, made when missing");
     app.add_option("--export", options.exportFile,
@@ -82,15 +81,6 @@ void addOptions(CLI::App &app, Options &options) {
                    "Also read such a file, and list what its forms did not keep");
     app.add_option("--since", options.earlierDocument,
                    "Also list the parts that changed since an earlier assembly.vxa");
-    app.add_option_function<std::array<double, 2>>(
-           "--pick", [&options](auto const &at) { options.pick = pickFrom(at); },
-           "Also draw a perspective view, and list the parts whose boxes lie under this point of "
-           "it, 0 to 1 from its lower left corner")
-        ->type_name("X Y");
-    app.add_option_function<std::array<double, 6>>(
-           "--section", [&options](auto const &numbers) { options.section = sectionFrom(numbers); },
-           "Also cut boxes and parts with the plane through P across the normal N")
-        ->type_name("PX PY PZ NX NY NZ");
 }
 
 /// Returns nothing when the run ends here, with the status to return: after the text of --help or
@@ -103,9 +93,20 @@ std::optional<Options> readOptions(int argc, char const *const *argv, int &statu
         return fmt::format("vexmath_assembly: {} (see --help)\n", printable(error.what()));
     });
     Options options;
-    addOptions(app, options);
+    addFiles(app, options);
+    std::optional<std::array<double, 2>> pick;
+    app.add_option("--pick", pick,
+                   "Also draw a perspective view, and list the parts whose boxes lie under this "
+                   "point of it, 0 to 1 from its lower left corner")
+        ->type_name("X Y");
+    std::optional<std::array<double, 6>> section;
+    app.add_option("--section", section,
+                   "Also cut boxes and parts with the plane through P across the normal N")
+        ->type_name("PX PY PZ NX NY NZ");
     try {
         app.parse(argc, argv);
+        if (pick) options.pick = pickFrom(*pick);
+        if (section) options.section = sectionFrom(*section);
         return options;
     } catch (CLI::Error const &error) { // --help and --version, too
         status = app.exit(error) == 0 ? 0 : kFailed;

@@ -133,6 +133,10 @@ mgPoint_c pixelAt(Panel const &panel, PanelPoint const &at) {
     return panel.topLeft + mgVector_c(at.x * size.x(), (1.0 - at.y) * size.y(), 0.0);
 }
 
+void addRoomAround(mgBBox_c &box, double share) {
+    box += std::max(share * box.maxDimension(), kLeastExtent);
+}
+
 std::vector<Panel> layOutViews(mgBBox_c const &extent, double top) {
     Axis const x = named(mgUnitVector_c::xAxis());
     Axis const y = named(mgUnitVector_c::yAxis());
@@ -165,7 +169,7 @@ std::vector<Panel> layOutViews(mgBBox_c const &extent, double top) {
 
 Panel layOutAgainst(std::string const &title, mgUnitVector_c const &normal,
                     std::vector<mgPoint_c> const &points, double left) {
-    constexpr double kRoomAround = 0.08; // share of the extent
+    constexpr double kRoomAround = 0.08;
     mgVector_c const level = mgUnitVector_c::zAxis() * normal;
     mgUnitVector_c const right =
         level.isNull() ? mgUnitVector_c::xAxis() : mgUnitVector_c(level, 0);
@@ -175,7 +179,7 @@ Panel layOutAgainst(std::string const &title, mgUnitVector_c const &normal,
 
     mgBBox_c shown;
     for (mgPoint_c const &point : points) shown |= point * toViewer(panel);
-    shown += std::max(kRoomAround * shown.maxDimension(), kLeastExtent);
+    addRoomAround(shown, kRoomAround);
     place(panel, shown, std::min(kUpperSize.x() / shown.width(), kUpperSize.y() / shown.depth()));
     return panel;
 }

@@ -47,6 +47,9 @@ struct PanelPoint {
 
 mgPoint_c pixelAt(Panel const &panel, PanelPoint const &at);
 
+/// Grows the box by a share of its extent. A single point, which has none, grows by a little.
+void addRoomAround(mgBBox_c &box, double share);
+
 /// Front, top and side view beside each other below `top`. They have one scale, at which they fit,
 /// and one height, so that what is level in space is level on the page.
 std::vector<Panel> layOutViews(mgBBox_c const &extent, double top);

@@ -5,7 +5,6 @@
 
 #include "report.h"
 
-#include <algorithm>
 #include <optional>
 
 #include <vexmath/mg_primitives.h>
@@ -19,13 +18,11 @@ namespace {
 constexpr double kTitleLine = 52.0;
 constexpr double kKeyLine = 88.0;
 constexpr double kLegendGap = 76.0; // from the views to the first line of the legend
-constexpr double kHoleRadius = 3.5;
 constexpr double kListGap = 24.0;   // from the view of a pick to its list
 constexpr double kListRoom = 240.0; // from there to the next view
 constexpr double kRowGap = 90.0;    // to the row below
 constexpr double kArrow = 26.0;
-constexpr double kEntryRadius = 3.0;
-constexpr double kNearestRadius = 5.0;
+constexpr double kFartherRadius = 3.0; // of a point where the line of sight enters a box
 
 mgBBox_c onPage(mgBBox_c box, Panel const &panel) {
     box *= panel.toPage;
@@ -48,7 +45,7 @@ void drawCross(SvgPage &page, Pick const &pick) {
     auto const &[x, y] = pick.at;
     page.line(pixelAt(pick.panel, {x, 0.0}), pixelAt(pick.panel, {x, 1.0}), {"cross"});
     page.line(pixelAt(pick.panel, {0.0, y}), pixelAt(pick.panel, {1.0, y}), {"cross"});
-    page.circle(pixelAt(pick.panel, pick.at), kNearestRadius, {"entry"});
+    page.circle(pixelAt(pick.panel, pick.at), kEntryRadius, {"entry"});
 }
 
 /// Fills the part and draws its silhouette, which is returned.
@@ -61,7 +58,7 @@ PartOutline drawSolid(SvgPage &page, Panel const &panel, Part const &part, std::
     return outline;
 }
 
-/// The box that was hit, which stands in the part's own frame.
+/// The box that was hit: the one in the part's own frame.
 void drawHitBox(SvgPage &page, Panel const &panel, Part const &part, std::size_t number) {
     std::vector<Edge> edges;
     for (Edge const &edge : edgesOf(part.mesh->bounds)) {
@@ -142,14 +139,13 @@ double drawUpperRow(SvgPage &page, Assembly const &assembly, CheckResult const &
 /// What the views show: the boxes of the parts and the cubes around their spheres, with room
 /// around.
 mgBBox_c extentOf(std::vector<Part> const &parts) {
-    constexpr double kRoomAround = 0.03; // share of the extent
-    constexpr double kLeastRoom = 1e-6;  // model units; a single point has no extent
+    constexpr double kRoomAround = 0.03;
     mgBBox_c extent;
     for (Part const &part : parts) {
         extent |= part.placed;
         extent |= mgBBox_c(part.placed.sphCenter(), part.placed.sphRadius());
     }
-    extent += std::max(kRoomAround * extent.maxDimension(), kLeastRoom);
+    addRoomAround(extent, kRoomAround);
     return extent;
 }
 
@@ -206,7 +202,7 @@ void drawSight(SvgPage &page, Panel const &panel, Pick const &pick, mgBBox_c con
     page.line(from, to, {"sight arrow"});
     for (Hit const &hit : pick.hits) {
         bool const isNearest = &hit == &pick.hits.front();
-        page.circle(hit.point * panel.toPage, isNearest ? kNearestRadius : kEntryRadius, {"entry"});
+        page.circle(hit.point * panel.toPage, isNearest ? kEntryRadius : kFartherRadius, {"entry"});
     }
 }
 

@@ -20,6 +20,10 @@ namespace assembly {
 /// three views show the line of sight and the plane of the section as well.
 std::string drawPicture(Assembly const &assembly, CheckResult const &result);
 
+// Pixels. The legend shows these marks at the size that they have in the views.
+constexpr double kHoleRadius = 3.5;
+constexpr double kEntryRadius = 5.0; // of the first point where the line of sight enters a box
+
 // legend.cpp: the meaning of the lines, the numbers of the parts, the lists of parts and pairs.
 
 /// The outline of a part on the page.

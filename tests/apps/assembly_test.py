@@ -185,6 +185,7 @@ class AssemblyCheckerTest(unittest.TestCase):
                 (self.of_parts(), 'parts: must be a list with at least one entry'),
                 (self.of_parts(p, dict(p, colour='red')), 'parts[1]: unknown key "colour"'),
                 (self.of_parts(self.part(name='')), 'parts[0].name: must not be empty'),
+                (self.of_parts(self.part(name='p\x9b2J')), 'parts[0].name: must be one line of plain'),
                 (self.of_parts(p, p), 'parts[1].name: "p" is the name of parts[0] already'),
                 (self.of_parts(self.part(mesh='b.obj')), 'parts[0].mesh: there is no file'),
                 (self.of_parts(self.part(mesh=300 * 'b' + '.obj')), 'read: File name too long'),
