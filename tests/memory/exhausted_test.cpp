@@ -186,6 +186,17 @@ TEST(Exhausted, APolylineHasCountZero) {
                   [&](auto &&...out) { mg_TessParabolaOrBConic(&conic, 1e-3, out...); });
 }
 
+TEST(Exhausted, ParabolicPointsAreNotMade) {
+    CheckEach("parabolic points", [](Trial &trial) {
+        Points list;
+        for (int i = 0; i < 3; ++i) list.Add(mgPoint_c(0.0, i, i * i));
+        int result = -1;
+        trial.run([&] { result = parabolicPoints(list[0], list[2], list[1], 20, list); });
+        EXPECT_TRUE(result == 1 || (result == 0 && trial.refused));
+        EXPECT_EQ(result == 1 ? 23 : 0, list.Count());
+    });
+}
+
 template <class Point>
 bool areSame(Point const *a, Point const *b, int count) {
     return std::memcmp(a, b, static_cast<std::size_t>(count) * sizeof(Point)) == 0;
