@@ -33,6 +33,7 @@
 /// The ratio of the distances of a point from focus and directrix: the eccentricity of the conic
 /// through it. Distances are in space, also for a point off the plane of focus and directrix. 0 at
 /// the focus. The focus may lie on the directrix.
+///
 /// -1 for a point nearer than 1e-08 to the directrix (distance, strict), so also for a directrix
 /// without a direction. REQUIRES a directrix of unit direction or none.
 VEXMATH_API double mg_getPointEccentricity(mgPoint_c const &point, mgPoint_c const &focus,
@@ -41,9 +42,11 @@ VEXMATH_API double mg_getPointEccentricity(mgPoint_c const &point, mgPoint_c con
 /// The eccentricity of the arc with this control triangle and shoulder. The foot of the shoulder on
 /// the line of the median counts: how far the shoulder is off the median or off the plane does not
 /// matter. Below 1 for a foot nearer to the chord than to the apex, 1 in the middle, above 1 for
-/// one nearer to the apex. Rounding can only make it 1. -1 for a foot that is not at least 1e-08
-/// from both ends of the median and between them. So a shoulder on the chord or on the apex has no
-/// result. -1 also where rho is rounded to 1.
+/// one nearer to the apex. Rounding can only make it 1.
+///
+/// -1 for a foot nearer than 1e-08 to an end of the median (distance, strict), and for one that is
+/// not between the ends. So a shoulder on the chord or on the apex has no result. -1 also where rho
+/// is rounded to 1.
 VEXMATH_API double mg_getSgConicEccentricity(mgPoint_c const &start, mgPoint_c const &end,
                                              mgPoint_c const &apex, mgPoint_c const &shoulder);
 
@@ -62,10 +65,11 @@ VEXMATH_API double rhoConic(mgPoint_c const &start, mgPoint_c const &end, mgPoin
 /// the median and c half the chord, rho = 1 / (1 + sqrt(1 + (1 - e^2) h^2 / c^2)). It grows with e,
 /// from the circle, through 1/2 at e = 1, up to 1. `eccByRho` is the inverse. (A second ellipse of
 /// the same eccentricity, which is flatter than the circle, has its shoulder on the minor axis;
-/// this function does not give it.) 0 for a negative e, for e^2 >= 1 + c^2 / h^2, where no
-/// hyperbola has these tangents, and where rho is rounded to 1. 0 also when the distances from the
-/// apex to start and end differ by 1e-08 or more. (With a smaller difference, the triangle counts
-/// as symmetric.)
+/// this function does not give it.)
+///
+/// 0 for a negative e, for e^2 >= 1 + c^2 / h^2, where no hyperbola has these tangents, and where
+/// rho is rounded to 1. 0 also when the distances from the apex to start and end differ by 1e-08 or
+/// more. (With a smaller difference, the triangle counts as symmetric.)
 VEXMATH_API double rhoConic(double eccentricity, mgPoint_c const &start, mgPoint_c const &end,
                             mgPoint_c const &apex);
 
@@ -73,6 +77,7 @@ VEXMATH_API double rhoConic(double eccentricity, mgPoint_c const &start, mgPoint
 /// (focalLength, 0) has this y, of either sign. Its directrix is x = -focalLength / eccentricity.
 /// Of two such points of an ellipse it is the one nearer to the vertex. The branch of a hyperbola
 /// is the one through the vertex.
+///
 /// -1 for a y beyond the minor axis of an ellipse, |y| > focalLength sqrt((1 + e) / (1 - e)), for a
 /// focal length strictly below 1e-08 (so a negative one too), and for a negative e.
 VEXMATH_API double xConic(double y, double focalLength, double eccentricity);
@@ -80,6 +85,7 @@ VEXMATH_API double xConic(double y, double focalLength, double eccentricity);
 /// Appends n points of the parabolic arc with this control triangle, from start to end, and returns
 /// 1. The first and the last are start and end exactly. The tangents at neighbouring points make
 /// equal angles: the angle between the sides start-apex and apex-end, divided by n - 1.
+/// The points between are within 1e-15 times the largest coordinate of their places (measured).
 ///
 /// Returns 0 and leaves the list as it was when n is below 2 or above 10000001, or when there is no
 /// result as stated above. Also returns 0 when memory is exhausted; the list then loses all
