@@ -9,8 +9,8 @@
 namespace vexmath::detail {
 
 /// The exact sum of two doubles, the second at most half a unit in the last place of the first.
-/// Results have relative errors of about 1e-31, also where terms cancel, unless a product is above
-/// 1e299 (then NaN is possible) or below 1e-270 (then it is rounded as a double).
+/// Each operation has a relative error of about 1e-31, also where terms cancel. Exceptions: a
+/// product above 1e299 can be NaN, and one below 1e-270 is rounded as a double.
 /// Method: T. J. Dekker, "A floating-point technique for extending the available precision", 1971.
 class DoubleDouble {
 public:
