@@ -8,9 +8,252 @@
 #include <vexmath/export.h>
 #include <vexmath/forward.h>
 
+// The plane is that of x and y. Functions with 2D in their names never read a z for a decision. An
+// output point keeps the z of the input point that it stands for; where a point is new, the comment
+// says which z it gets.
+//
+// An output is written only where the comment says so; otherwise it keeps its value. Outputs may
+// alias inputs, but not each other. Pointers must not be null unless the comment allows it.
+//
+// Lengths and tolerances are absolute. A tol that is negative or NaN means 1e-08. Angles are in
+// radians, counter-clockwise from the x axis.
+//
+// An x or y that is NaN or infinite gives the neutral result of the function, which each comment
+// states, and nothing is written. So does every other such number, except a tol. Finite numbers may
+// have any size. Differences of coordinates below about 1e-140 count as 0 when some coordinate is
+// far larger. Nothing crashes or loops forever.
+
 // Clipping and inside tests.
+//
+// A box is given by two opposite corners in any order; they may coincide in x or y. It is closed:
+// its sides belong to it. Three results of each test depend on two other boxes:
+// - The outer box is larger by tol on each side, corners included: it is a box, too. It is closed.
+// - The inner box is smaller by tol on each side, and open. It is empty when a side of the box is
+//   2 tol or shorter.
+// A figure that misses the outer box is Outside. One that meets the outer box but not the inner box
+// is Touching: it grazes a side or a corner within tol, from outside or from inside. A box with an
+// empty inner box is therefore only touched. With a tol of 0, the outer box is the box itself, and
+// the inner box is the box without its sides.
+//
+// For points, and for segments parallel to an axis, these comparisons are exact: a point is in the
+// outer box when low - tol <= x <= high + tol, with the sums rounded, and in the inner box when
+// low + tol < x < high - tol; the same in y. For other figures the two boxes are met or missed up
+// to rounding of their size and distance. The neutral result is Outside, or a count of 0.
+
+/// The part of a segment in a box.
+enum mgClipLine_e : int {
+    mgClipLine_Outside = 0,     ///< not in the outer box; nothing is written
+    mgClipLine_Inside = 1,      ///< both ends are in the box
+    mgClipLine_ClippedA = 2,    ///< b is in the box, a was moved
+    mgClipLine_ClippedB = 3,    ///< a is in the box, b was moved
+    mgClipLine_ClippedBoth = 4, ///< both ends were moved
+    mgClipLine_Touching = 5     ///< in the outer box, not in the inner box
+};
+
+/// A figure and a box. "Partly" is possible for figures with an extent alone.
+enum mgInsideBox_e : int {
+    mgInsideBox_Outside = 0,  ///< no point of it is in the outer box
+    mgInsideBox_Touching = 1, ///< part of it is in the outer box, none in the inner box
+    mgInsideBox_Partly = 2,   ///< part of it is in the inner box, and part not in the outer box
+    mgInsideBox_Inside = 3    ///< all of it is in the outer box, and part of it in the inner box
+};
+
+/// A point and a segment.
+enum mgPointOnLine_e : int {
+    mgPointOnLine_Off = 0,
+    mgPointOnLine_Between = 1, ///< on the segment, not at an end
+    mgPointOnLine_AtA = 2,
+    mgPointOnLine_AtB = 3
+};
+
+/// Clips the segment from a to b to a box. outA and outB are written unless the result is Outside,
+/// and are always in the box:
+/// - An end in the box keeps its bits.
+/// - An end outside is moved to where the segment enters the box. A coordinate in which it meets a
+///   side is exactly that of the side; the other one is interpolated from the nearer end.
+/// - Touching: the part of the segment in the outer box is kept, and each of its ends is moved to
+///   the nearest point of the box. A segment that touches a corner gives that corner twice; one
+///   that runs along a side gives a part of that side.
+/// outA has the z of a, outB that of b. a and b may be equal: a point is Outside, Inside or
+/// Touching. Never allocates.
+/// Method: D. Cohen, I. Sutherland (W. M. Newman, R. F. Sproull, "Principles of Interactive
+/// Computer Graphics", 1979) for the ends beyond one side; then by separating axes.
+VEXMATH_API mgClipLine_e mg_ClipLine2DToBox(mgPoint_c const &a, mgPoint_c const &b,
+                                            mgPoint_c const &corner1, mgPoint_c const &corner2,
+                                            mgPoint_c &outA, mgPoint_c &outB, double tol);
+/// The same with a window: left and right in any order, top and bottom in any order. So y may point
+/// up or down.
+VEXMATH_API mgClipLine_e mg_Clip2DLineToWindow(mgPoint_c const &a, mgPoint_c const &b,
+                                               mgRect const &window, mgPoint_c &outA,
+                                               mgPoint_c &outB, double tol);
+/// Clips an arc to a box: counter-clockwise about the centre from the angle start to the angle end.
+/// Returns the number of arcs in the box, 0 to 5, and writes the angles of the arc i, start and
+/// end, to angles[2 i] and angles[2 i + 1]; the others are not written.
+///
+/// A sweep of 2 pi - 1e-11 or more is a full circle. The arcs of a clipped full circle, at most 4,
+/// run from one side to the next: none of them begins or ends at start unless a side does. All arcs
+/// are in counter-clockwise order. Each begins in [start, start + 2 pi) and ends at most 2 pi
+/// later; up to rounding, the angles are not reduced. The first angle has the bits of start when
+/// the arc begins there, and the last one those of end.
+///
+/// Let d be the distance of a side from the centre, positive when the centre is on the inner side.
+/// In this order, for each side:
+/// - d >= radius - tol: the side does not cut. When no side cuts, the arc is returned unchanged.
+/// - d <= tol - radius: the circle is beyond the side or touches it: no arc.
+/// - Otherwise the side cuts where the circle crosses it, without tolerance.
+/// Arcs of a length, radius times sweep, of at most tol are left out, also when the arc was not
+/// cut. `mg_Arc2DInsideBox` says whether an arc without a part in the box touches it.
+///
+/// 0 when radius <= 0, when end < start, and when an angle is above 1e6 in absolute value. Never
+/// allocates. REQUIRES ten writable doubles.
+VEXMATH_API int mg_Clip2DArcToBox(mgPoint_c const &centre, double radius, double start, double end,
+                                  mgPoint_c const &corner1, mgPoint_c const &corner2,
+                                  double angles[10], double tol);
+/// Shortens the end of a leader line to where the segment from start to end first meets the outline
+/// of a rotated frame. The frame has one corner at `corner`, its width along the direction `angle`,
+/// and its height along that direction rotated by a quarter turn. A negative width or height
+/// reaches to the other side of the corner.
+///
+/// ClippedB, and end is written, its z unchanged: when start is outside the frame, to where the
+/// segment enters; when start is in the frame and end outside, to where it leaves. No other result
+/// writes. Inside: both are in the frame. Touching: the segment only grazes the frame within tol,
+/// or ends at its outline. Outside: it misses the frame. ClippedA and ClippedBoth are never
+/// returned. The results are those of `mg_ClipLine2DToBox` in the system of the frame, whose axes
+/// are the two directions; coordinates in it are rounded, so the new end is on the outline up to
+/// rounding.
+VEXMATH_API mgClipLine_e mg_ClipLineEndToRotated2DBox(mgPoint_c const &start, mgPoint_c &end,
+                                                      mgPoint_c const &corner, double width,
+                                                      double height, double angle, double tol);
+
+/// A point: Outside, Touching or Inside.
+VEXMATH_API mgInsideBox_e mg_Point2DInsideBox(mgPoint_c const &p, mgPoint_c const &corner1,
+                                              mgPoint_c const &corner2, double tol);
+/// The segment from a to b. Equal ends are a point.
+VEXMATH_API mgInsideBox_e mg_Line2DInsideBox(mgPoint_c const &a, mgPoint_c const &b,
+                                             mgPoint_c const &corner1, mgPoint_c const &corner2,
+                                             double tol);
+/// A circle: the curve and not its disc, so a circle around the box is Outside. A radius of 0 gives
+/// the result for its centre, a negative one Outside.
+VEXMATH_API mgInsideBox_e mg_Circle2DInsideBox(mgPoint_c const &centre, double radius,
+                                               mgPoint_c const &corner1, mgPoint_c const &corner2,
+                                               double tol);
+/// An arc, given as for `mg_Clip2DArcToBox`: the curve. A sweep of 0 is a point. Outside when the
+/// radius is negative, when end < start, and when an angle is above 1e6 in absolute value.
+VEXMATH_API mgInsideBox_e mg_Arc2DInsideBox(mgPoint_c const &centre, double radius, double start,
+                                            double end, mgPoint_c const &corner1,
+                                            mgPoint_c const &corner2, double tol);
+/// The open polyline through n points; one point is a point. Outside when n < 1, where pts may be
+/// null, and when any of the points is NaN or infinite.
+VEXMATH_API mgInsideBox_e mg_Polyline2DInsideBox(int n, mgPoint_c const *pts,
+                                                 mgPoint_c const &corner1, mgPoint_c const &corner2,
+                                                 double tol);
+
+/// A point and the segment from a to b, by distances; all comparisons are inclusive. In this order:
+/// - AtA when p is within tol of a and not nearer to b.
+/// - AtB when p is within tol of b.
+/// - Between when the foot of p on the line is on the segment, and p within tol of the line.
+/// - Otherwise Off, also for NaN. A segment shorter than 1e-145 has its ends alone.
+VEXMATH_API mgPointOnLine_e mg_PointOnLine2D(mgPoint_c const &p, mgPoint_c const &a,
+                                             mgPoint_c const &b, double tol);
 
 // Recognition and merging.
+
+/// What a polyline is part of.
+enum mgPolylineArc_e : int {
+    mgPolylineArc_None = 0,   ///< neither of these
+    mgPolylineArc_Arc = 1,    ///< an arc of less than a full turn
+    mgPolylineArc_Circle = 2, ///< a closed circle: the last point is at the first
+    mgPolylineArc_Line = 3    ///< a straight line, or points in an order that goes to and fro on it
+};
+
+/// Tells whether n points in space are, in this order, on one circular arc within tol. For Arc and
+/// Circle all four outputs are written: the unit normal about which the points run
+/// counter-clockwise, and the sweep in `angle`, from the first point to the last. It is the double
+/// nearest to 2 pi for a Circle and less for an Arc. For None and Line nothing is written. The
+/// outputs may be parts of pts.
+///
+/// Three points fix the circle: the first one; the point farthest from it; the point farthest from
+/// the line through these two. Of equal distances the lowest index counts. In this order, with all
+/// distances in space and inclusive:
+/// - None when n < 3, where pts may be null; when a coordinate is NaN or infinite, z included; when
+///   all points are within tol of the first.
+/// - Line when all points are within tol of the line through the first two of the three points;
+/// also
+///   when the centre or the radius would not be finite.
+/// - None when a point is not within tol of the circle.
+/// - None when the points do not run one way around. A point within tol of the one before, leaving
+///   out such points, does not count. A point that comes back within tol of the first point closes
+///   the circle: all points after it must be within tol of it.
+/// - Otherwise Circle when the circle was closed, else Arc.
+/// The size of a step is free: two steps of 170 degrees are an arc, and a closed triangle is a
+/// Circle. Up to rounding, the result is that of the exact numbers.
+VEXMATH_API mgPolylineArc_e mg_IsPolylineArc(int n, mgPoint_c const *pts, mgPoint_c &centre,
+                                             mgUnitVector_c &normal, double &radius, double &angle,
+                                             double tol);
+
+/// The arc that starts at `start` along `tangent` and ends at `end`. Returns 1 and writes the
+/// centre with the z of start, the radius, which is positive, and the sweep, which is positive for
+/// an arc to the left, counter-clockwise, and negative for one to the right; it is strictly between
+/// -2 pi and 2 pi. The tangent needs no unit length.
+///
+/// Returns 0 without writing when end is at most tol off the line through start along the tangent,
+/// ahead or behind; when x and y of the tangent are both 0; when a result would not be finite.
+VEXMATH_API int mg_FindTangentArcCenter2D(mgPoint_c const &start, mgVector_c const &tangent,
+                                          mgPoint_c const &end, mgPoint_c &centre, double &radius,
+                                          double &sweep, double tol);
+/// The fillet between two lines, given as segments from a1 to b1 and from a2 to b2. Of the four
+/// fillets it is the one between the ends that are farther from the crossing of the lines; b1 and
+/// b2 where both ends are equally far. The lines have no ends: `mg_PointOnLine2D` tells whether a
+/// touching point is on its segment. A radius of 0 gives the crossing three times.
+///
+/// Returns 1 and writes the centre with the z of a1, the touching point of line 1 with the z of a1,
+/// and that of line 2 with the z of a2. Returns 0 without writing when the lines are parallel: when
+/// the longer segment goes at most tol away from the direction of the other, which is |sin| times
+/// its length. Also returns 0 when the ends of a segment have the same x and y, when the radius is
+/// negative, and when a result would not be finite.
+VEXMATH_API int mg_FindTangentArcCenter2D(mgPoint_c const &a1, mgPoint_c const &b1,
+                                          mgPoint_c const &a2, mgPoint_c const &b2, double radius,
+                                          mgPoint_c &centre, mgPoint_c &tangent1,
+                                          mgPoint_c &tangent2, double tol);
+
+/// Merges two segments when they are collinear and overlap or touch, all within tol, inclusive. The
+/// longer one is the base, the first one when both are equally long. The other is collinear when
+/// both of its ends are within tol of the line of the base. It touches when the gap between the
+/// two, measured along that line, is at most tol.
+///
+/// Returns 1 and writes the two ends that are farthest apart along the base, with their bits and
+/// their z; a to b has the direction of the base. Where two ends are at the same place along it,
+/// the base's end is kept. Returns 0 without writing when the segments are not merged. A segment of
+/// equal ends has the direction of the x axis.
+VEXMATH_API int mg_MergeLines2D(mgPoint_c const &a1, mgPoint_c const &b1, mgPoint_c const &a2,
+                                mgPoint_c const &b2, mgPoint_c &a, mgPoint_c &b, double tol);
+/// Merges the segments of a list, in which the points 2 i and 2 i + 1 are the ends of the segment
+/// i. The last of an odd number of points is ignored. Replaces `merged`, which may be the same
+/// list, by the merged segments, and returns their number.
+///
+/// The longest segment that is left, of equal ones the first, is the next base. All segments that
+/// are collinear with it, as above, and that it touches, directly or through others of them, go
+/// into it. The line is always that of the base as it was given. The merged segment has the two
+/// ends that are farthest apart along the base; where some are at the same place, the base's end,
+/// else the first one in the list. The results are in the order of their bases in the list. A
+/// segment with a NaN or an infinite x or y stays as it is.
+///
+/// When memory is exhausted, returns 0 and leaves `merged` as it was. Otherwise `merged` gets a new
+/// block of the size needed, which grows linearly by 16, or none when it is empty. Its listener is
+/// told (0, count of points - 1).
+///
+/// About n log n work, and more only where many segments are collinear with each other within tol
+/// and do not touch, because tol is large beside them.
+/// Method: J. L. Bentley, "Multidimensional binary search trees used for associative searching",
+/// 1975.
+VEXMATH_API int mg_MergeLines2D(suDynamicArray<mgPoint_c> const &lines,
+                                suDynamicArray<mgPoint_c> &merged, double tol);
+
+/// The unit normal of the triangle p0 p1 p2 in space, about which the points run counter-clockwise.
+/// Returns 1 and writes it. Returns 0 without writing when the height of the triangle over its
+/// longest side is at most tol, and when a coordinate, z included, is NaN or infinite.
+VEXMATH_API int mg_NormalFrom3Points(mgPoint_c const &p0, mgPoint_c const &p1, mgPoint_c const &p2,
+                                     mgUnitVector_c &normal, double tol);
 
 // Hatch lines.
 
