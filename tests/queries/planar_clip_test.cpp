@@ -1,0 +1,315 @@
+// SPDX-License-Identifier: MIT
+// Segments and arcs clipped to boxes: against clips in whole numbers and against sampled points.
+
+#include "common/geometry.h"
+
+#include <vexmath/mg_planar.h>
+#include <vexmath/rect.h>
+
+#include <array>
+#include <cstdint>
+
+namespace {
+
+using support::above, support::below, support::Caller, support::kInfinity, support::kNaN;
+
+constexpr auto Outside = mgClipLine_Outside, Inside = mgClipLine_Inside,
+               ClippedA = mgClipLine_ClippedA, ClippedB = mgClipLine_ClippedB,
+               ClippedBoth = mgClipLine_ClippedBoth, Touching = mgClipLine_Touching;
+mgPoint_c const untouched(77, 77, 77);
+
+/// An exact fraction; the denominator is positive.
+struct Fraction {
+    std::int64_t over, under;
+    Fraction(std::int64_t n, std::int64_t d = 1) : over(d < 0 ? -n : n), under(d < 0 ? -d : d) {}
+    bool operator<(Fraction const &f) const { return over * f.under < f.over * under; }
+    double value() const { return static_cast<double>(over) / static_cast<double>(under); }
+};
+
+/// The parameters at which a + t (b - a) is between low and high, for all t; from > to if for none.
+/// Cyrus and Beck's clip, without divisions.
+struct Range {
+    Fraction from = -1000, to = 1000;
+    void cut(int a, int b, int low, int high, bool isOpen) {
+        if (a == b) {
+            bool const isIn = isOpen ? low < a && a < high : low <= a && a <= high;
+            if (!isIn) from = 1001;
+            return;
+        }
+        Fraction t1(low - a, b - a), t2(high - a, b - a);
+        if (t2 < t1) std::swap(t1, t2);
+        if (from < t1) from = t1;
+        if (t2 < to) to = t2;
+    }
+    bool isEmptyIn01() const { return to < from || to < 0 || Fraction(1) < from; }
+    bool isOpenEmptyIn01() const {
+        return !(from < to) || !(Fraction(0) < to) || !(from < Fraction(1));
+    }
+};
+
+constexpr int kWidth = 6, kHeight = 4; // of a box at the origin
+
+struct Expected {
+    mgClipLine_e clip = Outside;
+    mgInsideBox_e inside = mgInsideBox_Outside;
+    double a[2] = {}, b[2] = {};
+};
+
+Expected exactly(std::array<int, 4> const &s, int tol) {
+    auto const range = [&](int grow, bool isOpen) {
+        Range r;
+        r.cut(s[0], s[2], -grow, kWidth + grow, isOpen);
+        r.cut(s[1], s[3], -grow, kHeight + grow, isOpen);
+        return r;
+    };
+    auto const contains = [&](int end, int grow) {
+        int const x = s[static_cast<std::size_t>(2 * end)];
+        int const y = s[static_cast<std::size_t>(2 * end + 1)];
+        return -grow <= x && x <= kWidth + grow && -grow <= y && y <= kHeight + grow;
+    };
+    Expected e;
+    Range part = range(tol, false);
+    if (part.isEmptyIn01()) return e;
+    bool const isDeep = !range(-tol, true).isOpenEmptyIn01();
+    e.clip = !isDeep                            ? Touching
+             : contains(0, 0) && contains(1, 0) ? Inside
+             : contains(0, 0)                   ? ClippedB
+             : contains(1, 0)                   ? ClippedA
+                                                : ClippedBoth;
+    e.inside = !isDeep                                ? mgInsideBox_Touching
+               : contains(0, tol) && contains(1, tol) ? mgInsideBox_Inside
+                                                      : mgInsideBox_Partly;
+    if (isDeep) part = range(0, false);
+    double const t0 = std::max(0.0, part.from.value()), t1 = std::min(1.0, part.to.value());
+    for (std::size_t k : {0u, 1u}) {
+        double const high = k == 0 ? kWidth : kHeight;
+        e.a[k] = std::clamp(s[k] + t0 * (s[k + 2] - s[k]), 0.0, high);
+        e.b[k] = std::clamp(s[k] + t1 * (s[k + 2] - s[k]), 0.0, high);
+    }
+    return e;
+}
+
+/// An output: the given end where it was kept, else on a side.
+void CheckEnd(bool isKept, mgPoint_c const &given, double const *expected, mgPoint_c const &out) {
+    ASSERT_LT(support::gap(mgPoint_c(expected[0], expected[1], given.z()), out), 1e-14);
+    bool const isOnSide =
+        out.x() == 0.0 || out.x() == kWidth || out.y() == 0.0 || out.y() == kHeight;
+    if (isKept) {
+        ASSERT_BITS_EQ(given, out);
+    } else {
+        ASSERT_TRUE(isOnSide);
+    }
+}
+
+void CheckSegment(std::array<int, 4> const &s, int tol) {
+    Expected const e = exactly(s, tol);
+    mgPoint_c const a(s[0], s[1], 5), b(s[2], s[3], 6), far(kWidth, kHeight, 9);
+    mgPoint_c p = untouched, q = untouched;
+    ASSERT_EQ(e.clip, mg_ClipLine2DToBox(a, b, far, {}, p, q, tol));
+    ASSERT_EQ(e.inside, mg_Line2DInsideBox(a, b, far, {}, tol));
+    if (e.clip == Outside) {
+        ASSERT_BITS_EQ(untouched, p);
+        ASSERT_BITS_EQ(untouched, q);
+        return;
+    }
+    if (e.clip != Touching) {
+        CheckEnd(e.clip == Inside || e.clip == ClippedB, a, e.a, p);
+        CheckEnd(e.clip == Inside || e.clip == ClippedA, b, e.b, q);
+    } else {
+        ASSERT_LT(support::gap(mgPoint_c(e.a[0], e.a[1], 5), p), 1e-14);
+        ASSERT_LT(support::gap(mgPoint_c(e.b[0], e.b[1], 6), q), 1e-14);
+    }
+    for (double k : {0x1p1020, 0x1p600, 0x1p-600, 0x1p-1030}) {
+        mgPoint_c u = k * b, v = k * a; // the outputs are the inputs, exchanged
+        mgRect const window(k * kWidth, 0, 0, k * kHeight);
+        ASSERT_EQ(e.clip, mg_Clip2DLineToWindow(v, u, window, u, v, k * tol));
+        ASSERT_TRUE(k * p.x() == u.x() && k * p.y() == u.y());
+        ASSERT_TRUE(k * q.x() == v.x() && k * q.y() == v.y());
+    }
+}
+
+/// All segments of a lattice. Powers of two scale all results to the bit.
+TEST(ClipLine, AgreesWithAClipInWholeNumbers) {
+    int const xs[] = {-3, -2, -1, 0, 1, 2, 5, 6, 7, 8}, ys[] = {-3, -1, 0, 1, 2, 3, 4, 5, 7};
+    for (int tol : {0, 1, 2})
+        for (int ax : xs)
+            for (int ay : ys)
+                for (int bx : xs)
+                    for (int by : ys) {
+                        CheckSegment({ax, ay, bx, by}, tol);
+                        ASSERT_FALSE(::testing::Test::HasFatalFailure())
+                            << ax << ' ' << ay << ' ' << bx << ' ' << by << ' ' << tol;
+                    }
+}
+
+TEST(ClipLine, ThresholdsAreExactForSegmentsAlongASide) {
+    mgPoint_c const low(0.1, 0.2, 0), high(3.1, 5.7, 0);
+    double const tol = 0.3;
+    auto const at = [&](double y, double given) {
+        mgPoint_c p, q;
+        auto const result = mg_ClipLine2DToBox({-1, y, 0}, {9, y, 0}, high, low, p, q, given);
+        EXPECT_EQ(result, mg_ClipLine2DToBox({y, 9, 0}, {y, -1, 0}, {5.7, 0.1, 0}, {0.2, 3.1, 0}, p,
+                                             q, given));
+        return result;
+    };
+    double const top = 5.7 + tol, bottom = 0.2 - tol;
+    EXPECT_EQ(Touching, at(top, tol));
+    EXPECT_EQ(Outside, at(above(top), tol));
+    EXPECT_EQ(Touching, at(bottom, tol));
+    EXPECT_EQ(Outside, at(below(bottom), tol));
+    EXPECT_EQ(Touching, at(5.7 - tol, tol));
+    EXPECT_EQ(ClippedBoth, at(below(5.7 - tol), tol));
+    EXPECT_EQ(Touching, at(0.2 + tol, tol));
+    EXPECT_EQ(ClippedBoth, at(above(0.2 + tol), tol));
+    EXPECT_EQ(Touching, at(5.7 + 9e-9, -1.0)); // 1e-08
+    EXPECT_EQ(Outside, at(5.7 + 1.1e-8, kNaN));
+    EXPECT_EQ(Touching, at(1.0, kInfinity));
+    EXPECT_EQ(ClippedBoth, at(1.0, 0.0));
+}
+
+TEST(ClipLine, HostileNumbersAreOutsideOrClippedIntoTheBox) {
+    support::Random random;
+    for (int i = 0; i < 200000; ++i) {
+        double n[9];
+        for (double &v : n) v = random.hostile();
+        mgPoint_c p = untouched, q = untouched;
+        mgPoint_c const a(n[0], n[1], kNaN), b(n[2], n[3], 1), c(n[4], n[5], 2), d(n[6], n[7], 3);
+        auto const result = mg_ClipLine2DToBox(a, b, c, d, p, q, n[8]);
+        bool isFinite = true;
+        for (int k = 0; k < 8; ++k) isFinite = isFinite && std::isfinite(n[k]);
+        ASSERT_TRUE(isFinite || result == Outside);
+        ASSERT_EQ(result == Outside, mg_Line2DInsideBox(a, b, c, d, n[8]) == mgInsideBox_Outside);
+        if (result == Outside) {
+            ASSERT_BITS_EQ(untouched, p);
+            continue;
+        }
+        for (mgPoint_c const &end : {p, q})
+            ASSERT_NE(mgInsideBox_Outside, mg_Point2DInsideBox(end, c, d, 0.0));
+        ASSERT_EQ(1.0, q.z());
+    }
+}
+
+TEST(ClipLineEnd, ALeaderEndsAtTheOutlineFromEitherSide) {
+    support::Random random;
+    for (int i = 0; i < 2000; ++i) {
+        // The frame is made of the lattice's box.
+        double const angle = random.uniform(-7, 7), c = std::cos(angle), s = std::sin(angle);
+        mgPoint_c const corner(random.uniform(-9, 9), random.uniform(-9, 9), 3);
+        auto const place = [&](double u, double v, double z) {
+            return mgPoint_c(corner.x() + c * u - s * v, corner.y() + s * u + c * v, z);
+        };
+        auto const number = [&](int high) { return random.uniform(-4, high + 4); };
+        double const au = number(6), av = number(4), bu = number(6), bv = number(4);
+        mgPoint_c p, q;
+        auto const expected = mg_ClipLine2DToBox({au, av, 0}, {bu, bv, 0}, {}, {6, 4, 0}, p, q, 0);
+        mgPoint_c end = place(bu, bv, 8);
+        mgPoint_c const given = end;
+        bool const isNegative = random.below(2) != 0; // the frame from its other corner
+        auto const result = mg_ClipLineEndToRotated2DBox(
+            place(au, av, 7), end, isNegative ? place(6, 4, 0) : corner, isNegative ? -6 : 6,
+            isNegative ? -4 : 4, angle, 0.0);
+        if (expected == Outside || expected == Inside) {
+            EXPECT_EQ(expected, result);
+            EXPECT_BITS_EQ(given, end);
+        } else {
+            mgPoint_c const &met = expected == ClippedB ? q : p;
+            EXPECT_EQ(ClippedB, result);
+            EXPECT_LT(support::gap(place(met.x(), met.y(), 8), end), 1e-12);
+        }
+    }
+    mgPoint_c end(0, 2, 1);
+    EXPECT_EQ(Touching, mg_ClipLineEndToRotated2DBox({-3, 2, 0}, end, {0, 0, 0}, 6, 4, 0.0, 1e-6));
+    EXPECT_BITS_EQ(mgPoint_c(0, 2, 1), end);
+    EXPECT_EQ(Outside, mg_ClipLineEndToRotated2DBox({}, end, {-1, -1, 0}, 2, 2, kNaN, 1e-6));
+    end = {1e308, 5e307, 1};
+    mgPoint_c const far(-1e308, 5e307, 0);
+    EXPECT_EQ(ClippedB, mg_ClipLineEndToRotated2DBox(far, end, {}, 7e307, 9e307, 0.0, 1.0));
+    EXPECT_BITS_EQ(mgPoint_c(0, 5e307, 1), end);
+}
+
+/// Is the angle, up to full turns, in one of the arcs?
+int arcsWith(double at, int count, double const *angles) {
+    int found = 0;
+    for (int i = 0; i < count; ++i)
+        for (int turn = -2; turn <= 2; ++turn) {
+            double const t = at + turn * vexmath::kTwoPiExact;
+            found += angles[2 * i] <= t && t <= angles[2 * i + 1];
+        }
+    return found;
+}
+
+TEST(ClipArc, AgreesWithSampledAngles) {
+    constexpr double kNear = 1e-9; // of a side, where a sample does not tell
+    support::Random random;
+    int most = 0;
+    for (int round = 0; round < 4000; ++round) {
+        mgPoint_c const centre(random.uniform(-3, 3), random.uniform(-3, 3), 0);
+        mgPoint_c const c1(random.uniform(-6, 1), random.uniform(-1, 6), 0);
+        mgPoint_c const c2(random.uniform(-1, 6), random.uniform(-6, 1), 0);
+        double const radius = random.uniform(0.1, 8);
+        bool const isFull = random.below(3) == 0;
+        double const start = random.uniform(-20, 20);
+        double const end = start + (isFull ? vexmath::kTwoPi : random.uniform(0.01, 6.28));
+        double angles[10];
+        int const count = mg_Clip2DArcToBox(centre, radius, start, end, c1, c2, angles, 1e-12);
+        ASSERT_LE(count, isFull ? 4 : 5);
+        most = std::max(most, count);
+        for (int i = 0; i + 1 < 2 * count; ++i) ASSERT_LE(angles[i], angles[i + 1]);
+        ASSERT_TRUE(count == 0 || (start <= angles[0] && angles[0] < start + 6.3));
+        ASSERT_TRUE(count == 0 || isFull || angles[2 * count - 1] <= end);
+        for (int k = 1; k < 100; ++k) {
+            double const at = start + (end - start) * k / 100;
+            mgPoint_c const p(centre.x() + radius * std::cos(at),
+                              centre.y() + radius * std::sin(at), 0);
+            double const x =
+                std::min(p.x() - std::min(c1.x(), c2.x()), std::max(c1.x(), c2.x()) - p.x());
+            double const y =
+                std::min(p.y() - std::min(c1.y(), c2.y()), std::max(c1.y(), c2.y()) - p.y());
+            double const depth = std::min(x, y);
+            if (std::fabs(depth) < kNear) continue;
+            ASSERT_EQ(depth > 0.0 ? 1 : 0, arcsWith(at, count, angles));
+        }
+    }
+    EXPECT_GE(most, 4);
+}
+
+TEST(ClipArc, CountsAngleBitsAndThresholds) {
+    mgPoint_c const low(-4, -4, 0), high(4, 4, 0);
+    double const turn = vexmath::kTwoPiExact;
+    auto const check = [&](int count, double first, double last, double radius, double start,
+                           double end, double tol, mgPoint_c const &centre = {}, Caller = {}) {
+        double angles[10];
+        std::fill_n(angles, 10, 77.0);
+        ASSERT_EQ(count, mg_Clip2DArcToBox(centre, radius, start, end, high, low, angles, tol));
+        EXPECT_NEAR(first, angles[0], 4e-15);
+        EXPECT_NEAR(last, count > 0 ? angles[2 * count - 1] : 77.0, 4e-15);
+        for (int i = 2 * count; i < 10; ++i) EXPECT_EQ(77.0, angles[i]);
+    };
+    double const a = std::acos(0.8); // of the crossings of the circle of radius 5
+    check(4, a, turn - a, 5, 0, turn, 0);
+    check(4, turn + a, 2 * turn - a, 5, turn - 0.1, 2 * turn - 0.1, 0);
+    check(5, 0.7, turn + 0.69, 5, 0.7, turn + 0.69, 0); // the start divides an arc
+    check(1, 0.7, 0.8, 5, 0.7, 0.8, 0);
+    check(0, 77, 77, 5, -0.1, 0.1, 0);
+    check(1, 0.25, 0.25 + turn, 3, 0.25, 0.25 + turn, 0); // unchanged
+    check(1, 1, 9, 3, 1, 9, 0);
+    check(1, 0, turn, 4.5, 0, turn, 0.5); // beyond all sides by tol
+    check(4, std::acos(4 / above(4.5)), turn - std::acos(4 / above(4.5)), above(4.5), 0, turn, 0.5);
+    check(0, 77, 77, 2.5, 0, turn, 0.5, {6, 0, 0}); // touches from outside
+    check(1, turn / 2 - std::acos(2 / above(2.5)), turn / 2 + std::acos(2 / above(2.5)), above(2.5),
+          0, turn, 0.5, {6, 0, 0});
+    check(1, 0, 0.25, 2, 0, 0.25, below(0.5)); // as long as tol, or longer
+    check(0, 77, 77, 2, 0, 0.25, 0.5);
+    check(0, 77, 77, 2, 1, 1, 0);
+    check(0, 77, 77, 2, 1, 0.9, 0);
+    check(0, 77, 77, -2, 0, 1, 0);
+    check(0, 77, 77, 2, 0, above(1e6), 0);
+    check(1, 1e6 - 1, 1e6, 2, 1e6 - 1, 1e6, 0);
+    check(0, 77, 77, kNaN, 0, 1, 0);
+    check(0, 77, 77, kInfinity, 0, 1, 0);
+    check(0, 77, 77, 2, 0, 1, 0, {kInfinity, 0, 0});
+    check(4, a, turn - a, 5, 0, turn - 1e-11, 0); // full
+    check(5, 0.7, 0.7 + turn - 1.1e-11, 5, 0.7, 0.7 + turn - 1.1e-11, 0);
+}
+
+} // namespace

@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: MIT
+// Merged segments: lattices against unions in whole numbers, lists against the rule.
+
+#include "common/geometry.h"
+
+#include <vexmath/mg_planar.h>
+#include <vexmath/su_dynamic_array.h>
+
+#include <array>
+#include <set>
+#include <vector>
+
+namespace {
+
+using support::above, support::Caller, support::kInfinity, support::kNaN;
+using Points = suDynamicArray<mgPoint_c>;
+
+mgPoint_c const untouched(77, 77, 77);
+
+TEST(MergePair, ThresholdsAreInclusive) {
+    // The base is from (0, 0) to (8, 0).
+    auto const check = [](int merged, mgPoint_c const &p, mgPoint_c const &q, double low,
+                          double high, Caller = {}) {
+        for (double k : {1.0, 0x1p1018, 0x1p-1000})
+            for (bool isFirst : {true, false}) {
+                mgPoint_c const a(0, 0, 0), b(8 * k, 0, 0), c = k * p, d = k * q;
+                mgPoint_c u = untouched, v = untouched;
+                EXPECT_EQ(merged, isFirst ? mg_MergeLines2D(a, b, c, d, u, v, k * 0.5)
+                                          : mg_MergeLines2D(c, d, a, b, u, v, k * 0.5));
+                EXPECT_EQ(merged != 0 ? low * k : 77, u.x());
+                EXPECT_EQ(merged != 0 ? high * k : 77, v.x());
+            }
+    };
+    check(1, {8.5, 0.5, 1}, {11, -0.5, 2}, 0, 11);
+    check(1, {11, -0.5, 1}, {8.5, 0.5, 2}, 0, 11);
+    check(0, {above(8.5), 0, 1}, {11, 0, 2}, 0, 0);
+    check(0, {8, above(0.5), 1}, {11, 0, 2}, 0, 0);
+    check(0, {8, 0, 1}, {11, -above(0.5), 2}, 0, 0);
+    check(1, {-3, 0, 1}, {-0.5, 0, 2}, -3, 8);
+    check(0, {-3, 0, 1}, {-above(0.5), 0, 2}, 0, 0);
+    check(1, {2, 0.5, 1}, {2, -0.5, 2}, 0, 8); // across
+    check(1, {8.25, 0.25, 1}, {8.25, 0.25, 2}, 0, 8.25);
+    check(0, {1, kNaN, 1}, {11, 0, 2}, 0, 0);
+    check(0, {1, 0, 1}, {kInfinity, 0, 2}, 0, 0);
+
+    mgPoint_c a(0, 0, 1), b(1, 1, 2), c(3, 3, 3), d(2, 2, 4);
+    EXPECT_EQ(0, mg_MergeLines2D(a, b, c, d, a, b, 1.0));
+    EXPECT_EQ(1, mg_MergeLines2D(a, b, c, d, a, b, -above(0.0) + 1.5)); // the outputs are inputs
+    EXPECT_BITS_EQ(mgPoint_c(0, 0, 1), a);
+    EXPECT_BITS_EQ(mgPoint_c(3, 3, 3), b);
+}
+
+Points listOf(std::vector<mgPoint_c> const &points) {
+    Points list;
+    for (mgPoint_c const &p : points) list.Add(p);
+    return list;
+}
+
+/// The rule of the header, by scanning.
+std::vector<mgPoint_c> byRule(std::vector<mgPoint_c> const &pts, double tol) {
+    struct Entry {
+        mgVector_c d;
+        double length;
+    };
+    auto const n = pts.size() / 2;
+    std::vector<Entry> all;
+    for (std::size_t i = 0; i < n; ++i) {
+        mgVector_c d = pts[2 * i + 1] - pts[2 * i];
+        d.set_z(0);
+        double const length = d.len();
+        all.push_back({length > 0 ? (1.0 / length) * d : mgVector_c(1, 0, 0), length});
+    }
+    std::vector<bool> used(n, false);
+    std::vector<std::array<std::size_t, 2>> ends(n, {2 * n, 2 * n});
+    for (;;) {
+        std::size_t base = n;
+        for (std::size_t i = 0; i < n; ++i)
+            if (!used[i] && (base == n || all[i].length > all[base].length)) base = i;
+        if (base == n) break;
+        used[base] = true;
+        ends[base] = {2 * base, 2 * base + 1};
+        auto const along = [&](std::size_t end) {
+            mgVector_c const e = pts[end] - pts[2 * base];
+            return e.x() * all[base].d.x() + e.y() * all[base].d.y();
+        };
+        auto const across = [&](std::size_t end) {
+            mgVector_c const e = pts[end] - pts[2 * base];
+            return std::fabs(e.y() * all[base].d.x() - e.x() * all[base].d.y());
+        };
+        double low = 0, high = all[base].length;
+        for (bool isChanged = true; isChanged;) {
+            isChanged = false;
+            for (std::size_t i = 0; i < n; ++i) {
+                std::size_t p = 2 * i, q = p + 1;
+                if (used[i] || across(p) > tol || across(q) > tol) continue;
+                if (along(q) < along(p)) std::swap(p, q);
+                if (along(p) - high > tol || low - along(q) > tol) continue;
+                used[i] = isChanged = true;
+                if (along(p) < low) low = along(p), ends[base][0] = p;
+                if (along(q) > high) high = along(q), ends[base][1] = q;
+            }
+        }
+    }
+    std::vector<mgPoint_c> result;
+    for (auto const &[p, q] : ends)
+        if (p < 2 * n) result.insert(result.end(), {pts[p], pts[q]});
+    return result;
+}
+
+TEST(MergeList, AgreesWithTheRuleForAnySizesAndTolerances) {
+    support::Random random;
+    for (int round = 0; round < 300; ++round) {
+        double const tol = std::pow(10.0, random.uniform(-9, -1));
+        std::vector<mgPoint_c> points;
+        int const lines = 1 + random.below(8);
+        for (int line = 0; line < lines; ++line) {
+            mgPoint_c const root(random.uniform(-5, 5), random.uniform(-5, 5), 0);
+            double const angle = random.uniform(-4, 4);
+            for (int count = random.below(30); count > 0; --count) {
+                double const from = random.uniform(-5, 5);
+                double const to = from + random.ofMagnitude(-4, 0.5);
+                for (double at : {from, to}) {
+                    double const off = random.uniform(-1.2, 1.2) * tol;
+                    points.emplace_back(root.x() + at * std::cos(angle) - off * std::sin(angle),
+                                        root.y() + at * std::sin(angle) + off * std::cos(angle),
+                                        random.unit());
+                }
+            }
+        }
+        auto const expected = byRule(points, tol);
+        Points list = listOf(points);
+        ASSERT_EQ(static_cast<int>(expected.size()) / 2, mg_MergeLines2D(list, list, tol));
+        ASSERT_EQ(static_cast<int>(expected.size()), list.Count());
+        for (int i = 0; i < list.Count(); ++i)
+            ASSERT_BITS_EQ(expected[static_cast<std::size_t>(i)], list[i]);
+    }
+}
+
+/// Unit edges of a lattice: those drawn, and no others, are covered by the merged segments, none of
+/// which could be merged with another.
+TEST(MergeList, CoversALatticeOnce) {
+    constexpr int kSize = 24;
+    support::Random random;
+    for (int round = 0; round < 30; ++round) {
+        int const directions[4][2] = {{1, 0}, {0, 1}, {1, 1}, {1, -1}};
+        using Edge = std::array<int, 3>; // direction, x, y
+        std::set<Edge> drawn;
+        std::vector<mgPoint_c> points;
+        for (int count = 500; count > 0; --count) {
+            int const way = random.below(4), steps = 1 + random.below(3);
+            int const *const d = directions[way];
+            int const x = random.below(kSize), y = random.below(kSize);
+            for (int i = 0; i < steps; ++i) drawn.insert({way, x + i * d[0], y + i * d[1]});
+            mgPoint_c const p(x, y, 0), q(x + steps * d[0], y + steps * d[1], 0);
+            bool const isReversed = random.below(2) != 0;
+            points.push_back(isReversed ? q : p);
+            points.push_back(isReversed ? p : q);
+        }
+        Points const list = listOf(points);
+        Points merged = listOf({{9, 9, 9}}); // which is replaced
+        int const count = mg_MergeLines2D(list, merged, 1e-9);
+        ASSERT_EQ(2 * count, merged.Count());
+        std::size_t covered = 0, starts = 0;
+        for (int i = 0; i < count; ++i) {
+            mgVector_c const d = merged[2 * i + 1] - merged[2 * i];
+            covered +=
+                static_cast<std::size_t>(std::lround(std::max(std::fabs(d.x()), std::fabs(d.y()))));
+        }
+        for (Edge const &e : drawn) {
+            int const *const d = directions[e[0]];
+            starts += drawn.count({e[0], e[1] - d[0], e[2] - d[1]}) == 0 ? 1u : 0u;
+        }
+        ASSERT_EQ(drawn.size(), covered);
+        ASSERT_EQ(starts, static_cast<std::size_t>(count));
+    }
+}
+
+TEST(MergeList, KeepsBadSegmentsAndIgnoresAnOddPoint) {
+    Points list = listOf({{0, 0, 1},
+                          {1, 0, 2},
+                          {kNaN, 0, 0},
+                          {1, 0, 0},
+                          {1, 0, 3},
+                          {3, 0, 4},
+                          {0, 0, 5},
+                          {0, kInfinity, 0},
+                          {2, 0, 6},
+                          {9, 9, 9},
+                          {8, 8, 8}});
+    list[9] = {2.5, 0, 7};
+    EXPECT_EQ(3, mg_MergeLines2D(list, list, 1e-8));
+    EXPECT_BITS_EQ(mgPoint_c(1, 0, 0), list[1]);
+    EXPECT_BITS_EQ(mgPoint_c(0, 0, 1), list[2]); // in the place of the longest
+    EXPECT_BITS_EQ(mgPoint_c(3, 0, 4), list[3]);
+    EXPECT_EQ(6, list.Count());
+    list = listOf({{0, 0, 1}});
+    EXPECT_EQ(0, mg_MergeLines2D(list, list, 1e-8));
+    EXPECT_EQ(0, list.Count());
+    EXPECT_EQ(nullptr, list.Data());
+}
+
+} // namespace
