@@ -49,11 +49,12 @@ struct PlanarBox {
     }
     PlanarBox grown(double by) const { return {xLow - by, yLow - by, xHigh + by, yHigh + by}; }
     PlanarBox scaled(double by) const { return {by * xLow, by * yLow, by * xHigh, by * yHigh}; }
-    bool contains(double x, double y) const {
-        return xLow <= x && x <= xHigh && yLow <= y && y <= yHigh;
+    // Without branches, which random segments make the processor guess wrong.
+    VEXMATH_ALWAYS_INLINE bool contains(double x, double y) const {
+        return (xLow <= x) & (x <= xHigh) & (yLow <= y) & (y <= yHigh);
     }
-    bool hasInside(double x, double y) const {
-        return xLow < x && x < xHigh && yLow < y && y < yHigh;
+    VEXMATH_ALWAYS_INLINE bool hasInside(double x, double y) const {
+        return (xLow < x) & (x < xHigh) & (yLow < y) & (y < yHigh);
     }
     double clampedX(double x) const { return std::min(std::max(x, xLow), xHigh); }
     double clampedY(double y) const { return std::min(std::max(y, yLow), yHigh); }
@@ -104,22 +105,22 @@ VEXMATH_ALWAYS_INLINE Depth depthOf(PlanarSegment const &s, PlanarBox const &box
     double const right = std::max(s.ax, s.bx);
     double const bottom = std::min(s.ay, s.by);
     double const top = std::max(s.ay, s.by);
-    if (right < outer.xLow || left > outer.xHigh || top < outer.yLow || bottom > outer.yHigh)
-        return Depth::Outside;
+    bool const isBeyond =
+        (right < outer.xLow) | (left > outer.xHigh) | (top < outer.yLow) | (bottom > outer.yHigh);
+    SideRange const ofOuter(s, outer);
+    bool const isReliable = IsScaled || ofOuter.isReliable();
+    bool const isBeside = (ofOuter.least > 0.0) | (ofOuter.greatest < 0.0);
+    if (isBeyond | (isReliable & isBeside)) return Depth::Outside;
+    if (!isReliable) return Depth::Unsure;
 
     PlanarBox const inner = box.grown(-tol);
-    if (inner.hasInside(s.ax, s.ay) || inner.hasInside(s.bx, s.by)) return Depth::Deep;
-
-    SideRange const ofOuter(s, outer);
-    if (!IsScaled && !ofOuter.isReliable()) return Depth::Unsure;
-    if (ofOuter.least > 0.0 || ofOuter.greatest < 0.0) return Depth::Outside;
-
-    bool const innerIsEmpty = !(inner.xLow < inner.xHigh && inner.yLow < inner.yHigh);
-    if (innerIsEmpty || right <= inner.xLow || left >= inner.xHigh || top <= inner.yLow
-        || bottom >= inner.yHigh)
-        return Depth::Touching;
+    bool const hasEnd = inner.hasInside(s.ax, s.ay) | inner.hasInside(s.bx, s.by);
+    bool const overlaps = (inner.xLow < inner.xHigh) & (inner.yLow < inner.yHigh)
+                          & (right > inner.xLow) & (left < inner.xHigh) & (top > inner.yLow)
+                          & (bottom < inner.yHigh);
     SideRange const ofInner(s, inner);
-    return ofInner.least < 0.0 && ofInner.greatest > 0.0 ? Depth::Deep : Depth::Touching;
+    bool const isCut = (ofInner.least < 0.0) & (ofInner.greatest > 0.0);
+    return hasEnd | (overlaps & isCut) ? Depth::Deep : Depth::Touching;
 }
 
 /// The same for numbers of any size.

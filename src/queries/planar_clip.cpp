@@ -10,6 +10,8 @@
 
 #include "planar_box.h"
 
+#include <cstddef>
+
 namespace {
 
 using vexmath::detail::areFinite;
@@ -21,55 +23,60 @@ using vexmath::detail::planarScale;
 using vexmath::detail::PlanarSegment;
 using vexmath::detail::planarTolerance;
 
-/// The value at `at` of the linear function with the values p and q at `from` and `to`, computed
-/// from the nearer of these.
-double interpolated(double from, double to, double p, double q, double at) {
-    double const part = at - from;
-    double const rest = to - at;
-    double const whole = to - from;
-    return std::fabs(part) <= std::fabs(rest) ? p + (q - p) * (part / whole)
-                                              : q - (q - p) * (rest / whole);
+/// Where the segment from p, an end outside the box, to q enters the box; p when it is in the box.
+/// REQUIRES a segment that meets the box, up to rounding. The side is chosen by an index: random
+/// segments make the processor guess branches wrong.
+VEXMATH_ALWAYS_INLINE void moveToBox(double const *p, double const *q, PlanarBox const &box,
+                                     double *out) {
+    double const d[2] = {q[0] - p[0], q[1] - p[1]};
+    double const side[2] = {box.clampedX(p[0]), box.clampedY(p[1])};
+    // Of two sides that p is beyond, the segment enters at the one that it meets last.
+    bool const byX = (side[0] != p[0])
+                     & (std::fabs((side[0] - p[0]) * d[1]) >= std::fabs((side[1] - p[1]) * d[0]));
+    std::size_t const i = byX ? 0 : 1;
+    std::size_t const k = 1 - i;
+    double const fromP = side[i] - p[i];
+    double const fromQ = side[i] - q[i];
+
+    // From the nearer end, which has the smaller error.
+    double const *const nearer = std::fabs(fromP) <= std::fabs(fromQ) ? p : q;
+    out[i] = side[i];
+    out[k] = nearer[k] + d[k] * ((side[i] - nearer[i]) / d[i]);
+    bool const isIn = (side[0] == p[0]) & (side[1] == p[1]);
+    double const *const result = isIn ? p : out;
+    double const x = result[0];
+    double const y = result[1];
+    out[0] = box.clampedX(x);
+    out[1] = box.clampedY(y);
 }
 
-/// Moves an end (x, y) to where its segment, which runs to (farX, farY), enters the box. An end in
-/// the box stays. REQUIRES a segment that meets the box, up to rounding.
-void moveToBox(double &x, double &y, double farX, double farY, PlanarBox const &box) {
-    double const sideX = box.clampedX(x);
-    double const sideY = box.clampedY(y);
-    if (sideX != x) {
-        double const yThere = interpolated(x, farX, y, farY, sideX);
-        bool const meetsSide = box.yLow <= yThere && yThere <= box.yHigh;
-        if (meetsSide || sideY == y) {
-            x = sideX;
-            y = box.clampedY(yThere);
-            return;
-        }
-    }
-    if (sideY == y) return;
-    x = box.clampedX(interpolated(y, farY, x, farX, sideY));
-    y = sideY;
+VEXMATH_ALWAYS_INLINE void moveEndsToBox(PlanarSegment &s, PlanarBox const &box) {
+    double const a[2] = {s.ax, s.ay};
+    double const b[2] = {s.bx, s.by};
+    double newA[2];
+    double newB[2];
+    moveToBox(a, b, box, newA);
+    moveToBox(b, a, box, newB);
+    s = {newA[0], newA[1], newB[0], newB[1]};
 }
 
-void moveEndsToBox(PlanarSegment &s, PlanarBox const &box) {
-    PlanarSegment const given = s;
-    moveToBox(s.ax, s.ay, given.bx, given.by, box);
-    moveToBox(s.bx, s.by, given.ax, given.ay, box);
+mgClipLine_e touch(PlanarSegment &s, PlanarBox const &box, double tol) {
+    moveEndsToBox(s, box.grown(tol));
+    s = {box.clampedX(s.ax), box.clampedY(s.ay), box.clampedX(s.bx), box.clampedY(s.by)};
+    return mgClipLine_Touching;
 }
 
 /// Clips a segment that is not Outside.
 VEXMATH_ALWAYS_INLINE mgClipLine_e clipAt(Depth depth, PlanarSegment &s, PlanarBox const &box,
                                           double tol) {
-    if (depth == Depth::Touching) {
-        moveEndsToBox(s, box.grown(tol));
-        s = {box.clampedX(s.ax), box.clampedY(s.ay), box.clampedX(s.bx), box.clampedY(s.by)};
-        return mgClipLine_Touching;
-    }
-    bool const keepsA = box.contains(s.ax, s.ay);
-    bool const keepsB = box.contains(s.bx, s.by);
-    if (keepsA && keepsB) return mgClipLine_Inside;
+    if (depth == Depth::Touching) return touch(s, box, tol);
+    int const isAMoved = box.contains(s.ax, s.ay) ? 0 : 1;
+    int const isBMoved = box.contains(s.bx, s.by) ? 0 : 2;
     moveEndsToBox(s, box);
-    if (keepsA) return mgClipLine_ClippedB;
-    return keepsB ? mgClipLine_ClippedA : mgClipLine_ClippedBoth;
+    static_assert(mgClipLine_ClippedA == mgClipLine_Inside + 1
+                  && mgClipLine_ClippedB == mgClipLine_Inside + 2
+                  && mgClipLine_ClippedBoth == mgClipLine_Inside + 3);
+    return static_cast<mgClipLine_e>(mgClipLine_Inside + isAMoved + isBMoved);
 }
 
 /// The coordinate of a scaled clip in the scale of the caller. Sides and unmoved coordinates are

@@ -46,6 +46,11 @@ struct Segment {
     double across(double px, double py) const { return dx * (py - y[0]) - dy * (px - x[0]); }
     /// Distance of a point's foot from the first end.
     double along(double px, double py) const { return dx * (px - x[0]) + dy * (py - y[0]); }
+    /// Of the axis 0 or 1.
+    double middle(int axis) const {
+        double const *const ends = axis == 0 ? x : y;
+        return 0.5 * (ends[0] + ends[1]);
+    }
     /// In [0, pi]: of the line.
     double angle() const {
         double const a = std::atan2(dy, dx);
@@ -72,21 +77,25 @@ public:
         if (isBetter(last, high_, last.at - high_.at)) high_ = last;
         return true;
     }
-    /// Could it take in a segment with both ends in this box?
-    bool mayReach(double xLow, double yLow, double xHigh, double yHigh) const {
-        // By the operations of `across` and `along`: rounding keeps the order.
-        auto const range = [](double f, double from, double to, double at) {
-            double const p = f * (from - at);
-            double const q = f * (to - at);
+    /// Could it take in a segment whose middle is in this box, and which is no longer than twice
+    /// `half`? `slack` is an allowance for the rounding of coordinates.
+    bool mayReach(double const low[2], double const high[2], double half, double slack) const {
+        auto const range = [&](double f, int axis) {
+            double const origin = axis == 0 ? base_.x[0] : base_.y[0];
+            double const p = f * (low[axis] - origin);
+            double const q = f * (high[axis] - origin);
             return std::pair(std::min(p, q), std::max(p, q));
         };
-        auto const upward = range(base_.dx, yLow, yHigh, base_.y[0]);
-        auto const sideways = range(base_.dy, xLow, xHigh, base_.x[0]);
-        if (upward.first - sideways.second > reach_ || upward.second - sideways.first < -reach_)
+        auto const upward = range(base_.dx, 1);
+        auto const sideways = range(base_.dy, 0);
+        double const reach = reach_ + slack;
+        if (upward.first - sideways.second > reach || upward.second - sideways.first < -reach)
             return false;
-        auto const alongX = range(base_.dx, xLow, xHigh, base_.x[0]);
-        auto const alongY = range(base_.dy, yLow, yHigh, base_.y[0]);
-        return reaches(alongX.first + alongY.first, alongX.second + alongY.second);
+        auto const alongX = range(base_.dx, 0);
+        auto const alongY = range(base_.dy, 1);
+        double const longest = half + slack;
+        return reaches(alongX.first + alongY.first - longest,
+                       alongX.second + alongY.second + longest);
     }
     double angle() const { return base_.angle(); }
     int lowEnd() const { return low_.end; }
@@ -117,8 +126,9 @@ private:
 class SegmentTree {
 public:
     /// Copies the indices of the segments to be searched.
-    SegmentTree(std::vector<Segment> const &segments, std::vector<int> const &indices, double reach)
-        : segments_(segments), order_(indices), isFree_(segments.size(), 0) {
+    SegmentTree(std::vector<Segment> const &segments, std::vector<int> const &indices, double reach,
+                double slack)
+        : segments_(segments), order_(indices), isFree_(segments.size(), 0), slack_(slack) {
         for (int const i : order_) isFree_[at(i)] = 1;
         angles_.reserve(segments.size());
         for (Segment const &s : segments) angles_.push_back(s.angle());
@@ -140,7 +150,8 @@ private:
     static constexpr int kLeaf = 8;
 
     struct Node {
-        double xLow = kInfinity, yLow = kInfinity, xHigh = -kInfinity, yHigh = -kInfinity;
+        double low[2] = {kInfinity, kInfinity}, high[2] = {-kInfinity, -kInfinity}; ///< of middles
+        double half = 0.0; ///< of the greatest length
         double leastAngle = kInfinity, greatestAngle = -kInfinity;
         int first = 0, last = 0;
         int children[2] = {-1, -1};
@@ -162,7 +173,7 @@ private:
             auto const key = [&](int i) {
                 Segment const &s = segments_[at(i)];
                 if (depth % 3 == 2) return angles_[at(i)];
-                return depth % 3 == 0 ? s.x[0] + s.x[1] : s.y[0] + s.y[1];
+                return s.middle(depth % 3);
             };
             std::nth_element(order_.begin() + first, order_.begin() + middle, order_.begin() + last,
                              [&](int i, int j) { return key(i) < key(j); });
@@ -179,12 +190,11 @@ private:
         /// Allowance for the rounding of angles, which are only used to skip nodes.
         constexpr double kSlack = 1e-9;
         Segment const &s = segments_[at(i)];
-        for (int const end : {0, 1}) {
-            node.xLow = std::min(node.xLow, s.x[end]);
-            node.yLow = std::min(node.yLow, s.y[end]);
-            node.xHigh = std::max(node.xHigh, s.x[end]);
-            node.yHigh = std::max(node.yHigh, s.y[end]);
+        for (int const axis : {0, 1}) {
+            node.low[axis] = std::min(node.low[axis], s.middle(axis));
+            node.high[axis] = std::max(node.high[axis], s.middle(axis));
         }
+        node.half = std::max(node.half, 0.5 * s.length);
         bool const isAny = 2.0 * reach >= s.length;
         double const window = kSlack + (isAny ? kPiExact : std::asin(2.0 * reach / s.length));
         node.leastAngle = std::min(node.leastAngle, angles_[at(i)] - window);
@@ -202,7 +212,7 @@ private:
     int collectBelow(int index, double angle, Group &group) {
         Node &node = nodes_[at(index)];
         if (node.free == 0 || !hasAngle(node, angle)
-            || !group.mayReach(node.xLow, node.yLow, node.xHigh, node.yHigh))
+            || !group.mayReach(node.low, node.high, node.half, slack_))
             return 0;
         int taken = 0;
         if (node.children[0] >= 0) {
@@ -223,6 +233,7 @@ private:
     std::vector<int> order_;
     std::vector<char> isFree_;
     std::vector<double> angles_;
+    double slack_;
     std::vector<Node> nodes_;
 };
 
@@ -255,7 +266,9 @@ std::vector<Ends> mergedEnds(mgPoint_c const *pts, int segmentCount, double tol)
     segments.reserve(static_cast<std::size_t>(segmentCount));
     for (int i = 0; i < segmentCount; ++i) segments.emplace_back(pts[2 * i], pts[2 * i + 1], scale);
 
-    SegmentTree tree(segments, indices, reach);
+    /// Rounding of a distance between scaled coordinates, in units of the largest of them.
+    constexpr double kRounding = 1e-14;
+    SegmentTree tree(segments, indices, reach, kRounding * scale * largest);
     auto const segment = [&](int i) -> Segment const & {
         return segments[static_cast<std::size_t>(i)];
     };
