@@ -43,9 +43,10 @@ inline double planarScale(double largest) {
 struct PlanarBox {
     double xLow, yLow, xHigh, yHigh;
 
+    /// A NaN of a corner stays in one of the sides.
     static PlanarBox ofCorners(mgPoint_c const &p, mgPoint_c const &q) {
-        return {std::min(p.x(), q.x()), std::min(p.y(), q.y()), std::max(p.x(), q.x()),
-                std::max(p.y(), q.y())};
+        return {std::min(p.x(), q.x()), std::min(p.y(), q.y()), std::max(q.x(), p.x()),
+                std::max(q.y(), p.y())};
     }
     PlanarBox grown(double by) const { return {xLow - by, yLow - by, xHigh + by, yHigh + by}; }
     PlanarBox scaled(double by) const { return {by * xLow, by * yLow, by * xHigh, by * yHigh}; }
@@ -56,8 +57,9 @@ struct PlanarBox {
     VEXMATH_ALWAYS_INLINE bool hasInside(double x, double y) const {
         return (xLow < x) & (x < xHigh) & (yLow < y) & (y < yHigh);
     }
-    double clampedX(double x) const { return std::min(std::max(x, xLow), xHigh); }
-    double clampedY(double y) const { return std::min(std::max(y, yLow), yHigh); }
+    /// Never NaN.
+    double clampedX(double x) const { return std::min(xHigh, std::max(xLow, x)); }
+    double clampedY(double y) const { return std::min(yHigh, std::max(yLow, y)); }
 };
 
 /// From a to b.
@@ -68,7 +70,7 @@ struct PlanarSegment {
 };
 
 /// Outside: misses the box grown by tol. Deep: meets the inside of the box shrunk by tol.
-/// Touching: all others. Unsure: products overflow or vanish, and the caller has to scale.
+/// Touching: all others. Unsure: not plain, see below.
 enum class Depth { Outside, Touching, Deep, Unsure };
 
 /// The range of d x (q - a) over the points q of a box, where d = b - a: the box is on the left of
@@ -94,42 +96,75 @@ struct SideRange {
     }
 };
 
-/// For finite numbers. The axes that separate a segment and a box are those of the box and the
-/// normal of the segment.
-/// Method: S. Gottschalk, M. C. Lin, D. Manocha, "OBBTree", 1996 (separating axes).
-/// `IsScaled` numbers are the result of `planarScale`: they are never Unsure.
-template <bool IsScaled>
-VEXMATH_ALWAYS_INLINE Depth depthOf(PlanarSegment const &s, PlanarBox const &box, double tol) {
-    PlanarBox const outer = box.grown(tol);
+/// The depth by both boxes, for finite numbers that are the result of `planarScale`, or where
+/// products neither overflow nor vanish.
+inline Depth exactDepthOf(PlanarSegment const &s, PlanarBox const &box, double tol) {
     double const left = std::min(s.ax, s.bx);
     double const right = std::max(s.ax, s.bx);
     double const bottom = std::min(s.ay, s.by);
     double const top = std::max(s.ay, s.by);
-    bool const isBeyond =
-        (right < outer.xLow) | (left > outer.xHigh) | (top < outer.yLow) | (bottom > outer.yHigh);
+    PlanarBox const outer = box.grown(tol);
+    if (right < outer.xLow || left > outer.xHigh || top < outer.yLow || bottom > outer.yHigh)
+        return Depth::Outside;
     SideRange const ofOuter(s, outer);
-    bool const isReliable = IsScaled || ofOuter.isReliable();
-    bool const isBeside = (ofOuter.least > 0.0) | (ofOuter.greatest < 0.0);
-    if (isBeyond | (isReliable & isBeside)) return Depth::Outside;
-    if (!isReliable) return Depth::Unsure;
+    if (ofOuter.least > 0.0 || ofOuter.greatest < 0.0) return Depth::Outside;
 
     PlanarBox const inner = box.grown(-tol);
-    bool const hasEnd = inner.hasInside(s.ax, s.ay) | inner.hasInside(s.bx, s.by);
-    bool const overlaps = (inner.xLow < inner.xHigh) & (inner.yLow < inner.yHigh)
-                          & (right > inner.xLow) & (left < inner.xHigh) & (top > inner.yLow)
-                          & (bottom < inner.yHigh);
+    if (inner.hasInside(s.ax, s.ay) || inner.hasInside(s.bx, s.by)) return Depth::Deep;
+    bool const innerIsEmpty = !(inner.xLow < inner.xHigh && inner.yLow < inner.yHigh);
+    if (innerIsEmpty || right <= inner.xLow || left >= inner.xHigh || top <= inner.yLow
+        || bottom >= inner.yHigh)
+        return Depth::Touching;
     SideRange const ofInner(s, inner);
-    bool const isCut = (ofInner.least < 0.0) & (ofInner.greatest > 0.0);
-    return hasEnd | (overlaps & isCut) ? Depth::Deep : Depth::Touching;
+    return ofInner.least < 0.0 && ofInner.greatest > 0.0 ? Depth::Deep : Depth::Touching;
 }
 
-/// The same for numbers of any size.
-inline Depth depthOfAny(PlanarSegment const &s, PlanarBox const &box, double tol) {
-    Depth const depth = depthOf<false>(s, box, tol);
-    if (depth != Depth::Unsure) return depth;
-    double const k =
-        planarScale(largestOf(s.ax, s.ay, s.bx, s.by, box.xLow, box.yLow, box.xHigh, box.yHigh));
-    return depthOf<true>(s.scaled(k), box.scaled(k), k * tol);
+/// The depth where it is plain: Outside also where a number is not finite. The axes that separate a
+/// segment and a box are those of the box and the normal of the segment. Growing the box by tol
+/// moves the sides of its range by tol (|dx| + |dy|); twice that leaves room for rounding. Method:
+/// S. Gottschalk, M. C. Lin, D. Manocha, "OBBTree", 1996 (separating axes).
+VEXMATH_ALWAYS_INLINE Depth plainDepthOf(PlanarSegment const &s, PlanarBox const &box, double tol) {
+    double const left = std::min(s.ax, s.bx);
+    double const right = std::max(s.ax, s.bx);
+    double const bottom = std::min(s.ay, s.by);
+    double const top = std::max(s.ay, s.by);
+    PlanarBox const outer = box.grown(tol);
+    if ((right < outer.xLow) | (left > outer.xHigh) | (top < outer.yLow) | (bottom > outer.yHigh))
+        return Depth::Outside;
+    if (!areFinite(s.ax, s.ay, s.bx, s.by, box.xLow, box.yLow, box.xHigh, box.yHigh))
+        return Depth::Outside;
+
+    double const margin = 2.0 * tol;
+    PlanarBox const core = box.grown(-margin);
+    if (core.hasInside(s.ax, s.ay) | core.hasInside(s.bx, s.by)) return Depth::Deep;
+
+    SideRange const range(s, box);
+    if (!range.isReliable()) return Depth::Unsure;
+    double const sideMargin = margin * ((right - left) + (top - bottom));
+    if ((range.least > sideMargin) | (range.greatest < -sideMargin)) return Depth::Outside;
+    bool const crosses = (range.least < -sideMargin) & (range.greatest > sideMargin);
+    bool const overlaps = (core.xLow < core.xHigh) & (core.yLow < core.yHigh) & (right > core.xLow)
+                          & (left < core.xHigh) & (top > core.yLow) & (bottom < core.yHigh);
+    return crosses & overlaps ? Depth::Deep : Depth::Unsure;
+}
+
+/// A segment and a box for `exactDepthOf`.
+struct ScaledSegment {
+    double scale;
+    PlanarSegment segment;
+    PlanarBox box;
+
+    ScaledSegment(PlanarSegment const &s, PlanarBox const &b)
+        : scale(planarScale(largestOf(s.ax, s.ay, s.bx, s.by, b.xLow, b.yLow, b.xHigh, b.yHigh))),
+          segment(s.scaled(scale)), box(b.scaled(scale)) {}
+};
+
+/// For numbers of any size: Outside when one is not finite.
+inline Depth depthOf(PlanarSegment const &s, PlanarBox const &box, double tol) {
+    Depth const plain = plainDepthOf(s, box, tol);
+    if (plain != Depth::Unsure) return plain;
+    ScaledSegment const scaled(s, box);
+    return exactDepthOf(scaled.segment, scaled.box, scaled.scale * tol);
 }
 
 } // namespace vexmath::detail

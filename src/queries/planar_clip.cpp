@@ -10,73 +10,107 @@
 
 #include "planar_box.h"
 
-#include <cstddef>
-
 namespace {
 
 using vexmath::detail::areFinite;
 using vexmath::detail::Depth;
-using vexmath::detail::depthOf;
+using vexmath::detail::exactDepthOf;
 using vexmath::detail::largestOf;
+using vexmath::detail::plainDepthOf;
 using vexmath::detail::PlanarBox;
 using vexmath::detail::planarScale;
 using vexmath::detail::PlanarSegment;
 using vexmath::detail::planarTolerance;
+using vexmath::detail::ScaledSegment;
 
-/// Where the segment from p, an end outside the box, to q enters the box; p when it is in the box.
-/// REQUIRES a segment that meets the box, up to rounding. The side is chosen by an index: random
-/// segments make the processor guess branches wrong.
-VEXMATH_ALWAYS_INLINE void moveToBox(double const *p, double const *q, PlanarBox const &box,
-                                     double *out) {
-    double const d[2] = {q[0] - p[0], q[1] - p[1]};
-    double const side[2] = {box.clampedX(p[0]), box.clampedY(p[1])};
-    // Of two sides that p is beyond, the segment enters at the one that it meets last.
-    bool const byX = (side[0] != p[0])
-                     & (std::fabs((side[0] - p[0]) * d[1]) >= std::fabs((side[1] - p[1]) * d[0]));
-    std::size_t const i = byX ? 0 : 1;
-    std::size_t const k = 1 - i;
-    double const fromP = side[i] - p[i];
-    double const fromQ = side[i] - q[i];
+struct Point {
+    double x, y;
+};
 
-    // From the nearer end, which has the smaller error.
-    double const *const nearer = std::fabs(fromP) <= std::fabs(fromQ) ? p : q;
-    out[i] = side[i];
-    out[k] = nearer[k] + d[k] * ((side[i] - nearer[i]) / d[i]);
-    bool const isIn = (side[0] == p[0]) & (side[1] == p[1]);
-    double const *const result = isIn ? p : out;
-    double const x = result[0];
-    double const y = result[1];
-    out[0] = box.clampedX(x);
-    out[1] = box.clampedY(y);
+/// What moves a crossing computed by a quotient to the outer side of its own side of the box, from
+/// where it is clamped exactly to it; more than all rounding.
+constexpr double kFarther = 1.0 + 0x1p-50;
+constexpr double kNearer = 1.0 - 0x1p-50;
+
+/// The nearer of two ends, both outside the box, and where the line meets the box from there.
+VEXMATH_ALWAYS_INLINE void crossBox(Point from, Point to, PlanarBox const &box, Point &first,
+                                    Point &last) {
+    double const dx = to.x - from.x;
+    double const dy = to.y - from.y;
+    double const left = (box.xLow - from.x) / dx;
+    double const right = (box.xHigh - from.x) / dx;
+    double const bottom = (box.yLow - from.y) / dy;
+    double const top = (box.yHigh - from.y) / dy;
+    double const enters = std::max(std::min(left, right), std::min(bottom, top)) * kNearer;
+    double const leaves = std::min(std::max(left, right), std::max(bottom, top)) * kFarther;
+    first = {box.clampedX(from.x + enters * dx), box.clampedY(from.y + enters * dy)};
+    last = {box.clampedX(from.x + leaves * dx), box.clampedY(from.y + leaves * dy)};
 }
 
-VEXMATH_ALWAYS_INLINE void moveEndsToBox(PlanarSegment &s, PlanarBox const &box) {
-    double const a[2] = {s.ax, s.ay};
-    double const b[2] = {s.bx, s.by};
-    double newA[2];
-    double newB[2];
-    moveToBox(a, b, box, newA);
-    moveToBox(b, a, box, newB);
-    s = {newA[0], newA[1], newB[0], newB[1]};
+/// Where the segment from `from`, in the box, to an end outside leaves the box.
+VEXMATH_ALWAYS_INLINE Point exitOf(Point from, Point to, PlanarBox const &box) {
+    double const dx = to.x - from.x;
+    double const dy = to.y - from.y;
+    // 1, or NaN, in a coordinate that stays in the box.
+    double const toX = (box.clampedX(to.x) - from.x) / dx;
+    double const toY = (box.clampedY(to.y) - from.y) / dy;
+    double const leaves = std::min(std::min(1.0, toX), toY) * kFarther;
+    return {box.clampedX(from.x + leaves * dx), box.clampedY(from.y + leaves * dy)};
 }
 
+/// Clips a segment that is Deep.
+VEXMATH_ALWAYS_INLINE mgClipLine_e clipDeep(PlanarSegment &s, PlanarBox const &box) {
+    Point a{s.ax, s.ay};
+    Point b{s.bx, s.by};
+    bool const keepsA = box.contains(a.x, a.y);
+    bool const keepsB = box.contains(b.x, b.y);
+    if (keepsA) {
+        if (keepsB) return mgClipLine_Inside;
+        b = exitOf(a, b, box);
+        s.bx = b.x;
+        s.by = b.y;
+        return mgClipLine_ClippedB;
+    }
+    if (keepsB) {
+        a = exitOf(b, a, box);
+        s.ax = a.x;
+        s.ay = a.y;
+        return mgClipLine_ClippedA;
+    }
+    Point first{};
+    Point last{};
+    crossBox(a, b, box, first, last);
+    s = {first.x, first.y, last.x, last.y};
+    return mgClipLine_ClippedBoth;
+}
+/// Moves an end p to where its segment, which runs to q, meets the box: on the side that it is
+/// beyond, else on the one that is nearest to it. An end in the box stays.
+void moveToBox(double &px, double &py, double qx, double qy, PlanarBox const &box) {
+    double const sideX = box.clampedX(px);
+    double const sideY = box.clampedY(py);
+    if (sideX != px) {
+        double const yThere = py + (qy - py) * ((sideX - px) / (qx - px));
+        bool const meetsSide = box.yLow <= yThere && yThere <= box.yHigh;
+        if (meetsSide || sideY == py) {
+            px = sideX;
+            py = box.clampedY(yThere);
+            return;
+        }
+    }
+    if (sideY == py) return;
+    px = box.clampedX(px + (qx - px) * ((sideY - py) / (qy - py)));
+    py = sideY;
+}
+
+/// Clips a segment that is Touching.
 mgClipLine_e touch(PlanarSegment &s, PlanarBox const &box, double tol) {
-    moveEndsToBox(s, box.grown(tol));
+    PlanarSegment const given = s;
+    PlanarBox const outer = box.grown(tol);
+    moveToBox(s.ax, s.ay, given.bx, given.by, outer);
+    moveToBox(s.bx, s.by, given.ax, given.ay, outer);
+
     s = {box.clampedX(s.ax), box.clampedY(s.ay), box.clampedX(s.bx), box.clampedY(s.by)};
     return mgClipLine_Touching;
-}
-
-/// Clips a segment that is not Outside.
-VEXMATH_ALWAYS_INLINE mgClipLine_e clipAt(Depth depth, PlanarSegment &s, PlanarBox const &box,
-                                          double tol) {
-    if (depth == Depth::Touching) return touch(s, box, tol);
-    int const isAMoved = box.contains(s.ax, s.ay) ? 0 : 1;
-    int const isBMoved = box.contains(s.bx, s.by) ? 0 : 2;
-    moveEndsToBox(s, box);
-    static_assert(mgClipLine_ClippedA == mgClipLine_Inside + 1
-                  && mgClipLine_ClippedB == mgClipLine_Inside + 2
-                  && mgClipLine_ClippedBoth == mgClipLine_Inside + 3);
-    return static_cast<mgClipLine_e>(mgClipLine_Inside + isAMoved + isBMoved);
 }
 
 /// The coordinate of a scaled clip in the scale of the caller. Sides and unmoved coordinates are
@@ -90,14 +124,14 @@ double unscaled(double v, double k, double given, double low, double high) {
 }
 
 /// For finite numbers of any size.
-VEXMATH_NEVER_INLINE mgClipLine_e clipScaled(PlanarSegment &s, PlanarBox const &box, double tol) {
-    double const k =
-        planarScale(largestOf(s.ax, s.ay, s.bx, s.by, box.xLow, box.yLow, box.xHigh, box.yHigh));
-    PlanarSegment part = s.scaled(k);
-    PlanarBox const scaledBox = box.scaled(k);
-    Depth const depth = depthOf<true>(part, scaledBox, k * tol);
+VEXMATH_NEVER_INLINE mgClipLine_e clipExactly(PlanarSegment &s, PlanarBox const &box, double tol) {
+    ScaledSegment const scaled(s, box);
+    double const k = scaled.scale;
+    PlanarSegment part = scaled.segment;
+    Depth const depth = exactDepthOf(part, scaled.box, k * tol);
     if (depth == Depth::Outside) return mgClipLine_Outside;
-    mgClipLine_e const result = clipAt(depth, part, scaledBox, k * tol);
+    mgClipLine_e const result =
+        depth == Depth::Deep ? clipDeep(part, scaled.box) : touch(part, scaled.box, k * tol);
     s = {unscaled(part.ax, k, s.ax, box.xLow, box.xHigh),
          unscaled(part.ay, k, s.ay, box.yLow, box.yHigh),
          unscaled(part.bx, k, s.bx, box.xLow, box.xHigh),
@@ -105,12 +139,11 @@ VEXMATH_NEVER_INLINE mgClipLine_e clipScaled(PlanarSegment &s, PlanarBox const &
     return result;
 }
 
-/// Replaces the segment by its part in the box, unless it is Outside. For finite numbers.
+/// Replaces the segment by its part in the box, unless it is Outside.
 VEXMATH_ALWAYS_INLINE mgClipLine_e clip(PlanarSegment &s, PlanarBox const &box, double tol) {
-    Depth const depth = depthOf<false>(s, box, tol);
-    if (depth == Depth::Outside) return mgClipLine_Outside;
-    if (depth == Depth::Unsure) return clipScaled(s, box, tol);
-    return clipAt(depth, s, box, tol);
+    Depth const depth = plainDepthOf(s, box, tol);
+    if (depth == Depth::Deep) return clipDeep(s, box);
+    return depth == Depth::Outside ? mgClipLine_Outside : clipExactly(s, box, tol);
 }
 
 } // namespace
@@ -119,8 +152,6 @@ mgClipLine_e mg_ClipLine2DToBox(mgPoint_c const &a, mgPoint_c const &b, mgPoint_
                                 mgPoint_c const &corner2, mgPoint_c &outA, mgPoint_c &outB,
                                 double tol) {
     PlanarSegment s{a.x(), a.y(), b.x(), b.y()};
-    if (!areFinite(s.ax, s.ay, s.bx, s.by, corner1.x(), corner1.y(), corner2.x(), corner2.y()))
-        return mgClipLine_Outside;
     PlanarBox const box = PlanarBox::ofCorners(corner1, corner2);
     mgClipLine_e const result = clip(s, box, planarTolerance(tol));
     if (result == mgClipLine_Outside) return result;

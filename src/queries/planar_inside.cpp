@@ -17,7 +17,6 @@ using vexmath::kTwoPiExact;
 using vexmath::detail::areArcAngles;
 using vexmath::detail::areFinite;
 using vexmath::detail::Depth;
-using vexmath::detail::depthOfAny;
 using vexmath::detail::largestOf;
 using vexmath::detail::PlanarBox;
 using vexmath::detail::planarScale;
@@ -37,7 +36,7 @@ public:
     bool isFinite() const { return isFinite_; }
     PlanarBox const &outer() const { return outer_; }
     PlanarBox const &inner() const { return inner_; }
-    Depth depthOf(PlanarSegment const &s) const { return depthOfAny(s, box_, tol_); }
+    Depth depthOf(PlanarSegment const &s) const { return vexmath::detail::depthOf(s, box_, tol_); }
 
 private:
     bool isFinite_;
