@@ -76,8 +76,7 @@ enum mgPointOnLine_e : int {
 ///   that runs along a side gives a part of that side.
 /// outA has the z of a, outB that of b. a and b may be equal: a point is Outside, Inside or
 /// Touching. Never allocates.
-/// Method: D. Cohen, I. Sutherland (W. M. Newman, R. F. Sproull, "Principles of Interactive
-/// Computer Graphics", 1979) for the ends beyond one side; then by separating axes.
+/// Method: Y.-D. Liang, B. A. Barsky, "A new concept and method for line clipping", 1984.
 VEXMATH_API mgClipLine_e mg_ClipLine2DToBox(mgPoint_c const &a, mgPoint_c const &b,
                                             mgPoint_c const &corner1, mgPoint_c const &corner2,
                                             mgPoint_c &outA, mgPoint_c &outB, double tol);

@@ -136,7 +136,9 @@ VEXMATH_ALWAYS_INLINE Depth plainDepthOf(PlanarSegment const &s, PlanarBox const
 
     double const margin = 2.0 * tol;
     PlanarBox const core = box.grown(-margin);
-    if (core.hasInside(s.ax, s.ay) | core.hasInside(s.bx, s.by)) return Depth::Deep;
+    bool const hasA = core.hasInside(s.ax, s.ay);
+    bool const hasB = core.hasInside(s.bx, s.by);
+    if (hasA | hasB) return Depth::Deep;
 
     SideRange const range(s, box);
     if (!range.isReliable()) return Depth::Unsure;
@@ -145,7 +147,7 @@ VEXMATH_ALWAYS_INLINE Depth plainDepthOf(PlanarSegment const &s, PlanarBox const
     bool const crosses = (range.least < -sideMargin) & (range.greatest > sideMargin);
     bool const overlaps = (core.xLow < core.xHigh) & (core.yLow < core.yHigh) & (right > core.xLow)
                           & (left < core.xHigh) & (top > core.yLow) & (bottom < core.yHigh);
-    return crosses & overlaps ? Depth::Deep : Depth::Unsure;
+    return (crosses & overlaps) ? Depth::Deep : Depth::Unsure;
 }
 
 /// A segment and a box for `exactDepthOf`.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Segments clipped to boxes and to rotated frames.
-// Method: D. Cohen, I. Sutherland (in W. M. Newman, R. F. Sproull, "Principles of Interactive
-// Computer Graphics", 1979): ends beyond one side reject first. Each end is then moved once, along
-// the given segment, so that no error is passed on.
+// Method: Y.-D. Liang, B. A. Barsky, "A new concept and method for line clipping", 1984, behind the
+// test for ends beyond one side and the separating axes of planar_box.h. Each end is moved once,
+// along the given segment, so that no error is passed on.
 
 #include <vexmath/mg_planar.h>
 #include <vexmath/point.h>
@@ -32,7 +32,12 @@ struct Point {
 constexpr double kFarther = 1.0 + 0x1p-50;
 constexpr double kNearer = 1.0 - 0x1p-50;
 
-/// The nearer of two ends, both outside the box, and where the line meets the box from there.
+/// The sum of the distances in x and y.
+double distanceTo(PlanarBox const &box, Point p) {
+    return std::fabs(p.x - box.clampedX(p.x)) + std::fabs(p.y - box.clampedY(p.y));
+}
+
+/// Where the line from `from` to `to`, both outside the box, meets the box first and last.
 VEXMATH_ALWAYS_INLINE void crossBox(Point from, Point to, PlanarBox const &box, Point &first,
                                     Point &last) {
     double const dx = to.x - from.x;
@@ -77,10 +82,15 @@ VEXMATH_ALWAYS_INLINE mgClipLine_e clipDeep(PlanarSegment &s, PlanarBox const &b
         s.ay = a.y;
         return mgClipLine_ClippedA;
     }
-    Point first{};
-    Point last{};
-    crossBox(a, b, box, first, last);
-    s = {first.x, first.y, last.x, last.y};
+    // From the nearer end, which has the smaller error.
+    Point newA{};
+    Point newB{};
+    if (distanceTo(box, a) <= distanceTo(box, b)) {
+        crossBox(a, b, box, newA, newB);
+    } else {
+        crossBox(b, a, box, newB, newA);
+    }
+    s = {newA.x, newA.y, newB.x, newB.y};
     return mgClipLine_ClippedBoth;
 }
 /// Moves an end p to where its segment, which runs to q, meets the box: on the side that it is

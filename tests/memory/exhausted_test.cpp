@@ -264,6 +264,18 @@ TEST(Exhausted, AHullIsNotMade) {
         });
 }
 
+TEST(Exhausted, SegmentsAreMergedOrTheListStays) {
+    CheckEach("merge", [](Trial &trial) {
+        Points lines, merged;
+        for (int i = 0; i < 40; ++i) lines.Add(mgPoint_c(i % 2, i / 4, 0.0));
+        for (int i = 0; i < 3; ++i) merged.Add(mgPoint_c());
+        int count = -1;
+        trial.run([&] { count = mg_MergeLines2D(lines, merged, 1e-8); });
+        EXPECT_TRUE(count == 10 || (count == 0 && trial.refused));
+        EXPECT_EQ(count == 10 ? 20 : 3, merged.Count());
+    });
+}
+
 mgXform_c viewWithARecord() {
     mgMatrix_c const turn = mg_RotationMatrix(1.0, {1.0, 2.0, 3.0}, 0.0);
     mgXform_c view = support::raw(turn, {1.0, 2.0, 3.0}, 2.0);
