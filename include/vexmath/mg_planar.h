@@ -72,8 +72,8 @@ enum mgPointOnLine_e : int {
 /// - An end outside is moved to where the segment enters the box. A coordinate in which it meets a
 ///   side is exactly that of the side; the other one is interpolated from the nearer end.
 /// - Touching: the part of the segment in the outer box is kept, and each of its ends is moved to
-///   the nearest point of the box. A segment that touches a corner gives that corner twice; one
-///   that runs along a side gives a part of that side.
+///   the nearest point of the box. So a segment along a side gives a part of that side, and one at
+///   a corner can give the corner twice.
 /// outA has the z of a, outB that of b. a and b may be equal: a point is Outside, Inside or
 /// Touching. Never allocates.
 /// Method: Y.-D. Liang, B. A. Barsky, "A new concept and method for line clipping", 1984.
