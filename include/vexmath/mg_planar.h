@@ -70,7 +70,8 @@ enum mgPointOnLine_e : int {
 /// and are always in the box:
 /// - An end in the box keeps its bits.
 /// - An end outside is moved to where the segment enters the box. A coordinate in which it meets a
-///   side is exactly that of the side; the other one is interpolated from the nearer end.
+///   side is exactly that of the side; the other one is interpolated from the end that is in the
+///   box, or from the one that is nearer to it.
 /// - Touching: the part of the segment in the outer box is kept, and each of its ends is moved to
 ///   the nearest point of the box. So a segment along a side gives a part of that side, and one at
 ///   a corner can give the corner twice.
