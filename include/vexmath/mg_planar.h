@@ -256,9 +256,180 @@ VEXMATH_API int mg_NormalFrom3Points(mgPoint_c const &p0, mgPoint_c const &p1, m
                                      mgUnitVector_c &normal, double tol);
 
 // Hatch lines.
+//
+// Hatch lines are parallel lines of one lattice, cut off at the outline of an area. They run in the
+// direction u = (cos angle, sin angle). The height of a point is its signed distance from the
+// origin along n = (-sin angle, cos angle), which is u rotated counter-clockwise by a quarter turn.
+// Line k, a whole number of either sign, has the height k * spacing. Angles are in radians; a sine
+// or cosine strictly below 1e-13 in absolute value counts as 0.
+//
+// A line counts as an infinitely small step above its height. So an edge is crossed by the lines
+// from the height of its lower end, included, to that of its upper end, not included:
+// - A line through a corner that is the lowest of its surroundings only touches there; so does one
+//   through the highest corner. It gives no line. At any other corner it is cut off once.
+// - A line along an edge belongs to the area above it, and not to the area below it.
+// - A line that touches a circle gives no line.
+//
+//         n           .--------------.            with the heights of three edges on the lattice:
+//         ^   k = 2   |    above     |  -------   line 2 lies on the upper edge: not drawn
+//         |   k = 1   |==============|            line 1 lies on the common edge: drawn once
+//         |           |    below     |
+//         +--> u      '--------------'  k = 0     line 0 lies on the lower edge: drawn
+//
+// Areas with the same origin, angle and spacing therefore match. At a common edge whose ends are
+// equal in both, in either order, no line is lost or drawn twice, and lines that meet there meet in
+// the same x and y, to the bit.
+//
+// Each function replaces the elements of `lines` by two points for each line and returns the number
+// of lines. Lines are ordered by k, then along u; the second point of each is farther along u. All
+// points have the z of the origin; the z of other points is ignored. No line has length 0. Inputs
+// may be elements of `lines`. The block is new, holds just these points and grows linearly by 16;
+// the handle is null for no lines. The listener is told (0, 2 count - 1).
+//
+// The result is 0, and `lines` ends up empty, in these cases:
+// - The spacing is 0, negative, infinite or NaN, or the angle is infinite or NaN.
+// - An x, y or radius is NaN or above 1e150 in absolute value.
+// - The lattice would make more than 1e6 lines. Counted are the lines from the lowest height of the
+//   area, included, to the highest, not included; in a polygon the crossings with edges, by two.
+// - A line through the area has a |k| above 2^52, about 4.5e15.
+// - Memory is exhausted.
+
+/// Hatches the circle of a centre and a radius. A radius of 0 or less gives 0.
+VEXMATH_API int mg_calcHatchLinesCircle2D(mgPoint_c const &centre, double radius,
+                                          mgPoint_c const &origin, double angle, double spacing,
+                                          suDynamicArray<mgPoint_c> &lines);
+/// Hatches a rectangle with sides along x and y, which need not be normalised. The result is that
+/// for its outline as a polygon.
+VEXMATH_API int mg_calcHatchLinesRect2D(mgRect const &rect, mgPoint_c const &origin, double angle,
+                                        double spacing, suDynamicArray<mgPoint_c> &lines);
+/// Hatches the area of closed outlines by the even-odd rule: a point is inside when a ray from it
+/// crosses the outlines an odd number of times. Holes and islands are outlines like any other; the
+/// orientation is ignored, and outlines may cross each other and themselves.
+///
+/// Outline i has counts[i] points; the points of all outlines follow each other in `points`. The
+/// last point of an outline is joined to its first one and may be equal to it. A count below 3
+/// encloses nothing; a negative one counts as 0. An edge that two outlines share is not there: a
+/// line passes through it undivided. With outlines <= 0 neither array is read; both can be null.
+///
+/// About c log c work for c crossings.
+/// Method: W. K. Bouknight, "A procedure for generation of three-dimensional half-toned computer
+/// graphics presentations", 1970 (scan lines).
+VEXMATH_API int mg_calcHatchLinesPolygon2D(int outlines, int const *counts, mgPoint_c const *points,
+                                           mgPoint_c const &origin, double angle, double spacing,
+                                           suDynamicArray<mgPoint_c> &lines);
 
 // Outlines about an axis.
+//
+// An edge is a list of points in polar coordinates about an axis: x is the angle in radians, y the
+// radius. z is ignored and kept. A negative radius is kept, and its absolute value is used. An arc
+// length is a difference of angles times the absolute value of a radius. tol is a length, absolute
+// and inclusive; a negative or NaN tol means 1e-08, and 0 is allowed.
+//
+// Both functions change the edge in place, without allocating, and return the number of points that
+// are left. They tell the listener (0, count - 1). They return 0 and change nothing, without a
+// notification, when the edge is empty or when an angle or a radius is NaN or above 1e150 in
+// absolute value.
+
+/// Makes the angles of an edge continuous. The points are visited in order; "the one before" is the
+/// last point that was kept:
+/// - A point at the pole, |radius| <= tol, takes the angle of the one before. At the start of the
+///   edge it takes that of the first point off the pole, or of the first point if there is none.
+/// - Any other angle that differs from the one before by more than 3.1415926535998 (pi and 1e-11)
+///   is moved by the whole number of turns that brings it nearest. The first angle stays.
+/// - A point is dropped when it repeats the one before: when the radii differ by at most tol, and
+///   the arc length between them, at the larger radius, is at most tol.
+///
+///      radius |  3  4             1  2        radius |                1  2  3  4
+///             |                                      |
+///             |          0                           |                            0
+///             +-------------------- angle            +------------------------------- angle
+///             0                  2 pi                0                 2 pi
+///      3 follows 2 across the seam; 0 is a point at the pole, after 4
+///
+/// A step of half a turn keeps its direction. A full circle needs three points or more, with the
+/// first one again at its end: two points a full turn apart are the same.
+///
+/// Method: K. Itoh, "Analysis of the phase unwrapping algorithm", 1982.
+VEXMATH_API int mg_cleanupPolarEdge(suDynamicArray<mgPoint_c> &edge, double tol);
+/// Does the work of `mg_cleanupPolarEdge` and then makes the angle monotone: it never steps back
+/// between the first and the last point. A convolution of an outline (an offset, for example)
+/// leaves such steps where it folds, and where both ends of a closed outline overlap at the seam.
+///
+///      radius |      3<----2                  radius |          2
+///             |       `.  .'                         |        .' `.
+///             |         ><                           |      .'     `.
+///             |  1----'    '-->4---->5               |  1--'         '->4---->5
+///             +-------------------------- angle      +-------------------------- angle
+///
+///      radius |    2-----3-----4-----5               |    2-----3-----4
+///             |                                      |
+///             | 1           6                        | 1           6
+///             +-------------------------- angle      +-------------------------- angle
+///      6 ends the edge; 4 and 5 are beyond it and are removed: 1, 2, 3, 6 are left
+///
+/// The edge runs from the angle of its first to that of its last point, in either direction. A
+/// closed outline around the axis therefore ends with its first point, a full turn on. Each point
+/// between is compared with the range from the angle of the last point that was kept to that of the
+/// end of the edge. Its arc length outside this range, at its own radius, is computed: above tol,
+/// the point is removed; otherwise it takes the nearest angle of the range. Then a point that
+/// repeats the one before is dropped, as above. A step along the radius alone is kept.
+///
+/// When first and last point have the same angle, no direction is known, and nothing more is done:
+/// when the arc length between them, at the largest radius of the edge, is at most tol. That is so
+/// for a closed outline beside the axis.
+VEXMATH_API int mg_fixPolarConvolution(suDynamicArray<mgPoint_c> &edge, double tol);
 
 // Tours and rectangles.
+
+/// Replaces `order` by a short closed tour through all points: their indices in visiting order,
+/// from 0 on, in the direction in which the second index is lower than the last. The way back from
+/// the last point to the first belongs to the tour. Distances are in space. The points do not
+/// change. Up to three points, and points with NaN, infinite coordinates or distances that overflow
+/// (from about 1.3e154 on), give the order 0 to n - 1.
+///
+/// First the tour is built as n - 2, n - 1 and back. Each step inserts the point of the least
+/// detour between two neighbours. Of equal detours it takes the one at the earlier edge of the
+/// tour, then the one of the lower index.
+///
+/// Then pairs of edges are exchanged: ab and cd become ac and bd, where the tour runs a, b, ..., c,
+/// d in one direction. Each round visits the points by index. At point a it considers both edges ab
+/// and all c that are strictly nearer to a than b. It carries out the exchange that saves the most;
+/// of equal ones that of the lowest c, then of the lowest b. An exchange must save strictly more
+/// than 1e-12 of ab + cd. The tour is therefore never longer than the inserted one. The rounds end
+/// when one of them changes nothing: no exchange of two edges saves more than that any longer. They
+/// end after 1000 rounds in any case.
+///
+/// An order of 0 to n - 1 is added to the storage of `order`. Any other one gets a new block of
+/// capacity n, which grows linearly by 1. When memory is exhausted, `order` is 0 to n - 1, or empty
+/// if it cannot hold these, as it also is when it may not grow and 0 to n - 1 do not fit. The
+/// listener is told as by `mg_OpenTSP`: (0, -1), each index from 0 to n - 1, then (0, n - 1) of a
+/// new block, or (0, -1) when `order` ends up empty because memory is exhausted.
+///
+/// About n^2 work.
+/// Method: D. J. Rosenkrantz, R. E. Stearns, P. M. Lewis, "An analysis of several heuristics for
+/// the traveling salesman problem", 1977 (cheapest insertion); J. L. Bentley, "Fast algorithms for
+/// geometric traveling salesman problems", 1992 (2-opt with neighbour lists).
+VEXMATH_API void mg_ClosedTSP(suDynamicArray<mgPoint_c> &points, suDynamicArray<int> &order);
+
+/// The rectangle of least area around a convex polygon of n points or, when byWidth is not 0, the
+/// one of least width. Returns 1 and writes four corners, counter-clockwise. The side from
+/// corners[0] to corners[1] lies along an edge of the polygon; byWidth makes the other side,
+/// corners[1] to corners[2], as short as possible. Of equal rectangles it is the one at the first
+/// edge that gives it, where edge i starts at point i.
+///
+/// The polygon may run in either direction, repeat points and have points on its edges; `convexHull`
+/// makes one. Points on one line give a rectangle of width 0 along them, up to rounding; points that
+/// are all equal give four corners there. Edges shorter than about 1e-154 of the polygon's size have
+/// no direction. The points of a polygon that is not convex are all inside the rectangle, which need
+/// not be the least; points are outside by rounding at most. Corners along x and y have the exact
+/// coordinates.
+///
+/// Returns 0, without writing, when n < 1 (polygon can then be null) or when a coordinate is NaN or
+/// above 1e150 in absolute value. `corners` may be in the polygon. Linear work, no allocation.
+/// Method: H. Freeman, R. Shapira, "Determining the minimum-area encasing rectangle for an
+/// arbitrary closed curve", 1975; G. T. Toussaint, "Solving geometric problems with the rotating
+/// calipers", 1983.
+VEXMATH_API int minCnvxPlgRect(int n, mg2DPoint_c const *polygon, int byWidth,
+                               mg2DPoint_c *corners);
 
 #endif

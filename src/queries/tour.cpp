@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Open tours by cheapest insertion.
+// Open and closed tours by cheapest insertion.
 //
 // The rule: the path starts with the last two points. Each step combines every edge of the path, in
 // path order, with every point that is left, in index order. The value of a combination is the
@@ -11,6 +11,9 @@
 // first combination of least value and updates only what an insertion changed. Both give the same
 // path for finite distances; NaN and infinite ones go to the scan.
 //
+// A closed tour is built as a path whose last point is its first one again. It has no ends, so
+// every point is inserted between two others.
+//
 // QUIRK: mg_queries.h, mg_OpenTSP: the path starts with the last two points, however near they are.
 // Expected: the two points that are farthest apart. Kept: callers and stored data depend on it.
 // (test: AgreesWithTheRule)
@@ -19,10 +22,12 @@
 #include <vexmath/mg_vector.h>
 #include <vexmath/su_dynamic_array.h>
 
+#include "tour.h"
+
 #include <algorithm>
 #include <cmath>
-#include <new>
 #include <numeric>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -90,7 +95,8 @@ std::vector<int> insertByScan(mgPoint_c const *points, int n) {
 /// The path under construction, for finite distances.
 class Tour {
 public:
-    Tour(mgPoint_c const *points, int n);
+    /// Starts with these points of all n.
+    Tour(mgPoint_c const *points, int n, std::vector<int> start);
 
     /// All points, in visiting order.
     std::vector<int> build();
@@ -108,6 +114,9 @@ private:
     }
     double &length(int place) { return lengths_[static_cast<std::size_t>(place)]; }
     int edges() const { return static_cast<int>(path_.size()) - 1; }
+    // Is the edge at a place the one at an end of the path? A closed path has no ends.
+    bool isFirst(int place) const { return !closed_ && place == 1; }
+    bool isLast(int place) const { return !closed_ && place == edges(); }
     Candidate bestOfAll(mgPoint_c const &point) const;
     std::vector<Open>::iterator cheapest();
     void carryOut(int index, Candidate const &done);
@@ -115,14 +124,18 @@ private:
 
     mgPoint_c const *points_;
     std::vector<int> path_;
+    bool closed_;
     std::vector<double> lengths_; // of the edge at each place, 1 and up
     std::vector<Open> open_;      // in index order
 };
 
-Tour::Tour(mgPoint_c const *points, int n)
-    : points_(points), path_{n - 2, n - 1}, lengths_{0.0, dist(points[n - 1], points[n - 2])} {
-    path_.reserve(static_cast<std::size_t>(n));
-    lengths_.reserve(static_cast<std::size_t>(n));
+Tour::Tour(mgPoint_c const *points, int n, std::vector<int> start)
+    : points_(points), path_(std::move(start)),
+      closed_(path_.front() == path_.back()), lengths_{0.0} {
+    path_.reserve(static_cast<std::size_t>(n) + 1);
+    lengths_.reserve(static_cast<std::size_t>(n) + 1);
+    for (int place = 1; place <= edges(); ++place)
+        lengths_.push_back(dist(node(place), node(place - 1)));
     open_.reserve(static_cast<std::size_t>(n - 2));
     for (int i = 0; i < n - 2; ++i) open_.push_back({points[i], i, bestOfAll(points[i])});
 }
@@ -133,7 +146,7 @@ Candidate Tour::bestOfAll(mgPoint_c const &point) const {
     for (int place = 1; place <= edges(); ++place) {
         double const toHead = dist(point, node(place));
         Candidate const here = evaluate(toTail, toHead, lengths_[static_cast<std::size_t>(place)],
-                                        place, place == 1, place == edges());
+                                        place, isFirst(place), isLast(place));
         if (place == 1 || here.value < best.value) best = here;
         toTail = toHead;
     }
@@ -170,8 +183,8 @@ void Tour::follow(Candidate const &done) {
     mgPoint_c const head = node(place + 1);
     double const lengthBefore = length(place);
     double const lengthBehind = length(place + 1);
-    bool const first = place == 1;
-    bool const last = place + 1 == edges();
+    bool const first = isFirst(place);
+    bool const last = isLast(place + 1);
     for (Open &point : open_) {
         double const toMiddle = dist(point.at, middle);
         Candidate const before =
@@ -206,8 +219,9 @@ std::vector<int> Tour::build() {
     return path_;
 }
 
-/// No distance between two of the points can be infinite or NaN.
-bool distancesAreFinite(mgPoint_c const *points, int n) {
+} // namespace
+
+bool vexmath::detail::distancesAreFinite(mgPoint_c const *points, int n) {
     mgPoint_c low = points[0];
     mgPoint_c high = points[0];
     for (int i = 0; i < n; ++i) {
@@ -220,31 +234,18 @@ bool distancesAreFinite(mgPoint_c const *points, int n) {
     return std::isfinite(dist(low, high));
 }
 
-/// A new array of the indices in visiting order; null when memory is exhausted.
-int *visitingOrder(mgPoint_c const *points, int n) {
-    try {
-        std::vector<int> const path =
-            distancesAreFinite(points, n) ? Tour(points, n).build() : insertByScan(points, n);
-        auto *const order =
-            static_cast<int *>(suDynArrayAllocSpecial(n, 1, 1, static_cast<int>(sizeof(int))));
-        if (order) std::copy(path.begin(), path.end(), order);
-        return order;
-    } catch (std::bad_alloc const &) {
-        return nullptr;
-    }
+std::vector<int> vexmath::detail::closedInsertionTour(mgPoint_c const *points, int n) {
+    std::vector<int> tour = Tour(points, n, {n - 2, n - 1, n - 2}).build();
+    tour.pop_back();
+    return tour;
 }
-
-} // namespace
 
 void mg_OpenTSP(suDynamicArray<mgPoint_c> &points, suDynamicArray<int> &order) {
     int const n = points.Count();
-    amDynamicArrayResize(order.Data(), 0);
-    order.elementsChanged(0, -1);
-    for (int i = 0; i < n; ++i) order.Add(i);
-    int *const path = n < 3 ? nullptr : visitingOrder(points.Data(), n);
-    if (path) {
-        order.Adopt(path);
-    } else if (order.Count() != n) {
-        order.Adopt(nullptr); // an index could not be added: none stays
-    }
+    vexmath::detail::replaceOrder(order, n, [&]() -> std::vector<int> {
+        mgPoint_c const *const all = points.Data();
+        if (n < 3) return {};
+        if (!vexmath::detail::distancesAreFinite(all, n)) return insertByScan(all, n);
+        return Tour(all, n, {n - 2, n - 1}).build();
+    });
 }
