@@ -1,19 +1,21 @@
 // SPDX-License-Identifier: MIT
 // The least rectangle around a convex polygon, by rotating calipers.
 //
-// A rectangle of least area, and one of least width, has a side along an edge of the polygon. Three
-// calipers touch the polygon on the other sides. As the edge moves once around the polygon, each of
-// them does too, and never back: the work is linear.
+// A rectangle of least area, and one of least width, has a side along an edge of the polygon. Four
+// calipers touch the polygon on the four sides of a rectangle. They rotate together, each time to
+// the next edge at any of them, and touch every edge once in a quarter turn.
 
 #include <vexmath/mg_planar.h>
 #include <vexmath/point2d.h>
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <limits>
 
 namespace {
+
+/// Shorter edges, relative to the polygon, have no direction: squared length, strict.
+constexpr double kLeastLengthSq = std::numeric_limits<double>::min();
 
 struct Vec {
     double x = 0.0;
@@ -24,108 +26,199 @@ Vec operator-(Vec a, Vec b) { return {a.x - b.x, a.y - b.y}; }
 double dot(Vec a, Vec b) { return a.x * b.x + a.y * b.y; }
 Vec leftOf(Vec a) { return {-a.y, a.x}; }
 
-/// A polygon that was moved, scaled to about unit size and, if it ran clockwise, mirrored in the x
-/// axis. So no product overflows, and no sign depends on the orientation.
-class Polygon {
-public:
-    Polygon(int n, mg2DPoint_c const *points);
+/// a x b: positive when b is to the left of a.
+double cross(Vec a, Vec b) { return a.x * b.y - a.y * b.x; }
 
-    int count() const { return n_; }
-    int next(int i) const { return i + 1 < n_ ? i + 1 : 0; }
-    Vec operator[](int i) const {
-        return {(points_[i].x() - first_.x) * scale_, (points_[i].y() - first_.y) * scaleY_};
-    }
-    /// The direction along the given points of an edge, with the polygon on the left.
-    Vec direction(Vec edge) const {
-        double const length = std::sqrt(dot(edge, edge));
-        return {std::copysign(1.0, scaleY_) * edge.x / length, edge.y / length};
-    }
+/// The indices of the corners that are farthest down, right, up and left. Of several it is the one
+/// that is farthest counter-clockwise, so right, up, left and down.
+struct Extremes {
+    int corner[4] = {0, 0, 0, 0};
 
-private:
-    int n_;
-    mg2DPoint_c const *points_;
-    Vec first_;
-    double scale_ = 1.0;
-    double scaleY_ = 1.0;
+    Extremes(int n, mg2DPoint_c const *p);
 };
 
-Polygon::Polygon(int n, mg2DPoint_c const *points)
-    : n_(n), points_(points), first_{points[0].x(), points[0].y()} {
-    double extent = 0.0;
-    for (int i = 0; i < n; ++i) {
-        Vec const p = (*this)[i];
-        extent = std::max({extent, std::fabs(p.x), std::fabs(p.y)});
+Extremes::Extremes(int n, mg2DPoint_c const *p) {
+    Vec far[4];
+    std::fill_n(far, 4, Vec{p[0].x(), p[0].y()});
+    for (int i = 1; i < n; ++i) {
+        Vec const at{p[i].x(), p[i].y()};
+        bool const isFarther[] = {at.y < far[0].y || (at.y == far[0].y && at.x > far[0].x),
+                                  at.x > far[1].x || (at.x == far[1].x && at.y > far[1].y),
+                                  at.y > far[2].y || (at.y == far[2].y && at.x < far[2].x),
+                                  at.x < far[3].x || (at.x == far[3].x && at.y < far[3].y)};
+        for (int k = 0; k < 4; ++k) {
+            if (!isFarther[k]) continue;
+            far[k] = at;
+            corner[k] = i;
+        }
     }
+}
+
+/// A polygon that was moved, scaled to about unit size and, if it runs clockwise, read backwards.
+/// So no product overflows, and the polygon is on the left of each edge.
+class Polygon {
+public:
+    Polygon(int n, mg2DPoint_c const *points, Extremes const &extremes);
+
+    int count() const { return n_; }
+    int next(int i) const {
+        if (step_ > 0) return i + 1 < n_ ? i + 1 : 0;
+        return i > 0 ? i - 1 : n_ - 1;
+    }
+    Vec operator[](int i) const {
+        return {(points_[i].x() - first_.x) * scale_, (points_[i].y() - first_.y) * scale_};
+    }
+    /// The index of the edge from point i, in the order of the points that were given.
+    int edgeIndex(int i) const { return step_ > 0 ? i : next(i); }
+
+private:
+    bool isClockwise(Extremes const &extremes) const;
+
+    int n_;
+    mg2DPoint_c const *points_;
+    int step_ = 1;
+    Vec first_;
+    double scale_ = 1.0;
+};
+
+Polygon::Polygon(int n, mg2DPoint_c const *points, Extremes const &extremes)
+    : n_(n), points_(points), first_{points[0].x(), points[0].y()} {
+    auto const &[down, right, up, left] = extremes.corner;
+    double const extent =
+        std::max(points[right].x() - points[left].x(), points[up].y() - points[down].y());
     constexpr int kMostExponent = 1000; // of the scale, which must stay finite
     int exponent = 0;
     std::frexp(extent, &exponent);
-    scaleY_ = scale_ = std::ldexp(1.0, std::min(-exponent, kMostExponent));
-
-    double area = 0.0;
-    for (int i = 0; i < n; ++i) area += dot(leftOf((*this)[i]), (*this)[next(i)]);
-    if (area < 0.0) scaleY_ = -scale_;
+    scale_ = std::ldexp(1.0, std::min(-exponent, kMostExponent));
+    if (isClockwise(extremes)) step_ = -1;
 }
 
-/// The corner that is farthest in a direction, while that rotates counter-clockwise.
-class Caliper {
+/// The sign of the area. That of the four extreme corners, in the polygon's order, has the same
+/// sign, where it is large enough to be safe from rounding.
+bool Polygon::isClockwise(Extremes const &extremes) const {
+    constexpr double kSafeArea = 1e-06; // twice the area, in squares of about the polygon's size
+    int order[4];
+    std::copy_n(extremes.corner, 4, order);
+    std::sort(order, order + 4);
+    double const area = cross((*this)[order[2]] - (*this)[order[0]], //
+                              (*this)[order[3]] - (*this)[order[1]]);
+    if (std::fabs(area) > kSafeArea) return area < 0.0;
+
+    double sum = 0.0;
+    Vec before = (*this)[n_ - 1];
+    for (int i = 0; i < n_; ++i) {
+        Vec const p = (*this)[i];
+        sum += cross(before, p);
+        before = p;
+    }
+    return sum < 0.0;
+}
+
+/// Four calipers. Caliper 0 starts below the polygon; k is rotated counter-clockwise from it by k
+/// quarter turns. All edges are rotated back by as much, so that they are compared with each other.
+class Calipers {
 public:
-    Caliper(Polygon const &polygon, Vec direction) : polygon_(polygon), left_(2 * polygon.count()) {
-        int farthest = 0;
-        for (int i = 1; i < polygon.count(); ++i)
-            if (dot(polygon[i] - polygon[farthest], direction) > 0.0) farthest = i;
-        moveTo(farthest);
+    Calipers(Polygon const &polygon, Extremes const &extremes, bool byWidth)
+        : polygon_(polygon), byWidth_(byWidth) {
+        for (int k = 0; k < 4; ++k) ends_[k] = extremes.corner[k];
+        advance<0>();
+        advance<1>();
+        advance<2>();
+        advance<3>();
     }
 
-    /// The place in the direction. `left_` ends the walk for polygons that are not convex.
-    double follow(Vec direction) {
-        for (; dot(step_, direction) >= 0.0 && left_ > 0; --left_) moveTo(polygon_.next(index_));
-        return dot(at_, direction);
-    }
-
-private:
-    void moveTo(int index) {
-        index_ = index;
-        at_ = polygon_[index];
-        step_ = polygon_[polygon_.next(index)] - at_;
-    }
-
-    Polygon const &polygon_;
-    std::int64_t left_;
-    int index_ = 0;
-    Vec at_, step_;
-};
-
-/// The direction of the edge of the least rectangle; the x axis when all points are the same.
-Vec leastDirection(Polygon const &polygon, bool byWidth) {
-    // Shorter edges, relative to the polygon, have no direction: squared length, strict.
-    constexpr double kLeastLengthSq = std::numeric_limits<double>::min();
-    int i = 0;
-    while (i < polygon.count()) {
-        Vec const edge = polygon[polygon.next(i)] - polygon[i];
-        if (!(dot(edge, edge) < kLeastLengthSq)) break;
-        ++i;
-    }
-    if (i == polygon.count()) return {1.0, 0.0};
-
-    Vec bestEdge = polygon[polygon.next(i)] - polygon[i];
-    Caliper ahead(polygon, bestEdge);
-    Caliper above(polygon, leftOf(bestEdge));
-    Caliper behind(polygon, Vec{} - bestEdge);
-    double best = std::numeric_limits<double>::infinity();
-    for (; i < polygon.count(); ++i) {
-        Vec const base = polygon[i];
-        Vec const edge = polygon[polygon.next(i)] - base;
-        double const lengthSq = dot(edge, edge);
-        if (lengthSq < kLeastLengthSq) continue;
-        double const length = ahead.follow(edge) + behind.follow(Vec{} - edge);
-        double const height = above.follow(leftOf(edge)) - dot(base, leftOf(edge));
-        double const size = (byWidth ? height : length) * height / lengthSq;
-        if (size < best) {
-            best = size;
-            bestEdge = edge;
+    /// Measures the rectangle at the next edge and moves the caliper there along it.
+    void visitNextEdge() {
+        if (cross(edges_[0], edges_[1]) < 0.0) {
+            if (cross(edges_[2], edges_[3]) < 0.0) {
+                cross(edges_[1], edges_[3]) < 0.0 ? visit<3>() : visit<1>();
+            } else {
+                cross(edges_[1], edges_[2]) < 0.0 ? visit<2>() : visit<1>();
+            }
+        } else {
+            if (cross(edges_[2], edges_[3]) < 0.0) {
+                cross(edges_[0], edges_[3]) < 0.0 ? visit<3>() : visit<0>();
+            } else {
+                cross(edges_[0], edges_[2]) < 0.0 ? visit<2>() : visit<0>();
+            }
         }
     }
-    return polygon.direction(bestEdge);
+
+    /// The edge of the least rectangle; zero when all points are the same.
+    Vec bestEdge() const { return bestEdge_; }
+
+private:
+    template <int k>
+    void visit();
+    template <int k>
+    void advance();
+    template <int k>
+    static Vec rotated(Vec a);
+
+    Polygon const &polygon_;
+    bool byWidth_;
+    int starts_[4] = {0, 0, 0, 0};
+    int ends_[4] = {0, 0, 0, 0};
+    Vec places_[4]; // of the starts
+    Vec edges_[4];  // from the starts to the ends, rotated
+    double best_ = std::numeric_limits<double>::infinity();
+    int bestIndex_ = 0;
+    Vec bestEdge_;
+};
+
+/// Rotated clockwise by k quarter turns.
+template <int k>
+Vec Calipers::rotated(Vec a) {
+    if constexpr (k == 0) return a;
+    if constexpr (k == 1) return {a.y, -a.x};
+    if constexpr (k == 2) return {-a.x, -a.y};
+    return {-a.y, a.x};
+}
+
+template <int k>
+void Calipers::visit() {
+    Vec const edge = edges_[k];
+    double const lengthSq = dot(edge, edge);
+    double const along = dot(places_[1] - places_[3], edge);
+    double const across = cross(edge, places_[2] - places_[0]);
+    double const width = k % 2 == 0 ? across : along;
+    double const size = (byWidth_ ? width * width : along * across) / lengthSq;
+    int const index = polygon_.edgeIndex(starts_[k]);
+    if (size < best_ || (size == best_ && index < bestIndex_)) {
+        best_ = size;
+        bestIndex_ = index;
+        bestEdge_ = rotated<(4 - k) % 4>(edge);
+    }
+    advance<k>();
+}
+
+/// Moves a caliper to the end of its edge. Edges without a length are passed over.
+template <int k>
+void Calipers::advance() {
+    Vec edge;
+    int start = ends_[k];
+    int end = start;
+    Vec const at = polygon_[start];
+    for (int n = polygon_.count(); n > 0 && !(dot(edge, edge) >= kLeastLengthSq); --n) {
+        start = end;
+        end = polygon_.next(end);
+        edge = polygon_[end] - at;
+    }
+    starts_[k] = start;
+    ends_[k] = end;
+    places_[k] = at;
+    edges_[k] = rotated<k>(edge);
+}
+
+/// The direction of the edge of the least rectangle; the x axis when all points are the same.
+Vec leastDirection(int n, mg2DPoint_c const *points, bool byWidth) {
+    Extremes const extremes(n, points);
+    Polygon const polygon(n, points, extremes);
+    Calipers calipers(polygon, extremes, byWidth);
+    for (int i = 0; i < n; ++i) calipers.visitNextEdge();
+    Vec const edge = calipers.bestEdge();
+    double const length = std::sqrt(dot(edge, edge));
+    return length > 0.0 ? Vec{edge.x / length, edge.y / length} : Vec{1.0, 0.0};
 }
 
 /// The rectangle with a side along a unit direction around all points. These are all read again, so
@@ -155,7 +248,7 @@ bool isUsable(mg2DPoint_c const &p) {
 
 int minCnvxPlgRect(int n, mg2DPoint_c const *polygon, int byWidth, mg2DPoint_c *corners) {
     if (n < 1 || !std::all_of(polygon, polygon + n, isUsable)) return 0;
-    Vec const direction = leastDirection(Polygon(n, polygon), byWidth != 0);
+    Vec const direction = leastDirection(n, polygon, byWidth != 0);
     circumscribe(n, polygon, direction, corners);
     return 1;
 }
