@@ -371,8 +371,9 @@ VEXMATH_API int mg_cleanupPolarEdge(suDynamicArray<mgPoint_c> &edge, double tol)
 /// closed outline around the axis therefore ends with its first point, a full turn on. Each point
 /// between is compared with the range from the angle of the last point that was kept to that of the
 /// end of the edge. Its arc length outside this range, at its own radius, is computed: above tol,
-/// the point is removed; otherwise it takes the nearest angle of the range. Then a point that
-/// repeats the one before is dropped, as above. A step along the radius alone is kept.
+/// the point is removed; otherwise it takes the nearest angle of the range or, at the pole, the
+/// angle of the point before. Then a point that repeats the one before is dropped, as above. A step
+/// along the radius alone is kept.
 ///
 /// When first and last point have the same angle, no direction is known, and nothing more is done:
 /// when the arc length between them, at the largest radius of the edge, is at most tol. That is so

@@ -12,10 +12,14 @@
 #include <vexmath/rect.h>
 #include <vexmath/su_dynamic_array.h>
 
+#include "stable_order.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <new>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -132,6 +136,28 @@ void forEachEdge(int outlines, int const *counts, mgPoint_c const *points, Use c
     }
 }
 
+/// The crossings by line, and then along it.
+std::vector<Crossing> sorted(std::vector<Crossing> const &all) {
+    using vexmath::detail::OrderKey;
+    std::vector<OrderKey> keys;
+    keys.reserve(all.size());
+    for (Crossing const &c : all)
+        keys.push_back(vexmath::detail::orderKey(c.line, static_cast<std::uint32_t>(keys.size())));
+    sortStably(keys);
+    std::vector<Crossing> result;
+    result.reserve(all.size());
+    for (OrderKey const &key : keys) result.push_back(all[key.index]);
+
+    for (auto first = result.begin(); first != result.end();) {
+        auto const isOfOther = [&](Crossing const &c) { return c.line != first->line; };
+        auto const end = std::find_if(first, result.end(), isOfOther);
+        std::sort(first, end,
+                  [](Crossing const &p, Crossing const &q) { return p.along < q.along; });
+        first = end;
+    }
+    return result;
+}
+
 /// All crossings, by line and then along it; none when they are too many.
 std::vector<Crossing> crossingsOf(Lattice const &lattice, int outlines, int const *counts,
                                   mgPoint_c const *points) {
@@ -152,10 +178,7 @@ std::vector<Crossing> crossingsOf(Lattice const &lattice, int outlines, int cons
         for (double line = edge.from; line < edge.to; ++line)
             all.push_back(edge.crossing(lattice, line));
     });
-    std::sort(all.begin(), all.end(), [](Crossing const &a, Crossing const &b) {
-        return a.line != b.line ? a.line < b.line : a.along < b.along;
-    });
-    return all;
+    return sorted(all);
 }
 
 /// The lines inside closed outlines, by the even-odd rule. Two crossings at one point change

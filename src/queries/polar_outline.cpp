@@ -42,15 +42,17 @@ void keep(mgPoint_c *edge, int &kept, mgPoint_c const &p, double tol) {
     if (kept == 0 || !isRepeated(edge[kept - 1], p, tol)) edge[kept++] = p;
 }
 
+bool isAtPole(mgPoint_c const &p, double tol) { return radiusOf(p) <= tol; }
+
 /// Returns the number of points that are left.
 int cleanup(mgPoint_c *edge, int n, double tol) {
-    auto const isAtPole = [tol](mgPoint_c const &p) { return radiusOf(p) <= tol; };
-    auto const *const offPole = std::find_if_not(edge, edge + n, isAtPole);
+    auto const *const offPole =
+        std::find_if(edge, edge + n, [tol](mgPoint_c const &p) { return !isAtPole(p, tol); });
     double before = angleOf(offPole == edge + n ? edge[0] : *offPole);
     int kept = 0;
     for (int i = 0; i < n; ++i) {
         mgPoint_c p = edge[i];
-        p.set_x(isAtPole(p) ? before : unwrapped(angleOf(p), before));
+        p.set_x(isAtPole(p, tol) ? before : unwrapped(angleOf(p), before));
         keep(edge, kept, p, tol);
         before = angleOf(edge[kept - 1]);
     }
@@ -73,11 +75,12 @@ int removeStepsBack(mgPoint_c *edge, int n, double direction, double tol) {
     int kept = 1;
     for (int i = 1; i < n - 1; ++i) {
         mgPoint_c p = edge[i];
-        double const least = direction * angleOf(edge[kept - 1]);
-        double const most = direction * angleOf(last);
-        double const angle = direction * std::clamp(direction * angleOf(p), least, most);
-        if (std::fabs(angle - angleOf(p)) * radiusOf(p) > tol) continue;
-        p.set_x(angle);
+        double const before = angleOf(edge[kept - 1]);
+        double const inRange =
+            direction
+            * std::clamp(direction * angleOf(p), direction * before, direction * angleOf(last));
+        if (std::fabs(inRange - angleOf(p)) * radiusOf(p) > tol) continue;
+        p.set_x(isAtPole(p, tol) ? before : inRange);
         keep(edge, kept, p, tol);
     }
     keep(edge, kept, last, tol);

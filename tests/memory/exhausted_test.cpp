@@ -217,7 +217,8 @@ TEST(Exhausted, PointsAreSorted) {
 
 /// A tour of n points, one of them at the given x. When memory is exhausted the order is the
 /// identity, or empty when it has no room for that.
-void CheckTour(char const *what, int n, double x, bool hasRoom) {
+void CheckTour(char const *what, int n, double x, bool hasRoom, void (*tour)(Points &, Ints &),
+               bool isSorted = false) {
     CheckEach(what, [=](Trial &trial) {
         support::Random random;
         Points points;
@@ -225,20 +226,45 @@ void CheckTour(char const *what, int n, double x, bool hasRoom) {
         points[0].set_x(x);
         Ints order;
         if (hasRoom) order = numbers(0, n);
-        trial.run([&] { mg_OpenTSP(points, order); });
+        trial.run([&] { tour(points, order); });
         if (trial.refused && (isUpTo(n, order) || (!hasRoom && order.Count() == 0))) return;
         ASSERT_EQ(n, order.Count());
-        EXPECT_EQ(n < 3, isUpTo(n, order));
+        EXPECT_EQ(isSorted, isUpTo(n, order));
         std::sort(order.Data(), order.Data() + n);
         EXPECT_TRUE(isUpTo(n, order));
     });
 }
 
 TEST(Exhausted, ATourIsTheIdentity) {
-    CheckTour("room", 20, 1.0, true);
-    CheckTour("no room", 20, 1.0, false);
-    CheckTour("scan", 20, std::nan(""), true);
-    CheckTour("two points", 2, 1.0, false);
+    for (auto *const tour : {mg_OpenTSP, mg_ClosedTSP}) {
+        CheckTour("room", 20, 1.0, true, tour);
+        CheckTour("no room", 20, 1.0, false, tour);
+        CheckTour("not finite", 20, std::nan(""), true, tour, tour == mg_ClosedTSP);
+        CheckTour("two points", 2, 1.0, false, tour, true);
+    }
+}
+
+TEST(Exhausted, AnAreaIsNotHatched) {
+    mgPoint_c const o, corners[] = {o, {3.0, 0.0, 0.0}, {0.0, 3.0, 0.0}};
+    mgRect const rect(0.0, 3.0, 3.0, 0.0);
+    int const three = 3;
+    auto const check = [](char const *what, int lines, auto const &hatch) {
+        CheckEach(what, [&](Trial &trial) {
+            Points list;
+            list.Add(mgPoint_c());
+            int count = -1;
+            trial.run([&] { count = hatch(list); });
+            EXPECT_TRUE(count == lines || (count == 0 && trial.refused));
+            EXPECT_EQ(2 * count, list.Count());
+        });
+    };
+    check("circle", 5,
+          [&](Points &list) { return mg_calcHatchLinesCircle2D(o, 3.0, o, 0.1, 1.0, list); });
+    check("rectangle", 3,
+          [&](Points &list) { return mg_calcHatchLinesRect2D(rect, o, 0.0, 1.0, list); });
+    check("polygon", 3, [&](Points &list) {
+        return mg_calcHatchLinesPolygon2D(1, &three, corners, o, 0.0, 1.0, list);
+    });
 }
 
 TEST(Exhausted, AHullIsNotMade) {
