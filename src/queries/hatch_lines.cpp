@@ -175,8 +175,8 @@ std::vector<Crossing> crossingsOf(Lattice const &lattice, int outlines, int cons
     all.reserve(static_cast<std::size_t>(total));
     forEachEdge(outlines, counts, points, [&](mgPoint_c const &a, mgPoint_c const &b) {
         Edge const edge(lattice, a, b);
-        for (double line = edge.from; line < edge.to; ++line)
-            all.push_back(edge.crossing(lattice, line));
+        for (int i = 0; edge.from + i < edge.to; ++i)
+            all.push_back(edge.crossing(lattice, edge.from + i));
     });
     return sorted(all);
 }
@@ -211,8 +211,8 @@ Ends hatchCircle(Lattice const &lattice, mgPoint_c const &centre, double radius)
     if (to - from > kMostLines) return ends;
 
     ends.reserve(static_cast<std::size_t>(2.0 * (to - from)));
-    for (double line = from; line < to; ++line) {
-        double const height = lattice.heightOf(line) - middle;
+    for (int i = 0; from + i < to; ++i) {
+        double const height = lattice.heightOf(from + i) - middle;
         double const halfSq = (radius - height) * (radius + height);
         double const half = std::sqrt(std::max(halfSq, 0.0));
         mgPoint_c const start = lattice.pointAt(centre, height, -half);

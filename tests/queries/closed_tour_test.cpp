@@ -25,16 +25,18 @@ Order tourOf(List const &list) {
     return {order.Data(), order.Data() + order.Count()};
 }
 
-double lengthOf(List const &p, Order const &order) {
+double lengthOf(List const &list, Order const &order) {
+    mgPoint_c const *const p = list.data();
     double sum = 0.0;
     for (std::size_t i = 0; i < order.size(); ++i)
         sum += dist(p[order[i]], p[order[(i + 1) % order.size()]]);
     return sum;
 }
 
-Order literalInsertion(List const &p) {
-    int const n = static_cast<int>(p.size());
-    Order tour{n - 2, n - 1}, left(p.size() - 2);
+Order literalInsertion(List const &list) {
+    mgPoint_c const *const p = list.data();
+    int const n = static_cast<int>(list.size());
+    Order tour{n - 2, n - 1}, left(list.size() - 2);
     std::iota(left.begin(), left.end(), 0);
     while (!left.empty()) {
         double best = support::kInfinity;
@@ -51,8 +53,8 @@ Order literalInsertion(List const &p) {
     return tour;
 }
 
-/// The exchange at point a: (saving, a, b, c, d), with the tour rotated so that it begins b ... c.
-std::tuple<double, int, int, Order> literalExchange(List const &p, Order const &tour, int a) {
+/// The best exchange at point a: what it saves, c, b, and the tour after it.
+std::tuple<double, int, int, Order> literalExchange(mgPoint_c const *p, Order const &tour, int a) {
     std::tuple<double, int, int, Order> best{0.0, 0, 0, {}};
     for (bool const backwards : {false, true}) {
         Order t = tour;
@@ -82,7 +84,7 @@ Order literalTour(List const &p) {
     for (bool improved = true; improved;) {
         improved = false;
         for (int a = 0; a < static_cast<int>(p.size()); ++a) {
-            auto const exchange = literalExchange(p, tour, a);
+            auto const exchange = literalExchange(p.data(), tour, a);
             if (std::get<0>(exchange) == 0.0) continue;
             tour = std::get<3>(exchange);
             improved = true;
@@ -161,8 +163,8 @@ TEST(ClosedTour, NoExchangeImprovesAThousandPoints) {
     EXPECT_TRUE(t[0] == 0 && t[1] < t.back());
     for (std::size_t i = 0; i < 1000; ++i)
         for (std::size_t k = i + 1; k < 1000; ++k) {
-            mgPoint_c const &a = list[t[i]], &b = list[t[i + 1]];
-            mgPoint_c const &c = list[t[k]], &d = list[t[(k + 1) % 1000]];
+            mgPoint_c const *const p = list.data();
+            mgPoint_c const &a = p[t[i]], &b = p[t[i + 1]], &c = p[t[k]], &d = p[t[(k + 1) % 1000]];
             double const removed = dist(a, b) + dist(c, d);
             ASSERT_LE(removed - dist(a, c) - dist(b, d), 2e-12 * removed);
         }

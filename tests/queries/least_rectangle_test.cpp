@@ -62,7 +62,7 @@ void CheckRectangle(List const &p, double slack = 1e-12, support::Caller = {}) {
         ASSERT_NEAR(byWidth ? width : area, byWidth ? std::abs(up) : std::abs(along) * std::abs(up),
                     slack * (byWidth ? size : size * size));
         for (Number const &q : p)
-            for (int k = 0; k < 4; ++k) {
+            for (std::size_t k = 0; k < 4; ++k) {
                 Number const side = r[(k + 1) % 4] - r[k];
                 ASSERT_GE((std::conj(side) * (q - r[k])).imag(), -slack * size * std::abs(side));
             }
