@@ -291,7 +291,8 @@ VEXMATH_API int mg_NormalFrom3Points(mgPoint_c const &p0, mgPoint_c const &p1, m
 // - An x, y or radius is NaN or above 1e150 in absolute value.
 // - The lattice would make more than 1e6 lines. Counted are the lines from the lowest height of the
 //   area, included, to the highest, not included; in a polygon the crossings with edges, by two.
-// - A line through the area has a |k| above 2^52, about 4.5e15.
+// - A corner, or the lowest or highest height of a circle, is above 2^52 spacings (about 4.5e15) in
+//   absolute height.
 // - Memory is exhausted.
 
 /// Hatches the circle of a centre and a radius. A radius of 0 or less gives 0.
@@ -361,9 +362,9 @@ VEXMATH_API int mg_cleanupPolarEdge(suDynamicArray<mgPoint_c> &edge, double tol)
 ///             |  1----'    '-->4---->5               |  1--'         '->4---->5
 ///             +-------------------------- angle      +-------------------------- angle
 ///
-///      radius |    2-----3-----4-----5               |    2-----3-----4
-///             |                                      |
-///             | 1           6                        | 1           6
+///      radius |    2-----3-----4-----5        radius |    2-----3
+///             |                      |               |          |
+///             | 1           6--------'               | 1        '--6
 ///             +-------------------------- angle      +-------------------------- angle
 ///      6 ends the edge; 4 and 5 are beyond it and are removed: 1, 2, 3, 6 are left
 ///
@@ -385,8 +386,8 @@ VEXMATH_API int mg_fixPolarConvolution(suDynamicArray<mgPoint_c> &edge, double t
 /// Replaces `order` by a short closed tour through all points: their indices in visiting order,
 /// from 0 on, in the direction in which the second index is lower than the last. The way back from
 /// the last point to the first belongs to the tour. Distances are in space. The points do not
-/// change. Up to three points, and points with NaN, infinite coordinates or distances that overflow
-/// (from about 1.3e154 on), give the order 0 to n - 1.
+/// change. Up to three points give the order 0 to n - 1. So do points with a NaN or infinite
+/// coordinate and points whose bounding box has a diagonal that overflows (from about 1.3e154 on).
 ///
 /// First the tour is built as n - 2, n - 1 and back. Each step inserts the point of the least
 /// detour between two neighbours. Of equal detours it takes the one at the earlier edge of the
@@ -415,15 +416,16 @@ VEXMATH_API void mg_ClosedTSP(suDynamicArray<mgPoint_c> &points, suDynamicArray<
 /// The rectangle of least area around a convex polygon of n points or, when byWidth is not 0, the
 /// one of least width. Returns 1 and writes four corners, counter-clockwise. The side from
 /// corners[0] to corners[1] lies along an edge of the polygon; byWidth makes the other side,
-/// corners[1] to corners[2], as short as possible. Of equal rectangles it is the one at the first
-/// edge that gives it, where edge i starts at point i.
+/// corners[1] to corners[2], as short as possible. Of rectangles of the same computed size it is
+/// the one at the first edge, where edge i joins point i and the next; rounding can make equal
+/// sizes differ.
 ///
-/// The polygon may run in either direction, repeat points and have points on its edges; `convexHull`
-/// makes one. Points on one line give a rectangle of width 0 along them, up to rounding; points that
-/// are all equal give four corners there. Edges shorter than about 1e-154 of the polygon's size have
-/// no direction. The points of a polygon that is not convex are all inside the rectangle, which need
-/// not be the least; points are outside by rounding at most. Corners along x and y have the exact
-/// coordinates.
+/// The polygon may run in either direction, repeat points and have points on its edges;
+/// `convexHull` makes one. Points on one line give a rectangle of width 0 along them, up to
+/// rounding. Points that are all equal give four corners there. Edges shorter than about 1e-154 of
+/// the polygon's size have no direction. A polygon that is not convex also gives a rectangle around
+/// all points, but not always the least. A point can lie outside by rounding. A rectangle with
+/// sides along x and y has the exact coordinates of the points.
 ///
 /// Returns 0, without writing, when n < 1 (polygon can then be null) or when a coordinate is NaN or
 /// above 1e150 in absolute value. `corners` may be in the polygon. Linear work, no allocation.

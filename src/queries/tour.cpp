@@ -114,9 +114,8 @@ private:
     }
     double &length(int place) { return lengths_[static_cast<std::size_t>(place)]; }
     int edges() const { return static_cast<int>(path_.size()) - 1; }
-    // Is the edge at a place the one at an end of the path? A closed path has no ends.
-    bool isFirst(int place) const { return !closed_ && place == 1; }
-    bool isLast(int place) const { return !closed_ && place == edges(); }
+    /// The place of the edge at the end of the path; 0, which no edge has, for a closed one.
+    int last() const { return closed_ ? 0 : edges(); }
     Candidate bestOfAll(mgPoint_c const &point) const;
     std::vector<Open>::iterator cheapest();
     void carryOut(int index, Candidate const &done);
@@ -141,13 +140,15 @@ Tour::Tour(mgPoint_c const *points, int n, std::vector<int> start)
 }
 
 Candidate Tour::bestOfAll(mgPoint_c const &point) const {
-    Candidate best{};
-    double toTail = dist(point, node(0));
-    for (int place = 1; place <= edges(); ++place) {
+    int const lastPlace = last();
+    double toTail = dist(point, node(1));
+    Candidate best =
+        evaluate(dist(point, node(0)), toTail, lengths_[1], 1, !closed_, lastPlace == 1);
+    for (int place = 2; place <= edges(); ++place) {
         double const toHead = dist(point, node(place));
         Candidate const here = evaluate(toTail, toHead, lengths_[static_cast<std::size_t>(place)],
-                                        place, isFirst(place), isLast(place));
-        if (place == 1 || here.value < best.value) best = here;
+                                        place, false, place == lastPlace);
+        if (here.value < best.value) best = here;
         toTail = toHead;
     }
     return best;
@@ -183,14 +184,14 @@ void Tour::follow(Candidate const &done) {
     mgPoint_c const head = node(place + 1);
     double const lengthBefore = length(place);
     double const lengthBehind = length(place + 1);
-    bool const first = isFirst(place);
-    bool const last = isLast(place + 1);
+    bool const isFirst = place == 1 && !closed_;
+    bool const isLast = place + 1 == last();
     for (Open &point : open_) {
         double const toMiddle = dist(point.at, middle);
         Candidate const before =
-            evaluate(dist(point.at, tail), toMiddle, lengthBefore, place, first, false);
+            evaluate(dist(point.at, tail), toMiddle, lengthBefore, place, isFirst, false);
         Candidate const behind =
-            evaluate(toMiddle, dist(point.at, head), lengthBehind, place + 1, false, last);
+            evaluate(toMiddle, dist(point.at, head), lengthBehind, place + 1, false, isLast);
         Candidate const &fresh = behind.value < before.value ? behind : before;
 
         Candidate &best = point.best;

@@ -113,7 +113,7 @@ double shortest(List const &p) {
     return least;
 }
 
-TEST(ClosedTour, AgreesWithTheRule) {
+TEST(ClosedTour, AgreesWithTheLiteralRule) {
     support::Random random;
     auto const check = [&random](int rounds, int mostPoints, auto point, support::Caller = {}) {
         for (int round = 0; round < rounds; ++round) {
