@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Compares what the examples print with their README.
+"""Compares what the examples print with their README and its picture.
 
 usage: examples_test.py EXAMPLES_FOLDER PROGRAM_FOLDER [unittest arguments]
 """
@@ -25,10 +25,13 @@ class ExamplesTest(unittest.TestCase):
     def test_each_prints_its_block_of_the_readme(self):
         readme = (SOURCES / 'README.md').read_text()
         blocks = dict(re.findall(r'^## (\w+)\n[^#]*?```text\n(.*?)```$', readme, re.M | re.S))
-        self.assertEqual(set(blocks), {f.stem for f in SOURCES.glob('*.cpp')})
+        self.assertEqual(set(blocks) | {'drawing'}, {f.stem for f in SOURCES.glob('*.cpp')})
         for name, expected in blocks.items():
             with self.subTest(name):
                 self.assertEqual(output_of(name), expected)
+
+    def test_drawing_is_the_picture_of_the_readme(self):
+        self.assertEqual(output_of('drawing'), (SOURCES / 'drawing.svg').read_text())
 
 
 if __name__ == '__main__':
