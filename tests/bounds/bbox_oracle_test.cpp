@@ -6,8 +6,7 @@
 
 namespace {
 
-using namespace support;
-using P = mgPoint_c;
+using namespace common;
 
 constexpr int kSteps = 300000;
 
@@ -42,7 +41,7 @@ struct LiteralBox {
     }
 
     double farthestSq() const {
-        mgVector_c const toHigh = high - centre, toLow = low - centre;
+        V const toHigh = high - centre, toLow = low - centre;
         P farthest;
         for (int i = 0; i < 3; ++i)
             farthest[i] = std::fabs(toHigh[i]) >= std::fabs(toLow[i]) ? toHigh[i] : toLow[i];
@@ -71,7 +70,7 @@ struct LiteralBox {
             if (p[i] < low[i]) low[i] = p[i];
             if (p[i] > high[i]) high[i] = p[i];
         }
-        mgVector_c const offset = p - centre;
+        V const offset = p - centre;
         double const newRadius = (radius + offset.len()) * 0.5;
         if (!(radius < newRadius)) return kEnclosed;
         centre = centre + offset * ((newRadius - radius) / offset.len());

@@ -1,16 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Parallelograms and boxes in any orientation.
 
-#include <vexmath/general_box.h>
-#include <vexmath/mg_queries.h>
-
 #include "bounds/boxes.h"
 
 namespace {
 
-using namespace support;
-using P = mgPoint_c;
-using U = mgUnitVector_c;
+using namespace common;
 
 static_assert(sizeof(mgParallelogram_c) == 88 && sizeof(mgGeneralBox_c) == 96);
 static_assert(std::is_trivially_copyable_v<mgGeneralBox_c>); // callers use memcpy
@@ -85,7 +80,7 @@ TEST(Parallelogram, TheFarCornerIsNeverTheHighPoint) {
 TEST(GeneralBox, WithoutALengthNothingIsWritten) {
     for (int k = 0; k < 9; ++k) {
         double const none[] = {0, -1, kNaN};
-        mgVector_c len(1, 1, 1);
+        V len(1, 1, 1);
         static_cast<double *>(len)[k % 3] = none[k / 3];
         mgGeneralBox_c const block(origin, xAxis, yAxis, len.x(), len.y(), len.z());
         mgParallelogram_c const flat(origin, xAxis, yAxis, len.x(), len.y());
@@ -142,7 +137,7 @@ TEST(GeneralBox, ProjectsAlongItsThirdDirection) {
         mgParallelogram_c plate;
         if ((d1 * d2).len() < 0.3 || std::fabs(d3 % plane.normal()) < 0.3) continue;
         ASSERT_TRUE(block.projectToPlane(plane, plate));
-        auto const share = random.triple<mgVector_c>(0.001, 0.999);
+        auto const share = random.triple<V>(0.001, 0.999);
         P const inside = corner + share.x() * d1 + 2 * share.y() * d2 + 3 * share.z() * d3;
         P shadow;
         mg_LineIntPlane(mgLine_c(inside, d3), plane, &shadow, nullptr);

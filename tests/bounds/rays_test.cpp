@@ -2,17 +2,11 @@
 // Boxes against lines and rays, their range along a line, the planar extent, and every operation of
 // boxes with hostile numbers.
 
-#include <vexmath/general_box.h>
-#include <vexmath/mg_bounds.h>
-#include <vexmath/plane.h>
-
 #include "bounds/boxes.h"
 
 namespace {
 
-using namespace support;
-using P = mgPoint_c;
-using U = mgUnitVector_c;
+using namespace common;
 
 mgBBox_c const box(P(), P(1, 2, 3));
 U const xAxis(1, 0, 0), none;
@@ -99,8 +93,8 @@ TEST(LimitRay, TheRangeSpansTheCornersOfUnsetBoxesToo) {
 }
 
 TEST(FindBBox, ThePlanarExtentIsTransformedAndGrown) {
-    mgXform_c const turn = mg_RotateXform(1.5707963267949, mgVector_c(0, 0, 1), 1e-9);
-    mgXform_c const placed = turn * mg_TranslateXform(mgVector_c(10, 0, 0));
+    mgXform_c const turn = mg_RotateXform(1.5707963267949, V(0, 0, 1), 1e-9);
+    mgXform_c const placed = turn * mg_TranslateXform(V(10, 0, 0));
     double const rows[][5] = {{0.5, 4.5, 1.5, 9.5, 4.5}, // growth and extent
                               {-1.5, 6.5, 3, 7.5, 3},    // too narrow in y: closed in the middle
                               {-100, 1, 1, -1, -1}};
@@ -114,13 +108,13 @@ TEST(FindBBox, ThePlanarExtentIsTransformedAndGrown) {
 TEST(Hostile, NoInputTrapsOrLeavesTheRangeOfResults) {
     Random random;
     for (int n = 0; n < 30000; ++n) {
-        auto const p = random.hostile<mgPoint_c>(), q = random.hostile<mgPoint_c>();
-        auto const dir = mgUnitVector_c(random.hostile<mgVector_c>(), 0);
-        auto const asRestored = random.hostile<mgUnitVector_c>();
+        auto const p = random.hostile<P>(), q = random.hostile<P>();
+        auto const dir = U(random.hostile<V>(), 0);
+        auto const asRestored = random.hostile<U>();
         auto const plane = random.hostile<mgPlane_c>();
         double const tol = random.hostile();
-        mgXform_c x(dir, asRestored, random.hostile<mgVector_c>()), placing;
-        mgPoint_c hit;
+        mgXform_c x(dir, asRestored, random.hostile<V>()), placing;
+        P hit;
         mgBBox_c const kinds[] = {cube(0, 1), {p, q}, {q, tol}, random.hostile<mgBBox_c>()};
         mgBBox_c const &a = kinds[random.below(4)], &b = kinds[random.below(4)];
         int const all = a.clash(plane, tol) | a.clash(&b, tol) | mgBBox_c::clash(a, x, b, placing)

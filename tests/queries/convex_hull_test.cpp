@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Planar hulls: the library against a literal version of its steps, and the changes of the input.
 
-#include "common/geometry.h"
-
-#include <vexmath/mg_queries.h>
-#include <vexmath/point2d.h>
-#include <vexmath/su_dynamic_array.h>
-
 #include <utility>
 #include <vector>
 
+#include "common/geometry.h"
+
 namespace {
+
+using namespace common;
 
 using Pair = std::pair<double, double>;
 using List = std::vector<Pair>;
@@ -79,7 +77,7 @@ List literalHull(List p) {
 }
 
 TEST(ConvexHull, AgreesWithItsStepsOnGridsAndScatteredPoints) {
-    support::Random random;
+    Random random;
     for (int round = 0; round < 20000; ++round) {
         List grid, scattered;
         int const side = 1 + random.below(8);
@@ -140,7 +138,7 @@ TEST(ConvexHull, ChangesNeitherArrayWhenTheHullCannotGrow) {
 }
 
 TEST(ConvexHull, EndsOnHostileValues) {
-    support::Random random;
+    Random random;
     for (int round = 0; round < 2000; ++round) {
         List list;
         for (int i = 0; i < 9; ++i) list.emplace_back(random.hostile(), random.hostile());

@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The dynamic array: its plain functions and its owner.
 
-#include <vexmath/dynamic_array.h>
-#include <vexmath/su_dynamic_array.h>
-
 #include <climits>
 #include <tuple>
 #include <type_traits>
 #include <utility>
 #include <vector>
 
-#include "common/numbers.h"
+#include "common/geometry.h"
 
 /// The C program of the same folder: 0, or the line where it found a fault.
 extern "C" int runPlainCallers(void);
@@ -20,6 +17,8 @@ extern "C" VEXMATH_SHARED_TEMPLATE char const *__asan_default_options();
 extern "C" char const *__asan_default_options() { return "allocator_may_return_null=1"; }
 
 namespace {
+
+using namespace common;
 
 enum { kLinear = 1, kProportional = 2 };
 
@@ -63,7 +62,7 @@ struct Array {
     void *data;
 };
 
-void CheckHeader(void *array, std::initializer_list<unsigned char> expected, support::Caller = {}) {
+void CheckHeader(void *array, std::initializer_list<unsigned char> expected, Caller = {}) {
     EXPECT_EQ(0, std::memcmp(expected.begin(), static_cast<char *>(array) - 16, 16));
 }
 
@@ -131,7 +130,7 @@ struct Model {
     }
 };
 
-void CheckSame(Model const &model, Array const &array, support::Caller = {}) {
+void CheckSame(Model const &model, Array const &array, Caller = {}) {
     amDynamicArrayHeader const &header = array.header();
     ASSERT_EQ(model.list, array.list());
     ASSERT_EQ(std::tuple(model.capacity, model.step, model.mode, model.keepFlag),
@@ -139,7 +138,7 @@ void CheckSame(Model const &model, Array const &array, support::Caller = {}) {
 }
 
 /// Adds, appends or inserts n elements, at times from the array's own slots, free ones included.
-void addSome(Model &model, Array &array, int at, int n, support::Random &random) {
+void addSome(Model &model, Array &array, int at, int n, Random &random) {
     int const count = model.count(), from = random.below(std::max(model.capacity - n, 0) + 1);
     bool const own = n <= model.capacity && random.below(3) == 0;
     for (int i = count; i < model.capacity; ++i) array.items()[i] = item(random.below(999));
@@ -205,7 +204,7 @@ void changeCapacity(Model &model, Array &array, int n, int kind) {
 }
 
 TEST(DynamicArray, EditsFollowTheirRules) {
-    support::Random random;
+    Random random;
     for (int round = 0; round < 20000; ++round) {
         Model model{{}, random.below(10), random.below(8), 1 + random.below(3), random.below(2)};
         Array array(0, model.capacity, model.step, kLinear);

@@ -5,8 +5,7 @@
 
 namespace {
 
-using namespace support;
-using P = mgPoint_c;
+using namespace common;
 
 Polyline polylineOf(ellipseEdgeData const &ellipse, double tol, P const *start = nullptr,
                     P const *end = nullptr) {

@@ -5,8 +5,7 @@
 
 namespace {
 
-using namespace support;
-using P = mgPoint_c;
+using namespace common;
 
 Polyline polylineOf(parabolaEdgeData const &parabola, double tol = 0.01) {
     return outputOf([&](auto &&...out) { mg_TessParabola(&parabola, tol, out...); });

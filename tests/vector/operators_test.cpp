@@ -2,9 +2,7 @@
 // Which operators points and vectors have. Nothing runs here: all is decided by the compiler, in
 // C++17, 20 and 23, of which the newer ones also try the operands of a comparison in reverse.
 
-#include <vexmath/mg_vector.h>
-#include <vexmath/point2d.h>
-#include <vexmath/vector4.h>
+#include <vexmath/vexmath.h>
 
 #include <algorithm>
 #include <functional>
@@ -108,5 +106,18 @@ static_assert(!becomes<V, U> && !becomes<P, U>); // a direction is asked for by 
         points == std::vector<P>(2, p) && maybe == v && std::pair(p, v) != std::pair(q, v);
     return equal && unequal && nested && std::find(points.begin(), points.end(), p) != points.end();
 }
+template <class... A>
+bool compareEach(A const &...a) {
+    return (... && (a == a));
+}
+template bool compareEach(mgBBox_c const &, mgMatrix_c const &, mgMatrix4_c const &,
+                          mgQuaternion_c const &, mgPerspInfo_c const &, mgModelPerspInfo_c const &,
+                          uoSelectType_c const &, uoSelectConstraint_c const &);
+template <class A>
+bool differ(A const &a) {
+    return a != a;
+}
+template bool differ(uoSelectType_c const &);
+template bool differ(uoSelectConstraint_c const &);
 
 } // namespace
