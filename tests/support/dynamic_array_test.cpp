@@ -26,7 +26,7 @@ struct Item {
     int a, b, c;
 };
 
-bool operator==(Item const &l, Item const &r) { return l.a == r.a && l.b == r.b && l.c == r.c; }
+bool operator==(Item const &l, Item const &r) { return std::memcmp(&l, &r, sizeof l) == 0; }
 
 Item item(int i) { return {i, 10 * i, -i}; }
 
@@ -62,19 +62,17 @@ struct Array {
     void *data;
 };
 
-void CheckHeader(void *array, std::initializer_list<unsigned char> expected, Caller = {}) {
-    EXPECT_EQ(0, std::memcmp(expected.begin(), static_cast<char *>(array) - 16, 16));
-}
-
 TEST(DynamicArray, HeaderLiesInFrontOfElementZero) {
     void *const array = suDynArrayAllocSpecial(8, 40000, kProportional, 24);
-    CheckHeader(array, {8, 0, 0, 0, 8, 0, 0, 0, 24, 0, 0xFF, 0x7F, 2, 0, 0, 0});
+    unsigned char expected[] = {8, 0, 0, 0, 8, 0, 0, 0, 24, 0, 0xFF, 0x7F, 2, 0, 0, 0};
+    EXPECT_EQ(0, std::memcmp(expected, &headerOf(array), 16));
     int step = 0, mode = 0, size = 0;
     suDynamicGetStats(array, &step, &mode, &size);
     EXPECT_EQ(std::tuple(32767, 2, 24), std::tuple(step, mode, size));
     headerOf(array).keepFlag = 7;
     void *const like = suDynArrayAlloc1(0, array);
-    CheckHeader(like, {0, 0, 0, 0, 0, 0, 0, 0, 24, 0, 0xFF, 0x7F, 2, 0, 0, 0});
+    expected[0] = expected[4] = 0;
+    EXPECT_EQ(0, std::memcmp(expected, &headerOf(like), 16));
     EXPECT_FALSE(suDynArrayAlloc1(-1, array));
     EXPECT_FALSE(suDynArrayAlloc1(3, nullptr));
     amDynamicArrayFree(array); // kept
@@ -107,10 +105,7 @@ struct Model {
     int capacity, step, mode, keepFlag;
 
     int count() const { return static_cast<int>(list.size()); }
-    void setCapacity(int slots) {
-        capacity = slots;
-        keepFlag = 0;
-    }
+    void setCapacity(int slots) { capacity = slots, keepFlag = 0; }
 
     /// Slots for n more elements; false when the rule refuses to make them.
     bool makeRoom(Edit edit, int n) {
@@ -153,10 +148,9 @@ void addSome(Model &model, Array &array, int at, int n, Random &random) {
     } else if (kind == kAppend) {
         Array other(0, n, 1, kLinear);
         for (Item const &element : elements) other.add(element);
-        bool const itself = n == count;
-        bool const done = model.insert(kAppend, count, itself ? Items(model.list) : elements);
-        ASSERT_EQ(done,
-                  array.take(amDynamicArrayAppend(array.data, itself ? array.data : other.data)));
+        void *const added = n == count ? array.data : other.data; // the array itself, too
+        bool const done = model.insert(kAppend, count, n == count ? Items(model.list) : elements);
+        ASSERT_EQ(done, array.take(amDynamicArrayAppend(array.data, added)));
     } else {
         bool const done = model.insert(kInsert, at, elements);
         ASSERT_EQ(done, array.take(amDynamicArrayInsertAt(array.data, at, source, n)));
@@ -248,9 +242,8 @@ TEST(DynamicArray, LargeProportionalGrowthFallsBackToTheLargestStep) {
     array.header().growMode = 32767;
     ASSERT_TRUE(array.add(item(1)));
     amDynamicArrayHeader &header = array.header();
-    EXPECT_EQ(70000 + 32767, header.capacity);
-    EXPECT_EQ(kLinear, header.growMode);
-    EXPECT_EQ(32767, header.growStep);
+    EXPECT_EQ(std::tuple(70000 + 32767, kLinear, 32767),
+              std::tuple(header.capacity, header.growMode, header.growStep));
     EXPECT_EQ(item(1), array.items()[70000]);
     // 40000 more would not fit then: refused.
     header.growMode = 32767;
@@ -296,9 +289,8 @@ static_assert(sizeof(suDynamicArray<int>) == 2 * sizeof(void *));
 
 TEST(DynamicArrayOwner, AddCreatesGrowsAndNotifies) {
     Watched list;
-    for (int i = 0; i < 1000; ++i) {
-        EXPECT_EQ(
-            i, list.Add(i < 8 ? item(i) : list[i - 8])); // from 8 on an element of the list itself
+    for (int i = 0; i < 1000; ++i) { // from 8 on the elements of the list itself
+        EXPECT_EQ(i, list.Add(i < 8 ? item(i) : list[i - 8]));
         EXPECT_EQ(Change(i, i), list.change);
         EXPECT_EQ(i < 8 ? 8 : (i + 8) / 16 * 16 + 8, headerOf(list.Data()).capacity);
     }

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A host's archive: bytes in memory, no standard stream anywhere, and the base a mere alias.
 
-#ifndef SEAM_PLATFORM_ARCHIVE_H
-#define SEAM_PLATFORM_ARCHIVE_H
+#pragma once
 
 #include <cstddef>
 #include <cstring>
@@ -47,5 +46,3 @@ private:
 
 using CArchive = host::Document;
 using su_CArchive = host::BinaryDocument;
-
-#endif
