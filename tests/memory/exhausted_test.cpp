@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <memory>
 #include <numeric>
 #include <sstream>
 #include <vector>
@@ -94,21 +95,27 @@ void CheckEdit(char const *what, int count, int mode, int n, void *(*edit)(void 
     });
 }
 
-TEST(Exhausted, AnArrayIsNotMadeOrIsUntouched) {
-    CheckEach("make", [](Trial &trial) {
-        Ints const model = numbers(0, 9);
-        void *made[4] = {};
-        trial.run([&] {
-            made[0] = suDynArrayAlloc(9, 4, 1, 4);
-            made[1] = suDynArrayAllocSpecial(9, 4, 1, 4);
-            made[2] = suDynArrayAlloc1(9, model.Data());
-            made[3] = amDynamicArrayCopy(model.Data(), 1);
-        });
-        for (void *const array : made) {
-            EXPECT_TRUE(array != nullptr || trial.refused);
-            if (array != nullptr) amDynamicArrayFree(array);
-        }
+/// `make` returns the owner of a new object, or of null when a request was refused.
+template <class Make>
+void CheckMade(char const *what, Make const &make) {
+    CheckEach(what, [&](Trial &trial) {
+        decltype(make()) made;
+        trial.run([&] { made = make(); });
+        EXPECT_TRUE(made != nullptr || trial.refused);
     });
+}
+
+struct FreeArray {
+    void operator()(void *array) const { amDynamicArrayFree(array); }
+};
+using Array = std::unique_ptr<void, FreeArray>;
+
+TEST(Exhausted, AnArrayIsNotMadeOrIsUntouched) {
+    Ints const model = numbers(0, 9);
+    CheckMade("alloc", [] { return Array(suDynArrayAlloc(9, 4, 1, 4)); });
+    CheckMade("special", [] { return Array(suDynArrayAllocSpecial(9, 4, 1, 4)); });
+    CheckMade("like", [&] { return Array(suDynArrayAlloc1(9, model.Data())); });
+    CheckMade("copy", [&] { return Array(amDynamicArrayCopy(model.Data(), 1)); });
     CheckEdit("add", 9, 1, 1, amDynamicArrayAdd);
     CheckEdit("add to many", 40000, 2, 1, amDynamicArrayAdd);
     CheckEdit("append", 40000, 2, 30000, amDynamicArrayAppend);
@@ -335,15 +342,11 @@ TEST(Exhausted, OnlyTheCopyOfARecordThrows) {
 
 TEST(Exhausted, AGeneralTransformIsMadeOrSetWholeOrNotAtAll) {
     double const factors[] = {2.0, 3.0, 4.0};
-    CheckEach("create", [&](Trial &trial) {
-        mgXform_c const view = viewWithARecord();
-        mgGenXform_c *made = nullptr;
-        trial.run([&] { made = mgGenXform_c::create(&view, &view, factors); });
-        EXPECT_TRUE(made != nullptr || trial.refused);
-        delete made;
+    mgXform_c const view = viewWithARecord();
+    CheckMade("create", [&] {
+        return std::unique_ptr<mgGenXform_c>(mgGenXform_c::create(&view, &view, factors));
     });
     CheckEach("set", [&](Trial &trial) {
-        mgXform_c const view = viewWithARecord();
         mgGenXform_c general;
         bool done = false;
         trial.throws([&] { done = general.set(&view, factors) != 0; });
@@ -351,12 +354,7 @@ TEST(Exhausted, AGeneralTransformIsMadeOrSetWholeOrNotAtAll) {
         EXPECT_EQ(done, general.isScaleIdentity() == 0);
         EXPECT_EQ(done, general.getBodyXform().hasPerspective() != 0);
     });
-    CheckEach("direction", [](Trial &trial) {
-        U *made = nullptr;
-        trial.run([&] { made = U::random(); });
-        EXPECT_TRUE(made != nullptr || trial.refused);
-        delete made;
-    });
+    CheckMade("direction", [] { return std::unique_ptr<U>(U::random()); });
 }
 
 TEST(Exhausted, ATextIsEmptyAndAnArchiveThrows) {
@@ -373,10 +371,9 @@ TEST(Exhausted, ATextIsEmptyAndAnArchiveThrows) {
             mgBBox_c().dump();
             P().Dump(context);
         });
-        int const lengths[] = {600, 31, 11};
         for (int i = 0; i < 3; ++i) {
-            int const length = texts[i].GetLength();
-            EXPECT_TRUE(length == lengths[i] || (length == 0 && trial.refused));
+            int const length = texts[i].GetLength(), whole[] = {600, 31, 11};
+            EXPECT_TRUE(length == whole[i] || (length == 0 && trial.refused));
         }
     });
     CheckEach("archive that ends", [](Trial &trial) {

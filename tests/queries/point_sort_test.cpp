@@ -16,10 +16,7 @@ using List = std::vector<P>;
 bool less(P const &a, P const &b) { return a.isLessThan(b, -1.0) != 0; }
 
 /// For finite points: not the same.
-bool apart(P const &a, P const &b) {
-    return std::fabs(a.x() - b.x()) >= 1e-8 || std::fabs(a.y() - b.y()) >= 1e-8
-           || std::fabs(a.z() - b.z()) >= 1e-8;
-}
+bool apart(P const &a, P const &b) { return gap(a, b) >= 1e-8; }
 
 /// The steps, one by one: recursion sorts the left side, and the loop goes on with the right one.
 void literalSort(P *p, int first, int last) {
@@ -43,12 +40,8 @@ void literalSort(P *p, int first, int last) {
         literalSort(p, first, k - 1);
         first = k + 1;
     }
-    for (int i = first; i < last; ++i) { // selection
-        int least = i;
-        for (int j = i + 1; j <= last; ++j)
-            if (less(p[j], p[least])) least = j;
-        if (least != i) std::swap(p[i], p[least]);
-    }
+    for (int i = first; i < last; ++i) // selection
+        std::swap(p[i], *std::min_element(p + i, p + last + 1, less));
 }
 
 /// Sorts by indices from -origin on.

@@ -35,17 +35,9 @@ Order literalTour(List const &list) {
                 if (!(chosen == left.end() || cost < best || (last && d4 < best)
                       || (first && d5 < best)))
                     continue;
-                best = cost;
-                chosen = c;
-                place = k;
-                if (last && d4 < best) {
-                    best = d4;
-                    place = k + 1;
-                }
-                if (first && d5 < best) {
-                    best = d5;
-                    place = k - 1;
-                }
+                best = cost, chosen = c, place = k;
+                if (last && d4 < best) best = d4, place = k + 1;
+                if (first && d5 < best) best = d5, place = k - 1;
             }
         }
         tour.insert(place, *chosen);

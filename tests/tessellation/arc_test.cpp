@@ -95,9 +95,7 @@ TEST(TessArc, TakesItsEndsFromTheListItAppendsTo) {
 }
 
 TEST(TessArc, EndsOnHostileValues) {
-    Random random;
-    for (int round = 0; round < 5000; ++round) {
-        P const start = random.hostile<P>(), end = random.hostile<P>();
-        polylineOf(random.hostile<arcEdgeData>(), start, end, random.hostile());
-    }
+    Random r;
+    for (int round = 0; round < 5000; ++round)
+        polylineOf(r.hostile<arcEdgeData>(), r.hostile<P>(), r.hostile<P>(), r.hostile());
 }

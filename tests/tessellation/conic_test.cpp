@@ -122,9 +122,8 @@ TEST(TessBConic, EndsWhereNumbersAreTooCoarseToBecomeStraight) {
     for (P *p : {&conic.vertex, &conic.focus, &conic.start, &conic.end}) p->set_x(p->x() + 1e15);
     EXPECT_LT(polylineOf(conic).size(), 5000u);
     // A needle with its tip at the origin, computed from numbers of size 3000 that cancel.
-    parabolaEdgeData const needle{{0, 3e3, 0},     {},       {}, {-0.01, -3e3, 0},
-                                  {0.01, -3e3, 0}, {0, 0, 1}};
-    int const segments = segmentsOf(polylineOf(needle));
+    P const start(-0.01, -3e3, 0), end(0.01, -3e3, 0);
+    int const segments = segmentsOf(polylineOf({{0, 3e3, 0}, {}, {}, start, end, {0, 0, 1}}));
     EXPECT_TRUE(500 < segments && segments < 5000) << segments;
     Random random;
     for (int round = 0; round < 5000; ++round) {

@@ -35,8 +35,8 @@ Polyline outputOf(Call call) {
     }
     Polyline const points(array, array + count + 1);
     delete[] array;
-    EXPECT_TRUE(
-        areSame(points, {list.Data() + list.Count() - count - 1, list.Data() + list.Count()}));
+    P const *const end = list.Data() + list.Count();
+    EXPECT_TRUE(areSame(points, {end - count - 1, end}));
     return points;
 }
 
