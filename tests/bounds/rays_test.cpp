@@ -106,36 +106,33 @@ TEST(FindBBox, ThePlanarExtentIsTransformedAndGrown) {
 }
 
 TEST(Hostile, NoInputTrapsOrLeavesTheRangeOfResults) {
+    Hostile h;
     Random random;
     for (int n = 0; n < 30000; ++n) {
-        auto const p = random.hostile<P>(), q = random.hostile<P>();
-        auto const dir = U(random.hostile<V>(), 0);
-        auto const asRestored = random.hostile<U>();
-        auto const plane = random.hostile<mgPlane_c>();
-        double const tol = random.hostile();
-        mgXform_c x(dir, asRestored, random.hostile<V>()), placing;
+        auto const p = h.any<P>(), q = h.any<P>();
+        auto const x = h.any<mgXform_c>();
+        mgXform_c placing;
         P hit;
-        mgBBox_c const kinds[] = {cube(0, 1), {p, q}, {q, tol}, random.hostile<mgBBox_c>()};
+        mgBBox_c const kinds[] = {cube(0, 1), {p, q}, {q, h.any<double>()}, h.any<mgBBox_c>()};
         mgBBox_c const &a = kinds[random.below(4)], &b = kinds[random.below(4)];
-        int const all = a.clash(plane, tol) | a.clash(&b, tol) | mgBBox_c::clash(a, x, b, placing)
-                        | mgBBox_c::clash(a, x, b, x) | a.containsBBox(&b, tol)
-                        | a.containsPoint(p, tol) | a.containsPoint(p, tol, random.below(3))
-                        | a.clashLine(&p, &q) | a.clashLine(&p, &q, tol) | a.sphereHitByRay(p, dir)
-                        | a.sphereHitByRay2(p, asRestored, tol) | a.isRayHit(p, dir)
-                        | a.isRayHit(p, asRestored) | a.getFirstRayHit(p, dir, &hit)
-                        | a.isSame(b, tol) | a.getFirstRayHit(p, asRestored, &hit);
+        int const all =
+            a.clash(h.any<mgPlane_c>(), h) | a.clash(&b, h) | mgBBox_c::clash(a, x, b, placing)
+            | mgBBox_c::clash(a, x, b, x) | a.containsBBox(&b, h) | a.containsPoint(p, h)
+            | a.containsPoint(p, h, random.below(3)) | a.clashLine(&p, &q) | a.clashLine(&p, &q, h)
+            | a.sphereHitByRay(p, h) | a.sphereHitByRay2(p, h, h) | a.isRayHit(p, h)
+            | a.getFirstRayHit(p, h, &hit) | a.isSame(b, h);
         ASSERT_EQ(all & ~1, 0);
         mgBBox_c changed = a;
-        ((changed *= x) &= b) *= tol;
+        ((changed *= x) &= b) *= h.any<double>();
         double extent[4];
-        a.limitRay(p, asRestored, &extent[0], &extent[1]);
-        mg_FindBBox(p, q, x, extent, tol);
-        auto plate = random.hostile<mgParallelogram_c>();
+        a.limitRay(p, h, &extent[0], &extent[1]);
+        mg_FindBBox(p, q, x, extent, h);
+        auto plate = h.any<mgParallelogram_c>();
         plate.isPointInside(p);
-        plate.getExtremPts(dir, hit, hit);
-        auto const block = random.hostile<mgGeneralBox_c>();
+        plate.getExtremPts(h, hit, hit);
+        auto const block = h.any<mgGeneralBox_c>();
         block.getBBoxAndXform(changed, placing);
-        block.projectToPlane(plane, plate);
+        block.projectToPlane(h, plate);
     }
 }
 

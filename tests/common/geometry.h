@@ -50,8 +50,8 @@ inline ::testing::AssertionResult bitsEqual(char const *aText, char const *bText
 }
 
 /// A transform of exactly these fields, including those that a copy would repair.
-inline mgXform_c raw(mgMatrix_c const &rotation, V const &translation = {},
-                     double scale = 1.0, int reflection = 0) {
+inline mgXform_c raw(mgMatrix_c const &rotation, V const &translation = {}, double scale = 1.0,
+                     int reflection = 0) {
     mgXform_c x;
     x.SetHelper({rotation, translation, scale, reflection, nullptr});
     return x; // constructed in place, not copied
@@ -60,7 +60,7 @@ inline mgXform_c raw(mgMatrix_c const &rotation, V const &translation = {},
 /// The text form of a box or a transform.
 template <class T>
 std::wstring textOf(T const &object) {
-        CString text(L"old");
+    CString text(L"old");
     object.saveStringRep(text);
     return static_cast<wchar_t const *>(text);
 }
@@ -71,6 +71,40 @@ inline U direction(Random &random) {
         if (v.sqlen() > 0.01) return mg_Normalise(v);
     }
 }
+
+/// Converts to an argument of any type. Its numbers are hostile, different ones each time.
+class Hostile {
+public:
+    template <class T>
+    operator T() {
+        return random_.hostile<T>();
+    }
+    /// Normalised, or as restored from a document.
+    operator U() {
+        auto const u = random_.hostile<U>();
+        return random_.below(2) != 0 ? u : U(V(u), 0);
+    }
+    operator mgXform_c() {
+        mgXform_c x(U(*this), U(*this), random_.hostile<V>());
+        mgPerspInfo_c info(*this, *this, *this, *this);
+        info.setCameraFOVPlaneDistance(*this);
+        if (random_.below(2) != 0) x.addPerspectiveInfo(info);
+        return x;
+    }
+    operator mgCone_c() { return {*this, *this, *this, *this}; }
+    operator CPoint() { return {pixel(), pixel()}; }
+
+    /// The same by name, where several types would do.
+    template <class T>
+    T any() {
+        return *this;
+    }
+
+private:
+    int pixel() { return static_cast<int>(random_.uniform(-0x1p31, 0x1p31)); }
+
+    Random random_;
+};
 
 /// Rotation, scale and translation of everyday sizes.
 inline mgXform_c placement(Random &random) {
