@@ -110,14 +110,11 @@ template <class... A>
 bool compareEach(A const &...a) {
     return (... && (a == a));
 }
-template bool compareEach(mgBBox_c const &, mgMatrix_c const &, mgMatrix4_c const &,
-                          mgQuaternion_c const &, mgPerspInfo_c const &, mgModelPerspInfo_c const &,
-                          uoSelectType_c const &, uoSelectConstraint_c const &);
-template <class A>
-bool differ(A const &a) {
-    return a != a;
+[[maybe_unused]] bool compareOthers(uoSelectType_c const &types,
+                                    uoSelectConstraint_c const &rules) {
+    return compareEach(mgBBox_c(), mgMatrix_c(), mgMatrix4_c(), mgQuaternion_c(), mgPerspInfo_c(),
+                       mgModelPerspInfo_c(), types, rules)
+           && types != types && rules != rules;
 }
-template bool differ(uoSelectType_c const &);
-template bool differ(uoSelectConstraint_c const &);
 
 } // namespace
