@@ -75,7 +75,7 @@ inline U direction(Random &random) {
 /// Converts to an argument of any type. Its numbers are hostile, different ones each time.
 class Hostile {
 public:
-    template <class T>
+    template <class T, class = std::enable_if_t<!std::is_pointer_v<T>>>
     operator T() {
         return random_.hostile<T>();
     }
@@ -85,7 +85,7 @@ public:
         return random_.below(2) != 0 ? u : U(V(u), 0);
     }
     operator mgXform_c() {
-        mgXform_c x(U(*this), U(*this), random_.hostile<V>());
+        mgXform_c x(any<U>(), any<U>(), random_.hostile<V>());
         mgPerspInfo_c info(*this, *this, *this, *this);
         info.setCameraFOVPlaneDistance(*this);
         if (random_.below(2) != 0) x.addPerspectiveInfo(info);

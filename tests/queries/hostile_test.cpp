@@ -53,7 +53,7 @@ TEST(Hostile, NothingTrapsAndEveryResultIsOfItsEnumeration) {
             {1, a.any<mgPlane_c>().isEquivalent(a.any<mgPlane_c>())},
             {1, a.any<mgPlane_c>().cutLineSegment(a, a, a)},
             {1, interLine(a.any<mgPlane_c>(), a.any<mgPlane_c>(), &p, &u)},
-            {1, (getBaricentricCoordinates(a, a, triangle, p, flag), flag)},
+            {1, (getBaricentricCoordinates(a, a.any<P>(), triangle, p, flag), flag)},
             {1, a.any<mgCone_c>().pointPerp(a, &p)},
             {1, mgCylinder_c(a, a, a).pointPerp(a, &p)},
         };
