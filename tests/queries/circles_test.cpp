@@ -7,7 +7,6 @@ namespace {
 
 using namespace common;
 
-
 void CheckLine(mgLineCircleIntType_e type, double height, P const &first, P const &second,
                Caller = {}) {
     P const p(-9, height, 0);

@@ -9,7 +9,6 @@ namespace {
 
 using namespace common;
 
-
 void CheckPolyline(int straight, P const &start, P const &end, std::vector<P> points, Caller = {}) {
     P s = untouched, e = untouched;
     int const n = static_cast<int>(points.size());
