@@ -34,6 +34,10 @@ VEXMATH_AVX2_STEP void store(Wide v, double *p) {
     _mm_store_sd(p + 2, _mm256_extractf128_pd(v, 1));
 }
 
+VEXMATH_AVX2_STEP __m128d lowHalf(Wide v) { return _mm256_castpd256_pd128(v); }
+VEXMATH_AVX2_STEP __m128d highHalf(Wide v) { return _mm256_extractf128_pd(v, 1); }
+VEXMATH_AVX2_STEP Wide lane0ToAll(__m128d v) { return _mm256_broadcastsd_pd(v); }
+
 VEXMATH_AVX2_STEP double lane0(Wide v) { return _mm256_cvtsd_f64(v); }
 VEXMATH_AVX2_STEP double lane1(Wide v) {
     __m128d const low = _mm256_castpd256_pd128(v);

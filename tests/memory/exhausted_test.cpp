@@ -265,7 +265,7 @@ TEST(Exhausted, OnlyTheCopyOfARecordThrows) {
     CheckEach("record", [&](Trial &trial) {
         mgXform_c const view = viewWithARecord();
         mgXform_c const old = support::raw({}, {7.0, 8.0, 9.0}, 4.0, 1);
-        mgXform_c made[6] = {old, old, old, old, old, old};
+        mgXform_c made[12] = {old, old, old, old, old, old, old, old, old, old, old, old};
         bool const threw = trial.throws([&] {
             mgXform_c const copy(view), before = copy * view, behind = view * before;
             made[0] = view;
@@ -274,6 +274,8 @@ TEST(Exhausted, OnlyTheCopyOfARecordThrows) {
             made[3].iCopyPerspectiveInfo(view);
             made[4] = mg_ZoomToPosition(o, o, o, mg_ScaleXform(view, 3.0), 2.0);
             made[5] = mg_ZoomBoxToBox({}, {}, o, o, mgGenXform_c(mgGenXform_c(view)), 2.0);
+            mg_MultiplyXforms(made + 6, 5, view);
+            mg_MultiplyXforms(made + 11, 1, &view);
         });
         EXPECT_EQ(threw, trial.refused);
         for (mgXform_c const &x : made) { // done or untouched

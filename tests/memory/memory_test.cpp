@@ -37,6 +37,7 @@ static_assert(holdsDoubles<mgArc_c>(26) && holdsDoubles<suDynamicArray<int>>(2))
 struct Scene {
     support::Random random;
     mgXform_c a = support::placement(random), b = support::placement(random), out, view;
+    mgXform_c placements[6];
     mgPoint_c points[21], p, q;
     mgUnitVector_c u = support::direction(random), axes[3];
     mgLine_c line{points[0], u};
@@ -65,6 +66,10 @@ TEST(Memory, NothingIsAllocatedForAPointAPlacementOrAPair) {
     check("transform all", [&] { mg_TransformPoints(s.points, 21, s.a); });
     check("bound all", [&] { mg_BoundPoints(s.points, 21, s.grown); });
     check("union", [&] { (s.grown |= s.points[3]) |= s.box; });
+    check("multiply all", [&] {
+        mg_MultiplyXforms(s.placements, 6, s.a);
+        mg_MultiplyXforms(s.placements, 6, s.placements);
+    });
     check("compose", [&] { s.out = s.a * s.b.inverse(); });
     check("clash", [&] { s.answer = mgBBox_c::clash(s.box, s.a, s.grown, s.b); });
     check("ray and box", [&] { s.answer = s.box.getFirstRayHit(s.points[0], s.u, &s.p); });

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Arrays of points, compared with the loop over the single operation; SIMD, compared with
-// the plain steps.
+// Arrays of points and of transforms, compared with the loop over the single operation; SIMD,
+// compared with the plain steps.
 
 #include <vexmath/bbox.h>
 #include <vexmath/bulk.h>
@@ -50,6 +50,60 @@ TEST(Bulk, TransformedPointsAreThoseOfTheLoopToTheBit) {
     mg_SetUseVectorUnits(1);
 }
 
+void CheckProducts(std::vector<mgXform_c> const &expected, std::vector<mgXform_c> const &actual,
+                   int round, support::Caller = {}) {
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        ASSERT_BITS_EQ(expected[i], actual[i]) << "transform " << i << ", round " << round;
+        ASSERT_EQ(expected[i].hasPerspective(), actual[i].hasPerspective()) << i;
+    }
+}
+
+TEST(Bulk, MultipliedTransformsAreThoseOfTheLoopToTheBit) {
+    support::Random random;
+    for (int round = 0; round < 6000; ++round) {
+        // Of most groups of four, none or one is unusual.
+        int const usual = random.below(3) == 0 ? 1 : 12;
+        auto const fill = [&](mgXform_c &x) {
+            mgXform_c const any =
+                random.below(usual) == 0 ? anyTransform(random) : support::placement(random);
+            x.SetHelper(any.GetHelper()); // an assignment would correct the fields
+            if (any.hasPerspective()) x.iCopyPerspectiveInfo(any);
+            if (random.below(usual) == 0) x.setReflection(random.below(4) - 1);
+        };
+        auto const raised = [](std::vector<mgXform_c> &all, auto const &factor) {
+            for (std::size_t i = 0; i < all.size(); ++i) all[i] *= factor(i);
+        };
+        auto const n = static_cast<std::size_t>(random.below(12));
+        std::vector<mgXform_c> loop[3], array[3], factors(n + 1);
+        for (mgXform_c &x : factors) fill(x);
+        for (int form = 0; form < 3; ++form) {
+            loop[form].resize(n);
+            array[form].resize(n);
+            for (std::size_t i = 0; i < n; ++i) {
+                fill(loop[form][i]);
+                array[form][i].SetHelper(loop[form][i].GetHelper());
+                if (loop[form][i].hasPerspective())
+                    array[form][i].iCopyPerspectiveInfo(loop[form][i]);
+            }
+        }
+        if (n > 0) factors[0] = loop[1][0].inverse(); // a product that is the identity
+        raised(
+            loop[0], [&](std::size_t) -> auto & { return factors[n]; });
+        raised(
+            loop[1], [&](std::size_t i) -> auto & { return factors[i]; });
+        raised(
+            loop[2], [&](std::size_t i) -> auto & { return loop[2][i]; });
+        mg_SetUseVectorUnits(round % 4);
+        int const count = static_cast<int>(n);
+        mg_MultiplyXforms(array[0].data(), count, factors[n]);
+        mg_MultiplyXforms(array[1].data(), count, factors.data());
+        mg_MultiplyXforms(array[2].data(), count, array[2].data());
+        for (int form = 0; form < 3; ++form) CheckProducts(loop[form], array[form], round);
+        if (HasFatalFailure()) break;
+    }
+    mg_SetUseVectorUnits(1);
+}
+
 TEST(Simd, ChangeNoProductInverseOrClash) {
     support::Random random;
     int clashes = 0;
@@ -79,6 +133,8 @@ TEST(Simd, ChangeNoProductInverseOrClash) {
 TEST(Bulk, EmptyListsMayBeNull) {
     for (int const count : {0, -1, -5}) {
         mg_TransformPoints(nullptr, count, mgXform_c());
+        mg_MultiplyXforms(nullptr, count, mgXform_c());
+        mg_MultiplyXforms(nullptr, count, nullptr);
         mg_TransformPoints(nullptr, count, mg_RotateXform(1.0, mgVector_c(0.0, 0.0, 1.0), 0.0));
     }
 }
