@@ -103,6 +103,15 @@ void placements(Numbers &in) {
     for (std::string const suffix : {"", ", plain"}) {
         mg_SetUseVectorUnits(suffix.empty());
         countEach("compose" + suffix, [&](std::size_t i) { return all[i] * all[i + 1]; });
+        std::vector<mgXform_c> products = all;
+        countEach(
+            "compose in place" + suffix, [&](std::size_t i) -> auto & {
+                return products[i] *= all[i + 1];
+            });
+        count("compose array" + suffix, kItems,
+              [&] { mg_MultiplyXforms(products.data(), kItems, all[0]); });
+        count("compose arrays" + suffix, kItems,
+              [&] { mg_MultiplyXforms(products.data(), kItems, all.data()); });
         countEach("inverse" + suffix, [&](std::size_t i) { return all[i].inverse(); });
         countEach("placed clash" + suffix, [&](std::size_t i) {
             return mgBBox_c::clash(boxes[i], all[i], boxes[i + 1], all[i + 1]);

@@ -51,22 +51,23 @@ struct WideForm {
         WideRows const rows = {times(left, right), times(left + 3, right), times(left + 6, right)};
         Wide t = fields.translation();
         if (a.translation().isNotNull()) {
-            double const scale = scales(b.scaling()) ? b.scaling() : 1.0;
-            t = times(&a.translation()[0], right) * all(scale) + t;
+            Wide moved = times(&a.translation()[0], right);
+            if (scales(b.scaling())) moved = moved * all(b.scaling());
+            t = moved + t;
         }
-        return finished(rows, t);
+        return {orthonormalisedProduct(rows), t};
     }
 
     /// The inverse, given the scale of the inverse. REQUIRES that x rotates.
     VEXMATH_AVX2_STEP static WideForm ofInverse(mgXform_c const &x, double scale) {
         WideFields const fields = WideFields::of(x);
-        WideForm form = finished(transposed(fields.rows()), all(0.0));
+        WideForm form{orthonormalised(transposed(fields.rows())), all(0.0)};
         if (x.translation().isNotNull())
             form.translation = times(opposite(fields.translation()), form.rows) * all(scale);
         return form;
     }
 
-    /// Writes the rotation, its flag as clear, the translation and the scale.
+    /// Writes rotation, translation and scale. Clears the flag and its padding.
     VEXMATH_AVX2_STEP void store(double scale, mgXform_c &x) const {
         auto *const p = reinterpret_cast<double *>(&x);
         Wide const r1 = _mm256_permute4x64_pd(rows.r1, 0b00101001); // y z z x
@@ -77,21 +78,19 @@ struct WideForm {
         _mm_storeu_pd(p + 12, _mm_unpacklo_pd(highHalf(translation), _mm_set_sd(scale)));
     }
 
-    WideRows rows;
-    Wide translation;
-    bool isDone; ///< is it known, with a clear flag? Otherwise the plain steps find out.
-
-private:
-    VEXMATH_AVX2_STEP static WideForm finished(WideRows rows, Wide translation) {
-        bool const isKnown = orthonormalise(rows);
-        return {rows, translation, isKnown && !mayBeIdentity(rows)};
-    }
-
     /// May the identity flag have to be set? False, from two elements, means no.
-    VEXMATH_AVX2_STEP static bool mayBeIdentity(WideRows const &rows) {
+    VEXMATH_AVX2_STEP bool mayBeIdentity() const {
         return std::fabs(lane0(rows.r0) - 1.0) < kElementTolerance
                && std::fabs(lane1(rows.r1) - 1.0) < kElementTolerance;
     }
+    /// Is every component of the translation below 1e-08 in absolute value?
+    VEXMATH_AVX2_STEP bool isUnmoved() const {
+        return isTiny(lane0(translation)) && isTiny(lane1(translation))
+               && isTiny(lane2(translation));
+    }
+
+    WideRows rows;
+    Wide translation;
 };
 
 } // namespace vexmath::detail

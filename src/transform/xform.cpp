@@ -103,9 +103,7 @@ using vexmath::detail::WideForm;
 
 /// A transform of these fields by the copy rules.
 VEXMATH_AVX2_STEP mgXform_c fromWideForm(WideForm form, double scale, int reflection) {
-    using namespace vexmath::detail;
-    if (areBelow(absolute(form.translation), all(vexmath::kLengthTolerance)))
-        form.translation = all(0.0);
+    if (form.isUnmoved()) form.translation = vexmath::detail::all(0.0);
     mgXform_c x;
     form.store(scaleInRange(scale), x);
     x.setReflection(reflection);
@@ -116,21 +114,21 @@ VEXMATH_AVX2_STEP mgXform_c fromWideForm(WideForm form, double scale, int reflec
 /// changes nothing when the rotation may be the identity.
 VEXMATH_AVX2 bool multiplyBySimd(mgXform_c &a, mgXform_c const &b) {
     WideForm const form = WideForm::ofProduct(a, b);
-    if (!form.isDone) return false;
+    if (form.mayBeIdentity()) return false;
     form.store(b.scaling() * a.scaling(), a);
     return true;
 }
 
 VEXMATH_AVX2 mgXform_c productBySimd(mgXform_c const &a, mgXform_c const &b) {
     WideForm const form = WideForm::ofProduct(a, b);
-    if (!form.isDone) return productByRows(a, b);
+    if (form.mayBeIdentity()) return productByRows(a, b);
     return fromWideForm(form, composedScale(a, b), exactlyOne(a.isReflection(), b.isReflection()));
 }
 
 VEXMATH_AVX2 mgXform_c inverseBySimd(mgXform_c const &x) {
     double const scale = inverseScale(x);
     WideForm const form = WideForm::ofInverse(x, scale);
-    return form.isDone ? fromWideForm(form, scale, 0) : inverseByRows(x);
+    return form.mayBeIdentity() ? inverseByRows(x) : fromWideForm(form, scale, 0);
 }
 
 #else // never called
