@@ -88,16 +88,9 @@ int placeByFour([[maybe_unused]] mgPoint_c *points, [[maybe_unused]] int count,
 using vexmath::detail::FourMoves;
 using vexmath::detail::FourRotations;
 
-/// Composes the flags of four transforms that are not all 0.
-inline void composeReflections(mgXform_c *a, mgXform_c const &b0, mgXform_c const &b1,
-                               mgXform_c const &b2, mgXform_c const &b3) {
-    int const left =
-        a[0].isReflection() | a[1].isReflection() | a[2].isReflection() | a[3].isReflection();
-    int const right = b0.isReflection() | b1.isReflection() | b2.isReflection() | b3.isReflection();
-    if ((left | right) == 0) return;
-    mgXform_c const *const by[] = {&b0, &b1, &b2, &b3};
-    for (int i = 0; i < 4; ++i)
-        a[i].setReflection((a[i].isReflection() != 0) != (by[i]->isReflection() != 0));
+/// Does `x *= by` multiply by the elements of `by` and no record?
+bool isOrdinary(mgXform_c const &by) {
+    return by.rotate() && !by.hasPerspective() && !vexmath::detail::isExactIdentity(by.rotation());
 }
 
 /// The factor of four products.
@@ -107,12 +100,11 @@ struct FourFactors {
 };
 
 /// Multiplies four rotations, translations and scales. False, with nothing changed, when a flag may
-/// have to be set. REQUIRES factors that multiply by their elements and have no record.
+/// have to be set. REQUIRES ordinary factors.
 VEXMATH_AVX2_STEP bool multiplyFour(mgXform_c *xforms, FourFactors const &by) {
     FourRotations const left = FourRotations::of(xforms);
     FourRotations const &right = by.rotations;
-    FourRotations const product{right.times(left.r0), right.times(left.r1), right.times(left.r2),
-                                left.flag};
+    FourRotations const product{right.times(left.r0), right.times(left.r1), right.times(left.r2)};
     FourRotations const result = product.orthonormalised();
     if (result.mayBeIdentity()) return false;
     result.store(xforms);
@@ -120,15 +112,26 @@ VEXMATH_AVX2_STEP bool multiplyFour(mgXform_c *xforms, FourFactors const &by) {
     return true;
 }
 
+/// The reflection flags of four products. The factors are `by` and every step-th transform behind.
+inline void composeReflections(mgXform_c *xforms, mgXform_c const *by, int step) {
+    int any = 0;
+    for (int i = 0; i < 4; ++i) any |= xforms[i].isReflection() | by[i * step].isReflection();
+    if (any == 0) return;
+    for (int i = 0; i < 4; ++i) {
+        bool const isReflection = xforms[i].isReflection() != 0;
+        xforms[i].setReflection(isReflection != (by[i * step].isReflection() != 0));
+    }
+}
+
 /// Multiplies transforms in groups of four, all but up to three at the end. Returns how many.
-/// REQUIRES that `by` multiplies by its elements and has no record.
+/// REQUIRES that `by` is ordinary.
 VEXMATH_AVX2 int multiplyByFour(mgXform_c *xforms, int n, mgXform_c const &by) {
     FourFactors const factors{FourRotations::ofOne(by), FourMoves::ofOne(by)};
     int done = 0;
     for (; n - done >= 4; done += 4) {
         mgXform_c *const group = xforms + done;
         if (multiplyFour(group, factors)) {
-            composeReflections(group, by, by, by, by);
+            composeReflections(group, &by, 0);
         } else {
             for (int i = 0; i < 4; ++i) group[i] *= by;
         }
@@ -139,17 +142,14 @@ VEXMATH_AVX2 int multiplyByFour(mgXform_c *xforms, int n, mgXform_c const &by) {
 /// The same for one factor each, of any kind.
 VEXMATH_AVX2 int multiplyByFour(mgXform_c *xforms, int n, mgXform_c const *by) {
     int done = 0;
-    for (; n - done >= 4; done += 4) {
+    for (; n - done >= 4; done += 4, by += 4) {
         mgXform_c *const group = xforms + done;
-        mgXform_c const *const b = by + done;
-        bool const isOrdinary = (b[0].rotate() && b[1].rotate() && b[2].rotate() && b[3].rotate())
-                                && !(b[0].hasPerspective() || b[1].hasPerspective()
-                                     || b[2].hasPerspective() || b[3].hasPerspective());
-        FourFactors const factors{FourRotations::of(b), FourMoves::of(b)};
-        if (isOrdinary && !factors.rotations.hasUnitDiagonal() && multiplyFour(group, factors)) {
-            composeReflections(group, b[0], b[1], b[2], b[3]);
+        bool const areOrdinary =
+            isOrdinary(by[0]) && isOrdinary(by[1]) && isOrdinary(by[2]) && isOrdinary(by[3]);
+        if (areOrdinary && multiplyFour(group, {FourRotations::of(by), FourMoves::of(by)})) {
+            composeReflections(group, by, 1);
         } else {
-            for (int i = 0; i < 4; ++i) group[i] *= b[i];
+            for (int i = 0; i < 4; ++i) group[i] *= by[i];
         }
     }
     return done;
@@ -175,9 +175,7 @@ void mg_TransformPoints(mgPoint_c *points, int count, mgXform_c const &x) {
 void mg_MultiplyXforms(mgXform_c *xforms, int n, mgXform_c const &by) {
     int done = 0;
 #if defined(VEXMATH_AVX2)
-    bool const isOrdinary =
-        by.rotate() && !by.hasPerspective() && !vexmath::detail::isExactIdentity(by.rotation());
-    if (isOrdinary && vexmath::detail::hasSimd()) done = multiplyByFour(xforms, n, by);
+    if (vexmath::detail::hasSimd() && isOrdinary(by)) done = multiplyByFour(xforms, n, by);
 #endif
     for (; done < n; ++done) xforms[done] *= by;
 }

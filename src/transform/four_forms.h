@@ -70,7 +70,8 @@ struct FourRotations {
         loadTwo(forms, 2, m.r0.z, m.r1.x);
         loadTwo(forms, 4, m.r1.y, m.r1.z);
         loadTwo(forms, 6, m.r2.x, m.r2.y);
-        loadTwo(forms, 8, m.r2.z, m.flag);
+        Wide flags;
+        loadTwo(forms, 8, m.r2.z, flags);
         return m;
     }
     /// The same rotation four times.
@@ -78,8 +79,7 @@ struct FourRotations {
         double const *const m = &form.rotation()[0];
         return {{all(m[0]), all(m[1]), all(m[2])},
                 {all(m[3]), all(m[4]), all(m[5])},
-                {all(m[6]), all(m[7]), all(m[8])},
-                all(0.0)};
+                {all(m[6]), all(m[7]), all(m[8])}};
     }
     /// Clears the flags as well.
     VEXMATH_AVX2_STEP void store(mgXform_c *forms) const {
@@ -90,10 +90,6 @@ struct FourRotations {
         storeTwo(r2.z, all(0.0), forms, 8);
     }
 
-    /// May one of them be exactly the identity? True when a diagonal is.
-    VEXMATH_AVX2_STEP bool hasUnitDiagonal() const {
-        return isAny(areBoth(areBoth(isOne(r0.x), isOne(r1.y)), isOne(r2.z)));
-    }
     /// May a flag have to be set? False, from two elements, means no.
     VEXMATH_AVX2_STEP bool mayBeIdentity() const {
         return isAny(areBoth(isNear(r0.x, all(1.0), kElementTolerance),
@@ -119,14 +115,10 @@ struct FourRotations {
         FourVectors s2 = cross(s0, s1);
         Wide const sign = areBoth(isBelow(dot(s2, r2), all(0.0)), all(-0.0));
         s2 = {_mm256_xor_pd(s2.x, sign), _mm256_xor_pd(s2.y, sign), _mm256_xor_pd(s2.z, sign)};
-        return {select(isEnough, r0, s0), select(isEnough, r1, s1), select(isEnough, r2, s2), flag};
+        return {select(isEnough, r0, s0), select(isEnough, r1, s1), select(isEnough, r2, s2)};
     }
 
     FourVectors r0, r1, r2;
-    Wide flag; ///< with the bytes of padding behind it
-
-private:
-    VEXMATH_AVX2_STEP static Wide isOne(Wide v) { return _mm256_cmp_pd(v, all(1.0), _CMP_EQ_OQ); }
 };
 
 /// The translations and scales of four transforms.
