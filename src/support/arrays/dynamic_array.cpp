@@ -48,7 +48,7 @@ std::int64_t blockBytes(std::int64_t capacity, std::int64_t elementSize) {
 /// cannot grow in place: each step would move the whole list, which takes quadratic time in all.
 /// If the requests are multiples of a quarter to a half of the block, it moves only a few times.
 std::int64_t roomyBytes(std::int64_t bytes) {
-    constexpr std::int64_t kExactBelow = 4096;
+    constexpr std::int64_t kExactBelow = 1024;
     if (bytes < kExactBelow) return bytes;
     std::int64_t grain = kExactBelow / 4;
     while (grain < bytes / 4) grain *= 2;
