@@ -27,7 +27,7 @@ constexpr std::size_t kLowBits = 64 - kDigits * kDigitBits;
 constexpr std::size_t kMany = 2000;
 
 /// For fewer keys than this, comparing is faster than buckets.
-constexpr std::size_t kFew = 40;
+constexpr std::size_t kFew = 20;
 
 using Counts = std::array<std::size_t, kDigitValues>;
 
@@ -60,8 +60,9 @@ void sortByInsertion(OrderKey *first, OrderKey *last) {
     }
 }
 
-/// Buckets of equal width, as many as keys. The place in this order never falls from one value to a
-/// higher one: each rounding keeps the order.
+/// Buckets of equal width, as many as keys. The bucket never falls from one value to a higher one,
+/// because each rounding keeps the order. The highest value is in the last: a relative error of a
+/// few roundings does not reach the next whole number.
 class Buckets {
 public:
     explicit Buckets(std::vector<OrderKey> const &keys) {

@@ -192,16 +192,17 @@ bool areSame(Point const *a, Point const *b, int count) {
 }
 
 TEST(Exhausted, PointsAreSorted) {
-    CheckEach("sort", [](Trial &trial) {
-        support::Random random;
-        std::vector<mgPoint_c> points(3000);
-        for (mgPoint_c &p : points) p = random.triple<mgPoint_c>(0.0, 1e6);
-        std::vector<mgPoint_c> sorted = points;
-        std::sort(sorted.begin(), sorted.end(),
-                  [](mgPoint_c const &p, mgPoint_c const &q) { return p.x() < q.x(); });
-        trial.run([&] { mg_pointQuickSort(points.data(), 0, 2999); });
-        EXPECT_TRUE(areSame(points.data(), sorted.data(), 3000));
-    });
+    for (int const n : {300, 3000})
+        CheckEach("sort", [n](Trial &trial) {
+            support::Random random;
+            std::vector<mgPoint_c> points(static_cast<std::size_t>(n));
+            for (mgPoint_c &p : points) p = random.triple<mgPoint_c>(0.0, 1e6);
+            std::vector<mgPoint_c> sorted = points;
+            std::sort(sorted.begin(), sorted.end(),
+                      [](mgPoint_c const &p, mgPoint_c const &q) { return p.x() < q.x(); });
+            trial.run([&] { mg_pointQuickSort(points.data(), 0, n - 1); });
+            EXPECT_TRUE(areSame(points.data(), sorted.data(), n));
+        });
 }
 
 /// A tour of n points, one of them at the given x. When memory is exhausted the order is the
