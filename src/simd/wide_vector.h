@@ -29,11 +29,6 @@ VEXMATH_AVX2_STEP Wide load(double const *p) {
     return _mm256_maskload_pd(p, _mm256_set_epi64x(0, -1, -1, -1));
 }
 
-VEXMATH_AVX2_STEP void store(Wide v, double *p) {
-    _mm_storeu_pd(p, _mm256_castpd256_pd128(v));
-    _mm_store_sd(p + 2, _mm256_extractf128_pd(v, 1));
-}
-
 VEXMATH_AVX2_STEP __m128d lowHalf(Wide v) { return _mm256_castpd256_pd128(v); }
 VEXMATH_AVX2_STEP __m128d highHalf(Wide v) { return _mm256_extractf128_pd(v, 1); }
 VEXMATH_AVX2_STEP Wide lane0ToAll(__m128d v) { return _mm256_broadcastsd_pd(v); }

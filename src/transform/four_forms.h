@@ -49,6 +49,8 @@ VEXMATH_AVX2_STEP FourVectors select(Wide mask, FourVectors const &a, FourVector
     return {select(mask, a.x, b.x), select(mask, a.y, b.y), select(mask, a.z, b.z)};
 }
 
+static_assert(XformParts::kAreSixteenNumbers);
+
 /// Number k of the sixteen of each of four transforms, and the next.
 VEXMATH_AVX2_STEP void loadTwo(mgXform_c const *forms, int k, Wide &first, Wide &second) {
     auto const *const p = reinterpret_cast<double const *>(forms) + k;
@@ -141,7 +143,7 @@ struct FourMoves {
 
     /// These first, then b with its rotations.
     VEXMATH_AVX2_STEP FourMoves composed(FourRotations const &rotations, FourMoves const &b) const {
-        Wide const isScaled = isBelow(all(1e-08), absolute(b.scale - all(1.0)));
+        Wide const isScaled = isBelow(all(kScaleTolerance), absolute(b.scale - all(1.0)));
         FourVectors moved = rotations.times(t) * select(isScaled, b.scale, all(1.0)) + b.t;
         Wide const zero = all(0.0);
         Wide const isNull = areBoth(areBoth(isNear(t.x, zero, vexmath::kLengthTolerance),

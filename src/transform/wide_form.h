@@ -14,11 +14,12 @@
 
 namespace vexmath::detail {
 
-/// A transform's numbers as they lie in memory, in four registers that do not overlap. Whoever
-/// reads back what was just written must not wait for it: a processor forwards a store only to
-/// loads that lie in it, and a load of a row or of the translation lies in two of these.
+/// The sixteen numbers of a transform, in quarters as `WideForm::store` writes them. A processor
+/// forwards a store to a load only when the load lies in it. So a transform that was just written
+/// is read in these quarters, and its rows and its translation are put together in registers.
 struct WideFields {
-    Wide quarters[4]; ///< elements 0 to 3; 4 to 7; 8, flag, tx, ty; tz, scale, reflection, record
+    /// Elements 0 to 3; 4 to 7; 8, flag, x and y of the translation; z, scale, reflection, record.
+    Wide quarters[4];
 
     VEXMATH_AVX2_STEP static WideFields of(mgXform_c const &x) {
         static_assert(XformParts::kAreSixteenNumbers);
@@ -27,7 +28,7 @@ struct WideFields {
                  _mm256_loadu_pd(p + 12)}};
     }
 
-    /// The fourth lanes hold ordinary elements or 0, which no operation handles slowly.
+    /// The fourth lanes hold elements or 0. The flag would be a denormal number, which is slow.
     VEXMATH_AVX2_STEP WideRows rows() const {
         Wide const flagged = _mm256_permute2f128_pd(quarters[1], quarters[2], 0x21);
         return {

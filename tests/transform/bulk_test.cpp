@@ -50,56 +50,58 @@ TEST(Bulk, TransformedPointsAreThoseOfTheLoopToTheBit) {
     mg_SetUseVectorUnits(1);
 }
 
-void CheckProducts(std::vector<mgXform_c> const &expected, std::vector<mgXform_c> const &actual,
-                   int round, support::Caller = {}) {
-    for (std::size_t i = 0; i < expected.size(); ++i) {
-        ASSERT_BITS_EQ(expected[i], actual[i]) << "transform " << i << ", round " << round;
-        ASSERT_EQ(expected[i].hasPerspective(), actual[i].hasPerspective()) << i;
+/// An assignment would correct the fields.
+void assignRaw(mgXform_c &x, mgXform_c const &source) {
+    x.SetHelper(source.GetHelper());
+    x.iCopyPerspectiveInfo(source);
+}
+
+using Xforms = std::vector<mgXform_c>;
+
+/// The array operation against the loop over factorOf.
+template <class FactorOf, class MultiplyAll>
+void CheckProducts(Xforms const &given, FactorOf const &factorOf, MultiplyAll const &multiplyAll,
+                   support::Caller = {}) {
+    Xforms loop(given.size()), array(given.size());
+    for (std::size_t i = 0; i < given.size(); ++i) {
+        assignRaw(loop[i], given[i]);
+        assignRaw(array[i], given[i]);
+    }
+    for (std::size_t i = 0; i < loop.size(); ++i) loop[i] *= factorOf(loop, i);
+    multiplyAll(array, static_cast<int>(array.size()));
+    for (std::size_t i = 0; i < loop.size(); ++i) {
+        ASSERT_BITS_EQ(loop[i], array[i]) << "transform " << i;
+        ASSERT_EQ(loop[i].hasPerspective(), array[i].hasPerspective());
     }
 }
 
 TEST(Bulk, MultipliedTransformsAreThoseOfTheLoopToTheBit) {
     support::Random random;
-    for (int round = 0; round < 6000; ++round) {
+    for (int round = 0; round < 6000 && !::testing::Test::HasFailure(); ++round) {
+        SCOPED_TRACE(round);
+        mg_SetUseVectorUnits(round % 4);
         // Of most groups of four, none or one is unusual.
         int const usual = random.below(3) == 0 ? 1 : 12;
-        auto const fill = [&](mgXform_c &x) {
-            mgXform_c const any =
-                random.below(usual) == 0 ? anyTransform(random) : support::placement(random);
-            x.SetHelper(any.GetHelper()); // an assignment would correct the fields
-            if (any.hasPerspective()) x.iCopyPerspectiveInfo(any);
-            if (random.below(usual) == 0) x.setReflection(random.below(4) - 1);
-        };
-        auto const raised = [](std::vector<mgXform_c> &all, auto const &factor) {
-            for (std::size_t i = 0; i < all.size(); ++i) all[i] *= factor(i);
-        };
-        auto const n = static_cast<std::size_t>(random.below(12));
-        std::vector<mgXform_c> loop[3], array[3], factors(n + 1);
-        for (mgXform_c &x : factors) fill(x);
-        for (int form = 0; form < 3; ++form) {
-            loop[form].resize(n);
-            array[form].resize(n);
-            for (std::size_t i = 0; i < n; ++i) {
-                fill(loop[form][i]);
-                array[form][i].SetHelper(loop[form][i].GetHelper());
-                if (loop[form][i].hasPerspective())
-                    array[form][i].iCopyPerspectiveInfo(loop[form][i]);
+        auto const fill = [&](Xforms &all) {
+            for (mgXform_c &x : all) {
+                bool const any = random.below(usual) == 0;
+                assignRaw(x, any ? anyTransform(random) : support::placement(random));
+                if (random.below(usual) == 0) x.setReflection(random.below(4) - 1);
             }
-        }
-        if (n > 0) factors[0] = loop[1][0].inverse(); // a product that is the identity
-        raised(
-            loop[0], [&](std::size_t) -> auto & { return factors[n]; });
-        raised(
-            loop[1], [&](std::size_t i) -> auto & { return factors[i]; });
-        raised(
-            loop[2], [&](std::size_t i) -> auto & { return loop[2][i]; });
-        mg_SetUseVectorUnits(round % 4);
-        int const count = static_cast<int>(n);
-        mg_MultiplyXforms(array[0].data(), count, factors[n]);
-        mg_MultiplyXforms(array[1].data(), count, factors.data());
-        mg_MultiplyXforms(array[2].data(), count, array[2].data());
-        for (int form = 0; form < 3; ++form) CheckProducts(loop[form], array[form], round);
-        if (HasFatalFailure()) break;
+        };
+        Xforms given(static_cast<std::size_t>(random.below(12))), by(given.size() + 1);
+        fill(given);
+        fill(by);
+        if (!given.empty()) by[0] = given[0].inverse(); // a product that is the identity
+        CheckProducts(
+            given, [&](Xforms const &, std::size_t) -> auto & { return by.back(); },
+            [&](Xforms &all, int n) { mg_MultiplyXforms(all.data(), n, by.back()); });
+        CheckProducts(
+            given, [&](Xforms const &, std::size_t i) -> auto & { return by[i]; },
+            [&](Xforms &all, int n) { mg_MultiplyXforms(all.data(), n, by.data()); });
+        CheckProducts(
+            given, [](Xforms const &all, std::size_t i) -> auto & { return all[i]; },
+            [](Xforms &all, int n) { mg_MultiplyXforms(all.data(), n, all.data()); });
     }
     mg_SetUseVectorUnits(1);
 }
