@@ -21,7 +21,8 @@ mgXform_c anyTransform(support::Random &random) {
         fields.rotation.iValidateRepairOrthonormality();
     }
     if (random.below(3) == 0) fields.rotation[random.below(9)] = number(); // a stale flag
-    if (random.below(2) == 0) fields.scale = random.below(2) == 0 ? 1.0 + 5e-9 : number();
+    if (random.below(2) == 0)
+        fields.scale = random.below(2) == 0 ? 1.0 + (random.below(2) == 0 ? 5e-9 : 2e-8) : number();
     if (random.below(2) == 0) fields.translation = mgVector_c(number(), -0.0, 0.0);
     if (random.below(4) == 0) fields.rotation = fields.rotation.transpose();
     fields.reflection = random.below(2);
