@@ -31,7 +31,7 @@ struct WideErrors {
         double const sum = std::fabs(lane0(d12And02)) + std::fabs(lane1(d12And02))
                            + std::fabs(lane0(d01AndE2)) + std::fabs(lane1(d01AndE2))
                            + std::fabs(lane0(e0And1)) + std::fabs(lane1(e0And1));
-        return {e0And1, lane0ToAll(d01AndQ2), _mm_set_sd(sum)};
+        return {lane0ToAll(d01AndQ2), e0And1, _mm_set_sd(sum)};
     }
     VEXMATH_AVX2_STEP __m128d areSmall() const { // a mask in lane 0
         return _mm_cmplt_sd(sum, _mm_set_sd(kOrthonormalEnough));
@@ -44,8 +44,8 @@ struct WideErrors {
         return {s0, s1, vexmath::detail::sum(s2 * r.r2) < 0.0 ? opposite(s2) : s2};
     }
 
-    __m128d e0And1;
     Wide d01;
+    __m128d e0And1;
     __m128d sum; ///< lane 0
 };
 
