@@ -118,6 +118,15 @@ void bulk(Stream &in, Bits &out) {
     out.add(box);
 }
 
+void products(Stream &in, Bits &out) {
+    constexpr int count = 11;
+    mgXform_c placements[count];
+    for (mgXform_c &x : placements) x = in.placement();
+    mg_MultiplyXforms(placements, count, in.placement());
+    mg_MultiplyXforms(placements, count, placements);
+    for (mgXform_c const &x : placements) out.add(x);
+}
+
 void queries(Stream &in, Bits &out) {
     mgLine_c const line{in.point(), in.direction()}, second{in.point(), in.direction()};
     mgPlane_c const plane{in.point(), in.direction()}, other{in.point(), in.direction()};
@@ -171,6 +180,7 @@ int main() {
     print("matrices", matrices);
     print("transforms", transforms);
     print("bulk", bulk);
+    print("products", products);
     print("queries", queries);
     print("boxes", boxes);
     print("numerics", numerics);

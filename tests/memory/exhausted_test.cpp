@@ -210,16 +210,17 @@ bool areSame(Point const *a, Point const *b, int count) {
 }
 
 TEST(Exhausted, PointsAreSorted) {
-    CheckEach("sort", [](Trial &trial) {
-        Random random;
-        std::vector<P> points(3000);
-        for (P &p : points) p = random.triple<P>(0.0, 1e6);
-        std::vector<P> sorted = points;
-        std::sort(sorted.begin(), sorted.end(),
-                  [](P const &p, P const &q) { return p.x() < q.x(); });
-        trial.run([&] { mg_pointQuickSort(points.data(), 0, 2999); });
-        EXPECT_TRUE(areSame(points.data(), sorted.data(), 3000));
-    });
+    for (int const n : {300, 3000})
+        CheckEach("sort", [n](Trial &trial) {
+            Random random;
+            std::vector<P> points(static_cast<std::size_t>(n));
+            for (P &p : points) p = random.triple<P>(0.0, 1e6);
+            std::vector<P> sorted = points;
+            std::sort(sorted.begin(), sorted.end(),
+                      [](P const &p, P const &q) { return p.x() < q.x(); });
+            trial.run([&] { mg_pointQuickSort(points.data(), 0, n - 1); });
+            EXPECT_TRUE(areSame(points.data(), sorted.data(), n));
+        });
 }
 
 /// A tour of n points, one of them at the given x. When memory is exhausted the order is the
@@ -321,7 +322,7 @@ TEST(Exhausted, OnlyTheCopyOfARecordThrows) {
     CheckEach("record", [&](Trial &trial) {
         mgXform_c const view = viewWithARecord();
         mgXform_c const old = raw({}, {7.0, 8.0, 9.0}, 4.0, 1);
-        mgXform_c made[6] = {old, old, old, old, old, old};
+        mgXform_c made[12] = {old, old, old, old, old, old, old, old, old, old, old, old};
         bool const threw = trial.throws([&] {
             mgXform_c const copy(view), before = copy * view, behind = view * before;
             made[0] = view;
@@ -330,6 +331,8 @@ TEST(Exhausted, OnlyTheCopyOfARecordThrows) {
             made[3].iCopyPerspectiveInfo(view);
             made[4] = mg_ZoomToPosition(o, o, o, mg_ScaleXform(view, 3.0), 2.0);
             made[5] = mg_ZoomBoxToBox({}, {}, o, o, mgGenXform_c(mgGenXform_c(view)), 2.0);
+            mg_MultiplyXforms(made + 6, 5, view);
+            mg_MultiplyXforms(made + 11, 1, &view);
         });
         EXPECT_EQ(threw, trial.refused);
         for (mgXform_c const &x : made) { // done or untouched

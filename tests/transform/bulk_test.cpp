@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Arrays of points, compared with the loop over the single operation; SIMD, compared with
-// the plain steps.
+// Arrays of points and of transforms, compared with the loop over the single operation; SIMD,
+// compared with the plain steps.
 
 #include <vexmath/bbox.h>
 #include <vexmath/bulk.h>
@@ -21,7 +21,8 @@ mgXform_c anyTransform(support::Random &random) {
         fields.rotation.iValidateRepairOrthonormality();
     }
     if (random.below(3) == 0) fields.rotation[random.below(9)] = number(); // a stale flag
-    if (random.below(2) == 0) fields.scale = random.below(2) == 0 ? 1.0 + 5e-9 : number();
+    if (random.below(2) == 0)
+        fields.scale = random.below(2) == 0 ? 1.0 + (random.below(2) == 0 ? 5e-9 : 2e-8) : number();
     if (random.below(2) == 0) fields.translation = mgVector_c(number(), -0.0, 0.0);
     if (random.below(4) == 0) fields.rotation = fields.rotation.transpose();
     fields.reflection = random.below(2);
@@ -46,6 +47,62 @@ TEST(Bulk, TransformedPointsAreThoseOfTheLoopToTheBit) {
         mg_TransformPoints(points.data(), static_cast<int>(points.size()), x);
         for (std::size_t i = 0; i < points.size(); ++i)
             ASSERT_BITS_EQ(expected[i], points[i]) << "point " << i << ", round " << round;
+    }
+    mg_SetUseVectorUnits(1);
+}
+
+/// An assignment would correct the fields.
+void assignRaw(mgXform_c &x, mgXform_c const &source) {
+    x.SetHelper(source.GetHelper());
+    x.iCopyPerspectiveInfo(source);
+}
+
+using Xforms = std::vector<mgXform_c>;
+
+/// The array operation against the loop over factorOf.
+template <class FactorOf, class MultiplyAll>
+void CheckProducts(Xforms const &given, FactorOf const &factorOf, MultiplyAll const &multiplyAll,
+                   support::Caller = {}) {
+    Xforms loop(given.size()), array(given.size());
+    for (std::size_t i = 0; i < given.size(); ++i) {
+        assignRaw(loop[i], given[i]);
+        assignRaw(array[i], given[i]);
+    }
+    for (std::size_t i = 0; i < loop.size(); ++i) loop[i] *= factorOf(loop, i);
+    multiplyAll(array, static_cast<int>(array.size()));
+    for (std::size_t i = 0; i < loop.size(); ++i) {
+        ASSERT_BITS_EQ(loop[i], array[i]) << "transform " << i;
+        ASSERT_EQ(loop[i].hasPerspective(), array[i].hasPerspective());
+    }
+}
+
+TEST(Bulk, MultipliedTransformsAreThoseOfTheLoopToTheBit) {
+    support::Random random;
+    for (int round = 0; round < 6000 && !::testing::Test::HasFailure(); ++round) {
+        SCOPED_TRACE(round);
+        mg_SetUseVectorUnits(round % 4);
+        // Of most groups of four, none or one is unusual.
+        int const usual = random.below(3) == 0 ? 1 : 12;
+        auto const fill = [&](Xforms &all) {
+            for (mgXform_c &x : all) {
+                bool const any = random.below(usual) == 0;
+                assignRaw(x, any ? anyTransform(random) : support::placement(random));
+                if (random.below(usual) == 0) x.setReflection(random.below(4) - 1);
+            }
+        };
+        Xforms given(static_cast<std::size_t>(random.below(12))), by(given.size() + 1);
+        fill(given);
+        fill(by);
+        if (!given.empty()) by[0] = given[0].inverse(); // a product that is the identity
+        CheckProducts(
+            given, [&](Xforms const &, std::size_t) -> auto & { return by.back(); },
+            [&](Xforms &all, int n) { mg_MultiplyXforms(all.data(), n, by.back()); });
+        CheckProducts(
+            given, [&](Xforms const &, std::size_t i) -> auto & { return by[i]; },
+            [&](Xforms &all, int n) { mg_MultiplyXforms(all.data(), n, by.data()); });
+        CheckProducts(
+            given, [](Xforms const &all, std::size_t i) -> auto & { return all[i]; },
+            [](Xforms &all, int n) { mg_MultiplyXforms(all.data(), n, all.data()); });
     }
     mg_SetUseVectorUnits(1);
 }
@@ -79,6 +136,8 @@ TEST(Simd, ChangeNoProductInverseOrClash) {
 TEST(Bulk, EmptyListsMayBeNull) {
     for (int const count : {0, -1, -5}) {
         mg_TransformPoints(nullptr, count, mgXform_c());
+        mg_MultiplyXforms(nullptr, count, mgXform_c());
+        mg_MultiplyXforms(nullptr, count, nullptr);
         mg_TransformPoints(nullptr, count, mg_RotateXform(1.0, mgVector_c(0.0, 0.0, 1.0), 0.0));
     }
 }
