@@ -18,16 +18,16 @@
 // Lengths and tolerances are absolute. A tol that is negative or NaN means 1e-08. Angles are in
 // radians, counter-clockwise from the x axis.
 //
-// An x or y that is NaN or infinite gives the neutral result of the function, which each comment
-// states, and nothing is written. So does every other such number, except a tol. Finite numbers may
-// have any size. Differences of coordinates below about 1e-140 count as 0 when some coordinate is
-// far larger. Nothing crashes or loops forever.
+// A number that is NaN or infinite gives the neutral result of the function, which each comment
+// states, and nothing is written; this does not apply to a tol, or to a z that is not read. Finite
+// numbers may have any size. Differences of coordinates below about 1e-140 count as 0 when some
+// coordinate is far larger. Nothing crashes or loops forever.
 
 // Clipping and inside tests.
 //
 // A box is given by two opposite corners in any order; they may coincide in x or y. It is closed:
-// its sides belong to it. Three results of each test depend on two other boxes:
-// - The outer box is larger by tol on each side, corners included: it is a box, too. It is closed.
+// its sides belong to it. The results depend on two other boxes:
+// - The outer box is larger by tol on each side, and closed. Its corners are not rounded.
 // - The inner box is smaller by tol on each side, and open. It is empty when a side of the box is
 //   2 tol or shorter.
 // A figure that misses the outer box is Outside. One that meets the outer box but not the inner box
@@ -38,7 +38,7 @@
 // For points, and for segments parallel to an axis, these comparisons are exact: a point is in the
 // outer box when low - tol <= x <= high + tol, with the sums rounded, and in the inner box when
 // low + tol < x < high - tol; the same in y. For other figures the two boxes are met or missed up
-// to rounding of their size and distance. The neutral result is Outside, or a count of 0.
+// to rounding of sizes and distances. The neutral result is Outside, or a count of 0.
 
 /// The part of a segment in a box.
 enum mgClipLine_e : int {
@@ -50,7 +50,7 @@ enum mgClipLine_e : int {
     mgClipLine_Touching = 5     ///< in the outer box, not in the inner box
 };
 
-/// A figure and a box. "Partly" is possible for figures with an extent alone.
+/// A figure and a box. A point is never Partly.
 enum mgInsideBox_e : int {
     mgInsideBox_Outside = 0,  ///< no point of it is in the outer box
     mgInsideBox_Touching = 1, ///< part of it is in the outer box, none in the inner box
@@ -81,7 +81,7 @@ enum mgPointOnLine_e : int {
 VEXMATH_API mgClipLine_e mg_ClipLine2DToBox(mgPoint_c const &a, mgPoint_c const &b,
                                             mgPoint_c const &corner1, mgPoint_c const &corner2,
                                             mgPoint_c &outA, mgPoint_c &outB, double tol);
-/// The same with a window: left and right in any order, top and bottom in any order. So y may point
+/// The same with a window. Left and right, and top and bottom, may be in any order, so y may point
 /// up or down.
 VEXMATH_API mgClipLine_e mg_Clip2DLineToWindow(mgPoint_c const &a, mgPoint_c const &b,
                                                mgRect const &window, mgPoint_c &outA,
@@ -90,15 +90,16 @@ VEXMATH_API mgClipLine_e mg_Clip2DLineToWindow(mgPoint_c const &a, mgPoint_c con
 /// Returns the number of arcs in the box, 0 to 5, and writes the angles of the arc i, start and
 /// end, to angles[2 i] and angles[2 i + 1]; the others are not written.
 ///
-/// A sweep of 2 pi - 1e-11 or more is a full circle. The arcs of a clipped full circle, at most 4,
-/// run from one side to the next: none of them begins or ends at start unless a side does. All arcs
-/// are in counter-clockwise order. Each begins in [start, start + 2 pi) and ends at most 2 pi
-/// later; up to rounding, the angles are not reduced. The first angle has the bits of start when
+/// A sweep of 2 pi - 1e-11 or more is a full circle. The arcs of a full circle that is cut, at most
+/// 4, run from one side to the next: none of them begins or ends at start unless a side does. The
+/// arcs are in counter-clockwise order. Up to rounding, each arc of a cut one begins in
+/// [start, start + 2 pi) and ends at most 2 pi later. The first angle has the bits of start when
 /// the arc begins there, and the last one those of end.
 ///
 /// Let d be the distance of a side from the centre, positive when the centre is on the inner side.
 /// In this order, for each side:
-/// - d >= radius - tol: the side does not cut. When no side cuts, the arc is returned unchanged.
+/// - d >= radius - tol: the side does not cut. When no side cuts, start and end are written
+///   unchanged, also when they are several turns apart.
 /// - d <= tol - radius: the circle is beyond the side or touches it: no arc.
 /// - Otherwise the side cuts where the circle crosses it, without tolerance.
 /// Arcs of a length, radius times sweep, of at most tol are left out, also when the arc was not
@@ -177,9 +178,8 @@ enum mgPolylineArc_e : int {
 /// distances in space and inclusive:
 /// - None when n < 3, where pts may be null; when a coordinate is NaN or infinite, z included; when
 ///   all points are within tol of the first.
-/// - Line when all points are within tol of the line through the first two of the three points;
-/// also
-///   when the centre or the radius would not be finite.
+/// - Line when all points are within tol of the line through the first two of the three points,
+///   and when the centre or the radius would not be finite.
 /// - None when a point is not within tol of the circle.
 /// - None when the points do not run one way around. A point within tol of the one before, leaving
 ///   out such points, does not count. A point that comes back within tol of the first point closes
@@ -193,8 +193,8 @@ VEXMATH_API mgPolylineArc_e mg_IsPolylineArc(int n, mgPoint_c const *pts, mgPoin
 
 /// The arc that starts at `start` along `tangent` and ends at `end`. Returns 1 and writes the
 /// centre with the z of start, the radius, which is positive, and the sweep, which is positive for
-/// an arc to the left, counter-clockwise, and negative for one to the right; it is strictly between
-/// -2 pi and 2 pi. The tangent needs no unit length.
+/// an arc to the left, counter-clockwise, and negative for one to the right. In absolute value, the
+/// sweep is at most the double nearest to 2 pi. The tangent needs no unit length.
 ///
 /// Returns 0 without writing when end is at most tol off the line through start along the tangent,
 /// ahead or behind; when x and y of the tangent are both 0; when a result would not be finite.
@@ -242,8 +242,8 @@ VEXMATH_API int mg_MergeLines2D(mgPoint_c const &a1, mgPoint_c const &b1, mgPoin
 /// block of the size needed, which grows linearly by 16, or none when it is empty. Its listener is
 /// told (0, count of points - 1).
 ///
-/// About n log n work, and more only where many segments are collinear with each other within tol
-/// and do not touch, because tol is large beside them.
+/// The work is about n log n. It is up to about n^1.5 where long segments cross each other in all
+/// directions, and more where many short ones within tol of each other's lines do not touch.
 /// Method: J. L. Bentley, "Multidimensional binary search trees used for associative searching",
 /// 1975.
 VEXMATH_API int mg_MergeLines2D(suDynamicArray<mgPoint_c> const &lines,

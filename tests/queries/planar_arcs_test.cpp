@@ -79,6 +79,8 @@ TEST(PolylineArc, TellsLinesCirclesAndReturnsApart) {
     check(mgPolylineArc_Circle, {a, b, d, a});
     check(mgPolylineArc_None, {a, b, c, d, a, b}); // beyond the start
     check(mgPolylineArc_None, {a, c, b, d});       // to and fro
+    // An arc whose angle rounds to a full turn.
+    check(mgPolylineArc_Arc, {{}, {-1, 1, 0}, {-2, 0, 0}, {-1, -1, 0}, {0, -0x1p-60, 0}}, 0x1p-62);
     check(mgPolylineArc_None, {a, b, {-0.6, 0.8, 0}, {-0.5, 0.85, 0}, d});
     for (double side : {1.0, -1.0}) { // off the circle through the three other points
         check(mgPolylineArc_Arc, {{5, 0, 0}, {3, 4, side * 0.25}, {0, 5, 0}, {-5, 0, 0}}, 0.25);

@@ -167,6 +167,20 @@ TEST(ClipLine, ThresholdsAreExactForSegmentsAlongASide) {
     EXPECT_EQ(ClippedBoth, at(1.0, 0.0));
 }
 
+TEST(ClipLine, LargeNumbersLoseNeitherACornerNorASlope) {
+    mgPoint_c p, q;
+    mgPoint_c const far(-1e20, -1e20, 0); // the box is nearly a quadrant
+    EXPECT_EQ(Outside, mg_ClipLine2DToBox({1, -0.5, 0}, {-0.5, 1, 0}, far, {}, p, q, 1e-8));
+    EXPECT_EQ(ClippedBoth, mg_ClipLine2DToBox({1, -1.5, 0}, {-1.5, 1, 0}, far, {}, p, q, 1e-8));
+    EXPECT_LT(support::gap(mgPoint_c(0, -0.5, 0), p), 1e-14);
+    // The difference of x overflows.
+    mgPoint_c const low(-0x1p1023, -0x1p1023, 0), high(0x1p1022, 0x1p1022, 0);
+    EXPECT_EQ(ClippedB,
+              mg_ClipLine2DToBox({-0x1p1022, 0, 0}, {0x3p1022, 0x1p1022, 0}, low, high, p, q, 0));
+    EXPECT_EQ(0x1p1022, q.x());
+    EXPECT_NEAR(1.0, q.y() / 0x1p1021, 1e-14);
+}
+
 TEST(ClipLine, HostileNumbersAreOutsideOrClippedIntoTheBox) {
     support::Random random;
     for (int i = 0; i < 200000; ++i) {
