@@ -56,6 +56,7 @@ class uoSelectConstraint_c;
 
 // Friends inside the library.
 namespace vexmath::detail {
+struct BoxParts;
 struct Rows;
 struct XformParts;
 } // namespace vexmath::detail
