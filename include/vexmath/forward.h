@@ -47,6 +47,7 @@ struct parabolaEdgeData;
 // Support.
 template <class T>
 class suDynamicArray;
+struct mgIndexPair_c;
 class mgCheckSum_c;
 class mgRect;
 

@@ -1,0 +1,279 @@
+// SPDX-License-Identifier: MIT
+// All clashes of many boxes. A tree of boxes in floats finds the pairs that may clash; the test of
+// two boxes decides about them; sorting gives them the order of the loop. So neither the tree nor
+// the instructions used have an influence on the result.
+
+#include <vexmath/bulk.h>
+
+#include "box_offsets.h"
+#include "clash_bounds.h"
+#include "pair_store.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+using namespace vexmath::detail;
+
+using Pairs = suDynamicArray<mgIndexPair_c>;
+
+/// The test of each form, for indices of two boxes.
+struct LooseTest {
+    bool clashes(int i, int j) const { return a[i].clash(&b[j], tol) != 0; }
+
+    mgBBox_c const *a, *b; ///< the same for one array
+    double tol;
+};
+
+struct PlacedTest {
+    bool clashes(int i, int j) const {
+        return mgBBox_c::clash(boxes[i], placements[i], boxes[j], placements[j]) != 0;
+    }
+
+    mgBBox_c const *boxes;
+    mgXform_c const *placements;
+};
+
+int exhausted(Pairs &pairs) {
+    pairs.Adopt(nullptr);
+    return -1;
+}
+
+// Loops, for few boxes.
+
+template <class Test>
+int loopOverPairs(Test const &test, int count, Pairs &pairs) {
+    PairStore store;
+    for (int i = 0; i < count; ++i)
+        for (int j = i + 1; j < count; ++j)
+            if (test.clashes(i, j) && !store.add(i, j)) return exhausted(pairs);
+    return store.moveTo(pairs, count);
+}
+
+int loopOverBoth(LooseTest const &test, int countA, int countB, Pairs &pairs) {
+    PairStore store;
+    for (int i = 0; i < countA; ++i)
+        for (int j = 0; j < countB; ++j)
+            if (test.clashes(i, j) && !store.add(i, j)) return exhausted(pairs);
+    return store.moveTo(pairs, countA);
+}
+
+/// For fewer boxes the loop is faster.
+constexpr int kFewBoxes = 45;
+constexpr std::int64_t kFewPairs = kFewBoxes * (kFewBoxes - 1) / 2;
+
+// Boxes that are not placed.
+
+/// Added to the index of a box that is plain; see DeepClash.
+constexpr std::uint32_t kPlain = std::uint32_t{1} << 31;
+
+int indexOf(std::uint32_t label) { return static_cast<int>(label & ~kPlain); }
+
+/// Which boxes clash for certain, because their common part is deep.
+///
+/// A box is plain when its sphere holds its corners, but for 1e-09 of the radius, and is no larger
+/// than twice the half diagonal. Let the common part of two plain boxes be wider than d on every
+/// axis, and p its middle. On an axis p is at least d / 2 from both ends of a box, so at most
+/// f - d / 2 from the sphere's centre when f is the distance of the farther end. Then
+/// (f - d / 2)^2 <= f^2 - f d / 2, as f >= d / 2, and the sum of three shows that p is nearer to
+/// the centre than the farthest corner by d / 4 or more. That is inside the sphere when d / 4 is
+/// above 1e-09 of the radius. So both spheres reach the common part and each other, and it is not a
+/// point. With tol >= 0 that is a clash.
+///
+/// reach is the largest coordinate of a plain box in floats. Rounding to floats and their
+/// subtraction err by less than 2.4e-07 reach, the sums with tol by 1e-15 of the coordinates
+/// themselves. The depth exceeds these by more than 7e-07 reach, and the radius is at most 4 reach.
+class DeepClash {
+public:
+    DeepClash(FloatFrame const &frame, double tol) : frame_(frame), tol_(tol) {}
+
+    std::uint32_t mark(mgBBox_c const &box, Enclosure const &bounds) {
+        if (!isPlain(box)) return 0;
+        for (int i = 0; i < 3; ++i)
+            reach_ = std::max({reach_, std::fabs(bounds.low[i]), std::fabs(bounds.high[i])});
+        return kPlain;
+    }
+
+    /// Least depth in floats of a certain clash of plain boxes; strict.
+    float depth() const {
+        constexpr double kContact = 2e-08; // twice the tolerance for a common part that is a point
+        constexpr double kOfReach = 1e-06;
+        constexpr double kRounding = 1e-15;
+        double const reach = reach_;
+        double const size = reach + sumOfOrigin() + tol_;
+        double const least = tol_ + kContact + kOfReach * reach + kRounding * size;
+        return std::nextafter(static_cast<float>(least), std::numeric_limits<float>::infinity());
+    }
+
+private:
+    double sumOfOrigin() const {
+        return std::fabs(frame_.origin[0]) + std::fabs(frame_.origin[1])
+               + std::fabs(frame_.origin[2]);
+    }
+
+    bool isPlain(mgBBox_c const &box) const {
+        constexpr double kSlack = 1.0 + 2e-09; // of the squared radius
+        constexpr double kMost = 1e30;         // of lengths, so that no square overflows
+        double const r = box.sphRadius();
+        if (!(r < kMost && tol_ >= 0.0 && tol_ < kMost)) return false;
+        mgPoint_c const low = box.low(), high = box.high();
+        double const farthestSq = farthestOffset(box.sphCenter(), low, high).sqlen();
+        return farthestSq <= r * r * kSlack && r * r <= (high - low).sqlen();
+    }
+
+    FloatFrame frame_;
+    double tol_;
+    float reach_ = 0.0f;
+};
+
+FloatFrame frameOfBoxes(mgBBox_c const *boxes, int count) {
+    return frameOf(count, [boxes](int i, int axis) { return boxes[i].center()[axis]; });
+}
+
+/// Builds the tree of the boxes that may clash with any.
+bool build(mgBBox_c const *boxes, int count, double tol, FloatFrame const &frame, DeepClash &deep,
+           BoxTree &tree) {
+    std::unique_ptr<Enclosure[]> const entries(new (std::nothrow)
+                                                   Enclosure[static_cast<std::size_t>(count)]);
+    if (!entries) return false;
+    int kept = 0;
+    for (int i = 0; i < count; ++i) {
+        Enclosure &entry = entries[kept];
+        if (!enclose(boxes[i], tol, frame, entry)) continue;
+        entry.label = static_cast<std::uint32_t>(i) | deep.mark(boxes[i], entry);
+        ++kept;
+    }
+    return tree.build(entries.get(), kept);
+}
+
+/// Stores the pair when it clashes. False when memory is exhausted.
+bool addIfClash(LooseTest const &test, std::uint32_t a, std::uint32_t b, bool isDeep, int i, int j,
+                PairStore &store) {
+    bool const isCertain = isDeep && (a & b & kPlain) != 0;
+    return !(isCertain || test.clashes(i, j)) || store.add(i, j);
+}
+
+int findLoose(LooseTest const &test, int count, Pairs &pairs) {
+    FloatFrame const frame = frameOfBoxes(test.a, count);
+    DeepClash deep(frame, test.tol);
+    BoxTree tree;
+    if (!build(test.a, count, test.tol, frame, deep, tree)) return exhausted(pairs);
+    PairStore store;
+    bool const done =
+        tree.findPairs(deep.depth(), [&](std::uint32_t a, std::uint32_t b, bool isDeep) {
+            auto const [i, j] = std::minmax({indexOf(a), indexOf(b)});
+            return addIfClash(test, a, b, isDeep, i, j, store);
+        });
+    return done ? store.moveTo(pairs, count) : exhausted(pairs);
+}
+
+int findBetween(LooseTest const &test, int countA, int countB, Pairs &pairs) {
+    FloatFrame const frame =
+        countA > countB ? frameOfBoxes(test.a, countA) : frameOfBoxes(test.b, countB);
+    DeepClash deep(frame, test.tol);
+    BoxTree treeA, treeB;
+    if (!build(test.a, countA, test.tol, frame, deep, treeA)
+        || !build(test.b, countB, test.tol, frame, deep, treeB))
+        return exhausted(pairs);
+    PairStore store;
+    bool const done =
+        treeA.findPairs(treeB, deep.depth(), [&](std::uint32_t a, std::uint32_t b, bool isDeep) {
+            return addIfClash(test, a, b, isDeep, indexOf(a), indexOf(b), store);
+        });
+    return done ? store.moveTo(pairs, countA) : exhausted(pairs);
+}
+
+// Placed boxes.
+
+/// What is known of each placed box when a pair is met: in floats, as in the tree, and the sphere.
+struct PlacedBox {
+    float low[3], high[3];
+    bool isAligned;
+    double centre[3], radius;
+};
+
+bool mayClash(PlacedBox const &a, PlacedBox const &b) {
+    double distanceSq = 0.0;
+    for (int i = 0; i < 3; ++i) {
+        double const d = a.centre[i] - b.centre[i];
+        distanceSq += d * d;
+    }
+    double const reach = a.radius + b.radius;
+    if (distanceSq > reach * reach) return false;
+    if (!a.isAligned && !b.isAligned) return true;
+    for (int i = 0; i < 3; ++i)
+        if (!(a.low[i] <= b.high[i] && b.low[i] <= a.high[i])) return false;
+    return true;
+}
+
+/// The entry of a box in the tree: its bounds when it is aligned, else the cube around its sphere.
+/// Clipped corners that are empty have no place in the tree: the cube stands for them.
+Enclosure entryOf(PlacedBounds const &bounds, FloatFrame const &frame, PlacedBox &box) {
+    Enclosure cube = {};
+    bool isEmpty = false;
+    for (int i = 0; i < 3; ++i) {
+        cube.low[i] = frame.toFloat(bounds.centre[i] - bounds.radius, i);
+        cube.high[i] = frame.toFloat(bounds.centre[i] + bounds.radius, i);
+        box.low[i] = frame.toFloat(bounds.low[i], i);
+        box.high[i] = frame.toFloat(bounds.high[i], i);
+        box.centre[i] = bounds.centre[i];
+        isEmpty |= bounds.low[i] > bounds.high[i];
+    }
+    box.radius = bounds.radius;
+    box.isAligned = bounds.isAligned;
+    if (!bounds.isAligned || isEmpty) return cube;
+    return {{box.low[0], box.low[1], box.low[2]}, {box.high[0], box.high[1], box.high[2]}, 0};
+}
+
+int findPlaced(PlacedTest const &test, int count, Pairs &pairs) {
+    auto const size = static_cast<std::size_t>(count);
+    std::unique_ptr<Enclosure[]> entries(new (std::nothrow) Enclosure[size]);
+    std::unique_ptr<PlacedBox[]> const placed(new (std::nothrow) PlacedBox[size]);
+    if (!entries || !placed) return exhausted(pairs);
+    FloatFrame const frame = frameOf(count, [&](int i, int axis) {
+        return PlacedBounds(test.boxes[i], test.placements[i]).centre[axis];
+    });
+    int kept = 0;
+    for (int i = 0; i < count; ++i) {
+        if (!test.boxes[i].isSet()) continue;
+        PlacedBounds const bounds(test.boxes[i], test.placements[i]);
+        entries[kept] = entryOf(bounds, frame, placed[i]);
+        entries[kept++].label = static_cast<std::uint32_t>(i);
+    }
+    BoxTree tree;
+    if (!tree.build(entries.get(), kept)) return exhausted(pairs);
+    entries.reset();
+
+    constexpr float kNever = std::numeric_limits<float>::infinity();
+    PairStore store;
+    bool const done = tree.findPairs(kNever, [&](std::uint32_t a, std::uint32_t b, bool) {
+        auto const [i, j] = std::minmax({static_cast<int>(a), static_cast<int>(b)});
+        return !mayClash(placed[i], placed[j]) || !test.clashes(i, j) || store.add(i, j);
+    });
+    return done ? store.moveTo(pairs, count) : exhausted(pairs);
+}
+
+} // namespace
+
+int mg_FindClashes(mgBBox_c const *boxes, int count, double tol, Pairs &pairs) {
+    LooseTest const test = {boxes, boxes, tol};
+    return count < kFewBoxes ? loopOverPairs(test, count, pairs) : findLoose(test, count, pairs);
+}
+
+int mg_FindClashes(mgBBox_c const *boxes, mgXform_c const *placements, int count, Pairs &pairs) {
+    PlacedTest const test = {boxes, placements};
+    return count < kFewBoxes ? loopOverPairs(test, count, pairs) : findPlaced(test, count, pairs);
+}
+
+int mg_FindClashes(mgBBox_c const *a, int countA, mgBBox_c const *b, int countB, double tol,
+                   Pairs &pairs) {
+    /// Building the tree of a box takes as long as testing it against this many.
+    constexpr int kFewOthers = 8;
+    LooseTest const test = {a, b, tol};
+    std::int64_t const all = std::int64_t{std::max(countA, 0)} * std::max(countB, 0);
+    bool const areFew = all < kFewPairs || std::min(countA, countB) < kFewOthers;
+    return areFew ? loopOverBoth(test, countA, countB, pairs)
+                  : findBetween(test, countA, countB, pairs);
+}
