@@ -22,6 +22,7 @@ namespace {
 using namespace vexmath::detail;
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 /// Sets all fields, without the copy rules. False when memory for the record is exhausted; `to` is
 /// then unchanged.
@@ -148,9 +149,13 @@ Enclosure aroundCorners(mgBBox_c const &box, FloatFrame const &frame) {
     Enclosure entry = {};
     for (int i = 0; i < 3; ++i) {
         double const low = parts.low[i], high = parts.high[i];
-        bool const isNaN = std::isnan(low) || std::isnan(high);
-        setInterval(isNaN ? low + high : std::min(low, high),
-                    isNaN ? low + high : std::max(low, high), frame, i, entry);
+        if (low <= high) {
+            entry.low[i] = frame.toFloat(low, i);
+            entry.high[i] = frame.toFloat(high, i);
+        } else { // also NaN
+            bool const isInverted = high < low;
+            setInterval(isInverted ? high : kNaN, isInverted ? low : kNaN, frame, i, entry);
+        }
     }
     return entry;
 }
@@ -184,7 +189,7 @@ struct vexmath::detail::BoxIndexData {
                           : boxes[i].clash(&boxes[j], tol) != 0;
     }
 
-    double middle(int i, int axis) const;
+    double middle(mgBBox_c const &box, int i, int axis) const;
     Enclosure entry(int i) const;
     void updateEntry(int i) { tree.replace(positions[i], entry(i)); }
 
@@ -209,13 +214,18 @@ struct vexmath::detail::BoxIndexData {
     FloatFrame frame;
     BoxTree tree;                            ///< one entry for each box
     std::unique_ptr<int[]> positions;        ///< of the entries in the tree
-    std::unique_ptr<mgBBox_c[]> boxes;       ///< as given
+    /// Releases boxes that were not made by an array's new, which would set them first.
+    struct Release {
+        void operator()(mgBBox_c *boxes) const { ::operator delete(boxes); }
+    };
+    std::unique_ptr<mgBBox_c[], Release> boxes; ///< as given
     std::unique_ptr<mgXform_c[]> placements; ///< as given; null when the boxes are not placed
 };
 
-double BoxIndexData::middle(int i, int axis) const {
-    if (placements) return PlacedBounds(boxes[i], placements[i]).centre[axis];
-    BoxParts const parts(boxes[i]);
+/// Of box i, or of the sphere when it is placed.
+double BoxIndexData::middle(mgBBox_c const &box, int i, int axis) const {
+    if (placements) return PlacedBounds(box, placements[i]).centre[axis];
+    BoxParts const parts(box);
     return 0.5 * parts.low[axis] + 0.5 * parts.high[axis];
 }
 
@@ -229,17 +239,17 @@ bool BoxIndexData::build(mgBBox_c const *sourceBoxes, mgXform_c const *sourcePla
                          int sourceCount) {
     auto const size = static_cast<std::size_t>(sourceCount);
     count = sourceCount;
-    boxes.reset(new (std::nothrow) mgBBox_c[size]);
+    boxes.reset(static_cast<mgBBox_c *>(::operator new(size * sizeof(mgBBox_c), std::nothrow)));
     positions.reset(new (std::nothrow) int[size]);
     if (sourcePlacements) placements.reset(new (std::nothrow) mgXform_c[size]);
     std::unique_ptr<Enclosure[]> const entries(new (std::nothrow) Enclosure[size]);
     if (!boxes || !positions || !entries || (sourcePlacements && !placements)) return false;
 
-    std::copy(sourceBoxes, sourceBoxes + count, boxes.get());
     for (int i = 0; sourcePlacements && i < count; ++i)
         if (!copyExactly(sourcePlacements[i], placements[i])) return false;
-    frame = frameOf(count, [this](int i, int axis) { return middle(i, axis); });
+    frame = frameOf(count, [&](int i, int axis) { return middle(sourceBoxes[i], i, axis); });
     for (int i = 0; i < count; ++i) {
+        ::new (&boxes[i]) mgBBox_c(sourceBoxes[i]);
         entries[i] = entry(i);
         entries[i].label = static_cast<std::uint32_t>(i);
     }
