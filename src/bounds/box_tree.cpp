@@ -234,7 +234,7 @@ void BoxTree::replace(int position, Enclosure const &entry) {
 Enclosure BoxTree::collectBlock(int firstGroup, BoxList &block) const {
     Enclosure const bounds = unionOf(group(1, firstGroup / 8));
     int const end = std::min(firstGroup + 8, groupsAt(0));
-    for (int g = firstGroup; g < end; ++g) appendMeeting(group(0, g), labelsOf(g), bounds, block);
+    for (int g = firstGroup; g < end; ++g) appendMeeting(group(0, g), 8 * g, bounds, block);
     return bounds;
 }
 
