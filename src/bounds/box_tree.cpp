@@ -3,8 +3,7 @@
 
 #include "box_tree.h"
 
-#include "simd/dispatch.h"
-
+#include <array>
 #include <new>
 #include <utility>
 
@@ -63,41 +62,63 @@ Layout layoutOf(Enclosure const *entries, int count) {
     return layout;
 }
 
-/// Eight cells, and then eight numbers on the curve, in `cell[0]`.
-struct EightCells {
-    std::uint32_t cell[3][8];
+/// A step into one of the eight parts of a cube: the number of the part along the Hilbert curve,
+/// and the state of the curve in it: 8 times a direction, plus the corner at which the curve
+/// enters. Method: C. Hamilton, "Compact Hilbert indices", 2006.
+struct CurveStep {
+    unsigned state, number;
 };
 
-/// The position of cells on the Hilbert curve.
-/// Method: J. Skilling, "Programming the Hilbert curve", 2004.
-void toCurve(EightCells &cells) {
-    std::uint32_t(&x)[8] = cells.cell[0];
-    for (int bit = kAxisBits - 1; bit > 0; --bit) {
-        std::uint32_t const lower = (std::uint32_t{1} << bit) - 1;
-        for (auto &axis : cells.cell) {
-            for (int k = 0; k < 8; ++k) {
-                std::uint32_t const inverts = ~(axis[k] >> bit & 1) + 1; // all bits, or none
-                std::uint32_t const exchanged = (x[k] ^ axis[k]) & lower & ~inverts;
-                x[k] ^= (inverts & lower) | exchanged;
-                axis[k] ^= &axis == &x ? 0 : exchanged;
-            }
+constexpr unsigned rotated(unsigned bits, unsigned by) { // to the left, by 0 to 3
+    return (bits << by | bits >> (3 - by)) & 7;
+}
+
+/// Bit i of a corner is set for the upper half of axis i.
+constexpr CurveStep curveStep(unsigned state, unsigned corner) {
+    constexpr unsigned kEntries[8] = {0, 0, 0, 3, 3, 6, 6, 5};
+    constexpr unsigned kDirections[8] = {0, 1, 1, 2, 2, 1, 1, 0};
+    unsigned const entry = state % 8, direction = state / 8;
+    unsigned const gray = rotated(corner ^ entry, 2 - direction);
+    unsigned const number = gray ^ gray >> 1 ^ gray >> 2;
+    return {(direction + kDirections[number] + 1) % 3 * 8
+                + (entry ^ rotated(kEntries[number], direction + 1)),
+            number};
+}
+
+constexpr unsigned kStates = 24;
+
+/// Two steps at once, by state and two corners: the number, above 64 times the next state.
+constexpr auto kCurve = [] {
+    std::array<std::uint32_t, kStates * 64> table = {};
+    for (unsigned state = 0; state < kStates; ++state)
+        for (unsigned corners = 0; corners < 64; ++corners) {
+            CurveStep const outer = curveStep(state, corners / 8);
+            CurveStep const inner = curveStep(outer.state, corners % 8);
+            unsigned const number = 8 * outer.number + inner.number;
+            table[64 * state + corners] = number << 16 | 64 * inner.state;
         }
+    return table;
+}();
+
+/// Bit i becomes bit 3 i.
+std::uint32_t spread(std::uint32_t v) {
+    v = (v | v << 16) & 0x030000ffu;
+    v = (v | v << 8) & 0x0300f00fu;
+    v = (v | v << 4) & 0x030c30c3u;
+    return (v | v << 2) & 0x09249249u;
+}
+
+/// The number of a cell on the curve.
+std::uint32_t numberOf(std::uint32_t const (&cell)[3]) {
+    std::uint32_t const corners = spread(cell[0]) | spread(cell[1]) << 1 | spread(cell[2]) << 2;
+    std::uint32_t number = 0;
+    std::uint32_t state = 0;
+    for (int shift = 3 * kAxisBits - 6; shift >= 0; shift -= 6) {
+        std::uint32_t const step = kCurve[state + (corners >> shift & 63)];
+        number = number << 6 | step >> 16;
+        state = step & 0xffff;
     }
-    for (int k = 0; k < 8; ++k) {
-        std::uint32_t a = cells.cell[0][k], b = cells.cell[1][k] ^ a, c = cells.cell[2][k] ^ b;
-        std::uint32_t parity = c >> 1; // bit i becomes the parity of the bits of c above i
-        parity ^= parity >> 1;
-        parity ^= parity >> 2;
-        parity ^= parity >> 4;
-        parity ^= parity >> 8;
-        auto const spread = [](std::uint32_t v) { // bit i to bit 3 i
-            v = (v | v << 16) & 0x030000ffu;
-            v = (v | v << 8) & 0x0300f00fu;
-            v = (v | v << 4) & 0x030c30c3u;
-            return (v | v << 2) & 0x09249249u;
-        };
-        cells.cell[0][k] = spread(a ^ parity) << 2 | spread(b ^ parity) << 1 | spread(c ^ parity);
-    }
+    return number;
 }
 
 /// 0 for most entries; up to 3 for those that are much larger. NaN and infinite extents give 3.
@@ -110,25 +131,18 @@ std::uint32_t sizeClass(Enclosure const &e, Layout const &layout) {
 
 std::uint32_t cellOf(Enclosure const &e, int axis, Layout const &layout) {
     float const cell = (middle(e, axis) - layout.low[axis]) * layout.cellsPerUnit;
-    if (!(cell > 0.0f)) return 0; // NaN too
-    return static_cast<std::uint32_t>(std::min(cell, kCells - 1.0f));
+    return static_cast<std::uint32_t>(cell > 0.0f ? std::min(cell, kCells - 1.0f) : 0.0f);
 }
 
 /// The key of each entry, above its index.
 void findKeys(Enclosure const *entries, int count, std::uint64_t *keys) {
     Layout const layout = layoutOf(entries, count);
-    for (int first = 0; first < count; first += std::min(8, count - first)) {
-        int const n = std::min(8, count - first);
-        EightCells cells = {};
-        for (int k = 0; k < n; ++k)
-            for (int axis = 0; axis < 3; ++axis)
-                cells.cell[axis][k] = cellOf(entries[first + k], axis, layout);
-        toCurve(cells);
-        for (int k = 0; k < n; ++k) {
-            std::uint64_t const size = sizeClass(entries[first + k], layout);
-            std::uint64_t const key = size << 3 * kAxisBits | cells.cell[0][k];
-            keys[first + k] = key << 32 | static_cast<std::uint32_t>(first + k);
-        }
+    for (int i = 0; i < count; ++i) {
+        Enclosure const &e = entries[i];
+        std::uint32_t const cell[3] = {cellOf(e, 0, layout), cellOf(e, 1, layout),
+                                       cellOf(e, 2, layout)};
+        std::uint32_t const key = sizeClass(e, layout) << 3 * kAxisBits | numberOf(cell);
+        keys[i] = std::uint64_t{key} << 32 | static_cast<std::uint32_t>(i);
     }
 }
 
@@ -234,7 +248,7 @@ void BoxTree::replace(int position, Enclosure const &entry) {
 Enclosure BoxTree::collectBlock(int firstGroup, BoxList &block) const {
     Enclosure const bounds = unionOf(group(1, firstGroup / 8));
     int const end = std::min(firstGroup + 8, groupsAt(0));
-    for (int g = firstGroup; g < end; ++g) appendMeeting(group(0, g), labelsOf(g), bounds, block);
+    for (int g = firstGroup; g < end; ++g) appendMeeting(group(0, g), 8 * g, bounds, block);
     return bounds;
 }
 

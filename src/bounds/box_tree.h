@@ -42,13 +42,14 @@ public:
     /// high of all others; infinite ones are allowed.
     bool build(Enclosure const *entries, int count);
 
-    /// Entries are at the positions 0 to count() - 1, in the order of the tree.
+    /// Entries are at the positions 0 to count() - 1. Near ones have near positions: data that are
+    /// read for pairs are best kept in this order.
     int count() const { return count_; }
     std::uint32_t label(int position) const { return labels_[position]; }
     /// Replaces the entry at a position, all but its label, and the bounds of the groups above it.
     void replace(int position, Enclosure const &entry);
 
-    /// Calls `found(label)` for every entry that passes `meets(boxes)`, which returns a bit for
+    /// Calls `found(position)` for every entry that passes `meets(boxes)`, which returns a bit for
     /// each lane of an EightBoxes: 1 where a box meets what is searched, and perhaps where it does
     /// not, and 0 where a lane holds NaN. A box that is met must be met by every larger one.
     /// `[&](EightBoxes const &boxes) { return whichMeet(boxes, box); }` finds what meets a box.
@@ -56,12 +57,12 @@ public:
     template <class Meets, class Found>
     bool visit(Meets const &meets, Found const &found) const;
 
-    /// Calls `found(label, label, isDeep)` once for every two entries that meet, in any order.
-    /// isDeep: is the common part wider than `depth` on every axis? It is never wider than
-    /// infinity. Stops when found returns false, and then returns false.
+    /// Calls `found(position, position, isDeep)` once for every two entries that meet. isDeep: is
+    /// the common part wider than `depth` on every axis? It is never wider than infinity. Stops
+    /// when found returns false, and then returns false.
     template <class Found>
     bool findPairs(float depth, Found const &found) const;
-    /// The same for all pairs of an entry of this tree, first, and one of the other.
+    /// The same for all pairs of an entry of this tree, given first, and one of the other.
     template <class Found>
     bool findPairs(BoxTree const &other, float depth, Found const &found) const;
 
@@ -70,7 +71,6 @@ private:
 
     int groupsAt(int level) const { return begins_[level + 1] - begins_[level]; }
     EightBoxes const &group(int level, int g) const { return groups_[begins_[level] + g]; }
-    std::uint32_t const *labelsOf(int g) const { return labels_.get() + std::size_t{8} * g; }
 
     bool allocate(int count);
     void fillEntries(Enclosure const *entries, std::uint64_t const *order);
@@ -147,7 +147,7 @@ bool BoxTree::visit(Meets const &meets, Found const &found) const {
     return visitLeaves(meets, 0, [&](int g) {
         unsigned which = meets(group(0, g));
         for (int k = 0; which != 0; which >>= 1, ++k)
-            if ((which & 1) != 0 && !found(labelsOf(g)[k])) return false;
+            if ((which & 1) != 0 && !found(8 * g + k)) return false;
         return true;
     });
 }
@@ -170,7 +170,8 @@ bool findPairsInList(BoxList &list, int own, bool amongOwn, float depth, Found c
             int const n = findMeeting(nearby, begin, list[k], depth, indices);
             for (int i = 0; i < n; ++i) {
                 bool const isDeep = (indices[i] & kDeep) != 0;
-                if (!found(list.label[k], nearby.label[indices[i] & ~kDeep], isDeep)) return false;
+                int const other = nearby.position[indices[i] & ~kDeep];
+                if (!found(list.position[k], other, isDeep)) return false;
             }
         }
     }
@@ -196,7 +197,7 @@ bool BoxTree::findPairsOfBlock(int firstGroup, BoxTree const &other, float depth
                                   amongOwn = false;
                                   list.count = own;
                               }
-                              appendMeeting(other.group(0, g), other.labelsOf(g), bounds, list);
+                              appendMeeting(other.group(0, g), 8 * g, bounds, list);
                               return true;
                           });
     return goesOn && findPairsInList(list, own, amongOwn, depth, found);

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <numeric>
 
 namespace vexmath::detail {
 
@@ -56,7 +57,7 @@ struct Plain {
         return which;
     }
 
-    static void append(Lanes const &lanes, std::uint32_t const *labels, Enclosure const &box,
+    static void append(Lanes const &lanes, int const *positions, Enclosure const &box,
                        BoxList &to) {
         unsigned const which = whichMeet(lanes, box);
         for (int k = 0; k < 8; ++k) {
@@ -64,7 +65,7 @@ struct Plain {
                 to.low[i][to.count] = lanes.low[i][k];
                 to.high[i][to.count] = lanes.high[i][k];
             }
-            to.label[to.count] = labels[k];
+            to.position[to.count] = positions[k];
             to.count += static_cast<int>(which >> k & 1);
         }
     }
@@ -117,8 +118,14 @@ VEXMATH_AVX2_STEP void copyPacked(float const *from, __m256i packing, float *to)
     _mm256_storeu_ps(to, _mm256_permutevar8x32_ps(_mm256_loadu_ps(from), packing));
 }
 
-VEXMATH_AVX2_STEP void storeIndices(std::uint32_t *to, __m256i indices) {
-    _mm256_storeu_si256(reinterpret_cast<__m256i *>(to), indices);
+template <class Number>
+VEXMATH_AVX2_STEP void storeNumbers(Number *to, __m256i numbers) {
+    _mm256_storeu_si256(reinterpret_cast<__m256i *>(to), numbers);
+}
+
+/// first, first + 1 ...
+VEXMATH_AVX2_STEP __m256i numbersFrom(int first) {
+    return _mm256_add_epi32(_mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7), _mm256_set1_epi32(first));
 }
 
 /// A box in all lanes of six registers.
@@ -160,16 +167,15 @@ struct WideEnclosure {
     __m256 low[3], high[3];
 };
 
-VEXMATH_AVX2_STEP void appendStep(Lanes const &lanes, std::uint32_t const *labels,
-                                  WideEnclosure const &box, BoxList &to) {
+VEXMATH_AVX2_STEP void appendStep(Lanes const &lanes, __m256i positions, WideEnclosure const &box,
+                                  BoxList &to) {
     unsigned const which = box.whichMeet(lanes);
     __m256i const packed = packing(which);
     for (int i = 0; i < 3; ++i) {
         copyPacked(lanes.low[i], packed, to.low[i] + to.count);
         copyPacked(lanes.high[i], packed, to.high[i] + to.count);
     }
-    __m256i const eight = _mm256_loadu_si256(reinterpret_cast<__m256i const *>(labels));
-    storeIndices(to.label + to.count, _mm256_permutevar8x32_epi32(eight, packed));
+    storeNumbers(to.position + to.count, _mm256_permutevar8x32_epi32(positions, packed));
     to.count += __builtin_popcount(which);
 }
 
@@ -179,16 +185,18 @@ struct Simd {
         return WideEnclosure(box).whichMeet(lanes);
     }
 
-    VEXMATH_AVX2 static void append(EightBoxes const &boxes, std::uint32_t const *labels,
-                                    Enclosure const &box, BoxList &to) {
-        appendStep(lanesOf(boxes), labels, WideEnclosure(box), to);
+    VEXMATH_AVX2 static void append(EightBoxes const &boxes, int position, Enclosure const &box,
+                                    BoxList &to) {
+        appendStep(lanesOf(boxes), numbersFrom(position), WideEnclosure(box), to);
     }
 
     VEXMATH_AVX2 static void append(BoxList const &list, int begin, Enclosure const &box,
                                     BoxList &to) {
         WideEnclosure const wide(box);
         for (int first = begin; first < list.count; first += 8)
-            appendStep(lanesOf(list, first), list.label + first, wide, to);
+            appendStep(lanesOf(list, first),
+                       _mm256_loadu_si256(reinterpret_cast<__m256i const *>(list.position + first)),
+                       wide, to);
     }
 
     VEXMATH_AVX2 static int find(BoxList const &list, int begin, Enclosure const &box, float depth,
@@ -202,7 +210,7 @@ struct Simd {
             Lanes const lanes = lanesOf(list, first);
             unsigned const which = wide.whichMeet(lanes);
             __m256i const marked = _mm256_or_si256(indices, wide.deepMarks(lanes, depths));
-            storeIndices(found + count, _mm256_permutevar8x32_epi32(marked, packing(which)));
+            storeNumbers(found + count, _mm256_permutevar8x32_epi32(marked, packing(which)));
             count += __builtin_popcount(which);
             indices = _mm256_add_epi32(indices, _mm256_set1_epi32(8));
         }
@@ -227,12 +235,13 @@ unsigned whichMeet(EightBoxes const &boxes, Enclosure const &box) {
     return Plain::whichMeet(lanesOf(boxes), box);
 }
 
-void appendMeeting(EightBoxes const &boxes, std::uint32_t const *labels, Enclosure const &box,
-                   BoxList &to) {
+void appendMeeting(EightBoxes const &boxes, int position, Enclosure const &box, BoxList &to) {
 #if defined(VEXMATH_AVX2)
-    if (hasSimd()) return Simd::append(boxes, labels, box, to);
+    if (hasSimd()) return Simd::append(boxes, position, box, to);
 #endif
-    Plain::append(lanesOf(boxes), labels, box, to);
+    int positions[8];
+    std::iota(positions, positions + 8, position);
+    Plain::append(lanesOf(boxes), positions, box, to);
 }
 
 void appendMeeting(BoxList const &list, int begin, Enclosure const &box, BoxList &to) {
@@ -240,7 +249,7 @@ void appendMeeting(BoxList const &list, int begin, Enclosure const &box, BoxList
     if (hasSimd()) return Simd::append(list, begin, box, to);
 #endif
     for (int first = begin; first < list.count; first += 8)
-        Plain::append(lanesOf(list, first), list.label + first, box, to);
+        Plain::append(lanesOf(list, first), list.position + first, box, to);
 }
 
 int findMeeting(BoxList const &list, int begin, Enclosure const &box, float depth,

@@ -13,7 +13,7 @@ namespace vexmath::detail {
 struct Enclosure {
     float low[3];
     float high[3];
-    std::uint32_t label; ///< whatever its owner wants to find again
+    std::uint32_t label; ///< whatever its owner wants to know of it
 };
 
 /// Eight enclosures. A lane without one holds NaN.
@@ -22,7 +22,7 @@ struct EightBoxes {
     float high[3][8];
 };
 
-/// A list of enclosures with room for a few hundred, axis by axis.
+/// A list of enclosures by their positions, with room for a few hundred, axis by axis.
 struct BoxList {
     static constexpr int kMost = 512;
 
@@ -33,14 +33,14 @@ struct BoxList {
         for (int k = 0; k < 8; ++k) low[0][count + k] = std::numeric_limits<float>::quiet_NaN();
     }
     Enclosure operator[](int k) const {
-        return {{low[0][k], low[1][k], low[2][k]}, {high[0][k], high[1][k], high[2][k]}, label[k]};
+        return {{low[0][k], low[1][k], low[2][k]}, {high[0][k], high[1][k], high[2][k]}, 0};
     }
 
     int count = 0;
     // A step of eight may write and read beyond the last one.
     float low[3][kMost + 8];
     float high[3][kMost + 8];
-    std::uint32_t label[kMost + 8];
+    int position[kMost + 8];
 };
 
 /// The smallest box around the enclosures. low > high when there are none.
@@ -50,9 +50,9 @@ Enclosure unionOf(BoxList const &list, int begin, int end);
 /// Bit k is set when the box in lane k meets `box`.
 unsigned whichMeet(EightBoxes const &boxes, Enclosure const &box);
 
-/// Appends those that meet `box`, in their order. REQUIRES room for eight.
-void appendMeeting(EightBoxes const &boxes, std::uint32_t const *labels, Enclosure const &box,
-                   BoxList &to);
+/// Appends those that meet `box`, in their order; the first has the given position. REQUIRES room
+/// for eight.
+void appendMeeting(EightBoxes const &boxes, int position, Enclosure const &box, BoxList &to);
 /// The same for all of a closed list from `begin` on. REQUIRES an empty `to`.
 void appendMeeting(BoxList const &list, int begin, Enclosure const &box, BoxList &to);
 

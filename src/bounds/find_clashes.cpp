@@ -148,24 +148,18 @@ bool build(mgBBox_c const *boxes, int count, double tol, FloatFrame const &frame
     return tree.build(entries.get(), kept);
 }
 
-/// Stores the pair when it clashes. False when memory is exhausted.
-bool addIfClash(LooseTest const &test, std::uint32_t a, std::uint32_t b, bool isDeep, int i, int j,
-                PairStore &store) {
-    bool const isCertain = isDeep && (a & b & kPlain) != 0;
-    return !(isCertain || test.clashes(i, j)) || store.add(i, j);
-}
-
 int findLoose(LooseTest const &test, int count, Pairs &pairs) {
     FloatFrame const frame = frameOfBoxes(test.a, count);
     DeepClash deep(frame, test.tol);
     BoxTree tree;
     if (!build(test.a, count, test.tol, frame, deep, tree)) return exhausted(pairs);
     PairStore store;
-    bool const done =
-        tree.findPairs(deep.depth(), [&](std::uint32_t a, std::uint32_t b, bool isDeep) {
-            auto const [i, j] = std::minmax({indexOf(a), indexOf(b)});
-            return addIfClash(test, a, b, isDeep, i, j, store);
-        });
+    bool const done = tree.findPairs(deep.depth(), [&](int p, int q, bool isDeep) {
+        std::uint32_t const a = tree.label(p), b = tree.label(q);
+        auto const [i, j] = std::minmax({indexOf(a), indexOf(b)});
+        bool const isCertain = isDeep && (a & b & kPlain) != 0;
+        return !(isCertain || test.clashes(i, j)) || store.add(i, j);
+    });
     return done ? store.moveTo(pairs, count) : exhausted(pairs);
 }
 
@@ -178,23 +172,38 @@ int findBetween(LooseTest const &test, int countA, int countB, Pairs &pairs) {
         || !build(test.b, countB, test.tol, frame, deep, treeB))
         return exhausted(pairs);
     PairStore store;
-    bool const done =
-        treeA.findPairs(treeB, deep.depth(), [&](std::uint32_t a, std::uint32_t b, bool isDeep) {
-            return addIfClash(test, a, b, isDeep, indexOf(a), indexOf(b), store);
-        });
+    bool const done = treeA.findPairs(treeB, deep.depth(), [&](int p, int q, bool isDeep) {
+        std::uint32_t const a = treeA.label(p), b = treeB.label(q);
+        bool const isCertain = isDeep && (a & b & kPlain) != 0;
+        return !(isCertain || test.clashes(indexOf(a), indexOf(b)))
+               || store.add(indexOf(a), indexOf(b));
+    });
     return done ? store.moveTo(pairs, countA) : exhausted(pairs);
 }
 
 // Placed boxes.
 
-/// What is known of each placed box when a pair is met: in floats, as in the tree, and the sphere.
-struct PlacedBox {
+/// What decides most pairs of placed boxes that meet in the tree: the bounds in floats, as there,
+/// and the sphere.
+struct PlacedLimits {
     float low[3], high[3];
-    bool isAligned;
     double centre[3], radius;
+    bool isAligned;
 };
 
-bool mayClash(PlacedBox const &a, PlacedBox const &b) {
+PlacedLimits limitsOf(PlacedBounds const &bounds, FloatFrame const &frame) {
+    PlacedLimits limits = {};
+    for (int i = 0; i < 3; ++i) {
+        limits.low[i] = frame.toFloat(bounds.low[i], i);
+        limits.high[i] = frame.toFloat(bounds.high[i], i);
+        limits.centre[i] = bounds.centre[i];
+    }
+    limits.radius = bounds.radius;
+    limits.isAligned = bounds.isAligned;
+    return limits;
+}
+
+bool mayClash(PlacedLimits const &a, PlacedLimits const &b) {
     double distanceSq = 0.0;
     for (int i = 0; i < 3; ++i) {
         double const d = a.centre[i] - b.centre[i];
@@ -208,49 +217,52 @@ bool mayClash(PlacedBox const &a, PlacedBox const &b) {
     return true;
 }
 
-/// The entry of a box in the tree: its bounds when it is aligned, else the cube around its sphere.
-/// Clipped corners that are empty have no place in the tree: the cube stands for them.
-Enclosure entryOf(PlacedBounds const &bounds, FloatFrame const &frame, PlacedBox &box) {
-    Enclosure cube = {};
-    bool isEmpty = false;
+/// The bounds of an aligned box, else the cube around the sphere. The bounds may be empty, which
+/// the tree does not allow: the cube stands for them.
+Enclosure entryOf(PlacedBounds const &bounds, FloatFrame const &frame) {
+    bool isCube = !bounds.isAligned;
+    for (int i = 0; i < 3; ++i) isCube |= bounds.low[i] > bounds.high[i];
+    Enclosure entry = {};
     for (int i = 0; i < 3; ++i) {
-        cube.low[i] = frame.toFloat(bounds.centre[i] - bounds.radius, i);
-        cube.high[i] = frame.toFloat(bounds.centre[i] + bounds.radius, i);
-        box.low[i] = frame.toFloat(bounds.low[i], i);
-        box.high[i] = frame.toFloat(bounds.high[i], i);
-        box.centre[i] = bounds.centre[i];
-        isEmpty |= bounds.low[i] > bounds.high[i];
+        double const low = isCube ? bounds.centre[i] - bounds.radius : bounds.low[i];
+        double const high = isCube ? bounds.centre[i] + bounds.radius : bounds.high[i];
+        entry.low[i] = frame.toFloat(low, i);
+        entry.high[i] = frame.toFloat(high, i);
     }
-    box.radius = bounds.radius;
-    box.isAligned = bounds.isAligned;
-    if (!bounds.isAligned || isEmpty) return cube;
-    return {{box.low[0], box.low[1], box.low[2]}, {box.high[0], box.high[1], box.high[2]}, 0};
+    return entry;
 }
 
 int findPlaced(PlacedTest const &test, int count, Pairs &pairs) {
+    auto const boundsOf = [&test](int i) {
+        return PlacedBounds(test.boxes[i], test.placements[i]);
+    };
     auto const size = static_cast<std::size_t>(count);
     std::unique_ptr<Enclosure[]> entries(new (std::nothrow) Enclosure[size]);
-    std::unique_ptr<PlacedBox[]> const placed(new (std::nothrow) PlacedBox[size]);
-    if (!entries || !placed) return exhausted(pairs);
-    FloatFrame const frame = frameOf(count, [&](int i, int axis) {
-        return PlacedBounds(test.boxes[i], test.placements[i]).centre[axis];
-    });
+    if (!entries) return exhausted(pairs);
+    FloatFrame const frame =
+        frameOf(count, [&](int i, int axis) { return boundsOf(i).centre[axis]; });
     int kept = 0;
     for (int i = 0; i < count; ++i) {
         if (!test.boxes[i].isSet()) continue;
-        PlacedBounds const bounds(test.boxes[i], test.placements[i]);
-        entries[kept] = entryOf(bounds, frame, placed[i]);
+        entries[kept] = entryOf(boundsOf(i), frame);
         entries[kept++].label = static_cast<std::uint32_t>(i);
     }
     BoxTree tree;
     if (!tree.build(entries.get(), kept)) return exhausted(pairs);
     entries.reset();
 
+    // In the order of the tree, so that those of a pair are near each other in memory.
+    std::unique_ptr<PlacedLimits[]> const limits(new (std::nothrow) PlacedLimits[size]);
+    if (!limits) return exhausted(pairs);
+    auto const indexAt = [&tree](int p) { return static_cast<int>(tree.label(p)); };
+    for (int p = 0; p < kept; ++p) limits[p] = limitsOf(boundsOf(indexAt(p)), frame);
+
     constexpr float kNever = std::numeric_limits<float>::infinity();
     PairStore store;
-    bool const done = tree.findPairs(kNever, [&](std::uint32_t a, std::uint32_t b, bool) {
-        auto const [i, j] = std::minmax({static_cast<int>(a), static_cast<int>(b)});
-        return !mayClash(placed[i], placed[j]) || !test.clashes(i, j) || store.add(i, j);
+    bool const done = tree.findPairs(kNever, [&](int p, int q, bool) {
+        if (!mayClash(limits[p], limits[q])) return true;
+        auto const [i, j] = std::minmax({indexAt(p), indexAt(q)});
+        return !test.clashes(i, j) || store.add(i, j);
     });
     return done ? store.moveTo(pairs, count) : exhausted(pairs);
 }

@@ -17,9 +17,11 @@ namespace {
 
 constexpr std::size_t kMostPairs = std::numeric_limits<std::int32_t>::max();
 
-bool isBefore(mgIndexPair_c const &a, mgIndexPair_c const &b) {
-    return a.first != b.first ? a.first < b.first : a.second < b.second;
-}
+struct Before {
+    bool operator()(mgIndexPair_c const &a, mgIndexPair_c const &b) const {
+        return a.first != b.first ? a.first < b.first : a.second < b.second;
+    }
+};
 
 /// Replaces the number of elements in each bin by the place of the first one. Behind the last bin
 /// stands the place behind the last element.
@@ -61,7 +63,7 @@ void PairStore::useBlocks(Use const &use) {
 void PairStore::sortFew(mgIndexPair_c *sorted) {
     mgIndexPair_c *end = sorted;
     useBlocks([&](auto const *first, auto const *last) { end = std::copy(first, last, end); });
-    if (!std::is_sorted(sorted, end, isBefore)) std::sort(sorted, end, isBefore);
+    if (!std::is_sorted(sorted, end, Before())) std::sort(sorted, end, Before());
 }
 
 /// Counts twice: the upper bits of first choose one of at most 1024 bins, each of which fits into
@@ -69,7 +71,7 @@ void PairStore::sortFew(mgIndexPair_c *sorted) {
 /// false when memory is exhausted.
 bool PairStore::sortMany(mgIndexPair_c *sorted, int firsts) {
     constexpr std::size_t kBins = 1024;
-    unsigned lowerBits = 0;
+    unsigned lowerBits = 8;
     while (static_cast<std::size_t>(firsts - 1) >> lowerBits >= kBins) ++lowerBits;
     std::size_t const width = std::size_t{1} << lowerBits;
     auto const binOf = [lowerBits](mgIndexPair_c const &p) {
@@ -103,7 +105,7 @@ bool PairStore::sortMany(mgIndexPair_c *sorted, int firsts) {
         toPlaces(places.get(), width);
         for (auto const *p = spare.get(); p != end; ++p) begin[placeOf(*p)++] = *p;
         for (std::size_t i = 0, first = 0; i < width; first = places[i++]) // now ends of the runs
-            std::sort(begin + first, begin + places[i], isBefore);
+            std::sort(begin + first, begin + places[i], Before());
     }
     return true;
 }
