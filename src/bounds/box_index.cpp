@@ -9,6 +9,7 @@
 #include "clash_bounds.h"
 #include "near_line.h"
 #include "pair_store.h"
+#include "placed_verdict.h"
 #include "transform/xform_parts.h"
 
 #include <algorithm>
@@ -163,7 +164,7 @@ Enclosure aroundCorners(mgBBox_c const &box, FloatFrame const &frame) {
 /// The entry of a placed box that is set. It meets that of every box that it clashes with, and
 /// holds the box's enclosure in the common frame, also where that is inverted: it is clipped to the
 /// cube around the sphere.
-Enclosure entryOf(PlacedBounds const &bounds, FloatFrame const &frame) {
+Enclosure aroundPlaced(PlacedBounds const &bounds, FloatFrame const &frame) {
     bool isCube = !bounds.isAligned;
     for (int i = 0; i < 3; ++i) isCube |= bounds.low[i] > bounds.high[i];
     Enclosure entry = {};
@@ -175,27 +176,35 @@ Enclosure entryOf(PlacedBounds const &bounds, FloatFrame const &frame) {
 
 } // namespace
 
+/// The boxes are kept in the order of the tree, by their positions: near ones are near in memory.
 struct vexmath::detail::BoxIndexData {
     /// False when memory is exhausted.
     bool build(mgBBox_c const *sourceBoxes, mgXform_c const *sourcePlacements, int sourceCount);
 
-    /// The result of a test of box i, as it is in the common frame.
+    int indexAt(int position) const { return static_cast<int>(tree.label(position)); }
+
+    /// The result of a test of the box at a position, as it is in the common frame.
     template <class Test>
-    auto test(int i, Test const &ofBox) const {
-        return placements ? ofBox(mgBBox_c(boxes[i]) *= placements[i]) : ofBox(boxes[i]);
-    }
-    bool clashes(int i, int j, double tol) const {
-        return placements ? mgBBox_c::clash(boxes[i], placements[i], boxes[j], placements[j]) != 0
-                          : boxes[i].clash(&boxes[j], tol) != 0;
+    auto test(int position, Test const &ofBox) const {
+        mgBBox_c const &box = boxes[position];
+        return placements ? ofBox(mgBBox_c(box) *= placements[position]) : ofBox(box);
     }
 
-    double middle(mgBBox_c const &box, int i, int axis) const;
-    Enclosure entry(int i) const;
-    void updateEntry(int i) { tree.replace(positions[i], entry(i)); }
+    /// Do the boxes at two positions clash? The one of the lower index must come first.
+    bool clashes(int a, int b, double tol) const {
+        return placements ? mgBBox_c::clash(boxes[a], placements[a], boxes[b], placements[b]) != 0
+                          : boxes[a].clash(&boxes[b], tol) != 0;
+    }
 
-    /// Calls `use(i)` for each box with an entry that passes `meets`, until it returns false.
-    /// Returns false then. Boxes are used some entries after they are found, when they have arrived
-    /// in the cache.
+    Enclosure entryOf(mgBBox_c const &box, mgXform_c const *placement) const;
+    Enclosure entryAt(int position) const {
+        return entryOf(boxes[position], placements ? &placements[position] : nullptr);
+    }
+    void updateEntry(int position) { tree.replace(position, entryAt(position)); }
+
+    /// Calls `use(position)` for each box with an entry that passes `meets`, until it returns
+    /// false. Returns false then. Boxes are used some entries after they are found, when they have
+    /// arrived in the cache.
     template <class Meets, class Use>
     bool search(Meets const &meets, Use const &use) const;
     template <class Use>
@@ -210,29 +219,26 @@ struct vexmath::detail::BoxIndexData {
     template <class Test>
     int listFromAll(Test const &ofBox, suDynamicArray<int> &which) const;
 
-    int count = 0;
-    FloatFrame frame;
-    BoxTree tree;                            ///< one entry for each box
-    std::unique_ptr<int[]> positions;        ///< of the entries in the tree
+    int findClashes(double tol, suDynamicArray<mgIndexPair_c> &pairs) const;
+    int findPlacedClashes(suDynamicArray<mgIndexPair_c> &pairs) const;
+
     /// Releases boxes that were not made by an array's new, which would set them first.
     struct Release {
         void operator()(mgBBox_c *boxes) const { ::operator delete(boxes); }
     };
+
+    int count = 0;
+    FloatFrame frame;
+    BoxTree tree;                               ///< one entry for each box, with its index as label
+    std::unique_ptr<int[]> positions;           ///< by index
     std::unique_ptr<mgBBox_c[], Release> boxes; ///< as given
-    std::unique_ptr<mgXform_c[]> placements; ///< as given; null when the boxes are not placed
+    std::unique_ptr<mgXform_c[]> placements;    ///< as given; null when the boxes are not placed
 };
 
-/// Of box i, or of the sphere when it is placed.
-double BoxIndexData::middle(mgBBox_c const &box, int i, int axis) const {
-    if (placements) return PlacedBounds(box, placements[i]).centre[axis];
-    BoxParts const parts(box);
-    return 0.5 * parts.low[axis] + 0.5 * parts.high[axis];
-}
-
-Enclosure BoxIndexData::entry(int i) const {
-    if (placements && boxes[i].isSet())
-        return entryOf(PlacedBounds(boxes[i], placements[i]), frame);
-    return test(i, [this](mgBBox_c const &box) { return aroundCorners(box, frame); });
+Enclosure BoxIndexData::entryOf(mgBBox_c const &box, mgXform_c const *placement) const {
+    if (placement == nullptr) return aroundCorners(box, frame);
+    if (box.isSet()) return aroundPlaced(PlacedBounds(box, *placement), frame);
+    return aroundCorners(mgBBox_c(box) *= *placement, frame);
 }
 
 bool BoxIndexData::build(mgBBox_c const *sourceBoxes, mgXform_c const *sourcePlacements,
@@ -242,19 +248,28 @@ bool BoxIndexData::build(mgBBox_c const *sourceBoxes, mgXform_c const *sourcePla
     boxes.reset(static_cast<mgBBox_c *>(::operator new(size * sizeof(mgBBox_c), std::nothrow)));
     positions.reset(new (std::nothrow) int[size]);
     if (sourcePlacements) placements.reset(new (std::nothrow) mgXform_c[size]);
-    std::unique_ptr<Enclosure[]> const entries(new (std::nothrow) Enclosure[size]);
+    std::unique_ptr<Enclosure[]> entries(new (std::nothrow) Enclosure[size]);
     if (!boxes || !positions || !entries || (sourcePlacements && !placements)) return false;
 
-    for (int i = 0; sourcePlacements && i < count; ++i)
-        if (!copyExactly(sourcePlacements[i], placements[i])) return false;
-    frame = frameOf(count, [&](int i, int axis) { return middle(sourceBoxes[i], i, axis); });
+    frame = frameOf(count, [&](int i, int axis) {
+        if (sourcePlacements) return PlacedBounds(sourceBoxes[i], sourcePlacements[i]).centre[axis];
+        BoxParts const parts(sourceBoxes[i]);
+        return 0.5 * parts.low[axis] + 0.5 * parts.high[axis];
+    });
     for (int i = 0; i < count; ++i) {
-        ::new (&boxes[i]) mgBBox_c(sourceBoxes[i]);
-        entries[i] = entry(i);
+        entries[i] = entryOf(sourceBoxes[i], sourcePlacements ? sourcePlacements + i : nullptr);
         entries[i].label = static_cast<std::uint32_t>(i);
     }
     if (!tree.build(entries.get(), count)) return false;
-    for (int k = 0; k < count; ++k) positions[tree.label(k)] = k;
+
+    constexpr int kAhead = 16; // reads from places in no order
+    for (int k = 0; k < count; ++k) {
+        prefetch(sourceBoxes[indexAt(std::min(k + kAhead, count - 1))]);
+        int const i = indexAt(k);
+        positions[i] = k;
+        ::new (&boxes[k]) mgBBox_c(sourceBoxes[i]);
+        if (placements && !copyExactly(sourcePlacements[i], placements[k])) return false;
+    }
     return true;
 }
 
@@ -269,9 +284,9 @@ bool BoxIndexData::search(Meets const &meets, Use const &use) const {
         n = 0;
         return true;
     };
-    bool const done = tree.visit(meets, [&](std::uint32_t label) {
-        prefetch(boxes[label]);
-        waiting[n++] = static_cast<int>(label);
+    bool const done = tree.visit(meets, [&](int position) {
+        prefetch(boxes[position]);
+        waiting[n++] = position;
         return n < kMost || useAll();
     });
     return done && useAll();
@@ -280,16 +295,42 @@ bool BoxIndexData::search(Meets const &meets, Use const &use) const {
 template <class Sought, class Test>
 int BoxIndexData::list(Sought const &sought, Test const &ofBox, suDynamicArray<int> &which) const {
     IndexStore store;
-    bool const done = search(sought, [&](int i) { return !test(i, ofBox) || store.add(i); });
+    bool const done =
+        search(sought, [&](int k) { return !test(k, ofBox) || store.add(indexAt(k)); });
     return done ? store.moveTo(which) : exhausted(which);
 }
 
 template <class Test>
 int BoxIndexData::listFromAll(Test const &ofBox, suDynamicArray<int> &which) const {
     IndexStore store;
-    for (int i = 0; i < count; ++i)
-        if (test(i, ofBox) && !store.add(i)) return exhausted(which);
+    for (int k = 0; k < count; ++k)
+        if (test(k, ofBox) && !store.add(indexAt(k))) return exhausted(which);
     return store.moveTo(which);
+}
+
+int BoxIndexData::findClashes(double tol, suDynamicArray<mgIndexPair_c> &pairs) const {
+    suDynamicArray<mgIndexPair_c> found; // of positions
+    if (mg_FindClashes(boxes.get(), count, tol, found) < 0) return exhausted(pairs);
+    PairStore store;
+    for (int k = 0; k < found.Count(); ++k) {
+        int const i = indexAt(found[k].first), j = indexAt(found[k].second);
+        if (!store.add(std::min(i, j), std::max(i, j))) return exhausted(pairs);
+    }
+    return store.moveTo(pairs, count);
+}
+
+int BoxIndexData::findPlacedClashes(suDynamicArray<mgIndexPair_c> &pairs) const {
+    constexpr float kNever = std::numeric_limits<float>::infinity();
+    std::unique_ptr<PlacedBox[]> const prepared(new (std::nothrow)
+                                                    PlacedBox[static_cast<std::size_t>(count)]);
+    if (!prepared) return exhausted(pairs);
+    for (int k = 0; k < count; ++k) prepared[k] = prepare(boxes[k], placements[k]);
+    PairStore store;
+    bool const done = tree.findPairs(kNever, [&](int a, int b, bool) {
+        if (indexAt(b) < indexAt(a)) std::swap(a, b); // the test depends on the order
+        return !clash(prepared[a], prepared[b]) || store.add(indexAt(a), indexAt(b));
+    });
+    return done ? store.moveTo(pairs, count) : exhausted(pairs);
 }
 
 mgBoxIndex_c::mgBoxIndex_c(mgBoxIndex_c &&source) noexcept
@@ -320,19 +361,20 @@ bool has(BoxIndexData const *data, int i) { return data != nullptr && i >= 0 && 
 
 void mgBoxIndex_c::move(int i, mgBBox_c const &box) {
     if (!has(data_, i)) return;
-    data_->boxes[i] = box;
-    data_->updateEntry(i);
+    int const position = data_->positions[i];
+    data_->boxes[position] = box;
+    data_->updateEntry(position);
 }
 
 void mgBoxIndex_c::place(int i, mgXform_c const &x) {
-    if (!has(data_, i) || !data_->placements || !copyExactly(x, data_->placements[i])) return;
-    data_->updateEntry(i);
+    if (!has(data_, i) || !data_->placements) return;
+    int const position = data_->positions[i];
+    if (copyExactly(x, data_->placements[position])) data_->updateEntry(position);
 }
 
 int mgBoxIndex_c::clashes(double tol, suDynamicArray<mgIndexPair_c> &pairs) const {
     if (data_ == nullptr) return none(pairs);
-    if (!data_->placements) return mg_FindClashes(data_->boxes.get(), data_->count, tol, pairs);
-    return mg_FindClashes(data_->boxes.get(), data_->placements.get(), data_->count, pairs);
+    return data_->placements ? data_->findPlacedClashes(pairs) : data_->findClashes(tol, pairs);
 }
 
 int mgBoxIndex_c::clashesOf(int const *some, int n, double tol,
@@ -347,16 +389,19 @@ int mgBoxIndex_c::clashesOf(int const *some, int n, double tol,
     BoxIndexData const &data = *data_;
     PairStore store;
     for (int const *s = sorted.get(); s != end; ++s) {
-        int const i = *s;
-        if (!data.boxes[i].isSet()) continue;
-        auto const addIfNew = [&](int k) {
-            auto const [first, second] = std::minmax(i, k);
-            if (first == second || !data.clashes(first, second, tol)) return true;
-            bool const isFoundBefore = k < i && std::binary_search<int const *>(sorted.get(), s, k);
-            return isFoundBefore || store.add(first, second);
+        int const own = data.positions[*s];
+        mgBBox_c const &box = data.boxes[own];
+        if (!box.isSet()) continue;
+        auto const addIfNew = [&](int other) {
+            if (other == own) return true;
+            int const i = data.indexAt(other);
+            bool const clashes =
+                *s < i ? data.clashes(own, other, tol) : data.clashes(other, own, tol);
+            bool const isKnown = clashes && std::binary_search<int const *>(sorted.get(), s, i);
+            return !clashes || isKnown || store.add(std::min(i, *s), std::max(i, *s));
         };
         Enclosure const sought =
-            data.placements ? data.entry(i) : aroundBox(data.boxes[i], tol, data.frame);
+            data.placements ? data.entryAt(own) : aroundBox(box, tol, data.frame);
         if (!data.search(sought, addIfNew)) return exhausted(pairs);
     }
     return store.moveTo(pairs, data.count);
@@ -414,19 +459,20 @@ int mgBoxIndex_c::firstOnRay(mgPoint_c const &p, mgUnitVector_c const &dir, mgPo
     constexpr double kFarthest = 1e32;
     if (data_ == nullptr) return -1;
     FirstHit first;
-    auto const take = [&](int i) {
-        return data_->test(i, [&](mgBBox_c const &box) { return first.take(box, i, p, dir); });
+    auto const take = [&](int k) {
+        return data_->test(
+            k, [&](mgBBox_c const &box) { return first.take(box, data_->indexAt(k), p, dir); });
     };
     if (NearLine::isOrdinary(p, dir)) {
         NearLine ray(p, dir, data_->frame);
         ray.limit(kFarthest);
         data_->search([&](EightBoxes const &eight) { return whichMayMeet(eight, ray); },
-                      [&](int i) {
-                          if (take(i)) ray.limit(first.distance);
+                      [&](int k) {
+                          if (take(k)) ray.limit(first.distance);
                           return true;
                       });
     } else {
-        for (int i = 0; i < data_->count; ++i) take(i);
+        for (int k = 0; k < data_->count; ++k) take(k);
     }
     if (first.index >= 0) *hit = first.hit;
     return first.index;
