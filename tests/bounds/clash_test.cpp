@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Interference of boxes, also placed ones: which contacts clash; containment; planes and segments.
 
+#include <vexmath/bulk.h>
 #include <vexmath/plane.h>
 
 #include "bounds/boxes.h"
@@ -14,8 +15,11 @@ using V = mgVector_c;
 mgBBox_c const unit = cube(0, 1), ball(P(), 1);
 
 void CheckClash(int expected, mgBBox_c const &a, mgBBox_c const &b, double tol = 0, Caller = {}) {
-    EXPECT_EQ(expected, a.clash(&b, tol)) << tol;
-    EXPECT_EQ(expected, b.clash(&a, tol)) << tol;
+    for (int const useVectorUnits : {0, 1}) {
+        mg_SetUseVectorUnits(useVectorUnits);
+        EXPECT_EQ(expected, a.clash(&b, tol)) << tol << ' ' << useVectorUnits;
+        EXPECT_EQ(expected, b.clash(&a, tol)) << tol << ' ' << useVectorUnits;
+    }
 }
 
 TEST(Clash, FacesAndEdgesTouchSingleCornersDoNot) {
@@ -48,6 +52,46 @@ TEST(Clash, SphereToleranceIsAFactorOnTheSquaredRadius) {
     CheckClash(0, unit, unit, -1.25); // used as it is: asks for an overlap
 }
 
+/// A corner coordinate on a small lattice, or off it by what rounding and tolerances decide.
+double latticeNumber(support::Random &random) {
+    double const offsets[] = {1e-8, -1e-8, 5e-9, -5e-9, 1.1e-8, 0.125, -0.125};
+    if (random.below(100) == 0) return random.hostile();
+    double const x = random.below(4);
+    int const kind = random.below(14);
+    return kind < 7 ? x + offsets[kind] : kind == 7 ? below(x) : kind == 8 ? above(x) : x;
+}
+
+P latticePoint(support::Random &random) {
+    double const x = latticeNumber(random), y = latticeNumber(random), z = latticeNumber(random);
+    return {x, y, z};
+}
+
+/// A box that often touches others, often with a sphere of another place or size.
+mgBBox_c latticeBox(support::Random &random) {
+    mgBBox_c box(latticePoint(random), latticePoint(random));
+    double const radii[] = {0.0, 0.5, 1.0, 2.0, box.sphRadius(), box.sphRadius(), random.hostile()};
+    if (random.below(2) == 0) box.setSphereOnly(latticePoint(random), radii[random.below(7)]);
+    if (random.below(20) == 0) box.setCornersOnly(latticePoint(random), latticePoint(random));
+    return box;
+}
+
+TEST(Clash, VectorUnitsChangeNoAnswer) {
+    support::Random random;
+    double const tolerances[] = {0, 1e-8, -1e-8, 0.125, -0.125, 1e-300, -1, -2, 3, 1e9};
+    int clashes[2] = {0, 0};
+    for (int k = 0; k < 200000; ++k) {
+        mgBBox_c const a = latticeBox(random), b = latticeBox(random);
+        double const tol = k % 11 < 10 ? tolerances[k % 11] : random.hostile();
+        mg_SetUseVectorUnits(0);
+        int const expected = a.clash(&b, tol);
+        mg_SetUseVectorUnits(1);
+        ASSERT_EQ(expected, a.clash(&b, tol)) << k << ' ' << tol;
+        ++clashes[expected];
+    }
+    EXPECT_GT(clashes[0], 10000);
+    EXPECT_GT(clashes[1], 10000);
+}
+
 /// A box whose sphere and corners need not agree, so that each of them decides in some cases.
 mgBBox_c anyBox(support::Random &random) {
     mgBBox_c box(random.triple<P>(-5.0, 5.0), random.triple<P>(-5.0, 5.0));
@@ -67,10 +111,29 @@ mgMatrix_c anyRotation(support::Random &random, int kind) {
     return {elements, 0};
 }
 
+/// By the functions for single boxes and transforms.
+bool clashLiterally(mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b,
+                    mgXform_c const &xb) {
+    if (!a.isSet() || !b.isSet()) return false;
+    mgXform_c const intoA = xb * xa.inverse();
+    double const distance = (b.sphCenter() * intoA - a.sphCenter()).len();
+    return distance + 1e-08 <= a.sphRadius() + b.sphRadius()
+           && (mgBBox_c(b) *= intoA).clash(&a, 1e-08)
+           && (mgBBox_c(a) *= intoA.inverse()).clash(&b, 1e-08);
+}
+
+void CheckPlacedClash(int expected, mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b,
+                      mgXform_c const &xb, Caller = {}) {
+    for (int const useVectorUnits : {0, 1}) {
+        mg_SetUseVectorUnits(useVectorUnits);
+        EXPECT_EQ(expected, mgBBox_c::clash(a, xa, b, xb)) << useVectorUnits;
+    }
+}
+
 TEST(Clash, PlacedBoxesClashAsByTheLiteralSteps) {
     support::Random random;
     int clashes[2] = {0, 0};
-    for (int k = 0; k < 40000; ++k) {
+    for (int k = 0; k < 40000 && !::testing::Test::HasFailure(); ++k) {
         mgBBox_c const a = anyBox(random), b = anyBox(random);
         mgMatrix_c const turnA = anyRotation(random, k % 9), turnB = anyRotation(random, 2);
         V const shift = random.triple<V>(-10.0, 10.0), apart = random.triple<V>(-5.0, 5.0);
@@ -78,16 +141,43 @@ TEST(Clash, PlacedBoxesClashAsByTheLiteralSteps) {
         double const ratio = random.below(2) == 0 ? 1.0 : random.uniform(0.5, 2.0);
         mgXform_c const xa = mg_RestoreXform(turnA, shift, scale);
         mgXform_c const xb = mg_RestoreXform(turnB, shift + apart * scale, ratio * scale);
-        mgXform_c const intoA = xb * xa.inverse();
-        double const distance = (b.sphCenter() * intoA - a.sphCenter()).len();
-        bool const meet = distance + 1e-08 <= a.sphRadius() + b.sphRadius()
-                          && (mgBBox_c(b) *= intoA).clash(&a, 1e-08)
-                          && (mgBBox_c(a) *= intoA.inverse()).clash(&b, 1e-08);
-        ASSERT_EQ(meet, mgBBox_c::clash(a, xa, b, xb)) << k;
+        bool const meet = clashLiterally(a, xa, b, xb);
+        CheckPlacedClash(meet, a, xa, b, xb);
         ++clashes[meet];
     }
     EXPECT_GT(clashes[0], 4000);
     EXPECT_GT(clashes[1], 4000);
+}
+
+/// Quarter turns, some off by what copies and orthonormalisation decide, in a common frame.
+mgXform_c matingPlacement(support::Random &random, mgXform_c const &frame) {
+    mgUnitVector_c const axes[] = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
+    double const angle = 1.5707963267948966 * random.below(4)
+                         + (random.below(3) == 0 ? random.ofMagnitude(-16, -6) : 0.0);
+    double const scales[] = {1, 1, 1, 1, 1 + 5e-9, 1 + 2e-8, 5e-4};
+    V const shift(0.5 * latticePoint(random)); // sometimes infinite or NaN
+    return raw(
+        (mg_RestoreXform(mg_RotationMatrix(angle, axes[random.below(3)], 0.0), V(), 1) * frame)
+            .rotation(),
+        shift * frame, scales[random.below(7)]);
+}
+
+TEST(Clash, MatingPartsClashAsByTheLiteralSteps) {
+    support::Random random;
+    int clashes[2] = {0, 0};
+    for (int k = 0; k < 40000 && !::testing::Test::HasFailure(); ++k) {
+        mgMatrix_c const turn = k % 2 == 0 ? mgMatrix_c() : placement(random).rotation();
+        mgXform_c const frame = raw(turn);
+        mgXform_c const xa = matingPlacement(random, frame);
+        mgXform_c const xb = k % 3 == 0 ? raw(xa.rotation(), V(1, 0, 0) * frame, xa.scaling())
+                                        : matingPlacement(random, frame);
+        mgBBox_c const a = latticeBox(random), b = latticeBox(random);
+        bool const meet = clashLiterally(a, xa, b, xb);
+        CheckPlacedClash(meet, a, xa, b, xb);
+        ++clashes[meet];
+    }
+    EXPECT_GT(clashes[0], 1000);
+    EXPECT_GT(clashes[1], 1000);
 }
 
 /// The second box is placed at x.
