@@ -67,7 +67,7 @@ mgBBox_c anyBox(Random &random, double tol, double size, double offset, int oddi
     for (P &p : corners)
         for (int i = 0; i < 3; ++i) p[i] = coordinate(random, tol) * size + offset;
     mgBBox_c box(corners[0], corners[1]);
-    double const r = box.sphRadius();
+    double const r = box.sphRadius(), away = random.ofMagnitude(5.0, 11.0) * size;
     switch (random.below(oddity)) {
     case 0:
         return support::withDouble(box, random.below(10), random.hostile());
@@ -76,6 +76,12 @@ mgBBox_c anyBox(Random &random, double tol, double size, double offset, int oddi
         break;
     case 2:
         box.setSphereOnly(box.sphCenter(), r * (1.0 + random.uniform(-3e-9, 3e-9)));
+        break;
+    case 5: // barely reaches the farthest corner, or not
+        corners[0] = box.low() - V(away, away, away);
+        corners[1] = away > 0.0 ? box.high() : box.low();
+        box.setSphereOnly(corners[0],
+                          (corners[1] - corners[0]).len() * (1.0 - random.uniform(0.0, 2e-9)));
         break;
     case 3:
         return {corners[0], corners[0]};
