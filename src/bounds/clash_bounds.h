@@ -41,6 +41,9 @@ inline bool enclose(mgBBox_c const &box, double tol, FloatFrame const &frame, En
 /// If the axes of one frame are those of the common frame, then its intervals of both enclosures
 /// and both spheres share a point on each axis, so that the enclosures clipped to the spheres meet.
 ///
+/// Whatever the other placement is, the sphere must reach a part of the box. So a box whose
+/// enclosure is apart from the sphere's cube clashes with nothing.
+///
 /// That is exact but for rotations that are off by 1e-09, scales within 1e-08 of 1 that count as 1,
 /// translations below 1e-08 that are dropped, in each of three frames, and gaps of 1e-08. Together
 /// they are less than 5e-08 of the lengths and, per axis, at most 2e-08 units of the common frame
@@ -48,6 +51,9 @@ inline bool enclose(mgBBox_c const &box, double tol, FloatFrame const &frame, En
 struct PlacedBounds {
     /// Bounds of a set box. Infinite ones of a placement for which the above does not hold.
     PlacedBounds(mgBBox_c const &box, mgXform_c const &x);
+
+    /// Does the box clash with nothing?
+    bool isEmpty() const { return low[0] > high[0] || low[1] > high[1] || low[2] > high[2]; }
 
     /// Do the axes of the frame lie along those of the common frame?
     bool isAligned = false;

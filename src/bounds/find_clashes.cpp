@@ -8,10 +8,11 @@
 #include "box_offsets.h"
 #include "clash_bounds.h"
 #include "pair_store.h"
+#include "placed_verdict.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -217,20 +218,23 @@ bool mayClash(PlacedLimits const &a, PlacedLimits const &b) {
     return true;
 }
 
-/// The bounds of an aligned box, else the cube around the sphere. The bounds may be empty, which
-/// the tree does not allow: the cube stands for them.
+/// The bounds of an aligned box, else the cube around the sphere.
 Enclosure entryOf(PlacedBounds const &bounds, FloatFrame const &frame) {
-    bool isCube = !bounds.isAligned;
-    for (int i = 0; i < 3; ++i) isCube |= bounds.low[i] > bounds.high[i];
     Enclosure entry = {};
     for (int i = 0; i < 3; ++i) {
-        double const low = isCube ? bounds.centre[i] - bounds.radius : bounds.low[i];
-        double const high = isCube ? bounds.centre[i] + bounds.radius : bounds.high[i];
+        double const low = bounds.isAligned ? bounds.low[i] : bounds.centre[i] - bounds.radius;
+        double const high = bounds.isAligned ? bounds.high[i] : bounds.centre[i] + bounds.radius;
         entry.low[i] = frame.toFloat(low, i);
         entry.high[i] = frame.toFloat(high, i);
     }
     return entry;
 }
+
+/// A placed box with what all its tests share, and what decides most of them.
+struct PlacedEntry {
+    PlacedLimits limits;
+    PlacedBox box;
+};
 
 int findPlaced(PlacedTest const &test, int count, Pairs &pairs) {
     auto const boundsOf = [&test](int i) {
@@ -244,7 +248,9 @@ int findPlaced(PlacedTest const &test, int count, Pairs &pairs) {
     int kept = 0;
     for (int i = 0; i < count; ++i) {
         if (!test.boxes[i].isSet()) continue;
-        entries[kept] = entryOf(boundsOf(i), frame);
+        PlacedBounds const bounds = boundsOf(i);
+        if (bounds.isEmpty()) continue;
+        entries[kept] = entryOf(bounds, frame);
         entries[kept++].label = static_cast<std::uint32_t>(i);
     }
     BoxTree tree;
@@ -252,17 +258,20 @@ int findPlaced(PlacedTest const &test, int count, Pairs &pairs) {
     entries.reset();
 
     // In the order of the tree, so that those of a pair are near each other in memory.
-    std::unique_ptr<PlacedLimits[]> const limits(new (std::nothrow) PlacedLimits[size]);
-    if (!limits) return exhausted(pairs);
+    std::unique_ptr<PlacedEntry[]> const placed(new (std::nothrow) PlacedEntry[size]);
+    if (!placed) return exhausted(pairs);
     auto const indexAt = [&tree](int p) { return static_cast<int>(tree.label(p)); };
-    for (int p = 0; p < kept; ++p) limits[p] = limitsOf(boundsOf(indexAt(p)), frame);
+    for (int p = 0; p < kept; ++p) {
+        int const i = indexAt(p);
+        placed[p] = {limitsOf(boundsOf(i), frame), prepare(test.boxes[i], test.placements[i])};
+    }
 
     constexpr float kNever = std::numeric_limits<float>::infinity();
     PairStore store;
     bool const done = tree.findPairs(kNever, [&](int p, int q, bool) {
-        if (!mayClash(limits[p], limits[q])) return true;
-        auto const [i, j] = std::minmax({indexAt(p), indexAt(q)});
-        return !test.clashes(i, j) || store.add(i, j);
+        if (!mayClash(placed[p].limits, placed[q].limits)) return true;
+        if (indexAt(p) > indexAt(q)) std::swap(p, q);
+        return !clash(placed[p].box, placed[q].box) || store.add(indexAt(p), indexAt(q));
     });
     return done ? store.moveTo(pairs, count) : exhausted(pairs);
 }

@@ -11,6 +11,7 @@
 #include <vexmath/mg_transform.h>
 #include <vexmath/mg_vector.h>
 #include <vexmath/quaternion.h>
+#include <vexmath/su_dynamic_array.h>
 #include <vexmath/xform.h>
 
 #include <cinttypes>
@@ -142,6 +143,25 @@ void bulk(Stream &in, Bits &out) {
     out.add(box);
 }
 
+/// Every index of every pair.
+void clashes(Stream &in, Bits &out) {
+    constexpr int count = 60;
+    mgBBox_c boxes[count];
+    mgXform_c placements[count];
+    for (int i = 0; i < count; ++i) {
+        boxes[i] = {in.point(), in.point()};
+        placements[i] = in.placement();
+    }
+    suDynamicArray<mgIndexPair_c> pairs;
+    auto const add = [&](int n) {
+        out.add(n);
+        for (int k = 0; k < pairs.Count(); ++k) out.add(pairs[k].first * count + pairs[k].second);
+    };
+    add(mg_FindClashes(boxes, count, 1e-8, pairs));
+    add(mg_FindClashes(boxes, count, boxes, count, -0.1, pairs));
+    add(mg_FindClashes(boxes, placements, count, pairs));
+}
+
 void queries(Stream &in, Bits &out) {
     mgLine_c const line{in.point(), in.direction()}, second{in.point(), in.direction()};
     mgPlane_c const plane{in.point(), in.direction()}, other{in.point(), in.direction()};
@@ -189,10 +209,10 @@ void numerics(Stream &in, Bits &out) {
     for (int k = 0; k < 9; ++k) out.add(m[k]);
 }
 
-void print(char const *name, void (*family)(Stream &, Bits &)) {
+void print(char const *name, void (*family)(Stream &, Bits &), int times = rounds) {
     Stream in;
     Bits out;
-    for (int i = 0; i < rounds; ++i) family(in, out);
+    for (int i = 0; i < times; ++i) family(in, out);
     std::printf("%-10s %016" PRIx64 "\n", name, out.value());
 }
 
@@ -203,6 +223,7 @@ int main() {
     print("matrices", matrices);
     print("transforms", transforms);
     print("bulk", bulk);
+    print("clashes", clashes, rounds / 50);
     print("queries", queries);
     print("boxes", boxes);
     print("numerics", numerics);

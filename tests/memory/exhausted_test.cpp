@@ -253,6 +253,33 @@ TEST(Exhausted, AHullIsNotMade) {
         });
 }
 
+template <class Find>
+void CheckClashes(char const *what, int expected, Find const &find) {
+    CheckEach(what, [&](Trial &trial) {
+        suDynamicArray<mgIndexPair_c> pairs;
+        pairs.Add({7, 8});
+        int found = -2;
+        trial.run([&] { found = find(pairs); });
+        EXPECT_TRUE(found == expected || (found == -1 && trial.refused));
+        EXPECT_EQ(std::max(found, 0), pairs.Count());
+    });
+}
+
+TEST(Exhausted, ClashesAreNotFound) {
+    for (int const n : {20, 110}) {
+        auto const size = static_cast<std::size_t>(n);
+        std::vector<mgBBox_c> const boxes(size, mgBBox_c(mgPoint_c(1.0, 2.0, 3.0), 2.0));
+        std::vector<mgXform_c> const placements(size);
+        mgBBox_c const *const all = boxes.data();
+        int const pairs = n * (n - 1) / 2;
+        CheckClashes("all", pairs, [&](auto &to) { return mg_FindClashes(all, n, 0.0, to); });
+        CheckClashes("placed", pairs,
+                     [&](auto &to) { return mg_FindClashes(all, placements.data(), n, to); });
+        CheckClashes("both", n * n,
+                     [&](auto &to) { return mg_FindClashes(all, n, all, n, 0.0, to); });
+    }
+}
+
 mgXform_c viewWithARecord() {
     mgMatrix_c const turn = mg_RotationMatrix(1.0, {1.0, 2.0, 3.0}, 0.0);
     mgXform_c view = support::raw(turn, {1.0, 2.0, 3.0}, 2.0);
