@@ -26,6 +26,8 @@
 /// is exhausted they return -1 and leave the list empty. Nothing throws. Arguments may not lie in
 /// the block of the list.
 ///
+/// It keeps about 120 bytes for each box and 130 for each placement.
+///
 /// An index can be moved but not copied. One that was moved from is empty, as a new one. Const
 /// functions may run at the same time in several threads; all others need the index for themselves.
 class mgBoxIndex_c {
@@ -48,8 +50,8 @@ public:
 
     /// The pairs i < j that clash, sorted by first, then second, as from `mg_FindClashes`: by
     /// `boxes[i].clash(&boxes[j], tol)`; or, when the index has placements, by
-    /// `mgBBox_c::clash(boxes[i], placements[i], boxes[j], placements[j])`, and tol is ignored.
-    /// There may also be no more than 2147483647 pairs.
+    /// `mgBBox_c::clash(boxes[i], placements[i], boxes[j], placements[j])`, and tol is ignored. -1
+    /// also when there are more than 2147483647 pairs.
     VEXMATH_API int clashes(double tol, suDynamicArray<mgIndexPair_c> &pairs) const;
     /// The same pairs, but only those with at least one of the n indices in `some`. Each pair is
     /// found once. Indices may repeat; those out of range are ignored. An n of 0 or less finds

@@ -28,13 +28,17 @@ public:
     int count() const { return static_cast<int>(boxes.size()); }
     void build() { ASSERT_EQ(1, index.build(boxes.data(), placements.get(), count())); }
 
+    mgBBox_c &box(int i) { return boxes.data()[i]; }
+    mgBBox_c const &box(int i) const { return boxes.data()[i]; }
+    mgXform_c &placement(int i) const { return placements.get()[i]; }
+
     mgBBox_c inCommonFrame(int i) const {
-        mgBBox_c box = boxes[i];
-        return placements ? box *= placements[i] : box;
+        mgBBox_c placed = box(i);
+        return placements ? placed *= placement(i) : placed;
     }
     bool clashes(int i, int j, double tol) const {
-        return placements ? mgBBox_c::clash(boxes[i], placements[i], boxes[j], placements[j]) != 0
-                          : boxes[i].clash(&boxes[j], tol) != 0;
+        if (!placements) return box(i).clash(&box(j), tol) != 0;
+        return mgBBox_c::clash(box(i), placement(i), box(j), placement(j)) != 0;
     }
 
     std::vector<mgBBox_c> boxes;
@@ -54,9 +58,9 @@ void CheckList(char const *what, std::vector<Expected> const &expected, Find con
     ASSERT_EQ(count == 0, list.Data() == nullptr);
     for (int k = 0; k < count; ++k) {
         if constexpr (std::is_same_v<T, int>) {
-            ASSERT_EQ(expected[k], list[k]);
+            ASSERT_EQ(expected.data()[k], list[k]);
         } else {
-            ASSERT_EQ(expected[k], std::pair(list[k].first, list[k].second));
+            ASSERT_EQ(expected.data()[k], std::pair(list[k].first, list[k].second));
         }
     }
 }
@@ -171,18 +175,17 @@ TEST(BoxIndex, AnswersAsTheLoopsAlsoAfterMoves) {
         for (mgBBox_c &box : boxes) box = latticeBox(random);
         Scene scene(boxes, round % 2 == 0);
         if (scene.placements)
-            for (int i = 0; i < scene.count(); ++i)
-                place(anyPlacement(random), scene.placements[i]);
+            for (int i = 0; i < scene.count(); ++i) place(anyPlacement(random), scene.placement(i));
         scene.build();
         CheckAll(scene, random);
         for (int k = scene.count() / 5; k > 0; --k) {
             int const i = random.below(scene.count());
-            scene.boxes[i] = latticeBox(random);
-            scene.index.move(i, scene.boxes[i]);
+            scene.box(i) = latticeBox(random);
+            scene.index.move(i, scene.box(i));
             if (!scene.placements) continue;
             int const j = random.below(scene.count());
-            place(anyPlacement(random), scene.placements[j]);
-            scene.index.place(j, scene.placements[j]);
+            place(anyPlacement(random), scene.placement(j));
+            scene.index.place(j, scene.placement(j));
         }
         CheckAll(scene, random);
     }
@@ -196,7 +199,7 @@ TEST(BoxIndex, ManyBoxesGiveLongLists) {
         P const low(k % 10, k / 10 % 10, k / 100);
         boxes.emplace_back(low, low + V(1, 1, 1));
     }
-    for (int k = 999; k > 0; --k) std::swap(boxes[k], boxes[random.below(k + 1)]);
+    for (int k = 999; k > 0; --k) std::swap(boxes.data()[k], boxes.data()[random.below(k + 1)]);
     Scene scene(boxes, false);
     scene.build();
     for (int const simd : {0, 1}) {
@@ -221,7 +224,7 @@ TEST(BoxIndex, RoundingFarFromTheOriginLosesNothing) {
         Scene scene(boxes, false);
         scene.build();
         for (int k = 0; k < 100; ++k) {
-            mgBBox_c const &box = boxes[k];
+            mgBBox_c const box = scene.box(k);
             CheckNear(scene, box, box.high(), k % 2 * 1e-8);
             CheckLine(scene, P(box.center().x(), -1e5, box.center().z()), U(0, 1, 1e-5));
             CheckLine(scene, P(-offset, 0, 0), U(offset, random.unit(), random.unit()));
@@ -232,9 +235,9 @@ TEST(BoxIndex, RoundingFarFromTheOriginLosesNothing) {
 TEST(BoxIndex, CrossedRodsThatAreApartInTheWorldsAxesAreFound) {
     double const eighth = std::acos(-1.0) / 4;
     Scene scene({{P(-2, -0.1, -0.1), P(2, 0.1, 0.1)}, {P(-0.1, -2, -0.1), P(0.1, 2, 0.1)}}, true);
-    place(mg_RestoreXform(mg_RotationMatrix(eighth, U(1, 0, 0), 0.0), V(), 1), scene.placements[0]);
+    place(mg_RestoreXform(mg_RotationMatrix(eighth, U(1, 0, 0), 0.0), V(), 1), scene.placement(0));
     place(mg_RestoreXform(mg_RotationMatrix(eighth, U(0, 1, 0), 0.0), V(0, 0, 0.9), 1),
-          scene.placements[1]);
+          scene.placement(1));
     scene.build();
     EXPECT_TRUE(scene.clashes(0, 1, 0));
     CheckClashes(scene, kNaN, {1}); // the tolerance is ignored
