@@ -21,6 +21,17 @@
 
 namespace vexmath::detail {
 
+/// Begins to load an object from memory.
+template <class T>
+void startLoading([[maybe_unused]] T const &object) {
+#if defined(__GNUC__)
+    constexpr std::size_t kLine = 64;
+    auto const *const bytes = reinterpret_cast<char const *>(&object);
+    for (std::size_t at = 0; at < sizeof object; at += kLine) __builtin_prefetch(bytes + at);
+    __builtin_prefetch(bytes + sizeof object - 1); // it may end in another line
+#endif
+}
+
 /// Doubles as floats. A difference of doubles and its rounding do not decrease when the double
 /// grows. REQUIRES a finite origin.
 struct FloatFrame {
@@ -82,7 +93,6 @@ private:
     template <class Meets, class Leaf>
     bool descend(int level, int g, Meets const &meets, int from, Leaf const &leaf) const;
     Enclosure collectBlock(int firstGroup, BoxList &block) const;
-    void prefetchChildren(int g, unsigned which) const;
     template <class Found>
     bool findPairsOfBlock(int firstGroup, BoxTree const &other, float depth,
                           Found const &found) const;
@@ -133,7 +143,8 @@ bool BoxTree::descend(int level, int g, Meets const &meets, int from, Leaf const
     int const firstChild = std::max(0, (from >> 3 * (level - 1)) - 8 * g);
     if (firstChild > 7) return true;
     unsigned which = meets(group(level, g)) & ~0u << firstChild;
-    if (level == 1) prefetchChildren(g, which);
+    for (int k = 0; level == 1 && which >> k != 0; ++k)
+        if ((which >> k & 1) != 0) startLoading(group(0, 8 * g + k));
     for (int child = 8 * g; which != 0; which >>= 1, ++child) {
         if ((which & 1) == 0) continue;
         if (!(level == 1 ? leaf(child) : descend(level - 1, child, meets, from, leaf)))

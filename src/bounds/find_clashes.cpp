@@ -261,8 +261,11 @@ int findPlaced(PlacedTest const &test, int count, Pairs &pairs) {
     std::unique_ptr<PlacedEntry[]> const placed(new (std::nothrow) PlacedEntry[size]);
     if (!placed) return exhausted(pairs);
     auto const indexAt = [&tree](int p) { return static_cast<int>(tree.label(p)); };
+    constexpr int kAhead = 8; // while as many are made, memory answers
     for (int p = 0; p < kept; ++p) {
-        int const i = indexAt(p);
+        int const i = indexAt(p), later = indexAt(std::min(p + kAhead, kept - 1));
+        startLoading(test.boxes[later]);
+        startLoading(test.placements[later]);
         placed[p] = {limitsOf(boundsOf(i), frame), prepare(test.boxes[i], test.placements[i])};
     }
 
