@@ -40,14 +40,6 @@ bool copyExactly(mgXform_c const &from, mgXform_c &to) {
     return true;
 }
 
-void prefetch([[maybe_unused]] mgBBox_c const &box) {
-#if defined(__GNUC__)
-    auto const *const bytes = reinterpret_cast<char const *>(&box);
-    __builtin_prefetch(bytes);
-    __builtin_prefetch(bytes + sizeof box - 1); // it may end in the next line
-#endif
-}
-
 /// Indices, collected in any order.
 class IndexStore {
 public:
@@ -165,8 +157,7 @@ Enclosure aroundCorners(mgBBox_c const &box, FloatFrame const &frame) {
 /// holds the box's enclosure in the common frame, also where that is inverted: it is clipped to the
 /// cube around the sphere.
 Enclosure aroundPlaced(PlacedBounds const &bounds, FloatFrame const &frame) {
-    bool isCube = !bounds.isAligned;
-    for (int i = 0; i < 3; ++i) isCube |= bounds.low[i] > bounds.high[i];
+    bool const isCube = !bounds.isAligned || bounds.isEmpty();
     Enclosure entry = {};
     for (int i = 0; i < 3; ++i)
         setInterval(isCube ? bounds.centre[i] - bounds.radius : bounds.low[i],
@@ -268,7 +259,7 @@ bool BoxIndexData::build(mgBBox_c const *sourceBoxes, mgXform_c const *sourcePla
 
     constexpr int kAhead = 16; // reads from places in no order
     for (int k = 0; k < count; ++k) {
-        prefetch(sourceBoxes[indexAt(std::min(k + kAhead, count - 1))]);
+        startLoading(sourceBoxes[indexAt(std::min(k + kAhead, count - 1))]);
         int const i = indexAt(k);
         positions.get()[i] = k;
         ::new (&boxAt(k)) mgBBox_c(sourceBoxes[i]);
@@ -289,7 +280,7 @@ bool BoxIndexData::search(Meets const &meets, Use const &use) const {
         return true;
     };
     bool const done = tree.visit(meets, [&](int position) {
-        prefetch(boxAt(position));
+        startLoading(boxAt(position));
         waiting[n++] = position;
         return n < kMost || useAll();
     });

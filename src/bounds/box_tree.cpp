@@ -252,17 +252,4 @@ Enclosure BoxTree::collectBlock(int firstGroup, BoxList &block) const {
     return bounds;
 }
 
-void BoxTree::prefetchChildren(int g, unsigned which) const {
-#if defined(__GNUC__)
-    for (int child = 8 * g; which != 0; which >>= 1, ++child) {
-        if ((which & 1) == 0) continue;
-        auto const *const first = reinterpret_cast<char const *>(&group(0, child));
-        for (int line = 0; line < 3; ++line) __builtin_prefetch(first + 64 * line);
-    }
-#else
-    static_cast<void>(g);
-    static_cast<void>(which);
-#endif
-}
-
 } // namespace vexmath::detail

@@ -21,6 +21,17 @@
 
 namespace vexmath::detail {
 
+/// Begins to load an object from memory.
+template <class T>
+void startLoading([[maybe_unused]] T const &object) {
+#if defined(__GNUC__)
+    constexpr std::size_t kLine = 64;
+    auto const *const bytes = reinterpret_cast<char const *>(&object);
+    for (std::size_t at = 0; at < sizeof object; at += kLine) __builtin_prefetch(bytes + at);
+    __builtin_prefetch(bytes + sizeof object - 1); // it may end in another line
+#endif
+}
+
 /// Doubles as floats. A difference of doubles and its rounding do not decrease when the double
 /// grows. REQUIRES a finite origin.
 struct FloatFrame {
@@ -85,13 +96,6 @@ private:
     template <class Meets, class Leaf>
     bool descend(int level, int g, Meets const &meets, int from, Leaf const &leaf) const;
     Enclosure collectBlock(int firstGroup, BoxList &block) const;
-    void prefetchChildren(int g, unsigned which) const;
-    void prefetch([[maybe_unused]] int level, [[maybe_unused]] int g) const {
-#if defined(__GNUC__)
-        auto const *const bytes = reinterpret_cast<char const *>(&group(level, g));
-        for (int line = 0; line < 4; ++line) __builtin_prefetch(bytes + 63 * line);
-#endif
-    }
     template <class Found>
     bool findPairsOfBlock(int firstGroup, BoxTree const &other, float depth,
                           Found const &found) const;
@@ -142,7 +146,8 @@ bool BoxTree::descend(int level, int g, Meets const &meets, int from, Leaf const
     int const firstChild = std::max(0, (from >> 3 * (level - 1)) - 8 * g);
     if (firstChild > 7) return true;
     unsigned which = meets(group(level, g)) & ~0u << firstChild;
-    if (level == 1) prefetchChildren(g, which);
+    for (int k = 0; level == 1 && which >> k != 0; ++k)
+        if ((which >> k & 1) != 0) startLoading(group(0, 8 * g + k));
     for (int child = 8 * g; which != 0; which >>= 1, ++child) {
         if ((which & 1) == 0) continue;
         if (!(level == 1 ? leaf(child) : descend(level - 1, child, meets, from, leaf)))
@@ -166,7 +171,7 @@ bool BoxTree::visitGroups(int level, int const *groups, int count, Meets const &
             size += static_cast<int>(which >> lane & 1);
         }
         if (size <= kMost - 8 && k + 1 < count) continue;
-        for (int i = 0; level > 0 && i < size; ++i) prefetch(level - 1, met[i]);
+        for (int i = 0; level > 0 && i < size; ++i) startLoading(group(level - 1, met[i]));
         if (level > 0 && size > 0 && !visitGroups(level - 1, met, size, meets, found)) return false;
         for (int i = 0; level == 0 && i < size; ++i)
             if (!found(met[i])) return false;

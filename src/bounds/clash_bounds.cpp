@@ -23,14 +23,13 @@ bool isSimilarity(mgXform_c const &x) {
            && Rows::of(&x.rotation()[0]).error() < kNearlyOrthonormal;
 }
 
-/// Is every element 0, 1 or -1, within 1e-09?
+/// Does a nearly orthonormal matrix map axes to axes? Then its elements are 0, 1 or -1, within
+/// 1e-09, and in each row one is not 0.
 bool isByQuarters(mgMatrix_c const &rotation) {
     constexpr double kNearly = 1e-09; // strict
-    for (int k = 0; k < 9; ++k) {
-        double const size = std::fabs(rotation[k]);
-        if (!(size < kNearly || std::fabs(size - 1.0) < kNearly)) return false;
-    }
-    return true;
+    int zeros = 0;
+    for (int k = 0; k < 9; ++k) zeros += static_cast<int>(std::fabs(rotation[k]) < kNearly);
+    return zeros == 6;
 }
 
 double sumOfSizes(double x, double y, double z) {

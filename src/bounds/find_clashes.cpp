@@ -236,42 +236,57 @@ struct PlacedEntry {
     PlacedBox box;
 };
 
-int findPlaced(PlacedTest const &test, int count, Pairs &pairs) {
-    auto const boundsOf = [&test](int i) {
-        return PlacedBounds(test.boxes[i], test.placements[i]);
-    };
+/// The boxes that may clash with any, in the order of their tree, so that those of a pair are near
+/// each other in memory.
+struct PlacedTree {
+    /// False when memory is exhausted.
+    bool build(PlacedTest const &test, int count);
+    int indexAt(int position) const { return static_cast<int>(tree.label(position)); }
+
+    BoxTree tree;
+    std::unique_ptr<PlacedEntry[]> placed;
+};
+
+bool PlacedTree::build(PlacedTest const &test, int count) {
+    constexpr int kAhead = 8; // while so many boxes are prepared, memory answers
     auto const size = static_cast<std::size_t>(count);
-    std::unique_ptr<Enclosure[]> entries(new (std::nothrow) Enclosure[size]);
-    if (!entries) return exhausted(pairs);
-    FloatFrame const frame =
-        frameOf(count, [&](int i, int axis) { return boundsOf(i).centre[axis]; });
+    std::unique_ptr<Enclosure[]> const entries(new (std::nothrow) Enclosure[size]);
+    std::unique_ptr<PlacedLimits[]> const limits(new (std::nothrow) PlacedLimits[size]);
+    placed.reset(new (std::nothrow) PlacedEntry[size]);
+    if (!entries || !limits || !placed) return false;
+    FloatFrame const frame = frameOf(count, [&test](int i, int axis) {
+        return PlacedBounds(test.boxes[i], test.placements[i]).centre[axis];
+    });
     int kept = 0;
     for (int i = 0; i < count; ++i) {
         if (!test.boxes[i].isSet()) continue;
-        PlacedBounds const bounds = boundsOf(i);
+        PlacedBounds const bounds(test.boxes[i], test.placements[i]);
         if (bounds.isEmpty()) continue;
+        limits[i] = limitsOf(bounds, frame);
         entries[kept] = entryOf(bounds, frame);
         entries[kept++].label = static_cast<std::uint32_t>(i);
     }
-    BoxTree tree;
-    if (!tree.build(entries.get(), kept)) return exhausted(pairs);
-    entries.reset();
-
-    // In the order of the tree, so that those of a pair are near each other in memory.
-    std::unique_ptr<PlacedEntry[]> const placed(new (std::nothrow) PlacedEntry[size]);
-    if (!placed) return exhausted(pairs);
-    auto const indexAt = [&tree](int p) { return static_cast<int>(tree.label(p)); };
+    if (!tree.build(entries.get(), kept)) return false;
     for (int p = 0; p < kept; ++p) {
-        int const i = indexAt(p);
-        placed[p] = {limitsOf(boundsOf(i), frame), prepare(test.boxes[i], test.placements[i])};
+        int const i = indexAt(p), later = indexAt(std::min(p + kAhead, kept - 1));
+        startLoading(test.boxes[later]);
+        startLoading(test.placements[later]);
+        startLoading(limits[later]);
+        placed[p] = {limits[i], prepare(test.boxes[i], test.placements[i])};
     }
+    return true;
+}
 
+int findPlaced(PlacedTest const &test, int count, Pairs &pairs) {
+    PlacedTree all;
+    if (!all.build(test, count)) return exhausted(pairs);
     constexpr float kNever = std::numeric_limits<float>::infinity();
     PairStore store;
-    bool const done = tree.findPairs(kNever, [&](int p, int q, bool) {
-        if (!mayClash(placed[p].limits, placed[q].limits)) return true;
-        if (indexAt(p) > indexAt(q)) std::swap(p, q);
-        return !clash(placed[p].box, placed[q].box) || store.add(indexAt(p), indexAt(q));
+    bool const done = all.tree.findPairs(kNever, [&](int p, int q, bool) {
+        if (!mayClash(all.placed[p].limits, all.placed[q].limits)) return true;
+        if (all.indexAt(p) > all.indexAt(q)) std::swap(p, q);
+        return !clash(all.placed[p].box, all.placed[q].box)
+               || store.add(all.indexAt(p), all.indexAt(q));
     });
     return done ? store.moveTo(pairs, count) : exhausted(pairs);
 }
