@@ -13,9 +13,9 @@
 /// **Every answer is that of a loop over all boxes** with the single test that each function names,
 /// in index order: for every box, placement, point and tolerance, NaN and infinite ones included.
 /// How the boxes are kept changes only the time. The time grows with the logarithm of the number of
-/// boxes and with the number of boxes near what is asked. Unset boxes, placements that are no
-/// similarities of a scale between 0.001 and 1000, and lines with NaN, infinite or huge numbers
-/// take longer, up to that of the loop.
+/// boxes and with the number of boxes near what is asked. Boxes with NaN corners, placements that
+/// are no similarities of a scale between 0.001 and 1000, and lines with NaN, infinite or huge
+/// numbers take longer, up to the time of the loop.
 ///
 /// In the comments below, box i is the box as it was given. When the index has placements, it is
 /// its enclosure in the common frame, `mgBBox_c(boxes[i]) *= placements[i]`. Only `clashes` and
