@@ -167,7 +167,7 @@ void CheckAll(Scene const &scene, Random &random) {
 
 TEST(BoxIndex, AnswersAsTheLoopsAlsoAfterMoves) {
     Random random;
-    for (int round = 0; round < 400 && !::testing::Test::HasFailure(); ++round) {
+    for (int round = 0; round < 250 && !::testing::Test::HasFailure(); ++round) {
         SCOPED_TRACE(round);
         mg_SetUseVectorUnits(round % 3 != 0);
         int const counts[] = {0, 1, 7, 8, 9, 50, 80};

@@ -327,7 +327,12 @@ TEST(Exhausted, AnIndexIsEmptyAndItsListsToo) {
         mgXform_c const view = viewWithARecord();
         mgBoxIndex_c one;
         one.build(boxes.data(), placements, 1);
-        trial.run([&] { one.place(0, view); });
+        mgPoint_c hit;
+        trial.run([&] {
+            one.place(0, view);
+            one.move(0, boxes[1]);
+            EXPECT_EQ(trial.refused ? 0 : -1, one.firstOnRay({}, {1.0, 2.0, 3.0}, &hit));
+        });
         Ints which; // the box stays, or is where the view shows it
         EXPECT_EQ(trial.refused, one.around({1.0, 2.0, 3.0}, 0.0, which) == 1);
     });
