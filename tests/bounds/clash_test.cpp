@@ -144,6 +144,15 @@ TEST(Clash, MatingPartsClashAsByTheLiteralSteps) {
     EXPECT_GT(clashes[1], 1000);
 }
 
+TEST(Clash, ARelativeRotationThatIsFlaggedAsNoneIsNotApplied) {
+    // It would move the ends of a box so long by more than the gap.
+    double const elements[] = {1, 5e-13, 0, -5e-13, 1, 0, 0, 0, 1};
+    mgBBox_c const rod(P(), P(1e5, 1, 1));
+    mgXform_c const above = raw(mgMatrix_c(elements, 0), V(0, 1 + 2e-8, 0));
+    CheckPlacedClash(0, rod, mgXform_c(), rod, above);
+    CheckPlacedClash(0, rod, above, rod, mgXform_c());
+}
+
 /// The second box is placed at x.
 void CheckPlaced(int expected, mgBBox_c const &a, mgBBox_c const &b, double x, Caller = {}) {
     mgXform_c const placed = mg_TranslateXform(V(x, 0, 0));
