@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <new>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -230,30 +231,25 @@ Enclosure entryOf(PlacedBounds const &bounds, FloatFrame const &frame) {
     return entry;
 }
 
-/// A placed box with what all its tests share, and what decides most of them.
-struct PlacedEntry {
-    PlacedLimits limits;
-    PlacedBox box;
-};
-
-/// The boxes that may clash with any, in the order of their tree, so that those of a pair are near
-/// each other in memory.
+/// The boxes that may clash with any. All is in the order of their tree, so that what a pair needs
+/// is near in memory.
 struct PlacedTree {
     /// False when memory is exhausted.
     bool build(PlacedTest const &test, int count);
     int indexAt(int position) const { return static_cast<int>(tree.label(position)); }
 
     BoxTree tree;
-    std::unique_ptr<PlacedEntry[]> placed;
+    std::unique_ptr<PlacedLimits[]> limits;
+    std::vector<PlacedBox> boxes;
 };
 
 bool PlacedTree::build(PlacedTest const &test, int count) {
     constexpr int kAhead = 8; // while so many boxes are prepared, memory answers
     auto const size = static_cast<std::size_t>(count);
-    std::unique_ptr<Enclosure[]> const entries(new (std::nothrow) Enclosure[size]);
-    std::unique_ptr<PlacedLimits[]> const limits(new (std::nothrow) PlacedLimits[size]);
-    placed.reset(new (std::nothrow) PlacedEntry[size]);
-    if (!entries || !limits || !placed) return false;
+    std::unique_ptr<Enclosure[]> entries(new (std::nothrow) Enclosure[size]);
+    std::unique_ptr<PlacedLimits[]> const unsorted(new (std::nothrow) PlacedLimits[size]);
+    limits.reset(new (std::nothrow) PlacedLimits[size]);
+    if (!entries || !unsorted || !limits) return false;
     FloatFrame const frame = frameOf(count, [&test](int i, int axis) {
         return PlacedBounds(test.boxes[i], test.placements[i]).centre[axis];
     });
@@ -262,33 +258,81 @@ bool PlacedTree::build(PlacedTest const &test, int count) {
         if (!test.boxes[i].isSet()) continue;
         PlacedBounds const bounds(test.boxes[i], test.placements[i]);
         if (bounds.isEmpty()) continue;
-        limits[i] = limitsOf(bounds, frame);
+        unsorted[i] = limitsOf(bounds, frame);
         entries[kept] = entryOf(bounds, frame);
         entries[kept++].label = static_cast<std::uint32_t>(i);
     }
     if (!tree.build(entries.get(), kept)) return false;
+    entries.reset();
+    try {
+        boxes.reserve(static_cast<std::size_t>(kept));
+    } catch (std::bad_alloc const &) {
+        return false;
+    }
     for (int p = 0; p < kept; ++p) {
         int const i = indexAt(p), later = indexAt(std::min(p + kAhead, kept - 1));
         startLoading(test.boxes[later]);
         startLoading(test.placements[later]);
-        startLoading(limits[later]);
-        placed[p] = {limits[i], prepare(test.boxes[i], test.placements[i])};
+        startLoading(unsorted[later]);
+        limits[p] = unsorted[i];
+        boxes.push_back(prepare(test.boxes[i], test.placements[i]));
     }
     return true;
 }
 
+/// Pairs on their way to the test. Each waits until some others have come, while memory answers.
+class PlacedQueue {
+public:
+    PlacedQueue(PlacedTest const &test, PlacedTree const &all) : test_(test), all_(all) {}
+
+    /// Takes the pair at two positions. False when memory is exhausted.
+    bool take(int p, int q, PairStore &store) {
+        startLoading(all_.boxes[static_cast<std::size_t>(q)]);
+        startLoading(test_.placements[all_.indexAt(q)]);
+        Waiting &place = waiting_[taken_ % kLength];
+        bool const done = taken_ < kLength || addIfClash(place, store);
+        place = {p, q};
+        ++taken_;
+        return done;
+    }
+
+    bool finish(PairStore &store) {
+        std::size_t const left = std::min(taken_, kLength);
+        for (std::size_t k = 0; k < left; ++k)
+            if (!addIfClash(waiting_[(taken_ - left + k) % kLength], store)) return false;
+        return true;
+    }
+
+private:
+    struct Waiting {
+        int p, q;
+    };
+
+    bool addIfClash(Waiting pair, PairStore &store) const {
+        auto [p, q] = pair;
+        if (all_.indexAt(p) > all_.indexAt(q)) std::swap(p, q);
+        return !clash(all_.boxes[static_cast<std::size_t>(p)],
+                      all_.boxes[static_cast<std::size_t>(q)])
+               || store.add(all_.indexAt(p), all_.indexAt(q));
+    }
+
+    static constexpr std::size_t kLength = 16;
+    PlacedTest const &test_;
+    PlacedTree const &all_;
+    Waiting waiting_[kLength];
+    std::size_t taken_ = 0;
+};
+
 int findPlaced(PlacedTest const &test, int count, Pairs &pairs) {
+    constexpr float kNever = std::numeric_limits<float>::infinity();
     PlacedTree all;
     if (!all.build(test, count)) return exhausted(pairs);
-    constexpr float kNever = std::numeric_limits<float>::infinity();
     PairStore store;
+    PlacedQueue queue(test, all);
     bool const done = all.tree.findPairs(kNever, [&](int p, int q, bool) {
-        if (!mayClash(all.placed[p].limits, all.placed[q].limits)) return true;
-        if (all.indexAt(p) > all.indexAt(q)) std::swap(p, q);
-        return !clash(all.placed[p].box, all.placed[q].box)
-               || store.add(all.indexAt(p), all.indexAt(q));
+        return !mayClash(all.limits[p], all.limits[q]) || queue.take(p, q, store);
     });
-    return done ? store.moveTo(pairs, count) : exhausted(pairs);
+    return done && queue.finish(store) ? store.moveTo(pairs, count) : exhausted(pairs);
 }
 
 } // namespace
