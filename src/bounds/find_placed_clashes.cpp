@@ -189,6 +189,7 @@ bool PlacedTree::findPairs(PairStore &store) {
             return store.add(i, j);
         }
         if (!mayClash(limits_[p], limits_[q])) return true;
+        startLoadingBox(p);
         startLoadingBox(q);
         Waiting &place = queue[taken++ % kQueue];
         if (taken > kQueue && !addIfClash(place, store)) return false;
