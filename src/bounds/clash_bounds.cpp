@@ -56,7 +56,7 @@ PlacedBounds::PlacedBounds(mgBBox_c const &box, mgXform_c const &x)
         + sumOfSizes(t);
     if (!(lengths < kMostLengths)) return;
 
-    double const margin = kMarginOfLengths * lengths + kMarginOfUnits * (1.0 + scale);
+    margin = kMarginOfLengths * lengths + kMarginOfUnits * (1.0 + scale);
     radius = scale * box.sphRadius() + margin;
     isAligned = isByQuarters(m);
     mgPoint_c const middle = box.center();

@@ -60,6 +60,7 @@ struct PlacedBounds {
     double low[3], high[3];             ///< of the enclosure, clipped to the sphere
     double centre[3] = {0.0, 0.0, 0.0}; ///< of the sphere
     double radius;                      ///< with the margin
+    double margin = 0.0;
 };
 
 } // namespace vexmath::detail

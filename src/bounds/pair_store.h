@@ -31,6 +31,12 @@ public:
     /// Empties the store. REQUIRES 0 <= first < firsts of each pair, and no pair twice.
     int moveTo(suDynamicArray<mgIndexPair_c> &pairs, int firsts);
 
+    /// The result of a search without memory: empties pairs and returns -1.
+    static int giveUp(suDynamicArray<mgIndexPair_c> &pairs) {
+        pairs.Adopt(nullptr);
+        return -1;
+    }
+
 private:
     static constexpr int kFew = 1024;
     static constexpr int kMostBlocks = 21;
