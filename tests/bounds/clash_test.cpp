@@ -146,7 +146,7 @@ TEST(Clash, MatingPartsClashAsByTheLiteralSteps) {
 
 TEST(Clash, ARelativeRotationThatIsFlaggedAsNoneIsNotApplied) {
     // It would move the ends of a box so long by more than the gap.
-    double const elements[] = {1, 5e-13, 0, -5e-13, 1, 0, 0, 0, 1};
+    double const elements[] = {1, -5e-13, 0, 5e-13, 1, 0, 0, 0, 1};
     mgBBox_c const rod(P(), P(1e5, 1, 1));
     mgXform_c const above = raw(mgMatrix_c(elements, 0), V(0, 1 + 2e-8, 0));
     CheckPlacedClash(0, rod, mgXform_c(), rod, above);
