@@ -6,6 +6,7 @@
 
 #include "box_offsets.h"
 #include "corners.h"
+#include "wide_clash.h"
 
 #include <algorithm>
 
@@ -42,9 +43,23 @@ bool sphereMisses(mgPoint_c const &centre, double radius, mgPoint_c const &low,
     return gapSq > radius * radius * (1.0 + tol);
 }
 
+#if defined(VEXMATH_AVX2)
+
+VEXMATH_AVX2 int clashBySimd(mgBBox_c const &a, mgBBox_c const &b, double tol) {
+    using vexmath::detail::WideBounds;
+    return vexmath::detail::clashes(WideBounds::of(a), WideBounds::of(b), tol);
+}
+
+#else // never called
+
+int clashBySimd(mgBBox_c const &, mgBBox_c const &, double) { return 0; }
+
+#endif
+
 } // namespace
 
 int mgBBox_c::clash(mgBBox_c const *b, double tol) const {
+    if (vexmath::detail::hasSimd()) return clashBySimd(*this, *b, tol);
     if (!isSet() || !b->isSet()) return 0;
     if (sphRadius_ + b->sphRadius_ < (sphCentre_ - b->sphCentre_).len() - tol) return 0;
 
