@@ -91,6 +91,7 @@ public:
         : work(std::string(scene) + " clashes of " + std::to_string(count)), n(count), make_(make) {
     }
 
+    bool hasRods() const { return make_ == rods; }
     Extents const &extents() const {
         if (extents_.empty()) {
             Numbers random;
