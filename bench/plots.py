@@ -76,7 +76,7 @@ def growth_of_clashes(curves, path):
         axes.xaxis.set_major_formatter(EngFormatter(sep=""))
         axes.yaxis.set_major_formatter(EngFormatter(sep=""))
     row[0][0].set_ylabel("ns per box")
-    row[0][0].legend(loc="upper center", ncol=len(everybody), bbox_to_anchor=(0.5, -0.15),
+    row[0][0].legend(loc="upper center", ncol=len(everybody), bbox_to_anchor=(0.5, 0.0),
                      bbox_transform=figure.transFigure)
     save(figure, path)
 

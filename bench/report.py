@@ -159,7 +159,7 @@ def rows(times):
 def growths(times):
     """{name: {who: [(n, ns per item)]}} of the works that are measured for several n."""
     result = {}
-    for work, by in times.items():
+    for work, by in sorted(times.items()):
         match = re.fullmatch(r"(?!length)([\w ]+) of (\d+)", work)
         for who, time in by.items() if match else ():
             if who != LIMIT:
