@@ -64,7 +64,7 @@ def growth(curves, path):
 
 
 def growth_of_clashes(curves, path):
-    """Time per box over the number of boxes, one scene beside the other, vexmath as a thick line."""
+    """Time per box over the number of boxes, a panel for each scene, vexmath as a thick line."""
     figure, row = pyplot.subplots(1, len(curves), figsize=(12, 4), sharey=True, squeeze=False)
     everybody = list(dict.fromkeys(who for by in curves.values() for who in by))
     for axes, (name, by) in zip(row[0], curves.items()):
