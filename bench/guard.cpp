@@ -255,6 +255,62 @@ void singlePrecision(Numbers &in) {
     });
 }
 
+void planar(Numbers &in) {
+    auto const all = inputs([&in] { return in.point(100.0); }, kItems + 1);
+    mgPoint_c const low(-50.0, -50.0, 0.0), high(50.0, 50.0, 0.0);
+    struct Clipped {
+        mgPoint_c a, b;
+    };
+    countEach("clip segments", [&](std::size_t i) {
+        Clipped out;
+        keep(mg_ClipLine2DToBox(all[i], all[i + 1], low, high, out.a, out.b, 1e-8));
+        return out;
+    });
+    // Integer corners of a convex curve: no function of the C library decides what is counted.
+    std::vector<mg2DPoint_c> polygon;
+    for (int i = 0; i < kItems; ++i) {
+        double const x = i < kItems / 2 ? i : kItems - i;
+        double const height = x * (kItems / 2 - x);
+        polygon.emplace_back(x, i < kItems / 2 ? -height : height);
+    }
+    count("least rectangle", kItems, [&polygon] {
+        mg2DPoint_c corners[4];
+        minCnvxPlgRect(kItems, polygon.data(), 0, corners);
+        keep(corners);
+    });
+    suDynamicArray<mgPoint_c> stops;
+    for (std::size_t i = 0; i < kItems; ++i) stops.Add(all[i]);
+    count("closed tour", kItems, [&stops] {
+        suDynamicArray<int> order;
+        mg_ClosedTSP(stops, order);
+        keep(order[0]);
+    });
+}
+
+void clashes(Numbers &in) {
+    int const few = 10 * kItems;
+    auto const boxes = inputs(
+        [&in] {
+            mgPoint_c const middle = in.point(12.6); // each box meets about five others
+            double const x = 0.5 + in.next(0.25), y = 0.5 + in.next(0.25);
+            mgVector_c const half(x, y, 0.5 + in.next(0.25));
+            return mgBBox_c(middle - half, middle + half);
+        },
+        few);
+    for (std::string const suffix : {"", ", plain"}) {
+        mg_SetUseVectorUnits(suffix.empty());
+        count("uniform clashes of 10000" + suffix, few, [&boxes, few] {
+            suDynamicArray<mgIndexPair_c> pairs;
+            keep(mg_FindClashes(boxes.data(), few, 0.0, pairs));
+        });
+        mgBoxIndex_c index;
+        index.build(boxes.data(), nullptr, few);
+        suDynamicArray<int> which;
+        countEach("index clashesWith" + suffix,
+                  [&](std::size_t i) { return index.clashesWith(boxes[i], 0.0, which); });
+    }
+}
+
 } // namespace
 
 int main() {
@@ -266,4 +322,6 @@ int main() {
     pointSets(in);
     tessellation();
     singlePrecision(in);
+    planar(in);
+    clashes(in);
 }
