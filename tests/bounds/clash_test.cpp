@@ -53,7 +53,7 @@ TEST(Clash, SphereToleranceIsAFactorOnTheSquaredRadius) {
 }
 
 TEST(Clash, VectorUnitsChangeNoAnswer) {
-    support::Random random;
+    common::Random random;
     double const tolerances[] = {0, 1e-8, -1e-8, 0.125, -0.125, 1e-300, -1, -2, 3, 1e9};
     int clashes[2] = {0, 0};
     for (int k = 0; k < 200000; ++k) {
@@ -70,19 +70,19 @@ TEST(Clash, VectorUnitsChangeNoAnswer) {
 }
 
 /// A box whose sphere and corners need not agree, so that each of them decides in some cases.
-mgBBox_c anyBox(support::Random &random) {
+mgBBox_c anyBox(common::Random &random) {
     mgBBox_c box(random.triple<P>(-5.0, 5.0), random.triple<P>(-5.0, 5.0));
     if (random.below(3) != 0) box.setSphereOnly(random.triple<P>(-4.0, 4.0), random.uniform(2, 8));
     return box;
 }
 
 /// Kinds 0 and 1 are no rotations: too long rows, or rows at other angles.
-mgMatrix_c anyRotation(support::Random &random, int kind) {
-    mgMatrix_c const rotation = support::placement(random).rotation();
+mgMatrix_c anyRotation(common::Random &random, int kind) {
+    mgMatrix_c const rotation = common::placement(random).rotation();
     double elements[9];
     for (int i = 0; i < 9; ++i) elements[i] = kind == 0 ? 1.5 * rotation[i] : rotation[i];
     for (int j = 0; kind == 1 && j < 3; ++j) {
-        mgUnitVector_c const column = support::direction(random);
+        mgUnitVector_c const column = common::direction(random);
         for (int i = 0; i < 3; ++i) elements[3 * i + j] = column[i];
     }
     return {elements, 0};
@@ -108,7 +108,7 @@ void CheckPlacedClash(int expected, mgBBox_c const &a, mgXform_c const &xa, mgBB
 }
 
 TEST(Clash, PlacedBoxesClashAsByTheLiteralSteps) {
-    support::Random random;
+    common::Random random;
     int clashes[2] = {0, 0};
     for (int k = 0; k < 40000 && !::testing::Test::HasFailure(); ++k) {
         mgBBox_c const a = anyBox(random), b = anyBox(random);
@@ -127,7 +127,7 @@ TEST(Clash, PlacedBoxesClashAsByTheLiteralSteps) {
 }
 
 TEST(Clash, MatingPartsClashAsByTheLiteralSteps) {
-    support::Random random;
+    common::Random random;
     int clashes[2] = {0, 0};
     for (int k = 0; k < 40000 && !::testing::Test::HasFailure(); ++k) {
         mgMatrix_c const turn = k % 2 == 0 ? mgMatrix_c() : placement(random).rotation();

@@ -11,8 +11,8 @@
 
 namespace {
 
-using support::kInfinity;
-using support::Random;
+using common::kInfinity;
+using common::Random;
 using P = mgPoint_c;
 using V = mgVector_c;
 using List = std::vector<std::pair<int, int>>;
@@ -45,12 +45,11 @@ void CheckList(List const &expected, Find const &find) {
 }
 
 double const tolerances[] = {
-    0.0,          -0.0,  1e-8,  -1e-8,  5e-324,        -1e-300,        1e-16,     1e-9,
-    1e-7,         -1e-6, 1e-3,  -1e-3,  0.1,           -0.1,           0.25,      -0.25,
-    0.5,          -0.5,  0.999, -0.999, 1.0,           -1.0,           -1.001,    2.0,
-    -2.0,         10.0,  1e3,   1e6,    1e8,           1e15,           1e30,      1e31,
-    1e39,         1e100, 1e155, 1e300,  support::kMax, -support::kMax, kInfinity, -kInfinity,
-    support::kNaN};
+    0.0,          -0.0,          1e-8,      -1e-8,      5e-324,      -1e-300, 1e-16, 1e-9,  1e-7,
+    -1e-6,        1e-3,          -1e-3,     0.1,        -0.1,        0.25,    -0.25, 0.5,   -0.5,
+    0.999,        -0.999,        1.0,       -1.0,       -1.001,      2.0,     -2.0,  10.0,  1e3,
+    1e6,          1e8,           1e15,      1e30,       1e31,        1e39,    1e100, 1e155, 1e300,
+    common::kMax, -common::kMax, kInfinity, -kInfinity, common::kNaN};
 
 /// On a lattice, or off it by one unit in the last place, by the tolerance or by 1e-08.
 double coordinate(Random &random, double tol) {
@@ -70,7 +69,7 @@ mgBBox_c anyBox(Random &random, double tol, double size, double offset, int oddi
     double const r = box.sphRadius(), away = random.ofMagnitude(5.0, 11.0) * size;
     switch (random.below(oddity)) {
     case 0:
-        return support::withDouble(box, random.below(10), random.hostile());
+        return common::withDouble(box, random.below(10), random.hostile());
     case 1:
         box.setSphereOnly(corners[1], random.uniform(0.0, 3.0) * size);
         break;
@@ -128,7 +127,7 @@ TEST(FindClashes, GivesThePairsOfTheLoopInItsOrder) {
 mgMatrix_c anyRotation(Random &random) {
     mgUnitVector_c const axis = random.below(2) == 0
                                     ? mgUnitVector_c(random.below(2), random.below(2), 1.0)
-                                    : support::direction(random);
+                                    : common::direction(random);
     double const quarter = std::acos(0.0);
     double const angles[] = {0.0, random.below(4) * quarter, 0.5 * quarter,
                              quarter + random.uniform(-2e-9, 2e-9), random.uniform(-3.0, 3.0)};
@@ -230,7 +229,7 @@ TEST(FindClashes, ManyPairsAreSorted) {
 }
 
 TEST(FindClashes, NothingIsFoundAmongNoBoxes) {
-    mgBBox_c const box = support::cube(0.0, 1.0);
+    mgBBox_c const box = common::cube(0.0, 1.0);
     for (int const none : {0, -1, std::numeric_limits<int>::min()}) {
         using To = suDynamicArray<mgIndexPair_c>;
         CheckList({}, [=](To &to) { return mg_FindClashes(nullptr, none, 0.0, to); });

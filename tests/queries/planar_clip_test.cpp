@@ -11,7 +11,7 @@
 
 namespace {
 
-using support::above, support::below, support::Caller, support::kInfinity, support::kNaN;
+using common::above, common::below, common::Caller, common::kInfinity, common::kNaN;
 
 constexpr auto Outside = mgClipLine_Outside, Inside = mgClipLine_Inside,
                ClippedA = mgClipLine_ClippedA, ClippedB = mgClipLine_ClippedB,
@@ -91,7 +91,7 @@ Expected exactly(std::array<int, 4> const &s, int tol) {
 
 /// An output: the given end where it was kept, else on a side.
 void CheckEnd(bool isKept, mgPoint_c const &given, double const *expected, mgPoint_c const &out) {
-    ASSERT_LT(support::gap(mgPoint_c(expected[0], expected[1], given.z()), out), 1e-14);
+    ASSERT_LT(common::gap(mgPoint_c(expected[0], expected[1], given.z()), out), 1e-14);
     bool const isOnSide =
         out.x() == 0.0 || out.x() == kWidth || out.y() == 0.0 || out.y() == kHeight;
     if (isKept) {
@@ -116,8 +116,8 @@ void CheckSegment(std::array<int, 4> const &s, int tol) {
         CheckEnd(e.clip == Inside || e.clip == ClippedB, a, e.a, p);
         CheckEnd(e.clip == Inside || e.clip == ClippedA, b, e.b, q);
     } else {
-        ASSERT_LT(support::gap(mgPoint_c(e.a[0], e.a[1], 5), p), 1e-14);
-        ASSERT_LT(support::gap(mgPoint_c(e.b[0], e.b[1], 6), q), 1e-14);
+        ASSERT_LT(common::gap(mgPoint_c(e.a[0], e.a[1], 5), p), 1e-14);
+        ASSERT_LT(common::gap(mgPoint_c(e.b[0], e.b[1], 6), q), 1e-14);
     }
     for (double k : {0x1p1020, 0x1p600, 0x1p-600, 0x1p-1030}) {
         mgPoint_c u = k * b, v = k * a; // the outputs are the inputs, exchanged
@@ -172,7 +172,7 @@ TEST(ClipLine, LargeNumbersLoseNeitherACornerNorASlope) {
     mgPoint_c const far(-1e20, -1e20, 0); // the box is nearly a quadrant
     EXPECT_EQ(Outside, mg_ClipLine2DToBox({1, -0.5, 0}, {-0.5, 1, 0}, far, {}, p, q, 1e-8));
     EXPECT_EQ(ClippedBoth, mg_ClipLine2DToBox({1, -1.5, 0}, {-1.5, 1, 0}, far, {}, p, q, 1e-8));
-    EXPECT_LT(support::gap(mgPoint_c(0, -0.5, 0), p), 1e-14);
+    EXPECT_LT(common::gap(mgPoint_c(0, -0.5, 0), p), 1e-14);
     // The difference of x overflows.
     mgPoint_c const low(-0x1p1023, -0x1p1023, 0), high(0x1p1022, 0x1p1022, 0);
     EXPECT_EQ(ClippedB,
@@ -182,7 +182,7 @@ TEST(ClipLine, LargeNumbersLoseNeitherACornerNorASlope) {
 }
 
 TEST(ClipLine, HostileNumbersAreOutsideOrClippedIntoTheBox) {
-    support::Random random;
+    common::Random random;
     for (int i = 0; i < 200000; ++i) {
         double n[9];
         for (double &v : n) v = random.hostile();
@@ -204,7 +204,7 @@ TEST(ClipLine, HostileNumbersAreOutsideOrClippedIntoTheBox) {
 }
 
 TEST(ClipLineEnd, ALeaderEndsAtTheOutlineFromEitherSide) {
-    support::Random random;
+    common::Random random;
     for (int i = 0; i < 2000; ++i) {
         // The frame is made of the lattice's box.
         double const angle = random.uniform(-7, 7), c = std::cos(angle), s = std::sin(angle);
@@ -228,7 +228,7 @@ TEST(ClipLineEnd, ALeaderEndsAtTheOutlineFromEitherSide) {
         } else {
             mgPoint_c const &met = expected == ClippedB ? q : p;
             EXPECT_EQ(ClippedB, result);
-            EXPECT_LT(support::gap(place(met.x(), met.y(), 8), end), 1e-12);
+            EXPECT_LT(common::gap(place(met.x(), met.y(), 8), end), 1e-12);
         }
     }
     mgPoint_c end(0, 2, 1);
@@ -254,7 +254,7 @@ int arcsWith(double at, int count, double const *angles) {
 
 TEST(ClipArc, AgreesWithSampledAngles) {
     constexpr double kNear = 1e-9; // of a side, where a sample does not tell
-    support::Random random;
+    common::Random random;
     int most = 0;
     for (int round = 0; round < 4000; ++round) {
         mgPoint_c const centre(random.uniform(-3, 3), random.uniform(-3, 3), 0);

@@ -9,7 +9,7 @@
 
 namespace {
 
-using support::above, support::below, support::Caller, support::kInfinity, support::kNaN;
+using common::above, common::below, common::Caller, common::kInfinity, common::kNaN;
 
 constexpr auto Outside = mgInsideBox_Outside, Touching = mgInsideBox_Touching,
                Partly = mgInsideBox_Partly, Inside = mgInsideBox_Inside;
@@ -44,7 +44,7 @@ double beyond(double x, double y, mgPoint_c const &low, mgPoint_c const &high) {
 }
 
 TEST(InsideBox, ArcsAndPolylinesAgreeWithSampledPoints) {
-    support::Random random;
+    common::Random random;
     int seen[4] = {};
     for (int round = 0; round < 6000; ++round) {
         mgPoint_c const low(random.uniform(-4, 0), random.uniform(-4, 0), 0);

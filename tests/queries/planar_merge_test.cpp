@@ -12,7 +12,7 @@
 
 namespace {
 
-using support::above, support::Caller, support::kInfinity, support::kNaN;
+using common::above, common::Caller, common::kInfinity, common::kNaN;
 using Points = suDynamicArray<mgPoint_c>;
 
 mgPoint_c const untouched(77, 77, 77);
@@ -108,7 +108,7 @@ std::vector<mgPoint_c> byRule(std::vector<mgPoint_c> const &pts, double tol) {
 }
 
 TEST(MergeList, AgreesWithTheRuleForAnySizesAndTolerances) {
-    support::Random random;
+    common::Random random;
     for (int round = 0; round < 300; ++round) {
         double const tol = std::pow(10.0, random.uniform(-9, -1));
         std::vector<mgPoint_c> points;
@@ -140,7 +140,7 @@ TEST(MergeList, AgreesWithTheRuleForAnySizesAndTolerances) {
 /// which could be merged with another.
 TEST(MergeList, CoversALatticeOnce) {
     constexpr int kSize = 24;
-    support::Random random;
+    common::Random random;
     for (int round = 0; round < 30; ++round) {
         int const directions[4][2] = {{1, 0}, {0, 1}, {1, 1}, {1, -1}};
         using Edge = std::array<int, 3>; // direction, x, y

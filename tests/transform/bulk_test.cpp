@@ -12,9 +12,9 @@
 namespace {
 
 /// A transform of any kind that the bulk operation distinguishes; some numbers are hostile.
-mgXform_c anyTransform(support::Random &random) {
+mgXform_c anyTransform(common::Random &random) {
     auto const number = [&] { return random.below(6) == 0 ? random.hostile() : 2.5; };
-    mgXform_64BitHelper_c fields = support::placement(random).GetHelper();
+    mgXform_64BitHelper_c fields = common::placement(random).GetHelper();
     if (random.below(3) == 0) fields.rotation = mgMatrix_c();
     if (random.below(9) == 0) { // the identity without its flag
         fields.rotation = mg_RotationMatrix(1e-09, mgUnitVector_c::zAxis(), 0.0);
@@ -33,7 +33,7 @@ mgXform_c anyTransform(support::Random &random) {
 }
 
 TEST(Bulk, TransformedPointsAreThoseOfTheLoopToTheBit) {
-    support::Random random;
+    common::Random random;
     for (int round = 0; round < 4000; ++round) {
         mgXform_c const x = anyTransform(random);
         std::vector<mgPoint_c> points(static_cast<std::size_t>(random.below(20)));
@@ -62,7 +62,7 @@ using Xforms = std::vector<mgXform_c>;
 /// The array operation against the loop over factorOf.
 template <class FactorOf, class MultiplyAll>
 void CheckProducts(Xforms const &given, FactorOf const &factorOf, MultiplyAll const &multiplyAll,
-                   support::Caller = {}) {
+                   common::Caller = {}) {
     Xforms loop(given.size()), array(given.size());
     for (std::size_t i = 0; i < given.size(); ++i) {
         assignRaw(loop[i], given[i]);
@@ -77,7 +77,7 @@ void CheckProducts(Xforms const &given, FactorOf const &factorOf, MultiplyAll co
 }
 
 TEST(Bulk, MultipliedTransformsAreThoseOfTheLoopToTheBit) {
-    support::Random random;
+    common::Random random;
     for (int round = 0; round < 6000 && !::testing::Test::HasFailure(); ++round) {
         SCOPED_TRACE(round);
         mg_SetUseVectorUnits(round % 4);
@@ -86,7 +86,7 @@ TEST(Bulk, MultipliedTransformsAreThoseOfTheLoopToTheBit) {
         auto const fill = [&](Xforms &all) {
             for (mgXform_c &x : all) {
                 bool const any = random.below(usual) == 0;
-                assignRaw(x, any ? anyTransform(random) : support::placement(random));
+                assignRaw(x, any ? anyTransform(random) : common::placement(random));
                 if (random.below(usual) == 0) x.setReflection(random.below(4) - 1);
             }
         };
@@ -108,7 +108,7 @@ TEST(Bulk, MultipliedTransformsAreThoseOfTheLoopToTheBit) {
 }
 
 TEST(Simd, ChangeNoProductInverseOrClash) {
-    support::Random random;
+    common::Random random;
     int clashes = 0;
     for (int round = 0; round < 30000; ++round) {
         mgXform_c const a = anyTransform(random);
