@@ -21,49 +21,47 @@ VEXMATH_AVX2_STEP __m128d twoDots(Wide a, Wide b, Wide c, Wide d) {
     return lowHalf(xz) + y + highHalf(xz);
 }
 
-/// The pass of `Rows::orthonormalised(false)`, in parts.
-struct WideErrors {
-    VEXMATH_AVX2_STEP static WideErrors of(WideRows const &r) {
-        __m128d const d12And02 = twoDots(r.r1, r.r2, r.r0, r.r2);
-        __m128d const d01AndQ2 = twoDots(r.r0, r.r1, r.r2, r.r2);
-        __m128d const e0And1 = _mm_set1_pd(1.0) - twoDots(r.r0, r.r0, r.r1, r.r1);
-        __m128d const d01AndE2 = _mm_set_pd(1.0, 0.0) - d01AndQ2; // d01 with the other sign
-        double const sum = std::fabs(lane0(d12And02)) + std::fabs(lane1(d12And02))
-                           + std::fabs(lane0(d01AndE2)) + std::fabs(lane1(d01AndE2))
-                           + std::fabs(lane0(e0And1)) + std::fabs(lane1(e0And1));
-        return {lane0ToAll(d01AndQ2), e0And1, _mm_set_sd(sum)};
-    }
-    VEXMATH_AVX2_STEP __m128d areSmall() const { // a mask in lane 0
-        return _mm_cmplt_sd(sum, _mm_set_sd(kOrthonormalEnough));
-    }
-    VEXMATH_AVX2_STEP WideRows corrected(WideRows const &r) const {
-        Wide const factors = _mm256_castpd128_pd256(_mm_set1_pd(1.0) + e0And1 * _mm_set1_pd(0.5));
-        Wide const s0 = r.r0 * all<0>(factors);
-        Wide const s1 = r.r1 * all<1>(factors) - d01 * s0;
-        Wide const s2 = cross(s0, s1);
-        return {s0, s1, vexmath::detail::sum(s2 * r.r2) < 0.0 ? opposite(s2) : s2};
-    }
-
-    Wide d01;
-    __m128d e0And1;
-    __m128d sum; ///< lane 0
-};
-
-/// For rows that seldom need the correction, as those of an inverse.
-VEXMATH_AVX2_STEP WideRows orthonormalised(WideRows const &rows) {
-    WideErrors const errors = WideErrors::of(rows);
-    return lane0(errors.sum) < kOrthonormalEnough ? rows : errors.corrected(rows);
+/// The second half of `Rows::orthonormalised(false)`: the correction by 1 + e0/2, 1 + e1/2 and d01.
+VEXMATH_AVX2_STEP WideRows corrected(WideRows const &rows, Wide f0, Wide f1, Wide d01) {
+    Wide const s0 = rows.r0 * f0;
+    Wide const s1 = rows.r1 * f1 - d01 * s0;
+    Wide const s2 = cross(s0, s1);
+    return {s0, s1, sum(s2 * rows.r2) < 0.0 ? opposite(s2) : s2};
 }
 
-/// For rows of a product: nearly every second one needs the correction, which cannot be foretold.
-/// So it is always computed, and then selected.
+/// The pass for rows of a product: nearly every second one needs the correction, which cannot be
+/// foretold. So it is always computed, and then selected.
 VEXMATH_AVX2_STEP WideRows orthonormalisedProduct(WideRows const &rows) {
-    WideErrors const errors = WideErrors::of(rows);
-    WideRows const corrected = errors.corrected(rows);
-    Wide const isEnough = lane0ToAll(errors.areSmall());
-    return {_mm256_blendv_pd(corrected.r0, rows.r0, isEnough),
-            _mm256_blendv_pd(corrected.r1, rows.r1, isEnough),
-            _mm256_blendv_pd(corrected.r2, rows.r2, isEnough)};
+    Wide const r0 = rows.r0, r1 = rows.r1, r2 = rows.r2;
+    __m128d const d12And02 = twoDots(r1, r2, r0, r2);
+    __m128d const d01AndQ2 = twoDots(r0, r1, r2, r2);
+    __m128d const e0And1 = _mm_set1_pd(1.0) - twoDots(r0, r0, r1, r1);
+    __m128d const d01AndE2 = _mm_set_pd(1.0, 0.0) - d01AndQ2; // d01 with the other sign
+    double const error = std::fabs(lane0(d12And02)) + std::fabs(lane1(d12And02))
+                         + std::fabs(lane0(d01AndE2)) + std::fabs(lane1(d01AndE2))
+                         + std::fabs(lane0(e0And1)) + std::fabs(lane1(e0And1));
+    Wide const isEnough =
+        lane0ToAll(_mm_cmplt_sd(_mm_set_sd(error), _mm_set_sd(kOrthonormalEnough)));
+
+    Wide const factors = _mm256_castpd128_pd256(_mm_set1_pd(1.0) + e0And1 * _mm_set1_pd(0.5));
+    WideRows const s = corrected(rows, all<0>(factors), all<1>(factors), lane0ToAll(d01AndQ2));
+    return {_mm256_blendv_pd(s.r0, r0, isEnough), _mm256_blendv_pd(s.r1, r1, isEnough),
+            _mm256_blendv_pd(s.r2, r2, isEnough)};
+}
+
+/// The pass for rows that seldom need the correction, as those of an inverse. REQUIRES the columns
+/// of the same matrix as well: their sums do not go across a register.
+VEXMATH_AVX2_STEP WideRows orthonormalised(WideRows const &rows, WideRows const &columns) {
+    WideRows const next = {turned(columns.r0), turned(columns.r1), turned(columns.r2)};
+    Wide const e = all(1.0) - dots(columns, columns); // 0, 1, 2
+    Wide const d = dots(columns, next);               // 01, 12, 20
+    Wide const length = absolute(e), angle = absolute(d);
+    double const error =
+        lane1(angle) + lane2(angle) + lane0(angle) + lane2(length) + lane0(length) + lane1(length);
+    if (error < kOrthonormalEnough) return rows;
+
+    Wide const factor = all(1.0) + e * all(0.5);
+    return corrected(rows, all<0>(factor), all<1>(factor), all<0>(d));
 }
 
 } // namespace vexmath::detail

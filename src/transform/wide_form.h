@@ -61,11 +61,11 @@ struct WideForm {
 
     /// The inverse, given the scale of the inverse. REQUIRES that x rotates.
     VEXMATH_AVX2_STEP static WideForm ofInverse(mgXform_c const &x, double scale) {
-        WideFields const fields = WideFields::of(x);
-        WideForm form{orthonormalised(transposed(fields.rows())), all(0.0)};
-        if (x.translation().isNotNull())
-            form.translation = times(opposite(fields.translation()), form.rows) * all(scale);
-        return form;
+        WideRows const columns = loadRows(x.rotation());
+        WideRows const rows = orthonormalised(transposed(columns), columns);
+        if (!x.translation().isNotNull()) return {rows, all(0.0)};
+        Wide const back = times(opposite(load(&x.translation()[0])), rows);
+        return {rows, back * all(scale)};
     }
 
     /// Writes rotation, translation and scale. Clears the flag and its padding.
