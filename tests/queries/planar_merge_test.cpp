@@ -58,47 +58,42 @@ Points listOf(std::vector<mgPoint_c> const &points) {
 
 /// The rule of the header, by scanning.
 std::vector<mgPoint_c> byRule(std::vector<mgPoint_c> const &pts, double tol) {
-    struct Entry {
-        mgVector_c d;
-        double length;
-    };
     auto const n = pts.size() / 2;
-    std::vector<Entry> all;
+    std::vector<mgVector_c> d;
+    std::vector<double> length;
     for (std::size_t i = 0; i < n; ++i) {
-        mgVector_c d = pts[2 * i + 1] - pts[2 * i];
-        d.set_z(0);
-        double const length = d.len();
-        all.push_back({length > 0 ? (1.0 / length) * d : mgVector_c(1, 0, 0), length});
+        mgVector_c e = pts[2 * i + 1] - pts[2 * i];
+        e.set_z(0);
+        length.push_back(e.len());
+        d.push_back(e.len() > 0 ? (1.0 / e.len()) * e : mgVector_c(1, 0, 0));
     }
     std::vector<bool> used(n, false);
     std::vector<std::array<std::size_t, 2>> ends(n, {2 * n, 2 * n});
     for (;;) {
         std::size_t base = n;
         for (std::size_t i = 0; i < n; ++i)
-            if (!used[i] && (base == n || all[i].length > all[base].length)) base = i;
+            if (!used[i] && (base == n || length[i] > length[base])) base = i;
         if (base == n) break;
         used[base] = true;
         ends[base] = {2 * base, 2 * base + 1};
         auto const along = [&](std::size_t end) {
             mgVector_c const e = pts[end] - pts[2 * base];
-            return e.x() * all[base].d.x() + e.y() * all[base].d.y();
+            return e.x() * d[base].x() + e.y() * d[base].y();
         };
-        auto const across = [&](std::size_t end) {
+        auto const isOff = [&](std::size_t end) {
             mgVector_c const e = pts[end] - pts[2 * base];
-            return std::fabs(e.y() * all[base].d.x() - e.x() * all[base].d.y());
+            return std::fabs(e.y() * d[base].x() - e.x() * d[base].y()) > tol;
         };
-        double low = 0, high = all[base].length;
-        for (bool isChanged = true; isChanged;) {
-            isChanged = false;
-            for (std::size_t i = 0; i < n; ++i) {
-                std::size_t p = 2 * i, q = p + 1;
-                if (used[i] || across(p) > tol || across(q) > tol) continue;
-                if (along(q) < along(p)) std::swap(p, q);
-                if (along(p) - high > tol || low - along(q) > tol) continue;
-                used[i] = isChanged = true;
-                if (along(p) < low) low = along(p), ends[base][0] = p;
-                if (along(q) > high) high = along(q), ends[base][1] = q;
-            }
+        double low = 0, high = length[base];
+        for (std::size_t i = 0; i < n; ++i) {
+            std::size_t p = 2 * i, q = p + 1;
+            if (along(q) < along(p)) std::swap(p, q);
+            if (used[i] || isOff(p) || isOff(q) || along(p) - high > tol || low - along(q) > tol)
+                continue;
+            used[i] = true;
+            if (along(p) < low) low = along(p), ends[base][0] = p;
+            if (along(q) > high) high = along(q), ends[base][1] = q;
+            i = static_cast<std::size_t>(-1); // from the first one again
         }
     }
     std::vector<mgPoint_c> result;
