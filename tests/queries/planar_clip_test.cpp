@@ -160,6 +160,12 @@ TEST(ClipLine, LargeNumbersLoseNeitherACornerNorASlope) {
     EXPECT_EQ(Outside, mg_ClipLine2DToBox({1, -0.5, 0}, {-0.5, 1, 0}, far, {}, p, q, 1e-8));
     EXPECT_EQ(ClippedBoth, mg_ClipLine2DToBox({1, -1.5, 0}, {-1.5, 1, 0}, far, {}, p, q, 1e-8));
     EXPECT_LT(support::gap(mgPoint_c(0, -0.5, 0), p), 1e-14);
+    // From the nearer end: the far one would give an error of its own size.
+    mgPoint_c const close(2, 0, 0), remote(-0x1p40, 0x1p39, 0);
+    EXPECT_EQ(ClippedBoth, mg_ClipLine2DToBox(close, remote, {-1, -1, 0}, {1, 1, 0}, p, q, 0));
+    EXPECT_LT(support::gap(mgPoint_c(1, 0.5, 0), p), 1e-11);
+    EXPECT_EQ(ClippedBoth, mg_ClipLine2DToBox(remote, close, {-1, -1, 0}, {1, 1, 0}, p, q, 0));
+    EXPECT_LT(support::gap(mgPoint_c(1, 0.5, 0), q), 1e-11);
     // The difference of x overflows.
     mgPoint_c const low(-0x1p1023, -0x1p1023, 0), high(0x1p1022, 0x1p1022, 0);
     EXPECT_EQ(ClippedB,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Merged segments: lattices against unions in whole numbers, lists against the rule.
+// Merged segments: pairs at the thresholds, lists against the rule.
 
 #include "common/geometry.h"
 
@@ -7,7 +7,6 @@
 #include <vexmath/su_dynamic_array.h>
 
 #include <array>
-#include <set>
 #include <vector>
 
 namespace {
@@ -131,43 +130,18 @@ TEST(MergeList, AgreesWithTheRuleForAnySizesAndTolerances) {
     }
 }
 
-/// Unit edges of a lattice: those drawn, and no others, are covered by the merged segments, none of
-/// which could be merged with another.
-TEST(MergeList, CoversALatticeOnce) {
-    constexpr int kSize = 24;
-    support::Random random;
-    for (int round = 0; round < 30; ++round) {
-        int const directions[4][2] = {{1, 0}, {0, 1}, {1, 1}, {1, -1}};
-        using Edge = std::array<int, 3>; // direction, x, y
-        std::set<Edge> drawn;
-        std::vector<mgPoint_c> points;
-        for (int count = 500; count > 0; --count) {
-            int const way = random.below(4), steps = 1 + random.below(3);
-            int const *const d = directions[way];
-            int const x = random.below(kSize), y = random.below(kSize);
-            for (int i = 0; i < steps; ++i) drawn.insert({way, x + i * d[0], y + i * d[1]});
-            mgPoint_c const p(x, y, 0), q(x + steps * d[0], y + steps * d[1], 0);
-            bool const isReversed = random.below(2) != 0;
-            points.push_back(isReversed ? q : p);
-            points.push_back(isReversed ? p : q);
-        }
-        Points const list = listOf(points);
-        Points merged = listOf({{9, 9, 9}}); // which is replaced
-        int const count = mg_MergeLines2D(list, merged, 1e-9);
-        ASSERT_EQ(2 * count, merged.Count());
-        std::size_t covered = 0, starts = 0;
-        for (int i = 0; i < count; ++i) {
-            mgVector_c const d = merged[2 * i + 1] - merged[2 * i];
-            covered +=
-                static_cast<std::size_t>(std::lround(std::max(std::fabs(d.x()), std::fabs(d.y()))));
-        }
-        for (Edge const &e : drawn) {
-            int const *const d = directions[e[0]];
-            starts += drawn.count({e[0], e[1] - d[0], e[2] - d[1]}) == 0 ? 1u : 0u;
-        }
-        ASSERT_EQ(drawn.size(), covered);
-        ASSERT_EQ(starts, static_cast<std::size_t>(count));
-    }
+TEST(MergeList, OfEqualPlacesKeepsTheBaseElseTheFirst) {
+    Points list = listOf({{6, 0.25, 7},
+                          {8, 0.25, 8},
+                          {-1, 0.25, 3},
+                          {1, 0.25, 4},
+                          {0, 0, 1},
+                          {8, 0, 2},
+                          {-1, -0.25, 5},
+                          {1, -0.25, 6}});
+    EXPECT_EQ(1, mg_MergeLines2D(list, list, 0.5));
+    EXPECT_BITS_EQ(mgPoint_c(-1, 0.25, 3), list[0]);
+    EXPECT_BITS_EQ(mgPoint_c(8, 0, 2), list[1]);
 }
 
 TEST(MergeList, KeepsBadSegmentsAndIgnoresAnOddPoint) {
