@@ -131,17 +131,20 @@ TEST(MergeList, AgreesWithTheRuleForAnySizesAndTolerances) {
 }
 
 TEST(MergeList, OfEqualPlacesKeepsTheBaseElseTheFirst) {
-    Points list = listOf({{6, 0.25, 7},
-                          {8, 0.25, 8},
-                          {-1, 0.25, 3},
-                          {1, 0.25, 4},
-                          {0, 0, 1},
-                          {8, 0, 2},
-                          {-1, -0.25, 5},
-                          {1, -0.25, 6}});
-    EXPECT_EQ(1, mg_MergeLines2D(list, list, 0.5));
-    EXPECT_BITS_EQ(mgPoint_c(-1, 0.25, 3), list[0]);
-    EXPECT_BITS_EQ(mgPoint_c(8, 0, 2), list[1]);
+    for (int const side : {0, 1}) { // where the base and another segment end
+        mgPoint_c const ends[] = {{8, 0, 2}, {0, 0, 1}};
+        Points list = listOf({{6, 0.25, 7},
+                              {8, 0.25, 8},
+                              {-1, 0.25, 3},
+                              {1, 0.25, 4},
+                              ends[1 - side],
+                              ends[side],
+                              {-1, -0.25, 5},
+                              {1, -0.25, 6}});
+        EXPECT_EQ(1, mg_MergeLines2D(list, list, 0.5));
+        EXPECT_BITS_EQ(mgPoint_c(-1, 0.25, 3), list[side]);
+        EXPECT_BITS_EQ(mgPoint_c(8, 0, 2), list[1 - side]);
+    }
 }
 
 TEST(MergeList, KeepsBadSegmentsAndIgnoresAnOddPoint) {
