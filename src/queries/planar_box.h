@@ -74,11 +74,10 @@ struct PlanarSegment {
 /// Touching: all others. Unsure: not plain, see below.
 enum class Depth { Outside, Touching, Deep, Unsure };
 
-/// Positive when the line of a segment misses a box, 0 when it touches a corner or when the segment
-/// is a point, and negative when it meets the inside: the distance times the length of d = b - a.
-/// On the sides of the line are the corners with the least and the greatest d x (q - a). They are
-/// not computed from the centre of the box, so that a corner near the segment is as exact in a
-/// large box as in a small one.
+/// How far the line of a segment is from a box, times the length of d = b - a: positive when it
+/// misses the box, 0 when it touches a corner or when d is 0, and negative when it meets the
+/// inside. The corners farthest to both sides have the least and the greatest d x (q - a). They are
+/// not computed from the centre of the box: one near the segment is exact in a large box, too.
 VEXMATH_ALWAYS_INLINE double lineBeyond(PlanarSegment const &s, PlanarBox const &box) {
     double const dx = s.bx - s.ax;
     double const dy = s.by - s.ay;

@@ -38,11 +38,6 @@ TEST(InsideBox, APointIsTestedByCoordinates) {
     for (double bad : {kNaN, kInfinity, -kInfinity}) check(Outside, bad, 1, tol);
 }
 
-/// How far a point is beyond the nearest side; negative inside.
-double beyond(double x, double y, mgPoint_c const &low, mgPoint_c const &high) {
-    return std::max({low.x() - x, x - high.x(), low.y() - y, y - high.y()});
-}
-
 TEST(InsideBox, ArcsAndPolylinesAgreeWithSampledPoints) {
     common::Random random;
     int seen[4] = {};
@@ -59,7 +54,8 @@ TEST(InsideBox, ArcsAndPolylinesAgreeWithSampledPoints) {
             double const t = start + std::min(sweep, kTurn) * i / kSamples;
             points.emplace_back(centre.x() + radius * std::cos(t),
                                 centre.y() + radius * std::sin(t), 0.0);
-            double const d = beyond(points.back().x(), points.back().y(), low, high);
+            double const x = points.back().x(), y = points.back().y(); // d is negative inside
+            double const d = std::max({low.x() - x, x - high.x(), low.y() - y, y - high.y()});
             least = std::min(least, d);
             greatest = std::max(greatest, d);
         }
