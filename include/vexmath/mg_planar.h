@@ -266,7 +266,7 @@ VEXMATH_API int mg_NormalFrom3Points(mgPoint_c const &p0, mgPoint_c const &p1, m
 // An edge is crossed by the lines from the height of its lower end, included, to that of its upper
 // end, not included. So a line counts as an infinitely small step above its height:
 // - No line begins or ends at a corner that is the lowest or the highest of its surroundings. At
-//   any other corner one line begins or ends.
+//   any other corner the line through it begins or ends.
 // - A line along an edge belongs to the area above it, and not to the area below it.
 // - A line that touches a circle gives no line.
 // Heights are rounded. So on a lattice that is not along x or y, a line along an edge can belong to
@@ -280,7 +280,8 @@ VEXMATH_API int mg_NormalFrom3Points(mgPoint_c const &p0, mgPoint_c const &p1, m
 //
 // Areas with the same origin, angle and spacing therefore match. At a common edge whose ends are
 // equal in both, in either order, no line is lost or drawn twice, and lines that meet there meet in
-// the same x and y, to the bit. At an edge that is common in part they meet up to rounding.
+// the same x and y, to the bit. At an edge that is common in part they meet up to
+// rounding, and a line along it can be lost or drawn twice.
 //
 // Each function replaces the elements of `lines` by two points for each line and returns the number
 // of lines. Lines are ordered by k, then along u; the second point of each is farther along u. All

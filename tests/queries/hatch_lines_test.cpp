@@ -115,6 +115,7 @@ TEST(HatchLines, ALineOnACornerOrAnEdgeBelongsToTheAreaAbove) {
         EXPECT_EQ(count, mg_calcHatchLinesCircle2D(o, radius, o, 0.0, 1.0, lines));
     };
     circle(3, 2.0), circle(3, below(2.0)), circle(5, above(2.0)); // tangents give none
+    circle(1, 0.05);
     for (double const radius : {0.0, -1.0, kNaN, kInfinity}) circle(0, radius);
 }
 

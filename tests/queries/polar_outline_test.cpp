@@ -46,6 +46,7 @@ TEST(PolarEdge, IsContinuousAcrossTheSeam) {
     CheckClean({{5, 1}, {6, 1}, {0.2, 1}, {1, 1}},
                {{5, 0}, {6, 1}, {0.2 + turn, 2}, {1 + turn, 3}});
     CheckClean({{1, 1}, {1.5 - 3 * turn, 1}}, {{1, 0}, {1.5, 1}});
+    CheckClean({{0, 1e150}, {1e150, 0}}, {{0, 0}, {0, 1}}); // the largest numbers
     // Half a turn is no jump, with 13 decimals either; a little more is one.
     for (double const step : {half, -half, vexmath::kPi, -vexmath::kPi, vexmath::kHalfTurnBound})
         CheckClean({{0, 1}, {step, 1}}, {{0, 0}, {step, 1}});
