@@ -4,7 +4,6 @@
 #include "box_tree.h"
 
 #include <array>
-#include <new>
 #include <utility>
 
 namespace vexmath::detail {
@@ -179,8 +178,8 @@ bool BoxTree::allocate(int count) {
         begin += static_cast<int>(lanes);
     }
     begins_[levels] = begin;
-    groups_.reset(new (std::nothrow) EightBoxes[static_cast<std::size_t>(begin)]);
-    labels_.reset(new (std::nothrow) std::uint32_t[static_cast<std::size_t>(begins_[1]) * 8]);
+    groups_ = Block<EightBoxes>(begin);
+    labels_ = Block<std::uint32_t>(count);
     if (!groups_ || !labels_) {
         *this = BoxTree();
         return false;
@@ -225,9 +224,7 @@ void BoxTree::fillBounds() {
 bool BoxTree::build(Enclosure const *entries, int count) {
     if (!allocate(count)) return false;
     if (count <= 0) return true;
-    auto const size = static_cast<std::size_t>(count);
-    std::unique_ptr<std::uint64_t[]> const keys(new (std::nothrow) std::uint64_t[size]);
-    std::unique_ptr<std::uint64_t[]> const spare(new (std::nothrow) std::uint64_t[size]);
+    Block<std::uint64_t> keys(count), spare(count);
     if (!keys || !spare) {
         *this = BoxTree();
         return false;

@@ -13,11 +13,11 @@
 #ifndef VEXMATH_SRC_BOUNDS_BOX_TREE_H
 #define VEXMATH_SRC_BOUNDS_BOX_TREE_H
 
+#include "block.h"
 #include "eight_boxes.h"
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
 
 namespace vexmath::detail {
 
@@ -100,8 +100,8 @@ private:
     bool findPairsOfBlock(int firstGroup, BoxTree const &other, float depth,
                           Found const &found) const;
 
-    std::unique_ptr<EightBoxes[]> groups_; ///< of all levels, from the entries up
-    std::unique_ptr<std::uint32_t[]> labels_;
+    Block<EightBoxes> groups_; ///< of all levels, from the entries up
+    Block<std::uint32_t> labels_;
     int begins_[kMostLevels + 1] = {}; ///< first group of each level
     int levels_ = 0;
     int count_ = 0;

@@ -10,7 +10,7 @@
 #include "deep_clash.h"
 
 #include <algorithm>
-#include <new>
+#include <utility>
 
 namespace {
 
@@ -53,8 +53,7 @@ private:
 bool Search::build(mgBBox_c const *boxes, int count, BoxTree &tree) {
     constexpr double kMostTol = 1e30; // strict
     bool const mayBePlain = tol_ >= 0.0 && tol_ < kMostTol;
-    std::unique_ptr<Enclosure[]> const entries(new (std::nothrow)
-                                                   Enclosure[static_cast<std::size_t>(count)]);
+    Block<Enclosure> entries(count);
     if (!entries) return false;
     int kept = 0;
     for (int i = 0; i < count; ++i) {

@@ -94,9 +94,9 @@ private:
     mgBBox_c const *boxes_;
     mgXform_c const *placements_;
     BoxTree tree_;
-    std::unique_ptr<PlacedLimits[]> limits_;
+    Block<PlacedLimits> limits_;
     std::vector<PlacedBox> prepared_; ///< in the order of their first test; never reallocated
-    std::vector<int> slots_;          ///< there, or -1, by position
+    Block<int> slots_;                ///< there, or -1, by position
     FloatDepth floats_;
     double margin_ = 0.0; ///< the largest of plain boxes
 };
@@ -119,11 +119,11 @@ bool PlacedTree::add(int i, FloatFrame const &frame, PlacedLimits &limits, Enclo
 }
 
 bool PlacedTree::build(int count) {
-    auto const size = static_cast<std::size_t>(count);
-    std::unique_ptr<Enclosure[]> const entries(new (std::nothrow) Enclosure[size]);
-    std::unique_ptr<PlacedLimits[]> const unsorted(new (std::nothrow) PlacedLimits[size]);
-    limits_.reset(new (std::nothrow) PlacedLimits[size]);
-    if (!entries || !unsorted || !limits_) return false;
+    Block<Enclosure> entries(count);
+    Block<PlacedLimits> unsorted(count);
+    limits_ = Block<PlacedLimits>(count);
+    slots_ = Block<int>(count);
+    if (!entries || !unsorted || !limits_ || !slots_) return false;
     FloatFrame const frame = frameOf(count, [this](int i, int axis) {
         return PlacedBounds(boxes_[i], placements_[i]).centre[axis];
     });
@@ -135,10 +135,10 @@ bool PlacedTree::build(int count) {
         constexpr int kAhead = 16;
         startLoading(unsorted[indexAt(std::min(p + kAhead, kept - 1))]);
         limits_[p] = unsorted[indexAt(p)];
+        slots_[p] = -1;
     }
     try {
         prepared_.reserve(static_cast<std::size_t>(kept));
-        slots_.assign(static_cast<std::size_t>(kept), -1);
     } catch (std::bad_alloc const &) {
         return false;
     }
@@ -146,15 +146,15 @@ bool PlacedTree::build(int count) {
 }
 
 /// Two plain boxes whose frames have the same axes and scale: what holds of plain boxes holds here,
-/// in the common frame. Each bound lies a margin outside, and the sum of the margins of two boxes is
-/// more than twice the error of anything that the test computes of them. So a part that is deeper
-/// than eight margins is deeper than four for the test, and d / 4 is above its errors.
+/// in the common frame. Each bound lies a margin outside, and the sum of the margins of two boxes
+/// is more than twice the error of anything that the test computes of them. So a part that is
+/// deeper than eight margins is deeper than four for the test, and d / 4 is above its errors.
 bool clashForCertain(PlacedLimits const &a, PlacedLimits const &b, bool isDeep) {
     return isDeep && a.isPlain && b.isPlain && a.scale == b.scale;
 }
 
 PlacedBox const &PlacedTree::prepared(int position) {
-    int &slot = slots_[static_cast<std::size_t>(position)];
+    int &slot = slots_[position];
     if (slot < 0) {
         int const i = indexAt(position);
         slot = static_cast<int>(prepared_.size());
@@ -164,7 +164,7 @@ PlacedBox const &PlacedTree::prepared(int position) {
 }
 
 void PlacedTree::startLoadingBox(int position) const {
-    int const slot = slots_[static_cast<std::size_t>(position)], i = indexAt(position);
+    int const slot = slots_[position], i = indexAt(position);
     startLoading(placements_[i]);
     if (slot < 0) {
         startLoading(boxes_[i]);

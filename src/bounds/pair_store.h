@@ -7,14 +7,16 @@
 #include <vexmath/bulk.h>
 #include <vexmath/su_dynamic_array.h>
 
-#include <cstddef>
-#include <memory>
+#include "block.h"
+
+#include <cstdint>
 
 namespace vexmath::detail {
 
 /// Collects pairs in blocks, each twice as large as the one before.
 class PairStore {
 public:
+    // cppcheck-suppress uninitMemberVar // few_ is written before it is read
     PairStore() : next_(few_), end_(few_ + kFew) {}
     PairStore(PairStore const &) = delete;
     PairStore &operator=(PairStore const &) = delete;
@@ -28,7 +30,7 @@ public:
 
     /// Replaces what `pairs` holds by the collected ones, sorted by first, then second, in an array
     /// of exactly their number. Returns that, or -1, with pairs empty, when memory is exhausted.
-    /// Empties the store. REQUIRES 0 <= first < firsts of each pair, and no pair twice.
+    /// REQUIRES 0 <= first < firsts of each pair, and no pair twice.
     int moveTo(suDynamicArray<mgIndexPair_c> &pairs, int firsts);
 
     /// The result of a search without memory: empties pairs and returns -1.
@@ -42,15 +44,15 @@ private:
     static constexpr int kMostBlocks = 21;
 
     bool addBlock();
-    std::size_t count() const;
+    std::int64_t count() const;
     template <class Use>
-    void useBlocks(Use const &use);
-    void sortFew(mgIndexPair_c *sorted);
-    bool sortMany(mgIndexPair_c *sorted, int firsts);
+    void useBlocks(Use const &use) const;
+    void sortFew(mgIndexPair_c *sorted) const;
+    bool sortMany(mgIndexPair_c *sorted, int firsts) const;
 
     mgIndexPair_c *next_, *end_;
     int blockCount_ = 0;
-    std::unique_ptr<mgIndexPair_c[]> blocks_[kMostBlocks];
+    Block<mgIndexPair_c> blocks_[kMostBlocks];
     mgIndexPair_c few_[kFew]; // the first block
 };
 
