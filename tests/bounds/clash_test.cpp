@@ -145,12 +145,17 @@ TEST(Clash, MatingPartsClashAsByTheLiteralSteps) {
 }
 
 TEST(Clash, ARelativeRotationThatIsFlaggedAsNoneIsNotApplied) {
-    // It would move the ends of a box so long by more than the gap.
-    double const elements[] = {1, -5e-13, 0, 5e-13, 1, 0, 0, 0, 1};
+    // It would move the ends of rods so long by more than the gap.
     mgBBox_c const rod(P(), P(1e5, 1, 1));
-    mgXform_c const above = raw(mgMatrix_c(elements, 0), V(0, 1 + 2e-8, 0));
-    CheckPlacedClash(0, rod, mgXform_c(), rod, above);
-    CheckPlacedClash(0, rod, above, rod, mgXform_c());
+    mgMatrix_c const turn = mg_RotationMatrix(1.0, {1, 2, 3}, 0.0);
+    mgMatrix_c other = turn;
+    for (int j = 0; j < 3; ++j) {
+        other[j] -= 5e-13 * turn[3 + j];
+        other[3 + j] += 5e-13 * turn[j];
+    }
+    mgXform_c const lower = raw(turn), upper = raw(other, V(0, 1 + 2e-8, 0) * lower);
+    CheckPlacedClash(0, rod, lower, rod, upper);
+    CheckPlacedClash(0, rod, upper, rod, lower);
 }
 
 /// The second box is placed at x.
