@@ -13,9 +13,9 @@
 /// **Every answer is that of a loop over all boxes** with the single test that each function names,
 /// in index order: for every box, placement, point and tolerance, NaN and infinite ones included.
 /// How the boxes are kept changes only the time. The time grows with the logarithm of the number of
-/// boxes and with the number of boxes near what is asked. Unset boxes, placements that are no
-/// similarities of a scale between 0.001 and 1000, and lines with NaN, infinite or huge numbers
-/// take longer, up to that of the loop.
+/// boxes and with the number of boxes near what is asked. Boxes with NaN corners, placements that
+/// are no similarities of a scale between 0.001 and 1000, and lines with NaN, infinite or huge
+/// numbers take longer, up to the time of the loop.
 ///
 /// In the comments below, box i is the box as it was given. When the index has placements, it is
 /// its enclosure in the common frame, `mgBBox_c(boxes[i]) *= placements[i]`. Only `clashes` and
@@ -25,6 +25,8 @@
 /// The list gets exactly the capacity that it needs, or a null handle when it is empty. When memory
 /// is exhausted they return -1 and leave the list empty. Nothing throws. Arguments may not lie in
 /// the block of the list.
+///
+/// It keeps about 120 bytes for each box and 130 for each placement.
 ///
 /// An index can be moved but not copied. One that was moved from is empty, as a new one. Const
 /// functions may run at the same time in several threads; all others need the index for themselves.
@@ -48,8 +50,8 @@ public:
 
     /// The pairs i < j that clash, sorted by first, then second, as from `mg_FindClashes`: by
     /// `boxes[i].clash(&boxes[j], tol)`; or, when the index has placements, by
-    /// `mgBBox_c::clash(boxes[i], placements[i], boxes[j], placements[j])`, and tol is ignored.
-    /// There may also be no more than 2147483647 pairs.
+    /// `mgBBox_c::clash(boxes[i], placements[i], boxes[j], placements[j])`, and tol is ignored. -1
+    /// also when there are more than 2147483647 pairs.
     VEXMATH_API int clashes(double tol, suDynamicArray<mgIndexPair_c> &pairs) const;
     /// The same pairs, but only those with at least one of the n indices in `some`. Each pair is
     /// found once. Indices may repeat; those out of range are ignored. An n of 0 or less finds

@@ -40,14 +40,6 @@ bool copyExactly(mgXform_c const &from, mgXform_c &to) {
     return true;
 }
 
-void prefetch([[maybe_unused]] mgBBox_c const &box) {
-#if defined(__GNUC__)
-    auto const *const bytes = reinterpret_cast<char const *>(&box);
-    __builtin_prefetch(bytes);
-    __builtin_prefetch(bytes + sizeof box - 1); // it may end in the next line
-#endif
-}
-
 /// Indices, collected in any order.
 class IndexStore {
 public:
@@ -165,8 +157,7 @@ Enclosure aroundCorners(mgBBox_c const &box, FloatFrame const &frame) {
 /// holds the box's enclosure in the common frame, also where that is inverted: it is clipped to the
 /// cube around the sphere.
 Enclosure aroundPlaced(PlacedBounds const &bounds, FloatFrame const &frame) {
-    bool isCube = !bounds.isAligned;
-    for (int i = 0; i < 3; ++i) isCube |= bounds.low[i] > bounds.high[i];
+    bool const isCube = !bounds.isAligned || bounds.isEmpty();
     Enclosure entry = {};
     for (int i = 0; i < 3; ++i)
         setInterval(isCube ? bounds.centre[i] - bounds.radius : bounds.low[i],
@@ -182,23 +173,26 @@ struct vexmath::detail::BoxIndexData {
     bool build(mgBBox_c const *sourceBoxes, mgXform_c const *sourcePlacements, int sourceCount);
 
     int indexAt(int position) const { return static_cast<int>(tree.label(position)); }
+    int positionOf(int index) const { return positions.get()[index]; }
+    mgBBox_c &boxAt(int position) const { return boxes.get()[position]; }
+    mgXform_c &placementAt(int position) const { return placements.get()[position]; }
 
     /// The result of a test of the box at a position, as it is in the common frame.
     template <class Test>
     auto test(int position, Test const &ofBox) const {
-        mgBBox_c const &box = boxes[position];
-        return placements ? ofBox(mgBBox_c(box) *= placements[position]) : ofBox(box);
+        mgBBox_c const &box = boxAt(position);
+        return placements ? ofBox(mgBBox_c(box) *= placementAt(position)) : ofBox(box);
     }
 
     /// Do the boxes at two positions clash? The one of the lower index must come first.
     bool clashes(int a, int b, double tol) const {
-        return placements ? mgBBox_c::clash(boxes[a], placements[a], boxes[b], placements[b]) != 0
-                          : boxes[a].clash(&boxes[b], tol) != 0;
+        if (!placements) return boxAt(a).clash(&boxAt(b), tol) != 0;
+        return mgBBox_c::clash(boxAt(a), placementAt(a), boxAt(b), placementAt(b)) != 0;
     }
 
     Enclosure entryOf(mgBBox_c const &box, mgXform_c const *placement) const;
     Enclosure entryAt(int position) const {
-        return entryOf(boxes[position], placements ? &placements[position] : nullptr);
+        return entryOf(boxAt(position), placements ? &placementAt(position) : nullptr);
     }
     void updateEntry(int position) { tree.replace(position, entryAt(position)); }
 
@@ -224,7 +218,7 @@ struct vexmath::detail::BoxIndexData {
 
     /// Releases boxes that were not made by an array's new, which would set them first.
     struct Release {
-        void operator()(mgBBox_c *boxes) const { ::operator delete(boxes); }
+        void operator()(mgBBox_c *block) const { ::operator delete(block); }
     };
 
     int count = 0;
@@ -257,18 +251,19 @@ bool BoxIndexData::build(mgBBox_c const *sourceBoxes, mgXform_c const *sourcePla
         return 0.5 * parts.low[axis] + 0.5 * parts.high[axis];
     });
     for (int i = 0; i < count; ++i) {
-        entries[i] = entryOf(sourceBoxes[i], sourcePlacements ? sourcePlacements + i : nullptr);
-        entries[i].label = static_cast<std::uint32_t>(i);
+        Enclosure &entry = entries.get()[i];
+        entry = entryOf(sourceBoxes[i], sourcePlacements ? sourcePlacements + i : nullptr);
+        entry.label = static_cast<std::uint32_t>(i);
     }
     if (!tree.build(entries.get(), count)) return false;
 
     constexpr int kAhead = 16; // reads from places in no order
     for (int k = 0; k < count; ++k) {
-        prefetch(sourceBoxes[indexAt(std::min(k + kAhead, count - 1))]);
+        startLoading(sourceBoxes[indexAt(std::min(k + kAhead, count - 1))]);
         int const i = indexAt(k);
-        positions[i] = k;
-        ::new (&boxes[k]) mgBBox_c(sourceBoxes[i]);
-        if (placements && !copyExactly(sourcePlacements[i], placements[k])) return false;
+        positions.get()[i] = k;
+        ::new (&boxAt(k)) mgBBox_c(sourceBoxes[i]);
+        if (placements && !copyExactly(sourcePlacements[i], placementAt(k))) return false;
     }
     return true;
 }
@@ -285,7 +280,7 @@ bool BoxIndexData::search(Meets const &meets, Use const &use) const {
         return true;
     };
     bool const done = tree.visit(meets, [&](int position) {
-        prefetch(boxes[position]);
+        startLoading(boxAt(position));
         waiting[n++] = position;
         return n < kMost || useAll();
     });
@@ -321,10 +316,11 @@ int BoxIndexData::findClashes(double tol, suDynamicArray<mgIndexPair_c> &pairs) 
 
 int BoxIndexData::findPlacedClashes(suDynamicArray<mgIndexPair_c> &pairs) const {
     constexpr float kNever = std::numeric_limits<float>::infinity();
-    std::unique_ptr<PlacedBox[]> const prepared(new (std::nothrow)
-                                                    PlacedBox[static_cast<std::size_t>(count)]);
-    if (!prepared) return exhausted(pairs);
-    for (int k = 0; k < count; ++k) prepared[k] = prepare(boxes[k], placements[k]);
+    std::unique_ptr<PlacedBox[]> const owner(new (std::nothrow)
+                                                 PlacedBox[static_cast<std::size_t>(count)]);
+    if (!owner) return exhausted(pairs);
+    PlacedBox *const prepared = owner.get();
+    for (int k = 0; k < count; ++k) prepared[k] = prepare(boxAt(k), placementAt(k));
     PairStore store;
     bool const done = tree.findPairs(kNever, [&](int a, int b, bool) {
         if (indexAt(b) < indexAt(a)) std::swap(a, b); // the test depends on the order
@@ -361,15 +357,15 @@ bool has(BoxIndexData const *data, int i) { return data != nullptr && i >= 0 && 
 
 void mgBoxIndex_c::move(int i, mgBBox_c const &box) {
     if (!has(data_, i)) return;
-    int const position = data_->positions[i];
-    data_->boxes[position] = box;
+    int const position = data_->positionOf(i);
+    data_->boxAt(position) = box;
     data_->updateEntry(position);
 }
 
 void mgBoxIndex_c::place(int i, mgXform_c const &x) {
     if (!has(data_, i) || !data_->placements) return;
-    int const position = data_->positions[i];
-    if (copyExactly(x, data_->placements[position])) data_->updateEntry(position);
+    int const position = data_->positionOf(i);
+    if (copyExactly(x, data_->placementAt(position))) data_->updateEntry(position);
 }
 
 int mgBoxIndex_c::clashes(double tol, suDynamicArray<mgIndexPair_c> &pairs) const {
@@ -389,8 +385,8 @@ int mgBoxIndex_c::clashesOf(int const *some, int n, double tol,
     BoxIndexData const &data = *data_;
     PairStore store;
     for (int const *s = sorted.get(); s != end; ++s) {
-        int const own = data.positions[*s];
-        mgBBox_c const &box = data.boxes[own];
+        int const own = data.positionOf(*s);
+        mgBBox_c const &box = data.boxAt(own);
         if (!box.isSet()) continue;
         auto const addIfNew = [&](int other) {
             if (other == own) return true;

@@ -89,6 +89,9 @@ private:
     void fillBounds();
     void setLane(int level, int position, Enclosure const &box);
 
+    template <class Meets, class Found>
+    bool visitGroups(int level, int const *groups, int count, Meets const &meets,
+                     Found const &found) const;
     template <class Meets, class Leaf>
     bool visitLeaves(Meets const &meets, int from, Leaf const &leaf) const;
     template <class Meets, class Leaf>
@@ -154,14 +157,34 @@ bool BoxTree::descend(int level, int g, Meets const &meets, int from, Leaf const
     return true;
 }
 
+/// Goes down level by level with as many groups as there is room for: few loops end at a place that
+/// cannot be predicted.
+template <class Meets, class Found>
+bool BoxTree::visitGroups(int level, int const *groups, int count, Meets const &meets,
+                          Found const &found) const {
+    constexpr int kMost = 64;
+    int met[kMost + 8]; // groups of the level below, or entries
+    int size = 0;
+    for (int k = 0; k < count; ++k) {
+        unsigned const which = meets(group(level, groups[k]));
+        for (int lane = 0; lane < 8; ++lane) {
+            met[size] = 8 * groups[k] + lane;
+            size += static_cast<int>(which >> lane & 1);
+        }
+        if (size <= kMost - 8 && k + 1 < count) continue;
+        for (int i = 0; level > 0 && i < size; ++i) startLoading(group(level - 1, met[i]));
+        if (level > 0 && size > 0 && !visitGroups(level - 1, met, size, meets, found)) return false;
+        for (int i = 0; level == 0 && i < size; ++i)
+            if (!found(met[i])) return false;
+        size = 0;
+    }
+    return true;
+}
+
 template <class Meets, class Found>
 bool BoxTree::visit(Meets const &meets, Found const &found) const {
-    return visitLeaves(meets, 0, [&](int g) {
-        unsigned which = meets(group(0, g));
-        for (int k = 0; which != 0; which >>= 1, ++k)
-            if ((which & 1) != 0 && !found(8 * g + k)) return false;
-        return true;
-    });
+    constexpr int kTop = 0;
+    return levels_ == 0 || visitGroups(levels_ - 1, &kTop, 1, meets, found);
 }
 
 /// Tests the first `own` boxes of a list against the others in it. With `amongOwn` also against

@@ -6,6 +6,7 @@
 
 #include "box_offsets.h"
 #include "corners.h"
+#include "inlining.h"
 #include "wide_clash.h"
 
 #include <algorithm>
@@ -34,8 +35,8 @@ bool isCorner(mgPoint_c const &p, mgPoint_c const &middle, mgPoint_c const &high
     return middle + mgVector_c(std::fabs(d.x()), std::fabs(d.y()), std::fabs(d.z())) == high;
 }
 
-bool sphereMisses(mgPoint_c const &centre, double radius, mgPoint_c const &low,
-                  mgPoint_c const &high, double tol) {
+VEXMATH_ALWAYS_INLINE bool sphereMisses(mgPoint_c const &centre, double radius,
+                                        mgPoint_c const &low, mgPoint_c const &high, double tol) {
     double const gapSq = vexmath::detail::nearestOffset(centre, low, high).sqlen();
     // QUIRK: bbox.h, mgBBox_c::clash: the tolerance widens the squared radius as a factor.
     // Expected: added to the radius. Kept: callers and stored data depend on it.

@@ -6,6 +6,7 @@
 #include <vexmath/xform.h>
 
 #include "box_parts.h"
+#include "inlining.h"
 #include "matrix/rows.h"
 #include "placed_verdict.h"
 #include "transform/xform_parts.h"
@@ -262,8 +263,9 @@ double sizesOf(mgPoint_c const &p, mgXform_c const &x) {
 double error(mgXform_c const &x) { return Rows::of(&x.rotation()[0]).error(); }
 
 /// The verdict without SIMD. There only the sphere test is worth its cost.
-Verdict verdictBySpheres(BoxParts const &a, mgXform_c const &xa, BoxParts const &b,
-                         mgXform_c const &xb) {
+VEXMATH_ALWAYS_INLINE Verdict verdictBySpheres(mgBBox_c const &boxA, mgXform_c const &xa,
+                                               mgBBox_c const &boxB, mgXform_c const &xb) {
+    BoxParts const a(boxA), b(boxB);
     double const distanceSq = (placed(b.centre, xb) - placed(a.centre, xa)).sqlen();
     double const lengths = sizesOf(a.centre, xa) + sizesOf(b.centre, xb);
     Reach const reach(a.radius, xa.scaling(), b.radius, xb.scaling());
@@ -312,9 +314,9 @@ PlacedBox vexmath::detail::prepare(mgBBox_c const &box, mgXform_c const &placeme
 
 bool vexmath::detail::clash(PlacedBox const &a, PlacedBox const &b) {
     if (!a.isSet || !b.isSet) return false;
-    Verdict const verdict = hasSimd() ? verdictBySimd(a, b)
-                                      : verdictBySpheres(BoxParts(*a.box), *a.placement,
-                                                         BoxParts(*b.box), *b.placement);
+    Verdict const verdict = hasSimd()
+                                ? verdictBySimd(a, b)
+                                : verdictBySpheres(*a.box, *a.placement, *b.box, *b.placement);
     return follow(
         verdict, *a.box, [&]() -> mgXform_c const & { return a.inverse; }, *b.box, *b.placement);
 }
@@ -322,8 +324,8 @@ bool vexmath::detail::clash(PlacedBox const &a, PlacedBox const &b) {
 int mgBBox_c::clash(mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b,
                     mgXform_c const &xb) {
     if (!a.isSet() || !b.isSet()) return 0;
-    Verdict const verdict = hasSimd() ? verdictBySimd(a, xa, b, xb)
-                                      : verdictBySpheres(BoxParts(a), xa, BoxParts(b), xb);
+    Verdict const verdict =
+        hasSimd() ? verdictBySimd(a, xa, b, xb) : verdictBySpheres(a, xa, b, xb);
     return follow(
         verdict, a, [&] { return xa.inverse(); }, b, xb);
 }

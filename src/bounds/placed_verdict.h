@@ -21,7 +21,7 @@ struct PlacedBox {
     struct InModelSpace {
         double error; ///< of the rotation's orthonormality; infinite when the shortcut is closed
         double scale;
-        double radius;        ///< placed
+        double radius;        ///< as given, not scaled
         double centreLengths; ///< sum of the lengths that make up the placed centre
         double lengths;       ///< of these and of the corners
         double middle[4];     ///< of the corners, placed

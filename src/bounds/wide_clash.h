@@ -61,19 +61,21 @@ VEXMATH_AVX2_STEP bool clashes(WideBounds const &a, WideBounds const &b, double 
     double const distance = _mm_cvtsd_f64(_mm_sqrt_sd(distanceSq, distanceSq));
     Wide const areOrdered = _mm256_and_pd(_mm256_cmp_pd(a.low, a.high, _CMP_LE_OQ),
                                           _mm256_cmp_pd(b.low, b.high, _CMP_LE_OQ));
-    bool const areSet =
-        (0.0 <= a.radius) & (0.0 <= b.radius) & ((_mm256_movemask_pd(areOrdered) & 0b111) == 0b111);
     // In this order: of equal numbers larger and smaller return the second.
     WideCommon const common = {larger(b.low, a.low), smaller(b.high, a.high)};
-    if (!areSet | (a.radius + b.radius < distance - tol)
-        | isAnyBelow(common.high + all(tol), common.low))
-        return false;
+    int const isUnset = static_cast<int>(!(0.0 <= a.radius)) | static_cast<int>(!(0.0 <= b.radius))
+                        | (~_mm256_movemask_pd(areOrdered) & 0b111);
+    int const areApart = static_cast<int>(a.radius + b.radius < distance - tol)
+                         | whichAreBelow(common.high + all(tol), common.low);
+    if ((isUnset | areApart) != 0) return false;
 
     bool const isPoint = areBelow(absolute(common.low - common.high), all(kLengthTolerance));
     if (isPoint && isCorner(common, a) && isCorner(common, b)) return false;
     double const factor = 1.0 + tol;
-    return !(nearestSq(a.centre, common) > a.radius * a.radius * factor)
-           & !(nearestSq(b.centre, common) > b.radius * b.radius * factor);
+    int const isMissed =
+        static_cast<int>(nearestSq(a.centre, common) > a.radius * a.radius * factor)
+        | static_cast<int>(nearestSq(b.centre, common) > b.radius * b.radius * factor);
+    return isMissed == 0;
 }
 
 } // namespace vexmath::detail

@@ -30,8 +30,7 @@ struct WideXform {
         : rows(form.rows), translation(form.translation), scale(byScale),
           factor(all(scales(byScale) ? byScale : 1.0)) {
         if (form.mayBeIdentity()) snap();
-        Wide const isTiny = _mm256_cmp_pd(absolute(translation), all(kLengthTolerance), _CMP_LT_OQ);
-        if ((_mm256_movemask_pd(isTiny) & 0b111) == 0b111) translation = all(0.0);
+        if (areBelow(absolute(translation), all(kLengthTolerance))) translation = all(0.0);
     }
 
     /// The copy rule of the rotation: one whose flag is set becomes the exact identity.

@@ -4,7 +4,7 @@
 #include <vexmath/bulk.h>
 #include <vexmath/plane.h>
 
-#include "bounds/boxes.h"
+#include "bounds/lattice.h"
 
 namespace {
 
@@ -50,29 +50,6 @@ TEST(Clash, SphereToleranceIsAFactorOnTheSquaredRadius) {
     CheckClash(1, {P(), P(2, 0, 2)}, {P(0, 0.125, 0), P(2, 2, 2)}, 0.125);
     CheckClash(0, {P(), P(2, 0, 2)}, {P(0, 0.125, 0), P(2, 2, 2)}, below(0.125));
     CheckClash(0, unit, unit, -1.25); // used as it is: asks for an overlap
-}
-
-/// A corner coordinate on a small lattice, or off it by what rounding and tolerances decide.
-double latticeNumber(support::Random &random) {
-    double const offsets[] = {1e-8, -1e-8, 5e-9, -5e-9, 1.1e-8, 0.125, -0.125};
-    if (random.below(100) == 0) return random.hostile();
-    double const x = random.below(4);
-    int const kind = random.below(14);
-    return kind < 7 ? x + offsets[kind] : kind == 7 ? below(x) : kind == 8 ? above(x) : x;
-}
-
-P latticePoint(support::Random &random) {
-    double const x = latticeNumber(random), y = latticeNumber(random), z = latticeNumber(random);
-    return {x, y, z};
-}
-
-/// A box that often touches others, often with a sphere of another place or size.
-mgBBox_c latticeBox(support::Random &random) {
-    mgBBox_c box(latticePoint(random), latticePoint(random));
-    double const radii[] = {0.0, 0.5, 1.0, 2.0, box.sphRadius(), box.sphRadius(), random.hostile()};
-    if (random.below(2) == 0) box.setSphereOnly(latticePoint(random), radii[random.below(7)]);
-    if (random.below(20) == 0) box.setCornersOnly(latticePoint(random), latticePoint(random));
-    return box;
 }
 
 TEST(Clash, VectorUnitsChangeNoAnswer) {
@@ -149,19 +126,6 @@ TEST(Clash, PlacedBoxesClashAsByTheLiteralSteps) {
     EXPECT_GT(clashes[1], 4000);
 }
 
-/// Quarter turns, some off by what copies and orthonormalisation decide, in a common frame.
-mgXform_c matingPlacement(support::Random &random, mgXform_c const &frame) {
-    mgUnitVector_c const axes[] = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
-    double const angle = 1.5707963267948966 * random.below(4)
-                         + (random.below(3) == 0 ? random.ofMagnitude(-16, -6) : 0.0);
-    double const scales[] = {1, 1, 1, 1, 1 + 5e-9, 1 + 2e-8, 5e-4};
-    V const shift(0.5 * latticePoint(random)); // sometimes infinite or NaN
-    return raw(
-        (mg_RestoreXform(mg_RotationMatrix(angle, axes[random.below(3)], 0.0), V(), 1) * frame)
-            .rotation(),
-        shift * frame, scales[random.below(7)]);
-}
-
 TEST(Clash, MatingPartsClashAsByTheLiteralSteps) {
     support::Random random;
     int clashes[2] = {0, 0};
@@ -178,6 +142,20 @@ TEST(Clash, MatingPartsClashAsByTheLiteralSteps) {
     }
     EXPECT_GT(clashes[0], 1000);
     EXPECT_GT(clashes[1], 1000);
+}
+
+TEST(Clash, ARelativeRotationThatIsFlaggedAsNoneIsNotApplied) {
+    // It would move the ends of rods so long by more than the gap.
+    mgBBox_c const rod(P(), P(1e5, 1, 1));
+    mgMatrix_c const turn = mg_RotationMatrix(1.0, {1, 2, 3}, 0.0);
+    mgMatrix_c other = turn;
+    for (int j = 0; j < 3; ++j) {
+        other[j] -= 5e-13 * turn[3 + j];
+        other[3 + j] += 5e-13 * turn[j];
+    }
+    mgXform_c const lower = raw(turn), upper = raw(other, V(0, 1 + 2e-8, 0) * lower);
+    CheckPlacedClash(0, rod, lower, rod, upper);
+    CheckPlacedClash(0, rod, upper, rod, lower);
 }
 
 /// The second box is placed at x.

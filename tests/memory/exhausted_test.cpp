@@ -253,6 +253,13 @@ TEST(Exhausted, AHullIsNotMade) {
         });
 }
 
+mgXform_c viewWithARecord() {
+    mgMatrix_c const turn = mg_RotationMatrix(1.0, {1.0, 2.0, 3.0}, 0.0);
+    mgXform_c view = support::raw(turn, {1.0, 2.0, 3.0}, 2.0);
+    view.addPerspectiveInfo(mgPerspInfo_c(0.0, 0.0, -9.0, 1.0));
+    return view;
+}
+
 template <class Find>
 void CheckClashes(char const *what, int expected, Find const &find) {
     CheckEach(what, [&](Trial &trial) {
@@ -280,11 +287,55 @@ TEST(Exhausted, ClashesAreNotFound) {
     }
 }
 
-mgXform_c viewWithARecord() {
-    mgMatrix_c const turn = mg_RotationMatrix(1.0, {1.0, 2.0, 3.0}, 0.0);
-    mgXform_c view = support::raw(turn, {1.0, 2.0, 3.0}, 2.0);
-    view.addPerspectiveInfo(mgPerspInfo_c(0.0, 0.0, -9.0, 1.0));
-    return view;
+/// The index of 300 boxes at one place, the last one placed by a view.
+TEST(Exhausted, AnIndexIsEmptyAndItsListsToo) {
+    std::vector<mgBBox_c> const boxes(300, mgBBox_c(mgPoint_c(1.0, 2.0, 3.0), 2.0));
+    mgXform_c placements[300];
+    for (bool const isPlaced : {false, true})
+        CheckEach("build", [&](Trial &trial) {
+            mgBoxIndex_c index;
+            index.build(boxes.data(), nullptr, 20);
+            placements[299].SetHelper(viewWithARecord().GetHelper());
+            placements[299].addPerspectiveInfo(mgPerspInfo_c());
+            int built = -1;
+            trial.run(
+                [&] { built = index.build(boxes.data(), isPlaced ? placements : nullptr, 300); });
+            EXPECT_TRUE(built == 1 || (built == 0 && trial.refused));
+            Ints which;
+            EXPECT_EQ(built * (300 - isPlaced), index.around({1.0, 2.0, 3.0}, 0.0, which));
+        });
+    mgBoxIndex_c index;
+    index.build(boxes.data(), nullptr, 300);
+    Ints const some = numbers(0, 2);
+    CheckClashes("clashes", 300 * 299 / 2, [&](auto &to) { return index.clashes(0.0, to); });
+    CheckClashes("of", 299 + 298,
+                 [&](auto &to) { return index.clashesOf(some.Data(), 2, 0.0, to); });
+    CheckEach("lists", [&](Trial &trial) {
+        Ints lists[3] = {numbers(5, 5), numbers(5, 5), numbers(5, 5)};
+        int found[3];
+        trial.run([&] {
+            found[0] = index.clashesWith(boxes[0], 0.0, lists[0]);
+            found[1] = index.around({1.0, 2.0, 3.0}, 0.0, lists[1]);
+            found[2] = index.onLine({}, {1.0, 2.0, 3.0}, lists[2]);
+        });
+        for (int k = 0; k < 3; ++k) {
+            EXPECT_TRUE(found[k] == 300 || (found[k] == -1 && trial.refused));
+            EXPECT_TRUE(isUpTo(std::max(found[k], 0), lists[k]));
+        }
+    });
+    CheckEach("place", [&](Trial &trial) {
+        mgXform_c const view = viewWithARecord();
+        mgBoxIndex_c one;
+        one.build(boxes.data(), placements, 1);
+        mgPoint_c hit;
+        trial.run([&] {
+            one.place(0, view);
+            one.move(0, boxes[1]);
+            EXPECT_EQ(trial.refused ? 0 : -1, one.firstOnRay({}, {1.0, 2.0, 3.0}, &hit));
+        });
+        Ints which; // the box stays, or is where the view shows it
+        EXPECT_EQ(trial.refused, one.around({1.0, 2.0, 3.0}, 0.0, which) == 1);
+    });
 }
 
 TEST(Exhausted, OnlyTheCopyOfARecordThrows) {
