@@ -128,19 +128,33 @@ std::uint32_t sizeClass(Enclosure const &e, Layout const &layout) {
            + static_cast<std::uint32_t>(!(extent <= 64.0f * layout.typicalSize));
 }
 
+/// 1 to 3 for a rod along an axis, 4 to 6 for a plate across one, 0 for all others. Rods that are
+/// near each other have narrow bounds only if they are parallel; so have plates.
+std::uint32_t shapeClass(Enclosure const &e) {
+    constexpr float kSlender = 8.0f;
+    for (std::uint32_t i = 0; i < 3; ++i) {
+        auto const extent = [&](std::uint32_t axis) { return e.high[axis] - e.low[axis]; };
+        auto const [lesser, greater] = std::minmax({extent((i + 1) % 3), extent((i + 2) % 3)});
+        if (extent(i) > kSlender * greater) return 1 + i;
+        if (kSlender * extent(i) < lesser) return 4 + i;
+    }
+    return 0;
+}
+
 std::uint32_t cellOf(Enclosure const &e, int axis, Layout const &layout) {
     float const cell = (middle(e, axis) - layout.low[axis]) * layout.cellsPerUnit;
     return static_cast<std::uint32_t>(cell > 0.0f ? std::min(cell, kCells - 1.0f) : 0.0f);
 }
 
-/// The key of each entry, above its index.
+/// The key of each entry, above its index: the kind, then the number of the cell.
 void findKeys(Enclosure const *entries, int count, std::uint64_t *keys) {
     Layout const layout = layoutOf(entries, count);
     for (int i = 0; i < count; ++i) {
         Enclosure const &e = entries[i];
         std::uint32_t const cell[3] = {cellOf(e, 0, layout), cellOf(e, 1, layout),
                                        cellOf(e, 2, layout)};
-        std::uint32_t const key = sizeClass(e, layout) << 3 * kAxisBits | numberOf(cell);
+        std::uint32_t const kind = sizeClass(e, layout) * 8 + shapeClass(e);
+        std::uint32_t const key = kind << 27 | numberOf(cell) >> 3; // five bits of 32, and the rest
         keys[i] = std::uint64_t{key} << 32 | static_cast<std::uint32_t>(i);
     }
 }

@@ -6,9 +6,10 @@
 // decrease, such as FloatFrame. Then low <= high in doubles implies low <= high in floats, so that
 // nothing is missed.
 //
-// The entries are sorted along a Hilbert curve, the large ones behind the small ones, and stand in
-// groups of eight. Level 0 has the entries; a lane of level k + 1 has the bounds of a group of
-// level k. The top level is one group. So the parent of group g is lane g % 8 of group g / 8 above.
+// The entries are sorted by size and shape, the large ones last, and then along a Hilbert curve.
+// They stand in groups of eight. Level 0 has the entries; a lane of level k + 1 has the bounds of a
+// group of level k. The top level is one group. So the parent of group g is lane g % 8 of group
+// g / 8 above.
 
 #ifndef VEXMATH_SRC_BOUNDS_BOX_TREE_H
 #define VEXMATH_SRC_BOUNDS_BOX_TREE_H
