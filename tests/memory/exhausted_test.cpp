@@ -247,7 +247,7 @@ TEST(Exhausted, ATourIsTheIdentity) {
     for (auto *const tour : {mg_OpenTSP, mg_ClosedTSP}) {
         CheckTour("room", 20, 1.0, true, tour);
         CheckTour("no room", 20, 1.0, false, tour);
-        CheckTour("not finite", 20, std::nan(""), true, tour, tour == mg_ClosedTSP);
+        CheckTour("not finite", 20, std::nan(""), tour == mg_OpenTSP, tour, tour == mg_ClosedTSP);
         CheckTour("two points", 2, 1.0, false, tour, true);
     }
 }
