@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: MIT
-// What is checked of an assembly: contacts, a drilling path, a pick and a section.
+// What is checked of an assembly: contacts, drilling, a pick and a section.
 
 #include "checks.h"
 
 #include "report.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
+#include <iterator>
+#include <map>
 #include <utility>
 
+#include <vexmath/mg_planar.h>
 #include <vexmath/mg_queries.h>
 #include <vexmath/mg_transform.h>
 #include <vexmath/mg_vector.h>
@@ -70,9 +75,20 @@ Contacts findContacts(std::vector<Part> const &parts, double tolerance) {
     return contacts;
 }
 
-// Drilling path.
+// Drilling.
 
-DrillingPath findDrillingPath(std::vector<Part> const &parts) {
+DrillingOrder inOrder(std::vector<std::size_t> const &bolts,
+                      suDynamicArray<mgPoint_c> const &centres, suDynamicArray<int> const &order) {
+    DrillingOrder drilling;
+    for (int i = 0; i < order.Count(); ++i) {
+        drilling.bolts.push_back(bolts[static_cast<std::size_t>(order[i])]);
+        drilling.centres.push_back(centres[order[i]]);
+        if (i > 0) drilling.length += dist(centres[order[i - 1]], centres[order[i]]);
+    }
+    return drilling;
+}
+
+Drilling findDrilling(std::vector<Part> const &parts) {
     std::vector<std::size_t> bolts;
     suDynamicArray<mgPoint_c> centres;
     for (std::size_t i = 0; i < parts.size(); ++i) {
@@ -80,16 +96,16 @@ DrillingPath findDrillingPath(std::vector<Part> const &parts) {
         bolts.push_back(i);
         centres.Add(parts[i].placed.center());
     }
+    if (bolts.empty()) return {};
+
     suDynamicArray<int> order;
     mg_OpenTSP(centres, order);
-
-    DrillingPath path;
-    for (int i = 0; i < order.Count(); ++i) {
-        path.bolts.push_back(bolts[static_cast<std::size_t>(order[i])]);
-        path.centres.push_back(centres[order[i]]);
-        if (i > 0) path.length += dist(centres[order[i - 1]], centres[order[i]]);
-    }
-    return path;
+    Drilling drilling;
+    drilling.path = inOrder(bolts, centres, order);
+    mg_ClosedTSP(centres, order);
+    drilling.tour = inOrder(bolts, centres, order);
+    drilling.tour.length += dist(drilling.tour.centres.back(), drilling.tour.centres.front());
+    return drilling;
 }
 
 // Pick.
@@ -168,22 +184,116 @@ std::vector<mgPoint_c> outlineOf(mgBBox_c const &box, mgPlane_c const &plane) {
     return corners;
 }
 
+/// Where the plane crosses an edge of a mesh. The edge is named by its vertices, the lower one
+/// first, so that the triangles on both sides of it find the same point, to the bit.
+struct Crossing {
+    std::pair<std::uint32_t, std::uint32_t> edge;
+    mgPoint_c point;
+};
+
 /// The plane enters each triangle that it cuts on one side and leaves it on another.
-std::vector<Edge> outlineOf(Mesh const &mesh, mgPlane_c const &plane) {
-    std::vector<Edge> outline;
+using Piece = std::array<Crossing, 2>;
+
+std::vector<Piece> piecesOf(Mesh const &mesh, mgPlane_c const &plane) {
+    std::vector<Piece> pieces;
     for (Mesh::Triangle const &t : mesh.triangles) {
-        mgPoint_c ends[3];
-        int count = 0;
+        std::array<Crossing, 3> crossings;
+        std::size_t count = 0;
         for (std::size_t i = 0; i < 3; ++i) {
-            Edge const side = {mesh.vertices[t[i]], mesh.vertices[t[(i + 1) % 3]]};
-            count += crosses(plane, side, ends[count]);
+            auto const [from, to] = std::minmax(t[i], t[(i + 1) % 3]);
+            Edge const side = {mesh.vertices[from], mesh.vertices[to]};
+            if (!crosses(plane, side, crossings[count].point)) continue;
+            crossings[count++].edge = {from, to};
         }
-        if (count == 2) outline.push_back({ends[0], ends[1]});
+        if (count == 2) pieces.push_back({crossings[0], crossings[1]});
     }
-    return outline;
+    return pieces;
 }
 
-Section findSection(std::vector<Part> const &parts, mgPlane_c const &plane) {
+/// Joins pieces that end at the same edges.
+class OutlineJoiner {
+public:
+    explicit OutlineJoiner(std::vector<Piece> pieces)
+        : pieces_(std::move(pieces)), isUsed_(pieces_.size(), false) {
+        for (std::size_t i = 0; i < pieces_.size(); ++i) {
+            for (Crossing const &end : pieces_[i]) pieceAt_.emplace(end.edge, i);
+        }
+    }
+
+    std::vector<std::vector<mgPoint_c>> join() {
+        std::vector<std::vector<mgPoint_c>> outlines;
+        for (std::size_t i = 0; i < pieces_.size(); ++i) {
+            if (!isUsed_[i]) outlines.push_back(outlineFrom(i));
+        }
+        return outlines;
+    }
+
+private:
+    using MeshEdge = decltype(Crossing::edge);
+
+    std::vector<mgPoint_c> outlineFrom(std::size_t piece) {
+        auto const &[first, second] = pieces_[piece];
+        isUsed_[piece] = true;
+        std::vector<mgPoint_c> outline{first.point, second.point};
+        if (follow(second.edge, outline) == first.edge) {
+            outline.pop_back(); // the first point again
+            return outline;
+        }
+        // The mesh has a gap here: the outline goes on at its other end.
+        std::reverse(outline.begin(), outline.end());
+        follow(first.edge, outline);
+        return outline;
+    }
+
+    /// Adds the pieces that follow each other from an edge on. Returns the edge where they end.
+    MeshEdge follow(MeshEdge edge, std::vector<mgPoint_c> &outline) {
+        while (true) {
+            auto const [begin, end] = pieceAt_.equal_range(edge);
+            auto const next = std::find_if(
+                begin, end, [this](auto const &entry) { return !isUsed_[entry.second]; });
+            if (next == end) return edge;
+            isUsed_[next->second] = true;
+            Piece const &piece = pieces_[next->second];
+            Crossing const &farEnd = piece[0].edge == edge ? piece[1] : piece[0];
+            outline.push_back(farEnd.point);
+            edge = farEnd.edge;
+        }
+    }
+
+    std::vector<Piece> const pieces_;
+    std::vector<bool> isUsed_;
+    std::multimap<MeshEdge, std::size_t> pieceAt_; // by both of its ends
+};
+
+/// Gives each part the first angle that none of the parts before it has that clash or touch it.
+void chooseHatches(std::vector<PartCut> &cuts, Contacts const &contacts) {
+    // Any two differ by 30 degrees or more. None is level or upright, as outlines often are.
+    constexpr double kDegrees[] = {45.0, 135.0, 75.0, 165.0, 15.0, 105.0};
+    std::map<std::size_t, std::size_t> cutOfPart;
+    for (std::size_t i = 0; i < cuts.size(); ++i) cutOfPart[cuts[i].part] = i;
+    std::vector<std::vector<std::size_t>> before(cuts.size()); // neighbours, by their cuts
+    for (auto const *const pairs : {&contacts.clashing, &contacts.touching}) {
+        for (auto const &[first, second] : *pairs) {
+            auto const a = cutOfPart.find(first);
+            auto const b = cutOfPart.find(second);
+            if (a == cutOfPart.end() || b == cutOfPart.end()) continue;
+            before[std::max(a->second, b->second)].push_back(std::min(a->second, b->second));
+        }
+    }
+    for (std::size_t i = 0; i < cuts.size(); ++i) {
+        auto const uses = [&](double degrees) {
+            return std::count_if(before[i].begin(), before[i].end(), [&](std::size_t neighbour) {
+                return cuts[neighbour].hatchDegrees == degrees;
+            });
+        };
+        cuts[i].hatchDegrees =
+            *std::min_element(std::begin(kDegrees), std::end(kDegrees),
+                              [&](double a, double b) { return uses(a) < uses(b); });
+    }
+}
+
+Section findSection(std::vector<Part> const &parts, mgPlane_c const &plane,
+                    Contacts const &contacts) {
     constexpr double kLeastTolerance = 0.0; // the library's own is used instead
     constexpr std::size_t kLeastCorners = 3;
     Section section{plane, {}};
@@ -195,12 +305,16 @@ Section findSection(std::vector<Part> const &parts, mgPlane_c const &plane) {
         local *= part.placement.inverse();
         if (!part.mesh->bounds.clash(local, kLeastTolerance)) continue;
 
-        PartCut cut{i, outlineOf(part.mesh->bounds, local), outlineOf(*part.mesh, local)};
+        PartCut cut{i, outlineOf(part.mesh->bounds, local), {}, 0.0};
         if (cut.boxOutline.size() < kLeastCorners) continue; // touched from below, not cut
         for (mgPoint_c &corner : cut.boxOutline) corner *= part.placement;
-        for (Edge &edge : cut.meshOutline) edge = moved(edge, part.placement);
+        cut.outlines = OutlineJoiner(piecesOf(*part.mesh, local)).join();
+        for (auto &outline : cut.outlines) {
+            for (mgPoint_c &corner : outline) corner *= part.placement;
+        }
         section.cuts.push_back(std::move(cut));
     }
+    chooseHatches(section.cuts, contacts);
     return section;
 }
 
@@ -210,9 +324,11 @@ CheckResult check(Assembly const &assembly, std::optional<PanelPoint> const &pic
                   std::optional<mgPlane_c> const &sectionPlane) {
     CheckResult result;
     result.contacts = findContacts(assembly.parts, assembly.clashTolerance);
-    result.drilling = findDrillingPath(assembly.parts);
+    result.drilling = findDrilling(assembly.parts);
     if (pickAt) result.pick = findPick(assembly, *pickAt);
-    if (sectionPlane) result.section = findSection(assembly.parts, *sectionPlane);
+    if (sectionPlane) {
+        result.section = findSection(assembly.parts, *sectionPlane, result.contacts);
+    }
     return result;
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What is checked of an assembly: contacts, a drilling path, a pick and a section. All of them use
-// the bounding volumes of the parts; only the outlines of a section use the meshes.
+// What is checked of an assembly: contacts, drilling, a pick and a section. All of them use the
+// bounding volumes of the parts; only the outlines of a section use the meshes.
 
 #ifndef ASSEMBLY_CHECKS_H
 #define ASSEMBLY_CHECKS_H
@@ -35,11 +35,17 @@ struct Contacts {
     std::vector<PartPair> containing; ///< the first contains the second
 };
 
-/// A short path through the centres of all bolts: of the parts whose names begin with "bolt".
-struct DrillingPath {
-    std::vector<std::size_t> bolts; ///< indices of parts, in the order of drilling
+/// An order of drilling: through the centres of all bolts.
+struct DrillingOrder {
+    std::vector<std::size_t> bolts; ///< indices of parts
     std::vector<mgPoint_c> centres; ///< of the bolts
     double length = 0.0;
+};
+
+/// Short orders for all bolts: for the parts whose names begin with "bolt".
+struct Drilling {
+    DrillingOrder path; ///< from any bolt to any other
+    DrillingOrder tour; ///< back to the first one, for a drill that makes one piece after another
 };
 
 /// Where a line of sight enters the box of a part. The box is the one in the part's own frame,
@@ -62,7 +68,10 @@ struct Pick {
 struct PartCut {
     std::size_t part = 0;
     std::vector<mgPoint_c> boxOutline; ///< a convex polygon of three to six corners, in order
-    std::vector<Edge> meshOutline;     ///< the outline of the part itself, piece by piece
+    /// The outlines of the part itself, closed, with those of its holes. Where the mesh has a gap,
+    /// an outline is closed by a straight line.
+    std::vector<std::vector<mgPoint_c>> outlines;
+    double hatchDegrees = 0.0; ///< differs between parts that clash or touch, up to six of them
 };
 
 struct Section {
@@ -72,7 +81,7 @@ struct Section {
 
 struct CheckResult {
     Contacts contacts;
-    DrillingPath drilling;
+    Drilling drilling;
     std::optional<Pick> pick;
     std::optional<Section> section;
 };

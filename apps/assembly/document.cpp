@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The document: bounds and placements of a checked assembly, stored through the archive.
+// The document: bounds, placements, stock and drilling of a checked assembly, stored through the
+// archive.
 //
 // Geometry records carry no tag, length or version of their own, so the file begins with a header:
 //
@@ -15,6 +16,13 @@
 //     placement  raw form, 30 DWORDs
 //     bounds     10 DOUBLEs, in the part's own coordinates
 //     placed     10 DOUBLEs, in the assembly's
+//     stock      4 DOUBLEs: length, width, height, angle in degrees; from layout 2 on
+//
+// Then, from layout 2 on, the drilling path and the drilling tour, each as
+//
+//     INT        number of bolts
+//     INTs       their parts, counted from 0, in the order of drilling
+//     DOUBLE     length
 //
 // A text is an INT with its length and that many BYTEs of UTF-8.
 //
@@ -37,7 +45,7 @@ namespace assembly {
 namespace {
 
 char const kMagic[] = {'V', 'X', 'A', 'S'};
-constexpr int kVersion = 1;
+constexpr int kVersion = 2;
 
 void writeText(su_CArchive &archive, std::string const &text) {
     archive << static_cast<int>(text.size());
@@ -62,12 +70,29 @@ std::string readText(su_CArchive &archive) {
     return text;
 }
 
-DocumentPart readPart(su_CArchive &archive) {
+DocumentOrder readOrder(su_CArchive &archive) {
+    DocumentOrder order;
+    for (int left = readInt(archive); left > 0; --left) order.bolts.push_back(readInt(archive));
+    archive >> order.length;
+    return order;
+}
+
+void writeOrder(su_CArchive &archive, DocumentOrder const &order) {
+    archive << static_cast<int>(order.bolts.size());
+    for (int const bolt : order.bolts) archive << bolt;
+    archive << order.length;
+}
+
+DocumentPart readPart(su_CArchive &archive, int version) {
     DocumentPart part;
     part.name = readText(archive);
     archive >> part.placement;
     part.bounds.restore(archive);
     part.placed.restore(archive);
+    if (version > 1) {
+        DocumentStock &stock = part.stock.emplace();
+        archive >> stock.length >> stock.width >> stock.height >> stock.angleDegrees;
+    }
     return part;
 }
 
@@ -84,7 +109,11 @@ Document readFrom(su_CArchive &archive, std::string const &file) {
     Document document;
     archive >> document.clashTolerance;
     document.name = readText(archive);
-    for (int i = 0; i < partCount; ++i) document.parts.push_back(readPart(archive));
+    for (int i = 0; i < partCount; ++i) document.parts.push_back(readPart(archive, version));
+    if (version > 1) {
+        document.drillingPath = readOrder(archive);
+        document.drillingTour = readOrder(archive);
+    }
     return document;
 }
 
@@ -93,6 +122,18 @@ DocumentPart const *find(Document const &document, std::string const &name) {
         std::find_if(document.parts.begin(), document.parts.end(),
                      [&name](DocumentPart const &part) { return part.name == name; });
     return found == document.parts.end() ? nullptr : &*found;
+}
+
+DocumentStock stockOf(Part const &part) {
+    Stock const &stock = part.mesh->stock;
+    double const scale = part.placement.scaling();
+    return {scale * stock.length, scale * stock.width, scale * stock.height, stock.angleDegrees};
+}
+
+DocumentOrder orderOf(DrillingOrder const &drilling) {
+    DocumentOrder order{{}, drilling.length};
+    for (std::size_t const bolt : drilling.bolts) order.bolts.push_back(static_cast<int>(bolt));
+    return order;
 }
 
 bool isPlacedAlike(DocumentPart const &a, DocumentPart const &b) {
@@ -107,10 +148,12 @@ bool hasSameBounds(DocumentPart const &a, DocumentPart const &b) {
 
 } // namespace
 
-Document documentOf(Assembly const &assembly) {
-    Document document{assembly.name, assembly.clashTolerance, {}};
+Document documentOf(Assembly const &assembly, Drilling const &drilling) {
+    Document document{
+        assembly.name, assembly.clashTolerance, {}, orderOf(drilling.path), orderOf(drilling.tour)};
     for (Part const &part : assembly.parts) {
-        document.parts.push_back({part.name, part.placement, part.mesh->bounds, part.placed});
+        document.parts.push_back(
+            {part.name, part.placement, part.mesh->bounds, part.placed, stockOf(part)});
     }
     return document;
 }
@@ -128,7 +171,11 @@ std::string toBytes(Document document) {
         archive << part.placement;
         part.bounds.save(archive);
         part.placed.save(archive);
+        DocumentStock const stock = part.stock.value_or(DocumentStock{});
+        archive << stock.length << stock.width << stock.height << stock.angleDegrees;
     }
+    writeOrder(archive, document.drillingPath);
+    writeOrder(archive, document.drillingTour);
     return stream.str();
 }
 

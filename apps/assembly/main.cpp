@@ -38,9 +38,11 @@ char const *const kPictureName = "assembly.svg";
 char const *const kDescription =
     "Reads the parts of an assembly, each a mesh file (.obj, .stl, .ply) with a placement, and\n"
     "checks which of their bounding volumes clash, touch and contain each other. Puts the parts\n"
-    "whose names begin with \"bolt\" in order for a drill. Prints a table and writes two files:\n"
+    "whose names begin with \"bolt\" in order for a drill, and finds the least blank of each "
+    "part.\n"
+    "Prints a table and writes two files:\n"
     "  assembly.svg  front, top and side view, clashes marked\n"
-    "  assembly.vxa  the bounds and placements, read back and compared";
+    "  assembly.vxa  bounds, placements, stock and drilling, read back and compared";
 
 char const *const kFooter =
     "Exit status: 0 when the assembly was checked, with clashes or without; 2 when something\n"
@@ -101,7 +103,7 @@ std::optional<Options> readOptions(int argc, char const *const *argv, int &statu
         ->type_name("X Y");
     std::optional<std::array<double, 6>> section;
     app.add_option("--section", section,
-                   "Also cut boxes and parts with the plane through P across the normal N")
+                   "Also cut and hatch the parts with the plane through P across the normal N")
         ->type_name("PX PY PZ NX NY NZ");
     try {
         app.parse(argc, argv);
@@ -145,7 +147,7 @@ void run(Options const &options) {
     Assembly const assembly = readAssembly(options.assemblyFile);
     refuseOverwriting(options.exportFile, assembly);
     CheckResult const result = check(assembly, options.pick, options.section);
-    Document const document = documentOf(assembly);
+    Document const document = documentOf(assembly, result.drilling);
     std::vector<NamedTransform> const transforms = transformsOf(assembly);
 
     // Everything is read before the first file is written.

@@ -7,8 +7,11 @@
 
 #include <optional>
 
+#include <vexmath/mg_planar.h>
 #include <vexmath/mg_primitives.h>
 #include <vexmath/mg_vector.h>
+#include <vexmath/su_dynamic_array.h>
+#include <vexmath/tolerances.h>
 
 namespace assembly {
 
@@ -16,7 +19,7 @@ namespace {
 
 // Pixels.
 constexpr double kTitleLine = 52.0;
-constexpr double kKeyLine = 88.0;
+constexpr double kKeyLine = 84.0;
 constexpr double kLegendGap = 76.0; // from the views to the first line of the legend
 constexpr double kListGap = 24.0;   // from the view of a pick to its list
 constexpr double kListRoom = 240.0; // from there to the next view
@@ -82,30 +85,45 @@ void drawPick(SvgPage &page, std::vector<Part> const &parts, Pick const &pick) {
     drawHits(page, list, parts, pick.hits);
 }
 
-/// The area that the pieces of an outline enclose, in any order: the triangles from one point to
-/// all pieces cover a point inside an odd number of times, and a point outside an even one.
-std::string areaWithin(std::vector<Edge> const &pieces) {
-    std::string commands;
-    for (Edge const &piece : pieces) {
-        commands += pathAround({pieces.front().from, piece.from, piece.to});
+/// The hatch lines of the area within outlines on the page. All areas of a panel have one lattice,
+/// so that lines of the same angle meet.
+std::string hatchWithin(std::vector<std::vector<mgPoint_c>> const &outlines, double degrees,
+                        Panel const &panel) {
+    constexpr double kSpacing = 7.0; // pixels
+    std::vector<int> counts;
+    std::vector<mgPoint_c> points;
+    for (auto const &outline : outlines) {
+        counts.push_back(static_cast<int>(outline.size()));
+        points.insert(points.end(), outline.begin(), outline.end());
     }
+    suDynamicArray<mgPoint_c> lines;
+    mg_calcHatchLinesPolygon2D(static_cast<int>(counts.size()), counts.data(), points.data(),
+                               panel.topLeft, -degrees * vexmath::kRadPerDeg, kSpacing, lines);
+    std::string commands;
+    for (int i = 0; i < lines.Count(); i += 2) commands += pathThrough({lines[i], lines[i + 1]});
     return commands;
 }
 
-/// Draws the box's outline and fills the part's, which is returned.
+/// Draws the box's outline and hatches the part's area, whose outline is returned.
 PartOutline drawCut(SvgPage &page, Panel const &panel, PartCut const &cut) {
-    page.path(pathAround(onPage(cut.boxOutline, panel)), {"box", cut.part});
+    page.path(pathAround(onPage(cut.boxOutline, panel)), {"cutbox", cut.part});
 
-    PartOutline outline{cut.part, 0.0, {}};
+    PartOutline result{cut.part, 0.0, {}};
+    std::vector<std::vector<mgPoint_c>> outlines;
+    std::string area;
     mgBBox_c bounds;
-    for (Edge const &edge : cut.meshOutline) {
-        outline.edges.push_back(moved(edge, panel.toPage));
-        bounds |= outline.edges.back().from;
+    for (auto const &outline : cut.outlines) {
+        outlines.push_back(onPage(outline, panel));
+        area += pathAround(outlines.back());
+        for (mgPoint_c const &point : outlines.back()) {
+            result.edges.push_back({point, point});
+            bounds |= point;
+        }
     }
-    outline.middle = bounds.center().x();
-    page.path(areaWithin(outline.edges), {"material", cut.part});
-    page.path(pathAlong(outline.edges), {"silhouette", cut.part});
-    return outline;
+    result.middle = bounds.center().x();
+    page.path(area, {"material", cut.part});
+    page.path(hatchWithin(outlines, cut.hatchDegrees, panel), {"hatching", cut.part});
+    return result;
 }
 
 /// The cut boxes and parts, seen against the plane's normal.
@@ -155,6 +173,23 @@ void drawBounds(SvgPage &page, Panel const &panel, Part const &part, std::size_t
     page.rectangle(box.low(), box.high(), {"box", number});
 }
 
+/// The least rectangle around the part in plan, in a view along the part's own z axis. Only where
+/// it is smaller than the box, which is drawn as well.
+void drawStock(SvgPage &page, Panel const &panel, Part const &part, std::size_t number) {
+    constexpr double kSmaller = 0.999; // share of the area of the box
+    mgVector_c const towardsViewer = panel.right.direction * panel.up.direction;
+    mgVector_c const partZ = mgVector_c(0.0, 0.0, 1.0) * part.placement;
+    if (!towardsViewer.isParallelTo(partZ)) return;
+    auto const &rectangle = part.mesh->stock.rectangle;
+    std::vector<mgPoint_c> corners(rectangle.begin(), rectangle.end());
+    for (mgPoint_c &corner : corners) corner *= part.placement;
+    corners = onPage(corners, panel);
+    mgBBox_c const box = onPage(part.placed, panel);
+    double const area = dist(corners[0], corners[1]) * dist(corners[1], corners[2]);
+    if (area >= kSmaller * box.width() * box.depth()) return;
+    page.path(pathAround(corners), {"stock", number});
+}
+
 /// Placed parts may clash although their boxes along the axes, which are drawn, do not.
 void drawOverlap(SvgPage &page, Panel const &panel, Part const &a, Part const &b) {
     mgBBox_c overlap = a.placed;
@@ -164,7 +199,7 @@ void drawOverlap(SvgPage &page, Panel const &panel, Part const &a, Part const &b
     page.rectangle(overlap.low(), overlap.high(), {"overlap"});
 }
 
-/// Bounds below, then hulls, silhouettes, overlaps and numbers.
+/// Bounds below, then hulls, silhouettes, least rectangles, overlaps and numbers.
 void drawView(SvgPage &page, Panel const &panel, std::vector<Part> const &parts,
               Contacts const &contacts, Progress &progress) {
     drawFrame(page, panel);
@@ -180,15 +215,18 @@ void drawView(SvgPage &page, Panel const &panel, std::vector<Part> const &parts,
     for (PartOutline const &outline : outlines) {
         page.path(pathAlong(outline.edges), {"silhouette", outline.part});
     }
+    for (std::size_t i = 0; i < parts.size(); ++i) drawStock(page, panel, parts[i], i);
     for (auto const &[first, second] : contacts.clashing) {
         drawOverlap(page, panel, parts[first], parts[second]);
     }
     drawBalloons(page, panel, outlines);
 }
 
-/// With an arrow at its end, and a mark at each hole. Nothing without bolts.
-void drawDrillingPath(SvgPage &page, Panel const &panel, DrillingPath const &path) {
-    std::vector<mgPoint_c> const holes = onPage(path.centres, panel);
+/// The tour, and over it the path with an arrow at its end, and a mark at each hole. Nothing
+/// without bolts.
+void drawDrilling(SvgPage &page, Panel const &panel, Drilling const &drilling) {
+    page.path(pathAround(onPage(drilling.tour.centres, panel)), {"tour"});
+    std::vector<mgPoint_c> const holes = onPage(drilling.path.centres, panel);
     if (holes.size() > 1) page.path(pathThrough(holes), {"drill drilled"});
     for (mgPoint_c const &hole : holes) page.circle(hole, kHoleRadius, {"hole"});
 }
@@ -243,7 +281,7 @@ std::string drawPicture(Assembly const &assembly, CheckResult const &result) {
     Progress progress("drawing", panels.size() * parts.size());
     for (Panel const &panel : panels) {
         drawView(page, panel, parts, result.contacts, progress);
-        drawDrillingPath(page, panel, result.drilling);
+        drawDrilling(page, panel, result.drilling);
         if (result.section) drawTrace(page, panel, *result.section, extent);
         if (result.pick) drawSight(page, panel, *result.pick, extent);
     }

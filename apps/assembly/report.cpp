@@ -55,11 +55,14 @@ Row rowOf(Part const &part) {
             corner(box.low()),
             corner(box.high()),
             number(box.sphRadius()),
-            box.isValid() ? "yes" : "no"};
+            box.isValid() ? "yes" : "no",
+            stockSize(part),
+            number(part.mesh->stock.angleDegrees)};
 }
 
 void printParts(Assembly const &assembly) {
-    std::vector<Row> rows{{"part", "vertices", "low", "high", "sphere radius", "valid"}};
+    std::vector<Row> rows{
+        {"part", "vertices", "low", "high", "sphere radius", "valid", "stock size", "angle"}};
     for (Part const &part : assembly.parts) rows.push_back(rowOf(part));
     printTable(rows);
 }
@@ -77,11 +80,12 @@ void printPairs(std::string const &title, std::string const &between,
     }
 }
 
-void printDrillingPath(DrillingPath const &path, std::vector<Part> const &parts) {
-    if (path.bolts.empty()) return;
-    printHeading("drilling path, " + number(path.length) + " long", path.bolts.size());
-    for (std::size_t i = 0; i < path.bolts.size(); ++i) {
-        fmt::print("  {} at {}\n", parts[path.bolts[i]].name, corner(path.centres[i]));
+void printDrilling(std::string const &title, DrillingOrder const &order,
+                   std::vector<Part> const &parts) {
+    if (order.bolts.empty()) return;
+    printHeading(fmt::format("{}, {} long", title, number(order.length)), order.bolts.size());
+    for (std::size_t i = 0; i < order.bolts.size(); ++i) {
+        fmt::print("  {} at {}\n", parts[order.bolts[i]].name, corner(order.centres[i]));
     }
 }
 
@@ -99,8 +103,11 @@ void printPick(Pick const &pick, std::vector<Part> const &parts) {
 void printSection(Section const &section, std::vector<Part> const &parts) {
     printHeading("cut by the section", section.cuts.size());
     for (PartCut const &cut : section.cuts) {
-        fmt::print("  {}, its box in a polygon of {} corners\n", parts[cut.part].name,
-                   cut.boxOutline.size());
+        fmt::print("  {}, its box in a polygon of {} corners{}\n", parts[cut.part].name,
+                   cut.boxOutline.size(),
+                   cut.outlines.empty()
+                       ? ""
+                       : fmt::format(", hatched at {} degrees", number(cut.hatchDegrees)));
     }
 }
 
@@ -122,7 +129,8 @@ void printReport(Assembly const &assembly, CheckResult const &result) {
     mgBBox_c const &bounds = assembly.bounds;
     fmt::print("\ntotal bounds: {} to {}, sphere radius {}\n", corner(bounds.low()),
                corner(bounds.high()), number(bounds.sphRadius()));
-    printDrillingPath(result.drilling, parts);
+    printDrilling("drilling path", result.drilling.path, parts);
+    printDrilling("drilling tour, back to the first bolt", result.drilling.tour, parts);
     if (result.pick) printPick(*result.pick, parts);
     if (result.section) printSection(*result.section, parts);
 }
@@ -150,6 +158,13 @@ std::string printable(std::string const &text) {
 }
 
 std::string number(double value) { return fmt::format("{:.6g}", value + 0.0); } // no -0
+
+std::string stockSize(Part const &part) {
+    Stock const &stock = part.mesh->stock;
+    double const scale = part.placement.scaling();
+    return fmt::format("{} x {} x {}", number(scale * stock.length), number(scale * stock.width),
+                       number(scale * stock.height));
+}
 
 Progress::Progress(std::string task, std::size_t steps)
     : task_(std::move(task)), steps_(steps), visible_(isatty(STDERR_FILENO) != 0) {}

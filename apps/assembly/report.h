@@ -13,9 +13,10 @@ namespace assembly {
 struct Assembly;
 struct CheckResult;
 struct Loss;
+struct Part;
 
 /// Prints a table of the parts, the pairs that clash, touch and contain, the bounds of all, and the
-/// bolts in the order of drilling. Then the line of sight of a pick with the parts hit, and the
+/// bolts in the orders of drilling. Then the line of sight of a pick with the parts hit, and the
 /// parts cut by a section, where there are such.
 void printReport(Assembly const &assembly, CheckResult const &result);
 /// The parts that changed since a document was written.
@@ -29,6 +30,8 @@ std::string printable(std::string const &text);
 
 /// To six significant digits.
 std::string number(double value);
+/// Length, width and height of the blank of a part, at the part's size in the assembly.
+std::string stockSize(Part const &part);
 
 /// One line on standard error, which is overwritten as the work goes on and erased at its end. It
 /// is shown only when standard error is a terminal.
