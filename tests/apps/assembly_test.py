@@ -9,6 +9,7 @@ usage: assembly_test.py PROGRAM DATA_FOLDER [unittest arguments]
 
 import filecmp
 import json
+import math
 import os
 import pty
 import re
@@ -111,6 +112,33 @@ class AssemblyCheckerTest(unittest.TestCase):
             run = self.run_on(cube, options=['--section', *section.split()])
             self.assertEqual(self.lines(run.stdout, 'cut by the section'), expected)
 
+    def test_hatching_leaves_holes_white(self):
+        # The walls of a square tube, open at both ends, with sides of 4 outside and 2 inside.
+        corners = [(s * x, s * y, z) for s in (2, 1) for z in (-1, 1)
+                   for x, y in ((-1, -1), (1, -1), (1, 1), (-1, 1))]
+        walls = [(8 * s + i, 8 * s + (i + 1) % 4, 8 * s + 4 + (i + 1) % 4, 8 * s + 4 + i)
+                 for s in (0, 1) for i in range(4)]
+        (self.folder / 'tube.obj').write_text(''.join('v {} {} {}\n'.format(*c) for c in corners) + ''.join(
+            'f {} {} {} {}\n'.format(*(i + 1 for i in wall)) for wall in walls))
+        self.run_on(self.of_parts(self.part(mesh='tube.obj', scale=25)), options=['--section', *'000001'])
+
+        def numbers(kind):
+            path = next(e for e in xml.etree.ElementTree.parse(self.out / 'assembly.svg').iter()
+                        if e.get('class') == kind).get('d')
+            self.assertEqual(path.count('Z'), 2 if kind == 'material' else 0)  # outlines
+            return [float(n) for n in re.findall(r'-?[\d.]+', path)]
+        x, hatch = numbers('material')[::2], numbers('hatching')
+        lengths = [math.dist(hatch[i:i + 2], hatch[i + 2:i + 4]) for i in range(0, len(hatch), 4)]
+        self.assertAlmostEqual(sum(lengths) * 7 / (max(x) - min(x))**2, 0.75, delta=0.01)
+
+    def test_stock(self):
+        for points, stock in (('0 0 5\n3 3 0\n2 4 0\n-1 1 0\n', '42.4264 x 14.1421 x 50     45'),
+                              ('3 -3 0\n1 -1 0\n0 0 0\n2 -2 1\n', '42.4264 x 0 x 10    135'),
+                              ('1 2 3\n', '0 x 0 x 0      0')):
+            (self.folder / 'stock.ply').write_text(PLY.format(points.count('\n'), points))
+            run = self.run_on(self.of_parts(self.part(mesh='stock.ply', scale=10, axis=[1, 2, 3], angle_degrees=7)))
+            self.assertRegex(run.stdout, '(yes|no) +' + stock + '\n')
+
     def test_exchange(self):
         file = self.folder / 'export.json'
         good = self.of_parts(self.part('p', translation=[1, 2, 0.1]), self.part('q', mirror='x', scale=2))
@@ -144,7 +172,10 @@ class AssemblyCheckerTest(unittest.TestCase):
                  axis=[0, 0, 1], angle_degrees=90), self.part('p')]
         run = self.run_on(self.of_parts(*parts, tolerance=0.5), options=['--since', earlier])
         self.assertIn(f'changed since {earlier}: none\n', run.stdout, run.stderr)
-        self.assertEqual((self.out / 'assembly.vxa').read_bytes(), earlier.read_bytes())
+        layout_2 = Path(__file__).parent / 'layout_2.vxa'
+        self.assertEqual((self.out / 'assembly.vxa').read_bytes(), layout_2.read_bytes())
+        run = self.run_on(self.of_parts(*parts, tolerance=0.5), options=['--since', layout_2])
+        self.assertIn(f'changed since {layout_2}: none\n', run.stdout, run.stderr)
         (self.folder / 'b.obj').write_text(TRIANGLE.replace('1 0 0', '2 0 0'))
         parts = [dict(parts[0], mesh='b.obj'), self.part('turned', scale=2), self.part('o')]
         run = self.run_on(self.of_parts(*parts), options=['--since', earlier])
@@ -153,7 +184,7 @@ class AssemblyCheckerTest(unittest.TestCase):
         whole, other = earlier.read_bytes(), self.folder / 'other.vxa'
         for content, message in ((whole[:-1], 'is cut short'), (whole + b'0', 'goes on after'),
                                  (b'x' + whole, 'is no assembly document'),
-                                 (b'VXAS\2' + whole[5:], 'has layout 2, this program reads up to 1')):
+                                 (b'VXAS\3' + whole[5:], 'has layout 3, this program reads up to 2')):
             other.write_bytes(content)
             self.check_refused(self.of_parts(self.part()), message, options=['--since', other])
 
