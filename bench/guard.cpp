@@ -62,7 +62,7 @@ struct Numbers {
         return mg_RestoreXform(mg_RotationMatrix(angle, axis, 0.0), point(30.0), 1.5);
     }
 
-    support::Generator generator{1};
+    common::Generator generator{1};
 };
 
 template <class Make>

@@ -31,7 +31,7 @@ struct Numbers {
 
 std::vector<Numbers> const &numbers() {
     static std::vector<Numbers> const all = [] {
-        support::Generator generator(11);
+        common::Generator generator(11);
         std::vector<Numbers> result(count);
         for (Numbers &n : result) {
             for (double &value : n.value) value = generator.uniform(-1.0, 1.0);

@@ -29,7 +29,7 @@ constexpr int manyPoints = 1000000;
 /// The same points for everybody: in a cube of the size of a machine part.
 std::vector<mgPoint_c> const &points() {
     static std::vector<mgPoint_c> const all = [] {
-        support::Generator generator(11);
+        common::Generator generator(11);
         auto const coordinate = [&generator] { return generator.uniform(-100.0, 100.0); };
         std::vector<mgPoint_c> result(manyPoints);
         for (mgPoint_c &p : result) {

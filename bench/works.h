@@ -32,7 +32,7 @@ public:
     }
 
 private:
-    support::Generator generator_{7};
+    common::Generator generator_{7};
 };
 
 /// Enough different inputs that branch predictors do not learn them all, and little enough to stay

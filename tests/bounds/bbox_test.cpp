@@ -7,19 +7,10 @@
 
 namespace {
 
-using namespace support;
-using P = mgPoint_c;
-using V = mgVector_c;
+using namespace common;
 
 mgBBox_c const unit = cube(0, 1), big = cube(-9, 9);
 mgBBox_c const bloated = boxOf(P(), 9, P(-1, -1, -1), P(1, 1, 1)); // not valid
-
-std::wstring textOf(mgBBox_c const &box) {
-    CString text(L"old");
-    box.saveStringRep(text);
-    box.dump(); // has no visible effect
-    return static_cast<wchar_t const *>(text);
-}
 
 void CheckNeutral(mgBBox_c const &box, Caller = {}) {
     EXPECT_EQ(0, box.isSet());
@@ -32,6 +23,7 @@ void CheckNeutral(mgBBox_c const &box, Caller = {}) {
         EXPECT_BITS_EQ(0, d);
     EXPECT_EQ(-1, box.minDimension());
     EXPECT_EQ(L"0 0 0 0 0 0", textOf(box));
+    box.dump(); // has no visible effect
 }
 
 TEST(BBox, AnUnsetBoxAnswersNeutrally) {
@@ -169,7 +161,7 @@ TEST(BBox, TranslationAndScalingMoveEveryMember) {
 }
 
 TEST(BBox, TransformsEncloseTheImageWithinTheSphereIgnoringPerspective) {
-    mgMatrix_c const quarter = mg_RotationMatrix(1.5707963267949, mgUnitVector_c::zAxis(), 1e-6);
+    mgMatrix_c const quarter = mg_RotationMatrix(1.5707963267949, U::zAxis(), 1e-6);
     mgXform_c placed = mg_RestoreXform(quarter, V(10, 20, 30), 2);
     placed.addPerspectiveInfo(mgPerspInfo_c(1, 2, 3, 4));
     mgBBox_c box(P(), P(2, 4, 6)), ball(P(), 3), reset(P(), 1);

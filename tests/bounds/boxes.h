@@ -4,16 +4,13 @@
 #ifndef VEXMATH_TESTS_BOUNDS_BOXES_H
 #define VEXMATH_TESTS_BOUNDS_BOXES_H
 
-#include <vexmath/bbox.h>
-
 #include "common/geometry.h"
 
 static_assert(sizeof(mgBBox_c) == 80 && std::is_trivially_copyable_v<mgBBox_c>);
 
-namespace support {
+namespace common {
 
-inline mgBBox_c boxOf(mgPoint_c const &centre, double r, mgPoint_c const &low,
-                      mgPoint_c const &high) {
+inline mgBBox_c boxOf(P const &centre, double r, P const &low, P const &high) {
     mgBBox_c box;
     box.setSphereOnly(centre, r);
     box.setCornersOnly(low, high);
@@ -34,9 +31,7 @@ inline mgBBox_c withDouble(mgBBox_c box, int k, double value) {
 }
 
 /// The two-point box of (low, low, low) and (high, high, high).
-inline mgBBox_c cube(double low, double high) {
-    return {mgPoint_c(low, low, low), mgPoint_c(high, high, high)};
-}
+inline mgBBox_c cube(double low, double high) { return {P(low, low, low), P(high, high, high)}; }
 
 inline ::testing::AssertionResult bitsEqual(char const *aText, char const *bText, mgBBox_c const &a,
                                             mgBBox_c const &b) {
@@ -46,6 +41,6 @@ inline ::testing::AssertionResult bitsEqual(char const *aText, char const *bText
     return result;
 }
 
-} // namespace support
+} // namespace common
 
 #endif

@@ -1,24 +1,24 @@
 // SPDX-License-Identifier: MIT
 // The box of an array of points, against the loop over the single operation.
 
-#include <vexmath/bulk.h>
-
 #include <vector>
 
 #include "bounds/boxes.h"
 
 namespace {
 
+using namespace common;
+
 /// Lists whose sphere stops growing soon, grows to the end, or becomes invalid on the way.
-std::vector<mgPoint_c> anyList(support::Random &random) {
+std::vector<P> anyList(Random &random) {
     int const style = random.below(4);
-    std::vector<mgPoint_c> points(static_cast<std::size_t>(random.below(4) == 0 ? 400 : 18));
+    std::vector<P> points(static_cast<std::size_t>(random.below(4) == 0 ? 400 : 18));
     points.resize(points.size() - static_cast<std::size_t>(random.below(18)));
     double const size = random.below(4) == 0 ? std::fabs(random.hostile()) : 10.0;
     double const side = random.below(2) == 0 ? 1.0 : -1.0;
     for (std::size_t i = 0; i < points.size(); ++i) {
-        mgPoint_c &p = points[i];
-        p = random.triple<mgPoint_c>(-1.0, 1.0);
+        P &p = points[i];
+        p = random.triple<P>(-1.0, 1.0);
         if (style == 1) p = p * static_cast<double>(i);
         if (style == 2) // zeros of both signs as extremes
             for (int k = 0; k < 3; ++k)
@@ -32,26 +32,25 @@ std::vector<mgPoint_c> anyList(support::Random &random) {
 
 /// Unset, a point, ordinary, huge, invalid, or on one side of the origin, with a sphere around the
 /// origin.
-mgBBox_c anyBox(support::Random &random) {
-    mgPoint_c const p = random.triple<mgPoint_c>(-5.0, 5.0);
+mgBBox_c anyBox(Random &random) {
+    P const p = random.triple<P>(-5.0, 5.0);
     mgBBox_c const boxes[] = {mgBBox_c(),
                               mgBBox_c(p, p),
                               mgBBox_c(p, 3.0),
                               mgBBox_c(p, 1e9),
-                              support::boxOf(p, 1.0, mgPoint_c(), p),
-                              support::boxOf({}, 10.0, {1.0, 1.0, 1.0}, {6.0, 6.0, 6.0}),
-                              support::boxOf({}, 10.0, {-6.0, -6.0, -6.0}, {-1.0, -1.0, -1.0})};
+                              boxOf(p, 1.0, P(), p),
+                              boxOf({}, 10.0, {1.0, 1.0, 1.0}, {6.0, 6.0, 6.0}),
+                              boxOf({}, 10.0, {-6.0, -6.0, -6.0}, {-1.0, -1.0, -1.0})};
     mgBBox_c const box = boxes[random.below(7)];
-    return random.below(4) == 0 ? support::withDouble(box, random.below(10), random.hostile())
-                                : box;
+    return random.below(4) == 0 ? withDouble(box, random.below(10), random.hostile()) : box;
 }
 
 TEST(Bulk, BoundsAreThoseOfTheLoopToTheBit) {
-    support::Random random;
+    Random random;
     for (int round = 0; round < 8000; ++round) {
-        std::vector<mgPoint_c> const points = anyList(random);
+        std::vector<P> const points = anyList(random);
         mgBBox_c box = anyBox(random), expected = box;
-        for (mgPoint_c const &p : points) expected |= p;
+        for (P const &p : points) expected |= p;
         mg_SetUseVectorUnits(round % 2);
         mg_BoundPoints(points.data(), static_cast<int>(points.size()), box);
         ASSERT_BITS_EQ(expected, box) << "round " << round;
@@ -61,8 +60,7 @@ TEST(Bulk, BoundsAreThoseOfTheLoopToTheBit) {
 
 TEST(Bulk, NoPointsLeaveTheBoxAsItIs) {
     mgBBox_c box;
-    mg_BoundPoints(nullptr, 0, box);
-    mg_BoundPoints(nullptr, -3, box);
+    for (int const count : {0, -3}) mg_BoundPoints(nullptr, count, box);
     EXPECT_BITS_EQ(mgBBox_c(), box);
 }
 

@@ -1,16 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Parallelograms and boxes in any orientation.
 
-#include <vexmath/general_box.h>
-#include <vexmath/mg_queries.h>
-
 #include "bounds/boxes.h"
 
 namespace {
 
-using namespace support;
-using P = mgPoint_c;
-using U = mgUnitVector_c;
+using namespace common;
 
 static_assert(sizeof(mgParallelogram_c) == 88 && sizeof(mgGeneralBox_c) == 96);
 static_assert(std::is_trivially_copyable_v<mgGeneralBox_c>); // callers use memcpy
@@ -65,8 +60,7 @@ TEST(Parallelogram, ANullEdgeDirectionBoundsNothing) {
 
 TEST(Parallelogram, TheFarCornerIsNeverTheHighPoint) {
     P low, high;
-    EXPECT_TRUE(
-        square.getExtremPts(U(1, 1, 0), low, high)); // a tie gives the end of the first edge
+    EXPECT_TRUE(square.getExtremPts(U(1, 1, 0), low, high)); // a tie: the first edge's end
     EXPECT_BITS_EQ(P(1, 0, 0), high);
     EXPECT_TRUE(square.getExtremPts(zAxis, low, high));
     EXPECT_BITS_EQ(origin, high);
@@ -84,9 +78,8 @@ TEST(Parallelogram, TheFarCornerIsNeverTheHighPoint) {
 
 TEST(GeneralBox, WithoutALengthNothingIsWritten) {
     for (int k = 0; k < 9; ++k) {
-        double const none[] = {0, -1, kNaN};
-        mgVector_c len(1, 1, 1);
-        static_cast<double *>(len)[k % 3] = none[k / 3];
+        P len(1, 1, 1);
+        len[k % 3] = k < 3 ? 0 : k < 6 ? -1 : kNaN;
         mgGeneralBox_c const block(origin, xAxis, yAxis, len.x(), len.y(), len.z());
         mgParallelogram_c const flat(origin, xAxis, yAxis, len.x(), len.y());
         mgParallelogram_c plate = square;
@@ -111,10 +104,10 @@ TEST(GeneralBox, BecomesABoxAndItsPlacement) {
     mgXform_c placing;
     ASSERT_TRUE(block.getBBoxAndXform(box, placing));
     EXPECT_BITS_EQ(mgBBox_c(origin, P(2, 5, 10)), box);
-    EXPECT_LT(gap(P(1, 0, 0) * placing, P(1, 2, 3) + block.getBoxDir_v1()), 1e-14);
-    EXPECT_LT(gap(P(0, 1, 0) * placing, P(1, 2, 3) + block.getBoxDir_v2()), 1e-14);
-    EXPECT_LT(gap(P(0, 0, 1) * placing, P(1, 2, 3) + block.getBoxDir_v3()), 1e-14);
-    EXPECT_LT(gap(block.getBoxDir_v3(), P(0, -0.8, 0.6)), 1e-15);
+    U const dirs[] = {block.getBoxDir_v1(), block.getBoxDir_v2(), block.getBoxDir_v3()};
+    for (int i = 0; i < 3; ++i)
+        EXPECT_LT(gap(P(i == 0, i == 1, i == 2) * placing, P(1, 2, 3) + dirs[i]), 1e-14) << i;
+    EXPECT_LT(gap(dirs[2], P(0, -0.8, 0.6)), 1e-15);
     EXPECT_EQ(2, block.getBoxLen_v1());
     EXPECT_EQ(10, block.getBoxLen_v3());
 }
@@ -142,7 +135,7 @@ TEST(GeneralBox, ProjectsAlongItsThirdDirection) {
         mgParallelogram_c plate;
         if ((d1 * d2).len() < 0.3 || std::fabs(d3 % plane.normal()) < 0.3) continue;
         ASSERT_TRUE(block.projectToPlane(plane, plate));
-        auto const share = random.triple<mgVector_c>(0.001, 0.999);
+        auto const share = random.triple<V>(0.001, 0.999);
         P const inside = corner + share.x() * d1 + 2 * share.y() * d2 + 3 * share.z() * d3;
         P shadow;
         mg_LineIntPlane(mgLine_c(inside, d3), plane, &shadow, nullptr);

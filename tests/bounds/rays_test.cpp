@@ -2,17 +2,11 @@
 // Boxes against lines and rays, their range along a line, the planar extent, and every operation of
 // boxes with hostile numbers.
 
-#include <vexmath/general_box.h>
-#include <vexmath/mg_bounds.h>
-#include <vexmath/plane.h>
-
 #include "bounds/boxes.h"
 
 namespace {
 
-using namespace support;
-using P = mgPoint_c;
-using U = mgUnitVector_c;
+using namespace common;
 
 mgBBox_c const box(P(), P(1, 2, 3));
 U const xAxis(1, 0, 0), none;
@@ -99,8 +93,8 @@ TEST(LimitRay, TheRangeSpansTheCornersOfUnsetBoxesToo) {
 }
 
 TEST(FindBBox, ThePlanarExtentIsTransformedAndGrown) {
-    mgXform_c const turn = mg_RotateXform(1.5707963267949, mgVector_c(0, 0, 1), 1e-9);
-    mgXform_c const placed = turn * mg_TranslateXform(mgVector_c(10, 0, 0));
+    mgXform_c const turn = mg_RotateXform(1.5707963267949, V(0, 0, 1), 1e-9);
+    mgXform_c const placed = turn * mg_TranslateXform(V(10, 0, 0));
     double const rows[][5] = {{0.5, 4.5, 1.5, 9.5, 4.5}, // growth and extent
                               {-1.5, 6.5, 3, 7.5, 3},    // too narrow in y: closed in the middle
                               {-100, 1, 1, -1, -1}};
@@ -112,36 +106,33 @@ TEST(FindBBox, ThePlanarExtentIsTransformedAndGrown) {
 }
 
 TEST(Hostile, NoInputTrapsOrLeavesTheRangeOfResults) {
+    Hostile h;
     Random random;
     for (int n = 0; n < 30000; ++n) {
-        auto const p = random.hostile<mgPoint_c>(), q = random.hostile<mgPoint_c>();
-        auto const dir = mgUnitVector_c(random.hostile<mgVector_c>(), 0);
-        auto const asRestored = random.hostile<mgUnitVector_c>();
-        auto const plane = random.hostile<mgPlane_c>();
-        double const tol = random.hostile();
-        mgXform_c x(dir, asRestored, random.hostile<mgVector_c>()), placing;
-        mgPoint_c hit;
-        mgBBox_c const kinds[] = {cube(0, 1), {p, q}, {q, tol}, random.hostile<mgBBox_c>()};
+        auto const p = h.any<P>(), q = h.any<P>();
+        auto const x = h.any<mgXform_c>();
+        mgXform_c placing;
+        P hit;
+        mgBBox_c const kinds[] = {cube(0, 1), {p, q}, {q, h.any<double>()}, h.any<mgBBox_c>()};
         mgBBox_c const &a = kinds[random.below(4)], &b = kinds[random.below(4)];
-        int const all = a.clash(plane, tol) | a.clash(&b, tol) | mgBBox_c::clash(a, x, b, placing)
-                        | mgBBox_c::clash(a, x, b, x) | a.containsBBox(&b, tol)
-                        | a.containsPoint(p, tol) | a.containsPoint(p, tol, random.below(3))
-                        | a.clashLine(&p, &q) | a.clashLine(&p, &q, tol) | a.sphereHitByRay(p, dir)
-                        | a.sphereHitByRay2(p, asRestored, tol) | a.isRayHit(p, dir)
-                        | a.isRayHit(p, asRestored) | a.getFirstRayHit(p, dir, &hit)
-                        | a.isSame(b, tol) | a.getFirstRayHit(p, asRestored, &hit);
+        int const all =
+            a.clash(h.any<mgPlane_c>(), h) | a.clash(&b, h) | mgBBox_c::clash(a, x, b, placing)
+            | mgBBox_c::clash(a, x, b, x) | a.containsBBox(&b, h) | a.containsPoint(p, h)
+            | a.containsPoint(p, h, random.below(3)) | a.clashLine(&p, &q) | a.clashLine(&p, &q, h)
+            | a.sphereHitByRay(p, h) | a.sphereHitByRay2(p, h, h) | a.isRayHit(p, h)
+            | a.getFirstRayHit(p, h, &hit) | a.isSame(b, h);
         ASSERT_EQ(all & ~1, 0);
         mgBBox_c changed = a;
-        ((changed *= x) &= b) *= tol;
+        ((changed *= x) &= b) *= h.any<double>();
         double extent[4];
-        a.limitRay(p, asRestored, &extent[0], &extent[1]);
-        mg_FindBBox(p, q, x, extent, tol);
-        auto plate = random.hostile<mgParallelogram_c>();
+        a.limitRay(p, h, &extent[0], &extent[1]);
+        mg_FindBBox(p, q, x, extent, h);
+        auto plate = h.any<mgParallelogram_c>();
         plate.isPointInside(p);
-        plate.getExtremPts(dir, hit, hit);
-        auto const block = random.hostile<mgGeneralBox_c>();
+        plate.getExtremPts(h, hit, hit);
+        auto const block = h.any<mgGeneralBox_c>();
         block.getBBoxAndXform(changed, placing);
-        block.projectToPlane(plane, plate);
+        block.projectToPlane(h, plate);
     }
 }
 

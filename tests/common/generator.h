@@ -6,7 +6,7 @@
 
 #include <cstdint>
 
-namespace support {
+namespace common {
 
 /// Knuth's 64-bit linear congruence: one seed gives the same numbers on every machine. The low bits
 /// of a step have short periods, so only the high bits are used.
@@ -31,6 +31,8 @@ private:
     std::uint64_t state_;
 };
 
-} // namespace support
+} // namespace common
+
+namespace support = common; // the name that some tests still use
 
 #endif

@@ -1,17 +1,24 @@
 // SPDX-License-Identifier: MIT
-// Neighbours of a threshold, and distances, matrices and placements for the tests of geometry.
+// Shared by the tests of geometry: the whole library under short names, neighbours of a threshold,
+// distances, matrices and placements.
 
 #ifndef VEXMATH_TESTS_COMMON_GEOMETRY_H
 #define VEXMATH_TESTS_COMMON_GEOMETRY_H
 
-#include <vexmath/mg_matrix.h>
-#include <vexmath/mg_transform.h>
+#include <vexmath/vexmath.h>
 
 #include <algorithm>
 
 #include "common/numbers.h"
 
-namespace support {
+namespace common {
+
+using P = mgPoint_c;
+using V = mgVector_c;
+using U = mgUnitVector_c;
+
+/// What an output holds that no function wrote.
+inline P const untouched(77.0, 77.0, 77.0);
 
 /// The doubles next to a threshold.
 inline double below(double x) { return std::nextafter(x, -kInfinity); }
@@ -43,27 +50,69 @@ inline ::testing::AssertionResult bitsEqual(char const *aText, char const *bText
 }
 
 /// A transform of exactly these fields, including those that a copy would repair.
-inline mgXform_c raw(mgMatrix_c const &rotation, mgVector_c const &translation = {},
-                     double scale = 1.0, int reflection = 0) {
+inline mgXform_c raw(mgMatrix_c const &rotation, V const &translation = {}, double scale = 1.0,
+                     int reflection = 0) {
     mgXform_c x;
     x.SetHelper({rotation, translation, scale, reflection, nullptr});
     return x; // constructed in place, not copied
 }
 
-inline mgUnitVector_c direction(Random &random) {
+/// The text form of a box or a transform.
+template <class T>
+std::wstring textOf(T const &object) {
+    CString text(L"old");
+    object.saveStringRep(text);
+    return static_cast<wchar_t const *>(text);
+}
+
+inline U direction(Random &random) {
     for (;;) {
-        auto const v = random.triple<mgVector_c>(-1.0, 1.0);
+        auto const v = random.triple<V>(-1.0, 1.0);
         if (v.sqlen() > 0.01) return mg_Normalise(v);
     }
 }
 
+/// Converts to an argument of any type. Its numbers are hostile, different ones each time.
+class Hostile {
+public:
+    template <class T, class = std::enable_if_t<!std::is_pointer_v<T>>>
+    operator T() {
+        return random_.hostile<T>();
+    }
+    /// Normalised, or as restored from a document.
+    operator U() {
+        auto const u = random_.hostile<U>();
+        return random_.below(2) != 0 ? u : U(V(u), 0);
+    }
+    operator mgXform_c() {
+        mgXform_c x(any<U>(), any<U>(), random_.hostile<V>());
+        mgPerspInfo_c info(*this, *this, *this, *this);
+        info.setCameraFOVPlaneDistance(*this);
+        if (random_.below(2) != 0) x.addPerspectiveInfo(info);
+        return x;
+    }
+    operator mgCone_c() { return {*this, *this, *this, *this}; }
+    operator CPoint() { return {pixel(), pixel()}; }
+
+    /// The same by name, where several types would do.
+    template <class T>
+    T any() {
+        return *this;
+    }
+
+private:
+    int pixel() { return static_cast<int>(random_.uniform(-0x1p31, 0x1p31)); }
+
+    Random random_;
+};
+
 /// Rotation, scale and translation of everyday sizes.
 inline mgXform_c placement(Random &random) {
     mgMatrix_c const turn = mg_RotationMatrix(random.uniform(-3.0, 3.0), direction(random), 0.0);
-    auto const shift = random.triple<mgVector_c>(-10.0, 10.0);
+    auto const shift = random.triple<V>(-10.0, 10.0);
     return mg_RestoreXform(turn, shift, random.uniform(0.2, 5.0));
 }
 
-} // namespace support
+} // namespace common
 
 #endif

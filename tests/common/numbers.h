@@ -17,7 +17,7 @@
 
 #include "common/generator.h"
 
-namespace support {
+namespace common {
 
 /// Seed of every Random: VEXMATH_TEST_SEED of the environment, else always the same.
 inline std::uint64_t seed() {
@@ -113,10 +113,10 @@ auto bitsEqual(char const *aText, char const *bText, A const &a, B const &b)
            << aText << " is " << shown(a) << ", " << bText << " is " << shown(b);
 }
 
-} // namespace support
+} // namespace common
 
 /// Equal to the bit: doubles, or objects with x(), y() and z().
-#define EXPECT_BITS_EQ(expected, actual) EXPECT_PRED_FORMAT2(::support::bitsEqual, expected, actual)
-#define ASSERT_BITS_EQ(expected, actual) ASSERT_PRED_FORMAT2(::support::bitsEqual, expected, actual)
+#define EXPECT_BITS_EQ(expected, actual) EXPECT_PRED_FORMAT2(::common::bitsEqual, expected, actual)
+#define ASSERT_BITS_EQ(expected, actual) ASSERT_PRED_FORMAT2(::common::bitsEqual, expected, actual)
 
 #endif

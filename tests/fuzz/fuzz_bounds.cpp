@@ -1,35 +1,42 @@
 // SPDX-License-Identifier: MIT
 // Boxes of any numbers, grown, placed and compared: nothing loops, traps or reads out of bounds.
 
-#include "numbers_from_bytes.h"
+#include <vexmath/vexmath.h>
 
-#include <vexmath/bbox.h>
-#include <vexmath/general_box.h>
-#include <vexmath/mg_transform.h>
-#include <vexmath/mg_vector.h>
-#include <vexmath/plane.h>
-#include <vexmath/xform.h>
+#include <fuzzer/FuzzedDataProvider.h>
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const *data, std::size_t size) {
-    NumbersFromBytes in(data, size);
+    FuzzedDataProvider in(data, size);
+    // The bytes are the numbers, so that NaN, infinity and subnormals occur. After the last byte
+    // come zeros.
+    auto const number = [&in] {
+        double value = 0.0;
+        in.ConsumeData(&value, sizeof value);
+        return value;
+    };
+    auto const vector = [&in] {
+        mgVector_c v;
+        in.ConsumeData(&v, sizeof v);
+        return v;
+    };
 
-    double angle = in.next();
+    double angle = number();
     mg_PutAngleInRange(&angle, nullptr);
-    double parameter = in.next(), end = in.next();
-    mg_PutParamInRange(&parameter, in.next(), &end);
+    double parameter = number(), end = number();
+    mg_PutParamInRange(&parameter, number(), &end);
 
-    auto const zDir = in.triple<mgUnitVector_c>(), xDir = in.triple<mgUnitVector_c>();
-    auto const move = in.triple<mgVector_c>();
+    mgUnitVector_c const zDir = mg_Normalise(vector()), xDir = mg_Normalise(vector());
+    mgVector_c const move = vector();
     mgXform_c const frame(zDir, xDir, move);
-    mgXform_c const placement = mg_RestoreXform(frame.rotation(), move, in.next());
+    mgXform_c const placement = mg_RestoreXform(frame.rotation(), move, number());
 
-    mgBBox_c box, other(in.triple<mgPoint_c>(), in.next());
-    while (!in.empty()) {
-        box |= in.triple<mgPoint_c>();
+    mgBBox_c box, other(vector(), number());
+    while (in.remaining_bytes() > 0) {
+        box |= mgPoint_c(vector());
         if (box.isValid()) other |= box;
     }
     mgBBox_c::clash(box, placement, other, frame);
-    box.clash(&other, in.next());
+    box.clash(&other, number());
     box.containsBBox(&other, 0.01);
 
     mgPoint_c hit = move;

@@ -3,15 +3,7 @@
 // stream of inputs. The same lines come from every compiler, optimisation and word size. Nothing
 // here calls a trigonometric function: those belong to the C library and differ between libraries.
 
-#include <vexmath/bbox.h>
-#include <vexmath/bulk.h>
-#include <vexmath/matrix4.h>
-#include <vexmath/mg_matrix.h>
-#include <vexmath/mg_queries.h>
-#include <vexmath/mg_transform.h>
-#include <vexmath/mg_vector.h>
-#include <vexmath/quaternion.h>
-#include <vexmath/xform.h>
+#include <vexmath/vexmath.h>
 
 #include <cinttypes>
 #include <cmath>
@@ -49,48 +41,39 @@ public:
     }
 
 private:
-    support::Generator generator_{1};
+    common::Generator generator_{1};
 };
 
 /// FNV-1a over the bits of what it is given. Every NaN counts as the same.
 class Bits {
 public:
-    void add(double value) {
+    template <class... T>
+    void add(T const &...values) {
+        (take(values), ...);
+    }
+    void addAll(double const *values, int count) {
+        for (int k = 0; k < count; ++k) take(values[k]);
+    }
+    std::uint64_t value() const { return hash_; }
+
+private:
+    void take(double value) {
         std::uint64_t word = 0x7FF8000000000000u;
         if (!std::isnan(value)) std::memcpy(&word, &value, sizeof word);
         for (int shift = 0; shift < 64; shift += 8)
             hash_ = (hash_ ^ ((word >> shift) & 0xFF)) * 0x100000001B3u;
     }
-    template <class T>
-    auto add(T const &v) -> decltype(v.x(), void()) {
-        add(v.x());
-        add(v.y());
-        add(v.z());
-    }
-    void add(mgXform_c const &x) {
-        for (int k = 0; k < 9; ++k) add(x.rotation()[k]);
-        add(x.translation());
-        add(x.scaling());
-    }
-    void add(mgBBox_c const &box) {
-        add(box.low());
-        add(box.high());
-        add(box.sphCenter());
-        add(box.sphRadius());
-    }
-    std::uint64_t value() const { return hash_; }
+    void take(mgVector_c const &v) { add(v.x(), v.y(), v.z()); }
+    void take(mgMatrix_c const &m) { addAll(&m[0], 9); }
+    void take(mgXform_c const &x) { add(x.rotation(), x.translation(), x.scaling()); }
+    void take(mgBBox_c const &box) { add(box.low(), box.high(), box.sphCenter(), box.sphRadius()); }
 
-private:
     std::uint64_t hash_ = 0xCBF29CE484222325u;
 };
 
 void vectors(Stream &in, Bits &out) {
     mgVector_c const a = in.vector(), b = in.vector();
-    out.add(a * b);
-    out.add(a % b);
-    out.add(a / b.x());
-    out.add(in.direction());
-    out.add(a.anyUnitNormal(1));
+    out.add(a * b, a % b, a / b.x(), in.direction(), a.anyUnitNormal(1));
     out.add(a.pullBack(b, in.vector()));
     mgPoint_c const p = in.point(), q = in.point(), r = in.point();
     out.add(p.distToLine(q, r));
@@ -98,16 +81,14 @@ void vectors(Stream &in, Bits &out) {
 
 void matrices(Stream &in, Bits &out) {
     mgXform_c const a = in.placement(), b = in.placement();
-    out.add(mg_RestoreXform(a.rotation() * b.rotation(), mgVector_c(), 1.0));
-    out.add(mg_RestoreXform(a.rotation().inverse(), mgVector_c(), 1.0));
-    out.add(a.rotation().getDeterminant());
+    out.add(mg_RestoreXform(a.rotation() * b.rotation(), mgVector_c(), 1.0),
+            mg_RestoreXform(a.rotation().inverse(), mgVector_c(), 1.0),
+            a.rotation().getDeterminant());
 }
 
 void transforms(Stream &in, Bits &out) {
     mgXform_c const a = in.placement(), b = in.placement();
-    out.add(a * b);
-    out.add(a.inverse());
-    out.add(in.point() * a);
+    out.add(a * b, a.inverse(), in.point() * a);
     out.add(in.vector() * b);
     out.add(in.direction() * b);
     out.add(mg_ReflectionXform(in.direction()));
@@ -120,15 +101,10 @@ void boxes(Stream &in, Bits &out) {
         b |= in.point();
     }
     mgXform_c const xa = in.placement(), xb = in.placement();
-    out.add(mgBBox_c::clash(a, xa, b, xb));
-    out.add(a.clash(&b, 1e-8));
-    out.add(a.isValid());
-    a *= xa;
-    out.add(a);
-    a |= b;
-    out.add(a);
-    a &= b;
-    out.add(a);
+    out.add(mgBBox_c::clash(a, xa, b, xb), a.clash(&b, 1e-8), a.isValid());
+    out.add(a *= xa);
+    out.add(a |= b);
+    out.add(a &= b);
 }
 
 void bulk(Stream &in, Bits &out) {
@@ -153,14 +129,12 @@ void queries(Stream &in, Bits &out) {
     out.add(mg_LineIntPlane(line, plane, &p, &t));
     out.add(mg_LineIntLine(a, line.direction(), b, second.direction(), &q, 1e-8));
     out.add(mg_PlaneIntPlane(plane, other, &common));
-    out.add(line.distToLine(common, nullptr, nullptr));
-    out.add(common.direction());
-    for (mgPoint_c const &point : {p, q, common.rootPoint()}) out.add(point);
+    out.add(line.distToLine(common, nullptr, nullptr), common.direction());
+    out.add(p, q, common.rootPoint());
     out.add(mg_LineSegIntLineSeg2D(a, p, b, q, &p));
     out.add(mg_LineIntCircle2D(a, line.direction(), b, r1, &p, &q));
     out.add(mg_CircleIntCircle2D(a, r1, b, r2, &p, &q));
-    for (mgPoint_c const &point : {p, q}) out.add(point);
-    out.add(t);
+    out.add(p, q, t);
 }
 
 void numerics(Stream &in, Bits &out) {
@@ -168,25 +142,19 @@ void numerics(Stream &in, Bits &out) {
     mgMatrix4_c m4;
     for (int k = 0; k < 9; ++k) m[k] = in.next();
     for (int k = 0; k < 12; ++k) m4.getDataPtr()[k] = in.next();
-    double values[3] = {};
-    mgUnitVector_c vectors[3];
+    double values[3] = {}, roots[3] = {};
+    mgUnitVector_c vectors[3], null[3];
     out.add(m.getEigensystem(values, vectors));
-    for (int i = 0; i < 3; ++i) {
-        out.add(values[i]);
-        out.add(vectors[i]);
-    }
-    mgUnitVector_c null[3];
+    for (int i = 0; i < 3; ++i) out.add(values[i], vectors[i]);
     int const dimension = m.getNullspace(null, true);
     for (int i = 0; i < dimension; ++i) out.add(null[i]);
-    double roots[3] = {};
-    int const count = mg_solveCubic(m[0], m[1], m[2], m[3], roots);
-    for (int i = 0; i < count; ++i) out.add(roots[i]);
+    out.addAll(roots, mg_solveCubic(m[0], m[1], m[2], m[3], roots));
     mgMatrix4_c const product = m4 * m4.inverse();
-    for (int k = 0; k < 16; ++k) out.add(product.getDataPtr()[k]);
+    out.addAll(product.getDataPtr(), 16);
     mgQuaternion_c q;
     q.matrixToQuat(in.placement().rotation());
     q.quatToMatrix(m);
-    for (int k = 0; k < 9; ++k) out.add(m[k]);
+    out.add(m);
 }
 
 void print(char const *name, void (*family)(Stream &, Bits &)) {

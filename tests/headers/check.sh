@@ -1,22 +1,9 @@
 #!/bin/bash
-# Compiles every installed header alone and first, twice in a row, under each compiler that is here and
-# each standard of C++ from 17 on, with every warning an error; the headers for C callers also as C,
-# and comparisons.h, because newer standards read comparisons in another way.
+# Compiles every installed header alone and first, twice in a row, under each compiler that is here
+# and each standard of C++ from 17 on, with every warning an error; the headers for C callers also
+# as C.
 #   check.sh <source folder>
-#   check.sh --one <standard> <header> <compiler and its options...>, with $source_dir
 set -euo pipefail
-
-if [[ $1 == --one ]]; then
-    standard=$2 header=$3 language=c++
-    shift 3
-    [[ $standard == c++* ]] || language=c
-    printf '#include <%s>\n#include <%s>\nint nothing;\n' "$header" "$header" |
-        "$@" -x "$language" -std="$standard" -Wall -Wextra -Wpedantic -Wshadow -Wconversion \
-            -Werror -fsyntax-only -I "$source_dir/include" -I "$source_dir/tests/headers" \
-            -I "$source_dir/src/platform/include" - && exit
-    echo "FAILED: <$header> alone, as $standard with $*"
-    exit 1
-fi
 
 export source_dir=$1
 mapfile -t headers < <(cd "$source_dir/include" && ls vexmath/*.h vexmath/detail/*.h
@@ -24,19 +11,29 @@ mapfile -t headers < <(cd "$source_dir/include" && ls vexmath/*.h vexmath/detail
 c_headers=(vexmath/dynamic_array.h vexmath/gfxmath.h)
 failures=0
 
+# shellcheck disable=SC2317  # xargs calls it
+# compile <standard> <header> <compiler and its options...>
+compile() {
+    local standard=$1 header=$2 language=c++
+    [[ $standard == c++* ]] || language=c
+    printf '#include <%s>\n#include <%s>\nint nothing;\n' "$header" "$header" |
+        "${@:3}" -x "$language" -std="$standard" -Wall -Wextra -Wpedantic -Wshadow -Wconversion \
+            -Werror -fsyntax-only -I "$source_dir/include" -I "$source_dir/src/platform/include" - ||
+        { echo "FAILED: <$header> alone, as $standard with ${*:3}"; return 1; }
+}
+export -f compile
+
 # check <compiler and its options> <standards> <header...>
 check() {
-    local compiler=$1 standards=$2 standard header
-    shift 2
-    for standard in $standards; do
-        for header in "$@"; do echo "$standard $header $compiler"; done
-    done | xargs -P "$(nproc)" -L 1 "$0" --one || failures=$((failures + 1))
-    echo "${compiler%% -isystem*}: $# headers as $standards"
+    local standard
+    for standard in $2; do printf "$standard %s $1\n" "${@:3}"; done |
+        xargs -P "$(nproc)" -L 1 bash -c 'compile "$@"' compile || failures=$((failures + 1))
+    echo "${1%% -isystem*}: $(($# - 2)) headers as $2"
 }
 
 for pair in g++:gcc clang++:clang; do
     command -v "${pair%:*}" >/dev/null || { echo "no ${pair%:*} here, skipped"; continue; }
-    check "${pair%:*}" "c++17 c++20 c++2b" "${headers[@]}" comparisons.h
+    check "${pair%:*}" "c++17 c++20 c++2b" "${headers[@]}"
     check "${pair#*:}" "c99 c17 c2x" "${c_headers[@]}"
 done
 
@@ -44,7 +41,7 @@ done
 if command -v clang++ x86_64-w64-mingw32-g++ >/dev/null; then
     library=$(dirname "$(x86_64-w64-mingw32-g++ -print-libgcc-file-name)")/include/c++
     windows="--target=x86_64-w64-mingw32 -isystem $library -isystem $library/x86_64-w64-mingw32"
-    check "clang++ $windows" "c++17" "${headers[@]}" comparisons.h
+    check "clang++ $windows" "c++17" "${headers[@]}"
     check "clang $windows" "c99" "${c_headers[@]}"
 else
     echo "no clang++ or no headers for Windows here, skipped"

@@ -1,27 +1,24 @@
 // SPDX-License-Identifier: MIT
 // 4x4 matrices.
 
-#include "common/geometry.h"
-
-#include <vexmath/matrix4.h>
-
 #include <functional>
+
+#include "common/geometry.h"
 
 namespace {
 
-using support::below;
-using support::Caller;
+using namespace common;
 
 static_assert(std::is_trivially_copyable_v<mgMatrix4_c>);
 
 template <class Operand>
 constexpr bool isMultiplied = std::is_invocable_v<std::multiplies<>, mgMatrix4_c, Operand>;
-static_assert(isMultiplied<mgVector_c> && isMultiplied<mgUnitVector_c>);
-struct NamedPoint : mgPoint_c {};
-static_assert(!isMultiplied<mgPoint_c> && !isMultiplied<NamedPoint>, "the translation gets lost");
-static_assert(std::is_same_v<mgPoint_c, decltype(mgMatrix4_c().mult(NamedPoint()))>);
+static_assert(isMultiplied<V> && isMultiplied<U>);
+struct NamedPoint : P {};
+static_assert(!isMultiplied<P> && !isMultiplied<NamedPoint>, "the translation gets lost");
+static_assert(std::is_same_v<P, decltype(mgMatrix4_c().mult(NamedPoint()))>);
 
-mgMatrix4_c placed(mgVector_c const &axis, double angle, double scale, mgVector_c const &move) {
+mgMatrix4_c placed(V const &axis, double angle, double scale, V const &move) {
     return mgMatrix4_c::rotationMatrix(axis, angle).scale(scale).setTranslation(move);
 }
 
@@ -33,14 +30,14 @@ TEST(Matrix4, MapsPointsVectorsAndHomogeneousVectorsByColumns) {
     mgMatrix4_c m = mgMatrix4_c::translationMatrix({10, 20, 30});
     m(3, 0) = 5;
     m(0, 1) = 7;
-    mgVector_c const v(1, 2, 3);
+    V const v(1, 2, 3);
     mgVector4_c const q(1, 2, 3, 2);
-    EXPECT_BITS_EQ(mgVector_c(15, 2, 3), m * v);
-    EXPECT_BITS_EQ(mgVector_c(25, 22, 33), m.mult(v)); // never divided
-    EXPECT_BITS_EQ(mgPoint_c(25, 22, 33), m.mult(mgPoint_c(v)));
-    EXPECT_BITS_EQ(mgVector_c(25, 22, 33), m.mult({1.0, 2.0, 3.0}));
-    EXPECT_BITS_EQ(mgVector_c(35, 42, 63), m.mult(q));
-    EXPECT_BITS_EQ(mgVector_c(35, 42, 63) / 7, m.mult4(q).getVector3());
+    EXPECT_BITS_EQ(V(15, 2, 3), m * v);
+    EXPECT_BITS_EQ(V(25, 22, 33), m.mult(v)); // never divided
+    EXPECT_BITS_EQ(P(25, 22, 33), m.mult(P(v)));
+    EXPECT_BITS_EQ(V(25, 22, 33), m.mult({1.0, 2.0, 3.0}));
+    EXPECT_BITS_EQ(V(35, 42, 63), m.mult(q));
+    EXPECT_BITS_EQ(V(35, 42, 63) / 7, m.mult4(q).getVector3());
     m.loadIdentity();
     EXPECT_EQ(1, m == mgMatrix4_c());
 }
@@ -67,7 +64,7 @@ TEST(Matrix4, DifferenceOfAffineMatricesIsTheArgumentMinusThis) {
 TEST(Matrix4, OrderIsExactAndLexicographic) {
     mgMatrix4_c const a;
     mgMatrix4_c b;
-    b(3, 2) = support::kTiny;
+    b(3, 2) = kTiny;
     EXPECT_TRUE(a < b);
     EXPECT_FALSE(b < a);
     EXPECT_FALSE(a < a);
@@ -87,7 +84,7 @@ TEST(Matrix4, InverseUndoesAnAffineMap) {
 
 TEST(Matrix4, RotationOfAScaledMatrixEndsInOneOverTheScale) {
     mgMatrix4_c const m = mgMatrix4_c().scale(2).setTranslation({1, 2, 3});
-    EXPECT_BITS_EQ(mgVector_c(2, 6, 8), mgVector_c(m.getScale(), m.trace(), m.getDeterminant()));
+    EXPECT_BITS_EQ(V(2, 6, 8), V(m.getScale(), m.trace(), m.getDeterminant()));
     CheckElements({1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 0.5}, m.getRotation());
 }
 
@@ -98,7 +95,7 @@ TEST(Matrix4, RigidMeansARotationOrMirrorWithinABoundAndAnExactBottomRow) {
     mgMatrix4_c mirror = m;
     for (int i = 0; i < 3; ++i) mirror(i, 2) *= -1;
     EXPECT_EQ(1, mirror.isRigid());
-    m(3, 0) = support::kTiny;
+    m(3, 0) = kTiny;
     EXPECT_EQ(0, m.isRigid());
 }
 
@@ -108,7 +105,7 @@ TEST(Matrix4, ShortAxisRotatesOnlyByAnAngleAboveItsLength) {
     };
     check(true, 1e-4, -1);
     check(false, below(1e-4), -1);
-    check(true, 5e-5, support::above(5e-5));
+    check(true, 5e-5, above(5e-5));
     check(false, 5e-5, 5e-5);
     double const c = std::cos(0.5); // without an axis, only the cosine remains
     CheckElements({c, 0, 0, 0, 0, c, 0, 0, 0, 0, c, 0, 0, 0, 0, 1},
@@ -118,31 +115,30 @@ TEST(Matrix4, ShortAxisRotatesOnlyByAnAngleAboveItsLength) {
 // Column vectors here and row vectors there: the same elements rotate the other way.
 TEST(Matrix4, ConvertedMatrixRotatesRowVectorsTheOtherWay) {
     mgMatrix4_c const turn = placed({0, 0, 2}, std::acos(0.0), 1, {1, 2, 3});
-    EXPECT_LT(support::gap(mgVector_c(0, 1, 0), turn * mgVector_c(1, 0, 0)), 1e-15);
-    EXPECT_LT(support::gap(mgVector_c(0, -1, 0), mgVector_c(1, 0, 0) * turn.convertToMatrix()),
-              1e-15);
+    EXPECT_LT(gap(V(0, 1, 0), turn * V(1, 0, 0)), 1e-15);
+    EXPECT_LT(gap(V(0, -1, 0), V(1, 0, 0) * turn.convertToMatrix()), 1e-15);
 }
 
 TEST(Matrix4, AxisAngleAndInterpolationAreThoseOfTheRotation) {
-    support::Random random;
+    Random random;
     for (int i = 0; i < 1000; ++i) {
-        auto const axis = random.triple<mgUnitVector_c>(0.1, 1);
-        auto const move = random.triple<mgVector_c>(-5, 5);
+        auto const axis = random.triple<U>(0.1, 1);
+        auto const move = random.triple<V>(-5, 5);
         double const angle = random.uniform(0.1, 3) * (i % 2 == 0 ? 1 : -1);
         double const scale = random.uniform(0.5, 2), t = random.uniform(0, 1);
         auto const at = [&](double s) {
             return placed(axis, angle * s, std::pow(scale, s), s * move);
         };
         ASSERT_NEAR(angle, at(1).getRotationAngle(7.0 * axis), 1e-14);
-        ASSERT_LT(support::gap(axis, at(1).getRotationAxis()), 1e-12);
+        ASSERT_LT(gap(axis, at(1).getRotationAxis()), 1e-12);
         ASSERT_LT(mgMatrix4_c::interpolate(at(0), at(1), t).distTo(at(t)), 1e-12);
         ASSERT_EQ(1, mgMatrix4_c::interpolate(at(0), at(1), -t) == at(0));
     }
-    EXPECT_BITS_EQ(mgUnitVector_c::xAxis(), mgMatrix4_c().getRotationAxis());
+    EXPECT_BITS_EQ(U::xAxis(), mgMatrix4_c().getRotationAxis());
 }
 
 TEST(Matrix4, AStepTooSmallToTellItsAxisRotatesAboutX) {
-    auto const check = [](mgVector_c const &axis, double angle, double rotated, Caller = {}) {
+    auto const check = [](V const &axis, double angle, double rotated, Caller = {}) {
         auto const to = mgMatrix4_c::rotationMatrix(axis, angle);
         auto const expected = mgMatrix4_c::rotationMatrix({1, 0, 0}, rotated);
         EXPECT_LT(mgMatrix4_c::interpolate({}, to, 0.5).distTo(expected), 1e-12) << angle;
@@ -151,11 +147,11 @@ TEST(Matrix4, AStepTooSmallToTellItsAxisRotatesAboutX) {
     check({0, 1, 0}, 9.9e-5, 0);
     check({0, 0, 1}, -9.9e-5, 0);
     auto const to = mgMatrix4_c::rotationMatrix({0, 0, 1}, -1.01e-4); // large enough
-    EXPECT_BITS_EQ(mgUnitVector_c::zAxis(), to.getRotationAxis());
+    EXPECT_BITS_EQ(U::zAxis(), to.getRotationAxis());
 }
 
 TEST(Matrix4, RigidTransformIsAFrameAndTheOuterProductFillsTheUpperLeft) {
-    mgVector_c const origin(1, 2, 3);
+    V const origin(1, 2, 3);
     CheckElements({0, -1, 0, 1, 1, 0, 0, 2, 0, 0, 1, 3, 0, 0, 0, 1},
                   mgMatrix4_c::rigidTransform(origin, {0, 2, 0}, {-3, 9, 0}));
     EXPECT_EQ(1, mgMatrix4_c::rigidTransform(origin, {1, 1, 0}, {-2, -2, 0})

@@ -1,18 +1,13 @@
 // SPDX-License-Identifier: MIT
 // 3x3 matrices: flag and elements, products, orthonormalisation, repair.
 
-#include <vexmath/matrix.h>
-
 #include <type_traits>
 
 #include "common/geometry.h"
 
 namespace {
 
-using support::above;
-using support::below;
-using support::Caller;
-using support::kNaN;
+using namespace common;
 
 static_assert(std::is_trivially_copyable_v<mgMatrix_c> && std::is_standard_layout_v<mgMatrix_c>);
 
@@ -100,13 +95,13 @@ TEST(Matrix, ProductsUseElementsUnlessBothFlagsAreSet) {
 }
 
 TEST(Matrix, OnlyVectorsTakeShortCuts) {
-    double const inf = support::kInfinity;
-    mgVector_c const v(inf, -0.0, 1.0);
+    double const inf = kInfinity;
+    V const v(inf, -0.0, 1.0);
     EXPECT_BITS_EQ(v, v * raw(one));
-    EXPECT_BITS_EQ(mgPoint_c(inf, kNaN, kNaN), mgPoint_c(v) * raw(one));
-    EXPECT_BITS_EQ(mgVector_c(), mgVector_c(-0.0, 0.0, -0.0) * raw({inf, 0, 0, 0, 0, 0, 0, 0, 0}));
-    EXPECT_BITS_EQ(mgVector_c(30.0, 36.0, 45.0), mgVector_c(1.0, 2.0, 3.0) * stale(counted));
-    EXPECT_BITS_EQ(mgPoint_c(14.0, 32.0, 53.0), raw(counted) * mgPoint_c(1.0, 2.0, 3.0));
+    EXPECT_BITS_EQ(P(inf, kNaN, kNaN), P(v) * raw(one));
+    EXPECT_BITS_EQ(V(), V(-0.0, 0.0, -0.0) * raw({inf, 0, 0, 0, 0, 0, 0, 0, 0}));
+    EXPECT_BITS_EQ(V(30.0, 36.0, 45.0), V(1.0, 2.0, 3.0) * stale(counted));
+    EXPECT_BITS_EQ(P(14.0, 32.0, 53.0), raw(counted) * P(1.0, 2.0, 3.0));
 }
 
 TEST(Matrix, NearnessIncludesOrExcludesItsBound) {

@@ -5,18 +5,19 @@
 
 namespace {
 
+using namespace common;
+
 TEST(NullSpace, DimensionGoesByFixedBounds) {
-    auto const check = [](int expected, mgVector_c const &diagonal, bool force = false,
-                          support::Caller = {}) {
+    auto const check = [](int expected, V const &diagonal, bool force = false, Caller = {}) {
         mgMatrix_c m;
         for (int i = 0; i < 3; ++i) m(i, i) = diagonal.component(i);
-        mgUnitVector_c basis[3];
+        U basis[3];
         EXPECT_EQ(expected, m.getNullspace(basis, force));
         for (int i = 0; i < 3; ++i) EXPECT_EQ(i >= expected, basis[i].isNull());
-        EXPECT_EQ(expected == 3, basis[1] == mgUnitVector_c::yAxis());
+        EXPECT_EQ(expected == 3, basis[1] == U::yAxis());
         EXPECT_EQ(expected == 3, basis[2].z() == 1.0);
     };
-    double const tiny = support::below(1e-8), more = support::above(1e-8);
+    double const tiny = below(1e-8), more = above(1e-8);
     check(1, {1, 1, 1e-8}); // determinant of exactly 1e-08
     check(0, {1, -1, more});
     check(1, {1, -1, more}, true);
@@ -25,22 +26,21 @@ TEST(NullSpace, DimensionGoesByFixedBounds) {
     // The square of 1e-08 is the bound of the cross product, a step above 1e-16.
     check(1, {1, 1e-8, 0});
     check(2, {1, tiny, 0});
-    check(0, {support::kNaN, 1, 1});
+    check(0, {kNaN, 1, 1});
 }
 
 double longestColumn(mgMatrix_c const &m) {
     double longest = 0.0;
-    for (int j = 0; j < 3; ++j)
-        longest = std::max(longest, mgVector_c(m(0, j), m(1, j), m(2, j)).len());
+    for (int j = 0; j < 3; ++j) longest = std::max(longest, V(m(0, j), m(1, j), m(2, j)).len());
     return longest;
 }
 
 /// M n of the one null vector, relative to the longest column.
 double residual(mgMatrix_c const &m) {
-    mgUnitVector_c n[3];
+    U n[3];
     EXPECT_EQ(1, m.getNullspace(n, true));
     EXPECT_NEAR(1.0, n[0].len(), 1e-15);
-    return (m * mgPoint_c(n[0]) - mgPoint_c()).len() / longestColumn(m);
+    return (m * P(n[0]) - P()).len() / longestColumn(m);
 }
 
 TEST(NullSpace, TheNullVectorGivesZeroAlsoForNearlyParallelColumns) {
@@ -55,26 +55,26 @@ TEST(NullSpace, TheNullVectorGivesZeroAlsoForNearlyParallelColumns) {
                            0);
         EXPECT_LT(residual(m), 1e-15) << k;
     }
-    support::Random random;
+    Random random;
     for (int i = 0; i < 3000; ++i) {
         mgMatrix_c m, other;
-        m.tensor(support::direction(random), support::direction(random));
+        m.tensor(direction(random), direction(random));
         double const across = std::pow(10.0, -7.5 * random.uniform(0, 1));
-        other.tensor(across * support::direction(random), support::direction(random));
+        other.tensor(across * direction(random), direction(random));
         m += other; // a rounding from rank two
-        mgUnitVector_c n[3];
+        U n[3];
         if (m.getNullspace(n, true) == 2) continue; // closer to rank one than that
         ASSERT_LT(residual(m), 1e-15) << across;
     }
 }
 
 TEST(NullSpace, NullVectorsOfARankOneMatrixArePerpendicularToItsColumns) {
-    support::Random random;
+    Random random;
     for (int i = 0; i < 1000; ++i) {
-        auto const a = random.triple<mgVector_c>(0.1, 2), b = random.triple<mgVector_c>(0.1, 2);
+        auto const a = random.triple<V>(0.1, 2), b = random.triple<V>(0.1, 2);
         mgMatrix_c m;
         m.tensor(a, b); // columns along a
-        mgUnitVector_c n[2];
+        U n[2];
         ASSERT_EQ(2, m.getNullspace(n, false));
         ASSERT_NEAR(0.0, n[0] % a, 1e-14);
         ASSERT_NEAR(0.0, n[1] % a, 1e-14);

@@ -3,21 +3,18 @@
 
 #include "common/geometry.h"
 
-#include <vexmath/quaternion.h>
-
 namespace {
 
-using support::Caller;
+using namespace common;
 
 static_assert(std::is_trivially_copyable_v<mgQuaternion_c>);
 
 template <class... From>
 constexpr bool noneConverts = !(std::is_constructible_v<mgQuaternion_c, From> || ...);
-static_assert(
-    noneConverts<mgVector_c, mgUnitVector_c, mgPoint_c, mgVector4_c, double const *, int>);
+static_assert(noneConverts<V, U, P, mgVector4_c, double const *, int>);
 
-mgQuaternion_c about(mgUnitVector_c const &axis, double angle) {
-    mgVector_c const v = std::sin(angle / 2) * axis;
+mgQuaternion_c about(U const &axis, double angle) {
+    V const v = std::sin(angle / 2) * axis;
     return {v.x(), v.y(), v.z(), std::cos(angle / 2)};
 }
 
@@ -43,7 +40,7 @@ TEST(Quaternion, EqualityIsStrictlyWithinItsBound) {
         mgQuaternion_c const q(0, 0, 0, 0);
         mgQuaternion_c on = q, within = q;
         on[i] = 1e-05;
-        within[i] = support::above(-1e-05);
+        within[i] = above(-1e-05);
         EXPECT_FALSE(q == on) << i;
         EXPECT_TRUE(q == within) << i;
     }
@@ -51,9 +48,9 @@ TEST(Quaternion, EqualityIsStrictlyWithinItsBound) {
 
 // Quaternions rotate column vectors, so a rotation of row vectors has the opposite angle.
 TEST(Quaternion, OfARotationHasTheOppositeAngleAndConvertsBack) {
-    support::Random random;
+    Random random;
     for (int i = 0; i < 3000; ++i) {
-        mgUnitVector_c const axis = support::direction(random);
+        U const axis = direction(random);
         double const angle = i % 2 == 0 ? random.uniform(-3.1, 3.1) : random.uniform(3.0, 3.3);
         mgMatrix_c const m = mg_RotationMatrix(angle, axis, 0);
         mgQuaternion_c const q = quaternionOf(m), expected = about(axis, -angle);
@@ -65,14 +62,14 @@ TEST(Quaternion, OfARotationHasTheOppositeAngleAndConvertsBack) {
         ASSERT_EQ(0, back.isIdentity());
     }
     CheckNear({0, 0, 0, 1}, quaternionOf({}), 0);
-    for (mgUnitVector_c const &axis : {mgUnitVector_c(1, 0, 0), {0, 1, 0}, {0, 0, 1}}) {
+    for (U const &axis : {U(1, 0, 0), {0, 1, 0}, {0, 0, 1}}) {
         mgMatrix_c const halfTurn = mg_RotationMatrix(vexmath::kPi, axis, 1e-6);
         CheckNear(about(axis, vexmath::kPi), quaternionOf(halfTurn), 1e-14);
     }
 }
 
 TEST(Quaternion, SlerpRotatesEvenlyAlongTheShorterArc) {
-    mgUnitVector_c const axis(1, 2, 2);
+    U const axis(1, 2, 2);
     mgQuaternion_c const a = about(axis, 0.2), b = about(axis, 1.8);
     for (double t : {-0.5, 0.0, 0.3, 0.5, 1.0, 1.5}) {
         CheckNear(about(axis, 0.2 + t * 1.6), slerp(a, b, t), 1e-15);
@@ -82,7 +79,7 @@ TEST(Quaternion, SlerpRotatesEvenlyAlongTheShorterArc) {
 
 TEST(Quaternion, OppositeQuaternionsAreNotBlended) {
     mgQuaternion_c const a = about({1, 2, 2}, 0.2);
-    CheckNear(a, slerp(a, negated(a), support::below(0.5)), 0);
+    CheckNear(a, slerp(a, negated(a), below(0.5)), 0);
     CheckNear(negated(a), slerp(a, negated(a), 0.5), 0);
 }
 

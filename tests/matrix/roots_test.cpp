@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Real roots of quadratics and cubics.
 
-#include "common/geometry.h"
-
 #include <vector>
+
+#include "common/geometry.h"
 
 namespace {
 
-using support::below;
-using support::kNaN;
+using namespace common;
 
 constexpr double untouched = -777.0;
 
@@ -25,7 +24,7 @@ TEST(Roots, OfAQuadraticAreNotSorted) {
     CheckQuadratic(1, 0, -d / 4, {-std::sqrt(d) / 2, std::sqrt(d) / 2});
     CheckQuadratic(1, 0, below(d) / -4, {0, 0});
     CheckQuadratic(1, 0, d / 4, {0, 0});
-    CheckQuadratic(1, 0, support::above(d) / 4, {});
+    CheckQuadratic(1, 0, above(d) / 4, {});
     // Without a leading coefficient a line remains, or nothing.
     CheckQuadratic(below(1e-13), -1, 1, {1});
     CheckQuadratic(1e-13, 1, 0, {-2 * (0.5 / 1e-13), 0});
@@ -34,10 +33,10 @@ TEST(Roots, OfAQuadraticAreNotSorted) {
 }
 
 void CheckOlder(double a, double b, double c, double disc, double root1, double root2,
-                support::Caller = {}) {
+                Caller = {}) {
     double got[3] = {untouched, untouched, untouched};
     mgSolveQuadratic(a, b, c, &got[0], &got[1], &got[2]);
-    EXPECT_BITS_EQ(mgPoint_c(disc, root1 + 0.0, root2 + 0.0), mgPoint_c(got) + mgVector_c());
+    EXPECT_BITS_EQ(P(disc, root1 + 0.0, root2 + 0.0), P(got) + V());
 }
 
 TEST(Roots, OfTheOlderQuadraticAreSorted) {
@@ -48,13 +47,13 @@ TEST(Roots, OfTheOlderQuadraticAreSorted) {
     CheckOlder(1e-8, 1, 0, 1, -1e8, 0);
     CheckOlder(0, below(1e-8), 1, -1, untouched, untouched);
     CheckOlder(0, -1e-8, 1e-8, 1e-8 * 1e-8, 1, 1);
-    CheckOlder(1, 0, support::kTiny, -4 * support::kTiny, untouched, untouched);
+    CheckOlder(1, 0, kTiny, -4 * kTiny, untouched, untouched);
     CheckOlder(1e200, 1e200, 1e200, kNaN, kNaN, kNaN); // infinity less infinity
     CheckOlder(kNaN, 1, 1, kNaN, kNaN, kNaN);
 }
 
 void CheckCubic(double a, double b, double c, double d, std::vector<double> const &expected,
-                double bound, support::Caller = {}) {
+                double bound, Caller = {}) {
     double roots[3];
     ASSERT_EQ(expected.size(), static_cast<std::size_t>(mg_solveCubic(a, b, c, d, roots)));
     for (std::size_t i = 0; i < expected.size(); ++i)
@@ -78,7 +77,7 @@ TEST(Roots, AFallingCubicIsHalvedAtEveryStep) {
     }
 }
 
-void CheckLeast(double a, double b, double c, double d, double root, support::Caller = {}) {
+void CheckLeast(double a, double b, double c, double d, double root, Caller = {}) {
     double roots[3];
     mg_solveCubic(a, b, c, d, roots);
     EXPECT_EQ(root, roots[0]) << a << " " << b << " " << c << " " << d;
@@ -95,7 +94,7 @@ TEST(Roots, OfACubicAreThoseOfThePlainSearch) {
 }
 
 TEST(Roots, EveryHostileEquationEnds) {
-    support::Random random;
+    Random random;
     for (int i = 0; i < 50000; ++i) {
         double k[4], roots[3] = {}, disc;
         for (double &coefficient : k) coefficient = random.hostile();
@@ -106,10 +105,10 @@ TEST(Roots, EveryHostileEquationEnds) {
 }
 
 void CheckGood(double a, double b, double c, mg_GoodEqu3Status status, double r0 = untouched,
-               double r1 = untouched, double r2 = untouched, support::Caller = {}) {
+               double r1 = untouched, double r2 = untouched, Caller = {}) {
     double roots[3] = {untouched, untouched, untouched};
     EXPECT_EQ(status, mg_GoodEqu3(a, b, c, roots)) << a << " " << c;
-    EXPECT_LT(support::gap(mgPoint_c(r0, r1, r2), mgPoint_c(roots)), 1e-13);
+    EXPECT_LT(gap(P(r0, r1, r2), P(roots)), 1e-13);
 }
 
 TEST(Roots, OfACharacteristicCubicDescend) {

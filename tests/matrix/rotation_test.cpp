@@ -5,23 +5,22 @@
 
 namespace {
 
-using support::above;
-using support::Caller;
+using namespace common;
 
-mgUnitVector_c const x(1, 0, 0), y(0, 1, 0), z(0, 0, 1);
+U const x(1, 0, 0), y(0, 1, 0), z(0, 0, 1);
 
 TEST(Rotation, RotatesCounterClockwiseAboutItsAxis) {
-    support::Random random;
+    Random random;
     for (int i = 0; i < 1000; ++i) {
         double const angle = random.uniform(-10, 10), c = std::cos(angle), s = std::sin(angle);
-        mgUnitVector_c const a = support::direction(random);
+        U const a = direction(random);
         mgMatrix_c const m = mg_RotationMatrix(angle, 3.0 * a, 0.0);
-        auto const v = random.triple<mgVector_c>(-1, 1);
-        ASSERT_LT(support::gap(c * v + s * (a * v) + ((1 - c) * (a % v)) * a, v * m), 2e-15);
+        auto const v = random.triple<V>(-1, 1);
+        ASSERT_LT(gap(c * v + s * (a * v) + ((1 - c) * (a % v)) * a, v * m), 2e-15);
 
-        mgUnitVector_c const axis = m.getRotationAxis();
+        U const axis = m.getRotationAxis();
         if (std::fabs(s) < 0.01) continue;
-        ASSERT_LT(support::gap(axis % a < 0.0 ? -axis : axis, a), 1e-10); // 1e-16 / s^2
+        ASSERT_LT(gap(axis % a < 0.0 ? -axis : axis, a), 1e-10); // 1e-16 / s^2
         ASSERT_BITS_EQ(m.getRotationAngle(&axis), m.getRotationAngle(nullptr));
         if (std::min({a.x(), a.y(), a.z()}) < -0.99) continue;
         // The sense of column vectors.
@@ -37,7 +36,7 @@ TEST(Rotation, QuarterTurnsSnapStrictlyWithinTheTolerance) {
         for (double const angle : {turn - 1e-3, turn + 1e-3}) {
             double const distance = std::fabs(angle - turn);
             mgMatrix_c const snapped = mg_RotationMatrix(angle, z, above(distance));
-            EXPECT_BITS_EQ(mgVector_c(cosine, sine, 0), mgVector_c(&snapped[0])) << angle;
+            EXPECT_BITS_EQ(V(cosine, sine, 0), V(&snapped[0])) << angle;
             EXPECT_BITS_EQ(mg_RotationMatrix(angle, z, 0), mg_RotationMatrix(angle, z, distance));
         }
     };
@@ -47,26 +46,26 @@ TEST(Rotation, QuarterTurnsSnapStrictlyWithinTheTolerance) {
     double const rows[][3] = {{1, 1e-3, above(1e-3)}, // the identity, angle, tolerance
                               {0, 1e-3, 1e-3},
                               {1, 1e-7 - 3.0 * 6.2831853071796, 1e-6}, // fmod keeps the sign
-                              {1, -support::below(1e-12), 0},
+                              {1, -below(1e-12), 0},
                               {0, 1e-12, 0}};
     for (auto const &[identity, angle, tol] : rows)
         EXPECT_EQ(identity, mg_RotationMatrix(angle, x, tol).isIdentity()) << angle << ' ' << tol;
 }
 
 TEST(Rotation, WithoutAnAxisKeepsTheSignOfTheCosine) {
-    auto const check = [](double diagonal, double angle, mgVector_c const &axis, Caller = {}) {
+    auto const check = [](double diagonal, double angle, V const &axis, Caller = {}) {
         mgMatrix_c const m = mg_RotationMatrix(angle, axis, 1e-6);
         for (int k = 0; k < 9; ++k) EXPECT_EQ(k % 4 == 0 ? diagonal : 0.0, m[k]) << angle;
     };
     check(1, 1, {});
     check(-1, 2, {3e-9, 0, 0});
     check(0, 1.5707963267949, {});
-    check(-1, 2, {support::kNaN, 1, 0});
-    check(0, support::kNaN, x);
+    check(-1, 2, {kNaN, 1, 0});
+    check(0, kNaN, x);
 }
 
 TEST(Rotation, AngleAboutANegativeAxisIsZero) {
-    mgUnitVector_c const down = -z;
+    U const down = -z;
     EXPECT_EQ(0.0, mg_RotationMatrix(1, z, 0).getRotationAngle(&down));
 }
 

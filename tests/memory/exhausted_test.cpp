@@ -3,10 +3,9 @@
 // the copy of a transform's perspective record throws, nothing leaks, and the outputs are as the
 // headers promise. complete.py checks that every exported function that allocates is called here.
 
-#include <vexmath/vexmath.h>
-
 #include <algorithm>
 #include <climits>
+#include <memory>
 #include <numeric>
 #include <sstream>
 #include <vector>
@@ -15,6 +14,8 @@
 #include "memory/heap.h"
 
 namespace {
+
+using namespace common;
 
 /// One run of a case. The library gets `granted` blocks; then one request is refused or, when
 /// `lasting`, all are.
@@ -63,7 +64,7 @@ void CheckEach(char const *what, Body const &body) {
 }
 
 using Ints = suDynamicArray<int>;
-using Points = suDynamicArray<mgPoint_c>;
+using Points = suDynamicArray<P>;
 
 bool isUpTo(int count, Ints const &list) {
     for (int i = 0; i < list.Count(); ++i)
@@ -94,21 +95,27 @@ void CheckEdit(char const *what, int count, int mode, int n, void *(*edit)(void 
     });
 }
 
-TEST(Exhausted, AnArrayIsNotMadeOrIsUntouched) {
-    CheckEach("make", [](Trial &trial) {
-        Ints const model = numbers(0, 9);
-        void *made[4] = {};
-        trial.run([&] {
-            made[0] = suDynArrayAlloc(9, 4, 1, 4);
-            made[1] = suDynArrayAllocSpecial(9, 4, 1, 4);
-            made[2] = suDynArrayAlloc1(9, model.Data());
-            made[3] = amDynamicArrayCopy(model.Data(), 1);
-        });
-        for (void *const array : made) {
-            EXPECT_TRUE(array != nullptr || trial.refused);
-            if (array != nullptr) amDynamicArrayFree(array);
-        }
+/// `make` returns the owner of a new object, or of null when a request was refused.
+template <class Make>
+void CheckMade(char const *what, Make const &make) {
+    CheckEach(what, [&](Trial &trial) {
+        decltype(make()) made;
+        trial.run([&] { made = make(); });
+        EXPECT_TRUE(made != nullptr || trial.refused);
     });
+}
+
+struct FreeArray {
+    void operator()(void *array) const { amDynamicArrayFree(array); }
+};
+using Array = std::unique_ptr<void, FreeArray>;
+
+TEST(Exhausted, AnArrayIsNotMadeOrIsUntouched) {
+    Ints const model = numbers(0, 9);
+    CheckMade("alloc", [] { return Array(suDynArrayAlloc(9, 4, 1, 4)); });
+    CheckMade("special", [] { return Array(suDynArrayAllocSpecial(9, 4, 1, 4)); });
+    CheckMade("like", [&] { return Array(suDynArrayAlloc1(9, model.Data())); });
+    CheckMade("copy", [&] { return Array(amDynamicArrayCopy(model.Data(), 1)); });
     CheckEdit("add", 9, 1, 1, amDynamicArrayAdd);
     CheckEdit("add to many", 40000, 2, 1, amDynamicArrayAdd);
     CheckEdit("append", 40000, 2, 30000, amDynamicArrayAppend);
@@ -159,8 +166,8 @@ void CheckPolyline(char const *what, int kept, Tessellate const &tessellate) {
     for (bool const toList : {false, true})
         CheckEach(what, [&](Trial &trial) {
             Points list;
-            for (int i = 0; i < 3; ++i) list.Add(mgPoint_c());
-            mgPoint_c *made = nullptr;
+            for (int i = 0; i < 3; ++i) list.Add(P());
+            P *made = nullptr;
             int count = -1;
             trial.run([&] { tessellate(toList ? nullptr : &made, count, &list); });
             bool const done = count > 0;
@@ -173,10 +180,10 @@ void CheckPolyline(char const *what, int kept, Tessellate const &tessellate) {
 }
 
 TEST(Exhausted, APolylineHasCountZero) {
-    mgPoint_c const o, p(2.0, -2.0, 0.0), q(2.0, 2.0, 0.0);
+    P const o, p(2.0, -2.0, 0.0), q(2.0, 2.0, 0.0);
     arcEdgeData const arc{o, {0.0, 0.0, 1.0}, 2.0};
     ellipseEdgeData const ellipse{o, {1.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, 2.0, 1.0, p, p};
-    parabolaEdgeData const conic{o, mgPoint_c(1.0, 0.0, 0.0), {}, p, q, {0.0, 0.0, 1.0}};
+    parabolaEdgeData const conic{o, P(1.0, 0.0, 0.0), {}, p, q, {0.0, 0.0, 1.0}};
     CheckPolyline("arc", 3, [&](auto &&...out) { mg_TessArc(&arc, &p, &p, 1e-3, out...); });
     CheckPolyline("ellipse", 3,
                   [&](auto &&...out) { mg_TessEllipse(&ellipse, &p, &p, 1e-3, out...); });
@@ -204,12 +211,12 @@ bool areSame(Point const *a, Point const *b, int count) {
 
 TEST(Exhausted, PointsAreSorted) {
     CheckEach("sort", [](Trial &trial) {
-        support::Random random;
-        std::vector<mgPoint_c> points(3000);
-        for (mgPoint_c &p : points) p = random.triple<mgPoint_c>(0.0, 1e6);
-        std::vector<mgPoint_c> sorted = points;
+        Random random;
+        std::vector<P> points(3000);
+        for (P &p : points) p = random.triple<P>(0.0, 1e6);
+        std::vector<P> sorted = points;
         std::sort(sorted.begin(), sorted.end(),
-                  [](mgPoint_c const &p, mgPoint_c const &q) { return p.x() < q.x(); });
+                  [](P const &p, P const &q) { return p.x() < q.x(); });
         trial.run([&] { mg_pointQuickSort(points.data(), 0, 2999); });
         EXPECT_TRUE(areSame(points.data(), sorted.data(), 3000));
     });
@@ -220,9 +227,9 @@ TEST(Exhausted, PointsAreSorted) {
 void CheckTour(char const *what, int n, double x, bool hasRoom, void (*tour)(Points &, Ints &),
                bool isSorted = false) {
     CheckEach(what, [=](Trial &trial) {
-        support::Random random;
+        Random random;
         Points points;
-        for (int i = 0; i < n; ++i) points.Add(random.triple<mgPoint_c>(0.0, 9.0));
+        for (int i = 0; i < n; ++i) points.Add(random.triple<P>(0.0, 9.0));
         points[0].set_x(x);
         Ints order;
         if (hasRoom) order = numbers(0, n);
@@ -270,10 +277,10 @@ TEST(Exhausted, AnAreaIsNotHatched) {
 TEST(Exhausted, AHullIsNotMade) {
     for (int const n : {6, 30, 2100})
         CheckEach("hull", [n](Trial &trial) {
-            support::Random random;
+            Random random;
             suDynamicArray<mg2DPoint_c> input, hull;
             for (int i = 0; i < n; ++i) {
-                mgUnitVector_c const u = support::direction(random);
+                U const u = direction(random);
                 input.Add(i % 2 == 0 || i > 20 ? mg2DPoint_c(u.x(), u.y()) : input[i - 1]);
             }
             for (int i = 0; i < 7; ++i) hull.Add(mg2DPoint_c());
@@ -304,16 +311,16 @@ TEST(Exhausted, SegmentsAreMergedOrTheListStays) {
 
 mgXform_c viewWithARecord() {
     mgMatrix_c const turn = mg_RotationMatrix(1.0, {1.0, 2.0, 3.0}, 0.0);
-    mgXform_c view = support::raw(turn, {1.0, 2.0, 3.0}, 2.0);
+    mgXform_c view = raw(turn, {1.0, 2.0, 3.0}, 2.0);
     view.addPerspectiveInfo(mgPerspInfo_c(0.0, 0.0, -9.0, 1.0));
     return view;
 }
 
 TEST(Exhausted, OnlyTheCopyOfARecordThrows) {
-    mgPoint_c const o;
+    P const o;
     CheckEach("record", [&](Trial &trial) {
         mgXform_c const view = viewWithARecord();
-        mgXform_c const old = support::raw({}, {7.0, 8.0, 9.0}, 4.0, 1);
+        mgXform_c const old = raw({}, {7.0, 8.0, 9.0}, 4.0, 1);
         mgXform_c made[6] = {old, old, old, old, old, old};
         bool const threw = trial.throws([&] {
             mgXform_c const copy(view), before = copy * view, behind = view * before;
@@ -335,15 +342,11 @@ TEST(Exhausted, OnlyTheCopyOfARecordThrows) {
 
 TEST(Exhausted, AGeneralTransformIsMadeOrSetWholeOrNotAtAll) {
     double const factors[] = {2.0, 3.0, 4.0};
-    CheckEach("create", [&](Trial &trial) {
-        mgXform_c const view = viewWithARecord();
-        mgGenXform_c *made = nullptr;
-        trial.run([&] { made = mgGenXform_c::create(&view, &view, factors); });
-        EXPECT_TRUE(made != nullptr || trial.refused);
-        delete made;
+    mgXform_c const view = viewWithARecord();
+    CheckMade("create", [&] {
+        return std::unique_ptr<mgGenXform_c>(mgGenXform_c::create(&view, &view, factors));
     });
     CheckEach("set", [&](Trial &trial) {
-        mgXform_c const view = viewWithARecord();
         mgGenXform_c general;
         bool done = false;
         trial.throws([&] { done = general.set(&view, factors) != 0; });
@@ -351,12 +354,7 @@ TEST(Exhausted, AGeneralTransformIsMadeOrSetWholeOrNotAtAll) {
         EXPECT_EQ(done, general.isScaleIdentity() == 0);
         EXPECT_EQ(done, general.getBodyXform().hasPerspective() != 0);
     });
-    CheckEach("direction", [](Trial &trial) {
-        mgUnitVector_c *made = nullptr;
-        trial.run([&] { made = mgUnitVector_c::random(); });
-        EXPECT_TRUE(made != nullptr || trial.refused);
-        delete made;
-    });
+    CheckMade("direction", [] { return std::unique_ptr<U>(U::random()); });
 }
 
 TEST(Exhausted, ATextIsEmptyAndAnArchiveThrows) {
@@ -371,12 +369,11 @@ TEST(Exhausted, ATextIsEmptyAndAnArchiveThrows) {
             x.restoreStringRep(texts[1]);
             mgBBox_c().saveStringRep(texts[2]);
             mgBBox_c().dump();
-            mgPoint_c().Dump(context);
+            P().Dump(context);
         });
-        int const lengths[] = {600, 31, 11};
         for (int i = 0; i < 3; ++i) {
-            int const length = texts[i].GetLength();
-            EXPECT_TRUE(length == lengths[i] || (length == 0 && trial.refused));
+            int const length = texts[i].GetLength(), whole[] = {600, 31, 11};
+            EXPECT_TRUE(length == whole[i] || (length == 0 && trial.refused));
         }
     });
     CheckEach("archive that ends", [](Trial &trial) {

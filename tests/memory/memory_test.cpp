@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What is called for every vertex or pair allocates nothing, and a value is as large as its fields.
-
-#include <vexmath/vexmath.h>
+// What is called for every vertex or pair allocates nothing.
 
 #include <sstream>
 
@@ -10,39 +8,17 @@
 
 namespace {
 
-template <class T>
-constexpr bool holdsDoubles(std::size_t count) {
-    return sizeof(T) == count * sizeof(double);
-}
-
-static_assert(holdsDoubles<mgVector_c>(3) && holdsDoubles<mgPoint_c>(3));
-static_assert(holdsDoubles<mgUnitVector_c>(3) && holdsDoubles<gcMdiPoint_c>(3));
-static_assert(holdsDoubles<mg2DPoint_c>(2) && holdsDoubles<mgVector4_c>(4));
-static_assert(sizeof(mgTessPoint2D_c) == 3 * sizeof(float));
-static_assert(holdsDoubles<mgMatrix4_c>(16) && holdsDoubles<mgQuaternion_c>(4));
-static_assert(holdsDoubles<mgRect>(4) && sizeof(mgCheckSum_c) == 8);
-static_assert(holdsDoubles<mgLine_c>(6) && holdsDoubles<mgPlane_c>(6)
-              && holdsDoubles<mgCircle_c>(7));
-static_assert(holdsDoubles<arcEdgeData>(7) && holdsDoubles<ellipseEdgeData>(17));
-static_assert(holdsDoubles<parabolaEdgeData>(17));
-// An int, bool or pointer takes the place of a double where doubles are aligned to 8 bytes.
-#if defined(__x86_64__) || defined(__aarch64__)
-static_assert(holdsDoubles<mgMatrix_c>(10) && holdsDoubles<mgXform_c>(16));
-static_assert(holdsDoubles<mgGenXform_c>(35) && holdsDoubles<mgPrimitiveBodyData_c>(8));
-static_assert(holdsDoubles<mgPerspInfo_c>(7) && holdsDoubles<mgModelPerspInfo_c>(10));
-static_assert(holdsDoubles<mgCone_c>(9) && holdsDoubles<mgCylinder_c>(9));
-static_assert(holdsDoubles<mgArc_c>(26) && holdsDoubles<suDynamicArray<int>>(2));
-#endif
+using namespace common;
 
 struct Scene {
-    support::Random random;
-    mgXform_c a = support::placement(random), b = support::placement(random), out, view;
-    mgPoint_c points[21], p, q;
-    mgUnitVector_c u = support::direction(random), axes[3];
+    Random random;
+    mgXform_c a = placement(random), b = placement(random), out, view;
+    P points[21], p, q;
+    U u = direction(random), axes[3];
     mgLine_c line{points[0], u};
     mgPlane_c plane{points[1], u};
     mgGenXform_c general;
-    mgBBox_c box{mgPoint_c(-1.0, -2.0, -3.0), mgPoint_c(1.0, 2.0, 3.0)}, grown;
+    mgBBox_c box{P(-1.0, -2.0, -3.0), P(1.0, 2.0, 3.0)}, grown;
     mgMatrix4_c m4;
     std::stringstream stream{std::string(4096, ' ')}; // room enough: writing does not extend it
     su_CArchive archive{stream};
@@ -56,7 +32,7 @@ TEST(Memory, NothingIsAllocatedForAPointAPlacementOrAPair) {
     s.general = s.view;
     s.general.set(&s.view, s.numbers);
     auto const check = [&s](char const *what, auto const &work) {
-        for (mgPoint_c &p : s.points) p = s.random.triple<mgPoint_c>(-10.0, 10.0);
+        for (P &p : s.points) p = s.random.triple<P>(-10.0, 10.0);
         int const before = heap::asked;
         work();
         int const asked = heap::asked - before;
@@ -109,18 +85,18 @@ TEST(Memory, NothingIsAllocatedForAPointAPlacementOrAPair) {
 }
 
 TEST(Memory, APolylineIsAllocatedOnceOrNotAtAll) {
-    arcEdgeData const arc{mgPoint_c(), {0.0, 0.0, 1.0}, 5.0};
-    mgPoint_c const start(5.0, 0.0, 0.0);
-    mgPoint_c *made = nullptr;
+    arcEdgeData const arc{P(), {0.0, 0.0, 1.0}, 5.0};
+    P const start(5.0, 0.0, 0.0);
+    P *made = nullptr;
     int count = 0;
     int before = heap::asked;
     mg_TessArc(&arc, &start, &start, 0.001, &made, count, nullptr);
     EXPECT_EQ(before + 1, heap::asked);
     delete[] made;
 
-    suDynamicArray<mgPoint_c> list;
-    list.Adopt(static_cast<mgPoint_c *>(suDynArrayAlloc(count + 1, 1, 1, sizeof(mgPoint_c))));
-    mgPoint_c const *const room = list.Data();
+    suDynamicArray<P> list;
+    list.Adopt(static_cast<P *>(suDynArrayAlloc(count + 1, 1, 1, sizeof(P))));
+    P const *const room = list.Data();
     before = heap::asked;
     mg_TessArc(&arc, &start, &start, 0.001, nullptr, count, &list);
     EXPECT_EQ(before, heap::asked);

@@ -1,25 +1,22 @@
 // SPDX-License-Identifier: MIT
 // Arcs and circles.
 
-#include <vexmath/arc.h>
-#include <vexmath/circle.h>
-
 #include "common/geometry.h"
 
 namespace {
 
-using support::Caller;
+using namespace common;
 
 using vexmath::kTwoPi;
 
-mgPoint_c const o;
-mgUnitVector_c const right(1, 0, 0), up(0, 0, 1);
+P const o;
+U const right(1, 0, 0), up(0, 0, 1);
 
 /// About the origin, of radius 1.
 mgArc_c ofAngles(double start, double end) { return {up, o, 1.0, start, end}; }
 
-mgVector_c endOf(mgArc_c const &arc) {
-    mgPoint_c end;
+V endOf(mgArc_c const &arc) {
+    P end;
     arc.getEndPoint(end);
     return end;
 }
@@ -42,17 +39,17 @@ TEST(Arc, FromPointsSweepsCounterClockwiseAboutTheNormal) {
 
 TEST(Arc, EndsAreComputedInThePlaneOfTheCentresZ) {
     mgArc_c arc(right, {1, 2, 3}, {1, 4, 3}, {1, 2, 5});
-    mgPoint_c centre, start, end, computed;
-    mgUnitVector_c normal;
+    P centre, start, end, computed;
+    U normal;
     arc.getCenter(centre);
     arc.getStart(start);
     arc.getEnd(end);
     arc.getStartPoint(computed);
     arc.getNormal(normal);
-    EXPECT_BITS_EQ(mgPoint_c(1, 2, 3), centre);
-    EXPECT_BITS_EQ(mgPoint_c(1, 4, 3), start);
-    EXPECT_BITS_EQ(mgPoint_c(1, 2, 5), end);
-    EXPECT_BITS_EQ(mgPoint_c(3, 2, 3), computed);
+    EXPECT_BITS_EQ(P(1, 2, 3), centre);
+    EXPECT_BITS_EQ(P(1, 4, 3), start);
+    EXPECT_BITS_EQ(P(1, 2, 5), end);
+    EXPECT_BITS_EQ(P(3, 2, 3), computed);
     EXPECT_BITS_EQ(right, normal);
     arc.set2D(true);
     arc.setMatrix(mgMatrix_c() + mgMatrix_c());
@@ -62,26 +59,26 @@ TEST(Arc, EndsAreComputedInThePlaneOfTheCentresZ) {
 
 TEST(Arc, WithoutRadiusOrSweepItIsNotValid) {
     auto const ofRadius = [](double r) { return mgArc_c(up, o, {r, 0, 0}, {0, 1, 0}); };
-    EXPECT_EQ(0, ofRadius(support::below(1e-8)).isValid());
+    EXPECT_EQ(0, ofRadius(below(1e-8)).isValid());
     EXPECT_EQ(1, ofRadius(1e-8).isValid());
     EXPECT_EQ(0.0, ofRadius(1.0).iGetAngle({0, -9e-9, 0}));
-    EXPECT_EQ(0, ofAngles(support::below(1e-11), 0).isValid());
+    EXPECT_EQ(0, ofAngles(below(1e-11), 0).isValid());
 }
 
 TEST(Arc, AngleJustBeyondAFullTurnIsKept) {
     double const beyond = kTwoPi + 9e-12, more = beyond - kTwoPi;
-    EXPECT_BITS_EQ(mgVector_c(1, more, 0), endOf(ofAngles(0, beyond)));
+    EXPECT_BITS_EQ(V(1, more, 0), endOf(ofAngles(0, beyond)));
     EXPECT_BITS_EQ(more * vexmath::kInvPi * 180, ofAngles(beyond, 0).getStartAngleInDegrees());
     EXPECT_NEAR(360, ofAngles(0, kTwoPi).getEndAngleInDegrees(), 1e-11);
     // Angles up to the half-turn bound are not mirrored; the digits that kTwoPi lacks show it.
-    double const bound = 3.1415926535998002, after = support::above(bound);
+    double const bound = 3.1415926535998002, after = above(bound);
     EXPECT_BITS_EQ(std::sin(bound), endOf(ofAngles(0, bound)).y());
     EXPECT_BITS_EQ(-std::sin(kTwoPi - after), endOf(ofAngles(0, after)).y());
 }
 
 TEST(Arc, TheAngleOfUpIsAFullTurn) {
     EXPECT_EQ(kTwoPi, mgArc_c::convertToOglAngle(1.5707963267949));
-    for (double const angle : support::hostileValues) {
+    for (double const angle : hostileValues) {
         double const ogl = mgArc_c::convertToOglAngle(angle);
         EXPECT_EQ(std::isfinite(angle), ogl >= 0 && ogl <= kTwoPi) << angle;
         EXPECT_EQ(std::isfinite(angle), endOf(ofAngles(0, angle)).len() < 1.1) << angle;
@@ -90,12 +87,11 @@ TEST(Arc, TheAngleOfUpIsAFullTurn) {
 
 TEST(Circle, IsTransformedAsAWholeAndItsNormalsSenseCounts) {
     mgCircle_c circle({1, 2, 0}, 2.0, up);
-    circle *= mg_RestoreXform({}, mgVector_c(2, 0, 1), 3.0);
-    EXPECT_BITS_EQ(mgVector_c(5, 6, 1), circle.center() - mgPoint_c());
+    circle *= mg_RestoreXform({}, V(2, 0, 1), 3.0);
+    EXPECT_BITS_EQ(V(5, 6, 1), circle.center() - P());
     EXPECT_BITS_EQ(6.0 * up, circle.radius() * circle.normal());
-    auto const check = [&](int same, double x, double radius, mgUnitVector_c const &normal,
-                           Caller = {}) {
-        EXPECT_EQ(same, circle.isEquivalent({mgPoint_c(x, 6, 1), radius, normal})) << radius;
+    auto const check = [&](int same, double x, double radius, U const &normal, Caller = {}) {
+        EXPECT_EQ(same, circle.isEquivalent({P(x, 6, 1), radius, normal})) << radius;
     };
     check(1, 5 + 0.9e-8, 6 + 0.9e-8, up);
     check(0, 5, 6 + 1.1e-8, up);

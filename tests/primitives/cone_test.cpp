@@ -1,18 +1,17 @@
 // SPDX-License-Identifier: MIT
 // Cones and cylinders.
 
-#include <vexmath/cone.h>
-#include <vexmath/mg_primitives.h>
-
 #include "common/geometry.h"
 
 namespace {
 
-mgUnitVector_c const up(0, 0, 1);
+using namespace common;
+
+U const up(0, 0, 1);
 double const eighthTurn = std::atan(1.0);
 
 TEST(Cone, AnUnsetRadiusIsNotScaled) {
-    mgXform_c const x = mg_RestoreXform({}, mgVector_c(2, 0, 1), 3.0);
+    mgXform_c const x = mg_RestoreXform({}, V(2, 0, 1), 3.0);
     mgCone_c unset, cone;
     cone.setRootPoint({1, 2, 3});
     cone.setAxis(up);
@@ -20,9 +19,8 @@ TEST(Cone, AnUnsetRadiusIsNotScaled) {
     cone.setAngle(0.5);
     unset *= x;
     cone *= x;
-    EXPECT_BITS_EQ(mgPoint_c(-2.0, 6.0, 0.5),
-                   mgPoint_c(unset.radius(), cone.radius(), cone.angle()));
-    EXPECT_BITS_EQ(mgPoint_c(5, 6, 10), cone.rootPoint());
+    EXPECT_BITS_EQ(P(-2.0, 6.0, 0.5), P(unset.radius(), cone.radius(), cone.angle()));
+    EXPECT_BITS_EQ(P(5, 6, 10), cone.rootPoint());
     EXPECT_BITS_EQ(up, cone.axis());
     EXPECT_EQ(0.01, mgCylinder_c().radius());
     EXPECT_EQ(0.0, mgCylinder_c().angle());
@@ -31,11 +29,10 @@ TEST(Cone, AnUnsetRadiusIsNotScaled) {
 TEST(Cone, TheRadiusAtTheRootIsThatOfAWideningCone) {
     mgCone_c const cone({0, 0, 1}, up, 5.0, eighthTurn);
     EXPECT_NEAR(7.0 - 2.0, cone.transformRadiusAtRoot({9, 9, 3}, 7.0), 1e-14);
-    EXPECT_BITS_EQ(mgPoint_c(0, 0, 3), cone.projectPointOnAxis({9, 9, 3}));
+    EXPECT_BITS_EQ(P(0, 0, 3), cone.projectPointOnAxis({9, 9, 3}));
 }
 
-void CheckFoot(int result, mgPoint_c const &expected, mgCone_c const &cone, mgPoint_c p,
-               support::Caller = {}) {
+void CheckFoot(int result, P const &expected, mgCone_c const &cone, P p, Caller = {}) {
     EXPECT_EQ(result, cone.pointPerp(p, &p)); // in place
     EXPECT_LT(dist(expected, p), 1e-13);
 }
@@ -49,8 +46,8 @@ TEST(Cone, TheConesFootIsThatOfItsRoot) {
 }
 
 TEST(Cylinder, TheFootLiesOnTheSurface) {
-    mgUnitVector_c const axis(1, 2, 2), side(2, 1, -2);
-    mgPoint_c const root(1, 2, 3), p = root - 5.0 * axis;
+    U const axis(1, 2, 2), side(2, 1, -2);
+    P const root(1, 2, 3), p = root - 5.0 * axis;
     mgCylinder_c const cylinder(root, axis, 2.0);
     CheckFoot(0, p + 2.0 * side, cylinder, p + 7.0 * side);
     CheckFoot(1, p + 2.0 * axis.anyUnitNormal(0), cylinder, p);
@@ -60,18 +57,18 @@ TEST(Cylinder, TheConesSettersAreInherited) {
     mgCylinder_c cylinder({}, up, 1.0), straight = cylinder;
     cylinder.setAngle(eighthTurn);
     EXPECT_EQ(eighthTurn, cylinder.angle());
-    mgPoint_c out[2];
+    P out[2];
     cylinder.extremePts({1, 0, 0}, 10.0, out); // the top's radius is that of a cone
     EXPECT_LT(dist({9, 0, 0}, out[1]), 1e-13);
     CheckFoot(0, {1, 0, 7}, cylinder, {4, 0, 7}); // the feet remain a cylinder's
     EXPECT_EQ(1, cylinder.isEquivalent(straight));
 }
 
-void CheckExtremes(mgPoint_c const &low, mgPoint_c const &high, mgCone_c const &cone,
-                   mgVector_c const &direction, support::Caller = {}) {
-    mgUnitVector_c dir;
+void CheckExtremes(P const &low, P const &high, mgCone_c const &cone, V const &direction,
+                   Caller = {}) {
+    U dir;
     dir.set(direction); // to the bit
-    mgPoint_c out[2];
+    P out[2];
     cone.extremePts(dir, 10.0, out);
     EXPECT_LT(dist(low, out[0]), 1e-13);
     EXPECT_LT(dist(high, out[1]), 1e-13);
@@ -80,7 +77,7 @@ void CheckExtremes(mgPoint_c const &low, mgPoint_c const &high, mgCone_c const &
 TEST(Cone, LookingBackTheRootAloneCounts) {
     mgCylinder_c const cylinder({}, up, 1.0);
     mgCone_c const cone({}, up, 1.0, eighthTurn); // 9 at the top
-    double const less = support::below(1e-6);
+    double const less = below(1e-6);
     CheckExtremes({-1, 0, 0}, {1, 0, 10}, cylinder, {0.6, 0, 0.8});
     CheckExtremes({-5.4, 0, 7.2}, {5.4, 0, -7.2}, cone, {0.6, 0, -0.8});
     CheckExtremes({-9, 0, 10}, {9, 0, 10}, cone, {1, 0, 1e-6});
@@ -88,8 +85,7 @@ TEST(Cone, LookingBackTheRootAloneCounts) {
 }
 
 TEST(Cylinder, EquivalenceNeedsRadii) {
-    auto const check = [](int same, double r1, double r2, double x, mgUnitVector_c const &axis,
-                          support::Caller = {}) {
+    auto const check = [](int same, double r1, double r2, double x, U const &axis, Caller = {}) {
         EXPECT_EQ(same, mgCylinder_c({}, up, r1).isEquivalent({{x, 0, 7}, axis, r2})) << r2;
     };
     check(1, 1, 1 + 9e-9, 9e-9, up);

@@ -3,48 +3,47 @@
 
 #include "common/geometry.h"
 
-#include <vexmath/mg_primitives.h>
-#include <vexmath/plane.h>
-
 namespace {
+
+using namespace common;
 
 static_assert(std::is_trivially_copyable_v<mgPlane_c> && std::is_standard_layout_v<mgLine_c>);
 static_assert(!std::is_convertible_v<mgLine_c, mgPlane_c>);
 
-mgUnitVector_c const x(1, 0, 0);
-mgLine_c const alongX(mgPoint_c(1, 0, 3), x);
+U const x(1, 0, 0);
+mgLine_c const alongX(P(1, 0, 3), x);
 
 TEST(Line, FeetMayReplaceThePointAndSnappingIsStrict) {
-    mgPoint_c p(4, 7, 3);
+    P p(4, 7, 3);
     EXPECT_EQ(3.0, alongX.pointPerpParam(p, nullptr));
     EXPECT_EQ(0, alongX.pointPerp(p, &p));
     EXPECT_EQ(1, alongX.pointPerp(p, &p)); // on the line now
-    EXPECT_EQ(1, alongX.isPointOn(mgPoint_c(5, support::below(1e-08), 3)));
-    EXPECT_EQ(0, alongX.isPointOn(mgPoint_c(5, 1e-08, 3)));
-    for (double tol : {0.5, support::above(0.5), -0.75}) { // the absolute value counts
+    EXPECT_EQ(1, alongX.isPointOn(P(5, below(1e-08), 3)));
+    EXPECT_EQ(0, alongX.isPointOn(P(5, 1e-08, 3)));
+    for (double tol : {0.5, above(0.5), -0.75}) { // the absolute value counts
         p.set(4, 0.5, 3);
         EXPECT_EQ(tol != 0.5, alongX.snapPointToLine(p, &p, tol));
         EXPECT_EQ(tol != 0.5 ? 0.0 : 0.5, p.y());
     }
-    EXPECT_EQ(1, alongX.isEquivalent({p, mgUnitVector_c(1, 5e-13, 0)}));
-    EXPECT_EQ(0, alongX.isEquivalent({p, mgUnitVector_c(1, 2e-12, 0)}));
+    EXPECT_EQ(1, alongX.isEquivalent({p, U(1, 5e-13, 0)}));
+    EXPECT_EQ(0, alongX.isEquivalent({p, U(1, 2e-12, 0)}));
     EXPECT_EQ(0, alongX.isEquivalent({p, -x}));
 }
 
 TEST(Line, DistanceComesWithTheNearestPoints) {
     double t1 = 77, t2 = 77;
-    EXPECT_EQ(5.0, alongX.distToLine({mgPoint_c(4, 7, 8), mgUnitVector_c(0, 1, 0)}, &t1, &t2));
-    EXPECT_BITS_EQ(mgPoint_c(3, -7, 0), mgPoint_c(t1, t2, 0));
-    mgLine_c parallel(mgPoint_c(5, 0, 7), x); // measured from its root
+    EXPECT_EQ(5.0, alongX.distToLine({P(4, 7, 8), U(0, 1, 0)}, &t1, &t2));
+    EXPECT_BITS_EQ(P(3, -7, 0), P(t1, t2, 0));
+    mgLine_c parallel(P(5, 0, 7), x); // measured from its root
     parallel.setDirection(-x);
     EXPECT_EQ(4.0, alongX.distToLine(parallel, &t1, &t2));
-    EXPECT_BITS_EQ(mgPoint_c(4, 0, 0), mgPoint_c(t1, t2, 0));
-    EXPECT_EQ(4.0, alongX.distToLine({mgPoint_c(5, 0, 7), {}}, &t1, &t2)); // a point
-    EXPECT_BITS_EQ(mgPoint_c(4, 0, 0), mgPoint_c(t1, t2, 0));
+    EXPECT_BITS_EQ(P(4, 0, 0), P(t1, t2, 0));
+    EXPECT_EQ(4.0, alongX.distToLine({P(5, 0, 7), {}}, &t1, &t2)); // a point
+    EXPECT_BITS_EQ(P(4, 0, 0), P(t1, t2, 0));
 }
 
 TEST(Line, AProjectedPointIsTheFootOnTheLine) {
-    mgPoint_c const a(1, 2, 3), near(1 + 1e-9, 2, 7);
+    P const a(1, 2, 3), near(1 + 1e-9, 2, 7);
     EXPECT_LT(dist({1, 2, 9}, s_projPointOnLine({5, -1, 9}, a, {0, 0, 3})), 1e-14);
     EXPECT_BITS_EQ(near, s_projPointOnLine(near, a, {0, 0, 3}));
 }

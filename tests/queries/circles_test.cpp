@@ -1,19 +1,17 @@
 // SPDX-License-Identifier: MIT
 // Circles in the plane, with lines and with each other.
 
-#include "common/numbers.h"
-
-#include <vexmath/mg_queries.h>
+#include "common/geometry.h"
 
 namespace {
 
-mgPoint_c const untouched(77, 77, 77);
+using namespace common;
 
-void CheckLine(mgLineCircleIntType_e type, double height, mgPoint_c const &first,
-               mgPoint_c const &second, support::Caller = {}) {
-    mgPoint_c const p(-9, height, 0);
-    mgUnitVector_c const u(1, 0, 0);
-    mgPoint_c out = untouched, centre(2, 0, 0);
+void CheckLine(mgLineCircleIntType_e type, double height, P const &first, P const &second,
+               Caller = {}) {
+    P const p(-9, height, 0);
+    U const u(1, 0, 0);
+    P out = untouched, centre(2, 0, 0);
     EXPECT_EQ(type, mg_LineIntCircle2D(p, u, centre, 5.0, &out, &centre)); // an input as well
     EXPECT_BITS_EQ(first, out);
     EXPECT_BITS_EQ(second, centre);
@@ -26,10 +24,10 @@ TEST(Circles, ALineMeetsACircleInFourWays) {
     CheckLine(mgLineCircle_Miss, 5 + 2e-8, untouched, {2, 0, 0});
 }
 
-void CheckCircles(mgIntersectionType_e type, double distance, double r1, double r2,
-                  mgPoint_c const &first, mgPoint_c const &second, support::Caller = {}) {
-    mgPoint_c out = untouched, c2(1 + distance, 2, 5);
-    EXPECT_EQ(type, mg_CircleIntCircle2D(mgPoint_c(1, 2, 3), r1, c2, r2, &out, &c2));
+void CheckCircles(mgIntersectionType_e type, double distance, double r1, double r2, P const &first,
+                  P const &second, Caller = {}) {
+    P out = untouched, c2(1 + distance, 2, 5);
+    EXPECT_EQ(type, mg_CircleIntCircle2D(P(1, 2, 3), r1, c2, r2, &out, &c2));
     EXPECT_BITS_EQ(first, out);
     EXPECT_BITS_EQ(second, c2);
 }

@@ -1,19 +1,18 @@
 // SPDX-License-Identifier: MIT
 // Planar hulls: the library against a literal version of its steps, and the changes of the input.
 
-#include "common/geometry.h"
-
-#include <vexmath/mg_queries.h>
-#include <vexmath/point2d.h>
-#include <vexmath/su_dynamic_array.h>
-
 #include <utility>
 #include <vector>
 
+#include "common/geometry.h"
+
 namespace {
+
+using namespace common;
 
 using Pair = std::pair<double, double>;
 using List = std::vector<Pair>;
+using Told = std::vector<std::pair<int, int>>;
 
 struct Points : suDynamicArray<mg2DPoint_c> {
     Points(List const &list) {
@@ -29,7 +28,7 @@ struct Points : suDynamicArray<mg2DPoint_c> {
         EXPECT_EQ(Count() - 1, last); // the elements that are told of exist
         told.emplace_back(first, last);
     }
-    std::vector<std::pair<int, int>> told;
+    Told told;
 };
 
 List hullOf(List const &list, List const &before = {}) {
@@ -44,13 +43,9 @@ double turn(Pair const &o, Pair const &a, Pair const &b) {
 }
 
 bool isRightOf(Pair const &from, Pair const &to, Pair const &p) {
-    double x = to.first - from.first, y = to.second - from.second;
-    double const length = std::sqrt(x * x + y * y);
-    if (!(length < 1e-8)) {
-        x = x / length;
-        y = y / length;
-    }
-    return x * (p.second - from.second) - y * (p.first - from.first) < 0.0;
+    double const x = to.first - from.first, y = to.second - from.second;
+    double const length = std::sqrt(x * x + y * y), divisor = length < 1e-8 ? 1.0 : length;
+    return x / divisor * (p.second - from.second) - y / divisor * (p.first - from.first) < 0.0;
 }
 
 /// The steps, one by one, for finite points.
@@ -58,10 +53,8 @@ List literalHull(List p) {
     std::sort(p.begin(), p.end());
     p.erase(std::unique(p.begin(), p.end()), p.end());
     std::size_t const n = p.size();
-    if (n < 4) {
-        if (n == 3 && turn(p[0], p[1], p[2]) < 0.0) std::swap(p[1], p[2]);
-        return p;
-    }
+    if (n == 3 && turn(p[0], p[1], p[2]) < 0.0) std::swap(p[1], p[2]);
+    if (n < 4) return p;
     std::size_t minmax = 0, maxmin = n - 1;
     while (minmax + 1 < n && p[minmax + 1].first == p[0].first) ++minmax;
     while (maxmin > 0 && p[maxmin - 1].first == p[n - 1].first) --maxmin;
@@ -79,7 +72,7 @@ List literalHull(List p) {
 }
 
 TEST(ConvexHull, AgreesWithItsStepsOnGridsAndScatteredPoints) {
-    support::Random random;
+    Random random;
     for (int round = 0; round < 20000; ++round) {
         List grid, scattered;
         int const side = 1 + random.below(8);
@@ -110,7 +103,7 @@ TEST(ConvexHull, LeavesTheInputSortedWithoutDuplicatesAndTellsOfEachRemoval) {
     Points points({{2, 0}, {1, 5}, {1, 5}, {2, 0}, {1, 5}, {0, 7}, {1, 4}}), hull({}), none({});
     EXPECT_EQ(1, convexHull(points, hull));
     EXPECT_EQ((List{{0, 7}, {1, 4}, {1, 5}, {2, 0}}), points.list());
-    EXPECT_EQ((decltype(points.told){{3, 5}, {3, 4}, {4, 3}}), points.told);
+    EXPECT_EQ((Told{{3, 5}, {3, 4}, {4, 3}}), points.told);
     EXPECT_EQ(0, convexHull(none, hull));
     EXPECT_EQ(0, convexHull(points, points));
     EXPECT_EQ(4, points.Count());
@@ -124,23 +117,20 @@ TEST(ConvexHull, ChangesNeitherArrayWhenTheHullCannotGrow) {
             List const before = points.list();
             hull.Adopt(static_cast<mg2DPoint_c *>(suDynArrayAlloc(2 + room, 0, 1, 16)));
             for (auto const &[x, y] : outlines) hull.Add({x, y});
-            points.told.clear();
-            hull.told.clear();
             void const *const handle = hull.Data();
+            points.told.clear();
             EXPECT_EQ(0, convexHull(points, hull));
             EXPECT_EQ(before, points.list());
             EXPECT_EQ(outlines, hull.list());
             EXPECT_EQ(handle, hull.Data());
-            EXPECT_EQ((decltype(points.told){{distinct, distinct - 1}, {0, distinct}}),
-                      points.told);
-            EXPECT_EQ((decltype(hull.told){{-1, -1}, {0, 1}}),
-                      (decltype(hull.told){hull.told.end() - 2, hull.told.end()}));
+            EXPECT_EQ((Told{{distinct, distinct - 1}, {0, distinct}}), points.told);
+            EXPECT_EQ((Told{{-1, -1}, {0, 1}}), (Told{hull.told.end() - 2, hull.told.end()}));
         }
     }
 }
 
 TEST(ConvexHull, EndsOnHostileValues) {
-    support::Random random;
+    Random random;
     for (int round = 0; round < 2000; ++round) {
         List list;
         for (int i = 0; i < 9; ++i) list.emplace_back(random.hostile(), random.hostile());

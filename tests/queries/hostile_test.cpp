@@ -2,113 +2,75 @@
 // Every query, line, plane, cone and view function on hostile numbers. The sanitizers find traps;
 // the test itself checks that every result is one of its enumeration.
 
-#include "common/numbers.h"
-
-#include <vexmath/cone.h>
-#include <vexmath/mg_primitives.h>
-#include <vexmath/mg_queries.h>
-#include <vexmath/mg_transform.h>
+#include "common/geometry.h"
 
 namespace {
 
-/// Hostile arguments, different ones at each call.
-class Arguments {
-public:
-    double number() { return random_.hostile(); }
-    mgPoint_c point() { return vector(); }
-    mgVector_c vector() { return mgVector_c{number(), number(), number()}; }
-    /// Normalised, or as restored from a document.
-    mgUnitVector_c unit() {
-        mgUnitVector_c u(vector(), 0);
-        if (random_.below(2) != 0) u.set(vector());
-        return u;
-    }
-    mgLine_c line() { return {point(), unit()}; }
-    mgPlane_c plane() { return {point(), unit()}; }
-    mgXform_c form() {
-        mgXform_c x(unit(), unit(), vector());
-        if (random_.below(2) != 0) {
-            mgPerspInfo_c info(number(), number(), number(), number());
-            info.setCameraFOVPlaneDistance(number());
-            x.addPerspectiveInfo(info);
-        }
-        return x;
-    }
-    mgCone_c cone() { return {point(), unit(), number(), number()}; }
-    double const (*triangle())[2] {
-        for (auto &corner : triangle_)
-            for (double &coordinate : corner) coordinate = number();
-        return triangle_;
-    }
-    CPoint pixels() { return {pixel(), pixel()}; }
+using namespace common;
 
-private:
-    int pixel() { return static_cast<int>(random_.uniform(-0x1p31, 0x1p31)); }
-
-    support::Random random_;
-    double triangle_[3][2] = {};
-};
-
-mgPoint_c p, q, pts[4];
-mgUnitVector_c u;
+P p, q, pts[4];
+U u;
 mgLine_c line;
 mgXform_c form;
 double number;
 int flag;
 
 TEST(Hostile, NothingTrapsAndEveryResultIsOfItsEnumeration) {
-    Arguments a;
+    Hostile a;
     for (int round = 0; round < 3000; ++round) {
+        double triangle[3][2];
+        for (auto &corner : triangle) corner[0] = a, corner[1] = a;
+        pts[round & 3] = a.any<P>();
+        form = a.any<mgXform_c>(), u = a.any<U>(), q = a.any<P>();
         int const mostAndResult[][2] = {
-            {4, mg_LineIntLine(a.point(), a.vector(), a.point(), a.vector(), &p, a.number())},
-            {4, mg_LineIntLine2D(a.point(), a.vector(), a.point(), a.vector(), &p, a.number())},
-            {4, mg_LineSegIntLineSeg(a.point(), a.point(), a.point(), a.point(), p, a.number())},
-            {4, mg_LineSegIntLineSeg2D(a.point(), a.point(), a.point(), a.point(), &p)},
-            {4, mg_LineIntLineSeg(a.line(), a.point(), a.point(), &p, a.number())},
-            {4, mg_RayIntLineSeg(a.line(), a.point(), a.point(), &p, a.number())},
-            {4, (form = a.form(), u = a.unit(), q = a.point(), mg_RayIntPlane(&form, &q, &u, &p))},
-            {4, mg_RayIntDiskSeg(&form, &q, &u, a.number(), a.number(), a.number(), &p)},
-            {4, mg_RayIntSphere(&p, &u, &q, a.number())},
-            {4, mg_RayIntCylSeg(a.line(), a.point(), a.unit(), a.number(), a.number(), &p)},
-            {4, mg_RayIntConeSeg(a.line(), a.point(), a.unit(), a.number(), a.number(), a.number(),
-                                 &p)},
-            {3, mg_LineIntCircle2D(a.point(), a.unit(), a.point(), a.number(), &p, &q)},
-            {4, mg_CircleIntCircle2D(a.point(), a.number(), a.point(), a.number(), &p, &q)},
-            {2, mg_LineIntPlane(a.line(), a.plane(), &p, &number)},
-            {2, mg_LineSegIntPlane(a.point(), a.point(), a.plane(), &p, &number)},
-            {3, mg_PlaneIntPlane(a.plane(), a.plane(), &line)},
-            {1, (pts[round & 3] = a.point(), mg_IsPolylineLine(4, pts, p, q))},
-            {1, (pts[round & 3] = a.point(), mg_Find3PointArcCenter(pts, &p, &u))},
-            {0, (mg_getModelSpaceViewRay(a.form(), a.point(), flag & 1, p, u, flag, &form), 0)},
-            {0, (form = mg_ZoomToPosition(p, a.point(), a.point(), a.form(), a.number()), 0)},
-            {0, (form = mg_ZoomBoxToBox(a.pixels(), a.pixels(), p, q, a.form(), a.number()), 0)},
-            {0, (p.xformByPerspInverse(a.form()), q.xformByPerspInverseVisible(a.form()), 0)},
-            {0, (a.point().xformByPerspInversePlane(a.form(), a.plane()), 0)},
-            {0, (a.point().xformByPerspInverseLine(a.form(), a.line()), 0)},
-            {2, (p = a.point(), a.plane().projectToPlane(a.form(), &p, 1))},
-            {2, (p = a.point(), a.plane().projectToPlaneOnViewLine(a.form(), &p, 0))},
-            {1, a.line().pointPerp(a.point(), &p)},
-            {1, a.line().isPointOn(a.point())},
-            {1, a.line().isEquivalent(a.line())},
-            {1, a.line().snapPointToLine(p, &p, a.number())},
-            {0, (line = a.line(), line *= a.form(), 0)},
-            {0, (number = a.line().distToLine(a.line(), &number, nullptr), 0)},
-            {1, a.plane().pointPerp(a.point(), &p)},
-            {1, a.plane().isPointOn(a.point(), a.number())},
-            {1, a.plane().isCoincidentWith(a.plane())},
-            {1, a.plane().isEquivalent(a.plane())},
-            {1, a.plane().cutLineSegment(a.point(), a.point(), a.number())},
-            {1, interLine(a.plane(), a.plane(), &p, &u)},
-            {1, (getBaricentricCoordinates(a.number(), a.point(), a.triangle(), p, flag), flag)},
-            {1, a.cone().pointPerp(a.point(), &p)},
-            {0, (a.cone().extremePts(a.unit(), a.number(), pts), 0)},
-            {1, mgCylinder_c(a.point(), a.unit(), a.number()).pointPerp(a.point(), &p)},
-            {0, (p = s_projPointOnLine(a.point(), a.point(), a.vector()), 0)},
+            {4, mg_LineIntLine(a, a, a, a, &p, a)},
+            {4, mg_LineIntLine2D(a, a, a, a, &p, a)},
+            {4, mg_LineSegIntLineSeg(a, a, a, a, p, a)},
+            {4, mg_LineSegIntLineSeg2D(a, a, a, a, &p)},
+            {4, mg_LineIntLineSeg(a.any<mgLine_c>(), a, a, &p, a)},
+            {4, mg_RayIntLineSeg(a.any<mgLine_c>(), a, a, &p, a)},
+            {4, mg_RayIntPlane(&form, &q, &u, &p)},
+            {4, mg_RayIntDiskSeg(&form, &q, &u, a, a, a, &p)},
+            {4, mg_RayIntSphere(&p, &u, &q, a)},
+            {4, mg_RayIntCylSeg(a.any<mgLine_c>(), a, a, a, a, &p)},
+            {4, mg_RayIntConeSeg(a.any<mgLine_c>(), a, a, a, a, a, &p)},
+            {3, mg_LineIntCircle2D(a, a, a, a, &p, &q)},
+            {4, mg_CircleIntCircle2D(a, a, a, a, &p, &q)},
+            {2, mg_LineIntPlane(a.any<mgLine_c>(), a.any<mgPlane_c>(), &p, &number)},
+            {2, mg_LineSegIntPlane(a, a, a.any<mgPlane_c>(), &p, &number)},
+            {3, mg_PlaneIntPlane(a.any<mgPlane_c>(), a.any<mgPlane_c>(), &line)},
+            {1, mg_IsPolylineLine(4, pts, p, q)},
+            {1, mg_Find3PointArcCenter(pts, &p, &u)},
+            {2, (p = a.any<P>(), a.any<mgPlane_c>().projectToPlane(a, &p, 1))},
+            {2, (p = a.any<P>(), a.any<mgPlane_c>().projectToPlaneOnViewLine(a, &p, 0))},
+            {1, a.any<mgLine_c>().pointPerp(a, &p)},
+            {1, a.any<mgLine_c>().isPointOn(a)},
+            {1, a.any<mgLine_c>().isEquivalent(a.any<mgLine_c>())},
+            {1, a.any<mgLine_c>().snapPointToLine(p, &p, a)},
+            {1, a.any<mgPlane_c>().pointPerp(a, &p)},
+            {1, a.any<mgPlane_c>().isPointOn(a, a)},
+            {1, a.any<mgPlane_c>().isCoincidentWith(a.any<mgPlane_c>())},
+            {1, a.any<mgPlane_c>().isEquivalent(a.any<mgPlane_c>())},
+            {1, a.any<mgPlane_c>().cutLineSegment(a, a, a)},
+            {1, interLine(a.any<mgPlane_c>(), a.any<mgPlane_c>(), &p, &u)},
+            {1, (getBaricentricCoordinates(a, a.any<P>(), triangle, p, flag), flag)},
+            {1, a.any<mgCone_c>().pointPerp(a, &p)},
+            {1, mgCylinder_c(a, a, a).pointPerp(a, &p)},
         };
         for (std::size_t i = 0; i < std::size(mostAndResult); ++i) {
             auto const [most, result] = mostAndResult[i];
             ASSERT_TRUE(0 <= result && result <= most) << "call " << i << " is " << result;
         }
+        mg_getModelSpaceViewRay(a, a, flag & 1, p, u, flag, &form);
+        form = mg_ZoomToPosition(p, a, a, a, a);
+        form = mg_ZoomBoxToBox(a, a, p, q, a, a);
+        p.xformByPerspInverse(a), q.xformByPerspInverseVisible(a);
+        a.any<P>().xformByPerspInversePlane(a, a.any<mgPlane_c>());
+        a.any<P>().xformByPerspInverseLine(a, a.any<mgLine_c>());
+        line = a.any<mgLine_c>(), line *= a.any<mgXform_c>();
+        number = a.any<mgLine_c>().distToLine(a.any<mgLine_c>(), &number, nullptr);
+        a.any<mgCone_c>().extremePts(a, a, pts);
+        p = s_projPointOnLine(a, a, a);
     }
 }
 

@@ -1,23 +1,21 @@
 // SPDX-License-Identifier: MIT
 // Infinite lines with each other, in space and in the plane.
 
-#include "common/numbers.h"
-
-#include <vexmath/mg_queries.h>
+#include "common/geometry.h"
 
 namespace {
 
-constexpr double tol = 1e-8;
-mgPoint_c const untouched(77, 77, 77);
-mgVector_c const alongX(3, 0, 0), alongY(0, 2, 0); // directions need not have unit length
+using namespace common;
 
-void CheckSpace(mgIntersectionType_e type, mgPoint_c const &point, mgPoint_c const &p2,
-                mgVector_c const &d2, support::Caller = {}) {
-    mgPoint_c out = untouched;
-    EXPECT_EQ(type, mg_LineIntLine(mgPoint_c(), alongX, p2, d2, &out, tol));
+constexpr double tol = 1e-8;
+V const alongX(3, 0, 0), alongY(0, 2, 0); // directions need not have unit length
+
+void CheckSpace(mgIntersectionType_e type, P const &point, P const &p2, V const &d2, Caller = {}) {
+    P out = untouched;
+    EXPECT_EQ(type, mg_LineIntLine(P(), alongX, p2, d2, &out, tol));
     EXPECT_BITS_EQ(point, out);
-    mgPoint_c aliased = p2;
-    EXPECT_EQ(type, mg_LineIntLine(mgPoint_c(), alongX, aliased, d2, &aliased, tol));
+    P aliased = p2;
+    EXPECT_EQ(type, mg_LineIntLine(P(), alongX, aliased, d2, &aliased, tol));
 }
 
 TEST(LineLine, InSpaceSkewLinesStillWriteTheNearestPointOfTheFirst) {
@@ -30,10 +28,10 @@ TEST(LineLine, InSpaceSkewLinesStillWriteTheNearestPointOfTheFirst) {
     CheckSpace(mgIntersect_None, {1, 0, 0}, {1, 1, 0}, {0, 0, 0}); // the root alone
 }
 
-void CheckPlane(mgIntersectionType_e type, mgPoint_c const &point, mgVector_c const &d1,
-                mgPoint_c const &p2, mgVector_c const &d2, support::Caller = {}) {
-    mgPoint_c out = untouched;
-    EXPECT_EQ(type, mg_LineIntLine2D(mgPoint_c(0, 0, 4), d1, p2, d2, &out, tol));
+void CheckPlane(mgIntersectionType_e type, P const &point, V const &d1, P const &p2, V const &d2,
+                Caller = {}) {
+    P out = untouched;
+    EXPECT_EQ(type, mg_LineIntLine2D(P(0, 0, 4), d1, p2, d2, &out, tol));
     EXPECT_BITS_EQ(point, out);
 }
 
@@ -47,7 +45,7 @@ TEST(LineLine, InThePlaneOnlyAProperCrossingIsWritten) {
 }
 
 TEST(LineLine, MirroringInALineNegatesWhatIsAcrossIt) {
-    EXPECT_BITS_EQ(mgPoint_c(1, -6, -4), mg_MirrorPoint(mgPoint_c(7, -2, 0), alongX, {1, 2, 4}));
+    EXPECT_BITS_EQ(P(1, -6, -4), mg_MirrorPoint(P(7, -2, 0), alongX, {1, 2, 4}));
 }
 
 } // namespace

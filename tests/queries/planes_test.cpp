@@ -1,24 +1,23 @@
 // SPDX-License-Identifier: MIT
 // Planes with lines, segments and each other.
 
-#include "common/numbers.h"
-
-#include <vexmath/mg_queries.h>
+#include "common/geometry.h"
 
 namespace {
 
-mgPoint_c const untouched(77, 77, 77);
-mgUnitVector_c const z(0, 0, 1);
-mgPlane_c const ground(mgPoint_c(9, 9, 0), z);
+using namespace common;
+
+U const z(0, 0, 1);
+mgPlane_c const ground(P(9, 9, 0), z);
 double const below = std::nextafter(1e-08, 0.0);
 
-void CheckLine(mgLinePlaneIntersectionType_e type, double height, mgVector_c const &direction,
-               mgPoint_c const &point, double parameter, support::Caller = {}) {
-    mgUnitVector_c u;
+void CheckLine(mgLinePlaneIntersectionType_e type, double height, V const &direction,
+               P const &point, double parameter, Caller = {}) {
+    U u;
     u.set(direction); // not normalised
-    mgPoint_c out = untouched;
+    P out = untouched;
     double t = 77.0;
-    EXPECT_EQ(type, mg_LineIntPlane({mgPoint_c(1, 2, height), u}, ground, &out, &t));
+    EXPECT_EQ(type, mg_LineIntPlane({P(1, 2, height), u}, ground, &out, &t));
     EXPECT_BITS_EQ(point, out);
     EXPECT_BITS_EQ(parameter, t);
 }
@@ -31,11 +30,11 @@ TEST(Planes, ALineLiesInThePlaneRunsBesideItOrCrossesIt) {
 
 TEST(Planes, ASegmentThatEndsBeforeThePlaneStillTellsTheParameter) {
     auto const check = [](mgLinePlaneIntersectionType_e type, double from, double to, double t,
-                          double height, support::Caller = {}) {
-        mgPoint_c a(1, 2, from); // an output as well
+                          double height, Caller = {}) {
+        P a(1, 2, from); // an output as well
         double parameter = 77.0;
-        EXPECT_EQ(type, mg_LineSegIntPlane(a, mgPoint_c(1, 2, to), ground, &a, &parameter));
-        EXPECT_BITS_EQ(mgPoint_c(1, 2, height), a);
+        EXPECT_EQ(type, mg_LineSegIntPlane(a, P(1, 2, to), ground, &a, &parameter));
+        EXPECT_BITS_EQ(P(1, 2, height), a);
         EXPECT_BITS_EQ(t, parameter);
     };
     check(mgLinePlane_Point, 4, 9e-9, 4, 0);
@@ -45,8 +44,7 @@ TEST(Planes, ASegmentThatEndsBeforeThePlaneStillTellsTheParameter) {
     check(mgLinePlane_InPlane, 0, 0, 0, 0); // neither length nor direction
 }
 
-mgLine_c meet(mgPlnPlnIntersectionType_e type, mgPoint_c const &root,
-              mgUnitVector_c const &normal) {
+mgLine_c meet(mgPlnPlnIntersectionType_e type, P const &root, U const &normal) {
     mgLine_c out(untouched, z);
     EXPECT_EQ(type, mg_PlaneIntPlane(ground, {root, normal}, &out));
     EXPECT_EQ(type != mgPlnPln_Line, out.rootPoint() == untouched);
@@ -57,13 +55,13 @@ TEST(Planes, ParallelPlanesCoincideBelowTheTolerance) {
     meet(mgPlnPln_Coincident, {1, 1, below}, -z);
     meet(mgPlnPln_Parallel, {1, 1, 1e-08}, z);
     // Normals that differ by hardly more than 1e-08: both lines that are tried are parallel.
-    meet(mgPlnPln_Failed, {1, 1, 1}, mgUnitVector_c(1.2e-8, 0, 1));
+    meet(mgPlnPln_Failed, {1, 1, 1}, U(1.2e-8, 0, 1));
 }
 
 TEST(Planes, ALineOfBothPlanesIsTakenAsItIs) {
-    mgUnitVector_c const tried(1, 1, 0); // in the ground plane first
+    U const tried(1, 1, 0); // in the ground plane first
     for (double sign : {1.0, -1.0}) {
-        mgUnitVector_c const upright(sign, -sign, 0);
+        U const upright(sign, -sign, 0);
         mgLine_c const shared = meet(mgPlnPln_Line, ground.rootPoint(), upright);
         EXPECT_EQ(1, shared.isEquivalent({ground.rootPoint(), tried}));
         // Otherwise the normals decide the sign; here the second line tried finds the point.

@@ -1,19 +1,16 @@
 // SPDX-License-Identifier: MIT
 // Straight polylines and three-point arcs.
 
-#include "common/numbers.h"
-
-#include <vexmath/mg_queries.h>
-
 #include <vector>
+
+#include "common/geometry.h"
 
 namespace {
 
-mgPoint_c const untouched(77, 77, 77);
+using namespace common;
 
-void CheckPolyline(int straight, mgPoint_c const &start, mgPoint_c const &end,
-                   std::vector<mgPoint_c> points, support::Caller = {}) {
-    mgPoint_c s = untouched, e = untouched;
+void CheckPolyline(int straight, P const &start, P const &end, std::vector<P> points, Caller = {}) {
+    P s = untouched, e = untouched;
     int const n = static_cast<int>(points.size());
     EXPECT_EQ(straight, mg_IsPolylineLine(n, points.data(), s, e));
     EXPECT_BITS_EQ(start, s);
@@ -33,9 +30,9 @@ TEST(Polyline, APolylineAlongZKeepsItsFirstTwoPoints) {
 }
 
 TEST(Polyline, ThreePointsRunCounterClockwiseAboutTheNormal) {
-    auto const check = [](int found, mgPoint_c const &centre, mgVector_c const &normal,
-                          std::vector<mgPoint_c> points, support::Caller = {}) {
-        mgUnitVector_c n;
+    auto const check = [](int found, P const &centre, V const &normal, std::vector<P> points,
+                          Caller = {}) {
+        U n;
         EXPECT_EQ(found, mg_Find3PointArcCenter(points.data(), &points[1], &n)); // an input as well
         EXPECT_LT(dist(centre, points[1]), 1e-15);
         EXPECT_LT((normal - n).len(), 1e-15);
@@ -49,12 +46,12 @@ TEST(Polyline, ThreePointsRunCounterClockwiseAboutTheNormal) {
 
 TEST(Polyline, BisectorsThatMissStillGiveACentre) {
     // So far out that rounding keeps them apart by more than 1e-08.
-    mgPoint_c const far[3] = {{9e8, 1e8, -3e8}, {-4e8, 7e8, 2e8}, {1e8, -6e8, 5e8}};
-    mgVector_c const a = far[1] - far[0], b = far[1] - far[2];
-    mgPoint_c centre, again;
-    mgUnitVector_c n;
+    P const far[3] = {{9e8, 1e8, -3e8}, {-4e8, 7e8, 2e8}, {1e8, -6e8, 5e8}};
+    V const a = far[1] - far[0], b = far[1] - far[2];
+    P centre, again;
+    U n;
     EXPECT_EQ(1, mg_Find3PointArcCenter(far, &centre, &n));
-    mgVector_c const d1 = mg_Normalise(a) * n, d2 = mg_Normalise(b) * n;
+    V const d1 = mg_Normalise(a) * n, d2 = mg_Normalise(b) * n;
     EXPECT_EQ(mgIntersect_None,
               mg_LineIntLine(far[0] + 0.5 * a, d1, far[2] + 0.5 * b, d2, &again, 1e-8));
     EXPECT_BITS_EQ(again, centre);

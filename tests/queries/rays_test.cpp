@@ -1,42 +1,40 @@
 // SPDX-License-Identifier: MIT
 // Rays against planes, discs, spheres, cylinders and cones.
 
-#include "common/numbers.h"
-
-#include <vexmath/mg_queries.h>
-#include <vexmath/mg_transform.h>
+#include "common/geometry.h"
 
 namespace {
 
-mgPoint_c const untouched(77, 77, 77);
-mgUnitVector_c const x(1, 0, 0), y(0, 1, 0), z(0, 0, 1);
+using namespace common;
+
+U const x(1, 0, 0), y(0, 1, 0), z(0, 0, 1);
 
 TEST(Rays, HitsBehindTheStartCount) {
     // The normal is the third column of the rows y, z, x, which is y.
-    mgXform_c const frame = mg_RestoreXform({y, z, x}, mgVector_c(0, 3, 0), 1.0);
-    mgPoint_c p(1, 8, 2);
+    mgXform_c const frame = mg_RestoreXform({y, z, x}, V(0, 3, 0), 1.0);
+    P p(1, 8, 2);
     EXPECT_EQ(mgIntersect_Parallel, mg_RayIntPlane(&frame, &p, &x, &p));
     EXPECT_EQ(mgIntersect_None, mg_RayIntDiskSeg(&frame, &p, &x, 9.0, 0.0, 1.0, &p));
     EXPECT_EQ(8.0, p.y());
     EXPECT_EQ(mgIntersect_Point, mg_RayIntPlane(&frame, &p, &y, &p)); // the output is the input
-    EXPECT_BITS_EQ(mgPoint_c(1, 3, 2), p);
-    mgPoint_c const behind(9, 0, 2), centre(0, 0, 2);
+    EXPECT_BITS_EQ(P(1, 3, 2), p);
+    P const behind(9, 0, 2), centre(0, 0, 2);
     EXPECT_EQ(mgIntersect_Point, mg_RayIntDiskSeg(&frame, &p, &y, 2.0, 0.0, 1.0, &p));
     EXPECT_EQ(mgIntersect_TwoPoints, mg_RayIntSphere(&behind, &x, &centre, 1.0));
-    EXPECT_EQ(mgIntersect_TwoPoints, mg_RayIntCylSeg({behind, x}, mgPoint_c(), z, 4, 1, &p));
-    EXPECT_EQ(mgIntersect_TwoPoints, mg_RayIntConeSeg({behind, x}, mgPoint_c(), z, 0.5, 0, 4, &p));
+    EXPECT_EQ(mgIntersect_TwoPoints, mg_RayIntCylSeg({behind, x}, P(), z, 4, 1, &p));
+    EXPECT_EQ(mgIntersect_TwoPoints, mg_RayIntConeSeg({behind, x}, P(), z, 0.5, 0, 4, &p));
 }
 
 TEST(Rays, RoundShapesAreTestedAsCubes) {
-    auto const check = [](bool hits, double px, double py, support::Caller = {}) {
+    auto const check = [](bool hits, double px, double py, Caller = {}) {
         mgXform_c const frame;
-        mgPoint_c const start(px, py, -5), centre;
-        mgPoint_c out;
+        P const start(px, py, -5), centre;
+        P out;
         EXPECT_EQ(hits ? mgIntersect_TwoPoints : mgIntersect_None,
                   mg_RayIntSphere(&start, &z, &centre, 1.0));
         EXPECT_EQ(hits ? mgIntersect_Point : mgIntersect_None,
                   mg_RayIntDiskSeg(&frame, &start, &z, 1.0, 1.0, 2.0, &out));
-        EXPECT_BITS_EQ(mgPoint_c(px, py, 0), out);
+        EXPECT_BITS_EQ(P(px, py, 0), out);
         EXPECT_EQ(hits ? mgIntersect_Coincident : mgIntersect_Parallel,
                   mg_RayIntCylSeg({start, z}, centre, -z, 1.0, 1.0, &out));
     };
@@ -44,10 +42,9 @@ TEST(Rays, RoundShapesAreTestedAsCubes) {
     check(false, 1.0 + 1e-8, 0);
 }
 
-void CheckCylinder(mgIntersectionType_e type, mgPoint_c const &point, mgLine_c const &ray,
-                   support::Caller = {}) {
-    mgPoint_c out = untouched;
-    EXPECT_EQ(type, mg_RayIntCylSeg(ray, mgPoint_c(), z, 4.0, 1.0, &out));
+void CheckCylinder(mgIntersectionType_e type, P const &point, mgLine_c const &ray, Caller = {}) {
+    P out = untouched;
+    EXPECT_EQ(type, mg_RayIntCylSeg(ray, P(), z, 4.0, 1.0, &out));
     EXPECT_BITS_EQ(point, out);
 }
 
@@ -60,25 +57,24 @@ TEST(Rays, ACylinderIsHitWhereTheRayPassesItsAxis) {
 }
 
 /// The cone along z with a slope of 1, between distances 1 and 4 from its apex, the origin.
-void CheckCone(mgIntersectionType_e type, mgPoint_c const &point, mgLine_c const &ray,
-               support::Caller = {}) {
-    mgPoint_c out = untouched;
-    EXPECT_EQ(type, mg_RayIntConeSeg(ray, mgPoint_c(), z, std::atan(1.0), 1.0, 4.0, &out));
+void CheckCone(mgIntersectionType_e type, P const &point, mgLine_c const &ray, Caller = {}) {
+    P out = untouched;
+    EXPECT_EQ(type, mg_RayIntConeSeg(ray, P(), z, std::atan(1.0), 1.0, 4.0, &out));
     EXPECT_NEAR(0.0, dist(point, out), 1e-14);
 }
 
 TEST(Rays, AConeReportsAxisCapAndSideApart) {
     CheckCone(mgIntersect_Coincident, {0, 0, -3}, {{0, 0, -3}, z});
     CheckCone(mgIntersect_Parallel, untouched, {{1, 0, -3}, z}); // through the cap
-    CheckCone(mgIntersect_Point, {0, 3.9, 4}, {{9, 3.9, 10}, mgUnitVector_c(-9, 0, -6)});
-    CheckCone(mgIntersect_Point, {-3.9, 3.9, 4}, {{9, 3.9, 10}, mgUnitVector_c(-12.9, 0, -6)});
+    CheckCone(mgIntersect_Point, {0, 3.9, 4}, {{9, 3.9, 10}, U(-9, 0, -6)});
+    CheckCone(mgIntersect_Point, {-3.9, 3.9, 4}, {{9, 3.9, 10}, U(-12.9, 0, -6)});
     CheckCone(mgIntersect_TwoPoints, {-2, 0, 2}, {{-9, 0, 2}, x}); // the first along the ray
     // The first hit along the ray is too far from the apex.
-    CheckCone(mgIntersect_TwoPoints, {1, 0, 1}, {{-3, 0, 3}, mgUnitVector_c(4, 0, -2)});
-    CheckCone(mgIntersect_None, untouched, {{-9, 0, 0.5}, x}); // too near
-    CheckCone(mgIntersect_None, untouched, {{-9, 0, 3.9}, x}); // a slant of 5.5
-    CheckCone(mgIntersect_None, untouched, {{-9, 0.5, 2}, x}); // past the axial plane
-    CheckCone(mgIntersect_None, untouched, {{2, 0, 1}, mgUnitVector_c(1, 0, 1)}); // parallel to it
+    CheckCone(mgIntersect_TwoPoints, {1, 0, 1}, {{-3, 0, 3}, U(4, 0, -2)});
+    CheckCone(mgIntersect_None, untouched, {{-9, 0, 0.5}, x});       // too near
+    CheckCone(mgIntersect_None, untouched, {{-9, 0, 3.9}, x});       // a slant of 5.5
+    CheckCone(mgIntersect_None, untouched, {{-9, 0.5, 2}, x});       // past the axial plane
+    CheckCone(mgIntersect_None, untouched, {{2, 0, 1}, U(1, 0, 1)}); // parallel to it
 }
 
 } // namespace

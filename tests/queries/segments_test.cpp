@@ -1,35 +1,33 @@
 // SPDX-License-Identifier: MIT
 // Segments and rays in space, segments in the plane.
 
-#include "common/numbers.h"
-
-#include <vexmath/mg_queries.h>
+#include "common/geometry.h"
 
 namespace {
 
-using support::Caller;
+using namespace common;
 
 constexpr auto Coincident = mgIntersect_Coincident, Parallel = mgIntersect_Parallel,
                Point = mgIntersect_Point, None = mgIntersect_None;
-mgPoint_c const untouched(77, 77, 77), a(0, 0, 0), b(4, 0, 0);
-mgUnitVector_c const x(1, 0, 0), y(0, 1, 0);
+P const a(0, 0, 0), b(4, 0, 0);
+U const x(1, 0, 0), y(0, 1, 0);
 
 TEST(Segments, TheFirstEndHasSlackAndTheSecondHasNone) {
-    auto const crossAt = [](double at) {
-        mgPoint_c out = b; // the output is an input
-        return mg_LineSegIntLineSeg(a, out, mgPoint_c(at, -1, 0), mgPoint_c(at, 1, 0), out, 0.5);
+    auto const check = [](mgIntersectionType_e type, double at, Caller = {}) {
+        P out = b; // the output is an input
+        EXPECT_EQ(type, mg_LineSegIntLineSeg(a, out, P(at, -1, 0), P(at, 1, 0), out, 0.5));
     };
-    EXPECT_EQ(Point, crossAt(-0.125)); // the tolerance over the length, 0.5 / 4
-    EXPECT_EQ(None, crossAt(std::nextafter(-0.125, -1)));
-    EXPECT_EQ(Point, crossAt(4));
-    EXPECT_EQ(None, crossAt(std::nextafter(4, 5)));
+    check(Point, -0.125); // the tolerance over the length, 0.5 / 4
+    check(None, below(-0.125));
+    check(Point, 4);
+    check(None, above(4));
 }
 
 TEST(Segments, MissedEndsAndSkewSegmentsStillWriteThePoint) {
-    auto const check = [](mgIntersectionType_e type, mgPoint_c const &written, mgPoint_c const &a2,
-                          mgPoint_c const &b2, Caller = {}) {
+    auto const check = [](mgIntersectionType_e type, P const &written, P const &a2, P const &b2,
+                          Caller = {}) {
         for (bool swapped : {false, true}) {
-            mgPoint_c out = untouched;
+            P out = untouched;
             EXPECT_EQ(type,
                       mg_LineSegIntLineSeg(a, b, swapped ? b2 : a2, swapped ? a2 : b2, out, 1e-8));
             EXPECT_BITS_EQ(written, out);
@@ -47,8 +45,8 @@ TEST(Segments, MissedEndsAndSkewSegmentsStillWriteThePoint) {
 
 TEST(Segments, LinesAndRaysAreJudgedByTheSameEnds) {
     auto const check = [](mgLine_c const &line, mgIntersectionType_e byLine,
-                          mgIntersectionType_e byRay, mgPoint_c const &written, Caller = {}) {
-        mgPoint_c out = untouched;
+                          mgIntersectionType_e byRay, P const &written, Caller = {}) {
+        P out = untouched;
         EXPECT_EQ(byLine, mg_LineIntLineSeg(line, a, b, &out, 1e-8));
         EXPECT_BITS_EQ(written, out);
         out = b; // the output is an input
@@ -61,10 +59,9 @@ TEST(Segments, LinesAndRaysAreJudgedByTheSameEnds) {
     check({{9, 1, 0}, x}, Parallel, Parallel, untouched);
 }
 
-void CheckPlanar(mgIntersectionType_e type, mgPoint_c const &written, mgPoint_c const &q1,
-                 mgPoint_c const &q2, mgPoint_c const &p1 = a, mgPoint_c const &p2 = b,
-                 Caller = {}) {
-    mgPoint_c out = untouched;
+void CheckPlanar(mgIntersectionType_e type, P const &written, P const &q1, P const &q2,
+                 P const &p1 = a, P const &p2 = b, Caller = {}) {
+    P out = untouched;
     EXPECT_EQ(type, mg_LineSegIntLineSeg2D(p1, p2, q1, q2, &out));
     EXPECT_NEAR(0.0, dist(written, out), 1e-15);
     out = p1;
@@ -83,8 +80,8 @@ TEST(Segments2D, OffTheLineTheCandidateIsWrittenUnlessBothEndsAreOnOneSide) {
 TEST(Segments2D, CollinearSegmentsGiveTheMiddleOfTheirOverlap) {
     auto const check = [](mgIntersectionType_e type, double q1, double q2, double middle,
                           Caller = {}) {
-        for (mgVector_c const &d : {mgVector_c(x), mgVector_c(-x), mgVector_c(y)}) {
-            mgPoint_c const written = type == None ? untouched : mgPoint_c(middle * d);
+        for (V const &d : {V(x), V(-x), V(y)}) {
+            P const written = type == None ? untouched : P(middle * d);
             CheckPlanar(type, written, q1 * d, q2 * d, a, 4 * d);
             CheckPlanar(type, written, q2 * d, q1 * d, a, 4 * d);
         }

@@ -1,24 +1,22 @@
 // SPDX-License-Identifier: MIT
 // Open tours: the library against a literal version of the rule, and the contract of the order.
 
-#include "common/geometry.h"
-
-#include <vexmath/mg_queries.h>
-#include <vexmath/mg_vector.h>
-#include <vexmath/su_dynamic_array.h>
-
 #include <numeric>
 #include <vector>
 
+#include "common/geometry.h"
+
 namespace {
 
-using List = std::vector<mgPoint_c>;
+using namespace common;
+
+using List = std::vector<P>;
 using Order = std::vector<int>;
 
 /// The rule, step by step: three nested loops, a best cost that starts below all others, and the
 /// ends tried after the detour.
 Order literalTour(List const &list) {
-    mgPoint_c const *const p = list.data();
+    P const *const p = list.data();
     int const n = static_cast<int>(list.size());
     Order left(list.size());
     std::iota(left.begin(), left.end(), 0);
@@ -37,17 +35,9 @@ Order literalTour(List const &list) {
                 if (!(chosen == left.end() || cost < best || (last && d4 < best)
                       || (first && d5 < best)))
                     continue;
-                best = cost;
-                chosen = c;
-                place = k;
-                if (last && d4 < best) {
-                    best = d4;
-                    place = k + 1;
-                }
-                if (first && d5 < best) {
-                    best = d5;
-                    place = k - 1;
-                }
+                best = cost, chosen = c, place = k;
+                if (last && d4 < best) best = d4, place = k + 1;
+                if (first && d5 < best) best = d5, place = k - 1;
             }
         }
         tour.insert(place, *chosen);
@@ -57,16 +47,16 @@ Order literalTour(List const &list) {
 }
 
 Order tourOf(List const &list) {
-    suDynamicArray<mgPoint_c> points;
-    for (mgPoint_c const &p : list) points.Add(p);
+    suDynamicArray<P> points;
+    for (P const &p : list) points.Add(p);
     suDynamicArray<int> order;
     mg_OpenTSP(points, order);
     return {order.Data(), order.Data() + order.Count()};
 }
 
 TEST(OpenTour, AgreesWithTheRule) {
-    support::Random random;
-    auto const check = [&random](int rounds, int mostPoints, auto point, support::Caller = {}) {
+    Random random;
+    auto const check = [&random](int rounds, int mostPoints, auto point, Caller = {}) {
         for (int round = 0; round < rounds; ++round) {
             List list;
             for (int i = random.below(mostPoints); i >= 0; --i) list.push_back(point(round));
@@ -75,13 +65,13 @@ TEST(OpenTour, AgreesWithTheRule) {
     };
     check(20000, 14, [&](int round) { // small grids: equal distances, coincident points
         int const side = 1 + round % 5;
-        return mgPoint_c(random.below(side), random.below(side), random.below(1 + round % 2));
+        return P(random.below(side), random.below(side), random.below(1 + round % 2));
     });
     check(240, 60, [&](int round) {
         double const scales[] = {1.0, 1e-300, 1e150}, scale = scales[round % 3];
-        return random.triple<mgPoint_c>(-scale, scale);
+        return random.triple<P>(-scale, scale);
     });
-    check(3000, 9, [&](int) { return mgPoint_c(random.hostile(), random.hostile(), 0); });
+    check(3000, 9, [&](int) { return P(random.hostile(), random.hostile(), 0); });
 }
 
 TEST(OpenTour, EmptiesFillsAndReplacesTheOrderWithNotifications) {
@@ -89,19 +79,19 @@ TEST(OpenTour, EmptiesFillsAndReplacesTheOrderWithNotifications) {
         void elementsChanged(int first, int last) override { told.emplace_back(first, last); }
         std::vector<std::pair<int, int>> told;
     };
-    suDynamicArray<mgPoint_c> points;
+    suDynamicArray<P> points;
     Listening order;
     mg_OpenTSP(points, order);
-    for (int i = 0; i < 3; ++i) points.Add(mgPoint_c(i, 0, 0));
+    for (int i = 0; i < 3; ++i) points.Add(P(i, 0, 0));
     mg_OpenTSP(points, order);
     decltype(order.told) const expected{{0, -1}, {0, -1}, {0, 0}, {1, 1}, {2, 2}, {0, 2}};
     EXPECT_EQ(expected, order.told);
 }
 
 TEST(OpenTour, AnOrderThatCannotGrowEndsUpEmptyUnlessThePathReplacesIt) {
-    auto const check = [](int count, int n, int capacity, support::Caller = {}) {
-        suDynamicArray<mgPoint_c> points;
-        for (int i = 0; i < n; ++i) points.Add(mgPoint_c(i, 0, 0));
+    auto const check = [](int count, int n, int capacity, Caller = {}) {
+        suDynamicArray<P> points;
+        for (int i = 0; i < n; ++i) points.Add(P(i, 0, 0));
         suDynamicArray<int> order;
         order.Adopt(static_cast<int *>(suDynArrayAlloc(capacity, 0, 1, sizeof(int))));
         mg_OpenTSP(points, order);

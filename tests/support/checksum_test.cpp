@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
 // The running checksum and the rectangle.
 
-#include <vexmath/checksum.h>
-#include <vexmath/rect.h>
-
 #include <climits>
 #include <tuple>
 
 #include "common/geometry.h"
 
 namespace {
+
+using namespace common;
 
 TEST(CheckSum, IsTakenModulo32Bits) {
     mgCheckSum_c sum;
@@ -26,17 +25,17 @@ TEST(CheckSum, IsTakenModulo32Bits) {
 
 TEST(Rect, ClosedRectanglesOverlapAtTheirEdges) {
     mgRect const r(0, 3, 4, 1); // left, top, right, bottom
-    auto const check = [&](int expected, mgRect const &other, support::Caller = {}) {
+    auto const check = [&](int expected, mgRect const &other, Caller = {}) {
         EXPECT_EQ(expected, mgRect::intersectRect(r, other));
         EXPECT_EQ(expected, mgRect().intersectRect(other, r));
     };
     check(1, {4, 1, 5, 0}); // a corner in common
-    check(0, {support::above(4.0), 3, 5, 1});
-    check(0, {0, 5, 4, support::above(3.0)});
-    check(0, {0, support::kNaN, 4, 1});
+    check(0, {above(4.0), 3, 5, 1});
+    check(0, {0, 5, 4, above(3.0)});
+    check(0, {0, kNaN, 4, 1});
     // Right before left: only what covers all between them overlaps.
     check(1, {4, 3, 0, 1});
-    check(0, {4, 3, support::below(0.0), 1});
+    check(0, {4, 3, below(0.0), 1});
 }
 
 TEST(Rect, NormalizeOrdersTheCorners) {

@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The dynamic array: its plain functions and its owner.
 
-#include <vexmath/dynamic_array.h>
-#include <vexmath/su_dynamic_array.h>
-
 #include <climits>
 #include <tuple>
 #include <type_traits>
 #include <utility>
 #include <vector>
 
-#include "common/numbers.h"
+#include "common/geometry.h"
 
 /// The C program of the same folder: 0, or the line where it found a fault.
 extern "C" int runPlainCallers(void);
@@ -21,13 +18,15 @@ extern "C" char const *__asan_default_options() { return "allocator_may_return_n
 
 namespace {
 
+using namespace common;
+
 enum { kLinear = 1, kProportional = 2 };
 
 struct Item {
     int a, b, c;
 };
 
-bool operator==(Item const &l, Item const &r) { return l.a == r.a && l.b == r.b && l.c == r.c; }
+bool operator==(Item const &l, Item const &r) { return std::memcmp(&l, &r, sizeof l) == 0; }
 
 Item item(int i) { return {i, 10 * i, -i}; }
 
@@ -63,19 +62,17 @@ struct Array {
     void *data;
 };
 
-void CheckHeader(void *array, std::initializer_list<unsigned char> expected, support::Caller = {}) {
-    EXPECT_EQ(0, std::memcmp(expected.begin(), static_cast<char *>(array) - 16, 16));
-}
-
 TEST(DynamicArray, HeaderLiesInFrontOfElementZero) {
     void *const array = suDynArrayAllocSpecial(8, 40000, kProportional, 24);
-    CheckHeader(array, {8, 0, 0, 0, 8, 0, 0, 0, 24, 0, 0xFF, 0x7F, 2, 0, 0, 0});
+    unsigned char expected[] = {8, 0, 0, 0, 8, 0, 0, 0, 24, 0, 0xFF, 0x7F, 2, 0, 0, 0};
+    EXPECT_EQ(0, std::memcmp(expected, &headerOf(array), 16));
     int step = 0, mode = 0, size = 0;
     suDynamicGetStats(array, &step, &mode, &size);
     EXPECT_EQ(std::tuple(32767, 2, 24), std::tuple(step, mode, size));
     headerOf(array).keepFlag = 7;
     void *const like = suDynArrayAlloc1(0, array);
-    CheckHeader(like, {0, 0, 0, 0, 0, 0, 0, 0, 24, 0, 0xFF, 0x7F, 2, 0, 0, 0});
+    expected[0] = expected[4] = 0;
+    EXPECT_EQ(0, std::memcmp(expected, &headerOf(like), 16));
     EXPECT_FALSE(suDynArrayAlloc1(-1, array));
     EXPECT_FALSE(suDynArrayAlloc1(3, nullptr));
     amDynamicArrayFree(array); // kept
@@ -108,10 +105,7 @@ struct Model {
     int capacity, step, mode, keepFlag;
 
     int count() const { return static_cast<int>(list.size()); }
-    void setCapacity(int slots) {
-        capacity = slots;
-        keepFlag = 0;
-    }
+    void setCapacity(int slots) { capacity = slots, keepFlag = 0; }
 
     /// Slots for n more elements; false when the rule refuses to make them.
     bool makeRoom(Edit edit, int n) {
@@ -131,7 +125,7 @@ struct Model {
     }
 };
 
-void CheckSame(Model const &model, Array const &array, support::Caller = {}) {
+void CheckSame(Model const &model, Array const &array, Caller = {}) {
     amDynamicArrayHeader const &header = array.header();
     ASSERT_EQ(model.list, array.list());
     ASSERT_EQ(std::tuple(model.capacity, model.step, model.mode, model.keepFlag),
@@ -139,7 +133,7 @@ void CheckSame(Model const &model, Array const &array, support::Caller = {}) {
 }
 
 /// Adds, appends or inserts n elements, at times from the array's own slots, free ones included.
-void addSome(Model &model, Array &array, int at, int n, support::Random &random) {
+void addSome(Model &model, Array &array, int at, int n, Random &random) {
     int const count = model.count(), from = random.below(std::max(model.capacity - n, 0) + 1);
     bool const own = n <= model.capacity && random.below(3) == 0;
     for (int i = count; i < model.capacity; ++i) array.items()[i] = item(random.below(999));
@@ -154,10 +148,9 @@ void addSome(Model &model, Array &array, int at, int n, support::Random &random)
     } else if (kind == kAppend) {
         Array other(0, n, 1, kLinear);
         for (Item const &element : elements) other.add(element);
-        bool const itself = n == count;
-        bool const done = model.insert(kAppend, count, itself ? Items(model.list) : elements);
-        ASSERT_EQ(done,
-                  array.take(amDynamicArrayAppend(array.data, itself ? array.data : other.data)));
+        void *const added = n == count ? array.data : other.data; // the array itself, too
+        bool const done = model.insert(kAppend, count, n == count ? Items(model.list) : elements);
+        ASSERT_EQ(done, array.take(amDynamicArrayAppend(array.data, added)));
     } else {
         bool const done = model.insert(kInsert, at, elements);
         ASSERT_EQ(done, array.take(amDynamicArrayInsertAt(array.data, at, source, n)));
@@ -205,7 +198,7 @@ void changeCapacity(Model &model, Array &array, int n, int kind) {
 }
 
 TEST(DynamicArray, EditsFollowTheirRules) {
-    support::Random random;
+    Random random;
     for (int round = 0; round < 20000; ++round) {
         Model model{{}, random.below(10), random.below(8), 1 + random.below(3), random.below(2)};
         Array array(0, model.capacity, model.step, kLinear);
@@ -249,9 +242,8 @@ TEST(DynamicArray, LargeProportionalGrowthFallsBackToTheLargestStep) {
     array.header().growMode = 32767;
     ASSERT_TRUE(array.add(item(1)));
     amDynamicArrayHeader &header = array.header();
-    EXPECT_EQ(70000 + 32767, header.capacity);
-    EXPECT_EQ(kLinear, header.growMode);
-    EXPECT_EQ(32767, header.growStep);
+    EXPECT_EQ(std::tuple(70000 + 32767, kLinear, 32767),
+              std::tuple(header.capacity, header.growMode, header.growStep));
     EXPECT_EQ(item(1), array.items()[70000]);
     // 40000 more would not fit then: refused.
     header.growMode = 32767;
@@ -297,9 +289,8 @@ static_assert(sizeof(suDynamicArray<int>) == 2 * sizeof(void *));
 
 TEST(DynamicArrayOwner, AddCreatesGrowsAndNotifies) {
     Watched list;
-    for (int i = 0; i < 1000; ++i) {
-        EXPECT_EQ(
-            i, list.Add(i < 8 ? item(i) : list[i - 8])); // from 8 on an element of the list itself
+    for (int i = 0; i < 1000; ++i) { // from 8 on the elements of the list itself
+        EXPECT_EQ(i, list.Add(i < 8 ? item(i) : list[i - 8]));
         EXPECT_EQ(Change(i, i), list.change);
         EXPECT_EQ(i < 8 ? 8 : (i + 8) / 16 * 16 + 8, headerOf(list.Data()).capacity);
     }

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Vectors and matrices in plain float arrays.
 
-#include <vexmath/gfxmath.h>
-
 #include <array>
 
-#include "common/numbers.h"
+#include "common/geometry.h"
 
 namespace {
+
+using namespace common;
 
 /// An array that converts to the pointer which the functions take.
 template <std::size_t size>
@@ -20,7 +20,7 @@ using Mat = Floats<16>;
 
 constexpr float kQuarter = 1.57079637F, kHalf = 3.14159274F; // the floats nearest to pi / 2 and pi
 
-void CheckNear(Vec const &expected, Vec const &actual, float bound, support::Caller = {}) {
+void CheckNear(Vec const &expected, Vec const &actual, float bound, Caller = {}) {
     for (std::size_t i = 0; i < 3; ++i) EXPECT_NEAR(expected[i], actual[i], bound) << i;
 }
 
@@ -38,7 +38,7 @@ TEST(Gfxmath, VectorOperationsMayWriteOverTheirInputs) {
 }
 
 TEST(Gfxmath, NormaliseNeedsASquaredLengthAboveItsBound) {
-    auto const check = [](Vec v, int result, Vec const &expected, support::Caller = {}) {
+    auto const check = [](Vec v, int result, Vec const &expected, Caller = {}) {
         EXPECT_EQ(result, gfxmath_normalise(v));
         EXPECT_EQ(expected, v);
     };
@@ -67,7 +67,7 @@ TEST(Gfxmath, ProductAppliesItsSecondMatrixFirst) {
 
 TEST(Gfxmath, TriangleNormalsOfSmallTrianglesNeedTheScaledForms) {
     auto const check = [](auto triangleNormal, Vec const &p1, Vec const &p2, int result,
-                          Vec const &expected, support::Caller = {}) {
+                          Vec const &expected, Caller = {}) {
         Vec n = p1; // which may be overwritten
         EXPECT_EQ(result, triangleNormal(Vec{}, n, p2, n));
         EXPECT_EQ(expected, n);
@@ -89,7 +89,7 @@ TEST(Gfxmath, RotateAxisFollowsTheRightHandRule) {
 }
 
 TEST(Gfxmath, SphericalNormalsAreInverses) {
-    auto const check = [](Vec const &n, float latitude, float azimuth, support::Caller = {}) {
+    auto const check = [](Vec const &n, float latitude, float azimuth, Caller = {}) {
         float sph[2];
         gfxmath_cartesian_to_spherical_normal(n, sph);
         EXPECT_EQ(latitude, sph[0]) << n[0] << " " << n[2];

@@ -1,19 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Archive records: their items, the refusal of every shorter stream, and what a reader repairs.
 
-#include <vexmath/bbox.h>
-#include <vexmath/cone.h>
-#include <vexmath/line.h>
-#include <vexmath/point2d.h>
-#include <vexmath/primitive_body_data.h>
-
 #include "common/geometry.h"
 
 namespace {
 
-using namespace support;
-using P = mgPoint_c;
-using V = mgVector_c;
+using namespace common;
+
 using Xform = mgXform_c;
 
 /// An archive in memory.
@@ -160,7 +153,7 @@ TEST(Persistence, OtherRecordsAreTheirMembersAsTheyAre) {
     mgBBox_c box; // unset and inverted
     box.setSphereOnly(P(1.0, 2.0, 3.0), kNaN);
     box.setCornersOnly(P(7.0, 8.0, 9.0), root);
-    mgUnitVector_c longer; // normalised neither when written nor when read
+    U longer; // normalised neither when written nor when read
     longer.set(7.0, 8.0, 9.0);
     mgModelPerspInfo_c model(1.0, 2.0, 3.0, 4.0);
     model.setMinFarClipPlaneDistance(5.0);

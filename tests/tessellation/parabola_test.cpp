@@ -5,8 +5,7 @@
 
 namespace {
 
-using namespace support;
-using P = mgPoint_c;
+using namespace common;
 
 Polyline polylineOf(parabolaEdgeData const &parabola, double tol = 0.01) {
     return outputOf([&](auto &&...out) { mg_TessParabola(&parabola, tol, out...); });
@@ -39,9 +38,9 @@ TEST(TessParabola, StepsEquallyAcrossTheAxisOnTheCurve) {
 }
 
 TEST(TessParabola, TheToleranceDoesNotChangeAParabola) {
+    parabolaEdgeData const conic = conicOf(2, 1, -1, 1);
     for (double const tol : {0.0, 1e9, -1.0})
-        EXPECT_TRUE(
-            areSame(polylineOf(conicOf(2, 1, -1, 1), tol), polylineOf(conicOf(2, 1, -1, 1))));
+        EXPECT_TRUE(areSame(polylineOf(conic, tol), polylineOf(conic)));
 }
 
 TEST(TessParabola, HasFromTenToTenMillionSegments) {
@@ -78,8 +77,7 @@ TEST(ConicEccentricity, IsThatOfTheCurveThroughTheEndFartherAlongTheAxis) {
     }
     P const v{0, 0, 0}, f{0, 0, 1};
     EXPECT_EQ(mg_getConicEccentricity(f, v, v, v), 1);
-    EXPECT_EQ(mg_getConicEccentricity(f, v, {3, 0, 0}, {4, 0, 0}),
-              1); // both at the vertex's height
+    EXPECT_EQ(mg_getConicEccentricity(f, v, {3, 0, 0}, {4, 0, 0}), 1); // level with the vertex
     // On a tie the start: (2, 0, 1) is on the parabola, (4, 0, 1) is not.
     EXPECT_EQ(mg_getConicEccentricity(f, v, {2, 0, 1}, {4, 0, 1}), 1);
     EXPECT_EQ(mg_getConicEccentricity(f, v, {4, 0, 1}, {2, 0, 1}), 3);

@@ -4,18 +4,13 @@
 #ifndef VEXMATH_TESTS_TESSELLATION_POLYLINE_H
 #define VEXMATH_TESTS_TESSELLATION_POLYLINE_H
 
-#include <vexmath/edge_data.h>
-#include <vexmath/mg_tessellation.h>
-#include <vexmath/mg_vector.h>
-#include <vexmath/su_dynamic_array.h>
-
 #include <vector>
 
 #include "common/geometry.h"
 
-namespace support {
+namespace common {
 
-using Polyline = std::vector<mgPoint_c>;
+using Polyline = std::vector<P>;
 
 inline bool areSame(Polyline const &a, Polyline const &b) {
     return a.size() == b.size()
@@ -26,10 +21,10 @@ inline bool areSame(Polyline const &a, Polyline const &b) {
 /// new or not written, and the list ends with the same points or stays unchanged.
 template <class Call>
 Polyline outputOf(Call call) {
-    mgPoint_c *array = nullptr;
+    P *array = nullptr;
     int count = -1, listed = -1;
     call(&array, count, nullptr);
-    suDynamicArray<mgPoint_c> list;
+    suDynamicArray<P> list;
     list.Add({7, 8, 9});
     call(nullptr, listed, &list);
     EXPECT_EQ(count, listed);
@@ -40,8 +35,8 @@ Polyline outputOf(Call call) {
     }
     Polyline const points(array, array + count + 1);
     delete[] array;
-    EXPECT_TRUE(
-        areSame(points, {list.Data() + list.Count() - count - 1, list.Data() + list.Count()}));
+    P const *const end = list.Data() + list.Count();
+    EXPECT_TRUE(areSame(points, {end - count - 1, end}));
     return points;
 }
 
@@ -55,6 +50,6 @@ void CheckNear(Polyline const &points, double bound, At at, Caller = {}) {
         ASSERT_LT(dist(points[i], at(static_cast<double>(i) / n)), bound) << i;
 }
 
-} // namespace support
+} // namespace common
 
 #endif

@@ -5,7 +5,7 @@
 
 namespace {
 
-using namespace support;
+using namespace common;
 
 /// Exactly these elements, a rotation or not.
 mgXform_c ofElements(double const (&elements)[9]) { return raw(mgMatrix_c(elements, 0)); }
@@ -22,13 +22,13 @@ mgXform_c rotated(double g, double b, double a) {
 using Decomposition = int (mgXform_c::*)(double &, double &, double &) const;
 constexpr Decomposition older = &mgXform_c::getThreeAngles;
 constexpr Decomposition newer = &mgXform_c::getThreeAnglesNew;
-mgVector_c const unwritten(-77.0, -77.0, -77.0);
+V const unwritten(-77.0, -77.0, -77.0);
 
-void CheckAngles(Decomposition angles, mgXform_c const &x, int result, mgVector_c const &expected,
+void CheckAngles(Decomposition angles, mgXform_c const &x, int result, V const &expected,
                  Caller = {}) {
     double a1 = -77.0, a2 = -77.0, a3 = -77.0;
     EXPECT_EQ(result, (x.*angles)(a1, a2, a3));
-    EXPECT_BITS_EQ(expected, mgVector_c(a1, a2, a3));
+    EXPECT_BITS_EQ(expected, V(a1, a2, a3));
 }
 
 TEST(Euler, AnglesAreThoseOfTheRotations) {
@@ -40,7 +40,7 @@ TEST(Euler, AnglesAreThoseOfTheRotations) {
         double a1, a2, a3;
         ASSERT_EQ(1, mg_ScaleXform(x, 3.0).getThreeAnglesNew(a1, a2, a3));
         // The cosine of b, at least 0.07, divides the rounding of the elements.
-        ASSERT_LT(gap(mgVector_c(g, b, a), mgVector_c(a1, a2, a3)), 2e-13);
+        ASSERT_LT(gap(V(g, b, a), V(a1, a2, a3)), 2e-13);
     }
 }
 
@@ -72,14 +72,13 @@ TEST(Euler, TheNewerAnglesOfSmallRotationsHaveTheOppositeSign) {
 }
 
 TEST(Euler, ARotationAboutOneAxisHasOlderAnglesOfItsOwn) {
-    auto const check = [](mgVector_c const &axis, double t, mgVector_c const &expected,
-                          Caller = {}) {
+    auto const check = [](V const &axis, double t, V const &expected, Caller = {}) {
         double a1, a2, a3;
         ASSERT_EQ(1, mg_RotateXform(t, axis, 0.0).getThreeAngles(a1, a2, a3)) << t;
-        EXPECT_LT(gap(expected, mgVector_c(a1, a2, a3)), 1e-12) << t;
+        EXPECT_LT(gap(expected, V(a1, a2, a3)), 1e-12) << t;
     };
     double const half = vexmath::kPi, quarter = vexmath::kHalfPi;
-    mgVector_c const x(1.0, 0.0, 0.0), y(0.0, 1.0, 0.0), z(0.0, 0.0, 1.0);
+    V const x(1.0, 0.0, 0.0), y(0.0, 1.0, 0.0), z(0.0, 0.0, 1.0);
     check(x, 1.2, {0.0, 0.0, 1.2}), check(x, -1.2, {0.0, 0.0, -1.2});
     check(x, 1.7, {half, half, 1.7 - half}), check(x, -1.7, {half, half, half - 1.7});
     check(y, 2.5, {0.0, 2.5, 0.0}), check(y, -2.5, {0.0, -2.5, 0.0});

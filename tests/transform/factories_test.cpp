@@ -5,10 +5,7 @@
 
 namespace {
 
-using namespace support;
-using P = mgPoint_c;
-using U = mgUnitVector_c;
-using V = mgVector_c;
+using namespace common;
 
 U const x(1.0, 0.0, 0.0), y(0.0, 1.0, 0.0), z(0.0, 0.0, 1.0);
 P const eye(1.0, 2.0, 3.0), origin;

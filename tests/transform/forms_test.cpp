@@ -1,22 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Graphics arrays and text forms of transforms.
 
-#include <vexmath/bbox.h>
+#include <clocale>
 
 #include "common/geometry.h"
 
-#include <clocale>
-
 namespace {
 
-using namespace support;
-
-template <class T>
-std::wstring textOf(T const &object) {
-    CString text;
-    object.saveStringRep(text);
-    return static_cast<wchar_t const *>(text);
-}
+using namespace common;
 
 TEST(Forms, TheScaleOfAnArrayIsNotReadBack) {
     mgMatrix_c const r = mg_RotateXform(1.0, {1.0, 2.0, 3.0}, 0.0).rotation();
@@ -73,7 +64,7 @@ TEST(Forms, TextsFollowTheNumericLocale) {
     if (std::setlocale(LC_NUMERIC, "de_DE.UTF-8") == nullptr)
         GTEST_SKIP() << "no locale with a decimal comma";
     mgXform_c back;
-    mgBBox_c box(mgPoint_c(0.0, 0.0, 0.0), mgPoint_c(0.5, 1.0, 1.0));
+    mgBBox_c box(P(0.0, 0.0, 0.0), P(0.5, 1.0, 1.0));
     EXPECT_EQ(withComma, textOf(third));
     EXPECT_EQ(1, back.restoreStringRep(withComma.c_str()));
     CheckRefused(withPoint);

@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Placements with a scale for each axis of a body.
 
-#include <vexmath/gen_xform.h>
-
-#include "common/geometry.h"
-
 #include <functional>
 #include <memory>
 
+#include "common/geometry.h"
+
 namespace {
 
-using namespace support;
-using P = mgPoint_c;
-using V = mgVector_c;
+using namespace common;
 
 /// x y z -> -y x z, to the bit.
 mgXform_c const quarter = mg_RotateXform(vexmath::kHalfPi, {0.0, 0.0, 1.0}, 1e-9);
@@ -20,7 +16,7 @@ mgXform_c const quarter = mg_RotateXform(vexmath::kHalfPi, {0.0, 0.0, 1.0}, 1e-9
 // A point is mapped, a vector is refused.
 template <class T>
 constexpr bool kMoves = std::is_invocable_v<std::multiplies<>, mgGenXform_c, T>;
-static_assert(kMoves<P> && kMoves<double const *> && !kMoves<V> && !kMoves<mgUnitVector_c>);
+static_assert(kMoves<P> && kMoves<double const *> && !kMoves<V> && !kMoves<U>);
 
 mgGenXform_c scaled(mgXform_c const &placing, mgXform_c const *body, V const &scale) {
     mgGenXform_c g(placing);

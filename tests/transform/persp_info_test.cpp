@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Perspective records: their kinds, the division of screen points and its inverse.
 
-#include <vexmath/persp_info.h>
-
 #include <type_traits>
 
 #include "common/geometry.h"
 
 namespace {
 
-using namespace support;
-using P = mgPoint_c;
+using namespace common;
 
 static_assert(
     std::is_polymorphic_v<mgPerspInfo_c> && !std::has_virtual_destructor_v<mgPerspInfo_c>);
@@ -61,7 +58,7 @@ TEST(PerspInfo, DivisionMovesTowardsTheEyeAndHasAnInverse) {
 TEST(PerspInfo, AModelRecordLooksAlongItsOwnDirection) {
     mgModelPerspInfo_c model(1.0, 2.0, 3.0, 4.0);
     P focus, eye;
-    model.setModelViewDir(-mgUnitVector_c::xAxis());
+    model.setModelViewDir(-U::xAxis());
     model.getFocusPoint(&focus);
     EXPECT_BITS_EQ(P(-3.0, 2.0, 3.0), focus);
     EXPECT_EQ(-1.0, model.getModelViewDir().x());

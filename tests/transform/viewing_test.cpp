@@ -1,21 +1,16 @@
 // SPDX-License-Identifier: MIT
 // View rays, inverse mappings of screen points, projections along the line of sight, zoom.
 
-#include <vexmath/mg_queries.h>
-
 #include "common/geometry.h"
 
 namespace {
 
-using support::Caller;
-using support::gap;
-using P = mgPoint_c;
-using U = mgUnitVector_c;
+using namespace common;
 
 constexpr double nearZ = -8.0;
 P const model(1, 2, 3);
 U const x(1, 0, 0), y(0, 1, 0), z(0, 0, 1);
-mgXform_c const plainView = mg_RestoreXform({y, z, x}, mgVector_c(3, -2, 1), 2.0);
+mgXform_c const plainView = mg_RestoreXform({y, z, x}, V(3, -2, 1), 2.0);
 
 /// The same with an eye, classified by its field-of-view plane.
 mgXform_c viewWithRecord(double fovPlaneDistance) {
@@ -62,7 +57,7 @@ TEST(Viewing, WithoutARecordTheCallersViewIsInvertedAsItIs) {
     U dir;
     int isCamera = -1;
     // A copy would have scale 1.
-    mg_getModelSpaceViewRay(support::raw({}, {}, 8e12), p, 1, p, dir, isCamera, nullptr);
+    mg_getModelSpaceViewRay(raw({}, {}, 8e12), p, 1, p, dir, isCamera, nullptr);
     EXPECT_BITS_EQ(x, p);
 }
 
@@ -118,10 +113,10 @@ TEST(Viewing, AZoomIsReturnedAsItWasComposed) {
     // A copy would have translation 0 or scale 1.
     mgXform_c const near =
         mg_ZoomToPosition(P(-5.0 + 0x1p-28, 0, 0), P(), P(), mg_TranslateXform({5, 0, 0}), 2.0);
-    EXPECT_BITS_EQ(support::raw({}, {0x1p-28, 0, 0}, 2.0), near);
-    mgVector_c const move(-5e14 + 4.0, -1e15, -1.5e15);
+    EXPECT_BITS_EQ(raw({}, {0x1p-28, 0, 0}, 2.0), near);
+    V const move(-5e14 + 4.0, -1e15, -1.5e15);
     mgXform_c const view = mg_ScaleXform(1e5);
-    mgXform_c const zoom = support::raw({}, move, 1e15);
+    mgXform_c const zoom = raw({}, move, 1e15);
     EXPECT_BITS_EQ(zoom, mg_ZoomToPosition(P(4, 0, 0), model, P(), view, 1e10));
     EXPECT_BITS_EQ(zoom, mg_ZoomBoxToBox({4, 0}, {4, 0}, model, P(), view, 1e10));
 }

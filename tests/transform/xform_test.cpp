@@ -2,8 +2,6 @@
 // The similarity transform: copies that change the value, composition, images of points and
 // vectors, ownership of the perspective record.
 
-#include <vexmath/mg_transform.h>
-
 #include <cstddef>
 #include <type_traits>
 
@@ -11,7 +9,7 @@
 
 namespace {
 
-using namespace support;
+using namespace common;
 
 // The rotation comes first.
 static_assert(std::is_standard_layout_v<mgXform_c> && !std::is_trivially_copyable_v<mgXform_c>);
@@ -21,7 +19,7 @@ static_assert(offsetof(Helper, translation) == sizeof(mgMatrix_c));
 static_assert(offsetof(Helper, reflection) == sizeof(mgMatrix_c) + 32);
 
 constexpr double kSmallest = 1.0000000000000002e-13, kLargest = 6e12;
-mgUnitVector_c const x(1.0, 0.0, 0.0), y(0.0, 1.0, 0.0), z(0.0, 0.0, 1.0);
+U const x(1.0, 0.0, 0.0), y(0.0, 1.0, 0.0), z(0.0, 0.0, 1.0);
 mgMatrix_c const one, quarter = mg_RotationMatrix(1.5707963267949, z, 1e-6); // rows y, -x, z
 mgMatrix_c const flagged = quarter.transpose().transpose(); // the same with the identity flag set
 
@@ -75,32 +73,31 @@ TEST(Xform, CompositionGoesByTheFlags) {
 }
 
 TEST(Xform, PointsVectorsAndDirectionsAreMovedInThreeWays) {
-    mgPoint_c const p(-0.0, -5.0, kInfinity); // a product with the identity would change it
+    P const p(-0.0, -5.0, kInfinity); // a product with the identity would change it
     mgMatrix_c const unflagged({1, -0.0, 0, 0, 1, 0, 0, -0.0, 1}, 0);
     mgMatrix_c const nearly({1, 0, 0, 0, 1, 0, 0, 0, above(1.0)}, 0);
-    EXPECT_BITS_EQ(mgPoint_c(-0.0, 2.0, kInfinity), p * raw(unflagged, 7.0 * y));
+    EXPECT_BITS_EQ(P(-0.0, 2.0, kInfinity), p * raw(unflagged, 7.0 * y));
     EXPECT_BITS_EQ(p * nearly, p * raw(nearly));
-    EXPECT_BITS_EQ(mgVector_c(-0.0, 0.0, 0.0), mgVector_c(-0.0, 0.0, 0.0) * raw(quarter));
+    EXPECT_BITS_EQ(V(-0.0, 0.0, 0.0), V(-0.0, 0.0, 0.0) * raw(quarter));
     double const up = 1.0 + 1e-08, down = above(1.0 - 1e-08); // the last within 1e-08 of 1
     for (double const scale : {up, above(up), down, below(down), kNaN}) {
         double const factor = scale == above(up) || scale == below(down) ? scale : 1.0;
-        EXPECT_BITS_EQ(mgVector_c(1.0, -5.0 * factor, kInfinity), p * raw(one, x, scale));
-        EXPECT_BITS_EQ(mgVector_c(p) * factor, mgVector_c(p) * raw(one, x, scale));
+        EXPECT_BITS_EQ(V(1.0, -5.0 * factor, kInfinity), p * raw(one, x, scale));
+        EXPECT_BITS_EQ(V(p) * factor, V(p) * raw(one, x, scale));
     }
     // Directions go by the flag, vectors by the elements; directions are normalised when rotated.
-    mgUnitVector_c longer;
+    U longer;
     longer.set(0.0, 3.0, 0.0);
     EXPECT_EQ(0.0, gap(-x, longer * raw(quarter, x, 2.0)));
     EXPECT_EQ(0.0, gap(3.0 * y, longer * raw(flagged)));
-    EXPECT_EQ(0.0, gap(-3.0 * x, mgVector_c(longer) * raw(flagged)));
+    EXPECT_EQ(0.0, gap(-3.0 * x, V(longer) * raw(flagged)));
 }
 
 TEST(Xform, InverseDropsMirrorAndPerspective) {
     mgXform_c mirror = raw(quarter, {1.0, 2.0, 3.0}, 4.0);
     mirror.setReflection(1);
     mirror.addPerspectiveInfo(mgPerspInfo_c(1.0, 2.0, 3.0, 4.0));
-    EXPECT_BITS_EQ(raw(quarter.inverse(), mgVector_c(-2.0, 1.0, -3.0) * 0.25, 0.25),
-                   mirror.inverse());
+    EXPECT_BITS_EQ(raw(quarter.inverse(), V(-2.0, 1.0, -3.0) * 0.25, 0.25), mirror.inverse());
     EXPECT_EQ(0, mirror.inverse().hasPerspective());
 }
 
@@ -201,17 +198,16 @@ TEST(Xform, ARecordIsOwnedByOneTransform) {
     b.deletePerspectiveInfo(), b.deletePerspectiveInfo();
     CheckRecord(b, -1.0), CheckRecord(copy, 5.0);
     // e + (p - e) 5 / dz, with the eye e at (1, 2, 3), after the scale
-    EXPECT_BITS_EQ(mgPoint_c(11.0, 2.0, 5.5),
-                   mgPoint_c(3.0, 1.0, 2.75) * (mg_ScaleXform(2.0) * copy));
+    EXPECT_BITS_EQ(P(11.0, 2.0, 5.5), P(3.0, 1.0, 2.75) * (mg_ScaleXform(2.0) * copy));
 }
 
 TEST(Xform, AxesAreCopiedFromColumnsAndRows) {
     mgXform_c const form = raw(mgMatrix_c({1, 2, 3, 4, 5, 6, 7, 8, 9}, 0), {}, 2.0);
-    mgUnitVector_c a, b, c;
+    U a, b, c;
     form.getXAxis(&a), form.getYAxis(&b), form.getZAxis(&c);
-    EXPECT_BITS_EQ(mgVector_c(4.0, 5.0, 6.0), mgVector_c(a.y(), b.y(), c.y()));
+    EXPECT_BITS_EQ(V(4.0, 5.0, 6.0), V(a.y(), b.y(), c.y()));
     form.getIXAxis(&a), form.getIYAxis(&b), form.getIZAxis(&c);
-    EXPECT_BITS_EQ(mgVector_c(2.0, 5.0, 8.0), mgVector_c(a.y(), b.y(), c.y()));
+    EXPECT_BITS_EQ(V(2.0, 5.0, 8.0), V(a.y(), b.y(), c.y()));
     EXPECT_BITS_EQ(raw(mgMatrix_c(1, z, x, y), 5e-9 * x),
                    mgXform_c(y, z, 5e-9 * x)); // z, x, origin
 }

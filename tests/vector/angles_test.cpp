@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: MIT
 // Angles between vectors, the digits of the angle constants, and the derivative of a direction.
 
-#include <vexmath/mg_vector.h>
-
 #include "common/geometry.h"
 
 namespace {
 
-using namespace support;
+using namespace common;
 
 constexpr double kTurn = 6.2831853071796;
 double const right = std::atan2(1.0, 0.0), half = std::atan2(0.0, -1.0);
-mgVector_c const x(1.0, 0.0, 0.0), y(0.0, 1.0, 0.0), z(0.0, 0.0, 1.0), null;
+V const x(1.0, 0.0, 0.0), y(0.0, 1.0, 0.0), z(0.0, 0.0, 1.0), null;
 
 static_assert(vexmath::kFullTurnBound == 6.2831853071896);
 static_assert(vexmath::kHalfTurnBound == 3.1415926535998002);
@@ -30,14 +28,13 @@ TEST(Angles, AReferenceMeasuresTheLongWayRound) {
 }
 
 TEST(Angles, FromVectorsIsSignedInThePlaneAlone) {
-    auto const check = [](double expected, mgVector_c const &a, mgVector_c const &b, int force3d,
-                          Caller = {}) {
+    auto const check = [](double expected, V const &a, V const &b, int force3d, Caller = {}) {
         EXPECT_BITS_EQ(expected, mg_getAngleFromVectors(a, b, 1e9, force3d));
     };
-    mgVector_c const a(2.0, 3.0, 0.0), b(5.0, 0.5, 0.0);
+    V const a(2.0, 3.0, 0.0), b(5.0, 0.5, 0.0);
     check(std::atan2(1.0 - 15.0, 10.0 + 1.5), a, b, 0);
     check(std::atan2(15.0 - 1.0, 10.0 + 1.5), a, b, 1);
-    check(0.0, a, mgVector_c(9e-9, 9e-9, 9e-9), 1);
+    check(0.0, a, V(9e-9, 9e-9, 9e-9), 1);
     check(-right, y, x - 1e-08 * z, 0); // on the bound, and beyond it in either operand
     check(right, y, x - above(1e-08) * z, 0);
     check(-right, y + 1e-08 * z, x, 0);
@@ -45,7 +42,7 @@ TEST(Angles, FromVectorsIsSignedInThePlaneAlone) {
 }
 
 TEST(Angles, TheDerivativeOfADirectionIsItsRate) {
-    mgVector_c const v(0.0, 3.0, 4.0), along = 0.5 * v; // does not rotate v
+    V const v(0.0, 3.0, 4.0), along = 0.5 * v; // does not rotate v
     EXPECT_LT(gap((4.0 * y - 3.0 * z) / 20.0, mgUnitVectorDer(v, y - 0.75 * z + along)), 1e-16);
     EXPECT_BITS_EQ(y / 1e-08, mgUnitVectorDer(1e-08 * x, y));
     EXPECT_BITS_EQ(null, mgUnitVectorDer(below(1e-08) * x, x + y)); // without a guard 0 / 0

@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Unit vectors and direction predicates: every threshold from both sides, and NaN.
 
-#include <vexmath/mg_vector.h>
-
 #include <memory>
 
 #include "common/geometry.h"
 
 namespace {
 
-using namespace support;
-using U = mgUnitVector_c;
-using V = mgVector_c;
+using namespace common;
 
 V const x(1.0, 0.0, 0.0), y(0.0, 1.0, 0.0), z(0.0, 0.0, 1.0), null;
 

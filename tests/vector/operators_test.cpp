@@ -2,9 +2,7 @@
 // Which operators points and vectors have. Nothing runs here: all is decided by the compiler, in
 // C++17, 20 and 23, of which the newer ones also try the operands of a comparison in reverse.
 
-#include <vexmath/mg_vector.h>
-#include <vexmath/point2d.h>
-#include <vexmath/vector4.h>
+#include <vexmath/vexmath.h>
 
 #include <algorithm>
 #include <functional>
@@ -107,6 +105,16 @@ static_assert(!becomes<V, U> && !becomes<P, U>); // a direction is asked for by 
     bool const nested =
         points == std::vector<P>(2, p) && maybe == v && std::pair(p, v) != std::pair(q, v);
     return equal && unequal && nested && std::find(points.begin(), points.end(), p) != points.end();
+}
+template <class... A>
+bool compareEach(A const &...a) {
+    return (... && (a == a));
+}
+[[maybe_unused]] bool compareOthers(uoSelectType_c const &types,
+                                    uoSelectConstraint_c const &rules) {
+    return compareEach(mgBBox_c(), mgMatrix_c(), mgMatrix4_c(), mgQuaternion_c(), mgPerspInfo_c(),
+                       mgModelPerspInfo_c(), types, rules)
+           && types != types && rules != rules;
 }
 
 } // namespace

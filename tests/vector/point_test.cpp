@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Points and vectors as values, their arithmetic and tolerant comparisons, lines and markers.
 
-#include <vexmath/mg_vector.h>
-#include <vexmath/point2d.h>
-#include <vexmath/vector4.h>
-
 #include <sstream>
 #include <type_traits>
 #include <vector>
@@ -13,15 +9,13 @@
 
 namespace {
 
-using namespace support;
-using P = mgPoint_c;
-using V = mgVector_c;
+using namespace common;
 
 // Callers copy these by memcpy, pass them as arrays and overlay them on their own structures.
 template <class T, std::size_t size>
 constexpr bool plain = std::conjunction_v<std::is_trivially_copyable<T>, std::is_standard_layout<T>,
                                           std::bool_constant<sizeof(T) == size>>;
-static_assert(plain<V, 24> && plain<P, 24> && plain<mgUnitVector_c, 24> && plain<gcMdiPoint_c, 24>);
+static_assert(plain<V, 24> && plain<P, 24> && plain<U, 24> && plain<gcMdiPoint_c, 24>);
 static_assert(plain<mg2DPoint_c, 16> && plain<mgVector4_c, 32> && plain<mgTessPoint2D_c, 12>);
 
 P const p(1.0, 2.0, 3.0), q(0.5, -0.25, 4.0), origin;
@@ -66,7 +60,7 @@ TEST(Points, ValuesGoInAndOutInOrder) {
     fromFloats[2] = 0.7; // it is also an array of three
     V(fromFloats).get(singles);
     EXPECT_EQ(0.7F, singles[2]);
-    EXPECT_BITS_EQ(mg_Normalise(p), mgUnitVector_c(xyzw));
+    EXPECT_BITS_EQ(mg_Normalise(p), U(xyzw));
     mg2DPoint_c uv;
     uv.set(5.0, 6.0), uv.set_y(4.0);
     EXPECT_BITS_EQ(P(5.0, 4.0, 5.0), P(uv.x(), uv.y(), uv.u()));

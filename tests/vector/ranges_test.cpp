@@ -2,13 +2,11 @@
 // Periodic ranges: the snaps at both ends, the bits of the sums, and values that could loop
 // forever.
 
-#include <vexmath/mg_vector.h>
-
 #include "common/geometry.h"
 
 namespace {
 
-using namespace support;
+using namespace common;
 
 constexpr double kTurn = 6.283185307179586;
 constexpr double kUlp = 0x1p-52; // spacing of the doubles in [1, 2)

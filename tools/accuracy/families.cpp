@@ -29,7 +29,7 @@ constexpr int samplesOfOrdinary = 2000;
 
 /// The same numbers on every machine. Each series starts with the same seed, so that a change of
 /// one series changes no other.
-class Random : public support::Generator {
+class Random : public common::Generator {
 public:
     Random() : Generator(20240229) {}
     Matrix rotation() {

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A host's archive: bytes in memory, no standard stream anywhere, and the base a mere alias.
 
-#ifndef SEAM_PLATFORM_ARCHIVE_H
-#define SEAM_PLATFORM_ARCHIVE_H
+#pragma once
 
 #include <cstddef>
 #include <cstring>
@@ -17,35 +16,23 @@ public:
     std::size_t readPosition = 0;
 };
 
-class BinaryDocument : public Document {
-public:
-    BinaryDocument &operator<<(unsigned char value) { return put(value); }
-    BinaryDocument &operator<<(int value) { return put(value); }
-    BinaryDocument &operator<<(unsigned long value) { return put(value); }
-    BinaryDocument &operator<<(double value) { return put(value); }
-    BinaryDocument &operator>>(unsigned char &value) { return take(value); }
-    BinaryDocument &operator>>(int &value) { return take(value); }
-    BinaryDocument &operator>>(unsigned long &value) { return take(value); }
-    BinaryDocument &operator>>(double &value) { return take(value); }
+class BinaryDocument : public Document {};
 
-private:
-    template <class T>
-    BinaryDocument &put(T value) {
-        auto const *first = reinterpret_cast<unsigned char const *>(&value);
-        bytes.insert(bytes.end(), first, first + sizeof value);
-        return *this;
-    }
-    template <class T>
-    BinaryDocument &take(T &value) {
-        std::memcpy(&value, bytes.data() + readPosition, sizeof value);
-        readPosition += sizeof value;
-        return *this;
-    }
-};
+template <class T>
+BinaryDocument &operator<<(BinaryDocument &document, T const &value) {
+    auto const *first = reinterpret_cast<unsigned char const *>(&value);
+    document.bytes.insert(document.bytes.end(), first, first + sizeof value);
+    return document;
+}
+
+template <class T>
+BinaryDocument &operator>>(BinaryDocument &document, T &value) {
+    std::memcpy(&value, document.bytes.data() + document.readPosition, sizeof value);
+    document.readPosition += sizeof value;
+    return document;
+}
 
 } // namespace host
 
 using CArchive = host::Document;
 using su_CArchive = host::BinaryDocument;
-
-#endif

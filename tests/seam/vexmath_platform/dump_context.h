@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A host's dump sink: collects the text.
 
-#ifndef SEAM_PLATFORM_DUMP_CONTEXT_H
-#define SEAM_PLATFORM_DUMP_CONTEXT_H
+#pragma once
 
 #include <string>
 
@@ -14,5 +13,3 @@ struct HostTrace {
     }
 };
 using CDumpContext = HostTrace;
-
-#endif

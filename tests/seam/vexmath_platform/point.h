@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
 // A host's screen point: a C structure under another name.
 
-#ifndef SEAM_PLATFORM_POINT_H
-#define SEAM_PLATFORM_POINT_H
+#pragma once
 
 struct HostScreenPoint {
     int x;
     int y;
 };
 typedef HostScreenPoint CPoint;
-
-#endif

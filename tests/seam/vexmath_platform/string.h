@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A host's string: an instance of a template.
 
-#ifndef SEAM_PLATFORM_STRING_H
-#define SEAM_PLATFORM_STRING_H
+#pragma once
 
 #include <cstdarg>
 #include <cstddef>
@@ -35,5 +34,3 @@ private:
 } // namespace host
 
 typedef host::Text<wchar_t> CString;
-
-#endif

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A host's word array: an instance of a template over a list of unsigned int.
 
-#ifndef SEAM_PLATFORM_WORD_ARRAY_H
-#define SEAM_PLATFORM_WORD_ARRAY_H
+#pragma once
 
 #include <cstddef>
 #include <deque>
@@ -32,5 +31,3 @@ private:
 } // namespace host
 
 using su_CDWordArray = host::Array<unsigned int>;
-
-#endif
