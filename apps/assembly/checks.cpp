@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-// What is checked of an assembly: contacts, drilling, a pick and a section.
+// What is checked of an assembly besides its contacts: drilling, a pick and a section.
 
 #include "checks.h"
 
+#include "edges.h"
 #include "report.h"
 
 #include <algorithm>
@@ -21,59 +22,6 @@
 namespace assembly {
 
 namespace {
-
-// Contacts.
-
-/// A part prepared for tests against many others: its bounds in its own frame at their final size,
-/// and the rigid motion, mirrored or not, from that frame into the assembly.
-///
-/// The scale leaves the placement because the placed clash compares the two spheres at the size at
-/// which they are given, and because the tolerance is a length of the assembly.
-struct Body {
-    mgBBox_c sized;
-    mgBBox_c grown;  ///< by half the tolerance: two that do not meet are farther apart than it
-    mgBBox_c shrunk; ///< by half the tolerance: two that meet overlap by more than it
-    mgXform_c motion;
-};
-
-Body bodyOf(Part const &part, double tolerance) {
-    mgBBox_c sized = part.mesh->bounds;
-    sized *= mg_ScaleXform(part.placement.scaling());
-    Body body{sized, sized, sized, mg_ScaleXform(part.placement, 1.0)}; // replaces the scale
-    body.grown += 0.5 * tolerance;
-    body.shrunk += -0.5 * tolerance;
-    return body;
-}
-
-/// Asked in the frame of the outer part, where its box fits best.
-bool contains(Body const &outer, Body const &inner) {
-    constexpr double kNoShrink = 0.0; // the inner box keeps its size
-    mgBBox_c inOuterFrame = inner.sized;
-    inOuterFrame *= inner.motion * outer.motion.inverse();
-    return outer.sized.containsBBox(&inOuterFrame, kNoShrink) != 0;
-}
-
-Contacts findContacts(std::vector<Part> const &parts, double tolerance) {
-    std::vector<Body> bodies;
-    bodies.reserve(parts.size());
-    for (Part const &part : parts) bodies.push_back(bodyOf(part, tolerance));
-
-    Contacts contacts;
-    Progress progress("checking pairs", parts.size() * (parts.size() - 1) / 2);
-    for (std::size_t i = 0; i < bodies.size(); ++i) {
-        for (std::size_t j = i + 1; j < bodies.size(); ++j) {
-            progress.step();
-            Body const &a = bodies[i];
-            Body const &b = bodies[j];
-            if (!mgBBox_c::clash(a.grown, a.motion, b.grown, b.motion)) continue;
-            bool const overlap = mgBBox_c::clash(a.shrunk, a.motion, b.shrunk, b.motion) != 0;
-            (overlap ? contacts.clashing : contacts.touching).push_back({i, j});
-            if (contains(a, b)) contacts.containing.push_back({i, j});
-            if (contains(b, a)) contacts.containing.push_back({j, i});
-        }
-    }
-    return contacts;
-}
 
 // Drilling.
 
@@ -96,12 +44,15 @@ Drilling findDrilling(std::vector<Part> const &parts) {
         bolts.push_back(i);
         centres.Add(parts[i].placed.center());
     }
-    if (bolts.empty()) return {};
+    Drilling drilling{bolts.size(), {}, {}};
+    if (bolts.empty() || bolts.size() > Drilling::kMostBolts) return drilling;
 
+    Progress progress("putting bolts in order", 2);
+    progress.step("for a path");
     suDynamicArray<int> order;
     mg_OpenTSP(centres, order);
-    Drilling drilling;
     drilling.path = inOrder(bolts, centres, order);
+    progress.step("for a tour");
     mg_ClosedTSP(centres, order);
     drilling.tour = inOrder(bolts, centres, order);
     drilling.tour.length += dist(drilling.tour.centres.back(), drilling.tour.centres.front());
@@ -320,10 +271,11 @@ Section findSection(std::vector<Part> const &parts, mgPlane_c const &plane,
 
 } // namespace
 
-CheckResult check(Assembly const &assembly, std::optional<PanelPoint> const &pickAt,
+CheckResult check(Assembly const &assembly, Contacts contacts,
+                  std::optional<PanelPoint> const &pickAt,
                   std::optional<mgPlane_c> const &sectionPlane) {
     CheckResult result;
-    result.contacts = findContacts(assembly.parts, assembly.clashTolerance);
+    result.contacts = std::move(contacts);
     result.drilling = findDrilling(assembly.parts);
     if (pickAt) result.pick = findPick(assembly, *pickAt);
     if (sectionPlane) {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// What is checked of an assembly: contacts, drilling, a pick and a section. All of them use the
-// bounding volumes of the parts; only the outlines of a section use the meshes.
+// What is checked of an assembly besides its contacts: drilling, a pick and a section. All of them
+// use the bounding volumes of the parts; only the outlines of a section use the meshes.
 
 #ifndef ASSEMBLY_CHECKS_H
 #define ASSEMBLY_CHECKS_H
 
 #include "assembly.h"
-#include "edges.h"
+#include "contacts.h"
 #include "panel.h"
 
 #include <cstddef>
@@ -19,22 +19,6 @@
 
 namespace assembly {
 
-/// Two parts, as indices into the list of parts.
-struct PartPair {
-    std::size_t first = 0;
-    std::size_t second = 0;
-};
-
-/// Every pair of parts is tested. Bounding volumes enclose their parts: two parts of no pair do not
-/// overlap, although their boxes may share a corner. An exact test of the bodies is needed for the
-/// clashing pairs alone. With a tolerance of 0 there is no touching: parts that meet clash, except
-/// for boxes that share a single corner.
-struct Contacts {
-    std::vector<PartPair> clashing;   ///< overlapping by more than the tolerance
-    std::vector<PartPair> touching;   ///< within the tolerance of touching
-    std::vector<PartPair> containing; ///< the first contains the second
-};
-
 /// An order of drilling: through the centres of all bolts.
 struct DrillingOrder {
     std::vector<std::size_t> bolts; ///< indices of parts
@@ -42,9 +26,13 @@ struct DrillingOrder {
     double length = 0.0;
 };
 
-/// Short orders for all bolts: for the parts whose names begin with "bolt".
+/// Short orders for all bolts: for the parts whose names begin with "bolt". Both are empty when
+/// there are more bolts than kMostBolts, because the time grows with the square of their number.
 struct Drilling {
-    DrillingOrder path; ///< from any bolt to any other
+    static constexpr std::size_t kMostBolts = 2000;
+
+    std::size_t bolts = 0; ///< how many there are
+    DrillingOrder path;    ///< from any bolt to any other
     DrillingOrder tour; ///< back to the first one, for a drill that makes one piece after another
 };
 
@@ -87,7 +75,8 @@ struct CheckResult {
 };
 
 /// Checks all of it; a pick and a section only where they are asked for.
-CheckResult check(Assembly const &assembly, std::optional<PanelPoint> const &pickAt,
+CheckResult check(Assembly const &assembly, Contacts contacts,
+                  std::optional<PanelPoint> const &pickAt,
                   std::optional<mgPlane_c> const &sectionPlane);
 
 } // namespace assembly

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The document: bounds, placements, stock and drilling of a checked assembly, stored through the
-// archive.
+// The document: a checked assembly, stored through the archive.
 //
 // Geometry records carry no tag, length or version of their own, so the file begins with a header:
 //
@@ -18,10 +17,16 @@
 //     placed     10 DOUBLEs, in the assembly's
 //     stock      4 DOUBLEs: length, width, height, angle in degrees; from layout 2 on
 //
-// Then, from layout 2 on, the drilling path and the drilling tour, each as
+// Then, from layout 2 on, the pairs of parts that clash, those that touch and those of which the
+// first contains the second, each as
+//
+//     INT        number of pairs
+//     2 x INT    for each pair: its parts, counted from 0
+//
+// and the drilling path and the drilling tour, each as
 //
 //     INT        number of bolts
-//     INTs       their parts, counted from 0, in the order of drilling
+//     INT        for each bolt: its part, counted from 0
 //     DOUBLE     length
 //
 // A text is an INT with its length and that many BYTEs of UTF-8.
@@ -33,8 +38,10 @@
 
 #include "files.h"
 
-#include <algorithm>
 #include <sstream>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
 
 #include <fmt/core.h>
 
@@ -68,6 +75,31 @@ std::string readText(su_CArchive &archive) {
     std::string text;
     for (int left = readInt(archive); left > 0; --left) text += readChar(archive);
     return text;
+}
+
+void writePairs(su_CArchive &archive, std::vector<PartPair> const &pairs) {
+    archive << static_cast<int>(pairs.size());
+    for (auto const &[first, second] : pairs) {
+        archive << static_cast<int>(first) << static_cast<int>(second);
+    }
+}
+
+/// The number of a part, of so many.
+std::size_t readPartNumber(su_CArchive &archive, std::size_t count, std::string const &file) {
+    int const number = readInt(archive);
+    bool const isPart = number >= 0 && static_cast<std::size_t>(number) < count;
+    if (!isPart) throw Failure(file, "is damaged: it names a part that is not there");
+    return static_cast<std::size_t>(number);
+}
+
+std::vector<PartPair> readPairs(su_CArchive &archive, std::size_t partCount,
+                                std::string const &file) {
+    std::vector<PartPair> pairs;
+    for (int left = readInt(archive); left > 0; --left) {
+        std::size_t const first = readPartNumber(archive, partCount, file);
+        pairs.push_back({first, readPartNumber(archive, partCount, file)});
+    }
+    return pairs;
 }
 
 DocumentOrder readOrder(su_CArchive &archive) {
@@ -111,17 +143,14 @@ Document readFrom(su_CArchive &archive, std::string const &file) {
     document.name = readText(archive);
     for (int i = 0; i < partCount; ++i) document.parts.push_back(readPart(archive, version));
     if (version > 1) {
+        Contacts &contacts = document.contacts.emplace();
+        contacts.clashing = readPairs(archive, document.parts.size(), file);
+        contacts.touching = readPairs(archive, document.parts.size(), file);
+        contacts.containing = readPairs(archive, document.parts.size(), file);
         document.drillingPath = readOrder(archive);
         document.drillingTour = readOrder(archive);
     }
     return document;
-}
-
-DocumentPart const *find(Document const &document, std::string const &name) {
-    auto const found =
-        std::find_if(document.parts.begin(), document.parts.end(),
-                     [&name](DocumentPart const &part) { return part.name == name; });
-    return found == document.parts.end() ? nullptr : &*found;
 }
 
 DocumentStock stockOf(Part const &part) {
@@ -136,21 +165,22 @@ DocumentOrder orderOf(DrillingOrder const &drilling) {
     return order;
 }
 
-bool isPlacedAlike(DocumentPart const &a, DocumentPart const &b) {
+bool isPlacedAlike(DocumentPart const &a, Part const &b) {
     return a.placement.equals(b.placement)
            && a.placement.isReflection() == b.placement.isReflection();
 }
 
 /// The spheres are not compared: they depend on the order of the vertices.
-bool hasSameBounds(DocumentPart const &a, DocumentPart const &b) {
-    return a.bounds.low() == b.bounds.low() && a.bounds.high() == b.bounds.high();
+bool hasSameBounds(DocumentPart const &a, Part const &b) {
+    return a.bounds.low() == b.mesh->bounds.low() && a.bounds.high() == b.mesh->bounds.high();
 }
 
 } // namespace
 
-Document documentOf(Assembly const &assembly, Drilling const &drilling) {
+Document documentOf(Assembly const &assembly, CheckResult const &result) {
     Document document{
-        assembly.name, assembly.clashTolerance, {}, orderOf(drilling.path), orderOf(drilling.tour)};
+        assembly.name,   assembly.clashTolerance,       {},
+        result.contacts, orderOf(result.drilling.path), orderOf(result.drilling.tour)};
     for (Part const &part : assembly.parts) {
         document.parts.push_back(
             {part.name, part.placement, part.mesh->bounds, part.placed, stockOf(part)});
@@ -174,6 +204,10 @@ std::string toBytes(Document document) {
         DocumentStock const stock = part.stock.value_or(DocumentStock{});
         archive << stock.length << stock.width << stock.height << stock.angleDegrees;
     }
+    Contacts const contacts = document.contacts.value_or(Contacts());
+    writePairs(archive, contacts.clashing);
+    writePairs(archive, contacts.touching);
+    writePairs(archive, contacts.containing);
     writeOrder(archive, document.drillingPath);
     writeOrder(archive, document.drillingTour);
     return stream.str();
@@ -192,19 +226,24 @@ Document readDocument(std::string const &file) {
     }
 }
 
-std::vector<std::string> changesBetween(Document const &earlier, Document const &now) {
+std::vector<std::string> changesBetween(Document const &earlier, Assembly const &now) {
+    std::unordered_map<std::string_view, DocumentPart const *> before;
+    for (DocumentPart const &part : earlier.parts) before.emplace(part.name, &part);
+    std::unordered_set<std::string_view> names;
     std::vector<std::string> changes;
-    for (DocumentPart const &part : now.parts) {
-        DocumentPart const *const before = find(earlier, part.name);
-        if (before == nullptr) {
+    for (Part const &part : now.parts) {
+        names.insert(part.name);
+        auto const found = before.find(part.name);
+        if (found == before.end()) {
             changes.push_back(part.name + " is new");
             continue;
         }
-        if (!isPlacedAlike(*before, part)) changes.push_back(part.name + " is placed differently");
-        if (!hasSameBounds(*before, part)) changes.push_back(part.name + " has another shape");
+        DocumentPart const &old = *found->second;
+        if (!isPlacedAlike(old, part)) changes.push_back(part.name + " is placed differently");
+        if (!hasSameBounds(old, part)) changes.push_back(part.name + " has another shape");
     }
     for (DocumentPart const &part : earlier.parts) {
-        if (find(now, part.name) == nullptr) changes.push_back(part.name + " is gone");
+        if (names.count(part.name) == 0) changes.push_back(part.name + " is gone");
     }
     return changes;
 }

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The document: bounds, placements, stock and drilling of a checked assembly, stored through the
-// archive.
+// The document: a checked assembly, stored through the archive.
 
 #ifndef ASSEMBLY_DOCUMENT_H
 #define ASSEMBLY_DOCUMENT_H
@@ -38,11 +37,13 @@ struct Document {
     std::string name;
     double clashTolerance = 0.0;
     std::vector<DocumentPart> parts;
-    DocumentOrder drillingPath; ///< both are empty in a document of layout 1
+    // From layout 2 on.
+    std::optional<Contacts> contacts;
+    DocumentOrder drillingPath;
     DocumentOrder drillingTour;
 };
 
-Document documentOf(Assembly const &assembly, Drilling const &drilling);
+Document documentOf(Assembly const &assembly, CheckResult const &result);
 
 /// The bytes of the document file, in the newest layout. They hold each number bit for bit: two
 /// documents are the same exactly when their bytes are.
@@ -54,7 +55,7 @@ Document readDocument(std::string const &file);
 
 /// One line for each part that is new, gone, placed differently or of another shape. Numbers are
 /// compared within the library's tolerances, as a document may come from another machine.
-std::vector<std::string> changesBetween(Document const &earlier, Document const &now);
+std::vector<std::string> changesBetween(Document const &earlier, Assembly const &now);
 
 } // namespace assembly
 

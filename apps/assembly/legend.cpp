@@ -30,14 +30,13 @@ std::string nameOf(Part const &part) {
 /// others. Returns where the list ends.
 template <class DrawEntry>
 double drawList(SvgPage &page, mgPoint_c const &start, std::string const &heading,
-                std::size_t count, DrawEntry drawEntry) {
-    constexpr std::size_t kMostListed = 30;
+                std::size_t count, DrawEntry drawEntry, std::size_t mostListed = 30) {
     mgVector_c const down(0.0, 22.0, 0.0);
     page.text(start, fmt::format("{}: {}", heading, count), {"heading"});
     mgPoint_c line = start + mgVector_c(0.0, 4.0, 0.0);
-    for (std::size_t i = 0; i < std::min(count, kMostListed); ++i) drawEntry(i, line += down);
-    if (count > kMostListed) {
-        page.text(line += down, fmt::format("and {} more", count - kMostListed));
+    for (std::size_t i = 0; i < std::min(count, mostListed); ++i) drawEntry(i, line += down);
+    if (count > mostListed) {
+        page.text(line += down, fmt::format("and {} more", count - mostListed));
     }
     return line.y();
 }
@@ -51,9 +50,11 @@ mgPoint_c nearestPoint(std::vector<Edge> const &outline, mgPoint_c const &p) {
     return nearest == outline.end() ? p : nearest->from;
 }
 
-/// The number of a part, counted from 1, in a ring of its colour.
+/// The number of a part, counted from 1, in a ring of its colour. Higher numbers do not fit.
 void drawBalloon(SvgPage &page, mgPoint_c const &centre, std::size_t part) {
+    constexpr std::size_t kHighestNumber = 999;
     page.circle(centre, kBalloonRadius, {"balloon", part});
+    if (part >= kHighestNumber) return;
     page.text(centre + mgVector_c(0.0, 4.0, 0.0), std::to_string(part + 1), {"number middle"});
 }
 
@@ -158,10 +159,11 @@ void drawKey(SvgPage &page, mgPoint_c const &start, CheckResult const &result) {
 
 void drawHits(SvgPage &page, mgPoint_c const &start, std::vector<Part> const &parts,
               std::vector<Hit> const &hits) {
-    drawList(page, start, "Hit, nearest first", hits.size(),
-             [&](std::size_t i, mgPoint_c const &at) {
-                 drawNumbered(page, at, hits[i].part, nameOf(parts[hits[i].part]));
-             });
+    constexpr std::size_t kMostBesidePanel = 20;
+    auto const drawHit = [&](std::size_t i, mgPoint_c const &at) {
+        drawNumbered(page, at, hits[i].part, nameOf(parts[hits[i].part]));
+    };
+    drawList(page, start, "Hit, nearest first", hits.size(), drawHit, kMostBesidePanel);
 }
 
 double drawLegend(SvgPage &page, double top, std::vector<Part> const &parts,

@@ -350,7 +350,9 @@ Mesh readMesh(std::filesystem::path const &file) {
     }
     MeshCollector collector(file.string());
     for (unsigned i = 0; i < scene->mNumMeshes; ++i) collector.add(*scene->mMeshes[i]);
-    return collector.finish();
+    Mesh mesh = collector.finish();
+    mesh.file = file;
+    return mesh;
 }
 
 } // namespace assembly

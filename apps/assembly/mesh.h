@@ -29,6 +29,7 @@ struct Stock {
 struct Mesh {
     using Triangle = std::array<std::uint32_t, 3>; ///< indices into vertices
 
+    std::filesystem::path file;
     std::vector<mgPoint_c> vertices; ///< each position once, in order of first use; the vertices of
                                      ///< an OBJ file that no face uses are left out
     std::vector<Triangle> triangles;

@@ -5,6 +5,7 @@
 #define ASSEMBLY_PICTURE_H
 
 #include "checks.h"
+#include "edges.h"
 #include "panel.h"
 #include "svg_page.h"
 
@@ -18,7 +19,8 @@ namespace assembly {
 /// box, bounding circle and least rectangle, the orders of drilling, the overlaps of clashing parts
 /// hatched, and a legend. Above them stand the perspective view of a pick and the view of a
 /// section, in which the parts are hatched. The other three views show the line of sight and the
-/// plane of the section as well.
+/// plane of the section as well. Of more than 500 parts the largest are drawn so, and the others as
+/// dots; the picture says so.
 std::string drawPicture(Assembly const &assembly, CheckResult const &result);
 
 // Pixels. The legend shows these marks at the size that they have in the views.

@@ -38,6 +38,8 @@ text { font: 13px 'DejaVu Sans', Arial, sans-serif; fill: #222 }
 .drilled { marker-end: url(#drilled) }
 .tour { fill: none; stroke: #d6007a; stroke-width: 1.2; stroke-dasharray: 3 3 }
 .hole { fill: #fff; stroke: #d6007a; stroke-width: 1.8 }
+.dots { fill: none; stroke: #6a7681; stroke-width: 1.6; stroke-linecap: round }
+.clash { stroke: #d00000; stroke-width: 2.6 }
 .leader { stroke: currentColor; stroke-width: 0.7; stroke-opacity: 0.7 }
 .dot { fill: currentColor }
 .balloon { fill: #fff; stroke: currentColor; stroke-width: 1.5 }
