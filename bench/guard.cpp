@@ -103,6 +103,15 @@ void placements(Numbers &in) {
     for (std::string const suffix : {"", ", plain"}) {
         mg_SetUseVectorUnits(suffix.empty());
         countEach("compose" + suffix, [&](std::size_t i) { return all[i] * all[i + 1]; });
+        std::vector<mgXform_c> products = all;
+        countEach(
+            "compose in place" + suffix, [&](std::size_t i) -> auto & {
+                return products[i] *= all[i + 1];
+            });
+        count("compose array" + suffix, kItems,
+              [&] { mg_MultiplyXforms(products.data(), kItems, all[0]); });
+        count("compose arrays" + suffix, kItems,
+              [&] { mg_MultiplyXforms(products.data(), kItems, all.data()); });
         countEach("inverse" + suffix, [&](std::size_t i) { return all[i].inverse(); });
         countEach("placed clash" + suffix, [&](std::size_t i) {
             return mgBBox_c::clash(boxes[i], all[i], boxes[i + 1], all[i + 1]);
@@ -183,28 +192,32 @@ void numerics(Numbers &in) {
 
 void pointSets(Numbers &in) {
     auto const all = inputs([&in] { return in.point(100.0); }, 20 * kItems);
-    count("sort", 20 * kItems, [&all] {
-        std::vector<mgPoint_c> sorted = all;
-        mg_pointQuickSort(sorted.data(), 0, 20 * kItems - 1);
-        keep(sorted[0]);
-    });
-    suDynamicArray<mg2DPoint_c> flat;
-    for (mgPoint_c const &p : all) flat.Add({p.x(), p.y()});
-    count("hull", 20 * kItems, [&flat] {
-        suDynamicArray<mg2DPoint_c> input = flat, hull; // the call sorts it
-        keep(convexHull(input, hull));
-    });
+    for (int const n : {20 * kItems, kItems}) {
+        std::string const few = n == kItems ? ", few" : "";
+        auto const end = all.begin() + n;
+        count("sort" + few, n, [&all, end] {
+            std::vector<mgPoint_c> sorted(all.begin(), end);
+            mg_pointQuickSort(sorted.data(), 0, static_cast<int>(sorted.size()) - 1);
+            keep(sorted[0]);
+        });
+        suDynamicArray<mg2DPoint_c> flat;
+        for (auto p = all.begin(); p != end; ++p) flat.Add({p->x(), p->y()});
+        count("hull" + few, n, [&flat] {
+            suDynamicArray<mg2DPoint_c> input = flat, hull; // the call sorts it
+            keep(convexHull(input, hull));
+        });
+        count("append points" + few, n, [&all, end] {
+            suDynamicArray<mgPoint_c> list;
+            for (auto p = all.begin(); p != end; ++p) list.Add(*p);
+            keep(list[0]);
+        });
+    }
     suDynamicArray<mgPoint_c> stops;
     for (std::size_t i = 0; i < kItems; ++i) stops.Add(all[i]);
     count("tour", kItems, [&stops] {
         suDynamicArray<int> order;
         mg_OpenTSP(stops, order);
         keep(order[0]);
-    });
-    count("append points", 20 * kItems, [&all] {
-        suDynamicArray<mgPoint_c> list;
-        for (mgPoint_c const &p : all) list.Add(p);
-        keep(list[0]);
     });
 }
 
@@ -242,6 +255,62 @@ void singlePrecision(Numbers &in) {
     });
 }
 
+void planar(Numbers &in) {
+    auto const all = inputs([&in] { return in.point(100.0); }, kItems + 1);
+    mgPoint_c const low(-50.0, -50.0, 0.0), high(50.0, 50.0, 0.0);
+    struct Clipped {
+        mgPoint_c a, b;
+    };
+    countEach("clip segments", [&](std::size_t i) {
+        Clipped out;
+        keep(mg_ClipLine2DToBox(all[i], all[i + 1], low, high, out.a, out.b, 1e-8));
+        return out;
+    });
+    // Integer corners of a convex curve: no function of the C library decides what is counted.
+    std::vector<mg2DPoint_c> polygon;
+    for (int i = 0; i < kItems; ++i) {
+        double const x = i < kItems / 2 ? i : kItems - i;
+        double const height = x * (kItems / 2 - x);
+        polygon.emplace_back(x, i < kItems / 2 ? -height : height);
+    }
+    count("least rectangle", kItems, [&polygon] {
+        mg2DPoint_c corners[4];
+        minCnvxPlgRect(kItems, polygon.data(), 0, corners);
+        keep(corners);
+    });
+    suDynamicArray<mgPoint_c> stops;
+    for (std::size_t i = 0; i < kItems; ++i) stops.Add(all[i]);
+    count("closed tour", kItems, [&stops] {
+        suDynamicArray<int> order;
+        mg_ClosedTSP(stops, order);
+        keep(order[0]);
+    });
+}
+
+void clashes(Numbers &in) {
+    int const few = 10 * kItems;
+    auto const boxes = inputs(
+        [&in] {
+            mgPoint_c const middle = in.point(12.6); // each box meets about five others
+            double const x = 0.5 + in.next(0.25), y = 0.5 + in.next(0.25);
+            mgVector_c const half(x, y, 0.5 + in.next(0.25));
+            return mgBBox_c(middle - half, middle + half);
+        },
+        few);
+    for (std::string const suffix : {"", ", plain"}) {
+        mg_SetUseVectorUnits(suffix.empty());
+        count("uniform clashes of 10000" + suffix, few, [&boxes, few] {
+            suDynamicArray<mgIndexPair_c> pairs;
+            keep(mg_FindClashes(boxes.data(), few, 0.0, pairs));
+        });
+        mgBoxIndex_c index;
+        index.build(boxes.data(), nullptr, few);
+        suDynamicArray<int> which;
+        countEach("index clashesWith" + suffix,
+                  [&](std::size_t i) { return index.clashesWith(boxes[i], 0.0, which); });
+    }
+}
+
 } // namespace
 
 int main() {
@@ -253,4 +322,6 @@ int main() {
     pointSets(in);
     tessellation();
     singlePrecision(in);
+    planar(in);
+    clashes(in);
 }

@@ -15,8 +15,9 @@ import sys
 
 LIMIT = 1.03
 STORED = pathlib.Path(__file__).with_name("guard.txt")
-NEED_SIMD = ("transform array", "bounds of array", "compose", "inverse",
-                     "placed clash")
+NEED_SIMD = ("transform array", "bounds of array", "compose", "compose in place", "compose array",
+             "compose arrays", "inverse", "placed clash", "uniform clashes of 10000",
+             "index clashesWith")
 
 
 def measure(program, folder):

@@ -108,7 +108,36 @@ void addBounds(char const *work, char const *who, Bound const &bound) {
     });
 }
 
-/// Products of neighbours, and inverses.
+/// Placements that are multiplied by factors and by their inverses in turn, so that they keep their
+/// size.
+template <class Form>
+struct Products {
+    template <class Make, class Invert>
+    Products(Make const &make, Invert const &invert)
+        : forms(placementsAs(make)), there(forms.rbegin(), forms.rend()) {
+        for (Form const &form : there) back.push_back(invert(form));
+    }
+
+    std::vector<Form> forms, there, back;
+};
+
+/// `multiplyAll` gets the placements, and as many factors.
+template <class Make, class Invert, class MultiplyAll>
+void addProducts(char const *work, char const *who, Make const &make, Invert const &invert,
+                 MultiplyAll const &multiplyAll) {
+    works::add(work, who, [=](benchmark::State &state) {
+        Products<decltype(make(Placement()))> all(make, invert);
+        bool returns = false;
+        for (auto _ : state) {
+            multiplyAll(all.forms, returns ? all.back : all.there);
+            returns = !returns;
+            benchmark::ClobberMemory();
+        }
+        countItems(state, all.forms.size());
+    });
+}
+
+/// Products of neighbours, as new variables and assigned to one; inverses.
 template <class Make, class Compose, class Invert>
 void addPlacements(char const *who, Make const &make, Compose const &compose,
                    Invert const &invert) {
@@ -122,8 +151,34 @@ void addPlacements(char const *who, Make const &make, Compose const &compose,
         }
         countItems(state, chain.size() - 1);
     });
+    works::add("compose and assign", who, [=](benchmark::State &state) {
+        auto const chain = placementsAs(make);
+        auto product = chain[0];
+        for (auto _ : state) {
+            for (std::size_t i = 1; i < chain.size(); ++i) {
+                product = compose(chain[i - 1], chain[i]);
+                benchmark::DoNotOptimize(product);
+            }
+        }
+        countItems(state, chain.size() - 1);
+    });
     works::add("inverse", who,
                [=](benchmark::State &state) { works::measure(state, placementsAs(make), invert); });
+}
+
+/// The peers' products: each placement by one factor, and by a factor of its own.
+template <class Make, class Compose, class Invert>
+void addLoops(char const *who, Make const &make, Compose const &compose, Invert const &invert) {
+    auto const byOne = [compose](auto &forms, auto const &factors) {
+        auto const factor = factors[0];
+        for (auto &form : forms) form = compose(form, factor);
+    };
+    auto const byEach = [compose](auto &forms, auto const &factors) {
+        for (std::size_t i = 0; i < forms.size(); ++i) forms[i] = compose(forms[i], factors[i]);
+    };
+    addProducts("compose array", who, make, invert, byOne);
+    addProducts("compose arrays", who, make, invert, byEach);
+    addProducts("compose in place", who, make, invert, byEach);
 }
 
 /// Boxes of parts, each placed somewhere: the first with the last, and so on.
@@ -175,9 +230,19 @@ void addVexmath() {
         mg_BoundPoints(points.data(), static_cast<int>(points.size()), box);
         return box;
     });
+    auto const invert = [](mgXform_c const &x) { return x.inverse(); };
     addPlacements(
-        "vexmath", vexmathXform, [](auto const &a, auto const &b) { return a * b; },
-        [](mgXform_c const &x) { return x.inverse(); });
+        "vexmath", vexmathXform, [](auto const &a, auto const &b) { return a * b; }, invert);
+    addProducts("compose array", "vexmath", vexmathXform, invert, [](auto &forms, auto const &by) {
+        mg_MultiplyXforms(forms.data(), static_cast<int>(forms.size()), by[0]);
+    });
+    addProducts("compose arrays", "vexmath", vexmathXform, invert, [](auto &forms, auto const &by) {
+        mg_MultiplyXforms(forms.data(), static_cast<int>(forms.size()), by.data());
+    });
+    addProducts("compose in place", "vexmath", vexmathXform, invert,
+                [](auto &forms, auto const &by) {
+                    for (std::size_t i = 0; i < forms.size(); ++i) forms[i] *= by[i];
+                });
     addClash(
         "vexmath",
         [](Placement const &p, Triple const &half) {
@@ -246,9 +311,10 @@ void addEigen() {
                                                         for (auto const &p : points) box.extend(p);
                                                         return box;
                                                     });
-    addPlacements(
-        "Eigen", eigenAffine, [](auto const &a, auto const &b) { return Eigen::Affine3d(b * a); },
-        [](auto const &x) { return Eigen::Affine3d(x.inverse(Eigen::Affine)); });
+    auto const compose = [](auto const &a, auto const &b) { return Eigen::Affine3d(b * a); };
+    auto const invert = [](auto const &x) { return Eigen::Affine3d(x.inverse(Eigen::Affine)); };
+    addPlacements("Eigen", eigenAffine, compose, invert);
+    addLoops("Eigen", eigenAffine, compose, invert);
 }
 
 #endif

@@ -63,6 +63,24 @@ def growth(curves, path):
     save(figure, path)
 
 
+def growth_of_clashes(curves, path):
+    """Time per box over the number of boxes, a panel for each scene, vexmath as a thick line."""
+    figure, row = pyplot.subplots(1, len(curves), figsize=(12, 4), sharey=True, squeeze=False)
+    everybody = list(dict.fromkeys(who for by in curves.values() for who in by))
+    for axes, (name, by) in zip(row[0], curves.items()):
+        for who, points in by.items():
+            place = everybody.index(who)
+            axes.plot(*zip(*points), color=COLOURS[place], marker="o", markersize=3,
+                      linewidth=1.5 if place else 3.0, label=who)
+        axes.set(xscale="log", yscale="log", xlabel="boxes", title=name)
+        axes.xaxis.set_major_formatter(EngFormatter(sep=""))
+        axes.yaxis.set_major_formatter(EngFormatter(sep=""))
+    row[0][0].set_ylabel("ns per box")
+    row[0][0].legend(loc="upper center", ncol=len(everybody), bbox_to_anchor=(0.5, 0.0),
+                     bbox_transform=figure.transFigure)
+    save(figure, path)
+
+
 def roofline(points, slopes, ceilings, path):
     """Operations per nanosecond over operations per byte, under the machine's ceilings.
 

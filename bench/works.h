@@ -64,8 +64,8 @@ void measure(benchmark::State &state, std::vector<Input> const &all, Work const 
 }
 
 template <class Work>
-void add(std::string const &work, char const *who, Work const &run) {
-    benchmark::RegisterBenchmark((work + "/" + who).c_str(), run);
+benchmark::internal::Benchmark *add(std::string const &work, char const *who, Work const &run) {
+    return benchmark::RegisterBenchmark((work + "/" + who).c_str(), run);
 }
 
 /// What this program has used so far, however busy the machine is.
@@ -77,8 +77,9 @@ inline double processorSeconds() {
 
 /// Times `run` on what `prepare` makes for each iteration, outside the clock.
 template <class Prepare, class Run>
-void addPrepared(std::string const &work, char const *who, std::size_t items,
-                 Prepare const &prepare, Run const &run) {
+benchmark::internal::Benchmark *addPrepared(std::string const &work, char const *who,
+                                            std::size_t items, Prepare const &prepare,
+                                            Run const &run) {
     auto const measured = [items, prepare, run](benchmark::State &state) {
         for (auto _ : state) {
             auto input = prepare();
@@ -88,7 +89,7 @@ void addPrepared(std::string const &work, char const *who, std::size_t items,
         }
         countItems(state, items);
     };
-    benchmark::RegisterBenchmark((work + "/" + who).c_str(), measured)->UseManualTime();
+    return add(work, who, measured)->UseManualTime();
 }
 
 } // namespace works

@@ -251,6 +251,7 @@ public:
     VEXMATH_API void restore(su_CArchive &ar);
 
 private:
+    friend struct vexmath::detail::BoxParts;
     VEXMATH_API friend void mg_FindBBox(mgPoint_c const &a, mgPoint_c const &b, mgXform_c const &x,
                                         double *out, double grow);
 

@@ -27,6 +27,7 @@ class mgModelPerspInfo_c;
 
 // Bounding volumes.
 class mgBBox_c;
+class mgBoxIndex_c;
 class mgParallelogram_c;
 class mgGeneralBox_c;
 
@@ -47,6 +48,7 @@ struct parabolaEdgeData;
 // Support.
 template <class T>
 class suDynamicArray;
+struct mgIndexPair_c;
 class mgCheckSum_c;
 class mgRect;
 
@@ -54,8 +56,10 @@ class mgRect;
 class uoSelectType_c;
 class uoSelectConstraint_c;
 
-// Friends inside the library.
+// Friends and representations inside the library.
 namespace vexmath::detail {
+struct BoxIndexData;
+struct BoxParts;
 struct Rows;
 struct XformParts;
 } // namespace vexmath::detail

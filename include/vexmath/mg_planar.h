@@ -18,16 +18,16 @@
 // Lengths and tolerances are absolute. A tol that is negative or NaN means 1e-08. Angles are in
 // radians, counter-clockwise from the x axis.
 //
-// An x or y that is NaN or infinite gives the neutral result of the function, which each comment
-// states, and nothing is written. So does every other such number, except a tol. Finite numbers may
-// have any size. Differences of coordinates below about 1e-140 count as 0 when some coordinate is
-// far larger. Nothing crashes or loops forever.
+// A number that is NaN or infinite gives the neutral result of the function, which each comment
+// states, and nothing is written; this does not apply to a tol, or to a z that is not read. Finite
+// numbers may have any size. Differences of coordinates below about 1e-140 count as 0 when some
+// coordinate is far larger. Nothing crashes or loops forever.
 
 // Clipping and inside tests.
 //
 // A box is given by two opposite corners in any order; they may coincide in x or y. It is closed:
-// its sides belong to it. Three results of each test depend on two other boxes:
-// - The outer box is larger by tol on each side, corners included: it is a box, too. It is closed.
+// its sides belong to it. The results depend on two other boxes:
+// - The outer box is larger by tol on each side, and closed. Its corners are not rounded.
 // - The inner box is smaller by tol on each side, and open. It is empty when a side of the box is
 //   2 tol or shorter.
 // A figure that misses the outer box is Outside. One that meets the outer box but not the inner box
@@ -38,7 +38,7 @@
 // For points, and for segments parallel to an axis, these comparisons are exact: a point is in the
 // outer box when low - tol <= x <= high + tol, with the sums rounded, and in the inner box when
 // low + tol < x < high - tol; the same in y. For other figures the two boxes are met or missed up
-// to rounding of their size and distance. The neutral result is Outside, or a count of 0.
+// to rounding of sizes and distances. The neutral result is Outside, or a count of 0.
 
 /// The part of a segment in a box.
 enum mgClipLine_e : int {
@@ -50,7 +50,7 @@ enum mgClipLine_e : int {
     mgClipLine_Touching = 5     ///< in the outer box, not in the inner box
 };
 
-/// A figure and a box. "Partly" is possible for figures with an extent alone.
+/// A figure and a box. A point is never Partly.
 enum mgInsideBox_e : int {
     mgInsideBox_Outside = 0,  ///< no point of it is in the outer box
     mgInsideBox_Touching = 1, ///< part of it is in the outer box, none in the inner box
@@ -81,7 +81,7 @@ enum mgPointOnLine_e : int {
 VEXMATH_API mgClipLine_e mg_ClipLine2DToBox(mgPoint_c const &a, mgPoint_c const &b,
                                             mgPoint_c const &corner1, mgPoint_c const &corner2,
                                             mgPoint_c &outA, mgPoint_c &outB, double tol);
-/// The same with a window: left and right in any order, top and bottom in any order. So y may point
+/// The same with a window. Left and right, and top and bottom, may be in any order, so y may point
 /// up or down.
 VEXMATH_API mgClipLine_e mg_Clip2DLineToWindow(mgPoint_c const &a, mgPoint_c const &b,
                                                mgRect const &window, mgPoint_c &outA,
@@ -90,15 +90,16 @@ VEXMATH_API mgClipLine_e mg_Clip2DLineToWindow(mgPoint_c const &a, mgPoint_c con
 /// Returns the number of arcs in the box, 0 to 5, and writes the angles of the arc i, start and
 /// end, to angles[2 i] and angles[2 i + 1]; the others are not written.
 ///
-/// A sweep of 2 pi - 1e-11 or more is a full circle. The arcs of a clipped full circle, at most 4,
-/// run from one side to the next: none of them begins or ends at start unless a side does. All arcs
-/// are in counter-clockwise order. Each begins in [start, start + 2 pi) and ends at most 2 pi
-/// later; up to rounding, the angles are not reduced. The first angle has the bits of start when
+/// A sweep of 2 pi - 1e-11 or more is a full circle. The arcs of a full circle that is cut, at most
+/// 4, run from one side to the next: none of them begins or ends at start unless a side does. The
+/// arcs are in counter-clockwise order. Up to rounding, each arc of a cut one begins in
+/// [start, start + 2 pi) and ends at most 2 pi later. The first angle has the bits of start when
 /// the arc begins there, and the last one those of end.
 ///
 /// Let d be the distance of a side from the centre, positive when the centre is on the inner side.
 /// In this order, for each side:
-/// - d >= radius - tol: the side does not cut. When no side cuts, the arc is returned unchanged.
+/// - d >= radius - tol: the side does not cut. When no side cuts, start and end are written
+///   unchanged, also when they are several turns apart.
 /// - d <= tol - radius: the circle is beyond the side or touches it: no arc.
 /// - Otherwise the side cuts where the circle crosses it, without tolerance.
 /// Arcs of a length, radius times sweep, of at most tol are left out, also when the arc was not
@@ -177,9 +178,8 @@ enum mgPolylineArc_e : int {
 /// distances in space and inclusive:
 /// - None when n < 3, where pts may be null; when a coordinate is NaN or infinite, z included; when
 ///   all points are within tol of the first.
-/// - Line when all points are within tol of the line through the first two of the three points;
-/// also
-///   when the centre or the radius would not be finite.
+/// - Line when all points are within tol of the line through the first two of the three points,
+///   and when the centre or the radius would not be finite.
 /// - None when a point is not within tol of the circle.
 /// - None when the points do not run one way around. A point within tol of the one before, leaving
 ///   out such points, does not count. A point that comes back within tol of the first point closes
@@ -193,8 +193,8 @@ VEXMATH_API mgPolylineArc_e mg_IsPolylineArc(int n, mgPoint_c const *pts, mgPoin
 
 /// The arc that starts at `start` along `tangent` and ends at `end`. Returns 1 and writes the
 /// centre with the z of start, the radius, which is positive, and the sweep, which is positive for
-/// an arc to the left, counter-clockwise, and negative for one to the right; it is strictly between
-/// -2 pi and 2 pi. The tangent needs no unit length.
+/// an arc to the left, counter-clockwise, and negative for one to the right. In absolute value, the
+/// sweep is at most the double nearest to 2 pi. The tangent needs no unit length.
 ///
 /// Returns 0 without writing when end is at most tol off the line through start along the tangent,
 /// ahead or behind; when x and y of the tangent are both 0; when a result would not be finite.
@@ -242,8 +242,8 @@ VEXMATH_API int mg_MergeLines2D(mgPoint_c const &a1, mgPoint_c const &b1, mgPoin
 /// block of the size needed, which grows linearly by 16, or none when it is empty. Its listener is
 /// told (0, count of points - 1).
 ///
-/// About n log n work, and more only where many segments are collinear with each other within tol
-/// and do not touch, because tol is large beside them.
+/// The work is about n log n. It is up to about n^1.5 where long segments cross each other in all
+/// directions, and more where many short ones within tol of each other's lines do not touch.
 /// Method: J. L. Bentley, "Multidimensional binary search trees used for associative searching",
 /// 1975.
 VEXMATH_API int mg_MergeLines2D(suDynamicArray<mgPoint_c> const &lines,
@@ -257,18 +257,20 @@ VEXMATH_API int mg_NormalFrom3Points(mgPoint_c const &p0, mgPoint_c const &p1, m
 
 // Hatch lines.
 //
-// Hatch lines are parallel lines of one lattice, cut off at the outline of an area. They run in the
+// Hatch lines are the lines of one lattice, cut off at the outline of an area. They have the
 // direction u = (cos angle, sin angle). The height of a point is its signed distance from the
 // origin along n = (-sin angle, cos angle), which is u rotated counter-clockwise by a quarter turn.
-// Line k, a whole number of either sign, has the height k * spacing. Angles are in radians; a sine
-// or cosine strictly below 1e-13 in absolute value counts as 0.
+// Line k, a whole number of either sign, has the height k * spacing. A sine or cosine strictly
+// below 1e-13 in absolute value counts as 0.
 //
-// A line counts as an infinitely small step above its height. So an edge is crossed by the lines
-// from the height of its lower end, included, to that of its upper end, not included:
-// - A line through a corner that is the lowest of its surroundings only touches there; so does one
-//   through the highest corner. It gives no line. At any other corner it is cut off once.
+// An edge is crossed by the lines from the height of its lower end, included, to that of its upper
+// end, not included. So a line counts as an infinitely small step above its height:
+// - No line begins or ends at a corner that is the lowest or the highest of its surroundings. At
+//   any other corner the line through it begins or ends.
 // - A line along an edge belongs to the area above it, and not to the area below it.
 // - A line that touches a circle gives no line.
+// Heights are rounded. So on a lattice that is not along x or y, a line along an edge can belong to
+// either area, and can begin or end within the edge.
 //
 //         n           .--------------.            with the heights of three edges on the lattice:
 //         ^   k = 2   |    above     |  -------   line 2 lies on the upper edge: not drawn
@@ -278,21 +280,22 @@ VEXMATH_API int mg_NormalFrom3Points(mgPoint_c const &p0, mgPoint_c const &p1, m
 //
 // Areas with the same origin, angle and spacing therefore match. At a common edge whose ends are
 // equal in both, in either order, no line is lost or drawn twice, and lines that meet there meet in
-// the same x and y, to the bit.
+// the same x and y, to the bit. At an edge that is common in part they meet up to
+// rounding, and a line along it can be lost or drawn twice.
 //
 // Each function replaces the elements of `lines` by two points for each line and returns the number
 // of lines. Lines are ordered by k, then along u; the second point of each is farther along u. All
-// points have the z of the origin; the z of other points is ignored. No line has length 0. Inputs
-// may be elements of `lines`. The block is new, holds just these points and grows linearly by 16;
-// the handle is null for no lines. The listener is told (0, 2 count - 1).
+// points have the z of the origin. No line has length 0. Inputs may be elements of `lines`. The
+// block is new, has just this capacity and grows linearly by 16; the handle is null for no lines.
+// The listener is told (0, 2 count - 1).
 //
 // The result is 0, and `lines` ends up empty, in these cases:
-// - The spacing is 0, negative, infinite or NaN, or the angle is infinite or NaN.
+// - The spacing is not above 0, or infinite, or NaN; the angle is infinite or NaN.
 // - An x, y or radius is NaN or above 1e150 in absolute value.
-// - The lattice would make more than 1e6 lines. Counted are the lines from the lowest height of the
-//   area, included, to the highest, not included; in a polygon the crossings with edges, by two.
-// - A corner, or the lowest or highest height of a circle, is above 2^52 spacings (about 4.5e15) in
-//   absolute height.
+// - A corner, or the lowest or highest height of a circle, is above 2^52 spacings (about 4.5e15
+//   times the spacing) in absolute height.
+// - The lattice has more than 1e6 lines from the lowest height of the circle, included, to the
+//   highest, not included. In a rectangle or polygon, more than 2e6 crossings with edges.
 // - Memory is exhausted.
 
 /// Hatches the circle of a centre and a radius. A radius of 0 or less gives 0.
@@ -309,8 +312,9 @@ VEXMATH_API int mg_calcHatchLinesRect2D(mgRect const &rect, mgPoint_c const &ori
 ///
 /// Outline i has counts[i] points; the points of all outlines follow each other in `points`. The
 /// last point of an outline is joined to its first one and may be equal to it. A count below 3
-/// encloses nothing; a negative one counts as 0. An edge that two outlines share is not there: a
-/// line passes through it undivided. With outlines <= 0 neither array is read; both can be null.
+/// encloses nothing; a negative one counts as 0. An edge that is there twice, with equal ends, does
+/// not divide a line; one that is there twice in part can, by a gap of rounding. With outlines <= 0
+/// neither array is read; both can be null.
 ///
 /// About c log c work for c crossings.
 /// Method: W. K. Bouknight, "A procedure for generation of three-dimensional half-toned computer
@@ -322,9 +326,9 @@ VEXMATH_API int mg_calcHatchLinesPolygon2D(int outlines, int const *counts, mgPo
 // Outlines about an axis.
 //
 // An edge is a list of points in polar coordinates about an axis: x is the angle in radians, y the
-// radius. z is ignored and kept. A negative radius is kept, and its absolute value is used. An arc
-// length is a difference of angles times the absolute value of a radius. tol is a length, absolute
-// and inclusive; a negative or NaN tol means 1e-08, and 0 is allowed.
+// radius. z is ignored and kept. A radius may be negative and is kept; at the pole, and in an arc
+// length, its absolute value counts. An arc length is a difference of angles times a radius. tol is
+// a length, inclusive; 0 is allowed, and with an infinite tol all points are at the pole.
 //
 // Both functions change the edge in place, without allocating, and return the number of points that
 // are left. They tell the listener (0, count - 1). They return 0 and change nothing, without a
@@ -337,8 +341,8 @@ VEXMATH_API int mg_calcHatchLinesPolygon2D(int outlines, int const *counts, mgPo
 ///   edge it takes that of the first point off the pole, or of the first point if there is none.
 /// - Any other angle that differs from the one before by more than 3.1415926535998 (pi and 1e-11)
 ///   is moved by the whole number of turns that brings it nearest. The first angle stays.
-/// - A point is dropped when it repeats the one before: when the radii differ by at most tol, and
-///   the arc length between them, at the larger radius, is at most tol.
+/// - A point is dropped when it repeats the one before: the radii, with their signs, differ by at
+///   most tol, and the arc length between the points, at the larger radius, is at most tol.
 ///
 ///      radius |  3  4             1  2        radius |                1  2  3  4
 ///             |                                      |
@@ -369,25 +373,25 @@ VEXMATH_API int mg_cleanupPolarEdge(suDynamicArray<mgPoint_c> &edge, double tol)
 ///      6 ends the edge; 4 and 5 are beyond it and are removed: 1, 2, 3, 6 are left
 ///
 /// The edge runs from the angle of its first to that of its last point, in either direction. A
-/// closed outline around the axis therefore ends with its first point, a full turn on. Each point
-/// between is compared with the range from the angle of the last point that was kept to that of the
-/// end of the edge. Its arc length outside this range, at its own radius, is computed: above tol,
-/// the point is removed; otherwise it takes the nearest angle of the range or, at the pole, the
-/// angle of the point before. Then a point that repeats the one before is dropped, as above. A step
-/// along the radius alone is kept.
+/// closed outline around the axis therefore ends with its first point, a full turn on. No direction
+/// is known, and nothing more is done, when the arc length from the first to the last point, at the
+/// largest radius of the edge, is at most tol: as in a closed outline beside the axis.
 ///
-/// When first and last point have the same angle, no direction is known, and nothing more is done:
-/// when the arc length between them, at the largest radius of the edge, is at most tol. That is so
-/// for a closed outline beside the axis.
+/// The range of each point between is that from the angle of the one before to that of the last
+/// point. When its arc length outside this range, at its own radius, is above tol, the point is
+/// removed. Otherwise it takes the nearest angle of the range or, at the pole, that of the one
+/// before. Then it is dropped if it repeats the one before, and so is the last point. A step along
+/// the radius alone is kept.
 VEXMATH_API int mg_fixPolarConvolution(suDynamicArray<mgPoint_c> &edge, double tol);
 
 // Tours and rectangles.
 
 /// Replaces `order` by a short closed tour through all points: their indices in visiting order,
 /// from 0 on, in the direction in which the second index is lower than the last. The way back from
-/// the last point to the first belongs to the tour. Distances are in space. The points do not
-/// change. Up to three points give the order 0 to n - 1. So do points with a NaN or infinite
-/// coordinate and points whose bounding box has a diagonal that overflows (from about 1.3e154 on).
+/// the last point to the first belongs to the tour. Distances are in space; those below about
+/// 1e-162 are 0. The points do not change. The order is 0 to n - 1 for up to three points, for a
+/// NaN or infinite coordinate, z included, and for a bounding box with a diagonal that overflows
+/// (from about 1.3e154 on).
 ///
 /// First the tour is built as n - 2, n - 1 and back. Each step inserts the point of the least
 /// detour between two neighbours. Of equal detours it takes the one at the earlier edge of the
@@ -397,15 +401,15 @@ VEXMATH_API int mg_fixPolarConvolution(suDynamicArray<mgPoint_c> &edge, double t
 /// d in one direction. Each round visits the points by index. At point a it considers both edges ab
 /// and all c that are strictly nearer to a than b. It carries out the exchange that saves the most;
 /// of equal ones that of the lowest c, then of the lowest b. An exchange must save strictly more
-/// than 1e-12 of ab + cd. The tour is therefore never longer than the inserted one. The rounds end
-/// when one of them changes nothing: no exchange of two edges saves more than that any longer. They
-/// end after 1000 rounds in any case.
+/// than 1e-12 of ab + cd, so the tour is never longer than the inserted one. After a round that
+/// changes nothing, no exchange of two edges saves more than that. The rounds end there, or after
+/// 1000 of them.
 ///
-/// An order of 0 to n - 1 is added to the storage of `order`. Any other one gets a new block of
-/// capacity n, which grows linearly by 1. When memory is exhausted, `order` is 0 to n - 1, or empty
-/// if it cannot hold these, as it also is when it may not grow and 0 to n - 1 do not fit. The
-/// listener is told as by `mg_OpenTSP`: (0, -1), each index from 0 to n - 1, then (0, n - 1) of a
-/// new block, or (0, -1) when `order` ends up empty because memory is exhausted.
+/// The indices 0 to n - 1 are added to the storage of `order`; its listener is told (0, -1) and
+/// then each of them, as by `Add`. A tour then gets a new block of capacity n, which grows linearly
+/// by 1; the listener is told (0, n - 1). When there is none, as above or because memory is
+/// exhausted, `order` stays 0 to n - 1. If one of these could not be added, it ends up empty, and
+/// the listener is told (0, -1).
 ///
 /// About n^2 work.
 /// Method: D. J. Rosenkrantz, R. E. Stearns, P. M. Lewis, "An analysis of several heuristics for
@@ -415,17 +419,16 @@ VEXMATH_API void mg_ClosedTSP(suDynamicArray<mgPoint_c> &points, suDynamicArray<
 
 /// The rectangle of least area around a convex polygon of n points or, when byWidth is not 0, the
 /// one of least width. Returns 1 and writes four corners, counter-clockwise. The side from
-/// corners[0] to corners[1] lies along an edge of the polygon; byWidth makes the other side,
-/// corners[1] to corners[2], as short as possible. Of rectangles of the same computed size it is
-/// the one at the first edge, where edge i joins point i and the next; rounding can make equal
-/// sizes differ.
+/// corners[0] to corners[1] lies along an edge of the polygon; byWidth makes the other side as
+/// short as possible. Of rectangles of the same computed size it is the one at the first edge,
+/// where edge i joins point i and the next; rounding can make equal sizes differ.
 ///
 /// The polygon may run in either direction, repeat points and have points on its edges;
 /// `convexHull` makes one. Points on one line give a rectangle of width 0 along them, up to
-/// rounding. Points that are all equal give four corners there. Edges shorter than about 1e-154 of
-/// the polygon's size have no direction. A polygon that is not convex also gives a rectangle around
-/// all points, but not always the least. A point can lie outside by rounding. A rectangle with
-/// sides along x and y has the exact coordinates of the points.
+/// rounding. Equal points give four corners there. Edges shorter than about 1e-154 of the polygon's
+/// size have no direction. A polygon that is not convex also gives a rectangle around all points,
+/// but not always the least. A point can lie outside by rounding; a rectangle with sides along x
+/// and y has the exact coordinates of the points.
 ///
 /// Returns 0, without writing, when n < 1 (polygon can then be null) or when a coordinate is NaN or
 /// above 1e150 in absolute value. `corners` may be in the polygon. Linear work, no allocation.

@@ -271,7 +271,7 @@ VEXMATH_API void mg_OpenTSP(suDynamicArray<mgPoint_c> &points, suDynamicArray<in
 /// NaN counts as equal.
 ///
 /// About n log n work, also for many equal points, NaN and infinite ones included; n^2 for a few
-/// orders. The recursion depth is logarithmic. From 2000 points on it allocates; when memory is
+/// orders. The recursion depth is logarithmic. From 30 points on it allocates; when memory is
 /// exhausted, it sorts in place, with the same result.
 ///
 /// Method: C. A. R. Hoare, "Quicksort", 1962, with the median of three as pivot.

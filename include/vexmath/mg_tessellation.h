@@ -113,6 +113,7 @@ VEXMATH_API void mg_TessParabolaOrBConic(parabolaEdgeData const *curve, double t
 /// squared distance from the vertex is strictly below 1e-17. Negative or meaningless when both ends
 /// lie behind the vertex. NaN in vertex or start gives NaN, in focus 1, and in end the value for
 /// start. Where a squared distance in it overflows (from 1.3e154 on), it is infinite, NaN or 1.
+/// Eccentricities by other means are in mg_conic.h.
 VEXMATH_API double mg_getConicEccentricity(mgPoint_c const &focus, mgPoint_c const &vertex,
                                            mgPoint_c const &start, mgPoint_c const &end);
 

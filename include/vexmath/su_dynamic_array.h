@@ -174,5 +174,6 @@ extern template class VEXMATH_API suDynamicArray<int>;
 extern template class VEXMATH_API suDynamicArray<double>;
 extern template class VEXMATH_API suDynamicArray<mgPoint_c>;
 extern template class VEXMATH_API suDynamicArray<mgVector_c>;
+extern template class VEXMATH_API suDynamicArray<mgIndexPair_c>; // in bulk.h
 
 #endif

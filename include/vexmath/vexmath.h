@@ -6,6 +6,7 @@
 
 #include <vexmath/arc.h>
 #include <vexmath/bbox.h>
+#include <vexmath/box_index.h>
 #include <vexmath/bulk.h>
 #include <vexmath/checksum.h>
 #include <vexmath/circle.h>

@@ -6,6 +6,8 @@
 
 #include "box_offsets.h"
 #include "corners.h"
+#include "inlining.h"
+#include "wide_clash.h"
 
 #include <algorithm>
 
@@ -33,8 +35,8 @@ bool isCorner(mgPoint_c const &p, mgPoint_c const &middle, mgPoint_c const &high
     return middle + mgVector_c(std::fabs(d.x()), std::fabs(d.y()), std::fabs(d.z())) == high;
 }
 
-bool sphereMisses(mgPoint_c const &centre, double radius, mgPoint_c const &low,
-                  mgPoint_c const &high, double tol) {
+VEXMATH_ALWAYS_INLINE bool sphereMisses(mgPoint_c const &centre, double radius,
+                                        mgPoint_c const &low, mgPoint_c const &high, double tol) {
     double const gapSq = vexmath::detail::nearestOffset(centre, low, high).sqlen();
     // QUIRK: bbox.h, mgBBox_c::clash: the tolerance widens the squared radius as a factor.
     // Expected: added to the radius. Kept: callers and stored data depend on it.
@@ -42,9 +44,23 @@ bool sphereMisses(mgPoint_c const &centre, double radius, mgPoint_c const &low,
     return gapSq > radius * radius * (1.0 + tol);
 }
 
+#if defined(VEXMATH_AVX2)
+
+VEXMATH_AVX2 int clashBySimd(mgBBox_c const &a, mgBBox_c const &b, double tol) {
+    using vexmath::detail::WideBounds;
+    return vexmath::detail::clashes(WideBounds::of(a), WideBounds::of(b), tol);
+}
+
+#else // never called
+
+int clashBySimd(mgBBox_c const &, mgBBox_c const &, double) { return 0; }
+
+#endif
+
 } // namespace
 
 int mgBBox_c::clash(mgBBox_c const *b, double tol) const {
+    if (vexmath::detail::hasSimd()) return clashBySimd(*this, *b, tol);
     if (!isSet() || !b->isSet()) return 0;
     if (sphRadius_ + b->sphRadius_ < (sphCentre_ - b->sphCentre_).len() - tol) return 0;
 

@@ -1,36 +1,40 @@
 // SPDX-License-Identifier: MIT
 // Interference of boxes with a placement each. A shortcut by inexact numbers answers nearly all
-// pairs; the full test answers the others.
+// pairs; the full test answers the others, in registers where that gives the same answer.
 
 #include <vexmath/bbox.h>
 #include <vexmath/xform.h>
 
+#include "box_parts.h"
+#include "inlining.h"
 #include "matrix/rows.h"
-#include "simd/wide_vector.h"
+#include "placed_verdict.h"
 #include "transform/xform_parts.h"
+#include "wide_moved.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
 using namespace vexmath::detail;
 
 /// Result of the shortcut, which works in model space without inverting or composing transforms.
-/// Apart and Clash are returned only where the full test is certain to agree; Close means: run it.
+/// Apart and Clash are returned only where the full test is certain to agree; Close and Unusual
+/// mean: run it. It may run in registers for Close, which says that the placements are ordinary and
+/// the numbers finite.
 ///
 /// In exact numbers and without tolerances the shortcut and the full test agree. They differ by the
 /// errors of the rotations' orthonormality, by rounding, and by what the full test ignores: scales
 /// within 1e-08 of 1, translations below 1e-08 in any of the frames, and gaps and overlaps of that
 /// size. For ordinary placements the sum is less than 1e-06 of the lengths involved plus 1e-07 of
 /// the units of the frames; the margin is a hundred times that. NaN and lengths whose squares may
-/// overflow give Close.
-enum class Verdict { Apart, Clash, Close };
+/// overflow give Unusual.
+enum class Verdict { Apart, Clash, Close, Unusual };
 
-/// The members of a set box.
-struct Parts {
-    mgPoint_c const &low, &high, &centre;
-    double radius;
-};
+/// Depth by which the spheres must overlap in the full test; bound included. Also the tolerance of
+/// its box tests.
+constexpr double kOverlap = 1e-08;
 
 /// True if the identity flag is not stale, the scale is between 0.001 and 1000, bounds excluded,
 /// and there is no perspective record.
@@ -46,9 +50,9 @@ constexpr double kNearlyOrthonormal = 1e-09;
 
 /// The largest distance of the centres at which the placed spheres clash.
 struct Reach {
-    Reach(Parts const &a, mgXform_c const &xa, Parts const &b, mgXform_c const &xb)
-        : radii(xa.scaling() * (a.radius + b.radius)), // the full test does not scale b's
-          units(1.0 + xa.scaling() + xb.scaling()) {}
+    Reach(double radiusA, double scaleA, double radiusB, double scaleB)
+        : radii(scaleA * (radiusA + radiusB)), // the full test does not scale b's
+          units(1.0 + scaleA + scaleB) {}
 
     /// By how much a comparison must be decided. otherLengths are those besides the radii.
     double margin(double otherLengths) const {
@@ -87,19 +91,19 @@ struct WidePlacement {
     Wide translation, scale;
 };
 
-/// A box in model space: lengths in model units.
+/// A box in model space: lengths in model units. The members are those of `PlacedBox`.
 struct WideBox {
-    VEXMATH_AVX2_STEP WideBox(Parts const &box, WidePlacement const &x)
-        : local((load(&box.low[0]) + load(&box.high[0])) * all(0.5)), middle(x.image(local)),
-          half((load(&box.high[0]) - local) * x.scale), centre(x.image(&box.centre[0])),
-          fromMiddle((load(&box.centre[0]) - local) * x.scale), radius(all(box.radius) * x.scale) {}
+    VEXMATH_AVX2_STEP WideBox(WideBounds const &box, WidePlacement const &x)
+        : WideBox(box, x, box.middle()) {}
+    VEXMATH_AVX2_STEP WideBox(WideBounds const &box, WidePlacement const &x, Wide local)
+        : middle(x.image(local)), half((box.high - local) * x.scale), centre(x.image(box.centre)),
+          fromMiddle((box.centre - local) * x.scale), radius(all(box.radius) * x.scale) {}
+    VEXMATH_AVX2_STEP explicit WideBox(PlacedBox::InModelSpace const &box)
+        : middle(_mm256_loadu_pd(box.middle)), half(_mm256_loadu_pd(box.half)),
+          centre(_mm256_loadu_pd(box.centre)), fromMiddle(_mm256_loadu_pd(box.fromMiddle)),
+          radius(all(box.radius * box.scale)) {}
 
-    Wide local;      ///< the middle of the corners before placement
-    Wide middle;     ///< the same, placed
-    Wide half;       ///< from there to the high corner, along the box's own axes
-    Wide centre;     ///< of the sphere
-    Wide fromMiddle; ///< from the middle to the centre, along the box's own axes
-    Wide radius;
+    Wide middle, half, centre, fromMiddle, radius;
 };
 
 /// The tests in one frame, with the other box transformed into it.
@@ -152,35 +156,95 @@ VEXMATH_AVX2 Verdict verdictInFrames(WideRows const &axesA, WideBox const &a, Wi
     return clashes ? Verdict::Clash : Verdict::Close;
 }
 
-VEXMATH_AVX2 Verdict verdictBySimd(Parts const &a, mgXform_c const &xa, Parts const &b,
+constexpr double kMostLengths = 1e100; ///< strict
+
+VEXMATH_AVX2_STEP Wide centreLengths(WideBounds const &box, WidePlacement const &x) {
+    return absolute(box.centre) * x.scale + absolute(x.translation);
+}
+
+VEXMATH_AVX2_STEP Wide cornerLengths(WideBounds const &box, WidePlacement const &x) {
+    return (absolute(box.low) + absolute(box.high)) * x.scale;
+}
+
+VEXMATH_AVX2 Verdict verdictBySimd(mgBBox_c const &boxA, mgXform_c const &xa, mgBBox_c const &boxB,
                                    mgXform_c const &xb) {
-    constexpr double kMostLengths = 1e100;
-    if (!isOrdinary(xa) || !isOrdinary(xb)) return Verdict::Close;
+    if (!isOrdinary(xa) || !isOrdinary(xb)) return Verdict::Unusual;
     WidePlacement const placeA(xa), placeB(xb);
     if (!areBelow(placeA.errors() + placeB.errors(), all(kNearlyOrthonormal)))
-        return Verdict::Close;
+        return Verdict::Unusual;
 
-    Wide const apart = placeB.image(&b.centre[0]) - placeA.image(&a.centre[0]);
+    WideBounds const a = WideBounds::of(boxA), b = WideBounds::of(boxB);
+    Wide const apart = placeB.image(b.centre) - placeA.image(a.centre);
     double const distanceSq = sum(apart * apart);
-    Reach const reach(a, xa, b, xb);
-    Wide lengths = absolute(load(&a.centre[0])) * placeA.scale + absolute(placeA.translation)
-                   + absolute(load(&b.centre[0])) * placeB.scale + absolute(placeB.translation);
+    Reach const reach(a.radius, xa.scaling(), b.radius, xb.scaling());
+    Wide const lengths = centreLengths(a, placeA) + centreLengths(b, placeB);
     if (reach.isPlainlyExceeded(distanceSq, sum(lengths))) return Verdict::Apart;
 
-    lengths = lengths + (absolute(load(&a.low[0])) + absolute(load(&a.high[0]))) * placeA.scale
-              + (absolute(load(&b.low[0])) + absolute(load(&b.high[0]))) * placeB.scale;
     // The placed radius of b may be longer than all of these. Then its sphere clips no corner and
     // reaches everything, so that its rounding does not matter.
-    double const otherLengths = sum(lengths);
-    if (!(reach.radii + otherLengths < kMostLengths)) return Verdict::Close;
+    double const otherLengths = sum(lengths + cornerLengths(a, placeA) + cornerLengths(b, placeB));
+    if (!(reach.radii + otherLengths < kMostLengths)) return Verdict::Unusual;
     return verdictInFrames(placeA.axes, WideBox(a, placeA), placeB.axes, WideBox(b, placeB),
                            reach.radii, distanceSq, reach.margin(otherLengths));
 }
 
+/// The same for prepared boxes.
+VEXMATH_AVX2 Verdict verdictBySimd(PlacedBox const &boxA, PlacedBox const &boxB) {
+    PlacedBox::InModelSpace const &a = boxA.placed, &b = boxB.placed;
+    if (!(a.error + b.error < kNearlyOrthonormal)) return Verdict::Unusual;
+
+    Wide const apart = _mm256_loadu_pd(b.centre) - _mm256_loadu_pd(a.centre);
+    double const distanceSq = sum(apart * apart);
+    Reach const reach(a.radius, a.scale, b.radius, b.scale);
+    if (reach.isPlainlyExceeded(distanceSq, a.centreLengths + b.centreLengths))
+        return Verdict::Apart;
+
+    double const otherLengths = a.lengths + b.lengths;
+    if (!(reach.radii + otherLengths < kMostLengths)) return Verdict::Unusual;
+    return verdictInFrames(loadRows(boxA.placement->rotation()), WideBox(a),
+                           loadRows(boxB.placement->rotation()), WideBox(b), reach.radii,
+                           distanceSq, reach.margin(otherLengths));
+}
+
+VEXMATH_AVX2 void prepareBySimd(PlacedBox &to) {
+    if (!isOrdinary(*to.placement)) return;
+    WideBounds const bounds = WideBounds::of(*to.box);
+    WidePlacement const x(*to.placement);
+    WideBox const box(bounds, x);
+    Wide const lengths = centreLengths(bounds, x);
+    to.placed.error = sum(x.errors()); // at least each of the three
+    to.placed.scale = to.placement->scaling();
+    to.placed.radius = bounds.radius;
+    to.placed.centreLengths = sum(lengths);
+    to.placed.lengths = sum(lengths + cornerLengths(bounds, x));
+    _mm256_storeu_pd(to.placed.middle, box.middle);
+    _mm256_storeu_pd(to.placed.half, box.half);
+    _mm256_storeu_pd(to.placed.centre, box.centre);
+    _mm256_storeu_pd(to.placed.fromMiddle, box.fromMiddle);
+}
+
+/// The full test, for placements and boxes that the shortcut found close: their scales are far
+/// inside the range of the copy rules, and lengths below kMostLengths stay below 1e110 in both
+/// frames.
+VEXMATH_AVX2 bool clashBySimd(mgBBox_c const &boxA, mgXform_c const &inverseA, mgBBox_c const &boxB,
+                              mgXform_c const &xb) {
+    WideXform const intoA = WideXform::ofProduct(xb, inverseA);
+    WideBounds const a = WideBounds::of(boxA), b = WideBounds::of(boxB);
+    WideBounds const bInA = moved(b, intoA);
+    Wide const apart = bInA.centre - a.centre;
+    if (!(std::sqrt(sum(apart * apart)) + kOverlap <= a.radius + b.radius)) return false;
+    return clashes(bInA, a, kOverlap) && clashes(moved(a, intoA.inverse()), b, kOverlap);
+}
+
 #else // never called
 
-Verdict verdictBySimd(Parts const &, mgXform_c const &, Parts const &, mgXform_c const &) {
-    return Verdict::Close;
+Verdict verdictBySimd(mgBBox_c const &, mgXform_c const &, mgBBox_c const &, mgXform_c const &) {
+    return Verdict::Unusual;
+}
+Verdict verdictBySimd(PlacedBox const &, PlacedBox const &) { return Verdict::Unusual; }
+void prepareBySimd(PlacedBox &) {}
+bool clashBySimd(mgBBox_c const &, mgXform_c const &, mgBBox_c const &, mgXform_c const &) {
+    return false;
 }
 
 #endif
@@ -199,45 +263,69 @@ double sizesOf(mgPoint_c const &p, mgXform_c const &x) {
 double error(mgXform_c const &x) { return Rows::of(&x.rotation()[0]).error(); }
 
 /// The verdict without SIMD. There only the sphere test is worth its cost.
-Verdict verdictBySpheres(Parts const &a, mgXform_c const &xa, Parts const &b, mgXform_c const &xb) {
+VEXMATH_ALWAYS_INLINE Verdict verdictBySpheres(mgBBox_c const &boxA, mgXform_c const &xa,
+                                               mgBBox_c const &boxB, mgXform_c const &xb) {
+    BoxParts const a(boxA), b(boxB);
     double const distanceSq = (placed(b.centre, xb) - placed(a.centre, xa)).sqlen();
     double const lengths = sizesOf(a.centre, xa) + sizesOf(b.centre, xb);
-    bool const isApart = Reach(a, xa, b, xb).isPlainlyExceeded(distanceSq, lengths)
-                         && isOrdinary(xa) && isOrdinary(xb)
-                         && error(xa) + error(xb) < kNearlyOrthonormal;
-    return isApart ? Verdict::Apart : Verdict::Close;
+    Reach const reach(a.radius, xa.scaling(), b.radius, xb.scaling());
+    bool const isApart = reach.isPlainlyExceeded(distanceSq, lengths) && isOrdinary(xa)
+                         && isOrdinary(xb) && error(xa) + error(xb) < kNearlyOrthonormal;
+    return isApart ? Verdict::Apart : Verdict::Unusual;
 }
 
-/// From b's frame into a's, without b's record, of which a copy would allocate.
-mgXform_c intoFrame(mgXform_c const &xa, mgXform_c const &xb) {
-    if (!xb.hasPerspective()) return xb * xa.inverse();
-    return vexmath::detail::withoutRecord(xb) * xa.inverse();
-}
-
-} // namespace
-
-int mgBBox_c::clash(mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b,
-                    mgXform_c const &xb) {
-    /// Depth by which the spheres must overlap; bound included. Also the tolerance of the box
-    /// tests.
-    constexpr double kOverlap = 1e-08;
-    if (!a.isSet() || !b.isSet()) return 0;
-    Parts const partsA = {a.low_, a.high_, a.sphCentre_, a.sphRadius_};
-    Parts const partsB = {b.low_, b.high_, b.sphCentre_, b.sphRadius_};
-    Verdict const verdict = hasSimd() ? verdictBySimd(partsA, xa, partsB, xb)
-                                      : verdictBySpheres(partsA, xa, partsB, xb);
-    if (verdict != Verdict::Close) return verdict == Verdict::Clash;
-    mgXform_c const intoA = intoFrame(xa, xb);
+/// The full test.
+bool clashInFrames(mgBBox_c const &boxA, mgXform_c const &inverseA, mgBBox_c const &boxB,
+                   mgXform_c const &xb) {
+    // Without b's record, of which a copy would allocate.
+    mgXform_c const intoA = xb.hasPerspective() ? withoutRecord(xb) * inverseA : xb * inverseA;
+    BoxParts const a(boxA), b(boxB);
 
     // QUIRK: bbox.h, mgBBox_c::clash: of placed boxes, b's radius is not scaled into a's frame.
     // Expected: scaled. Kept: callers and stored data depend on it.
     // (test: PlacedSpheresAreComparedUnscaled)
-    mgPoint_c centre = b.sphCentre_ * intoA;
+    mgPoint_c centre = b.centre * intoA;
     mgPerspInfo_c info;
     if (xb.getPerspectiveInfo(&info)) info.doScreenPointPerspectiveDivision(centre);
-    double const distance = (centre - a.sphCentre_).len();
-    if (!(distance + kOverlap <= a.sphRadius_ + b.sphRadius_)) return 0;
+    double const distance = (centre - a.centre).len();
+    if (!(distance + kOverlap <= a.radius + b.radius)) return false;
 
-    if (!b.movedBy(intoA).clash(&a, kOverlap)) return 0;
-    return a.movedBy(intoA.inverse()).clash(&b, kOverlap);
+    if (!BoxParts::moved(boxB, intoA).clash(&boxA, kOverlap)) return false;
+    return BoxParts::moved(boxA, intoA.inverse()).clash(&boxB, kOverlap);
+}
+
+/// Follows the shortcut's verdict, or runs the full test with the inverse of a's placement.
+template <class Inverse>
+bool follow(Verdict verdict, mgBBox_c const &a, Inverse const &inverseA, mgBBox_c const &b,
+            mgXform_c const &xb) {
+    if (verdict == Verdict::Apart || verdict == Verdict::Clash) return verdict == Verdict::Clash;
+    return verdict == Verdict::Close ? clashBySimd(a, inverseA(), b, xb)
+                                     : clashInFrames(a, inverseA(), b, xb);
+}
+
+} // namespace
+
+PlacedBox vexmath::detail::prepare(mgBBox_c const &box, mgXform_c const &placement) {
+    PlacedBox prepared{&box, &placement, placement.inverse(), box.isSet() != 0, {}};
+    prepared.placed.error = std::numeric_limits<double>::infinity();
+    if (hasSimd() && prepared.isSet) prepareBySimd(prepared);
+    return prepared;
+}
+
+bool vexmath::detail::clash(PlacedBox const &a, PlacedBox const &b) {
+    if (!a.isSet || !b.isSet) return false;
+    Verdict const verdict = hasSimd()
+                                ? verdictBySimd(a, b)
+                                : verdictBySpheres(*a.box, *a.placement, *b.box, *b.placement);
+    return follow(
+        verdict, *a.box, [&]() -> mgXform_c const & { return a.inverse; }, *b.box, *b.placement);
+}
+
+int mgBBox_c::clash(mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b,
+                    mgXform_c const &xb) {
+    if (!a.isSet() || !b.isSet()) return 0;
+    Verdict const verdict =
+        hasSimd() ? verdictBySimd(a, xa, b, xb) : verdictBySpheres(a, xa, b, xb);
+    return follow(
+        verdict, a, [&] { return xa.inverse(); }, b, xb);
 }

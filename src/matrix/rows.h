@@ -34,8 +34,6 @@ struct Rows {
     /// The row vector v times the matrix of these rows.
     mgVector_c times(mgVector_c const &v) const;
     mgMatrix_c matrix() const; ///< as they are, the flag computed
-
-    static void clearFlag(mgMatrix_c &m) { m.identity_ = 0; }
 };
 
 VEXMATH_ALWAYS_INLINE Rows Rows::ofProduct(mgMatrix_c const &a, mgMatrix_c const &b) {

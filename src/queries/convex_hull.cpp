@@ -112,16 +112,9 @@ public:
 
     /// False when the hull cannot grow. It then holds what it held before the chain.
     bool append(mg2DPoint_c const &p) {
-        mg2DPoint_c *const block = hull_.Data();
-        bool const isFull = block && headerOf(block)->count >= headerOf(block)->capacity;
-        std::uint16_t const keepFlag = isFull ? headerOf(block)->keepFlag : 0;
-        // An array that cannot grow releases its block, unless that has the keep flag. A block that
-        // grows loses the flag.
-        if (isFull) headerOf(block)->keepFlag = 1;
-        if (hull_.Add(p) >= 0) return true;
-        if (isFull) headerOf(block)->keepFlag = keepFlag;
-        hull_.Adopt(static_cast<mg2DPoint_c *>(amDynamicArrayResize(block, begin_)));
-        return false;
+        mg2DPoint_c const *const block = hull_.Data();
+        bool const fits = block && headerOf(block)->count < headerOf(block)->capacity;
+        return fits ? hull_.Add(p) >= 0 : appendToFull(p);
     }
 
     /// Removes the last points as long as p, as the next point, leaves them inside or on an edge.
@@ -130,11 +123,23 @@ public:
     // Kept: callers and stored data depend on it. (test: UpperChainMayPopTheLower)
     void makeTurnTo(mg2DPoint_c const &p) {
         while (hull_.Count() - begin_ >= 2 && !turnsLeftAt(p)) {
-            amDynamicArrayResize(hull_.Data(), hull_.Count() - 1);
+            --headerOf(hull_.Data())->count;
         }
     }
 
 private:
+    VEXMATH_NEVER_INLINE bool appendToFull(mg2DPoint_c const &p) {
+        mg2DPoint_c *const block = hull_.Data(); // null before the first point
+        std::uint16_t const keepFlag = block ? headerOf(block)->keepFlag : 0;
+        // An array that cannot grow releases its block, unless that has the keep flag. A block that
+        // grows loses the flag.
+        if (block) headerOf(block)->keepFlag = 1;
+        if (hull_.Add(p) >= 0) return true;
+        if (block) headerOf(block)->keepFlag = keepFlag;
+        hull_.Adopt(static_cast<mg2DPoint_c *>(amDynamicArrayResize(block, begin_)));
+        return false;
+    }
+
     bool turnsLeftAt(mg2DPoint_c const &p) const {
         mg2DPoint_c const &top = hull_[hull_.Count() - 1];
         mg2DPoint_c const &second = hull_[hull_.Count() - 2];

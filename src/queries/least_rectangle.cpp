@@ -119,7 +119,7 @@ bool Polygon::isClockwise(Extremes const &extremes) const {
 class Calipers {
 public:
     Calipers(Polygon const &polygon, Extremes const &extremes, bool byWidth)
-        : polygon_(polygon), byWidth_(byWidth) {
+        : polygon_(polygon), byWidth_(byWidth), left_(polygon.count()) {
         for (int k = 0; k < 4; ++k) ends_[k] = extremes.corner[k];
         advance<0>();
         advance<1>();
@@ -127,6 +127,8 @@ public:
         advance<3>();
     }
 
+    /// False after a quarter turn, in which the calipers passed each point once.
+    bool hasNextEdge() const { return left_ > 0; }
     /// Measures the rectangle at the next edge and moves the caliper there along it.
     void visitNextEdge() {
         if (cross(edges_[0], edges_[1]) < 0.0) {
@@ -157,10 +159,13 @@ private:
 
     Polygon const &polygon_;
     bool byWidth_;
+    int left_; // of the points
     int starts_[4] = {0, 0, 0, 0};
     int ends_[4] = {0, 0, 0, 0};
-    Vec places_[4]; // of the starts
-    Vec edges_[4];  // from the starts to the ends, rotated
+    int steps_[4] = {0, 0, 0,
+                     0}; // points from the places to the ends, 1 unless points are repeated
+    Vec places_[4];      // of the starts
+    Vec edges_[4];       // from the starts to the ends, rotated
     double best_ = std::numeric_limits<double>::infinity();
     int bestIndex_ = 0;
     Vec bestEdge_;
@@ -189,6 +194,7 @@ void Calipers::visit() {
         bestIndex_ = index;
         bestEdge_ = rotated<(4 - k) % 4>(edge);
     }
+    left_ -= steps_[k];
     advance<k>();
 }
 
@@ -198,14 +204,16 @@ void Calipers::advance() {
     Vec edge;
     int start = ends_[k];
     int end = start;
+    int steps = 0;
     Vec const at = polygon_[start];
-    for (int n = polygon_.count(); n > 0 && !(dot(edge, edge) >= kLeastLengthSq); --n) {
+    for (; steps < polygon_.count() && !(dot(edge, edge) >= kLeastLengthSq); ++steps) {
         start = end;
         end = polygon_.next(end);
         edge = polygon_[end] - at;
     }
     starts_[k] = start;
     ends_[k] = end;
+    steps_[k] = steps;
     places_[k] = at;
     edges_[k] = rotated<k>(edge);
 }
@@ -215,7 +223,7 @@ Vec leastDirection(int n, mg2DPoint_c const *points, bool byWidth) {
     Extremes const extremes(n, points);
     Polygon const polygon(n, points, extremes);
     Calipers calipers(polygon, extremes, byWidth);
-    for (int i = 0; i < n; ++i) calipers.visitNextEdge();
+    while (calipers.hasNextEdge()) calipers.visitNextEdge();
     Vec const edge = calipers.bestEdge();
     double const length = std::sqrt(dot(edge, edge));
     return length > 0.0 ? Vec{edge.x / length, edge.y / length} : Vec{1.0, 0.0};

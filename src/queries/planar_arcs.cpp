@@ -114,6 +114,8 @@ double angleAbout(mgVector_c const &c, mgVector_c const &p, bool isCounterClockw
 /// The sweep of the points about c, in order; negative when they are off the circle or go back.
 double sweepOf(int n, ArcFrame const &frame, mgVector_c const &c, double radius, double reach) {
     constexpr double kNone = -1.0;
+    /// The largest sweep of an arc: the double below 2 pi.
+    constexpr double kMost = kTwoPiExact - 0x1p-50;
     mgVector_c last;
     double angle = 0.0;
     bool isClosed = false;
@@ -129,7 +131,7 @@ double sweepOf(int n, ArcFrame const &frame, mgVector_c const &c, double radius,
         if (next < angle) return kNone;
         angle = next;
     }
-    return isClosed ? kTwoPiExact : angle;
+    return isClosed ? kTwoPiExact : std::min(angle, kMost);
 }
 
 struct Vec {

@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace vexmath::detail {
 
@@ -48,6 +47,8 @@ struct PlanarBox {
         return {std::min(p.x(), q.x()), std::min(p.y(), q.y()), std::max(q.x(), p.x()),
                 std::max(q.y(), p.y())};
     }
+    double width() const { return xHigh - xLow; }
+    double height() const { return yHigh - yLow; }
     PlanarBox grown(double by) const { return {xLow - by, yLow - by, xHigh + by, yHigh + by}; }
     PlanarBox scaled(double by) const { return {by * xLow, by * yLow, by * xHigh, by * yHigh}; }
     // Without branches, which random segments make the processor guess wrong.
@@ -73,28 +74,21 @@ struct PlanarSegment {
 /// Touching: all others. Unsure: not plain, see below.
 enum class Depth { Outside, Touching, Deep, Unsure };
 
-/// The range of d x (q - a) over the points q of a box, where d = b - a: the box is on the left of
-/// the line where the range is positive, and on the right where it is negative.
-struct SideRange {
-    double least, greatest;
-
-    VEXMATH_ALWAYS_INLINE SideRange(PlanarSegment const &s, PlanarBox const &box) {
-        double const dx = s.bx - s.ax;
-        double const dy = s.by - s.ay;
-        double const low = dx * (box.yLow - s.ay);
-        double const high = dx * (box.yHigh - s.ay);
-        double const left = dy * (box.xLow - s.ax);
-        double const right = dy * (box.xHigh - s.ax);
-        least = std::min(low, high) - std::max(left, right);
-        greatest = std::max(low, high) - std::min(left, right);
-    }
-    bool isReliable() const {
-        /// Products of this size have lost none of their digits; strict.
-        constexpr double kVanishing = 1e-280;
-        double const range = greatest - least;
-        return range > kVanishing && range < std::numeric_limits<double>::infinity();
-    }
-};
+/// How far the line of a segment is from a box, times the length of d = b - a: positive when it
+/// misses the box, 0 when it touches a corner or when d is 0, and negative when it meets the
+/// inside. The corners farthest to both sides have the least and the greatest d x (q - a). They are
+/// not computed from the centre of the box: one near the segment is exact in a large box, too.
+VEXMATH_ALWAYS_INLINE double lineBeyond(PlanarSegment const &s, PlanarBox const &box) {
+    double const dx = s.bx - s.ax;
+    double const dy = s.by - s.ay;
+    double const low = dx * (box.yLow - s.ay);
+    double const high = dx * (box.yHigh - s.ay);
+    double const left = dy * (box.xLow - s.ax);
+    double const right = dy * (box.xHigh - s.ax);
+    double const least = std::min(low, high) - std::max(left, right);
+    double const greatest = std::max(low, high) - std::min(left, right);
+    return std::max(least, -greatest);
+}
 
 /// The depth by both boxes, for finite numbers that are the result of `planarScale`, or where
 /// products neither overflow nor vanish.
@@ -106,8 +100,7 @@ inline Depth exactDepthOf(PlanarSegment const &s, PlanarBox const &box, double t
     PlanarBox const outer = box.grown(tol);
     if (right < outer.xLow || left > outer.xHigh || top < outer.yLow || bottom > outer.yHigh)
         return Depth::Outside;
-    SideRange const ofOuter(s, outer);
-    if (ofOuter.least > 0.0 || ofOuter.greatest < 0.0) return Depth::Outside;
+    if (lineBeyond(s, outer) > 0.0) return Depth::Outside;
 
     PlanarBox const inner = box.grown(-tol);
     if (inner.hasInside(s.ax, s.ay) || inner.hasInside(s.bx, s.by)) return Depth::Deep;
@@ -115,39 +108,40 @@ inline Depth exactDepthOf(PlanarSegment const &s, PlanarBox const &box, double t
     if (innerIsEmpty || right <= inner.xLow || left >= inner.xHigh || top <= inner.yLow
         || bottom >= inner.yHigh)
         return Depth::Touching;
-    SideRange const ofInner(s, inner);
-    return ofInner.least < 0.0 && ofInner.greatest > 0.0 ? Depth::Deep : Depth::Touching;
+    return lineBeyond(s, inner) < 0.0 ? Depth::Deep : Depth::Touching;
 }
 
-/// The depth where it is plain: Outside also where a number is not finite. The axes that separate a
-/// segment and a box are those of the box and the normal of the segment. Growing the box by tol
-/// moves the sides of its range by tol (|dx| + |dy|); twice that leaves room for rounding. Method:
-/// S. Gottschalk, M. C. Lin, D. Manocha, "OBBTree", 1996 (separating axes).
+/// The depth where it is plain: by twice the tolerance, which leaves room for rounding. Where it is
+/// not, or where a number is not finite, Unsure, unless the segment is beyond a side. The axes that
+/// separate a segment and a box are those of the box and the normal of the segment. Method: S.
+/// Gottschalk, M. C. Lin, D. Manocha, "OBBTree", 1996 (separating axes).
 VEXMATH_ALWAYS_INLINE Depth plainDepthOf(PlanarSegment const &s, PlanarBox const &box, double tol) {
-    double const left = std::min(s.ax, s.bx);
-    double const right = std::max(s.ax, s.bx);
-    double const bottom = std::min(s.ay, s.by);
-    double const top = std::max(s.ay, s.by);
-    PlanarBox const outer = box.grown(tol);
-    if ((right < outer.xLow) | (left > outer.xHigh) | (top < outer.yLow) | (bottom > outer.yHigh))
-        return Depth::Outside;
-    if (!areFinite(s.ax, s.ay, s.bx, s.by, box.xLow, box.yLow, box.xHigh, box.yHigh))
-        return Depth::Outside;
-
+    /// Above it, products of two lengths may overflow; strict.
+    constexpr double kLargest = 1e150;
+    /// A product of this size has lost no digits to underflow.
+    constexpr double kVanishing = 1e-280;
     double const margin = 2.0 * tol;
-    PlanarBox const core = box.grown(-margin);
-    bool const hasA = core.hasInside(s.ax, s.ay);
-    bool const hasB = core.hasInside(s.bx, s.by);
-    if (hasA | hasB) return Depth::Deep;
+    double const overlapX =
+        std::min(std::max(s.ax, s.bx) - box.xLow, box.xHigh - std::min(s.ax, s.bx));
+    double const overlapY =
+        std::min(std::max(s.ay, s.by) - box.yLow, box.yHigh - std::min(s.ay, s.by));
+    double const overlap = std::min(overlapX, overlapY);
+    if (overlap < -margin) return Depth::Outside;
 
-    SideRange const range(s, box);
-    if (!range.isReliable()) return Depth::Unsure;
-    double const sideMargin = margin * ((right - left) + (top - bottom));
-    if ((range.least > sideMargin) | (range.greatest < -sideMargin)) return Depth::Outside;
-    bool const crosses = (range.least < -sideMargin) & (range.greatest > sideMargin);
-    bool const overlaps = (core.xLow < core.xHigh) & (core.yLow < core.yHigh) & (right > core.xLow)
-                          & (left < core.xHigh) & (top > core.yLow) & (bottom < core.yHigh);
-    return (crosses & overlaps) ? Depth::Deep : Depth::Unsure;
+    double const extent = std::fabs(s.bx - s.ax) + std::fabs(s.by - s.ay);
+    bool const isOrdinary = extent + (box.width() + box.height()) + tol < kLargest; // no NaN either
+    if (!isOrdinary) return Depth::Unsure;
+
+    double const beyond = lineBeyond(s, box);
+    double const lineMargin = margin * extent + kVanishing;
+    if (beyond > lineMargin) return Depth::Outside;
+    bool const isDeep = (beyond < -lineMargin) & (overlap > margin)
+                        & (std::min(box.width(), box.height()) > 2.0 * margin);
+    return isDeep ? Depth::Deep : Depth::Unsure;
+}
+
+inline bool areFinite(PlanarSegment const &s, PlanarBox const &box) {
+    return areFinite(s.ax, s.ay, s.bx, s.by, box.xLow, box.yLow, box.xHigh, box.yHigh);
 }
 
 /// A segment and a box for `exactDepthOf`.
@@ -165,6 +159,7 @@ struct ScaledSegment {
 inline Depth depthOf(PlanarSegment const &s, PlanarBox const &box, double tol) {
     Depth const plain = plainDepthOf(s, box, tol);
     if (plain != Depth::Unsure) return plain;
+    if (!areFinite(s, box)) return Depth::Outside;
     ScaledSegment const scaled(s, box);
     return exactDepthOf(scaled.segment, scaled.box, scaled.scale * tol);
 }

@@ -39,7 +39,7 @@ double distanceTo(PlanarBox const &box, Point p) {
     return std::fabs(p.x - box.clampedX(p.x)) + std::fabs(p.y - box.clampedY(p.y));
 }
 
-/// Where the line from `from` to `to`, both outside the box, meets the box first and last.
+/// Where the line from `from` to `to` meets the box first and last.
 VEXMATH_ALWAYS_INLINE void crossBox(Point from, Point to, PlanarBox const &box, Point &first,
                                     Point &last) {
     double const dx = to.x - from.x;
@@ -54,44 +54,25 @@ VEXMATH_ALWAYS_INLINE void crossBox(Point from, Point to, PlanarBox const &box, 
     last = {box.clampedX(from.x + leaves * dx), box.clampedY(from.y + leaves * dy)};
 }
 
-/// Where the segment from `from`, in the box, to an end outside leaves the box.
-VEXMATH_ALWAYS_INLINE Point exitOf(Point from, Point to, PlanarBox const &box) {
-    double const dx = to.x - from.x;
-    double const dy = to.y - from.y;
-    // 1, or NaN, in a coordinate that stays in the box.
-    double const toX = (box.clampedX(to.x) - from.x) / dx;
-    double const toY = (box.clampedY(to.y) - from.y) / dy;
-    double const leaves = std::min(std::min(1.0, toX), toY) * kFarther;
-    return {box.clampedX(from.x + leaves * dx), box.clampedY(from.y + leaves * dy)};
+/// Clips a segment that is Deep. Values are chosen by index and not by branches, which random
+/// segments make the processor guess wrong.
+VEXMATH_ALWAYS_INLINE mgClipLine_e clipDeep(PlanarSegment &s, PlanarBox const &box) {
+    Point ends[] = {{s.ax, s.ay}, {s.bx, s.by}, {}, {}}; // as given, and moved
+    double const offA = distanceTo(box, ends[0]);
+    double const offB = distanceTo(box, ends[1]);
+    // From the nearer end, which has the smaller error.
+    std::size_t const near = offB < offA;
+    std::size_t const far = 1 - near;
+    crossBox(ends[near], ends[far], box, ends[near + 2], ends[far + 2]);
+
+    std::size_t const movesA = offA > 0.0;
+    std::size_t const movesB = offB > 0.0;
+    Point const &a = ends[2 * movesA];
+    Point const &b = ends[2 * movesB + 1];
+    s = {a.x, a.y, b.x, b.y};
+    return static_cast<mgClipLine_e>(mgClipLine_Inside + movesA + 2 * movesB);
 }
 
-/// Clips a segment that is Deep.
-VEXMATH_ALWAYS_INLINE mgClipLine_e clipDeep(PlanarSegment &s, PlanarBox const &box) {
-    Point a{s.ax, s.ay};
-    Point b{s.bx, s.by};
-    bool const keepsA = box.contains(a.x, a.y);
-    bool const keepsB = box.contains(b.x, b.y);
-    if (keepsA) {
-        if (keepsB) return mgClipLine_Inside;
-        b = exitOf(a, b, box);
-        s.bx = b.x;
-        s.by = b.y;
-        return mgClipLine_ClippedB;
-    }
-    if (keepsB) {
-        a = exitOf(b, a, box);
-        s.ax = a.x;
-        s.ay = a.y;
-        return mgClipLine_ClippedA;
-    }
-    // From the nearer end, which has the smaller error; chosen by an index, without a branch.
-    Point const ends[] = {a, b};
-    Point moved[2];
-    std::size_t const near = distanceTo(box, a) <= distanceTo(box, b) ? 0 : 1;
-    crossBox(ends[near], ends[1 - near], box, moved[near], moved[1 - near]);
-    s = {moved[0].x, moved[0].y, moved[1].x, moved[1].y};
-    return mgClipLine_ClippedBoth;
-}
 /// Moves an end p to where its segment, which runs to q, meets the box: on the side that it is
 /// beyond, else on the one that is nearest to it. An end in the box stays.
 void moveToBox(double &px, double &py, double qx, double qy, PlanarBox const &box) {
@@ -132,8 +113,9 @@ double unscaled(double v, double k, double given, double low, double high) {
     return std::min(std::max(v / k, low), high);
 }
 
-/// For finite numbers of any size.
+/// For numbers of any size.
 VEXMATH_NEVER_INLINE mgClipLine_e clipExactly(PlanarSegment &s, PlanarBox const &box, double tol) {
+    if (!areFinite(s, box)) return mgClipLine_Outside;
     ScaledSegment const scaled(s, box);
     double const k = scaled.scale;
     PlanarSegment part = scaled.segment;
@@ -152,7 +134,13 @@ VEXMATH_NEVER_INLINE mgClipLine_e clipExactly(PlanarSegment &s, PlanarBox const 
 VEXMATH_ALWAYS_INLINE mgClipLine_e clip(PlanarSegment &s, PlanarBox const &box, double tol) {
     Depth const depth = plainDepthOf(s, box, tol);
     if (depth == Depth::Deep) return clipDeep(s, box);
-    return depth == Depth::Outside ? mgClipLine_Outside : clipExactly(s, box, tol);
+    if (depth == Depth::Outside) return mgClipLine_Outside;
+    // Copies, so that the numbers of the quick path stay in registers.
+    PlanarSegment part = s;
+    PlanarBox const copy = box;
+    mgClipLine_e const result = clipExactly(part, copy, tol);
+    s = part;
+    return result;
 }
 
 } // namespace

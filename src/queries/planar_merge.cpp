@@ -131,9 +131,10 @@ public:
         : segments_(segments), order_(indices), isFree_(segments.size(), 0), slack_(slack) {
         for (int const i : order_) isFree_[at(i)] = 1;
         angles_.reserve(segments.size());
-        for (Segment const &s : segments) angles_.push_back(s.angle());
+        for (Segment const &s : segments)
+            angles_.push_back(hasAnyAngle(s, reach) ? 0.0 : s.angle());
         nodes_.reserve(2 * (order_.size() / kLeaf + 1) + 1);
-        if (!order_.empty()) build(0, static_cast<int>(order_.size()), 0, reach);
+        if (!order_.empty()) build(0, static_cast<int>(order_.size()), reach);
     }
 
     bool isFree(int i) const { return isFree_[at(i)] != 0; }
@@ -160,7 +161,37 @@ private:
 
     static std::size_t at(int i) { return static_cast<std::size_t>(i); }
 
-    int build(int first, int last, int depth, double reach) {
+    /// Is the segment so short that a line of any direction may pass both of its ends?
+    static bool hasAnyAngle(Segment const &s, double reach) { return 2.0 * reach >= s.length; }
+
+    double key(int i, int axis) const {
+        return axis == 2 ? angles_[at(i)] : segments_[at(i)].middle(axis);
+    }
+
+    std::pair<double, double> rangeOf(int first, int last, int axis) const {
+        std::pair<double, double> range{kInfinity, -kInfinity};
+        for (int i = first; i < last; ++i) {
+            double const k = key(order_[at(i)], axis);
+            range = {std::min(range.first, k), std::max(range.second, k)};
+        }
+        return range;
+    }
+
+    /// The axis in which the segments are spread most, in units of the extent of all segments: x,
+    /// y, or the angle, for which the unit is pi.
+    int widestAxis(int first, int last) {
+        double spread[3];
+        for (int const axis : {0, 1, 2}) {
+            auto const [low, high] = rangeOf(first, last, axis);
+            spread[axis] = high - low;
+        }
+        double const wider = std::max(spread[0], spread[1]);
+        if (nodes_.size() == 1) extent_ = wider;
+        if (spread[2] * extent_ >= kPiExact * wider) return 2;
+        return spread[1] > spread[0] ? 1 : 0;
+    }
+
+    int build(int first, int last, double reach) {
         int const index = static_cast<int>(nodes_.size());
         nodes_.emplace_back();
         Node node;
@@ -170,15 +201,11 @@ private:
         for (int i = first; i < last; ++i) enlarge(node, order_[at(i)], reach);
         if (last - first > kLeaf) {
             int const middle = first + (last - first) / 2;
-            auto const key = [&](int i) {
-                Segment const &s = segments_[at(i)];
-                if (depth % 3 == 2) return angles_[at(i)];
-                return s.middle(depth % 3);
-            };
+            int const axis = widestAxis(first, last);
             std::nth_element(order_.begin() + first, order_.begin() + middle, order_.begin() + last,
-                             [&](int i, int j) { return key(i) < key(j); });
-            node.children[0] = build(first, middle, depth + 1, reach);
-            node.children[1] = build(middle, last, depth + 1, reach);
+                             [&](int i, int j) { return key(i, axis) < key(j, axis); });
+            node.children[0] = build(first, middle, reach);
+            node.children[1] = build(middle, last, reach);
         }
         nodes_[at(index)] = node;
         return index;
@@ -195,8 +222,8 @@ private:
             node.high[axis] = std::max(node.high[axis], s.middle(axis));
         }
         node.half = std::max(node.half, 0.5 * s.length);
-        bool const isAny = 2.0 * reach >= s.length;
-        double const window = kSlack + (isAny ? kPiExact : std::asin(2.0 * reach / s.length));
+        double const window =
+            kSlack + (hasAnyAngle(s, reach) ? kPiExact : std::asin(2.0 * reach / s.length));
         node.leastAngle = std::min(node.leastAngle, angles_[at(i)] - window);
         node.greatestAngle = std::max(node.greatestAngle, angles_[at(i)] + window);
     }
@@ -233,6 +260,7 @@ private:
     std::vector<int> order_;
     std::vector<char> isFree_;
     std::vector<double> angles_;
+    double extent_ = 0.0; ///< of all middles
     double slack_;
     std::vector<Node> nodes_;
 };

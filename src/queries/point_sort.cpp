@@ -158,7 +158,7 @@ void mg_pointSelectionSort(mgPoint_c *points, int first, int last) {
 
 void mg_pointQuickSort(mgPoint_c *points, int first, int last) {
     /// The other sort is faster for this many points or more.
-    constexpr std::int64_t kMany = 2000;
+    constexpr std::int64_t kMany = 30;
     std::int64_t const n = std::int64_t{last} - first + 1;
     if (n >= kMany && sortIfUnique(points + first, static_cast<std::size_t>(n))) return;
     quickSort(points, first, last);

@@ -27,6 +27,15 @@ inline OrderKey orderKey(double value, std::uint32_t index) {
     return {(bits & kSign) != 0 ? ~bits : bits | kSign, index};
 }
 
+/// The double of a key: 0 for -0, NaN for any NaN.
+inline double valueOf(std::uint64_t key) {
+    constexpr std::uint64_t kSign = std::uint64_t{1} << 63;
+    std::uint64_t const bits = (key & kSign) != 0 ? key ^ kSign : ~key;
+    double value = 0.0;
+    std::memcpy(&value, &bits, sizeof value);
+    return value;
+}
+
 /// Sorts by key; equal keys keep their order. Throws std::bad_alloc with the keys as they were.
 void sortStably(std::vector<OrderKey> &keys);
 

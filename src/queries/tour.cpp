@@ -8,8 +8,9 @@
 // inserts the point of the first combination of least value.
 //
 // `insertByScan` follows the rule literally, in n^3 work. `Tour` stores for each point its own
-// first combination of least value and updates only what an insertion changed. Both give the same
-// path for finite distances; NaN and infinite ones go to the scan.
+// first combination of least value, or a lower bound of that value, and updates only what an
+// insertion changed. Both give the same path for finite distances; NaN and infinite ones go to the
+// scan.
 //
 // A closed tour is built as a path whose last point is its first one again. It has no ends, so
 // every point is inserted between two others.
@@ -38,7 +39,7 @@ enum class Join { Between, BehindTheEnd, BeforeTheStart };
 /// A combination of an edge, named by its place in the path, with a point.
 struct Candidate {
     double value;
-    int place; ///< the edge joins path[place - 1] and path[place]
+    int place; ///< the edge joins path[place - 1] and path[place]; 0 for a lower bound of the value
     Join join;
 
     /// Where in the path the point goes.
@@ -154,12 +155,18 @@ Candidate Tour::bestOfAll(mgPoint_c const &point) const {
     return best;
 }
 
-/// Of the points whose combination has the least value, the first in scan order.
+/// Of the points whose combination has the least value, the first in scan order. A lower bound is
+/// before the combinations of the same value: its point is then evaluated.
 std::vector<Tour::Open>::iterator Tour::cheapest() {
-    return std::min_element(open_.begin(), open_.end(), [](Open const &a, Open const &b) {
-        if (a.best.value != b.best.value) return a.best.value < b.best.value;
-        return a.best.place < b.best.place;
-    });
+    for (;;) {
+        auto const least =
+            std::min_element(open_.begin(), open_.end(), [](Open const &a, Open const &b) {
+                if (a.best.value != b.best.value) return a.best.value < b.best.value;
+                return a.best.place < b.best.place;
+            });
+        if (least->best.place > 0) return least;
+        least->best = bestOfAll(least->at);
+    }
 }
 
 /// Inserts a point into the path. The edge at done.place becomes two: the edges there and at the
@@ -175,8 +182,8 @@ void Tour::carryOut(int index, Candidate const &done) {
 ///
 /// A combination is gone when its edge was divided, or its end of the path has moved. Every other
 /// edge was worse than it, or as good and later in the path; so the better of the two new edges
-/// replaces it if that is no worse, and otherwise all edges are evaluated. A combination that still
-/// exists is compared with the two new edges only.
+/// replaces it if that is no worse, and otherwise its value is a lower bound. A combination that
+/// still exists is compared with the two new edges only, and so is a lower bound.
 void Tour::follow(Candidate const &done) {
     int const place = done.place;
     mgPoint_c const tail = node(place - 1);
@@ -198,7 +205,11 @@ void Tour::follow(Candidate const &done) {
         bool const gone =
             best.place == place && (done.join == Join::Between || best.join == done.join);
         if (gone) {
-            best = fresh.value <= best.value ? fresh : bestOfAll(point.at);
+            if (fresh.value <= best.value) {
+                best = fresh;
+            } else {
+                best.place = 0;
+            }
             continue;
         }
         if (best.place > done.position()) ++best.place;

@@ -29,17 +29,15 @@ VEXMATH_AVX2_STEP Wide load(double const *p) {
     return _mm256_maskload_pd(p, _mm256_set_epi64x(0, -1, -1, -1));
 }
 
-VEXMATH_AVX2_STEP void store(Wide v, double *p) {
-    _mm_storeu_pd(p, _mm256_castpd256_pd128(v));
-    _mm_store_sd(p + 2, _mm256_extractf128_pd(v, 1));
-}
+VEXMATH_AVX2_STEP __m128d lowHalf(Wide v) { return _mm256_castpd256_pd128(v); }
+VEXMATH_AVX2_STEP __m128d highHalf(Wide v) { return _mm256_extractf128_pd(v, 1); }
+VEXMATH_AVX2_STEP Wide lane0ToAll(__m128d v) { return _mm256_broadcastsd_pd(v); }
 
-VEXMATH_AVX2_STEP double lane0(Wide v) { return _mm256_cvtsd_f64(v); }
-VEXMATH_AVX2_STEP double lane1(Wide v) {
-    __m128d const low = _mm256_castpd256_pd128(v);
-    return _mm_cvtsd_f64(_mm_unpackhi_pd(low, low));
-}
-VEXMATH_AVX2_STEP double lane2(Wide v) { return _mm_cvtsd_f64(_mm256_extractf128_pd(v, 1)); }
+VEXMATH_AVX2_STEP double lane0(__m128d v) { return _mm_cvtsd_f64(v); }
+VEXMATH_AVX2_STEP double lane1(__m128d v) { return _mm_cvtsd_f64(_mm_unpackhi_pd(v, v)); }
+VEXMATH_AVX2_STEP double lane0(Wide v) { return lane0(lowHalf(v)); }
+VEXMATH_AVX2_STEP double lane1(Wide v) { return lane1(lowHalf(v)); }
+VEXMATH_AVX2_STEP double lane2(Wide v) { return lane0(highHalf(v)); }
 VEXMATH_AVX2_STEP double sum(Wide v) { return lane0(v) + lane1(v) + lane2(v); }
 
 VEXMATH_AVX2_STEP Wide absolute(Wide v) { return _mm256_andnot_pd(all(-0.0), v); }

@@ -77,11 +77,11 @@ std::optional<Triangle> triangleOf(mgPoint_c const &start, mgPoint_c const &end,
                                    mgPoint_c const &apex) {
     if (!areUsable({start, end, apex})) return std::nullopt;
     WideVector const a = wide(start), b = wide(end), c = wide(apex);
-    Triangle const triangle{a + b - (c + c), b - a, cross(a + b - (c + c), b - a).len()};
-    double const chord = lengthOf(triangle.chord);
-    double const height = 0.5 * triangle.area / chord;
-    if (chord < kNoLength || height < kNoLength) return std::nullopt;
-    return triangle;
+    WideVector const median = a + b - (c + c), chord = b - a;
+    double const area = cross(median, chord).len(), length = lengthOf(chord);
+    double const height = 0.5 * area / length;
+    if (length < kNoLength || height < kNoLength) return std::nullopt;
+    return Triangle{median, chord, area};
 }
 
 /// The fraction of the way from the middle of the chord to the apex at which the shoulder's foot
@@ -189,7 +189,7 @@ double xConic(double y, double focalLength, double eccentricity) {
     double const rootSq = (f * f * (1.0 + e) - across * across * (1.0 - e)).value();
     if (rootSq < 0.0) return kNoX;
     double const sum = 1.0 + eccentricity;
-    return y * y / (focalLength * sum + std::sqrt(sum * rootSq));
+    return y / (focalLength * sum + std::sqrt(sum * rootSq)) * y;
 }
 
 int parabolicPoints(mgPoint_c const &start, mgPoint_c const &end, mgPoint_c const &apex, int n,
@@ -201,19 +201,23 @@ int parabolicPoints(mgPoint_c const &start, mgPoint_c const &end, mgPoint_c cons
 
     // The derivative is twice (1 - t) a + t b, where a is the side from start to apex and b that
     // from apex to end. It makes the angle phi with a, and turn - phi with b, where
-    // (1 - t) |a| sin(phi) = t |b| sin(turn - phi). Here |a x b| = area / 2, and
-    // a . b = (|chord|^2 - |median|^2) / 4.
-    WideVector const &median = triangle->median, &chord = triangle->chord;
-    double const cosine = (dot(chord, chord) - dot(median, median)).value();
-    double const turn = std::atan2(2.0 * triangle->area, cosine);
-    double const a = dist(start, apex), b = dist(apex, end);
+    // (1 - t) |a| sin(phi) = t |b| sin(turn - phi). Here |a x b| = area / 2.
     mgVector_c const toApex = apex - start, toEnd = end - start;
+    double const a = toApex.len(), b = dist(apex, end);
+    double const sine = 0.5 * triangle->area, cosine = toApex % (end - apex);
+    double const turn = std::atan2(sine, cosine);
+    double const supplement = std::atan2(sine, -cosine); // pi - turn
+    // The sine of i steps. That of an obtuse angle is taken from its supplement, which has a small
+    // relative error also near a half turn.
+    auto const sineOf = [=](int i) {
+        double const angle = turn * i / last;
+        return std::sin(angle < 1.5 ? angle : supplement + turn * (last - i) / last);
+    };
     int count = 0;
     vexmath::detail::PolylineOutput(nullptr, count, &points)
         .append(last, [=, first = start, final = end](int i) {
             if (i == 0 || i == last) return i == 0 ? first : final;
-            double const ofEnd = a * std::sin(turn * i / last);
-            double const ofStart = b * std::sin(turn * (last - i) / last);
+            double const ofEnd = a * sineOf(i), ofStart = b * sineOf(last - i);
             double const t = ofEnd / (ofEnd + ofStart), u = ofStart / (ofEnd + ofStart);
             return first + (2.0 * t * u) * toApex + (t * t) * toEnd;
         });

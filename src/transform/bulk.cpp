@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Transformation of arrays of points: what depends on the transform alone is decided once.
+// Transformation of arrays of points, products of arrays of transforms: what depends on one
+// transform alone is decided once.
 
 #include <vexmath/bulk.h>
 #include <vexmath/xform.h>
 
 #include "simd/four_points.h"
+#include "transform/four_forms.h"
 
 namespace {
 
@@ -81,6 +83,80 @@ int placeByFour([[maybe_unused]] mgPoint_c *points, [[maybe_unused]] int count,
     return 0;
 }
 
+#if defined(VEXMATH_AVX2)
+
+using vexmath::detail::FourMoves;
+using vexmath::detail::FourRotations;
+
+/// Does `x *= by` multiply by the elements of `by` and no record?
+bool isOrdinary(mgXform_c const &by) {
+    return by.rotate() && !by.hasPerspective() && !vexmath::detail::isExactIdentity(by.rotation());
+}
+
+/// The factor of four products.
+struct FourFactors {
+    FourRotations rotations;
+    FourMoves moves;
+};
+
+/// Multiplies four rotations, translations and scales. False, with nothing changed, when a flag may
+/// have to be set. REQUIRES ordinary factors.
+VEXMATH_AVX2_STEP bool multiplyFour(mgXform_c *xforms, FourFactors const &by) {
+    FourRotations const left = FourRotations::of(xforms);
+    FourRotations const &right = by.rotations;
+    FourRotations const product{right.times(left.r0), right.times(left.r1), right.times(left.r2)};
+    FourRotations const result = product.orthonormalised();
+    if (result.mayBeIdentity()) return false;
+    result.store(xforms);
+    FourMoves::of(xforms).composed(right, by.moves).store(xforms);
+    return true;
+}
+
+/// The reflection flags of four products. The factors are `by` and every step-th transform behind.
+inline void composeReflections(mgXform_c *xforms, mgXform_c const *by, int step) {
+    int any = 0;
+    for (int i = 0; i < 4; ++i) any |= xforms[i].isReflection() | by[i * step].isReflection();
+    if (any == 0) return;
+    for (int i = 0; i < 4; ++i) {
+        bool const isReflection = xforms[i].isReflection() != 0;
+        xforms[i].setReflection(isReflection != (by[i * step].isReflection() != 0));
+    }
+}
+
+/// Multiplies transforms in groups of four, all but up to three at the end. Returns how many.
+/// REQUIRES that `by` is ordinary.
+VEXMATH_AVX2 int multiplyByFour(mgXform_c *xforms, int n, mgXform_c const &by) {
+    FourFactors const factors{FourRotations::ofOne(by), FourMoves::ofOne(by)};
+    int done = 0;
+    for (; n - done >= 4; done += 4) {
+        mgXform_c *const group = xforms + done;
+        if (multiplyFour(group, factors)) {
+            composeReflections(group, &by, 0);
+        } else {
+            for (int i = 0; i < 4; ++i) group[i] *= by;
+        }
+    }
+    return done;
+}
+
+/// The same for one factor each, of any kind.
+VEXMATH_AVX2 int multiplyByFour(mgXform_c *xforms, int n, mgXform_c const *by) {
+    int done = 0;
+    for (; n - done >= 4; done += 4, by += 4) {
+        mgXform_c *const group = xforms + done;
+        bool const areOrdinary =
+            isOrdinary(by[0]) && isOrdinary(by[1]) && isOrdinary(by[2]) && isOrdinary(by[3]);
+        if (areOrdinary && multiplyFour(group, {FourRotations::of(by), FourMoves::of(by)})) {
+            composeReflections(group, by, 1);
+        } else {
+            for (int i = 0; i < 4; ++i) group[i] *= by[i];
+        }
+    }
+    return done;
+}
+
+#endif
+
 } // namespace
 
 void mg_TransformPoints(mgPoint_c *points, int count, mgXform_c const &x) {
@@ -94,4 +170,20 @@ void mg_TransformPoints(mgPoint_c *points, int count, mgXform_c const &x) {
             scales(x.scaling()) ? placeOneByOne<true, true> : placeOneByOne<true, false>;
         if (done < count) place(points + done, count - done, x);
     }
+}
+
+void mg_MultiplyXforms(mgXform_c *xforms, int n, mgXform_c const &by) {
+    int done = 0;
+#if defined(VEXMATH_AVX2)
+    if (vexmath::detail::hasSimd() && isOrdinary(by)) done = multiplyByFour(xforms, n, by);
+#endif
+    for (; done < n; ++done) xforms[done] *= by;
+}
+
+void mg_MultiplyXforms(mgXform_c *xforms, int n, mgXform_c const *by) {
+    int done = 0;
+#if defined(VEXMATH_AVX2)
+    if (vexmath::detail::hasSimd()) done = multiplyByFour(xforms, n, by);
+#endif
+    for (; done < n; ++done) xforms[done] *= by[done];
 }

@@ -101,28 +101,21 @@ VEXMATH_NEVER_INLINE mgXform_c inverseByRows(mgXform_c const &x) {
 
 using vexmath::detail::WideForm;
 
-VEXMATH_AVX2_STEP void setRotationAndTranslation(mgXform_c &x, WideForm const &form) {
-    storeRows(form.rows, XformParts::rotation(x));
-    vexmath::detail::store(form.translation, &XformParts::translation(x)[0]);
-}
-
 /// A transform of these fields by the copy rules.
-VEXMATH_AVX2_STEP mgXform_c fromWideForm(WideForm const &form, double scale, int reflection) {
-    using namespace vexmath::detail;
-    bool const isMoved = !areBelow(absolute(form.translation), all(vexmath::kLengthTolerance));
+VEXMATH_AVX2_STEP mgXform_c fromWideForm(WideForm form, double scale, int reflection) {
+    if (form.isUnmoved()) form.translation = vexmath::detail::all(0.0);
     mgXform_c x;
-    setRotationAndTranslation(x, {form.rows, isMoved ? form.translation : all(0.0)});
-    XformParts::scale(x) = scaleInRange(scale);
-    XformParts::reflection(x) = reflection;
+    form.store(scaleInRange(scale), x);
+    x.setReflection(reflection);
     return x;
 }
 
-/// Sets rotation and translation of a to those of the product with b. Returns false and changes
-/// nothing when the rotation may be the identity.
+/// Sets rotation, translation and scale of a to those of the product with b. Returns false and
+/// changes nothing when the rotation may be the identity.
 VEXMATH_AVX2 bool multiplyBySimd(mgXform_c &a, mgXform_c const &b) {
     WideForm const form = WideForm::ofProduct(a, b);
     if (form.mayBeIdentity()) return false;
-    setRotationAndTranslation(a, form);
+    form.store(b.scaling() * a.scaling(), a);
     return true;
 }
 
@@ -133,8 +126,9 @@ VEXMATH_AVX2 mgXform_c productBySimd(mgXform_c const &a, mgXform_c const &b) {
 }
 
 VEXMATH_AVX2 mgXform_c inverseBySimd(mgXform_c const &x) {
-    WideForm const form = WideForm::ofInverse(x, inverseScale(x));
-    return form.mayBeIdentity() ? inverseByRows(x) : fromWideForm(form, inverseScale(x), 0);
+    double const scale = inverseScale(x);
+    WideForm const form = WideForm::ofInverse(x, scale);
+    return form.mayBeIdentity() ? inverseByRows(x) : fromWideForm(form, scale, 0);
 }
 
 #else // never called
@@ -163,15 +157,15 @@ mgXform_c const &mgXform_c::operator*=(mgXform_c const &b) {
     // The record first: it alone may throw, and then nothing has changed. Every other field is
     // computed before the first is written: b may be this transform.
     if (b.hasPerspective()) iCopyPerspectiveInfo(b);
-    double const scale = b.scale_ * scale_;
     int const reflection = exactlyOne(reflection_, b.reflection_);
     if (!simdMultiplies(*this, b) || !multiplyBySimd(*this, b)) {
         mgVector_c const translation = composedTranslation(translation_, b);
+        double const scale = b.scale_ * scale_;
         if (rotate() || b.rotate())
             rotation_ = Rows::ofProduct(rotation_, b.rotation_).orthonormalised(false).matrix();
         translation_ = translation;
+        scale_ = scale;
     }
-    scale_ = scale;
     reflection_ = reflection;
     return *this;
 }

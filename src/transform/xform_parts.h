@@ -6,12 +6,20 @@
 
 #include <vexmath/xform.h>
 
+#include <cstddef>
 #include <utility>
 
 namespace vexmath::detail {
 
 /// Friend of the transform.
 struct XformParts {
+    /// Do the fields lie in memory as sixteen numbers: nine elements and the flag, three of the
+    /// translation, scale, reflection flag and record?
+    static constexpr bool kAreSixteenNumbers =
+        sizeof(mgXform_c) == 16 * sizeof(double) && offsetof(mgXform_c, translation_) == 80
+        && offsetof(mgXform_c, scale_) == 104 && offsetof(mgXform_c, reflection_) == 112
+        && offsetof(mgXform_c, perspective_) == 120;
+
     static mgMatrix_c &rotation(mgXform_c &x) { return x.rotation_; }
     static mgVector_c &translation(mgXform_c &x) { return x.translation_; }
     static double &scale(mgXform_c &x) { return x.scale_; }

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Interference of boxes, also placed ones: which contacts clash; containment; planes and segments.
 
+#include <vexmath/bulk.h>
 #include <vexmath/plane.h>
 
-#include "bounds/boxes.h"
+#include "bounds/lattice.h"
 
 namespace {
 
@@ -14,8 +15,11 @@ using V = mgVector_c;
 mgBBox_c const unit = cube(0, 1), ball(P(), 1);
 
 void CheckClash(int expected, mgBBox_c const &a, mgBBox_c const &b, double tol = 0, Caller = {}) {
-    EXPECT_EQ(expected, a.clash(&b, tol)) << tol;
-    EXPECT_EQ(expected, b.clash(&a, tol)) << tol;
+    for (int const useVectorUnits : {0, 1}) {
+        mg_SetUseVectorUnits(useVectorUnits);
+        EXPECT_EQ(expected, a.clash(&b, tol)) << tol << ' ' << useVectorUnits;
+        EXPECT_EQ(expected, b.clash(&a, tol)) << tol << ' ' << useVectorUnits;
+    }
 }
 
 TEST(Clash, FacesAndEdgesTouchSingleCornersDoNot) {
@@ -48,29 +52,65 @@ TEST(Clash, SphereToleranceIsAFactorOnTheSquaredRadius) {
     CheckClash(0, unit, unit, -1.25); // used as it is: asks for an overlap
 }
 
+TEST(Clash, VectorUnitsChangeNoAnswer) {
+    common::Random random;
+    double const tolerances[] = {0, 1e-8, -1e-8, 0.125, -0.125, 1e-300, -1, -2, 3, 1e9};
+    int clashes[2] = {0, 0};
+    for (int k = 0; k < 200000; ++k) {
+        mgBBox_c const a = latticeBox(random), b = latticeBox(random);
+        double const tol = k % 11 < 10 ? tolerances[k % 11] : random.hostile();
+        mg_SetUseVectorUnits(0);
+        int const expected = a.clash(&b, tol);
+        mg_SetUseVectorUnits(1);
+        ASSERT_EQ(expected, a.clash(&b, tol)) << k << ' ' << tol;
+        ++clashes[expected];
+    }
+    EXPECT_GT(clashes[0], 10000);
+    EXPECT_GT(clashes[1], 10000);
+}
+
 /// A box whose sphere and corners need not agree, so that each of them decides in some cases.
-mgBBox_c anyBox(support::Random &random) {
+mgBBox_c anyBox(common::Random &random) {
     mgBBox_c box(random.triple<P>(-5.0, 5.0), random.triple<P>(-5.0, 5.0));
     if (random.below(3) != 0) box.setSphereOnly(random.triple<P>(-4.0, 4.0), random.uniform(2, 8));
     return box;
 }
 
 /// Kinds 0 and 1 are no rotations: too long rows, or rows at other angles.
-mgMatrix_c anyRotation(support::Random &random, int kind) {
-    mgMatrix_c const rotation = support::placement(random).rotation();
+mgMatrix_c anyRotation(common::Random &random, int kind) {
+    mgMatrix_c const rotation = common::placement(random).rotation();
     double elements[9];
     for (int i = 0; i < 9; ++i) elements[i] = kind == 0 ? 1.5 * rotation[i] : rotation[i];
     for (int j = 0; kind == 1 && j < 3; ++j) {
-        mgUnitVector_c const column = support::direction(random);
+        mgUnitVector_c const column = common::direction(random);
         for (int i = 0; i < 3; ++i) elements[3 * i + j] = column[i];
     }
     return {elements, 0};
 }
 
+/// By the functions for single boxes and transforms.
+bool clashLiterally(mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b,
+                    mgXform_c const &xb) {
+    if (!a.isSet() || !b.isSet()) return false;
+    mgXform_c const intoA = xb * xa.inverse();
+    double const distance = (b.sphCenter() * intoA - a.sphCenter()).len();
+    return distance + 1e-08 <= a.sphRadius() + b.sphRadius()
+           && (mgBBox_c(b) *= intoA).clash(&a, 1e-08)
+           && (mgBBox_c(a) *= intoA.inverse()).clash(&b, 1e-08);
+}
+
+void CheckPlacedClash(int expected, mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b,
+                      mgXform_c const &xb, Caller = {}) {
+    for (int const useVectorUnits : {0, 1}) {
+        mg_SetUseVectorUnits(useVectorUnits);
+        EXPECT_EQ(expected, mgBBox_c::clash(a, xa, b, xb)) << useVectorUnits;
+    }
+}
+
 TEST(Clash, PlacedBoxesClashAsByTheLiteralSteps) {
-    support::Random random;
+    common::Random random;
     int clashes[2] = {0, 0};
-    for (int k = 0; k < 40000; ++k) {
+    for (int k = 0; k < 40000 && !::testing::Test::HasFailure(); ++k) {
         mgBBox_c const a = anyBox(random), b = anyBox(random);
         mgMatrix_c const turnA = anyRotation(random, k % 9), turnB = anyRotation(random, 2);
         V const shift = random.triple<V>(-10.0, 10.0), apart = random.triple<V>(-5.0, 5.0);
@@ -78,16 +118,44 @@ TEST(Clash, PlacedBoxesClashAsByTheLiteralSteps) {
         double const ratio = random.below(2) == 0 ? 1.0 : random.uniform(0.5, 2.0);
         mgXform_c const xa = mg_RestoreXform(turnA, shift, scale);
         mgXform_c const xb = mg_RestoreXform(turnB, shift + apart * scale, ratio * scale);
-        mgXform_c const intoA = xb * xa.inverse();
-        double const distance = (b.sphCenter() * intoA - a.sphCenter()).len();
-        bool const meet = distance + 1e-08 <= a.sphRadius() + b.sphRadius()
-                          && (mgBBox_c(b) *= intoA).clash(&a, 1e-08)
-                          && (mgBBox_c(a) *= intoA.inverse()).clash(&b, 1e-08);
-        ASSERT_EQ(meet, mgBBox_c::clash(a, xa, b, xb)) << k;
+        bool const meet = clashLiterally(a, xa, b, xb);
+        CheckPlacedClash(meet, a, xa, b, xb);
         ++clashes[meet];
     }
     EXPECT_GT(clashes[0], 4000);
     EXPECT_GT(clashes[1], 4000);
+}
+
+TEST(Clash, MatingPartsClashAsByTheLiteralSteps) {
+    common::Random random;
+    int clashes[2] = {0, 0};
+    for (int k = 0; k < 40000 && !::testing::Test::HasFailure(); ++k) {
+        mgMatrix_c const turn = k % 2 == 0 ? mgMatrix_c() : placement(random).rotation();
+        mgXform_c const frame = raw(turn);
+        mgXform_c const xa = matingPlacement(random, frame);
+        mgXform_c const xb = k % 3 == 0 ? raw(xa.rotation(), V(1, 0, 0) * frame, xa.scaling())
+                                        : matingPlacement(random, frame);
+        mgBBox_c const a = latticeBox(random), b = latticeBox(random);
+        bool const meet = clashLiterally(a, xa, b, xb);
+        CheckPlacedClash(meet, a, xa, b, xb);
+        ++clashes[meet];
+    }
+    EXPECT_GT(clashes[0], 1000);
+    EXPECT_GT(clashes[1], 1000);
+}
+
+TEST(Clash, ARelativeRotationThatIsFlaggedAsNoneIsNotApplied) {
+    // It would move the ends of rods so long by more than the gap.
+    mgBBox_c const rod(P(), P(1e5, 1, 1));
+    mgMatrix_c const turn = mg_RotationMatrix(1.0, {1, 2, 3}, 0.0);
+    mgMatrix_c other = turn;
+    for (int j = 0; j < 3; ++j) {
+        other[j] -= 5e-13 * turn[3 + j];
+        other[3 + j] += 5e-13 * turn[j];
+    }
+    mgXform_c const lower = raw(turn), upper = raw(other, V(0, 1 + 2e-8, 0) * lower);
+    CheckPlacedClash(0, rod, lower, rod, upper);
+    CheckPlacedClash(0, rod, upper, rod, lower);
 }
 
 /// The second box is placed at x.

@@ -33,6 +33,4 @@ private:
 
 } // namespace common
 
-namespace support = common; // the name that some tests still use
-
 #endif

@@ -118,6 +118,70 @@ void bulk(Stream &in, Bits &out) {
     out.add(box);
 }
 
+void products(Stream &in, Bits &out) {
+    constexpr int count = 11;
+    mgXform_c placements[count];
+    for (mgXform_c &x : placements) x = in.placement();
+    mg_MultiplyXforms(placements, count, in.placement());
+    mg_MultiplyXforms(placements, count, placements);
+    for (mgXform_c const &x : placements) out.add(x);
+}
+
+/// Every index of every pair.
+void clashes(Stream &in, Bits &out) {
+    constexpr int count = 60;
+    mgBBox_c boxes[count];
+    mgXform_c placements[count];
+    for (int i = 0; i < count; ++i) {
+        boxes[i] = {in.point(), in.point()};
+        placements[i] = in.placement();
+    }
+    suDynamicArray<mgIndexPair_c> pairs;
+    auto const add = [&](int n) {
+        out.add(n);
+        for (int k = 0; k < pairs.Count(); ++k) out.add(pairs[k].first * count + pairs[k].second);
+    };
+    add(mg_FindClashes(boxes, count, 1e-8, pairs));
+    add(mg_FindClashes(boxes, count, boxes, count, -0.1, pairs));
+    add(mg_FindClashes(boxes, placements, count, pairs));
+}
+
+/// Every index of every list, and the nearest hit.
+void index(Stream &in, Bits &out) {
+    constexpr int count = 60;
+    mgBBox_c boxes[count];
+    mgXform_c placements[count];
+    for (int i = 0; i < count; ++i) {
+        boxes[i] = {in.point(), in.point()};
+        placements[i] = in.placement();
+    }
+    mgPoint_c const p = in.point();
+    mgUnitVector_c const dir = in.direction();
+    mgXform_c const *const choices[] = {nullptr, placements};
+    for (mgXform_c const *const placed : choices) {
+        mgBoxIndex_c boxIndex;
+        out.add(boxIndex.build(boxes, placed, count));
+        for (int i = 0; i < count; i += 7) boxIndex.move(i, {in.point(), in.point()});
+        boxIndex.place(1, placements[2]);
+        suDynamicArray<mgIndexPair_c> pairs;
+        int const some[] = {3, 7, 3};
+        out.add(boxIndex.clashes(1e-8, pairs));
+        out.add(boxIndex.clashesOf(some, 3, 1e-8, pairs));
+        for (int k = 0; k < pairs.Count(); ++k) out.add(pairs[k].first * count + pairs[k].second);
+        suDynamicArray<int> which;
+        auto const add = [&](int n) {
+            out.add(n);
+            for (int k = 0; k < which.Count(); ++k) out.add(which[k]);
+        };
+        mgPoint_c hit;
+        add(boxIndex.clashesWith(boxes[5], 0.1, which));
+        add(boxIndex.around(p, 1.0, which));
+        add(boxIndex.onLine(p, dir, which));
+        out.add(boxIndex.firstOnRay(p, dir, &hit));
+        out.add(hit);
+    }
+}
+
 void queries(Stream &in, Bits &out) {
     mgLine_c const line{in.point(), in.direction()}, second{in.point(), in.direction()};
     mgPlane_c const plane{in.point(), in.direction()}, other{in.point(), in.direction()};
@@ -157,10 +221,10 @@ void numerics(Stream &in, Bits &out) {
     out.add(m);
 }
 
-void print(char const *name, void (*family)(Stream &, Bits &)) {
+void print(char const *name, void (*family)(Stream &, Bits &), int times = rounds) {
     Stream in;
     Bits out;
-    for (int i = 0; i < rounds; ++i) family(in, out);
+    for (int i = 0; i < times; ++i) family(in, out);
     std::printf("%-10s %016" PRIx64 "\n", name, out.value());
 }
 
@@ -171,6 +235,9 @@ int main() {
     print("matrices", matrices);
     print("transforms", transforms);
     print("bulk", bulk);
+    print("products", products);
+    print("clashes", clashes, rounds / 50);
+    print("index", index, rounds / 50);
     print("queries", queries);
     print("boxes", boxes);
     print("numerics", numerics);

@@ -210,16 +210,17 @@ bool areSame(Point const *a, Point const *b, int count) {
 }
 
 TEST(Exhausted, PointsAreSorted) {
-    CheckEach("sort", [](Trial &trial) {
-        Random random;
-        std::vector<P> points(3000);
-        for (P &p : points) p = random.triple<P>(0.0, 1e6);
-        std::vector<P> sorted = points;
-        std::sort(sorted.begin(), sorted.end(),
-                  [](P const &p, P const &q) { return p.x() < q.x(); });
-        trial.run([&] { mg_pointQuickSort(points.data(), 0, 2999); });
-        EXPECT_TRUE(areSame(points.data(), sorted.data(), 3000));
-    });
+    for (int const n : {300, 3000})
+        CheckEach("sort", [n](Trial &trial) {
+            Random random;
+            std::vector<P> points(static_cast<std::size_t>(n));
+            for (P &p : points) p = random.triple<P>(0.0, 1e6);
+            std::vector<P> sorted = points;
+            std::sort(sorted.begin(), sorted.end(),
+                      [](P const &p, P const &q) { return p.x() < q.x(); });
+            trial.run([&] { mg_pointQuickSort(points.data(), 0, n - 1); });
+            EXPECT_TRUE(areSame(points.data(), sorted.data(), n));
+        });
 }
 
 /// A tour of n points, one of them at the given x. When memory is exhausted the order is the
@@ -316,12 +317,90 @@ mgXform_c viewWithARecord() {
     return view;
 }
 
+template <class Find>
+void CheckClashes(char const *what, int expected, Find const &find) {
+    CheckEach(what, [&](Trial &trial) {
+        suDynamicArray<mgIndexPair_c> pairs;
+        pairs.Add({7, 8});
+        int found = -2;
+        trial.run([&] { found = find(pairs); });
+        EXPECT_TRUE(found == expected || (found == -1 && trial.refused));
+        EXPECT_EQ(std::max(found, 0), pairs.Count());
+    });
+}
+
+TEST(Exhausted, ClashesAreNotFound) {
+    for (int const n : {20, 110}) {
+        auto const size = static_cast<std::size_t>(n);
+        std::vector<mgBBox_c> const boxes(size, mgBBox_c(mgPoint_c(1.0, 2.0, 3.0), 2.0));
+        std::vector<mgXform_c> const placements(size);
+        mgBBox_c const *const all = boxes.data();
+        int const pairs = n * (n - 1) / 2;
+        CheckClashes("all", pairs, [&](auto &to) { return mg_FindClashes(all, n, 0.0, to); });
+        CheckClashes("placed", pairs,
+                     [&](auto &to) { return mg_FindClashes(all, placements.data(), n, to); });
+        CheckClashes("both", n * n,
+                     [&](auto &to) { return mg_FindClashes(all, n, all, n, 0.0, to); });
+    }
+}
+
+/// The index of 300 boxes at one place, the last one placed by a view.
+TEST(Exhausted, AnIndexIsEmptyAndItsListsToo) {
+    std::vector<mgBBox_c> const boxes(300, mgBBox_c(mgPoint_c(1.0, 2.0, 3.0), 2.0));
+    mgXform_c placements[300];
+    for (bool const isPlaced : {false, true})
+        CheckEach("build", [&](Trial &trial) {
+            mgBoxIndex_c index;
+            index.build(boxes.data(), nullptr, 20);
+            placements[299].SetHelper(viewWithARecord().GetHelper());
+            placements[299].addPerspectiveInfo(mgPerspInfo_c());
+            int built = -1;
+            trial.run(
+                [&] { built = index.build(boxes.data(), isPlaced ? placements : nullptr, 300); });
+            EXPECT_TRUE(built == 1 || (built == 0 && trial.refused));
+            Ints which;
+            EXPECT_EQ(built * (300 - isPlaced), index.around({1.0, 2.0, 3.0}, 0.0, which));
+        });
+    mgBoxIndex_c index;
+    index.build(boxes.data(), nullptr, 300);
+    Ints const some = numbers(0, 2);
+    CheckClashes("clashes", 300 * 299 / 2, [&](auto &to) { return index.clashes(0.0, to); });
+    CheckClashes("of", 299 + 298,
+                 [&](auto &to) { return index.clashesOf(some.Data(), 2, 0.0, to); });
+    CheckEach("lists", [&](Trial &trial) {
+        Ints lists[3] = {numbers(5, 5), numbers(5, 5), numbers(5, 5)};
+        int found[3];
+        trial.run([&] {
+            found[0] = index.clashesWith(boxes[0], 0.0, lists[0]);
+            found[1] = index.around({1.0, 2.0, 3.0}, 0.0, lists[1]);
+            found[2] = index.onLine({}, {1.0, 2.0, 3.0}, lists[2]);
+        });
+        for (int k = 0; k < 3; ++k) {
+            EXPECT_TRUE(found[k] == 300 || (found[k] == -1 && trial.refused));
+            EXPECT_TRUE(isUpTo(std::max(found[k], 0), lists[k]));
+        }
+    });
+    CheckEach("place", [&](Trial &trial) {
+        mgXform_c const view = viewWithARecord();
+        mgBoxIndex_c one;
+        one.build(boxes.data(), placements, 1);
+        mgPoint_c hit;
+        trial.run([&] {
+            one.place(0, view);
+            one.move(0, boxes[1]);
+            EXPECT_EQ(trial.refused ? 0 : -1, one.firstOnRay({}, {1.0, 2.0, 3.0}, &hit));
+        });
+        Ints which; // the box stays, or is where the view shows it
+        EXPECT_EQ(trial.refused, one.around({1.0, 2.0, 3.0}, 0.0, which) == 1);
+    });
+}
+
 TEST(Exhausted, OnlyTheCopyOfARecordThrows) {
     P const o;
     CheckEach("record", [&](Trial &trial) {
         mgXform_c const view = viewWithARecord();
         mgXform_c const old = raw({}, {7.0, 8.0, 9.0}, 4.0, 1);
-        mgXform_c made[6] = {old, old, old, old, old, old};
+        mgXform_c made[12] = {old, old, old, old, old, old, old, old, old, old, old, old};
         bool const threw = trial.throws([&] {
             mgXform_c const copy(view), before = copy * view, behind = view * before;
             made[0] = view;
@@ -330,6 +409,8 @@ TEST(Exhausted, OnlyTheCopyOfARecordThrows) {
             made[3].iCopyPerspectiveInfo(view);
             made[4] = mg_ZoomToPosition(o, o, o, mg_ScaleXform(view, 3.0), 2.0);
             made[5] = mg_ZoomBoxToBox({}, {}, o, o, mgGenXform_c(mgGenXform_c(view)), 2.0);
+            mg_MultiplyXforms(made + 6, 5, view);
+            mg_MultiplyXforms(made + 11, 1, &view);
         });
         EXPECT_EQ(threw, trial.refused);
         for (mgXform_c const &x : made) { // done or untouched

@@ -13,6 +13,7 @@ using namespace common;
 struct Scene {
     Random random;
     mgXform_c a = placement(random), b = placement(random), out, view;
+    mgXform_c placements[6];
     P points[21], p, q;
     U u = direction(random), axes[3];
     mgLine_c line{points[0], u};
@@ -41,6 +42,10 @@ TEST(Memory, NothingIsAllocatedForAPointAPlacementOrAPair) {
     check("transform all", [&] { mg_TransformPoints(s.points, 21, s.a); });
     check("bound all", [&] { mg_BoundPoints(s.points, 21, s.grown); });
     check("union", [&] { (s.grown |= s.points[3]) |= s.box; });
+    check("multiply all", [&] {
+        mg_MultiplyXforms(s.placements, 6, s.a);
+        mg_MultiplyXforms(s.placements, 6, s.placements);
+    });
     check("compose", [&] { s.out = s.a * s.b.inverse(); });
     check("clash", [&] { s.answer = mgBBox_c::clash(s.box, s.a, s.grown, s.b); });
     check("ray and box", [&] { s.answer = s.box.getFirstRayHit(s.points[0], s.u, &s.p); });

@@ -9,7 +9,7 @@
 
 namespace {
 
-using support::above, support::below, support::Caller, support::kInfinity, support::kNaN;
+using common::above, common::below, common::Caller, common::kInfinity, common::kNaN;
 
 mgPoint_c const untouched(77, 77, 77);
 constexpr double kTurn = vexmath::kTwoPiExact;
@@ -27,9 +27,9 @@ struct Found {
 };
 
 TEST(PolylineArc, FindsTheArcThatThePointsWereMadeOf) {
-    support::Random random;
+    common::Random random;
     for (int round = 0; round < 3000; ++round) {
-        mgXform_c const x = support::placement(random);
+        mgXform_c const x = common::placement(random);
         double const r = random.uniform(0.5, 20), unit = x.scaling(), tol = 1e-6;
         int const n = 4 + random.below(30);
         bool const isFull = random.below(4) == 0;
@@ -45,13 +45,13 @@ TEST(PolylineArc, FindsTheArcThatThePointsWereMadeOf) {
         ASSERT_EQ(isFull ? mgPolylineArc_Circle : mgPolylineArc_Arc, found.type);
         mgVector_c axis(0, 0, sign);
         axis *= x;
-        EXPECT_LT(support::gap(mgPoint_c(1, 0, 2) *= x, found.centre), 1e-9);
-        EXPECT_LT(support::gap(mg_Normalise(axis), found.normal), 1e-10);
+        EXPECT_LT(common::gap(mgPoint_c(1, 0, 2) *= x, found.centre), 1e-9);
+        EXPECT_LT(common::gap(mg_Normalise(axis), found.normal), 1e-10);
         EXPECT_NEAR(r * unit, found.radius, 1e-9);
         EXPECT_NEAR(sweep, found.angle, 1e-10);
 
         std::vector<mgPoint_c> reversed(points.rbegin(), points.rend());
-        EXPECT_LT(support::gap(-found.normal, Found(reversed, tol).normal), 1e-9);
+        EXPECT_LT(common::gap(-found.normal, Found(reversed, tol).normal), 1e-9);
     }
 }
 
@@ -66,7 +66,7 @@ TEST(PolylineArc, TellsLinesCirclesAndReturnsApart) {
             bool const isWritten =
                 expected == mgPolylineArc_Arc || expected == mgPolylineArc_Circle;
             EXPECT_EQ(isWritten, found.radius != 77 && found.angle != 77);
-            EXPECT_EQ(isWritten, !support::sameBits(untouched, found.centre));
+            EXPECT_EQ(isWritten, !common::sameBits(untouched, found.centre));
         }
     };
     mgPoint_c const a(1, 0, 0), b(0, 1, 0), c(-1, 0, 0), d(0, -1, 0);
@@ -79,6 +79,8 @@ TEST(PolylineArc, TellsLinesCirclesAndReturnsApart) {
     check(mgPolylineArc_Circle, {a, b, d, a});
     check(mgPolylineArc_None, {a, b, c, d, a, b}); // beyond the start
     check(mgPolylineArc_None, {a, c, b, d});       // to and fro
+    // An arc whose angle rounds to a full turn.
+    check(mgPolylineArc_Arc, {{}, {-1, 1, 0}, {-2, 0, 0}, {-1, -1, 0}, {0, -0x1p-60, 0}}, 0x1p-62);
     check(mgPolylineArc_None, {a, b, {-0.6, 0.8, 0}, {-0.5, 0.85, 0}, d});
     for (double side : {1.0, -1.0}) { // off the circle through the three other points
         check(mgPolylineArc_Arc, {{5, 0, 0}, {3, 4, side * 0.25}, {0, 5, 0}, {-5, 0, 0}}, 0.25);
@@ -104,7 +106,7 @@ TEST(PolylineArc, TellsLinesCirclesAndReturnsApart) {
 }
 
 TEST(TangentArc, StartsAlongTheTangentAndEndsAtTheEnd) {
-    support::Random random;
+    common::Random random;
     for (int round = 0; round < 3000; ++round) {
         mgPoint_c const start(random.uniform(-9, 9), random.uniform(-9, 9), 4);
         mgPoint_c const end(random.uniform(-9, 9), random.uniform(-9, 9), 6);
@@ -130,7 +132,7 @@ TEST(TangentArc, StartsAlongTheTangentAndEndsAtTheEnd) {
         double radius = 77, sweep = 77;
         EXPECT_EQ(found, mg_FindTangentArcCenter2D(start, tangent, mgPoint_c(x, y, 2), centre,
                                                    radius, sweep, tol));
-        EXPECT_EQ(found == 0, support::sameBits(untouched, centre) && radius == 77 && sweep == 77);
+        EXPECT_EQ(found == 0, common::sameBits(untouched, centre) && radius == 77 && sweep == 77);
     };
     check(0, {3, 0, 0}, 4, 0.5, 0.5);
     check(1, {3, 0, 0}, 4, above(0.5), 0.5);
@@ -145,7 +147,7 @@ TEST(TangentArc, StartsAlongTheTangentAndEndsAtTheEnd) {
 }
 
 TEST(TangentArc, AFilletTouchesBothLinesBetweenTheFarEnds) {
-    support::Random random;
+    common::Random random;
     for (int round = 0; round < 3000; ++round) {
         double const side = random.uniform(-9, 9), f = random.uniform(-3.1, 3.1);
         mgPoint_c const crossing(random.uniform(-9, 9), random.uniform(-9, 9), 0);
@@ -167,11 +169,11 @@ TEST(TangentArc, AFilletTouchesBothLinesBetweenTheFarEnds) {
                          ? mg_FindTangentArcCenter2D(q1, p1, q2, p2, radius, centre, t1, t2, 0)
                          : mg_FindTangentArcCenter2D(p1, q1, p2, q2, radius, centre, t1, t2, 0));
         double const reach = radius / std::fabs(std::tan(f / 2)), bound = 1e-11;
-        EXPECT_LT(support::gap(at(e1, reach, isSwapped ? 2 : 1), t1), bound);
-        EXPECT_LT(support::gap(at(e2, reach, isSwapped ? 4 : 3), t2), bound);
+        EXPECT_LT(common::gap(at(e1, reach, isSwapped ? 2 : 1), t1), bound);
+        EXPECT_LT(common::gap(at(e2, reach, isSwapped ? 4 : 3), t2), bound);
         double const toCentre = std::hypot(reach, radius);
         mgVector_c const half(std::cos(side + f / 2), std::sin(side + f / 2), 0);
-        EXPECT_LT(support::gap(at(half, toCentre, isSwapped ? 2 : 1), centre), bound);
+        EXPECT_LT(common::gap(at(half, toCentre, isSwapped ? 2 : 1), centre), bound);
     }
     auto const check = [](int found, mgPoint_c const &b1, mgPoint_c const &a2, mgPoint_c const &b2,
                           double radius, double tol, Caller = {}) {
@@ -179,8 +181,8 @@ TEST(TangentArc, AFilletTouchesBothLinesBetweenTheFarEnds) {
             mgPoint_c centre = untouched, t1 = untouched, t2 = untouched;
             EXPECT_EQ(found, mg_FindTangentArcCenter2D({}, k * b1, k * a2, k * b2, k * radius,
                                                        centre, t1, t2, k * tol));
-            EXPECT_EQ(found == 0, support::sameBits(untouched, centre));
-            EXPECT_EQ(found == 0, support::sameBits(untouched, t1));
+            EXPECT_EQ(found == 0, common::sameBits(untouched, centre));
+            EXPECT_EQ(found == 0, common::sameBits(untouched, t1));
         }
     };
     check(0, {2, 0, 0}, {0, 1, 0}, {4, 1.5, 0}, 1, 0.5);
@@ -199,10 +201,10 @@ TEST(NormalFrom3Points, NeedsAHeightAboveTheTolerance) {
         for (double k : {1.0, 0x1p1019, 0x1p-1000}) {
             mgUnitVector_c n;
             EXPECT_EQ(found, mg_NormalFrom3Points({}, k * p1, k * p2, n, k * tol));
-            EXPECT_EQ(0.0, support::gap(expected, n));
+            EXPECT_EQ(0.0, common::gap(expected, n));
             mgUnitVector_c m;
             EXPECT_EQ(found, mg_NormalFrom3Points({}, k * p2, k * p1, m, k * tol));
-            EXPECT_EQ(0.0, support::gap(-1.0 * expected, m));
+            EXPECT_EQ(0.0, common::gap(-1.0 * expected, m));
         }
     };
     mgVector_c const none, z(0, 0, 1);

@@ -7,44 +7,34 @@
 #include <vexmath/rect.h>
 
 #include <array>
-#include <cstdint>
+#include <cstdlib>
 
 namespace {
 
-using support::above, support::below, support::Caller, support::kInfinity, support::kNaN;
+using common::above, common::below, common::Caller, common::kInfinity, common::kNaN;
 
 constexpr auto Outside = mgClipLine_Outside, Inside = mgClipLine_Inside,
                ClippedA = mgClipLine_ClippedA, ClippedB = mgClipLine_ClippedB,
                ClippedBoth = mgClipLine_ClippedBoth, Touching = mgClipLine_Touching;
 mgPoint_c const untouched(77, 77, 77);
 
-/// An exact fraction; the denominator is positive.
-struct Fraction {
-    std::int64_t over, under;
-    Fraction(std::int64_t n, std::int64_t d = 1) : over(d < 0 ? -n : n), under(d < 0 ? -d : d) {}
-    bool operator<(Fraction const &f) const { return over * f.under < f.over * under; }
-    double value() const { return static_cast<double>(over) / static_cast<double>(under); }
-};
-
-/// The parameters at which a + t (b - a) is between low and high, for all t; from > to if for none.
-/// Cyrus and Beck's clip, without divisions.
+/// The parameters at which a + t (b - a) is between low and high, for all t, in units of 1 / unit,
+/// which makes them whole numbers; from > to if for none. Cyrus and Beck's clip.
 struct Range {
-    Fraction from = -1000, to = 1000;
+    int unit, from = -9999, to = 9999;
     void cut(int a, int b, int low, int high, bool isOpen) {
         if (a == b) {
             bool const isIn = isOpen ? low < a && a < high : low <= a && a <= high;
-            if (!isIn) from = 1001;
+            if (!isIn) from = to + 1;
             return;
         }
-        Fraction t1(low - a, b - a), t2(high - a, b - a);
-        if (t2 < t1) std::swap(t1, t2);
-        if (from < t1) from = t1;
-        if (t2 < to) to = t2;
+        auto const [t1, t2] =
+            std::minmax({(low - a) * unit / (b - a), (high - a) * unit / (b - a)});
+        from = std::max(from, t1);
+        to = std::min(to, t2);
     }
-    bool isEmptyIn01() const { return to < from || to < 0 || Fraction(1) < from; }
-    bool isOpenEmptyIn01() const {
-        return !(from < to) || !(Fraction(0) < to) || !(from < Fraction(1));
-    }
+    bool isEmpty() const { return to < from || to < 0 || unit < from; }
+    bool isOpenEmpty() const { return to <= from || to <= 0 || unit <= from; }
 };
 
 constexpr int kWidth = 6, kHeight = 4; // of a box at the origin
@@ -57,7 +47,8 @@ struct Expected {
 
 Expected exactly(std::array<int, 4> const &s, int tol) {
     auto const range = [&](int grow, bool isOpen) {
-        Range r;
+        auto const orOne = [](int d) { return d != 0 ? std::abs(d) : 1; };
+        Range r{orOne(s[2] - s[0]) * orOne(s[3] - s[1])};
         r.cut(s[0], s[2], -grow, kWidth + grow, isOpen);
         r.cut(s[1], s[3], -grow, kHeight + grow, isOpen);
         return r;
@@ -69,8 +60,8 @@ Expected exactly(std::array<int, 4> const &s, int tol) {
     };
     Expected e;
     Range part = range(tol, false);
-    if (part.isEmptyIn01()) return e;
-    bool const isDeep = !range(-tol, true).isOpenEmptyIn01();
+    if (part.isEmpty()) return e;
+    bool const isDeep = !range(-tol, true).isOpenEmpty();
     e.clip = !isDeep                            ? Touching
              : contains(0, 0) && contains(1, 0) ? Inside
              : contains(0, 0)                   ? ClippedB
@@ -80,7 +71,8 @@ Expected exactly(std::array<int, 4> const &s, int tol) {
                : contains(0, tol) && contains(1, tol) ? mgInsideBox_Inside
                                                       : mgInsideBox_Partly;
     if (isDeep) part = range(0, false);
-    double const t0 = std::max(0.0, part.from.value()), t1 = std::min(1.0, part.to.value());
+    double const t0 = std::max(0, part.from) / double(part.unit);
+    double const t1 = std::min(part.unit, part.to) / double(part.unit);
     for (std::size_t k : {0u, 1u}) {
         double const high = k == 0 ? kWidth : kHeight;
         e.a[k] = std::clamp(s[k] + t0 * (s[k + 2] - s[k]), 0.0, high);
@@ -89,16 +81,16 @@ Expected exactly(std::array<int, 4> const &s, int tol) {
     return e;
 }
 
-/// An output: the given end where it was kept, else on a side.
-void CheckEnd(bool isKept, mgPoint_c const &given, double const *expected, mgPoint_c const &out) {
-    ASSERT_LT(support::gap(mgPoint_c(expected[0], expected[1], given.z()), out), 1e-14);
-    bool const isOnSide =
-        out.x() == 0.0 || out.x() == kWidth || out.y() == 0.0 || out.y() == kHeight;
-    if (isKept) {
+/// An output: the given end if the result is Inside or `keeps`, else on a side, unless Touching.
+void CheckEnd(mgClipLine_e clip, mgClipLine_e keeps, mgPoint_c const &given, double const *expected,
+              mgPoint_c const &out) {
+    ASSERT_LT(common::gap(mgPoint_c(expected[0], expected[1], given.z()), out), 1e-14);
+    if (clip == Inside || clip == keeps) {
         ASSERT_BITS_EQ(given, out);
-    } else {
-        ASSERT_TRUE(isOnSide);
+        return;
     }
+    bool const isOnSide = out.x() == 0 || out.x() == kWidth || out.y() == 0 || out.y() == kHeight;
+    ASSERT_TRUE(isOnSide || clip == Touching);
 }
 
 void CheckSegment(std::array<int, 4> const &s, int tol) {
@@ -112,13 +104,8 @@ void CheckSegment(std::array<int, 4> const &s, int tol) {
         ASSERT_BITS_EQ(untouched, q);
         return;
     }
-    if (e.clip != Touching) {
-        CheckEnd(e.clip == Inside || e.clip == ClippedB, a, e.a, p);
-        CheckEnd(e.clip == Inside || e.clip == ClippedA, b, e.b, q);
-    } else {
-        ASSERT_LT(support::gap(mgPoint_c(e.a[0], e.a[1], 5), p), 1e-14);
-        ASSERT_LT(support::gap(mgPoint_c(e.b[0], e.b[1], 6), q), 1e-14);
-    }
+    CheckEnd(e.clip, ClippedB, a, e.a, p);
+    CheckEnd(e.clip, ClippedA, b, e.b, q);
     for (double k : {0x1p1020, 0x1p600, 0x1p-600, 0x1p-1030}) {
         mgPoint_c u = k * b, v = k * a; // the outputs are the inputs, exchanged
         mgRect const window(k * kWidth, 0, 0, k * kHeight);
@@ -167,16 +154,35 @@ TEST(ClipLine, ThresholdsAreExactForSegmentsAlongASide) {
     EXPECT_EQ(ClippedBoth, at(1.0, 0.0));
 }
 
+TEST(ClipLine, LargeNumbersLoseNeitherACornerNorASlope) {
+    mgPoint_c p, q;
+    mgPoint_c const far(-1e20, -1e20, 0); // the box is nearly a quadrant
+    EXPECT_EQ(Outside, mg_ClipLine2DToBox({1, -0.5, 0}, {-0.5, 1, 0}, far, {}, p, q, 1e-8));
+    EXPECT_EQ(ClippedBoth, mg_ClipLine2DToBox({1, -1.5, 0}, {-1.5, 1, 0}, far, {}, p, q, 1e-8));
+    EXPECT_LT(common::gap(mgPoint_c(0, -0.5, 0), p), 1e-14);
+    // From the nearer end: the far one would give an error of its own size.
+    mgPoint_c const close(2, 0, 0), remote(-0x1p40, 0x1p39, 0);
+    EXPECT_EQ(ClippedBoth, mg_ClipLine2DToBox(close, remote, {-1, -1, 0}, {1, 1, 0}, p, q, 0));
+    EXPECT_LT(common::gap(mgPoint_c(1, 0.5, 0), p), 1e-11);
+    EXPECT_EQ(ClippedBoth, mg_ClipLine2DToBox(remote, close, {-1, -1, 0}, {1, 1, 0}, p, q, 0));
+    EXPECT_LT(common::gap(mgPoint_c(1, 0.5, 0), q), 1e-11);
+    // The difference of x overflows.
+    mgPoint_c const low(-0x1p1023, -0x1p1023, 0), high(0x1p1022, 0x1p1022, 0);
+    EXPECT_EQ(ClippedB,
+              mg_ClipLine2DToBox({-0x1p1022, 0, 0}, {0x3p1022, 0x1p1022, 0}, low, high, p, q, 0));
+    EXPECT_EQ(0x1p1022, q.x());
+    EXPECT_NEAR(1.0, q.y() / 0x1p1021, 1e-14);
+}
+
 TEST(ClipLine, HostileNumbersAreOutsideOrClippedIntoTheBox) {
-    support::Random random;
+    common::Random random;
     for (int i = 0; i < 200000; ++i) {
         double n[9];
         for (double &v : n) v = random.hostile();
         mgPoint_c p = untouched, q = untouched;
         mgPoint_c const a(n[0], n[1], kNaN), b(n[2], n[3], 1), c(n[4], n[5], 2), d(n[6], n[7], 3);
         auto const result = mg_ClipLine2DToBox(a, b, c, d, p, q, n[8]);
-        bool isFinite = true;
-        for (int k = 0; k < 8; ++k) isFinite = isFinite && std::isfinite(n[k]);
+        bool const isFinite = std::all_of(n, n + 8, [](double v) { return std::isfinite(v); });
         ASSERT_TRUE(isFinite || result == Outside);
         ASSERT_EQ(result == Outside, mg_Line2DInsideBox(a, b, c, d, n[8]) == mgInsideBox_Outside);
         if (result == Outside) {
@@ -190,7 +196,7 @@ TEST(ClipLine, HostileNumbersAreOutsideOrClippedIntoTheBox) {
 }
 
 TEST(ClipLineEnd, ALeaderEndsAtTheOutlineFromEitherSide) {
-    support::Random random;
+    common::Random random;
     for (int i = 0; i < 2000; ++i) {
         // The frame is made of the lattice's box.
         double const angle = random.uniform(-7, 7), c = std::cos(angle), s = std::sin(angle);
@@ -208,14 +214,11 @@ TEST(ClipLineEnd, ALeaderEndsAtTheOutlineFromEitherSide) {
         auto const result = mg_ClipLineEndToRotated2DBox(
             place(au, av, 7), end, isNegative ? place(6, 4, 0) : corner, isNegative ? -6 : 6,
             isNegative ? -4 : 4, angle, 0.0);
-        if (expected == Outside || expected == Inside) {
-            EXPECT_EQ(expected, result);
-            EXPECT_BITS_EQ(given, end);
-        } else {
-            mgPoint_c const &met = expected == ClippedB ? q : p;
-            EXPECT_EQ(ClippedB, result);
-            EXPECT_LT(support::gap(place(met.x(), met.y(), 8), end), 1e-12);
-        }
+        bool const isMoved = expected != Outside && expected != Inside;
+        mgPoint_c const &met = expected == ClippedB ? q : p;
+        EXPECT_EQ(isMoved ? ClippedB : expected, result);
+        EXPECT_LT(common::gap(isMoved ? place(met.x(), met.y(), 8) : given, end),
+                  isMoved ? 1e-12 : 1e-300);
     }
     mgPoint_c end(0, 2, 1);
     EXPECT_EQ(Touching, mg_ClipLineEndToRotated2DBox({-3, 2, 0}, end, {0, 0, 0}, 6, 4, 0.0, 1e-6));
@@ -240,18 +243,19 @@ int arcsWith(double at, int count, double const *angles) {
 
 TEST(ClipArc, AgreesWithSampledAngles) {
     constexpr double kNear = 1e-9; // of a side, where a sample does not tell
-    support::Random random;
+    common::Random random;
     int most = 0;
     for (int round = 0; round < 4000; ++round) {
         mgPoint_c const centre(random.uniform(-3, 3), random.uniform(-3, 3), 0);
-        mgPoint_c const c1(random.uniform(-6, 1), random.uniform(-1, 6), 0);
-        mgPoint_c const c2(random.uniform(-1, 6), random.uniform(-6, 1), 0);
+        mgPoint_c const low(random.uniform(-6, 0), random.uniform(-6, 0), 0);
+        mgPoint_c const high(random.uniform(0, 6), random.uniform(0, 6), 0);
         double const radius = random.uniform(0.1, 8);
         bool const isFull = random.below(3) == 0;
         double const start = random.uniform(-20, 20);
         double const end = start + (isFull ? vexmath::kTwoPi : random.uniform(0.01, 6.28));
         double angles[10];
-        int const count = mg_Clip2DArcToBox(centre, radius, start, end, c1, c2, angles, 1e-12);
+        int const count = mg_Clip2DArcToBox(centre, radius, start, end, {low.x(), high.y(), 0},
+                                            {high.x(), low.y(), 0}, angles, 1e-12);
         ASSERT_LE(count, isFull ? 4 : 5);
         most = std::max(most, count);
         for (int i = 0; i + 1 < 2 * count; ++i) ASSERT_LE(angles[i], angles[i + 1]);
@@ -259,13 +263,9 @@ TEST(ClipArc, AgreesWithSampledAngles) {
         ASSERT_TRUE(count == 0 || isFull || angles[2 * count - 1] <= end);
         for (int k = 1; k < 100; ++k) {
             double const at = start + (end - start) * k / 100;
-            mgPoint_c const p(centre.x() + radius * std::cos(at),
-                              centre.y() + radius * std::sin(at), 0);
-            double const x =
-                std::min(p.x() - std::min(c1.x(), c2.x()), std::max(c1.x(), c2.x()) - p.x());
-            double const y =
-                std::min(p.y() - std::min(c1.y(), c2.y()), std::max(c1.y(), c2.y()) - p.y());
-            double const depth = std::min(x, y);
+            double const x = centre.x() + radius * std::cos(at);
+            double const y = centre.y() + radius * std::sin(at);
+            double const depth = std::min({x - low.x(), high.x() - x, y - low.y(), high.y() - y});
             if (std::fabs(depth) < kNear) continue;
             ASSERT_EQ(depth > 0.0 ? 1 : 0, arcsWith(at, count, angles));
         }

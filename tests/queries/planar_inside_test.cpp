@@ -9,7 +9,7 @@
 
 namespace {
 
-using support::above, support::below, support::Caller, support::kInfinity, support::kNaN;
+using common::above, common::below, common::Caller, common::kInfinity, common::kNaN;
 
 constexpr auto Outside = mgInsideBox_Outside, Touching = mgInsideBox_Touching,
                Partly = mgInsideBox_Partly, Inside = mgInsideBox_Inside;
@@ -38,13 +38,8 @@ TEST(InsideBox, APointIsTestedByCoordinates) {
     for (double bad : {kNaN, kInfinity, -kInfinity}) check(Outside, bad, 1, tol);
 }
 
-/// How far a point is beyond the nearest side; negative inside.
-double beyond(double x, double y, mgPoint_c const &low, mgPoint_c const &high) {
-    return std::max({low.x() - x, x - high.x(), low.y() - y, y - high.y()});
-}
-
 TEST(InsideBox, ArcsAndPolylinesAgreeWithSampledPoints) {
-    support::Random random;
+    common::Random random;
     int seen[4] = {};
     for (int round = 0; round < 6000; ++round) {
         mgPoint_c const low(random.uniform(-4, 0), random.uniform(-4, 0), 0);
@@ -59,7 +54,8 @@ TEST(InsideBox, ArcsAndPolylinesAgreeWithSampledPoints) {
             double const t = start + std::min(sweep, kTurn) * i / kSamples;
             points.emplace_back(centre.x() + radius * std::cos(t),
                                 centre.y() + radius * std::sin(t), 0.0);
-            double const d = beyond(points.back().x(), points.back().y(), low, high);
+            double const x = points.back().x(), y = points.back().y(); // d is negative inside
+            double const d = std::max({low.x() - x, x - high.x(), low.y() - y, y - high.y()});
             least = std::min(least, d);
             greatest = std::max(greatest, d);
         }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Merged segments: lattices against unions in whole numbers, lists against the rule.
+// Merged segments: pairs at the thresholds, lists against the rule.
 
 #include "common/geometry.h"
 
@@ -7,12 +7,11 @@
 #include <vexmath/su_dynamic_array.h>
 
 #include <array>
-#include <set>
 #include <vector>
 
 namespace {
 
-using support::above, support::Caller, support::kInfinity, support::kNaN;
+using common::above, common::Caller, common::kInfinity, common::kNaN;
 using Points = suDynamicArray<mgPoint_c>;
 
 mgPoint_c const untouched(77, 77, 77);
@@ -58,47 +57,42 @@ Points listOf(std::vector<mgPoint_c> const &points) {
 
 /// The rule of the header, by scanning.
 std::vector<mgPoint_c> byRule(std::vector<mgPoint_c> const &pts, double tol) {
-    struct Entry {
-        mgVector_c d;
-        double length;
-    };
     auto const n = pts.size() / 2;
-    std::vector<Entry> all;
+    std::vector<mgVector_c> d;
+    std::vector<double> length;
     for (std::size_t i = 0; i < n; ++i) {
-        mgVector_c d = pts[2 * i + 1] - pts[2 * i];
-        d.set_z(0);
-        double const length = d.len();
-        all.push_back({length > 0 ? (1.0 / length) * d : mgVector_c(1, 0, 0), length});
+        mgVector_c e = pts[2 * i + 1] - pts[2 * i];
+        e.set_z(0);
+        length.push_back(e.len());
+        d.push_back(e.len() > 0 ? (1.0 / e.len()) * e : mgVector_c(1, 0, 0));
     }
     std::vector<bool> used(n, false);
     std::vector<std::array<std::size_t, 2>> ends(n, {2 * n, 2 * n});
     for (;;) {
         std::size_t base = n;
         for (std::size_t i = 0; i < n; ++i)
-            if (!used[i] && (base == n || all[i].length > all[base].length)) base = i;
+            if (!used[i] && (base == n || length[i] > length[base])) base = i;
         if (base == n) break;
         used[base] = true;
         ends[base] = {2 * base, 2 * base + 1};
         auto const along = [&](std::size_t end) {
             mgVector_c const e = pts[end] - pts[2 * base];
-            return e.x() * all[base].d.x() + e.y() * all[base].d.y();
+            return e.x() * d[base].x() + e.y() * d[base].y();
         };
-        auto const across = [&](std::size_t end) {
+        auto const isOff = [&](std::size_t end) {
             mgVector_c const e = pts[end] - pts[2 * base];
-            return std::fabs(e.y() * all[base].d.x() - e.x() * all[base].d.y());
+            return std::fabs(e.y() * d[base].x() - e.x() * d[base].y()) > tol;
         };
-        double low = 0, high = all[base].length;
-        for (bool isChanged = true; isChanged;) {
-            isChanged = false;
-            for (std::size_t i = 0; i < n; ++i) {
-                std::size_t p = 2 * i, q = p + 1;
-                if (used[i] || across(p) > tol || across(q) > tol) continue;
-                if (along(q) < along(p)) std::swap(p, q);
-                if (along(p) - high > tol || low - along(q) > tol) continue;
-                used[i] = isChanged = true;
-                if (along(p) < low) low = along(p), ends[base][0] = p;
-                if (along(q) > high) high = along(q), ends[base][1] = q;
-            }
+        double low = 0, high = length[base];
+        for (std::size_t i = 0; i < n; ++i) {
+            std::size_t p = 2 * i, q = p + 1;
+            if (along(q) < along(p)) std::swap(p, q);
+            if (used[i] || isOff(p) || isOff(q) || along(p) - high > tol || low - along(q) > tol)
+                continue;
+            used[i] = true;
+            if (along(p) < low) low = along(p), ends[base][0] = p;
+            if (along(q) > high) high = along(q), ends[base][1] = q;
+            i = static_cast<std::size_t>(-1); // from the first one again
         }
     }
     std::vector<mgPoint_c> result;
@@ -108,7 +102,7 @@ std::vector<mgPoint_c> byRule(std::vector<mgPoint_c> const &pts, double tol) {
 }
 
 TEST(MergeList, AgreesWithTheRuleForAnySizesAndTolerances) {
-    support::Random random;
+    common::Random random;
     for (int round = 0; round < 300; ++round) {
         double const tol = std::pow(10.0, random.uniform(-9, -1));
         std::vector<mgPoint_c> points;
@@ -136,42 +130,20 @@ TEST(MergeList, AgreesWithTheRuleForAnySizesAndTolerances) {
     }
 }
 
-/// Unit edges of a lattice: those drawn, and no others, are covered by the merged segments, none of
-/// which could be merged with another.
-TEST(MergeList, CoversALatticeOnce) {
-    constexpr int kSize = 24;
-    support::Random random;
-    for (int round = 0; round < 30; ++round) {
-        int const directions[4][2] = {{1, 0}, {0, 1}, {1, 1}, {1, -1}};
-        using Edge = std::array<int, 3>; // direction, x, y
-        std::set<Edge> drawn;
-        std::vector<mgPoint_c> points;
-        for (int count = 500; count > 0; --count) {
-            int const way = random.below(4), steps = 1 + random.below(3);
-            int const *const d = directions[way];
-            int const x = random.below(kSize), y = random.below(kSize);
-            for (int i = 0; i < steps; ++i) drawn.insert({way, x + i * d[0], y + i * d[1]});
-            mgPoint_c const p(x, y, 0), q(x + steps * d[0], y + steps * d[1], 0);
-            bool const isReversed = random.below(2) != 0;
-            points.push_back(isReversed ? q : p);
-            points.push_back(isReversed ? p : q);
-        }
-        Points const list = listOf(points);
-        Points merged = listOf({{9, 9, 9}}); // which is replaced
-        int const count = mg_MergeLines2D(list, merged, 1e-9);
-        ASSERT_EQ(2 * count, merged.Count());
-        std::size_t covered = 0, starts = 0;
-        for (int i = 0; i < count; ++i) {
-            mgVector_c const d = merged[2 * i + 1] - merged[2 * i];
-            covered +=
-                static_cast<std::size_t>(std::lround(std::max(std::fabs(d.x()), std::fabs(d.y()))));
-        }
-        for (Edge const &e : drawn) {
-            int const *const d = directions[e[0]];
-            starts += drawn.count({e[0], e[1] - d[0], e[2] - d[1]}) == 0 ? 1u : 0u;
-        }
-        ASSERT_EQ(drawn.size(), covered);
-        ASSERT_EQ(starts, static_cast<std::size_t>(count));
+TEST(MergeList, OfEqualPlacesKeepsTheBaseElseTheFirst) {
+    for (int const side : {0, 1}) { // where the base and another segment end
+        mgPoint_c const ends[] = {{8, 0, 2}, {0, 0, 1}};
+        Points list = listOf({{6, 0.25, 7},
+                              {8, 0.25, 8},
+                              {-1, 0.25, 3},
+                              {1, 0.25, 4},
+                              ends[1 - side],
+                              ends[side],
+                              {-1, -0.25, 5},
+                              {1, -0.25, 6}});
+        EXPECT_EQ(1, mg_MergeLines2D(list, list, 0.5));
+        EXPECT_BITS_EQ(mgPoint_c(-1, 0.25, 3), list[side]);
+        EXPECT_BITS_EQ(mgPoint_c(8, 0, 2), list[1 - side]);
     }
 }
 

@@ -3,127 +3,109 @@
 
 #include "common/geometry.h"
 
-#include <vexmath/mg_planar.h>
-#include <vexmath/point.h>
-#include <vexmath/su_dynamic_array.h>
-#include <vexmath/tolerances.h>
-
 #include <utility>
 #include <vector>
 
 namespace {
 
-using support::above, support::kNaN;
+using common::above, common::kNaN, common::P;
 using Polar = std::pair<double, double>; // angle, radius
 using List = std::vector<Polar>;
-using Edge = suDynamicArray<mgPoint_c>;
+using Kept = std::vector<std::pair<double, std::size_t>>; // angle, index in the list given
+using Edge = suDynamicArray<P>;
 constexpr double turn = vexmath::kTwoPiExact, half = turn / 2;
 
-Edge edgeOf(List const &list) {
+void CheckEdge(int (*function)(Edge &, double), double tol, List const &given,
+               Kept const &expected) {
     Edge edge;
-    for (auto const &[angle, radius] : list) edge.Add(mgPoint_c(angle, radius, edge.Count()));
-    return edge;
-}
-
-/// The z of a point is its index in the given list.
-void CheckEdge(List const &expected, std::vector<int> const &kept, List const &given,
-               int (*function)(Edge &, double) = mg_cleanupPolarEdge, double tol = 0.01,
-               support::Caller = {}) {
-    Edge edge = edgeOf(given);
+    for (auto const &[angle, radius] : given) edge.Add(P(angle, radius, edge.Count()));
     EXPECT_EQ(static_cast<int>(expected.size()), function(edge, tol));
     ASSERT_EQ(static_cast<int>(expected.size()), edge.Count());
-    for (int i = 0; i < edge.Count(); ++i) {
-        auto const &[angle, radius] = expected[static_cast<std::size_t>(i)];
-        EXPECT_NEAR(angle, edge[i].x(), 1e-12) << i;
-        EXPECT_EQ(radius, edge[i].y()) << i;
-        EXPECT_EQ(kept[static_cast<std::size_t>(i)], edge[i].z());
+    P const *p = edge.Data();
+    for (auto const &[angle, index] : expected) {
+        EXPECT_NEAR(angle, p->x(), 1e-12) << index;
+        EXPECT_EQ(Polar(given[index].second, index), Polar(p->y(), p->z()));
+        ++p;
+    }
+}
+
+void CheckClean(List const &given, Kept const &expected, double tol = 0.01, common::Caller = {}) {
+    CheckEdge(mg_cleanupPolarEdge, tol, given, expected);
+}
+
+/// In both directions.
+void CheckFixed(List given, Kept expected, double tol = 0.01, common::Caller = {}) {
+    for (int way = 0; way < 2; ++way) {
+        CheckEdge(mg_fixPolarConvolution, tol, given, expected);
+        for (auto &p : given) p.first *= -1;
+        for (auto &p : expected) p.first *= -1;
     }
 }
 
 TEST(PolarEdge, IsContinuousAcrossTheSeam) {
-    CheckEdge({{5, 1}, {6, 1}, {0.2 + turn, 1}, {1 + turn, 1}}, {0, 1, 2, 3},
-              {{5, 1}, {6, 1}, {0.2, 1}, {1, 1}});
-    CheckEdge({{0.5, 1}, {-0.3, 1}, {-1, 1}}, {0, 1, 2}, {{0.5, 1}, {turn - 0.3, 1}, {-1, 1}});
-    CheckEdge({{1, 1}, {1.5, 1}}, {0, 1}, {{1, 1}, {1.5 - 3 * turn, 1}});
+    CheckClean({{5, 1}, {6, 1}, {0.2, 1}, {1, 1}},
+               {{5, 0}, {6, 1}, {0.2 + turn, 2}, {1 + turn, 3}});
+    CheckClean({{1, 1}, {1.5 - 3 * turn, 1}}, {{1, 0}, {1.5, 1}});
+    CheckClean({{0, 1e150}, {1e150, 0}}, {{0, 0}, {0, 1}}); // the largest numbers
     // Half a turn is no jump, with 13 decimals either; a little more is one.
     for (double const step : {half, -half, vexmath::kPi, -vexmath::kPi, vexmath::kHalfTurnBound})
-        CheckEdge({{0, 1}, {step, 1}}, {0, 1}, {{0, 1}, {step, 1}});
+        CheckClean({{0, 1}, {step, 1}}, {{0, 0}, {step, 1}});
     double const beyond = above(vexmath::kHalfTurnBound);
-    CheckEdge({{0, 1}, {beyond - turn, 1}}, {0, 1}, {{0, 1}, {beyond, 1}});
+    CheckClean({{0, 1}, {beyond, 1}}, {{0, 0}, {beyond - turn, 1}});
 }
 
 TEST(PolarEdge, PointsAtThePoleTakeTheAngleOfTheirNeighbour) {
-    CheckEdge({{2, 0}, {2, 5}, {2, 0.01}, {1, 5}}, {0, 1, 2, 3},
-              {{9, 0}, {2, 5}, {7, 0.01}, {1, 5}});
-    CheckEdge({{2, -0.005}, {2, 5}}, {0, 2}, {{7, -0.005}, {8, 0}, {2, 5}});
-    CheckEdge({{9, 0}}, {0}, {{9, 0}, {7, 0}, {8, 0.01}}); // all at the pole
-    double const off = above(0.01);
-    CheckEdge({{2, 5}, {1, off}}, {0, 1}, {{2, 5}, {1, off}});
-    CheckEdge({{2, 5}, {2, 0.0}, {1, 4}}, {0, 1, 2}, {{2, 5}, {1, 0}, {1, 4}}, mg_cleanupPolarEdge,
-              0.0);
+    CheckClean({{9, 0}, {2, 5}, {7, 0.01}, {1, 5}}, {{2, 0}, {2, 1}, {2, 2}, {1, 3}});
+    CheckClean({{7, -0.005}, {8, 0}, {2, 5}}, {{2, 0}, {2, 2}});
+    CheckClean({{9, 0}, {7, 0}, {8, 0.01}}, {{9, 0}}); // all at the pole
+    CheckClean({{2, 5}, {1, above(0.01)}}, {{2, 0}, {1, 1}});
+    CheckClean({{2, 5}, {3, 0.0}, {1, 4}}, {{2, 0}, {2, 1}, {1, 2}}, 0.0);
 }
 
 TEST(PolarEdge, RepeatedPointsAreDroppedUpToTheTolerance) {
-    // 2^-7 = 0.0078125: by radius, and by the arc at the larger radius.
-    double const tol = 0.0078125;
-    CheckEdge({{1, 4}}, {0}, {{1, 4}, {1, 4 + tol}, {1 + tol / 8, 4}}, mg_cleanupPolarEdge, tol);
-    CheckEdge({{1, 4}, {1, above(4 + tol)}}, {0, 1}, {{1, 4}, {1, above(4 + tol)}},
-              mg_cleanupPolarEdge, tol);
-    CheckEdge({{1, 8}}, {0}, {{1, 8}, {1 + tol / 8, 8}}, mg_cleanupPolarEdge, tol);
-    CheckEdge({{1, 8}, {above(1 + tol / 8), 8}}, {0, 1}, {{1, 8}, {above(1 + tol / 8), 8}},
-              mg_cleanupPolarEdge, tol);
-    CheckEdge({{1, 8}}, {0}, {{1, 8}, {1 + turn, 8}}); // a jump, not a circle
-    for (double const negative : {-5.0, kNaN}) {
-        CheckEdge({{1, 1}}, {0}, {{1, 1}, {1, 1 + 9e-9}}, mg_cleanupPolarEdge, negative);
-        CheckEdge({{1, 1}, {1, 1 + 2e-8}}, {0, 1}, {{1, 1}, {1, 1 + 2e-8}}, mg_cleanupPolarEdge,
-                  negative);
-    }
+    double const tol = 0x1p-7; // by radius, and by the arc at the larger radius
+    CheckClean({{1, 4}, {1, 4 + tol}, {1 + tol / 8, 4}}, {{1, 0}}, tol);
+    CheckClean({{1, 4}, {1, above(4 + tol)}}, {{1, 0}, {1, 1}}, tol);
+    CheckClean({{1, 8}, {1 + tol / 8, 8}}, {{1, 0}}, tol);
+    CheckClean({{1, 8}, {above(1 + tol / 8), 8}}, {{1, 0}, {above(1 + tol / 8), 1}}, tol);
+    CheckClean({{1, 8}, {1 + turn, 8}}, {{1, 0}}); // a jump, not a circle
+    for (double const negative : {-5.0, kNaN})
+        CheckClean({{1, 1}, {1, 1 + 9e-9}, {1, 1 + 2e-8}}, {{1, 0}, {1, 2}}, negative);
 }
 
 TEST(PolarEdge, AConvolutionLosesItsStepsBack) {
-    auto *const fix = mg_fixPolarConvolution;
-    for (double const way : {1.0, -1.0}) { // both directions
-        auto const check = [&](List expected, std::vector<int> const &kept, List given,
-                               double tol = 0.01, support::Caller = {}) {
-            for (List *list : {&expected, &given})
-                for (Polar &p : *list) p.first *= way;
-            CheckEdge(expected, kept, given, fix, tol);
-        };
-        check({{0, 5}, {1, 6}, {2, 5}, {3, 5}}, {0, 1, 3, 4},
-              {{0, 5}, {1, 6}, {0.5, 7}, {2, 5}, {3, 5}});
-        check({{0, 5}, {1, 5}, {1, 7}, {2, 7}}, {0, 1, 2, 3}, {{0, 5}, {1, 5}, {1, 7}, {2, 7}});
-        check({{0, 3}, {1, 5}, {2, 5}, {3, 3}}, {0, 1, 2, 5}, // beyond the end
-              {{0, 3}, {1, 5}, {2, 5}, {3.5, 5}, {3.2, 5}, {3, 3}});
-        check({{0, 5}, {2, 5}}, {0, 3}, {{0, 5}, {-0.5, 5}, {-0.2, 6}, {2, 5}}); // before the start
-        // Both ends of a closed outline overlap at the seam; the last step crosses it.
-        check({{0, 5}, {2, 5}, {4, 5}, {6, 5}, {turn, 5}}, {0, 2, 3, 4, 6},
-              {{0, 5}, {-0.25, 6}, {2, 5}, {4, 5}, {6, 5}, {6.5, 6}, {0, 5}});
-        // An arc of at most tol at the point's radius: the point stays, at the end of the range.
-        check({{0, 5}, {1, 5}, {1, 8}, {2, 5}}, {0, 1, 2, 3},
-              {{0, 5}, {1, 5}, {0.9990234375, 8}, {2, 5}}, 0.0078125);
-        check({{0, 5}, {1, 5}, {2, 5}}, {0, 1, 3},
-              {{0, 5}, {1, 5}, {0.9990234375, above(8)}, {2, 5}}, 0.0078125);
-        check({{0, 0}, {0, 5}, {1, 5}, {1, 0}}, {0, 1, 2, 3}, {{9, 0}, {0, 5}, {1, 5}, {3, 0}});
-        List const beside{{0, 5}, {0.3, 6}, {0, 7}, {-0.3, 6}, {0, 5}}; // has no direction
-        check(beside, {0, 1, 2, 3, 4}, beside);
-    }
+    CheckFixed({{0, 5}, {1, 6}, {0.5, 7}, {2, 5}, {3, 5}}, {{0, 0}, {1, 1}, {2, 3}, {3, 4}});
+    CheckFixed({{0, 5}, {1, 5}, {1, 7}, {2, 7}}, {{0, 0}, {1, 1}, {1, 2}, {2, 3}});
+    CheckFixed({{0, 3}, {1, 5}, {2, 5}, {3.5, 5}, {3.2, 5}, {3, 3}}, // beyond the end
+               {{0, 0}, {1, 1}, {2, 2}, {3, 5}});
+    // Both ends of a closed outline overlap at the seam; the last step crosses it.
+    CheckFixed({{0, 5}, {-0.25, 6}, {2, 5}, {4, 5}, {6, 5}, {6.5, 6}, {0, 5}},
+               {{0, 0}, {2, 2}, {4, 3}, {6, 4}, {turn, 6}});
+    // An arc of at most tol at the point's radius: the point stays, at the end of the range.
+    double const back = 1 - 0x1p-10;
+    CheckFixed({{0, 5}, {1, 5}, {back, 8}, {2, 5}}, {{0, 0}, {1, 1}, {1, 2}, {2, 3}}, 0x1p-7);
+    CheckFixed({{0, 5}, {1, 5}, {back, above(8)}, {2, 5}}, {{0, 0}, {1, 1}, {2, 3}}, 0x1p-7);
+    CheckFixed({{9, 0}, {0, 5}, {1, 5}, {3, 0}}, {{0, 0}, {0, 1}, {1, 2}, {1, 3}});
+    CheckFixed({{0, 5}, {0.3, 6}, {0, 7}, {-0.3, 6}, {0, 5}}, // has no direction
+               {{0, 0}, {0.3, 1}, {0, 2}, {-0.3, 3}, {0, 4}});
+    double const tol = 0x1p-7; // of the arc between the ends, at the largest radius
+    CheckFixed({{0, 5}, {1, 8}, {tol / 8, 5}}, {{0, 0}, {1, 1}, {tol / 8, 2}}, tol);
+    CheckFixed({{0, 5}, {1, 8}, {above(tol / 8), 5}}, {{0, 0}}, tol);
 }
 
 TEST(PolarEdge, ResultsHoldForAllEdges) {
-    support::Random random;
+    common::Random random;
     for (int round = 0; round < 5000; ++round) {
-        List list, shifted;
+        Edge edge, other;
         double angle = random.uniform(-3, 3);
         for (int i = 1 + random.below(20); i > 0; --i) {
             double const radius = random.below(5) ? random.uniform(0.5, 9) : 0.0;
-            list.emplace_back(angle, radius);
-            shifted.emplace_back(angle + turn * random.below(5), radius);
+            edge.Add(P(angle, radius, i));
+            other.Add(P(angle + turn * random.below(5), radius, i));
             angle += random.uniform(-0.5, 1.5);
         }
-        Edge edge = edgeOf(list), other = edgeOf(shifted);
         mg_cleanupPolarEdge(edge, 1e-6);
-        mg_cleanupPolarEdge(other, 1e-6);
-        ASSERT_EQ(edge.Count(), other.Count()); // whole turns do not matter
+        ASSERT_EQ(edge.Count(), mg_cleanupPolarEdge(other, 1e-6)); // whole turns do not matter
         for (int i = 0; i < edge.Count(); ++i)
             ASSERT_NEAR(edge[i].x() - edge[0].x(), other[i].x() - other[0].x(), 1e-12);
         Edge fixed = edge;
@@ -142,33 +124,28 @@ TEST(PolarEdge, ResultsHoldForAllEdges) {
 
 TEST(PolarEdge, TellsOfItsPointsAndRefusesHostileOnes) {
     struct Listening : Edge {
-        void elementsChanged(int first, int last) override { told.emplace_back(first, last); }
-        std::vector<std::pair<int, int>> told;
+        void elementsChanged(int first, int last) override { told = {first, last}; }
+        std::pair<int, int> told;
     };
-    for (auto *function : {mg_cleanupPolarEdge, mg_fixPolarConvolution}) {
-        Listening edge;
-        EXPECT_EQ(0, function(edge, 0.1));
-        for (double const angle : {0.0, 1.0, 1.0}) edge.Add(mgPoint_c(angle, 1, 0));
-        edge.told.clear();
-        EXPECT_EQ(2, function(edge, 0.1));
-        EXPECT_EQ((decltype(edge.told){{0, 1}}), edge.told);
-
-        support::Random random;
+    common::Hostile any;
+    for (auto *function : {mg_cleanupPolarEdge, mg_fixPolarConvolution})
         for (int round = 0; round < 3000; ++round) {
-            Listening hostile;
+            Listening edge;
+            EXPECT_EQ(0, function(edge, 0.1));
             bool isUsable = true;
             for (int i = 0; i < 5; ++i) {
-                mgPoint_c const p(random.hostile(), random.hostile(), kNaN);
-                hostile.Add(p);
+                P const p = any;
+                edge.Add(p);
                 isUsable = isUsable && std::fabs(p.x()) <= 1e150 && std::fabs(p.y()) <= 1e150;
             }
-            Edge const given = hostile;
-            int const count = function(hostile, random.hostile());
+            Edge const given = edge;
+            edge.told = {8, 9};
+            int const count = function(edge, any);
             ASSERT_EQ(isUsable, count > 0);
-            ASSERT_EQ(isUsable ? count : 5, hostile.Count());
-            for (int i = 0; i < 5 && !isUsable; ++i) ASSERT_BITS_EQ(given[i], hostile[i]);
+            ASSERT_EQ(isUsable ? count : 5, edge.Count());
+            ASSERT_EQ(isUsable ? std::pair(0, count - 1) : std::pair(8, 9), edge.told);
+            for (int i = 0; i < 5 && !isUsable; ++i) ASSERT_BITS_EQ(given[i], edge[i]);
         }
-    }
 }
 
 } // namespace

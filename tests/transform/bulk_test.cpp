@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Arrays of points, compared with the loop over the single operation; SIMD, compared with
-// the plain steps.
+// Arrays of points and of transforms, compared with the loop over the single operation; SIMD,
+// compared with the plain steps.
 
 #include <vexmath/bbox.h>
 #include <vexmath/bulk.h>
@@ -12,16 +12,17 @@
 namespace {
 
 /// A transform of any kind that the bulk operation distinguishes; some numbers are hostile.
-mgXform_c anyTransform(support::Random &random) {
+mgXform_c anyTransform(common::Random &random) {
     auto const number = [&] { return random.below(6) == 0 ? random.hostile() : 2.5; };
-    mgXform_64BitHelper_c fields = support::placement(random).GetHelper();
+    mgXform_64BitHelper_c fields = common::placement(random).GetHelper();
     if (random.below(3) == 0) fields.rotation = mgMatrix_c();
     if (random.below(9) == 0) { // the identity without its flag
         fields.rotation = mg_RotationMatrix(1e-09, mgUnitVector_c::zAxis(), 0.0);
         fields.rotation.iValidateRepairOrthonormality();
     }
     if (random.below(3) == 0) fields.rotation[random.below(9)] = number(); // a stale flag
-    if (random.below(2) == 0) fields.scale = random.below(2) == 0 ? 1.0 + 5e-9 : number();
+    if (random.below(2) == 0)
+        fields.scale = random.below(2) == 0 ? 1.0 + (random.below(2) == 0 ? 5e-9 : 2e-8) : number();
     if (random.below(2) == 0) fields.translation = mgVector_c(number(), -0.0, 0.0);
     if (random.below(4) == 0) fields.rotation = fields.rotation.transpose();
     fields.reflection = random.below(2);
@@ -32,7 +33,7 @@ mgXform_c anyTransform(support::Random &random) {
 }
 
 TEST(Bulk, TransformedPointsAreThoseOfTheLoopToTheBit) {
-    support::Random random;
+    common::Random random;
     for (int round = 0; round < 4000; ++round) {
         mgXform_c const x = anyTransform(random);
         std::vector<mgPoint_c> points(static_cast<std::size_t>(random.below(20)));
@@ -50,8 +51,64 @@ TEST(Bulk, TransformedPointsAreThoseOfTheLoopToTheBit) {
     mg_SetUseVectorUnits(1);
 }
 
+/// An assignment would correct the fields.
+void assignRaw(mgXform_c &x, mgXform_c const &source) {
+    x.SetHelper(source.GetHelper());
+    x.iCopyPerspectiveInfo(source);
+}
+
+using Xforms = std::vector<mgXform_c>;
+
+/// The array operation against the loop over factorOf.
+template <class FactorOf, class MultiplyAll>
+void CheckProducts(Xforms const &given, FactorOf const &factorOf, MultiplyAll const &multiplyAll,
+                   common::Caller = {}) {
+    Xforms loop(given.size()), array(given.size());
+    for (std::size_t i = 0; i < given.size(); ++i) {
+        assignRaw(loop[i], given[i]);
+        assignRaw(array[i], given[i]);
+    }
+    for (std::size_t i = 0; i < loop.size(); ++i) loop[i] *= factorOf(loop, i);
+    multiplyAll(array, static_cast<int>(array.size()));
+    for (std::size_t i = 0; i < loop.size(); ++i) {
+        ASSERT_BITS_EQ(loop[i], array[i]) << "transform " << i;
+        ASSERT_EQ(loop[i].hasPerspective(), array[i].hasPerspective());
+    }
+}
+
+TEST(Bulk, MultipliedTransformsAreThoseOfTheLoopToTheBit) {
+    common::Random random;
+    for (int round = 0; round < 6000 && !::testing::Test::HasFailure(); ++round) {
+        SCOPED_TRACE(round);
+        mg_SetUseVectorUnits(round % 4);
+        // Of most groups of four, none or one is unusual.
+        int const usual = random.below(3) == 0 ? 1 : 12;
+        auto const fill = [&](Xforms &all) {
+            for (mgXform_c &x : all) {
+                bool const any = random.below(usual) == 0;
+                assignRaw(x, any ? anyTransform(random) : common::placement(random));
+                if (random.below(usual) == 0) x.setReflection(random.below(4) - 1);
+            }
+        };
+        Xforms given(static_cast<std::size_t>(random.below(12))), by(given.size() + 1);
+        fill(given);
+        fill(by);
+        if (!given.empty()) by[0] = given[0].inverse(); // a product that is the identity
+        CheckProducts(
+            given, [&](Xforms const &, std::size_t) -> auto & { return by.back(); },
+            [&](Xforms &all, int n) { mg_MultiplyXforms(all.data(), n, by.back()); });
+        CheckProducts(
+            given, [&](Xforms const &, std::size_t i) -> auto & { return by[i]; },
+            [&](Xforms &all, int n) { mg_MultiplyXforms(all.data(), n, by.data()); });
+        CheckProducts(
+            given, [](Xforms const &all, std::size_t i) -> auto & { return all[i]; },
+            [](Xforms &all, int n) { mg_MultiplyXforms(all.data(), n, all.data()); });
+    }
+    mg_SetUseVectorUnits(1);
+}
+
 TEST(Simd, ChangeNoProductInverseOrClash) {
-    support::Random random;
+    common::Random random;
     int clashes = 0;
     for (int round = 0; round < 30000; ++round) {
         mgXform_c const a = anyTransform(random);
@@ -79,6 +136,8 @@ TEST(Simd, ChangeNoProductInverseOrClash) {
 TEST(Bulk, EmptyListsMayBeNull) {
     for (int const count : {0, -1, -5}) {
         mg_TransformPoints(nullptr, count, mgXform_c());
+        mg_MultiplyXforms(nullptr, count, mgXform_c());
+        mg_MultiplyXforms(nullptr, count, nullptr);
         mg_TransformPoints(nullptr, count, mg_RotateXform(1.0, mgVector_c(0.0, 0.0, 1.0), 0.0));
     }
 }

@@ -15,8 +15,10 @@ inline constexpr double kLargestScale = 6e12;
 /// The scale, or 1 when it is NaN, on a bound or beyond it.
 inline double scaleInRange(double s) { return s > kSmallestScale && s < kLargestScale ? s : 1.0; }
 
-/// Does a scale differ from 1 by strictly more than 1e-08?
-inline bool scales(double s) { return std::fabs(s - 1.0) > 1e-08; }
+/// Scales that differ from 1 by more than this are applied; strict.
+inline constexpr double kScaleTolerance = 1e-08;
+
+inline bool scales(double s) { return std::fabs(s - 1.0) > kScaleTolerance; }
 
 /// The linear half of the point and vector rules. The elements decide whether to multiply, not the
 /// identity flag, which is stale after a caller has edited elements.

@@ -44,15 +44,16 @@ std::int64_t blockBytes(std::int64_t capacity, std::int64_t elementSize) {
     return static_cast<std::int64_t>(sizeof(Header)) + capacity * elementSize;
 }
 
-/// Bytes to request when a block grows to `bytes`. Lists that grow alternately, 16 slots at a time,
-/// cannot grow in place: each step would move the whole list, which takes quadratic time in all.
-/// If the requests are multiples of a quarter to a half of the block, it moves only a few times.
+/// Bytes to request when a block grows to `bytes`. A list that grows by 16 slots and cannot do so
+/// in place would move each time, which takes quadratic time in all. If the requests are multiples
+/// of a quarter to a half of the block, it moves only a few times, and the heap returns most of the
+/// blocks as they are.
 std::int64_t roomyBytes(std::int64_t bytes) {
-    constexpr std::int64_t kExactBelow = 4096;
+    constexpr std::int64_t kExactBelow = 1024;
     if (bytes < kExactBelow) return bytes;
-    std::int64_t grain = kExactBelow / 4;
+    std::int64_t grain = kExactBelow / 4; // stays a power of 2
     while (grain < bytes / 4) grain *= 2;
-    return (bytes + grain - 1) / grain * grain;
+    return (bytes + grain - 1) & -grain;
 }
 
 /// `realloc` that refuses what no heap can hold.

@@ -1,0 +1,274 @@
+// SPDX-License-Identifier: MIT
+// The index of boxes, against loops over the single tests.
+
+#include <vexmath/box_index.h>
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "bounds/lattice.h"
+
+namespace {
+
+using namespace support;
+using P = mgPoint_c;
+using V = mgVector_c;
+using U = mgUnitVector_c;
+using Indices = std::vector<int>;
+using Pairs = std::vector<std::pair<int, int>>;
+
+/// Boxes, perhaps placed, beside their index.
+class Scene {
+public:
+    Scene(std::vector<mgBBox_c> given, bool isPlaced) : boxes(std::move(given)) {
+        if (isPlaced) placements.reset(new mgXform_c[boxes.size()]);
+    }
+
+    int count() const { return static_cast<int>(boxes.size()); }
+    void build() { ASSERT_EQ(1, index.build(boxes.data(), placements.get(), count())); }
+
+    mgBBox_c &box(int i) { return boxes.data()[i]; }
+    mgBBox_c const &box(int i) const { return boxes.data()[i]; }
+    mgXform_c &placement(int i) const { return placements.get()[i]; }
+
+    mgBBox_c inCommonFrame(int i) const {
+        mgBBox_c placed = box(i);
+        return placements ? placed *= placement(i) : placed;
+    }
+    bool clashes(int i, int j, double tol) const {
+        if (!placements) return box(i).clash(&box(j), tol) != 0;
+        return mgBBox_c::clash(box(i), placement(i), box(j), placement(j)) != 0;
+    }
+
+    std::vector<mgBBox_c> boxes;
+    std::unique_ptr<mgXform_c[]> placements;
+    mgBoxIndex_c index;
+};
+
+/// `find` must give the expected list, in an array of that capacity.
+template <class T, class Expected, class Find>
+void CheckList(char const *what, std::vector<Expected> const &expected, Find const &find) {
+    SCOPED_TRACE(what);
+    auto const count = static_cast<int>(expected.size());
+    suDynamicArray<T> list;
+    list.Add(T());
+    ASSERT_EQ(count, find(list));
+    ASSERT_EQ(count, list.Count());
+    ASSERT_EQ(count == 0, list.Data() == nullptr);
+    for (int k = 0; k < count; ++k) {
+        if constexpr (std::is_same_v<T, int>) {
+            ASSERT_EQ(expected.data()[k], list[k]);
+        } else {
+            ASSERT_EQ(expected.data()[k], std::pair(list[k].first, list[k].second));
+        }
+    }
+}
+
+template <class Test>
+Indices loop(Scene const &scene, Test const &test) {
+    Indices found;
+    for (int i = 0; i < scene.count(); ++i)
+        if (test(scene.inCommonFrame(i)) != 0) found.push_back(i);
+    return found;
+}
+
+void CheckClashes(Scene const &scene, double tol, Indices const &some) {
+    Pairs all, ofSome;
+    for (int i = 0; i < scene.count(); ++i)
+        for (int j = i + 1; j < scene.count(); ++j) {
+            if (!scene.clashes(i, j, tol)) continue;
+            all.emplace_back(i, j);
+            bool const isWanted =
+                std::any_of(some.begin(), some.end(), [=](int k) { return k == i || k == j; });
+            if (isWanted) ofSome.emplace_back(i, j);
+        }
+    auto const n = static_cast<int>(some.size());
+    mgBoxIndex_c const &index = scene.index;
+    CheckList<mgIndexPair_c>("all", all, [&](auto &to) { return index.clashes(tol, to); });
+    CheckList<mgIndexPair_c>("some", ofSome,
+                             [&](auto &to) { return index.clashesOf(some.data(), n, tol, to); });
+}
+
+void CheckNear(Scene const &scene, mgBBox_c const &box, P const &p, double tol) {
+    CheckList<int>("box", loop(scene, [&](auto const &own) { return own.clash(&box, tol); }),
+                   [&](auto &to) { return scene.index.clashesWith(box, tol, to); });
+    CheckList<int>("point", loop(scene, [&](auto const &own) { return own.containsPoint(p, tol); }),
+                   [&](auto &to) { return scene.index.around(p, tol, to); });
+}
+
+void CheckLine(Scene const &scene, P const &p, U const &dir) {
+    CheckList<int>("line", loop(scene, [&](auto const &own) { return own.isRayHit(p, dir); }),
+                   [&](auto &to) { return scene.index.onLine(p, dir, to); });
+    int first = -1;
+    P nearest(9, 9, 9), hit = nearest, same = p;
+    for (int i = 0; i < scene.count(); ++i) {
+        P at;
+        if (scene.inCommonFrame(i).getFirstRayHit(p, dir, &at) == 0) continue;
+        if (first >= 0 && (at - p).len() >= (nearest - p).len()) continue;
+        first = i;
+        nearest = at;
+    }
+    ASSERT_EQ(first, scene.index.firstOnRay(p, dir, &hit));
+    EXPECT_BITS_EQ(nearest, hit);
+    ASSERT_EQ(first, scene.index.firstOnRay(same, dir, &same));
+    EXPECT_BITS_EQ(first >= 0 ? nearest : p, same);
+}
+
+double anyTolerance(Random &random) {
+    double const tolerances[] = {0,  1e-8, -1e-8, 0.125,     -0.125,     1,
+                                 -2, 3,    1e9,   kInfinity, -kInfinity, kNaN};
+    return tolerances[random.below(12)];
+}
+
+/// Along an axis, nearly along it, towards a lattice point, or any; or hostile.
+U anyDirection(Random &random, P const &from) {
+    U dir;
+    P const to = latticePoint(random);
+    switch (random.below(8)) {
+    case 0:
+        return random.hostile<U>();
+    case 1:
+        dir.set(1e-8, above(-1e-8), 1);
+        return dir;
+    case 2:
+    case 3:
+        dir[random.below(3)] = random.below(3) - 1;
+        return dir;
+    case 4:
+        return direction(random);
+    default:
+        return {to.x() - from.x(), to.y() - from.y(), to.z() - from.z()};
+    }
+}
+
+/// Fields as they are, which a copy would change.
+void place(mgXform_c const &at, mgXform_c &x) { x.SetHelper(at.GetHelper()); }
+
+mgXform_c anyPlacement(Random &random) {
+    mgXform_c const frame = raw(random.below(2) == 0 ? mgMatrix_c() : placement(random).rotation());
+    mgXform_c const x = matingPlacement(random, frame);
+    double const scale = random.below(12) == 0 ? random.hostile() : x.scaling();
+    return raw(x.rotation(), x.translation(), scale);
+}
+
+void CheckAll(Scene const &scene, Random &random) {
+    Indices some;
+    for (int k = random.below(6); k > 0; --k) some.push_back(random.below(scene.count() + 2) - 1);
+    CheckClashes(scene, anyTolerance(random), some);
+    for (int k = 0; k < 4; ++k) {
+        P const p = latticePoint(random);
+        U const dir = anyDirection(random, p);
+        CheckNear(scene, latticeBox(random), p, anyTolerance(random));
+        CheckLine(scene, p, dir);
+        CheckLine(scene, p - 1e6 * dir, dir);
+    }
+}
+
+TEST(BoxIndex, AnswersAsTheLoopsAlsoAfterMoves) {
+    Random random;
+    for (int round = 0; round < 250 && !::testing::Test::HasFailure(); ++round) {
+        SCOPED_TRACE(round);
+        mg_SetUseVectorUnits(round % 3 != 0);
+        int const counts[] = {0, 1, 7, 8, 9, 50, 80};
+        std::vector<mgBBox_c> boxes(static_cast<std::size_t>(counts[random.below(7)]));
+        for (mgBBox_c &box : boxes) box = latticeBox(random);
+        Scene scene(boxes, round % 2 == 0);
+        if (scene.placements)
+            for (int i = 0; i < scene.count(); ++i) place(anyPlacement(random), scene.placement(i));
+        scene.build();
+        CheckAll(scene, random);
+        for (int k = scene.count() / 5; k > 0; --k) {
+            int const i = random.below(scene.count());
+            scene.box(i) = latticeBox(random);
+            scene.index.move(i, scene.box(i));
+            if (!scene.placements) continue;
+            int const j = random.below(scene.count());
+            place(anyPlacement(random), scene.placement(j));
+            scene.index.place(j, scene.placement(j));
+        }
+        CheckAll(scene, random);
+    }
+    mg_SetUseVectorUnits(1);
+}
+
+TEST(BoxIndex, ManyBoxesGiveLongLists) {
+    Random random;
+    std::vector<mgBBox_c> boxes;
+    for (int k = 0; k < 1000; ++k) {
+        P const low(k % 10, k / 10 % 10, k / 100);
+        boxes.emplace_back(low, low + V(1, 1, 1));
+    }
+    for (int k = 999; k > 0; --k) std::swap(boxes.data()[k], boxes.data()[random.below(k + 1)]);
+    Scene scene(boxes, false);
+    scene.build();
+    for (int const simd : {0, 1}) {
+        mg_SetUseVectorUnits(simd);
+        CheckClashes(scene, 0, {3, 999, 3, 500});
+        CheckNear(scene, cube(2, 8), P(4, 5, 6), 3);
+        CheckLine(scene, P(-1, -1, -1), U(1, 1, 1)); // enters through a corner
+        CheckLine(scene, P(5.5, 5.5, 20), U(0.1, 0, -1));
+        CheckLine(scene, P(5, 5, 5), U(1, 0, 0)); // four boxes at the same distance
+    }
+}
+
+TEST(BoxIndex, RoundingFarFromTheOriginLosesNothing) {
+    Random random;
+    for (double const offset : {1e3, 1e9, -1e15, 1e30}) {
+        std::vector<mgBBox_c> boxes;
+        for (int k = 0; k < 100; ++k) {
+            P low = random.triple<P>(-4, 4);
+            low.set_x(low.x() + offset);
+            boxes.emplace_back(low, low + V(0, 1, 1) + V(offset * 1e-15, 0, 0));
+        }
+        Scene scene(boxes, false);
+        scene.build();
+        for (int k = 0; k < 100; ++k) {
+            mgBBox_c const box = scene.box(k);
+            CheckNear(scene, box, box.high(), k % 2 * 1e-8);
+            CheckLine(scene, P(box.center().x(), -1e5, box.center().z()), U(0, 1, 1e-5));
+            CheckLine(scene, P(-offset, 0, 0), U(offset, random.unit(), random.unit()));
+        }
+    }
+}
+
+TEST(BoxIndex, CrossedRodsThatAreApartInTheWorldsAxesAreFound) {
+    double const eighth = std::acos(-1.0) / 4;
+    Scene scene({{P(-2, -0.1, -0.1), P(2, 0.1, 0.1)}, {P(-0.1, -2, -0.1), P(0.1, 2, 0.1)}}, true);
+    place(mg_RestoreXform(mg_RotationMatrix(eighth, U(1, 0, 0), 0.0), V(), 1), scene.placement(0));
+    place(mg_RestoreXform(mg_RotationMatrix(eighth, U(0, 1, 0), 0.0), V(0, 0, 0.9), 1),
+          scene.placement(1));
+    scene.build();
+    EXPECT_TRUE(scene.clashes(0, 1, 0));
+    CheckClashes(scene, kNaN, {1}); // the tolerance is ignored
+}
+
+TEST(BoxIndex, TheIndexOwnsItsBoxesAndIsMoved) {
+    std::vector<mgBBox_c> const boxes(9, cube(0, 1));
+    mgBoxIndex_c first;
+    suDynamicArray<int> which;
+    auto const numberAt = [&](mgBoxIndex_c const &index, double at) {
+        return index.around(P(at, at, at), 0, which);
+    };
+    P hit;
+    EXPECT_EQ(0, numberAt(first, 0));
+    EXPECT_EQ(-1, first.firstOnRay(P(), U(1, 0, 0), &hit));
+    EXPECT_EQ(1, first.build(boxes.data(), nullptr, 9));
+    for (int const i : {-1, 9, std::numeric_limits<int>::min()}) first.move(i, cube(5, 6));
+    first.place(0, mg_TranslateXform(V(5, 5, 5))); // without placements: ignored
+    EXPECT_EQ(9, numberAt(first, 0.5));
+    first.move(8, cube(5, 6));
+    EXPECT_EQ(1, numberAt(first, 5.5));
+    EXPECT_EQ(8, which[0]);
+
+    mgBoxIndex_c second = std::move(first);
+    EXPECT_EQ(0, numberAt(first, 0.5)); // NOLINT: empty and usable
+    EXPECT_EQ(8, numberAt(second, 0.5));
+    first = std::move(second);
+    first = std::move(static_cast<mgBoxIndex_c &>(first)); // itself
+    EXPECT_EQ(8, numberAt(first, 0.5));
+    EXPECT_EQ(1, first.build(nullptr, nullptr, -1));
+    EXPECT_EQ(0, numberAt(first, 0.5));
+}
+
+} // namespace
