@@ -153,11 +153,11 @@ void printChanges(std::string const &document, std::vector<std::string> const &c
     printHeading("changed since " + printable(document), changes.size());
     for (std::string const &change : changes) fmt::print("  {}\n", printable(change));
     printPairs("new clashing pairs", "-", update.added.clashing, update.names);
-    printPairs("clashing pairs no longer", "-", update.gone.clashing, update.names);
+    printPairs("gone clashing pairs", "-", update.gone.clashing, update.names);
     printPairs("new touching pairs", "-", update.added.touching, update.names);
-    printPairs("touching pairs no longer", "-", update.gone.touching, update.names);
+    printPairs("gone touching pairs", "-", update.gone.touching, update.names);
     printPairs("new containments", "contains", update.added.containing, update.names);
-    printPairs("containments no longer", "contained", update.gone.containing, update.names);
+    printPairs("gone containments", "contained", update.gone.containing, update.names);
 }
 
 void printViews(Assembly const &assembly, CheckResult const &result) {
