@@ -46,7 +46,7 @@ struct WideXform {
     }
 
     VEXMATH_AVX2_STEP WideXform inverse() const {
-        WideRows const turnedBack = orthonormalised(transposed(rows));
+        WideRows const turnedBack = orthonormalised(transposed(rows), rows);
         double const back = scales(scale) ? 1.0 / scale : 1.0;
         return {{turnedBack, times(opposite(translation), turnedBack) * all(back)}, back};
     }

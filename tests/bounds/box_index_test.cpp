@@ -11,7 +11,7 @@
 
 namespace {
 
-using namespace support;
+using namespace common;
 using P = mgPoint_c;
 using V = mgVector_c;
 using U = mgUnitVector_c;

@@ -6,7 +6,7 @@
 
 #include "bounds/boxes.h"
 
-namespace support {
+namespace common {
 
 /// A corner coordinate on a small lattice, or off it by what rounding and tolerances decide.
 inline double latticeNumber(Random &random) {
@@ -45,6 +45,6 @@ inline mgXform_c matingPlacement(Random &random, mgXform_c const &frame) {
         shift * frame, scales[random.below(7)]);
 }
 
-} // namespace support
+} // namespace common
 
 #endif

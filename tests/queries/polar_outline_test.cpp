@@ -12,10 +12,16 @@ using common::above, common::kNaN, common::P;
 using Polar = std::pair<double, double>; // angle, radius
 using List = std::vector<Polar>;
 using Kept = std::vector<std::pair<double, std::size_t>>; // angle, index in the list given
-using Edge = suDynamicArray<P>;
+using Points = suDynamicArray<P>;
 constexpr double turn = vexmath::kTwoPiExact, half = turn / 2;
 
-void CheckEdge(int (*function)(Edge &, double), double tol, List const &given,
+/// An edge that keeps what it was told last.
+struct Edge : Points {
+    void elementsChanged(int first, int last) override { told = {first, last}; }
+    std::pair<int, int> told;
+};
+
+void CheckEdge(int (*function)(Points &, double), double tol, List const &given,
                Kept const &expected) {
     Edge edge;
     for (auto const &[angle, radius] : given) edge.Add(P(angle, radius, edge.Count()));
@@ -123,14 +129,10 @@ TEST(PolarEdge, ResultsHoldForAllEdges) {
 }
 
 TEST(PolarEdge, TellsOfItsPointsAndRefusesHostileOnes) {
-    struct Listening : Edge {
-        void elementsChanged(int first, int last) override { told = {first, last}; }
-        std::pair<int, int> told;
-    };
     common::Hostile any;
     for (auto *function : {mg_cleanupPolarEdge, mg_fixPolarConvolution})
         for (int round = 0; round < 3000; ++round) {
-            Listening edge;
+            Edge edge;
             EXPECT_EQ(0, function(edge, 0.1));
             bool isUsable = true;
             for (int i = 0; i < 5; ++i) {
