@@ -9,6 +9,8 @@
 
 #include <map>
 #include <system_error>
+#include <unordered_map>
+#include <utility>
 
 #include <fmt/core.h>
 
@@ -66,35 +68,52 @@ mgXform_c readPlacement(JsonValue const &value) {
     return mirror * scale * rotation * translation;
 }
 
-Part readPart(JsonValue const &value, fs::path const &folder) {
-    value.allowKeys({"name", "mesh", "placement"});
-    Part part;
-    part.name = value.at("name").text();
-    JsonValue const mesh = value.at("mesh");
-    part.meshFile = folder / mesh.text();
+/// Throws Failure when there is no such file.
+void refuseMissing(fs::path const &file, JsonValue const &mesh) {
     std::error_code error;
-    fs::file_status const status = fs::status(part.meshFile, error);
+    fs::file_status const status = fs::status(file, error);
     if (!fs::status_known(status)) {
-        mesh.fail(part.meshFile.string() + " cannot be read: " + error.message());
+        mesh.fail(file.string() + " cannot be read: " + error.message());
     }
-    if (!fs::is_regular_file(status)) mesh.fail("there is no file " + part.meshFile.string());
-    if (auto const placement = value.find("placement")) part.placement = readPlacement(*placement);
-    return part;
+    if (!fs::is_regular_file(status)) mesh.fail("there is no file " + file.string());
 }
 
-std::vector<Part> readParts(JsonValue const &list, fs::path const &folder) {
+/// Parts without their meshes, and the mesh files as the parts name them.
+struct PartList {
     std::vector<Part> parts;
-    std::map<std::string, std::string> placeOfName;
-    for (JsonValue const &entry : list.list()) {
-        Part part = readPart(entry, folder);
-        auto const [first, isNew] = placeOfName.emplace(part.name, entry.place());
-        if (!isNew) {
-            entry.at("name").fail(
-                fmt::format("\"{}\" is the name of {} already", part.name, first->second));
+    std::vector<std::size_t> fileOfPart;
+    std::vector<fs::path> files; ///< as found from the current folder
+};
+
+PartList readParts(JsonValue const &list, fs::path const &folder) {
+    std::vector<JsonValue> const entries = list.list();
+    PartList result;
+    result.parts.reserve(entries.size());
+    std::unordered_map<std::string, std::size_t> entryOfName;
+    std::unordered_map<std::string, std::size_t> numberOfFile;
+    Progress progress("reading parts", entries.size());
+    for (JsonValue const &entry : entries) {
+        progress.step();
+        entry.allowKeys({"name", "mesh", "placement"});
+        Part &part = result.parts.emplace_back();
+        part.name = entry.at("name").text();
+        JsonValue const mesh = entry.at("mesh");
+        auto const [file, isNewFile] = numberOfFile.emplace(mesh.text(), result.files.size());
+        if (isNewFile) {
+            result.files.push_back(folder / mesh.text());
+            refuseMissing(result.files.back(), mesh);
         }
-        parts.push_back(std::move(part));
+        result.fileOfPart.push_back(file->second);
+        if (auto const placement = entry.find("placement")) {
+            part.placement = readPlacement(*placement);
+        }
+        auto const [first, isNewName] = entryOfName.emplace(part.name, entryOfName.size());
+        if (!isNewName) {
+            entry.at("name").fail(fmt::format("\"{}\" is the name of {} already", part.name,
+                                              entries[first->second].place()));
+        }
     }
-    return parts;
+    return result;
 }
 
 /// Does the box reach no farther than 1e8 from the origin along each axis? Beyond that, the library
@@ -105,17 +124,24 @@ bool isInReach(mgBBox_c const &box) {
            && reach.containsPoint(box.high(), 0.0);
 }
 
-void readMeshes(Assembly &assembly) {
-    std::map<fs::path, std::shared_ptr<Mesh const>> meshes;
-    Progress progress("reading meshes", assembly.parts.size());
+/// Reads each file once, although it may be named in several ways.
+std::vector<std::shared_ptr<Mesh const>> readMeshes(std::vector<fs::path> const &files) {
+    std::vector<std::shared_ptr<Mesh const>> meshes;
+    std::map<fs::path, std::shared_ptr<Mesh const>> meshOf;
+    Progress progress("reading meshes", files.size());
+    for (fs::path const &file : files) {
+        progress.step(file.filename().string());
+        std::shared_ptr<Mesh const> &mesh = meshOf[fs::canonical(file)];
+        if (!mesh) mesh = std::make_shared<Mesh const>(readMesh(file));
+        meshes.push_back(mesh);
+    }
+    return meshes;
+}
+
+void placeParts(Assembly &assembly) {
     for (std::size_t i = 0; i < assembly.parts.size(); ++i) {
         Part &part = assembly.parts[i];
-        progress.step(part.meshFile.filename().string());
-        // One file may be named in several ways.
-        std::shared_ptr<Mesh const> &mesh = meshes[fs::canonical(part.meshFile)];
-        if (!mesh) mesh = std::make_shared<Mesh const>(readMesh(part.meshFile));
-        part.mesh = mesh;
-        part.placed = mesh->bounds;
+        part.placed = part.mesh->bounds;
         part.placed *= part.placement;
         if (!isInReach(part.placed)) {
             throw Failure(assembly.file,
@@ -126,19 +152,31 @@ void readMeshes(Assembly &assembly) {
     }
 }
 
-} // namespace
-
-Assembly readAssembly(std::string const &file) {
-    JsonValue const top = JsonValue::readFrom(file);
+/// Reads the assembly file; its values are gone from memory before the meshes come.
+PartList readList(Assembly &assembly) {
+    Progress progress("reading", 1);
+    progress.step(assembly.file);
+    JsonValue const top = JsonValue::readFrom(assembly.file);
     top.allowKeys({"name", "clash_tolerance", "parts"});
-    Assembly assembly;
-    assembly.file = file;
     assembly.name = top.at("name").text();
     JsonValue const tolerance = top.at("clash_tolerance");
     assembly.clashTolerance = tolerance.number();
     if (assembly.clashTolerance < 0.0) tolerance.fail("must not be negative");
-    assembly.parts = readParts(top.at("parts"), fs::path(file).parent_path());
-    readMeshes(assembly);
+    return readParts(top.at("parts"), fs::path(assembly.file).parent_path());
+}
+
+} // namespace
+
+Assembly readAssembly(std::string const &file) {
+    Assembly assembly;
+    assembly.file = file;
+    PartList list = readList(assembly);
+    auto const meshes = readMeshes(list.files);
+    for (std::size_t i = 0; i < list.parts.size(); ++i) {
+        list.parts[i].mesh = meshes[list.fileOfPart[i]];
+    }
+    assembly.parts = std::move(list.parts);
+    placeParts(assembly);
     return assembly;
 }
 

@@ -6,7 +6,6 @@
 
 #include "mesh.h"
 
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -18,7 +17,6 @@ namespace assembly {
 
 struct Part {
     std::string name;
-    std::filesystem::path meshFile;   ///< as found from the current folder
     mgXform_c placement;              ///< from the mesh's coordinates to the assembly's
     std::shared_ptr<Mesh const> mesh; ///< one for all parts made from the same file
     mgBBox_c placed;                  ///< the mesh's bounds in the assembly

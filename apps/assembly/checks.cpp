@@ -1,13 +1,19 @@
 // SPDX-License-Identifier: MIT
-// What is checked of an assembly: contacts, a drilling path, a pick and a section.
+// What is checked of an assembly besides its contacts: drilling, a pick and a section.
 
 #include "checks.h"
 
+#include "edges.h"
 #include "report.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
+#include <iterator>
+#include <map>
 #include <utility>
 
+#include <vexmath/mg_planar.h>
 #include <vexmath/mg_queries.h>
 #include <vexmath/mg_transform.h>
 #include <vexmath/mg_vector.h>
@@ -17,62 +23,20 @@ namespace assembly {
 
 namespace {
 
-// Contacts.
+// Drilling.
 
-/// A part prepared for tests against many others: its bounds in its own frame at their final size,
-/// and the rigid motion, mirrored or not, from that frame into the assembly.
-///
-/// The scale leaves the placement because the placed clash compares the two spheres at the size at
-/// which they are given, and because the tolerance is a length of the assembly.
-struct Body {
-    mgBBox_c sized;
-    mgBBox_c grown;  ///< by half the tolerance: two that do not meet are farther apart than it
-    mgBBox_c shrunk; ///< by half the tolerance: two that meet overlap by more than it
-    mgXform_c motion;
-};
-
-Body bodyOf(Part const &part, double tolerance) {
-    mgBBox_c sized = part.mesh->bounds;
-    sized *= mg_ScaleXform(part.placement.scaling());
-    Body body{sized, sized, sized, mg_ScaleXform(part.placement, 1.0)}; // replaces the scale
-    body.grown += 0.5 * tolerance;
-    body.shrunk += -0.5 * tolerance;
-    return body;
-}
-
-/// Asked in the frame of the outer part, where its box fits best.
-bool contains(Body const &outer, Body const &inner) {
-    constexpr double kNoShrink = 0.0; // the inner box keeps its size
-    mgBBox_c inOuterFrame = inner.sized;
-    inOuterFrame *= inner.motion * outer.motion.inverse();
-    return outer.sized.containsBBox(&inOuterFrame, kNoShrink) != 0;
-}
-
-Contacts findContacts(std::vector<Part> const &parts, double tolerance) {
-    std::vector<Body> bodies;
-    bodies.reserve(parts.size());
-    for (Part const &part : parts) bodies.push_back(bodyOf(part, tolerance));
-
-    Contacts contacts;
-    Progress progress("checking pairs", parts.size() * (parts.size() - 1) / 2);
-    for (std::size_t i = 0; i < bodies.size(); ++i) {
-        for (std::size_t j = i + 1; j < bodies.size(); ++j) {
-            progress.step();
-            Body const &a = bodies[i];
-            Body const &b = bodies[j];
-            if (!mgBBox_c::clash(a.grown, a.motion, b.grown, b.motion)) continue;
-            bool const overlap = mgBBox_c::clash(a.shrunk, a.motion, b.shrunk, b.motion) != 0;
-            (overlap ? contacts.clashing : contacts.touching).push_back({i, j});
-            if (contains(a, b)) contacts.containing.push_back({i, j});
-            if (contains(b, a)) contacts.containing.push_back({j, i});
-        }
+DrillingOrder inOrder(std::vector<std::size_t> const &bolts,
+                      suDynamicArray<mgPoint_c> const &centres, suDynamicArray<int> const &order) {
+    DrillingOrder drilling;
+    for (int i = 0; i < order.Count(); ++i) {
+        drilling.bolts.push_back(bolts[static_cast<std::size_t>(order[i])]);
+        drilling.centres.push_back(centres[order[i]]);
+        if (i > 0) drilling.length += dist(centres[order[i - 1]], centres[order[i]]);
     }
-    return contacts;
+    return drilling;
 }
 
-// Drilling path.
-
-DrillingPath findDrillingPath(std::vector<Part> const &parts) {
+Drilling findDrilling(std::vector<Part> const &parts) {
     std::vector<std::size_t> bolts;
     suDynamicArray<mgPoint_c> centres;
     for (std::size_t i = 0; i < parts.size(); ++i) {
@@ -80,16 +44,19 @@ DrillingPath findDrillingPath(std::vector<Part> const &parts) {
         bolts.push_back(i);
         centres.Add(parts[i].placed.center());
     }
+    Drilling drilling{bolts.size(), {}, {}};
+    if (bolts.empty() || bolts.size() > Drilling::kMostBolts) return drilling;
+
+    Progress progress("putting bolts in order", 2);
+    progress.step("for a path");
     suDynamicArray<int> order;
     mg_OpenTSP(centres, order);
-
-    DrillingPath path;
-    for (int i = 0; i < order.Count(); ++i) {
-        path.bolts.push_back(bolts[static_cast<std::size_t>(order[i])]);
-        path.centres.push_back(centres[order[i]]);
-        if (i > 0) path.length += dist(centres[order[i - 1]], centres[order[i]]);
-    }
-    return path;
+    drilling.path = inOrder(bolts, centres, order);
+    progress.step("for a tour");
+    mg_ClosedTSP(centres, order);
+    drilling.tour = inOrder(bolts, centres, order);
+    drilling.tour.length += dist(drilling.tour.centres.back(), drilling.tour.centres.front());
+    return drilling;
 }
 
 // Pick.
@@ -168,22 +135,116 @@ std::vector<mgPoint_c> outlineOf(mgBBox_c const &box, mgPlane_c const &plane) {
     return corners;
 }
 
+/// Where the plane crosses an edge of a mesh. The edge is named by its vertices, the lower one
+/// first, so that the triangles on both sides of it find the same point, to the bit.
+struct Crossing {
+    std::pair<std::uint32_t, std::uint32_t> edge;
+    mgPoint_c point;
+};
+
 /// The plane enters each triangle that it cuts on one side and leaves it on another.
-std::vector<Edge> outlineOf(Mesh const &mesh, mgPlane_c const &plane) {
-    std::vector<Edge> outline;
+using Piece = std::array<Crossing, 2>;
+
+std::vector<Piece> piecesOf(Mesh const &mesh, mgPlane_c const &plane) {
+    std::vector<Piece> pieces;
     for (Mesh::Triangle const &t : mesh.triangles) {
-        mgPoint_c ends[3];
-        int count = 0;
+        std::array<Crossing, 3> crossings;
+        std::size_t count = 0;
         for (std::size_t i = 0; i < 3; ++i) {
-            Edge const side = {mesh.vertices[t[i]], mesh.vertices[t[(i + 1) % 3]]};
-            count += crosses(plane, side, ends[count]);
+            auto const [from, to] = std::minmax(t[i], t[(i + 1) % 3]);
+            Edge const side = {mesh.vertices[from], mesh.vertices[to]};
+            if (!crosses(plane, side, crossings[count].point)) continue;
+            crossings[count++].edge = {from, to};
         }
-        if (count == 2) outline.push_back({ends[0], ends[1]});
+        if (count == 2) pieces.push_back({crossings[0], crossings[1]});
     }
-    return outline;
+    return pieces;
 }
 
-Section findSection(std::vector<Part> const &parts, mgPlane_c const &plane) {
+/// Joins pieces that end at the same edges.
+class OutlineJoiner {
+public:
+    explicit OutlineJoiner(std::vector<Piece> pieces)
+        : pieces_(std::move(pieces)), isUsed_(pieces_.size(), false) {
+        for (std::size_t i = 0; i < pieces_.size(); ++i) {
+            for (Crossing const &end : pieces_[i]) pieceAt_.emplace(end.edge, i);
+        }
+    }
+
+    std::vector<std::vector<mgPoint_c>> join() {
+        std::vector<std::vector<mgPoint_c>> outlines;
+        for (std::size_t i = 0; i < pieces_.size(); ++i) {
+            if (!isUsed_[i]) outlines.push_back(outlineFrom(i));
+        }
+        return outlines;
+    }
+
+private:
+    using MeshEdge = decltype(Crossing::edge);
+
+    std::vector<mgPoint_c> outlineFrom(std::size_t piece) {
+        auto const &[first, second] = pieces_[piece];
+        isUsed_[piece] = true;
+        std::vector<mgPoint_c> outline{first.point, second.point};
+        if (follow(second.edge, outline) == first.edge) {
+            outline.pop_back(); // the first point again
+            return outline;
+        }
+        // The mesh has a gap here: the outline goes on at its other end.
+        std::reverse(outline.begin(), outline.end());
+        follow(first.edge, outline);
+        return outline;
+    }
+
+    /// Adds the pieces that follow each other from an edge on. Returns the edge where they end.
+    MeshEdge follow(MeshEdge edge, std::vector<mgPoint_c> &outline) {
+        while (true) {
+            auto const [begin, end] = pieceAt_.equal_range(edge);
+            auto const next = std::find_if(
+                begin, end, [this](auto const &entry) { return !isUsed_[entry.second]; });
+            if (next == end) return edge;
+            isUsed_[next->second] = true;
+            Piece const &piece = pieces_[next->second];
+            Crossing const &farEnd = piece[0].edge == edge ? piece[1] : piece[0];
+            outline.push_back(farEnd.point);
+            edge = farEnd.edge;
+        }
+    }
+
+    std::vector<Piece> const pieces_;
+    std::vector<bool> isUsed_;
+    std::multimap<MeshEdge, std::size_t> pieceAt_; // by both of its ends
+};
+
+/// Gives each part the first angle that none of the parts before it has that clash or touch it.
+void chooseHatches(std::vector<PartCut> &cuts, Contacts const &contacts) {
+    // Any two differ by 30 degrees or more. None is level or upright, as outlines often are.
+    constexpr double kDegrees[] = {45.0, 135.0, 75.0, 165.0, 15.0, 105.0};
+    std::map<std::size_t, std::size_t> cutOfPart;
+    for (std::size_t i = 0; i < cuts.size(); ++i) cutOfPart[cuts[i].part] = i;
+    std::vector<std::vector<std::size_t>> before(cuts.size()); // neighbours, by their cuts
+    for (auto const *const pairs : {&contacts.clashing, &contacts.touching}) {
+        for (auto const &[first, second] : *pairs) {
+            auto const a = cutOfPart.find(first);
+            auto const b = cutOfPart.find(second);
+            if (a == cutOfPart.end() || b == cutOfPart.end()) continue;
+            before[std::max(a->second, b->second)].push_back(std::min(a->second, b->second));
+        }
+    }
+    for (std::size_t i = 0; i < cuts.size(); ++i) {
+        auto const uses = [&](double degrees) {
+            return std::count_if(before[i].begin(), before[i].end(), [&](std::size_t neighbour) {
+                return cuts[neighbour].hatchDegrees == degrees;
+            });
+        };
+        cuts[i].hatchDegrees =
+            *std::min_element(std::begin(kDegrees), std::end(kDegrees),
+                              [&](double a, double b) { return uses(a) < uses(b); });
+    }
+}
+
+Section findSection(std::vector<Part> const &parts, mgPlane_c const &plane,
+                    Contacts const &contacts) {
     constexpr double kLeastTolerance = 0.0; // the library's own is used instead
     constexpr std::size_t kLeastCorners = 3;
     Section section{plane, {}};
@@ -195,24 +256,31 @@ Section findSection(std::vector<Part> const &parts, mgPlane_c const &plane) {
         local *= part.placement.inverse();
         if (!part.mesh->bounds.clash(local, kLeastTolerance)) continue;
 
-        PartCut cut{i, outlineOf(part.mesh->bounds, local), outlineOf(*part.mesh, local)};
+        PartCut cut{i, outlineOf(part.mesh->bounds, local), {}, 0.0};
         if (cut.boxOutline.size() < kLeastCorners) continue; // touched from below, not cut
         for (mgPoint_c &corner : cut.boxOutline) corner *= part.placement;
-        for (Edge &edge : cut.meshOutline) edge = moved(edge, part.placement);
+        cut.outlines = OutlineJoiner(piecesOf(*part.mesh, local)).join();
+        for (auto &outline : cut.outlines) {
+            for (mgPoint_c &corner : outline) corner *= part.placement;
+        }
         section.cuts.push_back(std::move(cut));
     }
+    chooseHatches(section.cuts, contacts);
     return section;
 }
 
 } // namespace
 
-CheckResult check(Assembly const &assembly, std::optional<PanelPoint> const &pickAt,
+CheckResult check(Assembly const &assembly, Contacts contacts,
+                  std::optional<PanelPoint> const &pickAt,
                   std::optional<mgPlane_c> const &sectionPlane) {
     CheckResult result;
-    result.contacts = findContacts(assembly.parts, assembly.clashTolerance);
-    result.drilling = findDrillingPath(assembly.parts);
+    result.contacts = std::move(contacts);
+    result.drilling = findDrilling(assembly.parts);
     if (pickAt) result.pick = findPick(assembly, *pickAt);
-    if (sectionPlane) result.section = findSection(assembly.parts, *sectionPlane);
+    if (sectionPlane) {
+        result.section = findSection(assembly.parts, *sectionPlane, result.contacts);
+    }
     return result;
 }
 

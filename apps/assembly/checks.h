@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// What is checked of an assembly: contacts, a drilling path, a pick and a section. All of them use
-// the bounding volumes of the parts; only the outlines of a section use the meshes.
+// What is checked of an assembly besides its contacts: drilling, a pick and a section. All of them
+// use the bounding volumes of the parts; only the outlines of a section use the meshes.
 
 #ifndef ASSEMBLY_CHECKS_H
 #define ASSEMBLY_CHECKS_H
 
 #include "assembly.h"
-#include "edges.h"
+#include "contacts.h"
 #include "panel.h"
 
 #include <cstddef>
@@ -19,27 +19,21 @@
 
 namespace assembly {
 
-/// Two parts, as indices into the list of parts.
-struct PartPair {
-    std::size_t first = 0;
-    std::size_t second = 0;
-};
-
-/// Every pair of parts is tested. Bounding volumes enclose their parts: two parts of no pair do not
-/// overlap, although their boxes may share a corner. An exact test of the bodies is needed for the
-/// clashing pairs alone. With a tolerance of 0 there is no touching: parts that meet clash, except
-/// for boxes that share a single corner.
-struct Contacts {
-    std::vector<PartPair> clashing;   ///< overlapping by more than the tolerance
-    std::vector<PartPair> touching;   ///< within the tolerance of touching
-    std::vector<PartPair> containing; ///< the first contains the second
-};
-
-/// A short path through the centres of all bolts: of the parts whose names begin with "bolt".
-struct DrillingPath {
-    std::vector<std::size_t> bolts; ///< indices of parts, in the order of drilling
+/// An order of drilling: through the centres of all bolts.
+struct DrillingOrder {
+    std::vector<std::size_t> bolts; ///< indices of parts
     std::vector<mgPoint_c> centres; ///< of the bolts
     double length = 0.0;
+};
+
+/// Short orders for all bolts: for the parts whose names begin with "bolt". Both are empty when
+/// there are more bolts than kMostBolts, because the time grows with the square of their number.
+struct Drilling {
+    static constexpr std::size_t kMostBolts = 2000;
+
+    std::size_t bolts = 0; ///< how many there are
+    DrillingOrder path;    ///< from any bolt to any other
+    DrillingOrder tour; ///< back to the first one, for a drill that makes one piece after another
 };
 
 /// Where a line of sight enters the box of a part. The box is the one in the part's own frame,
@@ -62,7 +56,10 @@ struct Pick {
 struct PartCut {
     std::size_t part = 0;
     std::vector<mgPoint_c> boxOutline; ///< a convex polygon of three to six corners, in order
-    std::vector<Edge> meshOutline;     ///< the outline of the part itself, piece by piece
+    /// The outlines of the part itself, closed, with those of its holes. Where the mesh has a gap,
+    /// an outline is closed by a straight line.
+    std::vector<std::vector<mgPoint_c>> outlines;
+    double hatchDegrees = 0.0; ///< differs between parts that clash or touch, up to six of them
 };
 
 struct Section {
@@ -72,13 +69,14 @@ struct Section {
 
 struct CheckResult {
     Contacts contacts;
-    DrillingPath drilling;
+    Drilling drilling;
     std::optional<Pick> pick;
     std::optional<Section> section;
 };
 
 /// Checks all of it; a pick and a section only where they are asked for.
-CheckResult check(Assembly const &assembly, std::optional<PanelPoint> const &pickAt,
+CheckResult check(Assembly const &assembly, Contacts contacts,
+                  std::optional<PanelPoint> const &pickAt,
                   std::optional<mgPlane_c> const &sectionPlane);
 
 } // namespace assembly

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The document: bounds and placements of a checked assembly, stored through the archive.
+// The document: a checked assembly, stored through the archive.
 //
 // Geometry records carry no tag, length or version of their own, so the file begins with a header:
 //
@@ -15,6 +15,19 @@
 //     placement  raw form, 30 DWORDs
 //     bounds     10 DOUBLEs, in the part's own coordinates
 //     placed     10 DOUBLEs, in the assembly's
+//     stock      4 DOUBLEs: length, width, height, angle in degrees; from layout 2 on
+//
+// Then, from layout 2 on, the pairs of parts that clash, those that touch and those of which the
+// first contains the second, each as
+//
+//     INT        number of pairs
+//     2 x INT    for each pair: its parts, counted from 0
+//
+// and the drilling path and the drilling tour, each as
+//
+//     INT        number of bolts
+//     INT        for each bolt: its part, counted from 0
+//     DOUBLE     length
 //
 // A text is an INT with its length and that many BYTEs of UTF-8.
 //
@@ -25,8 +38,10 @@
 
 #include "files.h"
 
-#include <algorithm>
 #include <sstream>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
 
 #include <fmt/core.h>
 
@@ -37,7 +52,7 @@ namespace assembly {
 namespace {
 
 char const kMagic[] = {'V', 'X', 'A', 'S'};
-constexpr int kVersion = 1;
+constexpr int kVersion = 2;
 
 void writeText(su_CArchive &archive, std::string const &text) {
     archive << static_cast<int>(text.size());
@@ -62,12 +77,54 @@ std::string readText(su_CArchive &archive) {
     return text;
 }
 
-DocumentPart readPart(su_CArchive &archive) {
+void writePairs(su_CArchive &archive, std::vector<PartPair> const &pairs) {
+    archive << static_cast<int>(pairs.size());
+    for (auto const &[first, second] : pairs) {
+        archive << static_cast<int>(first) << static_cast<int>(second);
+    }
+}
+
+/// The number of a part, of so many.
+std::size_t readPartNumber(su_CArchive &archive, std::size_t count, std::string const &file) {
+    int const number = readInt(archive);
+    bool const isPart = number >= 0 && static_cast<std::size_t>(number) < count;
+    if (!isPart) throw Failure(file, "is damaged: it names a part that is not there");
+    return static_cast<std::size_t>(number);
+}
+
+std::vector<PartPair> readPairs(su_CArchive &archive, std::size_t partCount,
+                                std::string const &file) {
+    std::vector<PartPair> pairs;
+    for (int left = readInt(archive); left > 0; --left) {
+        std::size_t const first = readPartNumber(archive, partCount, file);
+        pairs.push_back({first, readPartNumber(archive, partCount, file)});
+    }
+    return pairs;
+}
+
+DocumentOrder readOrder(su_CArchive &archive) {
+    DocumentOrder order;
+    for (int left = readInt(archive); left > 0; --left) order.bolts.push_back(readInt(archive));
+    archive >> order.length;
+    return order;
+}
+
+void writeOrder(su_CArchive &archive, DocumentOrder const &order) {
+    archive << static_cast<int>(order.bolts.size());
+    for (int const bolt : order.bolts) archive << bolt;
+    archive << order.length;
+}
+
+DocumentPart readPart(su_CArchive &archive, int version) {
     DocumentPart part;
     part.name = readText(archive);
     archive >> part.placement;
     part.bounds.restore(archive);
     part.placed.restore(archive);
+    if (version > 1) {
+        DocumentStock &stock = part.stock.emplace();
+        archive >> stock.length >> stock.width >> stock.height >> stock.angleDegrees;
+    }
     return part;
 }
 
@@ -84,33 +141,49 @@ Document readFrom(su_CArchive &archive, std::string const &file) {
     Document document;
     archive >> document.clashTolerance;
     document.name = readText(archive);
-    for (int i = 0; i < partCount; ++i) document.parts.push_back(readPart(archive));
+    for (int i = 0; i < partCount; ++i) document.parts.push_back(readPart(archive, version));
+    if (version > 1) {
+        Contacts &contacts = document.contacts.emplace();
+        contacts.clashing = readPairs(archive, document.parts.size(), file);
+        contacts.touching = readPairs(archive, document.parts.size(), file);
+        contacts.containing = readPairs(archive, document.parts.size(), file);
+        document.drillingPath = readOrder(archive);
+        document.drillingTour = readOrder(archive);
+    }
     return document;
 }
 
-DocumentPart const *find(Document const &document, std::string const &name) {
-    auto const found =
-        std::find_if(document.parts.begin(), document.parts.end(),
-                     [&name](DocumentPart const &part) { return part.name == name; });
-    return found == document.parts.end() ? nullptr : &*found;
+DocumentStock stockOf(Part const &part) {
+    Stock const &stock = part.mesh->stock;
+    double const scale = part.placement.scaling();
+    return {scale * stock.length, scale * stock.width, scale * stock.height, stock.angleDegrees};
 }
 
-bool isPlacedAlike(DocumentPart const &a, DocumentPart const &b) {
+DocumentOrder orderOf(DrillingOrder const &drilling) {
+    DocumentOrder order{{}, drilling.length};
+    for (std::size_t const bolt : drilling.bolts) order.bolts.push_back(static_cast<int>(bolt));
+    return order;
+}
+
+bool isPlacedAlike(DocumentPart const &a, Part const &b) {
     return a.placement.equals(b.placement)
            && a.placement.isReflection() == b.placement.isReflection();
 }
 
 /// The spheres are not compared: they depend on the order of the vertices.
-bool hasSameBounds(DocumentPart const &a, DocumentPart const &b) {
-    return a.bounds.low() == b.bounds.low() && a.bounds.high() == b.bounds.high();
+bool hasSameBounds(DocumentPart const &a, Part const &b) {
+    return a.bounds.low() == b.mesh->bounds.low() && a.bounds.high() == b.mesh->bounds.high();
 }
 
 } // namespace
 
-Document documentOf(Assembly const &assembly) {
-    Document document{assembly.name, assembly.clashTolerance, {}};
+Document documentOf(Assembly const &assembly, CheckResult const &result) {
+    Document document{
+        assembly.name,   assembly.clashTolerance,       {},
+        result.contacts, orderOf(result.drilling.path), orderOf(result.drilling.tour)};
     for (Part const &part : assembly.parts) {
-        document.parts.push_back({part.name, part.placement, part.mesh->bounds, part.placed});
+        document.parts.push_back(
+            {part.name, part.placement, part.mesh->bounds, part.placed, stockOf(part)});
     }
     return document;
 }
@@ -128,7 +201,15 @@ std::string toBytes(Document document) {
         archive << part.placement;
         part.bounds.save(archive);
         part.placed.save(archive);
+        DocumentStock const stock = part.stock.value_or(DocumentStock{});
+        archive << stock.length << stock.width << stock.height << stock.angleDegrees;
     }
+    Contacts const contacts = document.contacts.value_or(Contacts());
+    writePairs(archive, contacts.clashing);
+    writePairs(archive, contacts.touching);
+    writePairs(archive, contacts.containing);
+    writeOrder(archive, document.drillingPath);
+    writeOrder(archive, document.drillingTour);
     return stream.str();
 }
 
@@ -145,19 +226,24 @@ Document readDocument(std::string const &file) {
     }
 }
 
-std::vector<std::string> changesBetween(Document const &earlier, Document const &now) {
+std::vector<std::string> changesBetween(Document const &earlier, Assembly const &now) {
+    std::unordered_map<std::string_view, DocumentPart const *> before;
+    for (DocumentPart const &part : earlier.parts) before.emplace(part.name, &part);
+    std::unordered_set<std::string_view> names;
     std::vector<std::string> changes;
-    for (DocumentPart const &part : now.parts) {
-        DocumentPart const *const before = find(earlier, part.name);
-        if (before == nullptr) {
+    for (Part const &part : now.parts) {
+        names.insert(part.name);
+        auto const found = before.find(part.name);
+        if (found == before.end()) {
             changes.push_back(part.name + " is new");
             continue;
         }
-        if (!isPlacedAlike(*before, part)) changes.push_back(part.name + " is placed differently");
-        if (!hasSameBounds(*before, part)) changes.push_back(part.name + " has another shape");
+        DocumentPart const &old = *found->second;
+        if (!isPlacedAlike(old, part)) changes.push_back(part.name + " is placed differently");
+        if (!hasSameBounds(old, part)) changes.push_back(part.name + " has another shape");
     }
     for (DocumentPart const &part : earlier.parts) {
-        if (find(now, part.name) == nullptr) changes.push_back(part.name + " is gone");
+        if (names.count(part.name) == 0) changes.push_back(part.name + " is gone");
     }
     return changes;
 }

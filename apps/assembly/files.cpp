@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <fstream>
-#include <iterator>
 #include <system_error>
 
 namespace assembly {
@@ -34,7 +33,15 @@ std::string readFile(fs::path const &file) {
     if (isFolder(file)) throw Failure(file.string(), "cannot be read: it is a folder");
     std::ifstream stream(file, std::ios::binary);
     if (!stream) throw Failure(file.string(), "cannot be opened: " + lastSystemError());
-    std::string content{std::istreambuf_iterator<char>(stream), {}};
+    // Block by block: a pipe does not know its size.
+    constexpr std::streamsize kBlock = 1 << 20;
+    std::string content;
+    while (stream) {
+        std::size_t const size = content.size();
+        content.resize(size + kBlock);
+        stream.read(&content[size], kBlock);
+        content.resize(size + static_cast<std::size_t>(stream.gcount()));
+    }
     if (stream.bad()) throw Failure(file.string(), "cannot be read: " + lastSystemError());
     return content;
 }

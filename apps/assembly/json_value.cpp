@@ -27,19 +27,54 @@ std::string withoutErrorNumber(std::string message) {
     return message;
 }
 
-json parse(std::string const &file) {
-    std::vector<std::set<std::string>> keysOfOpenObjects;
-    auto const refuseKeyTwice = [&](int, json::parse_event_t event, json &parsed) {
-        if (event == json::parse_event_t::object_start) keysOfOpenObjects.emplace_back();
-        if (event == json::parse_event_t::object_end) keysOfOpenObjects.pop_back();
-        if (event != json::parse_event_t::key) return true;
-        auto const key = parsed.get<std::string>();
-        bool const isNew = keysOfOpenObjects.back().insert(key).second;
-        if (!isNew) throw Failure(file, fmt::format("key \"{}\" occurs twice in one object", key));
+/// Looks at the keys of a text, and builds nothing. A callback of the parser would see them, too,
+/// but then the parser takes quadratic time for a long list of objects.
+class KeyCheck : public json::json_sax_t {
+public:
+    /// Throws Failure on a key that occurs twice in one object. Stops at an error of syntax.
+    static void refuseKeyTwice(std::string const &text, std::string const &file) {
+        KeyCheck check(file);
+        json::sax_parse(text, &check);
+    }
+
+    bool start_object(std::size_t) override {
+        keysOfOpenObjects_.emplace_back();
         return true;
-    };
+    }
+    bool key(std::string &key) override {
+        bool const isNew = keysOfOpenObjects_.back().insert(key).second;
+        if (isNew) return true;
+        throw Failure(file_, fmt::format("key \"{}\" occurs twice in one object", key));
+    }
+    bool end_object() override {
+        keysOfOpenObjects_.pop_back();
+        return true;
+    }
+    bool null() override { return true; }
+    bool boolean(bool) override { return true; }
+    bool number_integer(json::number_integer_t) override { return true; }
+    bool number_unsigned(json::number_unsigned_t) override { return true; }
+    bool number_float(double, std::string const &) override { return true; }
+    bool string(std::string &) override { return true; }
+    bool binary(json::binary_t &) override { return true; }
+    bool start_array(std::size_t) override { return true; }
+    bool end_array() override { return true; }
+    bool parse_error(std::size_t, std::string const &, json::exception const &) override {
+        return false;
+    }
+
+private:
+    explicit KeyCheck(std::string const &file) : file_(file) {}
+
+    std::string const &file_;
+    std::vector<std::set<std::string>> keysOfOpenObjects_;
+};
+
+json parse(std::string const &file) {
+    std::string const text = readFile(file);
+    KeyCheck::refuseKeyTwice(text, file);
     try {
-        return json::parse(readFile(file), refuseKeyTwice);
+        return json::parse(text);
     } catch (json::exception const &error) {
         throw Failure(file, withoutErrorNumber(error.what()));
     }
@@ -82,6 +117,7 @@ std::optional<JsonValue> JsonValue::find(char const *key) const {
 std::vector<JsonValue> JsonValue::list() const {
     if (!value_->is_array() || value_->empty()) fail("must be a list with at least one entry");
     std::vector<JsonValue> entries;
+    entries.reserve(value_->size());
     for (json const &entry : *value_) {
         entries.push_back({file_, entry, fmt::format("{}[{}]", place_, entries.size())});
     }

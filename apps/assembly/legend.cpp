@@ -3,6 +3,8 @@
 
 #include "picture.h"
 
+#include "report.h"
+
 #include <algorithm>
 #include <map>
 #include <string>
@@ -28,14 +30,13 @@ std::string nameOf(Part const &part) {
 /// others. Returns where the list ends.
 template <class DrawEntry>
 double drawList(SvgPage &page, mgPoint_c const &start, std::string const &heading,
-                std::size_t count, DrawEntry drawEntry) {
-    constexpr std::size_t kMostListed = 30;
+                std::size_t count, DrawEntry drawEntry, std::size_t mostListed = 30) {
     mgVector_c const down(0.0, 22.0, 0.0);
     page.text(start, fmt::format("{}: {}", heading, count), {"heading"});
     mgPoint_c line = start + mgVector_c(0.0, 4.0, 0.0);
-    for (std::size_t i = 0; i < std::min(count, kMostListed); ++i) drawEntry(i, line += down);
-    if (count > kMostListed) {
-        page.text(line += down, fmt::format("and {} more", count - kMostListed));
+    for (std::size_t i = 0; i < std::min(count, mostListed); ++i) drawEntry(i, line += down);
+    if (count > mostListed) {
+        page.text(line += down, fmt::format("and {} more", count - mostListed));
     }
     return line.y();
 }
@@ -49,9 +50,11 @@ mgPoint_c nearestPoint(std::vector<Edge> const &outline, mgPoint_c const &p) {
     return nearest == outline.end() ? p : nearest->from;
 }
 
-/// The number of a part, counted from 1, in a ring of its colour.
+/// The number of a part, counted from 1, in a ring of its colour. Higher numbers do not fit.
 void drawBalloon(SvgPage &page, mgPoint_c const &centre, std::size_t part) {
+    constexpr std::size_t kHighestNumber = 999;
     page.circle(centre, kBalloonRadius, {"balloon", part});
+    if (part >= kHighestNumber) return;
     page.text(centre + mgVector_c(0.0, 4.0, 0.0), std::to_string(part + 1), {"number middle"});
 }
 
@@ -66,9 +69,12 @@ double drawParts(SvgPage &page, mgPoint_c const &start, std::vector<Part> const 
                  std::vector<PartPair> const &clashing) {
     std::vector<bool> clashes(parts.size(), false);
     for (auto const &[first, second] : clashing) clashes[first] = clashes[second] = true;
+    mgVector_c const toSizes(265.0, 0.0, 0.0);
+    page.text(start + toSizes, "Stock size", {"heading"});
     return drawList(page, start, "Parts", parts.size(), [&](std::size_t i, mgPoint_c const &at) {
         std::string const note = clashes[i] ? " (clashes)" : "";
         drawNumbered(page, at, i, nameOf(parts[i]) + note, {clashes[i] ? "alarm" : ""});
+        page.text(at + toSizes, stockSize(parts[i]));
     });
 }
 
@@ -104,10 +110,11 @@ void drawBalloons(SvgPage &page, Panel const &panel, std::vector<PartOutline> co
 void drawKey(SvgPage &page, mgPoint_c const &start, CheckResult const &result) {
     mgVector_c const wide(24.0, 0.0, 0.0); // of each sign
     mgVector_c const half(0.0, 7.0, 0.0);
+    mgPoint_c lineStart = start;
     // Where the sign of an entry begins, after its meaning is written beside it.
     auto const entry = [&](double x, std::string const &meaning) {
-        page.text(start + mgVector_c(x + 32.0, 0.0, 0.0), meaning);
-        return start + mgVector_c(x, -5.0, 0.0);
+        page.text(lineStart + mgVector_c(x + 32.0, 0.0, 0.0), meaning);
+        return lineStart + mgVector_c(x, -5.0, 0.0);
     };
     auto const line = [&](mgPoint_c const &sign, Style const &style) {
         page.line(sign, sign + wide, style);
@@ -120,26 +127,43 @@ void drawKey(SvgPage &page, mgPoint_c const &start, CheckResult const &result) {
     area(entry(120.0, "its convex hull"), {"hull"});
     area(entry(270.0, "box"), {"box"});
     page.circle(entry(350.0, "bounding sphere") + 0.5 * wide, 9.0, {"sphere"});
-    area(entry(515.0, "where the boxes of two clashing parts overlap"), {"overlap"});
-    if (!result.drilling.bolts.empty()) {
-        mgPoint_c const sign = entry(880.0, "drilling path");
+    area(entry(515.0,
+               "least rectangle along the part's own z axis, where it is smaller than the box"),
+         {"stock"});
+    area(entry(1090.0, "where the boxes of two clashing parts overlap"), {"overlap"});
+
+    // Below, what only some pictures have, without gaps.
+    lineStart += mgVector_c(0.0, 26.0, 0.0);
+    double x = 0.0;
+    auto const next = [&](double width, std::string const &meaning) {
+        mgPoint_c const sign = entry(x, meaning);
+        x += width;
+        return sign;
+    };
+    if (!result.drilling.path.bolts.empty()) {
+        mgPoint_c const sign = next(145.0, "drilling path");
         line(sign, {"drill"});
         page.circle(sign, kHoleRadius, {"hole"});
+        line(next(285.0, "drilling tour, back to the first bolt"), {"tour"});
     }
     if (result.pick) {
-        mgPoint_c const sign = entry(1020.0, "line of sight, where it enters a box");
+        mgPoint_c const sign = next(300.0, "line of sight, where it enters a box");
         line(sign, {"sight"});
         page.circle(sign + 0.5 * wide, kEntryRadius, {"entry"});
     }
-    if (result.section) line(entry(1318.0, "plane of the section"), {"trace"});
+    if (result.section) {
+        line(next(185.0, "plane of the section"), {"trace"});
+        area(next(190.0, "outline of a box that is cut"), {"cutbox"});
+    }
 }
 
 void drawHits(SvgPage &page, mgPoint_c const &start, std::vector<Part> const &parts,
               std::vector<Hit> const &hits) {
-    drawList(page, start, "Hit, nearest first", hits.size(),
-             [&](std::size_t i, mgPoint_c const &at) {
-                 drawNumbered(page, at, hits[i].part, nameOf(parts[hits[i].part]));
-             });
+    constexpr std::size_t kMostBesidePanel = 20;
+    auto const drawHit = [&](std::size_t i, mgPoint_c const &at) {
+        drawNumbered(page, at, hits[i].part, nameOf(parts[hits[i].part]));
+    };
+    drawList(page, start, "Hit, nearest first", hits.size(), drawHit, kMostBesidePanel);
 }
 
 double drawLegend(SvgPage &page, double top, std::vector<Part> const &parts,
@@ -148,9 +172,9 @@ double drawLegend(SvgPage &page, double top, std::vector<Part> const &parts,
     auto const column = [&](double x) { return start + mgVector_c(x, 0.0, 0.0); };
     return std::max(
         {drawParts(page, start, parts, contacts.clashing),
-         drawPairs(page, column(280.0), "Clashing pairs", "–", contacts.clashing, parts),
-         drawPairs(page, column(670.0), "Touching pairs", "–", contacts.touching, parts),
-         drawPairs(page, column(1060.0), "Containments", "contains", contacts.containing, parts)});
+         drawPairs(page, column(480.0), "Clashing pairs", "–", contacts.clashing, parts),
+         drawPairs(page, column(840.0), "Touching pairs", "–", contacts.touching, parts),
+         drawPairs(page, column(1200.0), "Containments", "contains", contacts.containing, parts)});
 }
 
 } // namespace assembly

@@ -5,6 +5,7 @@
 
 #include "assembly.h"
 #include "checks.h"
+#include "contacts.h"
 #include "document.h"
 #include "exchange.h"
 #include "files.h"
@@ -18,8 +19,10 @@
 #include <exception>
 #include <filesystem>
 #include <optional>
+#include <set>
 #include <string>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include <CLI/CLI.hpp>
@@ -38,9 +41,11 @@ char const *const kPictureName = "assembly.svg";
 char const *const kDescription =
     "Reads the parts of an assembly, each a mesh file (.obj, .stl, .ply) with a placement, and\n"
     "checks which of their bounding volumes clash, touch and contain each other. Puts the parts\n"
-    "whose names begin with \"bolt\" in order for a drill. Prints a table and writes two files:\n"
+    "whose names begin with \"bolt\" in order for a drill, and finds the least blank of each "
+    "part.\n"
+    "Prints a table and writes two files:\n"
     "  assembly.svg  front, top and side view, clashes marked\n"
-    "  assembly.vxa  the bounds and placements, read back and compared";
+    "  assembly.vxa  bounds, placements, stock and drilling, read back and compared";
 
 char const *const kFooter =
     "Exit status: 0 when the assembly was checked, with clashes or without; 2 when something\n"
@@ -80,7 +85,7 @@ void addFiles(CLI::App &app, Options &options) {
     app.add_option("--import", options.importFile,
                    "Also read such a file, and list what its forms did not keep");
     app.add_option("--since", options.earlierDocument,
-                   "Also list the parts that changed since an earlier assembly.vxa");
+                   "Test what changed since an earlier assembly.vxa, and list only that");
 }
 
 /// Returns nothing when the run ends here, with the status to return: after the text of --help or
@@ -101,7 +106,7 @@ std::optional<Options> readOptions(int argc, char const *const *argv, int &statu
         ->type_name("X Y");
     std::optional<std::array<double, 6>> section;
     app.add_option("--section", section,
-                   "Also cut boxes and parts with the plane through P across the normal N")
+                   "Also cut and hatch the parts with the plane through P across the normal N")
         ->type_name("PX PY PZ NX NY NZ");
     try {
         app.parse(argc, argv);
@@ -120,9 +125,9 @@ void refuseOverwriting(fs::path const &exportFile, Assembly const &assembly) {
         std::error_code ignored; // a file that does not exist is no input
         return fs::equivalent(exportFile, input, ignored);
     };
-    bool const isInput = isExport(assembly.file)
-                         || std::any_of(assembly.parts.begin(), assembly.parts.end(),
-                                        [&](Part const &part) { return isExport(part.meshFile); });
+    std::set<fs::path> inputs{assembly.file};
+    for (Part const &part : assembly.parts) inputs.insert(part.mesh->file);
+    bool const isInput = std::any_of(inputs.begin(), inputs.end(), isExport);
     if (isInput) throw Failure(exportFile.string(), "would be overwritten: it is read as input");
 }
 
@@ -136,35 +141,52 @@ std::vector<NamedTransform> transformsOf(Assembly const &assembly) {
 
 /// Stages the document and proves it: what a reader gets back is the same, bit for bit.
 void stageDocument(OutputFiles &output, fs::path const &file, Document const &document) {
+    Progress progress("storing", 2);
+    progress.step("the document");
     std::string const bytes = toBytes(document);
     std::string const stored = output.stage(file, bytes).string();
+    progress.step("and reading it back");
     if (toBytes(readDocument(stored)) != bytes) throw Failure(stored, "reads back differently");
 }
 
 void run(Options const &options) {
-    Assembly const assembly = readAssembly(options.assemblyFile);
-    refuseOverwriting(options.exportFile, assembly);
-    CheckResult const result = check(assembly, options.pick, options.section);
-    Document const document = documentOf(assembly);
-    std::vector<NamedTransform> const transforms = transformsOf(assembly);
-
-    // Everything is read before the first file is written.
-    std::vector<std::string> changes;
-    std::vector<Loss> losses;
     bool const compares = !options.earlierDocument.empty();
     bool const imports = !options.importFile.empty();
-    if (compares) changes = changesBetween(readDocument(options.earlierDocument), document);
+    bool const exports = !options.exportFile.empty();
+
+    Assembly const assembly = readAssembly(options.assemblyFile);
+    refuseOverwriting(options.exportFile, assembly);
+    ContactUpdate update;
+    std::vector<std::string> changes;
+    if (compares) {
+        Document const earlier = readDocument(options.earlierDocument);
+        update = updateContacts(earlier, assembly);
+        changes = changesBetween(earlier, assembly);
+    } else {
+        update.now = findContacts(assembly);
+    }
+    CheckResult const result =
+        check(assembly, std::move(update.now), options.pick, options.section);
+
+    // Everything is read before the first file is written.
+    std::vector<NamedTransform> transforms;
+    if (imports || exports) transforms = transformsOf(assembly);
+    std::vector<Loss> losses;
     if (imports) losses = readExchange(options.importFile, transforms);
 
     makeFolder(options.outFolder);
     OutputFiles output;
-    stageDocument(output, options.outFolder / kDocumentName, document);
+    stageDocument(output, options.outFolder / kDocumentName, documentOf(assembly, result));
     output.stage(options.outFolder / kPictureName, drawPicture(assembly, result));
-    if (!options.exportFile.empty()) output.stage(options.exportFile, toExchange(transforms));
+    if (exports) output.stage(options.exportFile, toExchange(transforms));
     std::vector<fs::path> const written = output.commit();
 
-    printReport(assembly, result);
-    if (compares) printChanges(options.earlierDocument, changes);
+    if (compares) {
+        printChanges(options.earlierDocument, changes, update);
+    } else {
+        printReport(assembly, result);
+    }
+    printViews(assembly, result);
     if (imports) printLosses(options.importFile, losses);
     fmt::print("\n");
     for (fs::path const &path : written) fmt::print("written: {}\n", path.string());

@@ -20,6 +20,12 @@
 #include <fmt/core.h>
 
 #include <vexmath/bulk.h>
+#include <vexmath/mg_planar.h>
+#include <vexmath/mg_queries.h>
+#include <vexmath/mg_vector.h>
+#include <vexmath/point2d.h>
+#include <vexmath/su_dynamic_array.h>
+#include <vexmath/tolerances.h>
 
 namespace assembly {
 
@@ -227,6 +233,48 @@ void refuseDamage(std::string const &bytes, std::string const &format, std::stri
     if (format == "stl") checkStl(bytes, file);
 }
 
+// Stock.
+
+/// The least rectangle around the vertices in plan, in the middle of their height.
+std::array<mgPoint_c, 4> leastRectangle(Mesh const &mesh) {
+    suDynamicArray<mg2DPoint_c> points;
+    for (mgPoint_c const &p : mesh.vertices) points.Add({p.x(), p.y()});
+    suDynamicArray<mg2DPoint_c> hull;
+    convexHull(points, hull); // sorts the points
+    if (hull.Count() < 3) {   // they are on one line: its ends are the polygon
+        hull = suDynamicArray<mg2DPoint_c>();
+        hull.Add(points[0]);
+        hull.Add(points[points.Count() - 1]);
+    }
+    mg2DPoint_c corners[4];
+    constexpr int kLeastArea = 0;
+    minCnvxPlgRect(hull.Count(), hull.Data(), kLeastArea, corners);
+    std::array<mgPoint_c, 4> rectangle;
+    for (std::size_t i = 0; i < 4; ++i) {
+        rectangle[i] = {corners[i].x(), corners[i].y(), mesh.bounds.center().z()};
+    }
+    return rectangle;
+}
+
+/// The angle of a line, 0 to below 180 degrees, to a millionth of a degree.
+double angleInDegrees(mgVector_c const &along) {
+    constexpr double kPerDegree = 1e6;
+    double const degrees = std::atan2(along.y(), along.x()) / vexmath::kRadPerDeg;
+    double const rounded = std::round(degrees * kPerDegree) / kPerDegree;
+    return rounded < 0.0 ? rounded + 180.0 : std::fmod(rounded, 180.0);
+}
+
+Stock stockOf(Mesh const &mesh) {
+    /// How much longer the second side must be to be the length, as a share: sides that differ by
+    /// rounding alone are equal.
+    constexpr double kEqualSides = 1e-9;
+    std::array<mgPoint_c, 4> const rectangle = leastRectangle(mesh);
+    mgVector_c length = rectangle[1] - rectangle[0];
+    mgVector_c width = rectangle[2] - rectangle[1];
+    if (width.len() > (1.0 + kEqualSides) * length.len()) std::swap(length, width);
+    return {length.len(), width.len(), mesh.bounds.height(), angleInDegrees(length), rectangle};
+}
+
 // The mesh library's result.
 
 /// Collects a mesh. Corners at equal coordinates become one vertex, so that neighbouring triangles
@@ -281,6 +329,7 @@ void MeshCollector::add(aiMesh const &part) {
 Mesh MeshCollector::finish() {
     if (mesh_.vertices.empty()) throw Failure(file_, "the mesh has no vertices");
     mg_BoundPoints(mesh_.vertices.data(), static_cast<int>(mesh_.vertices.size()), mesh_.bounds);
+    mesh_.stock = stockOf(mesh_);
     return std::move(mesh_);
 }
 
@@ -301,7 +350,9 @@ Mesh readMesh(std::filesystem::path const &file) {
     }
     MeshCollector collector(file.string());
     for (unsigned i = 0; i < scene->mNumMeshes; ++i) collector.add(*scene->mMeshes[i]);
-    return collector.finish();
+    Mesh mesh = collector.finish();
+    mesh.file = file;
+    return mesh;
 }
 
 } // namespace assembly

@@ -14,14 +14,27 @@
 
 namespace assembly {
 
+/// The least blank that a workshop cuts a part from: in plan, which is the view along the z axis
+/// that the part was drawn with, the rectangle of least area around the part. A blank depends on
+/// the part alone and not on how the part stands in the assembly.
+struct Stock {
+    double length = 0.0; ///< the longer side of the rectangle
+    double width = 0.0;
+    double height = 0.0;                ///< along the z axis
+    double angleDegrees = 0.0;          ///< from the x axis to the length, 0 to below 180
+    std::array<mgPoint_c, 4> rectangle; ///< its corners, in the middle of the height
+};
+
 /// A triangle mesh in its own coordinates. A scan may be a cloud of points without a triangle.
 struct Mesh {
     using Triangle = std::array<std::uint32_t, 3>; ///< indices into vertices
 
+    std::filesystem::path file;
     std::vector<mgPoint_c> vertices; ///< each position once, in order of first use; the vertices of
                                      ///< an OBJ file that no face uses are left out
     std::vector<Triangle> triangles;
     mgBBox_c bounds; ///< of the vertices
+    Stock stock;
 };
 
 /// Throws Failure when the file cannot be read, ends too early, has no vertex, or has one that is

@@ -21,7 +21,7 @@ constexpr double kPageWidth = 1560.0; // pixels
 constexpr double kPageMargin = 40.0;
 
 /// The first panel of the upper row begins here, and each of its panels has this size.
-constexpr mgPoint_c kUpperRow(84.0, 142.0, 0.0);
+constexpr mgPoint_c kUpperRow(84.0, 166.0, 0.0);
 constexpr mgVector_c kUpperSize(600.0, 500.0, 0.0);
 
 /// A coordinate axis of the assembly or its opposite, named; or another direction without a name.

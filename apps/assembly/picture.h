@@ -5,6 +5,7 @@
 #define ASSEMBLY_PICTURE_H
 
 #include "checks.h"
+#include "edges.h"
 #include "panel.h"
 #include "svg_page.h"
 
@@ -15,9 +16,11 @@
 namespace assembly {
 
 /// An SVG file: front, top and side view on one scale, with each part's silhouette and its hull,
-/// box and bounding circle, the drilling path, the overlaps of clashing parts hatched, and a
-/// legend. Above them stand the perspective view of a pick and the view of a section. The other
-/// three views show the line of sight and the plane of the section as well.
+/// box, bounding circle and least rectangle, the orders of drilling, the overlaps of clashing parts
+/// hatched, and a legend. Above them stand the perspective view of a pick and the view of a
+/// section, in which the parts are hatched. The other three views show the line of sight and the
+/// plane of the section as well. Of more than 500 parts the largest are drawn so, and the others as
+/// dots; the picture says so.
 std::string drawPicture(Assembly const &assembly, CheckResult const &result);
 
 // Pixels. The legend shows these marks at the size that they have in the views.
@@ -37,7 +40,7 @@ struct PartOutline {
 /// below them, each with a line to the nearest point of its outline. None when there are more parts
 /// than the edge has room for.
 void drawBalloons(SvgPage &page, Panel const &panel, std::vector<PartOutline> const &outlines);
-/// One line that shows each kind of line that the picture has beside its meaning.
+/// Two lines that show each kind of line that the picture has beside its meaning.
 void drawKey(SvgPage &page, mgPoint_c const &start, CheckResult const &result);
 /// The list of the parts that a pick hits.
 void drawHits(SvgPage &page, mgPoint_c const &start, std::vector<Part> const &parts,

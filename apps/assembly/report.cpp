@@ -28,17 +28,21 @@ std::size_t width(std::string const &text) {
     }));
 }
 
-/// Prints rows of one length, the headings among them, in columns: the first to the left, the
-/// others to the right.
-void printTable(std::vector<Row> const &rows) {
-    std::vector<std::size_t> widths(rows.front().size(), 0);
-    for (Row const &row : rows) {
-        for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], width(row[i]));
+/// Prints rows of one length in columns: the first to the left, the others to the right. `rowAt`
+/// makes row i; row 0 is the headings. It is called twice for each row, so that no table of many
+/// parts is kept.
+template <class RowAt>
+void printTable(std::size_t count, RowAt rowAt) {
+    std::vector<std::size_t> widths(rowAt(0).size(), 0);
+    for (std::size_t i = 0; i < count; ++i) {
+        Row const row = rowAt(i);
+        for (std::size_t k = 0; k < row.size(); ++k) widths[k] = std::max(widths[k], width(row[k]));
     }
-    for (Row const &row : rows) {
+    for (std::size_t i = 0; i < count; ++i) {
+        Row const row = rowAt(i);
         std::string line = row[0] + std::string(widths[0] - width(row[0]), ' ');
-        for (std::size_t i = 1; i < row.size(); ++i) {
-            line += "  " + std::string(widths[i] - width(row[i]), ' ') + row[i];
+        for (std::size_t k = 1; k < row.size(); ++k) {
+            line += "  " + std::string(widths[k] - width(row[k]), ' ') + row[k];
         }
         fmt::print("{}\n", line);
     }
@@ -55,13 +59,16 @@ Row rowOf(Part const &part) {
             corner(box.low()),
             corner(box.high()),
             number(box.sphRadius()),
-            box.isValid() ? "yes" : "no"};
+            box.isValid() ? "yes" : "no",
+            stockSize(part),
+            number(part.mesh->stock.angleDegrees)};
 }
 
-void printParts(Assembly const &assembly) {
-    std::vector<Row> rows{{"part", "vertices", "low", "high", "sphere radius", "valid"}};
-    for (Part const &part : assembly.parts) rows.push_back(rowOf(part));
-    printTable(rows);
+void printParts(std::vector<Part> const &parts) {
+    Row const headings = {"part",          "vertices", "low",        "high",
+                          "sphere radius", "valid",    "stock size", "angle"};
+    printTable(parts.size() + 1,
+               [&](std::size_t i) { return i == 0 ? headings : rowOf(parts[i - 1]); });
 }
 
 /// A heading with the number of entries.
@@ -69,19 +76,26 @@ void printHeading(std::string const &title, std::size_t count) {
     fmt::print("\n{}: {}\n", title, count == 0 ? "none" : std::to_string(count));
 }
 
+std::string const &nameOf(Part const &part) { return part.name; }
+std::string const &nameOf(std::string const &name) { return name; }
+
+/// Of parts, or of their names.
+template <class Named>
 void printPairs(std::string const &title, std::string const &between,
-                std::vector<PartPair> const &pairs, std::vector<Part> const &parts) {
+                std::vector<PartPair> const &pairs, std::vector<Named> const &parts) {
     printHeading(title, pairs.size());
     for (auto const &[first, second] : pairs) {
-        fmt::print("  {} {} {}\n", parts[first].name, between, parts[second].name);
+        fmt::print("  {} {} {}\n", printable(nameOf(parts[first])), between,
+                   printable(nameOf(parts[second])));
     }
 }
 
-void printDrillingPath(DrillingPath const &path, std::vector<Part> const &parts) {
-    if (path.bolts.empty()) return;
-    printHeading("drilling path, " + number(path.length) + " long", path.bolts.size());
-    for (std::size_t i = 0; i < path.bolts.size(); ++i) {
-        fmt::print("  {} at {}\n", parts[path.bolts[i]].name, corner(path.centres[i]));
+void printDrilling(std::string const &title, DrillingOrder const &order,
+                   std::vector<Part> const &parts) {
+    if (order.bolts.empty()) return;
+    printHeading(fmt::format("{}, {} long", title, number(order.length)), order.bolts.size());
+    for (std::size_t i = 0; i < order.bolts.size(); ++i) {
+        fmt::print("  {} at {}\n", parts[order.bolts[i]].name, corner(order.centres[i]));
     }
 }
 
@@ -99,8 +113,11 @@ void printPick(Pick const &pick, std::vector<Part> const &parts) {
 void printSection(Section const &section, std::vector<Part> const &parts) {
     printHeading("cut by the section", section.cuts.size());
     for (PartCut const &cut : section.cuts) {
-        fmt::print("  {}, its box in a polygon of {} corners\n", parts[cut.part].name,
-                   cut.boxOutline.size());
+        fmt::print("  {}, its box in a polygon of {} corners{}\n", parts[cut.part].name,
+                   cut.boxOutline.size(),
+                   cut.outlines.empty()
+                       ? ""
+                       : fmt::format(", hatched at {} degrees", number(cut.hatchDegrees)));
     }
 }
 
@@ -115,21 +132,37 @@ bool isUpperControl(std::string const &text, std::size_t i) {
 
 void printReport(Assembly const &assembly, CheckResult const &result) {
     std::vector<Part> const &parts = assembly.parts;
-    printParts(assembly);
+    printParts(parts);
     printPairs("clashing pairs", "-", result.contacts.clashing, parts);
     printPairs("touching pairs", "-", result.contacts.touching, parts);
     printPairs("containments", "contains", result.contacts.containing, parts);
     mgBBox_c const &bounds = assembly.bounds;
     fmt::print("\ntotal bounds: {} to {}, sphere radius {}\n", corner(bounds.low()),
                corner(bounds.high()), number(bounds.sphRadius()));
-    printDrillingPath(result.drilling, parts);
-    if (result.pick) printPick(*result.pick, parts);
-    if (result.section) printSection(*result.section, parts);
+    Drilling const &drilling = result.drilling;
+    printDrilling("drilling path", drilling.path, parts);
+    printDrilling("drilling tour, back to the first bolt", drilling.tour, parts);
+    if (drilling.bolts > Drilling::kMostBolts) {
+        fmt::print("\ndrilling: left out, {} bolts are more than {}\n", drilling.bolts,
+                   Drilling::kMostBolts);
+    }
 }
 
-void printChanges(std::string const &document, std::vector<std::string> const &changes) {
+void printChanges(std::string const &document, std::vector<std::string> const &changes,
+                  ContactUpdate const &update) {
     printHeading("changed since " + printable(document), changes.size());
     for (std::string const &change : changes) fmt::print("  {}\n", printable(change));
+    printPairs("new clashing pairs", "-", update.added.clashing, update.names);
+    printPairs("gone clashing pairs", "-", update.gone.clashing, update.names);
+    printPairs("new touching pairs", "-", update.added.touching, update.names);
+    printPairs("gone touching pairs", "-", update.gone.touching, update.names);
+    printPairs("new containments", "contains", update.added.containing, update.names);
+    printPairs("gone containments", "contained", update.gone.containing, update.names);
+}
+
+void printViews(Assembly const &assembly, CheckResult const &result) {
+    if (result.pick) printPick(*result.pick, assembly.parts);
+    if (result.section) printSection(*result.section, assembly.parts);
 }
 
 void printLosses(std::string const &file, std::vector<Loss> const &losses) {
@@ -151,19 +184,27 @@ std::string printable(std::string const &text) {
 
 std::string number(double value) { return fmt::format("{:.6g}", value + 0.0); } // no -0
 
+std::string stockSize(Part const &part) {
+    Stock const &stock = part.mesh->stock;
+    double const scale = part.placement.scaling();
+    return fmt::format("{} x {} x {}", number(scale * stock.length), number(scale * stock.width),
+                       number(scale * stock.height));
+}
+
 Progress::Progress(std::string task, std::size_t steps)
     : task_(std::move(task)), steps_(steps), visible_(isatty(STDERR_FILENO) != 0) {}
 
 Progress::~Progress() {
-    if (!shown_.empty()) std::fputs(kEraseLine, stderr);
+    if (isShown_) std::fputs(kEraseLine, stderr);
 }
 
 void Progress::step(std::string const &detail) {
     if (!visible_) return;
-    std::string line = fmt::format("{} {} % {}", task_, done_++ * 100 / steps_, detail);
-    if (line == shown_) return; // a million quick steps print a hundred lines
-    fmt::print(stderr, "{}{}", kEraseLine, line);
-    shown_ = std::move(line);
+    std::size_t const percent = done_++ * 100 / steps_;
+    if (isShown_ && percent == percent_) return; // a million steps print a hundred lines
+    fmt::print(stderr, "{}{} {} % {}", kEraseLine, task_, percent, detail);
+    percent_ = percent;
+    isShown_ = true;
 }
 
 } // namespace assembly

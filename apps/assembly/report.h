@@ -12,14 +12,19 @@ namespace assembly {
 
 struct Assembly;
 struct CheckResult;
+struct ContactUpdate;
 struct Loss;
+struct Part;
 
 /// Prints a table of the parts, the pairs that clash, touch and contain, the bounds of all, and the
-/// bolts in the order of drilling. Then the line of sight of a pick with the parts hit, and the
-/// parts cut by a section, where there are such.
+/// bolts in the orders of drilling.
 void printReport(Assembly const &assembly, CheckResult const &result);
-/// The parts that changed since a document was written.
-void printChanges(std::string const &document, std::vector<std::string> const &changes);
+/// The parts that changed since a document was written, and the pairs that came and went.
+void printChanges(std::string const &document, std::vector<std::string> const &changes,
+                  ContactUpdate const &update);
+/// The line of sight of a pick with the parts hit, and the parts cut by a section, where there are
+/// such.
+void printViews(Assembly const &assembly, CheckResult const &result);
 /// What the forms of an exchange file did not keep.
 void printLosses(std::string const &file, std::vector<Loss> const &losses);
 
@@ -29,9 +34,11 @@ std::string printable(std::string const &text);
 
 /// To six significant digits.
 std::string number(double value);
+/// Length, width and height of the blank of a part, at the part's size in the assembly.
+std::string stockSize(Part const &part);
 
-/// One line on standard error, which is overwritten as the work goes on and erased at its end. It
-/// is shown only when standard error is a terminal.
+/// One line on standard error, which is overwritten whenever another percent of the work is done,
+/// and erased at its end. It is shown only when standard error is a terminal.
 class Progress {
 public:
     Progress(std::string task, std::size_t steps);
@@ -47,7 +54,8 @@ private:
     std::size_t const steps_;
     bool const visible_;
     std::size_t done_ = 0;
-    std::string shown_;
+    std::size_t percent_ = 0;
+    bool isShown_ = false;
 };
 
 } // namespace assembly

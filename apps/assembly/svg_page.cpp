@@ -36,7 +36,10 @@ text { font: 13px 'DejaVu Sans', Arial, sans-serif; fill: #222 }
         stroke-dasharray: 5 2 }
 .drill { fill: none; stroke: #d6007a; stroke-width: 1.8; stroke-linejoin: round }
 .drilled { marker-end: url(#drilled) }
+.tour { fill: none; stroke: #d6007a; stroke-width: 1.2; stroke-dasharray: 3 3 }
 .hole { fill: #fff; stroke: #d6007a; stroke-width: 1.8 }
+.dots { fill: none; stroke: #6a7681; stroke-width: 1.6; stroke-linecap: round }
+.clash { stroke: #d00000; stroke-width: 2.6 }
 .leader { stroke: currentColor; stroke-width: 0.7; stroke-opacity: 0.7 }
 .dot { fill: currentColor }
 .balloon { fill: #fff; stroke: currentColor; stroke-width: 1.5 }
@@ -46,7 +49,12 @@ text { font: 13px 'DejaVu Sans', Arial, sans-serif; fill: #222 }
 .arrow { marker-end: url(#arrow) }
 .cross { stroke: #000; stroke-width: 0.8; stroke-dasharray: 2 3 }
 .entry { fill: #000; stroke: #fff; stroke-width: 1.2 }
-.material { fill: currentColor; fill-opacity: 0.38; fill-rule: evenodd; stroke: none }
+.stock { fill: none; stroke: currentColor; stroke-width: 1.2; stroke-dasharray: 8 2 1.5 2 }
+.cutbox { fill: none; stroke: currentColor; stroke-opacity: 0.75; stroke-width: 0.8;
+          stroke-dasharray: 2 2 }
+.material { fill: currentColor; fill-opacity: 0.12; fill-rule: evenodd; stroke: currentColor;
+            stroke-width: 1.6; stroke-linejoin: round }
+.hatching { fill: none; stroke: currentColor; stroke-width: 1 }
 .trace { stroke: #000; stroke-width: 1.3; stroke-dasharray: 14 4 2 4 }
 .overlap { fill: url(#hatch); stroke: #d00000; stroke-width: 1.6 }
 </style>

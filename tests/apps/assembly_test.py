@@ -8,7 +8,9 @@ usage: assembly_test.py PROGRAM DATA_FOLDER [unittest arguments]
 """
 
 import filecmp
+import itertools
 import json
+import math
 import os
 import pty
 import re
@@ -111,6 +113,33 @@ class AssemblyCheckerTest(unittest.TestCase):
             run = self.run_on(cube, options=['--section', *section.split()])
             self.assertEqual(self.lines(run.stdout, 'cut by the section'), expected)
 
+    def test_hatching_leaves_holes_white(self):
+        # The walls of a square tube, open at both ends, with sides of 4 outside and 2 inside.
+        corners = [(s * x, s * y, z) for s in (2, 1) for z in (-1, 1)
+                   for x, y in ((-1, -1), (1, -1), (1, 1), (-1, 1))]
+        walls = [(8 * s + i, 8 * s + (i + 1) % 4, 8 * s + 4 + (i + 1) % 4, 8 * s + 4 + i)
+                 for s in (0, 1) for i in range(4)]
+        (self.folder / 'tube.obj').write_text(''.join('v {} {} {}\n'.format(*c) for c in corners) + ''.join(
+            'f {} {} {} {}\n'.format(*(i + 1 for i in wall)) for wall in walls))
+        self.run_on(self.of_parts(self.part(mesh='tube.obj', scale=25)), options=['--section', *'000001'])
+
+        def numbers(kind):
+            path = next(e for e in xml.etree.ElementTree.parse(self.out / 'assembly.svg').iter()
+                        if e.get('class') == kind).get('d')
+            self.assertEqual(path.count('Z'), 2 if kind == 'material' else 0)  # outlines
+            return [float(n) for n in re.findall(r'-?[\d.]+', path)]
+        x, hatch = numbers('material')[::2], numbers('hatching')
+        lengths = [math.dist(hatch[i:i + 2], hatch[i + 2:i + 4]) for i in range(0, len(hatch), 4)]
+        self.assertAlmostEqual(sum(lengths) * 7 / (max(x) - min(x))**2, 0.75, delta=0.01)
+
+    def test_stock(self):
+        for points, stock in (('0 0 5\n3 3 0\n2 4 0\n-1 1 0\n', '42.4264 x 14.1421 x 50     45'),
+                              ('3 -3 0\n1 -1 0\n0 0 0\n2 -2 1\n', '42.4264 x 0 x 10    135'),
+                              ('1 2 3\n', '0 x 0 x 0      0')):
+            (self.folder / 'stock.ply').write_text(PLY.format(points.count('\n'), points))
+            run = self.run_on(self.of_parts(self.part(mesh='stock.ply', scale=10, axis=[1, 2, 3], angle_degrees=7)))
+            self.assertRegex(run.stdout, '(yes|no) +' + stock + '\n')
+
     def test_exchange(self):
         file = self.folder / 'export.json'
         good = self.of_parts(self.part('p', translation=[1, 2, 0.1]), self.part('q', mirror='x', scale=2))
@@ -144,18 +173,68 @@ class AssemblyCheckerTest(unittest.TestCase):
                  axis=[0, 0, 1], angle_degrees=90), self.part('p')]
         run = self.run_on(self.of_parts(*parts, tolerance=0.5), options=['--since', earlier])
         self.assertIn(f'changed since {earlier}: none\n', run.stdout, run.stderr)
-        self.assertEqual((self.out / 'assembly.vxa').read_bytes(), earlier.read_bytes())
+        layout_2 = Path(__file__).parent / 'layout_2.vxa'
+        self.assertEqual((self.out / 'assembly.vxa').read_bytes(), layout_2.read_bytes())
+        run = self.run_on(self.of_parts(*parts, tolerance=0.5), options=['--since', layout_2])
+        self.assertIn(f'changed since {layout_2}: none\n', run.stdout, run.stderr)
         (self.folder / 'b.obj').write_text(TRIANGLE.replace('1 0 0', '2 0 0'))
         parts = [dict(parts[0], mesh='b.obj'), self.part('turned', scale=2), self.part('o')]
         run = self.run_on(self.of_parts(*parts), options=['--since', earlier])
         self.assertEqual(self.lines(run.stdout, 'changed since .*'), [
             'né has another shape', 'turned is placed differently', 'o is new', 'p is gone'])
+        self.assertEqual(self.lines(run.stdout, 'gone touching pairs'), ['turned - p'])
+        self.assertEqual(self.lines(run.stdout, 'new clashing pairs'), ['turned - o'])
+        self.assertNotIn('total bounds', run.stdout)
         whole, other = earlier.read_bytes(), self.folder / 'other.vxa'
+        damaged = bytearray(layout_2.read_bytes())
+        damaged[-32] = 3  # the second part of the only pair
         for content, message in ((whole[:-1], 'is cut short'), (whole + b'0', 'goes on after'),
                                  (b'x' + whole, 'is no assembly document'),
-                                 (b'VXAS\2' + whole[5:], 'has layout 2, this program reads up to 1')):
+                                 (bytes(damaged), 'is damaged: it names a part that is not there'),
+                                 (b'VXAS\3' + whole[5:], 'has layout 3, this program reads up to 2')):
             other.write_bytes(content)
             self.check_refused(self.of_parts(self.part()), message, options=['--since', other])
+
+    def test_many_parts(self):
+        def make(folder, moved):
+            subprocess.run([sys.executable, DATA / 'make_large.py', folder, '1000', moved], check=True)
+            return folder / 'large.json'
+
+        def contacts(stdout):
+            return [{tuple(line.split(' - ')) for line in self.lines(stdout, f'\n{kind} pairs')}
+                    for kind in ('clashing', 'touching')]
+        first, second = make(self.folder / 'first', '0'), make(self.folder / 'second', '50')
+        before = self.run_with('--out', 'first', '--section', *'300 300 300 1 2 4'.split(), first)
+        texts = [e.text for e in xml.etree.ElementTree.parse(first.parent / 'assembly.svg').iter()]
+        self.assertTrue(any(text and text.startswith('The 500 largest of 1000 parts') for text in texts))
+
+        # The brackets that are not rotated are all alike: how far they are apart tells what they do.
+        plain = [(p['name'], p['placement']['translation']) for p in json.loads(first.read_text())['parts']
+                 if 'axis' not in p['placement']]
+        expected, known = (set(), set()), set()
+        for (a, p), (b, q) in itertools.combinations(plain, 2):
+            if max(map(lambda x, y: abs(x - y), p, q)) < 90:
+                _, beside, gap = sorted(abs(x - y) - size for x, y, size in zip(p, q, (46, 50, 85)))
+                # They face each other, as spheres round the edges off, and are not on the limit itself.
+                if beside < -40 and abs(abs(gap) - 0.02) > 1e-6:
+                    known.add((a, b))
+                    if gap < 0.02:
+                        expected[gap > -0.02].add((a, b))
+        found = [pairs & known for pairs in contacts(before.stdout)]
+        self.assertEqual(found, list(expected))
+        self.assertGreater(min(map(len, found)), 20)
+
+        # What moving gives is what a fresh start gives.
+        after = self.run_with('--out', 'fresh', second)
+        moved = self.run_with('--out', 'second', '--since', first.parent / 'assembly.vxa', second)
+        for name in ('assembly.svg', 'assembly.vxa'):
+            self.assertTrue(filecmp.cmp(self.folder / 'fresh' / name, second.parent / name, shallow=False))
+        self.assertEqual(len(self.lines(moved.stdout, 'changed since .*')), 50)
+        was, now = contacts(before.stdout), contacts(after.stdout)
+        for i, kind in enumerate(('clashing', 'touching')):
+            for change, pairs in (('new', now[i] - was[i]), ('gone', was[i] - now[i])):
+                found = {tuple(line.split(' - ')) for line in self.lines(moved.stdout, f'{change} {kind} pairs')}
+                self.assertEqual(found, pairs)
 
     def test_parts_are_placed_before_they_are_compared(self):
         run = self.run_on(self.of_parts(self.part('p'), self.part('q', scale=9),
@@ -254,7 +333,7 @@ class AssemblyCheckerTest(unittest.TestCase):
         subprocess.run([PROGRAM, 'test.json'], check=True, stdout=subprocess.DEVNULL, stderr=stderr,
                        cwd=self.folder)
         shown = os.read(terminal, 4096).decode()
-        self.assertIn('reading meshes 50 % a.obj', shown)
+        self.assertIn('reading meshes 0 % a.obj', shown)
         self.assertTrue(shown.endswith('\r\x1b[K'), repr(shown))
 
 
