@@ -5,26 +5,8 @@
 #include <vexmath/mg_vector.h>
 
 #include "line_line.h"
-#include "primitives/closest_points.h"
 
 #include <cmath>
-
-namespace vexmath::detail {
-
-LineLine meetLines(mgPoint_c const &p1, mgUnitVector_c const &u1, mgPoint_c const &p2,
-                   mgUnitVector_c const &u2, double cosTol, double reach) {
-    double const cosine = u1 % u2;
-    if (1.0 - std::fabs(cosine) < cosTol) {
-        mgPoint_c const foot = p2 + u2 * (u2 % (p1 - p2));
-        return {p1.isSame(foot, reach) ? mgIntersect_Coincident : mgIntersect_Parallel, p1};
-    }
-    ClosestParameters const t = closestParameters(u1, u2, cosine, p2 - p1);
-    mgPoint_c const nearest1 = p1 + u1 * t.first;
-    mgPoint_c const nearest2 = p2 + u2 * t.second;
-    return {nearest1.isSame(nearest2, reach) ? mgIntersect_Point : mgIntersect_None, nearest1};
-}
-
-} // namespace vexmath::detail
 
 mgIntersectionType_e mg_LineIntLine(mgPoint_c const &p1, mgVector_c const &d1, mgPoint_c const &p2,
                                     mgVector_c const &d2, mgPoint_c *out, double tol) {
