@@ -37,6 +37,7 @@
 #include "document.h"
 
 #include "files.h"
+#include "report.h"
 
 #include <sstream>
 #include <string_view>
@@ -231,6 +232,10 @@ std::vector<std::string> changesBetween(Document const &earlier, Assembly const 
     for (DocumentPart const &part : earlier.parts) before.emplace(part.name, &part);
     std::unordered_set<std::string_view> names;
     std::vector<std::string> changes;
+    if (earlier.clashTolerance != now.clashTolerance) {
+        changes.push_back(fmt::format("the clash tolerance is {} and was {}",
+                                      number(now.clashTolerance), number(earlier.clashTolerance)));
+    }
     for (Part const &part : now.parts) {
         names.insert(part.name);
         auto const found = before.find(part.name);

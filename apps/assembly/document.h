@@ -53,8 +53,9 @@ std::string toBytes(Document document);
 /// naming the file when it is something else, cut short or followed by more.
 Document readDocument(std::string const &file);
 
-/// One line for each part that is new, gone, placed differently or of another shape. Numbers are
-/// compared within the library's tolerances, as a document may come from another machine.
+/// One line for another clash tolerance, and for each part that is new, gone, placed differently or
+/// of another shape. Placements and bounds are compared within the library's tolerances, as a
+/// document may come from another machine.
 std::vector<std::string> changesBetween(Document const &earlier, Assembly const &now);
 
 } // namespace assembly

@@ -181,7 +181,7 @@ class AssemblyCheckerTest(unittest.TestCase):
         parts = [dict(parts[0], mesh='b.obj'), self.part('turned', scale=2), self.part('o')]
         run = self.run_on(self.of_parts(*parts), options=['--since', earlier])
         self.assertEqual(self.lines(run.stdout, 'changed since .*'), [
-            'né has another shape', 'turned is placed differently', 'o is new', 'p is gone'])
+            'the clash tolerance is 0 and was 0.5', 'né has another shape', 'turned is placed differently', 'o is new', 'p is gone'])
         self.assertEqual(self.lines(run.stdout, 'gone touching pairs'), ['turned - p'])
         self.assertEqual(self.lines(run.stdout, 'new clashing pairs'), ['turned - o'])
         self.assertNotIn('total bounds', run.stdout)
