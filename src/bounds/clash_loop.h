@@ -8,8 +8,9 @@
 
 namespace vexmath::detail {
 
-/// For fewer boxes the loop is faster than a tree.
-inline constexpr int kFewBoxes = 45;
+/// For fewer boxes the loop is faster than a tree; the test of placed boxes takes longer.
+inline constexpr int kFewBoxes = 64;
+inline constexpr int kFewPlacedBoxes = 45;
 
 /// Finds the pairs i < j, or all pairs of i < countA and j < countB, with `test(i, j)`.
 template <class Test>

@@ -205,7 +205,7 @@ bool PlacedTree::findPairs(PairStore &store) {
 } // namespace
 
 int mg_FindClashes(mgBBox_c const *boxes, mgXform_c const *placements, int count, Pairs &pairs) {
-    if (count < kFewBoxes) {
+    if (count < kFewPlacedBoxes) {
         return findByLoop(
             count, count, true,
             [=](int i, int j) {

@@ -104,7 +104,7 @@ std::vector<mgBBox_c> anyBoxes(Random &random, int count, double tol) {
 
 /// Around the number of boxes from which a tree is built, and enough for three levels of it.
 int anyCount(Random &random) {
-    int const counts[] = {0, 1, 44, 45, 46, 64, 65, 100, 200, 650};
+    int const counts[] = {0, 1, 44, 45, 63, 64, 65, 100, 200, 650};
     return counts[random.below(10)];
 }
 
