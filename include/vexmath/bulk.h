@@ -54,8 +54,8 @@ VEXMATH_API int mg_FindClashes(mgBBox_c const *a, int countA, mgBBox_c const *b,
 
 // A process-wide switch: whether the operations above, products and inverses of transforms, clashes
 // of boxes and the index of boxes use AVX2, where processor and build have it. No bit of a result
-// depends on it. It is 1 at first, or 0 when the environment variable VEXMATH_USE_VECTOR_UNITS is 0,
-// which is read once. Both functions may be called from any thread.
+// depends on it. It is 1 at first, or 0 when the environment variable VEXMATH_USE_VECTOR_UNITS is
+// 0, which is read once. Both functions may be called from any thread.
 VEXMATH_API int mg_GetUseVectorUnits();
 /// Any value other than 0 is treated as 1. Returns the previous value.
 VEXMATH_API int mg_SetUseVectorUnits(int use);

@@ -235,8 +235,8 @@ VEXMATH_API int mg_MergeLines2D(mgPoint_c const &a1, mgPoint_c const &b1, mgPoin
 /// are collinear with it, as above, and that it touches, directly or through others of them, go
 /// into it. The line is always that of the base as it was given. The merged segment has the two
 /// ends that are farthest apart along the base; where some are at the same place, the base's end,
-/// else the first one in the list. The results are in the order of their bases in the list. A
-/// segment with a NaN or an infinite x or y stays as it is.
+/// else the first one in the list. It has the direction of the base. The results are in the order
+/// of their bases in the list. A segment with a NaN or an infinite x or y stays as it is.
 ///
 /// When memory is exhausted, returns 0 and leaves `merged` as it was. Otherwise `merged` gets a new
 /// block of the size needed, which grows linearly by 16, or none when it is empty. Its listener is
@@ -331,8 +331,8 @@ VEXMATH_API int mg_calcHatchLinesPolygon2D(int outlines, int const *counts, mgPo
 // a length, inclusive; 0 is allowed, and with an infinite tol all points are at the pole.
 //
 // Both functions change the edge in place, without allocating, and return the number of points that
-// are left. They tell the listener (0, count - 1). They return 0 and change nothing, without a
-// notification, when the edge is empty or when an angle or a radius is NaN or above 1e150 in
+// are left. They tell the listener once, (0, count - 1). They return 0 and change nothing, without
+// a notification, when the edge is empty or when an angle or a radius is NaN or above 1e150 in
 // absolute value.
 
 /// Makes the angles of an edge continuous. The points are visited in order; "the one before" is the
@@ -405,11 +405,11 @@ VEXMATH_API int mg_fixPolarConvolution(suDynamicArray<mgPoint_c> &edge, double t
 /// changes nothing, no exchange of two edges saves more than that. The rounds end there, or after
 /// 1000 of them.
 ///
-/// The indices 0 to n - 1 are added to the storage of `order`; its listener is told (0, -1) and
-/// then each of them, as by `Add`. A tour then gets a new block of capacity n, which grows linearly
-/// by 1; the listener is told (0, n - 1). When there is none, as above or because memory is
-/// exhausted, `order` stays 0 to n - 1. If one of these could not be added, it ends up empty, and
-/// the listener is told (0, -1).
+/// First `order` loses its elements; its listener is told (0, -1). Then the indices 0 to n - 1 are
+/// added to its storage, and the listener is told each of them, as by `Add`. A tour then gets a new
+/// block of capacity n, which grows linearly by 1; the listener is told (0, n - 1). When there is
+/// none, as above or because memory is exhausted, `order` stays 0 to n - 1. If one of these could
+/// not be added, it ends up empty, and the listener is told (0, -1).
 ///
 /// About n^2 work.
 /// Method: D. J. Rosenkrantz, R. E. Stearns, P. M. Lewis, "An analysis of several heuristics for
