@@ -5,6 +5,7 @@
 #define VEXMATH_SRC_BOUNDS_BLOCK_H
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <new>
 
@@ -16,8 +17,11 @@ class Block {
 public:
     Block() = default;
     /// REQUIRES count >= 0
-    explicit Block(std::ptrdiff_t count)
-        : elements_(new (std::nothrow) T[static_cast<std::size_t>(count)]) {}
+    explicit Block(std::ptrdiff_t count) {
+        // For more elements this new may throw instead of giving null.
+        constexpr auto kMost = PTRDIFF_MAX / static_cast<std::ptrdiff_t>(sizeof(T));
+        if (count <= kMost) elements_.reset(new (std::nothrow) T[static_cast<std::size_t>(count)]);
+    }
 
     explicit operator bool() const { return elements_ != nullptr; }
     T *get() { return elements_.get(); }

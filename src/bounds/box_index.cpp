@@ -304,7 +304,8 @@ int BoxIndexData::listFromAll(Test const &ofBox, suDynamicArray<int> &which) con
 }
 
 int BoxIndexData::findClashes(double tol, suDynamicArray<mgIndexPair_c> &pairs) const {
-    suDynamicArray<mgIndexPair_c> found; // of positions
+    // Of positions, which have another order: this test gives the same for a and b as for b and a.
+    suDynamicArray<mgIndexPair_c> found;
     if (mg_FindClashes(boxes.get(), count, tol, found) < 0) return exhausted(pairs);
     PairStore store;
     for (int k = 0; k < found.Count(); ++k) {
@@ -316,10 +317,8 @@ int BoxIndexData::findClashes(double tol, suDynamicArray<mgIndexPair_c> &pairs) 
 
 int BoxIndexData::findPlacedClashes(suDynamicArray<mgIndexPair_c> &pairs) const {
     constexpr float kNever = std::numeric_limits<float>::infinity();
-    std::unique_ptr<PlacedBox[]> const owner(new (std::nothrow)
-                                                 PlacedBox[static_cast<std::size_t>(count)]);
-    if (!owner) return exhausted(pairs);
-    PlacedBox *const prepared = owner.get();
+    Block<PlacedBox> prepared(count);
+    if (!prepared) return exhausted(pairs);
     for (int k = 0; k < count; ++k) prepared[k] = prepare(boxAt(k), placementAt(k));
     PairStore store;
     bool const done = tree.findPairs(kNever, [&](int a, int b, bool) {

@@ -11,8 +11,8 @@
 
 namespace vexmath::detail {
 
-/// Is a set box plain: does its sphere hold its corners, but for 1e-09 of the radius, and is it no
-/// larger than twice the half diagonal?
+/// Is a set box plain: does its sphere hold its corners, but for 1e-09 of the radius, and is the
+/// radius no longer than the box's diagonal?
 ///
 /// Let the common part of two plain boxes be wider than d on every axis, and p its middle. On an
 /// axis p is at least d / 2 from both ends of a box, so at most f - d / 2 from the sphere's centre

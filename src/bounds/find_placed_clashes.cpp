@@ -9,7 +9,8 @@
 #include "placed_verdict.h"
 
 #include <algorithm>
-#include <new>
+#include <cstdint>
+#include <exception>
 #include <vector>
 
 namespace {
@@ -83,7 +84,7 @@ private:
     struct Waiting {
         int p, q;
     };
-    static constexpr std::size_t kQueue = 16;
+    static constexpr std::uint64_t kQueue = 16;
 
     int indexAt(int position) const { return static_cast<int>(tree_.label(position)); }
     bool add(int i, FloatFrame const &frame, PlacedLimits &limits, Enclosure &entry);
@@ -139,7 +140,7 @@ bool PlacedTree::build(int count) {
     }
     try {
         prepared_.reserve(static_cast<std::size_t>(kept));
-    } catch (std::bad_alloc const &) {
+    } catch (std::exception const &) { // bad_alloc, or length_error for a size out of range
         return false;
     }
     return true;
@@ -181,7 +182,7 @@ bool PlacedTree::addIfClash(Waiting pair, PairStore &store) {
 
 bool PlacedTree::findPairs(PairStore &store) {
     Waiting queue[kQueue];
-    std::size_t taken = 0;
+    std::uint64_t taken = 0; // more than 2^32 pairs may meet
     float const depth = floats_.of(8.0 * margin_);
     bool const done = tree_.findPairs(depth, [&](int p, int q, bool isDeep) {
         if (clashForCertain(limits_[p], limits_[q], isDeep)) {
@@ -196,8 +197,8 @@ bool PlacedTree::findPairs(PairStore &store) {
         place = {p, q};
         return true;
     });
-    std::size_t const left = std::min(taken, kQueue);
-    for (std::size_t k = 0; done && k < left; ++k)
+    std::uint64_t const left = std::min(taken, kQueue);
+    for (std::uint64_t k = 0; done && k < left; ++k)
         if (!addIfClash(queue[k], store)) return false;
     return done;
 }
