@@ -116,9 +116,11 @@ TEST(FindClashes, GivesThePairsOfTheLoopInItsOrder) {
             std::vector<mgBBox_c> const a = anyBoxes(random, anyCount(random), tol);
             std::vector<mgBBox_c> const b = anyBoxes(random, anyCount(random), tol);
             auto const n = static_cast<int>(a.size()), m = static_cast<int>(b.size());
-            CheckList(loop(n, n, true, [&](int i, int j) { return a[i].clash(&a[j], tol); }),
+            CheckList(loop(n, n, true,
+                           [&](int i, int j) { return a.data()[i].clash(&a.data()[j], tol); }),
                       [&](auto &to) { return mg_FindClashes(a.data(), n, tol, to); });
-            CheckList(loop(n, m, false, [&](int i, int j) { return a[i].clash(&b[j], tol); }),
+            CheckList(loop(n, m, false,
+                           [&](int i, int j) { return a.data()[i].clash(&b.data()[j], tol); }),
                       [&](auto &to) { return mg_FindClashes(a.data(), n, b.data(), m, tol, to); });
         }
 }
@@ -174,7 +176,8 @@ void place(Random &random, double size, int oddity, mgXform_c &x) {
 void CheckPlaced(std::vector<mgBBox_c> const &boxes, std::vector<mgXform_c> const &placements) {
     auto const n = static_cast<int>(boxes.size());
     auto const test = [&](int i, int j) {
-        return mgBBox_c::clash(boxes[i], placements[i], boxes[j], placements[j]);
+        return mgBBox_c::clash(boxes.data()[i], placements.data()[i], boxes.data()[j],
+                               placements.data()[j]);
     };
     CheckList(loop(n, n, true, test),
               [&](auto &to) { return mg_FindClashes(boxes.data(), placements.data(), n, to); });
@@ -223,8 +226,8 @@ TEST(FindClashes, ManyPairsAreSorted) {
         boxes.emplace_back(low, low + V(1.0, 1.0, 1.0));
     }
     for (int k = 0; k < 12; ++k) boxes.emplace_back(P(k, 0.0, 0.0), P(k + 0.01, 12.0, 12.0));
-    for (int k = 1739; k > 0; --k) std::swap(boxes[k], boxes[random.below(k + 1)]);
-    auto const test = [&](int i, int j) { return boxes[i].clash(&boxes[j], 0.0); };
+    for (int k = 1739; k > 0; --k) std::swap(boxes.data()[k], boxes.data()[random.below(k + 1)]);
+    auto const test = [&](int i, int j) { return boxes.data()[i].clash(&boxes.data()[j], 0.0); };
     CheckList(loop(1740, 1740, true, test),
               [&](auto &to) { return mg_FindClashes(boxes.data(), 1740, 0.0, to); });
 }
