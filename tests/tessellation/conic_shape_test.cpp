@@ -162,7 +162,7 @@ TEST(ParabolicPoints, RotateTheirTangentsEqually) {
     suDynamicArray<P> list;
     ASSERT_EQ(parabolicPoints({-1, 0, 0}, {1, 0, 0}, {0, double(h), 0}, 20001, list), 1);
     for (int i = 0; i < 20001; i = 2 * i + 1) {
-        long double const x = -std::tan(std::atan(h) * (1 - i / 500000.0L)) / h;
+        long double const x = -std::tan(std::atan(h) * (1 - i / 10000.0L)) / h;
         EXPECT_LT(dist(P(double(x), double(h * (1 - x * x) / 2), 0), list[i]), 1e-15 * h) << i;
     }
 }
