@@ -49,8 +49,6 @@
 
 namespace vexmath::detail {
 
-template <class T, class... Classes>
-inline constexpr bool kIsOneOf = (std::is_same_v<T, Classes> || ...);
 /// The classes that have a text.
 template <class T>
 inline constexpr bool kHasText =

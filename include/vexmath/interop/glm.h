@@ -43,7 +43,8 @@ inline std::optional<mgXform_c> toXform(glm::dmat4 const &m) { return xformOf(gl
 
 // An array of points has the bytes of an array of glm::dvec3, so std::memcpy converts it. Do not
 // cast the pointer: compilers assume that objects of the two types do not overlap.
-static_assert(detail::kIsPacked<glm::dvec3>, "this configuration of GLM pads its vectors");
+static_assert(sizeof(glm::dvec3) == sizeof(mgPoint_c),
+              "this configuration of GLM pads its vectors");
 
 } // namespace vexmath
 

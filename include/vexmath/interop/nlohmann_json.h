@@ -11,6 +11,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <array>
 #include <type_traits>
 
 // What is written and read back is the same to the bit, unless said otherwise. Reading what has
@@ -22,9 +23,7 @@
 namespace vexmath::detail {
 
 template <class T>
-inline constexpr bool kIsJsonTriple = kIsTriple<T> && !std::is_same_v<T, mgUnitVector_c>;
-template <class T>
-using IfJsonTriple = std::enable_if_t<kIsJsonTriple<T>, int>;
+using IfPlainTriple = std::enable_if_t<kIsOneOf<T, mgPoint_c, mgVector_c, gcMdiPoint_c>, int>;
 
 template <class Json>
 mgVector_c vectorFrom(Json const &j) {
@@ -35,11 +34,11 @@ mgVector_c vectorFrom(Json const &j) {
 } // namespace vexmath::detail
 
 /// A point, a vector or a `gcMdiPoint_c`: [x, y, z]. Numbers after the third are ignored.
-template <class Json, class T, vexmath::detail::IfJsonTriple<T> = 0>
+template <class Json, class T, vexmath::detail::IfPlainTriple<T> = 0>
 void to_json(Json &j, T const &p) {
     j = Json::array({p.x(), p.y(), p.z()});
 }
-template <class Json, class T, vexmath::detail::IfJsonTriple<T> = 0>
+template <class Json, class T, vexmath::detail::IfPlainTriple<T> = 0>
 void from_json(Json const &j, T &p) {
     mgVector_c const v = vexmath::detail::vectorFrom(j);
     p = T(v.x(), v.y(), v.z());

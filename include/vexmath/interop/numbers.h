@@ -59,22 +59,19 @@ inline mgUnitVector_c directionOf(double x, double y, double z);
 
 namespace vexmath::detail {
 
-/// Is T one of the classes of three doubles? An array of n of them is an array of 3n doubles.
+/// For the classes of three doubles.
 template <class T>
-inline constexpr bool kIsTriple =
-    std::is_same_v<
-        T,
-        mgPoint_c> || std::is_same_v<T, mgVector_c> || std::is_same_v<T, mgUnitVector_c> || std::is_same_v<T, gcMdiPoint_c>;
-template <class T>
-using IfTriple = std::enable_if_t<kIsTriple<T>, int>;
+using IfTriple =
+    std::enable_if_t<kIsOneOf<T, mgPoint_c, mgVector_c, mgUnitVector_c, gcMdiPoint_c>, int>;
 
-/// Does an array of T have the bytes of an array of doubles?
+/// Is T three doubles and nothing else, so that an array of n is one of 3n doubles?
 template <class T>
-inline constexpr bool kIsPacked = sizeof(T) == 3 * sizeof(double) && alignof(T) == alignof(double)
-                                  && std::is_standard_layout_v<T> &&std::is_trivially_copyable_v<T>;
-static_assert(
-    kIsPacked<
-        mgPoint_c> && kIsPacked<mgVector_c> && kIsPacked<mgUnitVector_c> && kIsPacked<gcMdiPoint_c>);
+constexpr bool isThreeDoubles() {
+    return sizeof(T) == 3 * sizeof(double) && alignof(T) == alignof(double)
+           && std::is_standard_layout_v<T> && std::is_trivially_copyable_v<T>;
+}
+static_assert(isThreeDoubles<mgPoint_c>() && isThreeDoubles<mgVector_c>());
+static_assert(isThreeDoubles<mgUnitVector_c>() && isThreeDoubles<gcMdiPoint_c>());
 
 } // namespace vexmath::detail
 
