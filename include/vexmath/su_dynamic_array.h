@@ -74,7 +74,6 @@ public:
     T *data(); ///< as `Data`
     T const *data() const;
     std::size_t size() const; ///< as `Count`
-    bool empty() const;       ///< true when `Count` is 0
 
     /// Called after the elements first to last were added or replaced. Does nothing here.
     virtual void elementsChanged(int first, int last);
@@ -191,11 +190,6 @@ inline T const *suDynamicArray<T>::data() const {
 template <class T>
 inline std::size_t suDynamicArray<T>::size() const {
     return static_cast<std::size_t>(Count());
-}
-
-template <class T>
-inline bool suDynamicArray<T>::empty() const {
-    return Count() == 0;
 }
 
 template <class T>

@@ -50,10 +50,11 @@ void CheckAgreement() {
 
 template <class Side>
 void CheckBoxes() {
+    using namespace vexmath;
     mgBBox_c const box(P(1, -2, 3), P(4, 5, 6));
-    EXPECT_TRUE(box == vexmath::toBox(Side::to(box)));
+    EXPECT_TRUE(box == toBox(Side::to(box)));
     EXPECT_TRUE(Side::to(mgBBox_c()).isEmpty());
-    EXPECT_EQ(0, vexmath::toBox(Side::to(mgBBox_c())).isSet());
+    EXPECT_EQ(0, toBox(Side::to(mgBBox_c())).isSet());
 }
 
 } // namespace common

@@ -25,11 +25,7 @@ void CheckText(char const *expected, T const &object, Caller = {}) {
 #endif
 }
 
-mgMatrix_c quarterTurn(int i = 0) {
-    mgMatrix_c m = mg_RotationMatrix(vexmath::kHalfPi, V(0, 0, 1), 1e-9);
-    m(2, 0) += i;
-    return m;
-}
+mgMatrix_c quarterTurn() { return mg_RotationMatrix(vexmath::kHalfPi, V(0, 0, 1), 1e-9); }
 
 } // namespace
 
@@ -61,8 +57,8 @@ TEST(Format, MatricesAndTransforms) {
 
     CheckText("identity", mgXform_c());
     CheckText("scale 2, translation (1, 2, 3)", raw({}, V(1, 2, 3), 2.0));
-    mgXform_c const mirror = mg_XReflectionXform();
-    CheckText("rotation [(-1, 0, 0), (0, 1, 0), (0, 0, 1)], mirrored", mirror);
+    mgXform_c const flagged = raw(quarterTurn(), V(), 1.0, 1);
+    CheckText("rotation [(0, 1, 0), (-1, 0, 0), (0, 0, 1)], mirrored", flagged);
     mgXform_c view;
     view.addPerspectiveInfo(mgPerspInfo_c(1, 2, 3, 4));
     CheckText("identity, perspective from (1, 2, 3), plane 4, far clip 0, no camera", view);

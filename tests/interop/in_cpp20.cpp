@@ -23,7 +23,7 @@ static_assert(std::ranges::sized_range<suDynamicArray<P> const>);
 
 TEST(InteropSpan, ListsAreRanges) {
     suDynamicArray<int> list;
-    EXPECT_TRUE(list.empty());
+    EXPECT_TRUE(std::ranges::empty(list));
     EXPECT_EQ(0, std::distance(list.begin(), list.end()));
     for (int const i : {5, 3, 8}) list.Add(i);
     std::ranges::sort(list);

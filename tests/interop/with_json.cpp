@@ -32,7 +32,7 @@ void CheckRefused(char const *text, T object, Caller = {}) {
 TEST(InteropJson, EveryBitComesBack) {
     Random random;
     for (int i = 0; i < 100; ++i) {
-        P const p(random.ofMagnitude(-300, 300), -0.0, random.uniform(-1, 1));
+        P const p(random.ofMagnitude(-100, 100), -0.0, random.uniform(-1, 1));
         EXPECT_BITS_EQ(p, throughText(p));
         EXPECT_BITS_EQ(V(p), throughText(V(p)));
         U const u = direction(random);
@@ -43,7 +43,11 @@ TEST(InteropJson, EveryBitComesBack) {
         mgXform_c const flushed = raw(x.rotation(), V(1e-9, 0, 0), 7e12, 1); // by a copy
         EXPECT_BITS_EQ(flushed, throughText(flushed));
         mgBBox_c const box(p, u);
-        EXPECT_TRUE(box == throughText(box) || p.x() > 1e150 || p.x() < -1e150);
+        mgBBox_c const back = throughText(box);
+        EXPECT_BITS_EQ(box.low(), back.low());
+        EXPECT_BITS_EQ(box.high(), back.high());
+        EXPECT_BITS_EQ(box.sphCenter(), back.sphCenter());
+        EXPECT_BITS_EQ(box.sphRadius(), back.sphRadius());
     }
 }
 

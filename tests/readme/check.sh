@@ -24,6 +24,6 @@ for program in "$work"/*.cpp; do
 done
 
 # shellcheck disable=SC2016  # the back quotes are the README's
-diff <(grep '^|' "$source_dir/README.md" | grep -o '`[a-z_0-9]*\.h`' | tr -d '`' | sort -u) \
-    <(cd "$source_dir/include/vexmath" && printf '%s\n' *.h | sort) ||
+diff <(grep '^|' "$source_dir/README.md" | grep -o '`[a-z_0-9/]*\.h`' | tr -d '`' | sort -u) \
+    <(cd "$source_dir/include/vexmath" && printf '%s\n' *.h interop/*.h | sort) ||
     { echo "the README names the headers on the left, those on the right exist"; exit 1; }
