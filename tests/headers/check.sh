@@ -14,7 +14,7 @@ c_headers=(vexmath/dynamic_array.h vexmath/gfxmath.h)
 failures=0
 
 # The headers for other libraries: those whose library is here.
-libraries=$(pkg-config --cflags-only-I eigen3 2>/dev/null | sed 's/-I/-isystem /g')
+libraries=$(pkg-config --cflags-only-I eigen3 2>/dev/null | sed 's/-I/-isystem /g') || true
 for pair in eigen:Eigen/Core glm:glm/glm.hpp imath:Imath/ImathVec.h \
     nlohmann_json:nlohmann/json.hpp; do
     # shellcheck disable=SC2086  # the options are words
@@ -48,7 +48,7 @@ check() {
 for pair in g++:gcc clang++:clang; do
     command -v "${pair%:*}" >/dev/null || { echo "no ${pair%:*} here, skipped"; continue; }
     check "${pair%:*}" "c++17 c++20 c++2b" "${headers[@]}"
-    check "${pair%:*} $libraries" "c++17 c++20" "${interop[@]}"
+    check "${pair%:*}${libraries:+ $libraries}" "c++17 c++20" "${interop[@]}"
     check "${pair#*:}" "c99 c17 c2x" "${c_headers[@]}"
 done
 
