@@ -175,12 +175,19 @@ void put(Writer &out, mgXform_c const &x) {
     if (x.getPerspectiveInfo(&perspective)) putPart(perspective);
 }
 
+inline bool isPlainIdentity(mgXform_c const &x) {
+    return isPlainIdentity(x.rotation()) && x.scaling() == 1.0 && x.translation().null()
+           && !x.isReflection() && !x.hasPerspective();
+}
+
 template <class Writer>
 void put(Writer &out, mgGenXform_c const &g) {
     mgPoint_c scales;
     g.getScale(scales);
     put(out, static_cast<mgXform_c const &>(g));
-    putAll(out, ", body scaled ", scales, " in frame: ", g.getBodyXform());
+    putAll(out, ", body scaled ", scales);
+    mgXform_c const frame = g.getBodyXform();
+    if (!isPlainIdentity(frame)) putAll(out, " in frame: ", frame);
 }
 
 template <class Writer>

@@ -65,7 +65,11 @@ TEST(Format, MatricesAndTransforms) {
     double const factors[] = {1, 2, 3};
     mgGenXform_c general(raw({}, V(4, 5, 6)));
     general.set(nullptr, factors);
-    CheckText("translation (4, 5, 6), body scaled (1, 2, 3) in frame: identity", general);
+    CheckText("translation (4, 5, 6), body scaled (1, 2, 3)", general);
+    general.set(&flagged, factors);
+    CheckText("translation (4, 5, 6), body scaled (1, 2, 3) in frame: "
+              "rotation [(0, 1, 0), (-1, 0, 0), (0, 0, 1)], mirrored",
+              general);
 }
 
 TEST(Format, BoxesAndPrimitives) {

@@ -58,13 +58,6 @@ TEST(InteropNumbers, OnlySimilaritiesAreTransforms) {
     CheckScale(1.00000002, diagonal(1.00000002, 1.00000002, 1.00000002));
 }
 
-TEST(InteropNumbers, MirrorsAreFlaggedAndTheIdentityIs) {
-    EXPECT_EQ(1, vexmath::xformOf(diagonal(2, 2, -2).data())->isReflection());
-    EXPECT_EQ(0, vexmath::xformOf(diagonal(2, -2, -2).data())->isReflection());
-    EXPECT_EQ(0, vexmath::xformOf(diagonal(2, 2, 2).data())->rotate());
-    EXPECT_EQ(1, vexmath::xformOf(diagonal(2, -2, -2).data())->rotate());
-}
-
 TEST(InteropNumbers, TheScaleIsAppliedAsForPoints) {
     auto const first = [](double scale) {
         return vexmath::numbersOf(raw({}, V(1e-9, 2, 3), scale))[0];
@@ -73,17 +66,7 @@ TEST(InteropNumbers, TheScaleIsAppliedAsForPoints) {
     for (double const applied : {1.0 + 2e-8, 0.5, -3.0}) EXPECT_EQ(applied, first(applied));
 }
 
-TEST(InteropNumbers, NothingIsLostOnTheWayBack) {
-    Random random;
-    for (int i = 0; i < 100; ++i) {
-        // Neither the identity nor a translation that a copy would flush.
-        mgXform_c const rigid =
-            raw(placement(random).rotation(), random.triple<V>(-5e-9, 5e-9), 1.0, 0);
-        EXPECT_BITS_EQ(rigid, *vexmath::xformOf(vexmath::numbersOf(rigid).data()));
-
-        U const u = direction(random);
-        EXPECT_BITS_EQ(u, vexmath::directionOf(u.x(), u.y(), u.z()));
-    }
+TEST(InteropNumbers, DirectionsAreNormalisedUnlessTheyAre) {
     EXPECT_BITS_EQ(U(0, 0, 1), vexmath::directionOf(0, 0, 7));
     EXPECT_BITS_EQ(U(), vexmath::directionOf(1e-9, 0, 0));
     EXPECT_BITS_EQ(U(), vexmath::directionOf(kNaN, 0, 1));

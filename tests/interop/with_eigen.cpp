@@ -30,12 +30,6 @@ TEST(InteropEigen, BothLibrariesAgree) { CheckAgreement<Side>(); }
 
 TEST(InteropEigen, BoxesKeepTheirCorners) { CheckBoxes<Side>(); }
 
-TEST(InteropEigen, IsometriesAreTransforms) {
-    Eigen::Isometry3d x = Eigen::Isometry3d::Identity();
-    x.rotate(Eigen::AngleAxisd(0.5, Eigen::Vector3d(0, 0, 1)));
-    EXPECT_LE(gap(P(1, 0, 0) * *vexmath::toXform(x), P(std::cos(0.5), std::sin(0.5), 0)), 1e-15);
-}
-
 TEST(InteropEigen, AnArrayIsSeenWhereItIs) {
     P points[] = {{1, 2, 3}, {4, 5, 6}};
     auto view = vexmath::asEigen(points, 2);

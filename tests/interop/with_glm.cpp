@@ -25,10 +25,3 @@ struct Side {
 } // namespace
 
 TEST(InteropGlm, BothLibrariesAgree) { CheckAgreement<Side>(); }
-
-TEST(InteropGlm, AnArrayHasTheSameBytes) {
-    P const points[] = {{1, 2, 3}, {4, 5, 6}};
-    glm::dvec3 copy[2];
-    std::memcpy(copy, points, sizeof copy);
-    EXPECT_EQ(glm::dvec3(4, 5, 6), copy[1]);
-}

@@ -93,7 +93,8 @@ void from_json(Json const &j, mgPerspInfo_c &p) {
 
 /// {"rotation": rows, "scale": number, "translation": [x, y, z], "reflection": flag}, and
 /// "perspective" when there is a record. The fields are written and read as they are, without the
-/// copy rules. Of an `mgGenXform_c` it is the placing part.
+/// copy rules. Of an `mgGenXform_c` it is the placing part. When memory for the record is
+/// exhausted, reading throws `std::bad_alloc` after the other fields.
 template <class Json>
 void to_json(Json &j, mgXform_c const &x) {
     j = {{"rotation", x.rotation()},
