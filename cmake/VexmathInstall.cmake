@@ -1,5 +1,5 @@
-# What is installed: library, headers, platform headers, CMake package, pkg-config file, what debuggers
-# show, licence, list of quirks.
+# What is installed: library, headers, platform headers, CMake package, pkg-config file, licence,
+# list of quirks, what debuggers show of each class.
 include(CMakePackageConfigHelpers)
 
 set(_package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/vexmath")
@@ -51,14 +51,15 @@ install(FILES
   "${PROJECT_SOURCE_DIR}/debugger/vexmath_lldb.py"
   "${PROJECT_SOURCE_DIR}/debugger/vexmath.natvis"
   DESTINATION ${_debugger_dir})
-# gdb runs the script that has the name of the library and lies beside it, so that the installed tree
-# can be moved. Below /usr it trusts only scripts in a folder of its own, by the library's path.
+# gdb runs the script that lies beside the library and has its name, so that the installed tree can
+# be moved. Below /usr it trusts only scripts in a folder of its own, by the library's path.
 if(BUILD_SHARED_LIBS)
   set(_library_dir "${CMAKE_INSTALL_LIBDIR}")
   if(WIN32)
     set(_library_dir "${CMAKE_INSTALL_BINDIR}")
   endif()
-  file(RELATIVE_PATH VEXMATH_LIBRARY_TO_DEBUGGER "/prefix/${_library_dir}" "/prefix/${_debugger_dir}")
+  file(RELATIVE_PATH VEXMATH_LIBRARY_TO_DEBUGGER
+    "/prefix/${_library_dir}" "/prefix/${_debugger_dir}")
   configure_file("${PROJECT_SOURCE_DIR}/debugger/load_in_gdb.py.in"
     "${PROJECT_BINARY_DIR}/load_in_gdb.py" @ONLY)
   install(CODE "
@@ -66,6 +67,7 @@ if(BUILD_SHARED_LIBS)
     if(CMAKE_INSTALL_PREFIX STREQUAL \"/usr\")
       string(PREPEND folder \"/usr/share/gdb/auto-load\")
     endif()
-    file(INSTALL DESTINATION \"\${folder}\" TYPE FILE RENAME \"$<TARGET_FILE_NAME:vexmath>-gdb.py\"
+    file(INSTALL DESTINATION \"\${folder}\" TYPE FILE
+      RENAME \"$<TARGET_FILE_NAME:vexmath>-gdb.py\"
       FILES \"${PROJECT_BINARY_DIR}/load_in_gdb.py\")")
 endif()

@@ -16,6 +16,9 @@ sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import vexmath_texts as texts
 
 
+KINDS = {gdb.TYPE_CODE_ARRAY: "array", gdb.TYPE_CODE_FLT: "real", gdb.TYPE_CODE_VOID: "void"}
+
+
 class Value:
     """A value of gdb in the form that vexmath_texts.py describes."""
 
@@ -51,8 +54,7 @@ class Value:
 
     @property
     def kind(self):
-        names = {gdb.TYPE_CODE_ARRAY: "array", gdb.TYPE_CODE_FLT: "real", gdb.TYPE_CODE_VOID: "void"}
-        return names.get(self.type.code) or str(self.type.tag).split("<")[0]
+        return KINDS.get(self.type.code) or str(self.type.tag).split("<")[0]
 
     @property
     def size(self):

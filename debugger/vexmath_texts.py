@@ -47,9 +47,9 @@ TEXTS = {
 }
 
 
-# GCC describes a class with virtual functions, and Clang also an instance of a template, only in the
-# debug information of the library, which a release does not have. A debugger that does not see their
-# members finds them by this table: in this order from the start of the object.
+# GCC describes a class with virtual functions only in the debug information of the library, which a
+# release does not have; so does Clang, for instances of templates too. A debugger that does not see
+# their members finds them by this table: in this order from the start of the object.
 POINTER = "void *"
 CONE = {
     "table": POINTER,
@@ -226,7 +226,7 @@ def transform_helper(value):
 
 @shows("mgGenXform_c")
 def general_transform(value):
-    shown, frame = f"{transform(value.base)}, body scaled {show(value['scale_'])}", show(value["body_"])
+    shown, frame = transform(value.base) + fill(", body scaled {scale_}", value), show(value["body_"])
     return shown if frame == "identity" else f"{shown} in frame: {frame}"
 
 

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Compares what gdb, lldb and Visual Studio show of each class with docs/debugging.md and values.md.
+"""Compares what gdb, lldb and Visual Studio show with docs/debugging.md and values.md.
 
 The declarations of both pages become a program. The debuggers run it against an installed tree, and
-against the same tree after it was moved.
+against the same tree after it was moved. gdb stands in for Visual Studio.
 
 usage: debugger_test.py SOURCE BUILD WORK COMPILER [unittest arguments]
 """
@@ -39,13 +39,13 @@ int main() {
     quick_exit(0);
 }
 '''
-# The first option describes classes with virtual functions too, which compilers otherwise leave to the
-# library. The others make optimised functions that lldb 14 can read: GCC splits them.
+# The first option describes classes with virtual functions too, which compilers otherwise leave to
+# the library. The others make optimised functions that lldb 14 can read: GCC splits them.
 CLANG = 'clang' in COMPILER
 WHOLE_CLASSES = '-fstandalone-debug' if CLANG else '-femit-class-debug-always'
 OPTIMISED = ['-O2'] if CLANG else ['-O2', '-fno-reorder-blocks-and-partition']
 # Debian's lldb does not look for its own Python module where it is.
-LLDB_MODULE = next(Path('/usr/lib').glob('llvm-*/lib/python3*/*/lldb/embedded_interpreter.py'), None)
+LLDB_MODULE = next(Path('/usr/lib').glob('llvm-*/lib/python3*/*/lldb/embedded_*.py'), None)
 # What a .natvis file cannot tell, see docs/debugging.md.
 UNLIKE_IN_NATVIS = {'tooLong', 'written', 'half', 'types', 'constraints', 'helper', 'same', 'wild',
                     'nanDirection', 'badSet'}

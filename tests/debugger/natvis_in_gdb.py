@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The command `natvis FILE NAME...` for gdb: prints variables as Visual Studio shows them by the file.
+"""The command `natvis FILE NAME...` for gdb: prints variables as Visual Studio would by the file.
 
 It fails when an expression of the file names a member that its class does not have."""
 
