@@ -41,10 +41,11 @@ int main() {
 '''
 # The first option describes classes with virtual functions too, which compilers otherwise leave to
 # the library. The others make optimised functions that lldb 14 can read: GCC splits them.
-CLANG = 'clang' in COMPILER
+CLANG = 'clang' in subprocess.check_output([COMPILER, '--version'], text=True)
 WHOLE_CLASSES = '-fstandalone-debug' if CLANG else '-femit-class-debug-always'
 OPTIMISED = ['-O2'] if CLANG else ['-O2', '-fno-reorder-blocks-and-partition']
-# Debian's lldb does not look for its own Python module where it is.
+# Debian's lldb does not look for its own Python module where it is, and takes the libraries of the
+# first python3 in the path, which need not be Debian's.
 LLDB_MODULE = next(Path('/usr/lib').glob('llvm-*/lib/python3*/*/lldb/embedded_*.py'), None)
 # What a .natvis file cannot tell, see docs/debugging.md.
 UNLIKE_IN_NATVIS = {'tooLong', 'written', 'half', 'types', 'constraints', 'helper', 'same', 'wild',
@@ -89,7 +90,7 @@ def in_lldb(prefix, *commands):
              'settings set target.disable-aslr false', 'breakpoint set -n stop', 'run', 'up')
     options = [word for line in (*start, *commands) for word in ('-o', line)]
     return run('lldb', '--no-lldbinit', '--batch', *options, WORK / 'values',
-               PYTHONPATH=str(LLDB_MODULE.parents[1]))
+               PATH='/usr/bin:/bin', PYTHONPATH=str(LLDB_MODULE.parents[1]))
 
 
 def without_elements(_, text):
