@@ -9,7 +9,8 @@ This module knows no debugger. vexmath_gdb.py and vexmath_lldb.py give it values
     value.kind                   "array", "real", "void", or the class without template arguments
     value.size                   the bytes of its type
     float(value), int(value)     a number, or the address that a pointer holds
-    value.memory(offset, count)  bytes at the address that a pointer holds, plus the offset
+    value.memory(offset, count)  bytes at the address that a pointer holds, plus the offset; they are
+                                 read as numbers of the machine that the debugger runs on
 
 All but the kind may raise: debuggers also show variables that are not yet, or no longer, valid.
 `text` never raises. vexmath.natvis has the same texts for Visual Studio, as far as its language
