@@ -22,7 +22,8 @@ class Value:
         self.raw = raw.GetNonSyntheticValue()
         self.type = (kind or self.raw.GetType()).GetCanonicalType().GetUnqualifiedType()
         if self.type.IsReferenceType():
-            self.type, self.raw = self.type.GetDereferencedType(), self.raw.Dereference()
+            self.type = self.type.GetDereferencedType()
+            self.raw = at(raw.GetTarget(), raw.GetValueAsUnsigned(), raw.GetName(), self.type)
 
     def __getitem__(self, key):
         if isinstance(key, str):

@@ -9,8 +9,8 @@ This module knows no debugger. vexmath_gdb.py and vexmath_lldb.py give it values
     value.kind                   "array", "real", "void", or the class without template arguments
     value.size                   the bytes of its type
     float(value), int(value)     a number, or the address that a pointer holds
-    value.memory(offset, count)  bytes at the address that a pointer holds, plus the offset; they are
-                                 read as numbers of the machine that the debugger runs on
+    value.memory(offset, count)  bytes at the address that a pointer holds, plus the offset; read as
+                                 numbers of the machine that the debugger runs on
 
 All but the kind may raise: debuggers also show variables that are not yet, or no longer, valid.
 `text` never raises. vexmath.natvis has the same texts for Visual Studio, as far as its language
@@ -227,7 +227,8 @@ def transform_helper(value):
 
 @shows("mgGenXform_c")
 def general_transform(value):
-    shown, frame = transform(value.base) + fill(", body scaled {scale_}", value), show(value["body_"])
+    shown = transform(value.base) + fill(", body scaled {scale_}", value)
+    frame = transform(value["body_"])
     return shown if frame == "identity" else f"{shown} in frame: {frame}"
 
 

@@ -116,10 +116,11 @@ class DebuggerTest(unittest.TestCase):
     def check_lldb(self, prefix):
         shown = in_lldb(prefix, *(f'frame variable {name}' for name in NAMES))
         # Elements are on lines of their own, and the members of what a reference refers to.
-        shown = re.sub(r' {((?:\n  \[\d+\] = .+)+)\n}', lambda list_: ' = {' + ', '.join(
+        shown = re.sub(r':? {((?:\n  \[\d+\] = .+)+)\n}', lambda list_: ' = {' + ', '.join(
             re.findall('= (.+)', list_[1])) + '}', shown)
+        shown = re.sub(r'( = 0x.+?)(: {| {})$', r'\1', shown, flags=re.M)
         # Clang does not tell lldb 14 the type of the elements.
-        self.compare(re.findall(r'^\(.+?\) \w+ = (?:0x\w+ )?(.+?)(?:: {)?$', shown, re.M),
+        self.compare(re.findall(r'^\(.+?\) \w+ = (?:0x\w+ )?(.+)$', shown, re.M),
                      without_elements if CLANG else lambda _, text: text)
 
     def check_natvis(self, prefix):
