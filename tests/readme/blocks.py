@@ -31,9 +31,9 @@ def build(blocks, source, library, work, compiler):
     text += ''.join(f'case {i}: block{i}(); break;\n' for i in range(len(blocks))) + '}\n}\n'
     work.mkdir(parents=True, exist_ok=True)
     (work / 'blocks.cpp').write_text(text)
-    subprocess.run([compiler, '-std=c++17', '-Wall', '-Wextra', '-Wno-format-truncation',
-                    '-I', source / 'include', '-I', source / 'src/platform/include',
-                    work / 'blocks.cpp', '-o', work / 'blocks', library,
+    subprocess.run([compiler, '-std=c++17', '-Wall', '-Wextra', '-Werror', '-Wno-unused-variable',
+                    '-Wno-unused-but-set-variable', '-I', source / 'include', '-I',
+                    source / 'src/platform/include', work / 'blocks.cpp', '-o', work / 'blocks', library,
                     f'-Wl,-rpath,{library.parent}'], check=True)
     return [subprocess.run([work / 'blocks', str(i)], check=True, capture_output=True,
                            text=True).stdout for i in range(len(blocks))]
