@@ -25,7 +25,7 @@ make_debian() {
     packaging/debian/fill.py "$tree"
     say "building the Debian packages"
     (cd "$tree" && dpkg-buildpackage -us -uc >"$work/debian/build.log" 2>&1) ||
-        { tail -40 "$work/debian/build.log"; exit 1; }
+        { tail -20 "$work/debian/build.log" | cut -c1-200; exit 1; }
     say "lintian"
     lintian --fail-on error,warning "$work/debian/vexmath_$version"-1_*.changes
     say "using them"
