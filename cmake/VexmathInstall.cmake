@@ -43,3 +43,16 @@ file(RELATIVE_PATH VEXMATH_PC_TO_PREFIX
 string(REGEX REPLACE "/$" "" VEXMATH_PC_TO_PREFIX "${VEXMATH_PC_TO_PREFIX}")
 configure_file("${CMAKE_CURRENT_LIST_DIR}/vexmath.pc.in" "${PROJECT_BINARY_DIR}/vexmath.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/vexmath.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+
+# Archives of the installed tree: cpack in the build folder makes one.
+if(PROJECT_IS_TOP_LEVEL)
+  set(CPACK_GENERATOR TGZ)
+  if(WIN32)
+    set(CPACK_GENERATOR ZIP)
+  endif()
+  string(TOLOWER "${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTEM_PROCESSOR}" _system)
+  set(CPACK_PACKAGE_FILE_NAME "vexmath-${PROJECT_VERSION}-${_system}")
+  set(CPACK_PACKAGE_VENDOR "The vexmath developers")
+  set(CPACK_STRIP_FILES ON)
+  include(CPack)
+endif()
