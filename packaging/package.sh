@@ -61,12 +61,12 @@ make_archive() {
     local preset=$1 archive root
     shift
     say "making the archive of $preset"
-    rm -rf "$work/$preset"
+    rm -rf "${work:?}/$preset"
     cmake --preset "$preset" -B "$work/$preset/build" -DVEXMATH_BUILD_TESTS=OFF \
         -DVEXMATH_BUILD_EXAMPLES=OFF -DVEXMATH_BUILD_APPS=OFF >/dev/null
     cmake --build "$work/$preset/build" >/dev/null
     (cd "$work/$preset/build" && cpack -B "$work/$preset" >/dev/null)
-    archive=$(ls "$work/$preset"/vexmath-"$version"-*.*)
+    archive=$(find "$work/$preset" -maxdepth 1 -name "vexmath-$version-*" ! -name '*.sha256')
     echo "$(basename "$archive"): $(stat -c %s "$archive") bytes"
     mkdir "$work/$preset/root"
     (cd "$work/$preset/root" && cmake -E tar x "$archive")
