@@ -71,3 +71,16 @@ if(BUILD_SHARED_LIBS)
       RENAME \"$<TARGET_FILE_NAME:vexmath>-gdb.py\"
       FILES \"${PROJECT_BINARY_DIR}/load_in_gdb.py\")")
 endif()
+
+# Archives of the installed tree: cpack in the build folder makes one.
+if(PROJECT_IS_TOP_LEVEL)
+  set(CPACK_GENERATOR TGZ)
+  if(WIN32)
+    set(CPACK_GENERATOR ZIP)
+  endif()
+  string(TOLOWER "${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTEM_PROCESSOR}" _system)
+  set(CPACK_PACKAGE_FILE_NAME "vexmath-${PROJECT_VERSION}-${_system}")
+  set(CPACK_PACKAGE_VENDOR "The vexmath developers")
+  set(CPACK_STRIP_FILES ON)
+  include(CPack)
+endif()
