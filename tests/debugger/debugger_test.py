@@ -54,8 +54,7 @@ UNLIKE_IN_NATVIS = {'tooLong', 'written', 'half', 'types', 'constraints', 'helpe
 
 def rows(page):
     """Name, declaration and text of each value on a page."""
-    for cells in re.findall(r'^\| `(.+)` \| `(.+)` \|$', page.read_text(), re.M):
-        declaration, text = (cell.replace('\\|', '|') for cell in cells)
+    for declaration, text in re.findall(r'^\| `(.+)` \| `(.+)` \|$', page.read_text(), re.M):
         yield re.match(r'[\w<>]+(?: const)? &?(\w+)', declaration)[1], declaration, text
 
 
