@@ -53,7 +53,7 @@ def main(tree):
     (debian / f'{package}.symbols').write_text(symbols(tree, soversion))
     (debian / 'changelog').write_text(
         f'vexmath ({version}-1) unstable; urgency=medium\n\n  * Release {version}.\n\n'
-        ' -- The vexmath developers <vexmath@localhost.localdomain>'
+        ' -- The vexmath developers <vexmath@example.org>'
         '  Sun, 22 Nov 2026 12:00:00 +0000\n')
 
 
