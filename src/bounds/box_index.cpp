@@ -221,7 +221,7 @@ struct vexmath::detail::BoxIndexData {
         void operator()(mgBBox_c *block) const { ::operator delete(block); }
     };
 
-    int count = 0;
+    int count = 0; ///< first: debuggers read it there, see debugger/
     FloatFrame frame;
     BoxTree tree;                               ///< one entry for each box, with its index as label
     std::unique_ptr<int[]> positions;           ///< by index

@@ -25,7 +25,7 @@ quietly() {
 # The installed files, each once: without version numbers, and with lib for the system's own folder.
 installed_files() {
     (cd "$1" && find . ! -type d) |
-        sed -E -e 's|^\./||' -e 's|^lib[^/]*/([a-z]+-linux-[a-z]+/)?|lib/|' -e 's|\.so\.[0-9.]+$|.so.VERSION|' \
+        sed -E -e 's|^\./||' -e 's|^lib[^/]*/([a-z]+-linux-[a-z]+/)?|lib/|' -e 's|\.so\.[0-9.]*[0-9](-gdb\.py)?$|.so.VERSION\1|' \
             -e 's|-targets-[a-z]+\.cmake$|-targets-CONFIG.cmake|' | LC_ALL=C sort -u
 }
 

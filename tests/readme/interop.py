@@ -1,6 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Keeps pages true: pages.py <folder of the pages> <work folder> <compiler and its options...>
+"""Keeps the pages about other libraries true.
+
+usage: interop.py FOLDER_OF_THE_PAGES WORK_FOLDER COMPILER OPTION...
 
 Each ```cpp block of a page is the inside of a function, with #include lines in front. It compiles
 without a warning and prints the ```text block that follows it. A block is skipped when a header
