@@ -14,7 +14,7 @@ c_headers=(vexmath/dynamic_array.h vexmath/gfxmath.h)
 failures=0
 
 # The headers for other libraries: those whose library is here.
-libraries=$(pkg-config --cflags-only-I eigen3 2>/dev/null | sed 's/-I/-isystem /g') || true
+libraries=$(pkg-config --cflags-only-I eigen3 2>/dev/null | sed 's/-I/-isystem /g; s/ *$//') || true
 for pair in eigen:Eigen/Core glm:glm/glm.hpp imath:Imath/ImathVec.h \
     nlohmann_json:nlohmann/json.hpp; do
     # shellcheck disable=SC2086  # the options are words
