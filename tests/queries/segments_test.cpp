@@ -37,10 +37,11 @@ TEST(Segments, MissedEndsAndSkewSegmentsStillWriteThePoint) {
     check(None, {2, 0, 0}, {2, -5, 1}, {2, 5, 1});
     check(Parallel, untouched, {0, 1, 0}, {4, 1, 0});
     check(None, untouched, {2, 0, 0}, {2, 9e-9, 0});
-    check(Coincident, a, {4, 0, 0}, {7, 0, 0});      // collinear from here on
-    check(Coincident, a, {-7, 0, 0}, {-9e-9, 0, 0}); // touching within the tolerance
+    check(Coincident, a, {4, 0, 0}, {7, 0, 0});         // collinear from here on
+    check(Coincident, a, {-7, 0, 0}, {-9.99e-9, 0, 0}); // touching within the tolerance
     check(None, a, {std::nextafter(4, 5), 0, 0}, {7, 0, 0});
-    check(None, a, {-7, 0, 0}, {-2e-8, 0, 0});
+    check(None, a, {-7, 0, 0}, {-1.001e-8, 0, 0});
+    check(Coincident, a, {-2, 0, 0}, {2, 0, 0}), check(Coincident, a, {-2, 0, 0}, {6, 0, 0});
 }
 
 TEST(Segments, LinesAndRaysAreJudgedByTheSameEnds) {
@@ -57,6 +58,9 @@ TEST(Segments, LinesAndRaysAreJudgedByTheSameEnds) {
     check({{2, -9, 1}, y}, None, None, {2, 0, 1});    // skew
     check({{9, 0, 0}, x}, Coincident, Coincident, {9, 0, 0});
     check({{9, 1, 0}, x}, Parallel, Parallel, untouched);
+    P out = untouched;
+    EXPECT_EQ(None, mg_LineIntLineSeg({{9, 0, 0}, x}, a, {9e-9, 0, 0}, &out, 1e-8));
+    EXPECT_BITS_EQ(untouched, out);
 }
 
 void CheckPlanar(mgIntersectionType_e type, P const &written, P const &q1, P const &q2,

@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Shape and points of conic arcs, against conics in polar form about their focus.
 
-#include <vexmath/line.h>
-#include <vexmath/mg_conic.h>
-
 #include "polyline.h"
 
 namespace {
 
 using namespace common;
-using P = mgPoint_c;
 
 struct Arc {
     P start, end, apex, shoulder;
