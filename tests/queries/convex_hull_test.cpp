@@ -132,7 +132,8 @@ TEST(ConvexHull, EndsOnHostileValues) {
     Random random;
     for (int round = 0; round < 2000; ++round) {
         List list;
-        for (int i = 0; i < 9; ++i) list.emplace_back(random.hostile(), random.hostile());
+        for (int i = random.below(40); i >= 0; --i)
+            list.emplace_back(random.hostile(), random.hostile());
         Points points(list), hull({});
         convexHull(points, hull);
         List const sorted = points.list(); // NaN last

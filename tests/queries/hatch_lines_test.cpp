@@ -110,7 +110,8 @@ TEST(HatchLines, ALineOnACornerOrAnEdgeBelongsToTheAreaAbove) {
     check(0, {{0, 0, 0}, {5, 5, 0}});
     auto const circle = [](int count, double radius, Caller = {}) {
         Watched<P> lines;
-        EXPECT_EQ(count, mg_calcHatchLinesCircle2D(o, radius, o, 0.0, 1.0, lines));
+        for (double const angle : {0.0, vexmath::kHalfPi})
+            EXPECT_EQ(count, mg_calcHatchLinesCircle2D(o, radius, o, angle, 1.0, lines));
     };
     circle(3, 2.0), circle(3, below(2.0)), circle(5, above(2.0)); // tangents give none
     circle(1, 0.05);

@@ -108,8 +108,7 @@ TEST(TangentArc, StartsAlongTheTangentAndEndsAtTheEnd) {
         EXPECT_LT(std::fabs(sweep), kTurn);
     }
     auto const check = [](int found, V const &tangent, double x, double y, double tol,
-                          Caller = {}) {
-        P const start(0, 0, 1);
+                          P const &start = {0, 0, 1}, Caller = {}) {
         P centre = untouched;
         double radius = 77, sweep = 77;
         EXPECT_EQ(found, mg_FindTangentArcCenter2D(start, tangent, P(x, y, 2), centre, radius,
@@ -125,9 +124,10 @@ TEST(TangentArc, StartsAlongTheTangentAndEndsAtTheEnd) {
     check(1, {1e-310, 0, 0}, 0, -1, 0.5);
     check(0, {0, 0, 1}, 4, 1, 0);
     check(0, {kInfinity, 0, 1}, 4, 1, 0);
-    check(0, {1, 0, 0}, kNaN, 1, 0);
+    check(0, {1, 0, 0}, kNaN, 1, 0), check(0, {1, 0, 0}, 4, 1, 0, {0, kInfinity, 0});
     check(1, {1, 0, 0}, 1e308, 1e308, 0);
-    check(0, {1, 0, 0}, 1e308, 1, 0); // the radius overflows
+    check(0, {1, 0, 0}, 1e308, 1, 0); // the centre overflows, or the radius alone
+    check(0, {1, 1, 0}, 0.35 * kMax, 0.83 * kMax, 0);
 }
 
 TEST(TangentArc, AFilletTouchesBothLinesBetweenTheFarEnds) {
@@ -169,9 +169,14 @@ TEST(TangentArc, AFilletTouchesBothLinesBetweenTheFarEnds) {
     check(0, {0, 0, 0}, {0, 1, 0}, {2, 2, 0}, 1, 0.5);
     check(1, {1, 0, 0}, {0, 0, 0}, {0, 1, 0}, 0, 0);
     check(0, {1, 0, 0}, {0, 0, 0}, {0, 1, 0}, -1, 0);
-    check(0, {1, 0, 0}, {0, 0, 0}, {0, kNaN, 0}, 1, 0);
     check(0, {1, 0, 0}, {0, 0, 0}, {0, 1, 0}, kInfinity, 0);
-    P out; // beyond all numbers
+    P out;
+    for (int bad = 0; bad < 4; ++bad) {
+        P p[] = {{}, {1, 0, 0}, {}, {0, 1, 0}};
+        p[bad].set_y(kNaN);
+        EXPECT_EQ(0, mg_FindTangentArcCenter2D(p[0], p[1], p[2], p[3], 1, out, out, out, 0));
+    }
+    // Beyond all numbers.
     EXPECT_EQ(0,
               mg_FindTangentArcCenter2D({}, {1, 0, 0}, {}, {1, 1e-9, 0}, 1e307, out, out, out, 0));
 }

@@ -28,7 +28,12 @@ TEST(InsideBox, APointIsTestedByCoordinates) {
     check(Inside, below(3.1 - tol), above(0.2 + tol), tol);
     check(Touching, 3.1 + 9.9e-9, 1, -1), check(Outside, 3.1 + 1.01e-8, 1, kNaN);
     check(Touching, 1, 1, 1.6); // no inner box
-    for (double bad : {kNaN, kInfinity, -kInfinity}) check(Outside, bad, 1, tol);
+    for (double bad : {kNaN, kInfinity, -kInfinity}) {
+        check(Outside, bad, 1, tol);
+        EXPECT_EQ(Outside, mg_Point2DInsideBox({1, 1, 0}, {bad, 0, 0}, high, tol));
+        EXPECT_EQ(Outside, mg_Polyline2DInsideBox(1, &high, high, {0, bad, 0}, tol));
+        EXPECT_EQ(Outside, mg_Circle2DInsideBox({1, 1, 0}, 1, {0, bad, 0}, high, tol));
+    }
 }
 
 TEST(InsideBox, ArcsAndPolylinesAgreeWithSampledPoints) {
@@ -95,6 +100,7 @@ TEST(InsideBox, ACircleTouchesOnEitherSideWithinTheTolerance) {
     check(Outside, 0, 0, -1, 0), check(Outside, 0, 0, kNaN, 0);
     EXPECT_EQ(Outside, mg_Arc2DInsideBox({}, 1, 1, 0.5, low, high, 0));
     EXPECT_EQ(Outside, mg_Arc2DInsideBox({}, 1, 0, above(1e6), low, high, 0));
+    EXPECT_EQ(Outside, mg_Arc2DInsideBox({}, 1, below(-1e6), 0, low, high, 0));
     EXPECT_EQ(Inside, mg_Arc2DInsideBox({}, 1, 1, 1, low, high, 0)); // a point
     EXPECT_EQ(Touching, mg_Arc2DInsideBox({}, 4, 0, 0, low, high, 0));
 }

@@ -33,6 +33,8 @@ TEST(Planes, ASegmentThatEndsBeforeThePlaneStillTellsTheParameter) {
                           double height, Caller = {}) {
         P a(1, 2, from); // an output as well
         double parameter = 77.0;
+        P same;
+        EXPECT_EQ(type, mg_LineSegIntPlane(a, P(1, 2, to), ground, &same, nullptr));
         EXPECT_EQ(type, mg_LineSegIntPlane(a, P(1, 2, to), ground, &a, &parameter));
         EXPECT_BITS_EQ(P(1, 2, height), a);
         EXPECT_BITS_EQ(t, parameter);

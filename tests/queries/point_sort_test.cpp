@@ -75,6 +75,7 @@ TEST(PointSort, AgreesWithItsSteps) {
         // -0.
         check(many, [&] { return P(tied(50, 1), wide(), wide()); });
         check(many, [&] { return P(tied(50, 1) + tied(3, 9e-9), tied(50, 1), wide()); });
+        check(400, [&] { return P(tied(50, 1) + tied(2, 9e-9), tied(9, 1), tied(2, 1)); });
         check(many, [&] { return P(tied(9, 1), tied(9, 1), tied(2, -1) * 0.0); });
         check(many, [&] { return P(5, wide(), random.below(3000) == 0 ? NAN : wide()); });
     }

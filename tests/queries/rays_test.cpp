@@ -66,11 +66,12 @@ TEST(Rays, ACylinderIsHitWhereTheRayPassesItsAxis) {
 
 /// The cone along z with a slope of 1, between distances 1 and 4 from its apex. All points are
 /// relative to that.
-void CheckCone(mgIntersectionType_e type, P const &point, mgLine_c const &ray, Caller = {}) {
+void CheckCone(mgIntersectionType_e type, P const &point, mgLine_c const &ray,
+               double halfAngle = std::atan(1.0), Caller = {}) {
     P out = untouched;
     V const apex(5, -7, 2);
     EXPECT_EQ(type, mg_RayIntConeSeg({ray.rootPoint() + apex, ray.direction()}, P(apex), z,
-                                     std::atan(1.0), 1.0, 4.0, &out));
+                                     halfAngle, 1.0, 4.0, &out));
     EXPECT_LT(gap(sameBits(point, untouched) ? point : point + apex, out), 1e-14);
 }
 
@@ -80,6 +81,7 @@ TEST(Rays, AConeReportsAxisCapAndSideApart) {
     CheckCone(mgIntersect_Point, {0, 3.9, 4}, {{9, 3.9, 10}, U(-9, 0, -6)});
     CheckCone(mgIntersect_Point, {-3.9, 3.9, 4}, {{9, 3.9, 10}, U(-12.9, 0, -6)});
     CheckCone(mgIntersect_TwoPoints, {-2, 0, 2}, {{-9, 0, 2}, x}); // the first along the ray
+    CheckCone(mgIntersect_TwoPoints, {-2, 0, 2}, {{-9, 0, 2}, x}, -std::atan(1.0));
     // The first hit along the ray is too far from the apex.
     CheckCone(mgIntersect_TwoPoints, {1, 0, 1}, {{-3, 0, 3}, U(4, 0, -2)});
     CheckCone(mgIntersect_None, untouched, {{-9, 0, 0.5}, x});       // too near

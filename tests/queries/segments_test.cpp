@@ -34,7 +34,7 @@ TEST(Segments, MissedEndsAndSkewSegmentsStillWriteThePoint) {
         }
     };
     check(Point, {2, 0, 0}, {2, 0, 0}, {2, 5, 0});
-    check(None, {2, 0, 0}, {2, -5, 1}, {2, 5, 1});
+    check(None, {2, 0, 0}, {2, -5, 1}, {2, 5, 1}), check(None, {2, 0, 0}, {2, 1, 0}, {2, 5, 0});
     check(Parallel, untouched, {0, 1, 0}, {4, 1, 0});
     check(None, untouched, {2, 0, 0}, {2, 9e-9, 0});
     check(Coincident, a, {4, 0, 0}, {7, 0, 0});         // collinear from here on
@@ -107,6 +107,9 @@ TEST(Segments2D, AMarkedPointMeetsNothing) {
     }
     CheckPlanar(None, untouched, {1, -1, 0}, {1, 1, std::nan("")});
     CheckPlanar(None, untouched, {1, 1, 0}, {1, 1, 9e-9}); // equal ends
+    P out;                                                 // the candidate is NaN
+    EXPECT_EQ(None,
+              mg_LineSegIntLineSeg2D({-kMax, 0, 0}, {kMax, 0, 0}, {0, -1, 0}, {0, 1, 0}, &out));
 }
 
 } // namespace

@@ -99,6 +99,8 @@ TEST(Persistence, MatricesAreRepairedOrTakenAsTheyAre) {
     nearly[1] = s;
     check(restore, {}, s, -s, s, 0, 0, 0, s, s, -s); // null rows
     check(restore, mgMatrix_c({1.1, 0, 0, 0, 1, 0, 0, 0, off}, 1), 1.1, 0, 0, 0, 1, 0, 0, 0, off);
+    for (double const y : {0, 1}) // fewer null rows
+        check(restore, mgMatrix_c({0, 0, 0, 0, y, 0, 0, 0, 1}, 1), 0, 0, 0, 0, y, 0, 0, 0, 1);
     check(restoreAsIs, nearly, 1, s, 0, 0, 1, 0, 0, 0, 1);
     check(restoreAsIs, mgMatrix_c({1, 0, 0, 0, 1, 0, off, 0, 1}, 0), 1, 0, 0, 0, 1, 0, off, 0, 1);
 }

@@ -45,8 +45,9 @@ TEST(TessParabola, TheToleranceDoesNotChangeAParabola) {
 
 TEST(TessParabola, HasFromTenToTenMillionSegments) {
     double const rows[][4] = {
-        {2, 0, 0.439, 10},  {2, 0, 0.441, 11},      {2, 1, 0.99, 10}, // f, t0, t1
-        {2, 0.25, 0.25, 0}, {1e-3, 0, 400000.1, 0}, {0, 0, 1, 0}};
+        {2, 0, 0.439, 10},     {2, 0, 0.441, 11},      {2, 1, 0.99, 10}, // f, t0, t1
+        {2, 0, 3.9999999, 99}, {2, 0, 4.0000001, 100}, {2, 0.25, 0.25, 0}, {1e-3, 0, 400000.1, 0},
+        {0, 0, 1, 0}};
     for (auto const &[f, t0, t1, expected] : rows)
         EXPECT_EQ(expected, segmentsOf(polylineOf(conicOf(f, 1, t0, t1)))) << f << ' ' << t1;
 }

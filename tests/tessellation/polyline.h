@@ -22,7 +22,7 @@ inline bool areSame(Polyline const &a, Polyline const &b) {
 template <class Call>
 Polyline outputOf(Call call) {
     P *array = nullptr;
-    int count = -1, listed = -1;
+    int count = -1, listed = -2;
     call(&array, count, nullptr);
     suDynamicArray<P> list;
     list.Add({7, 8, 9});
@@ -30,6 +30,7 @@ Polyline outputOf(Call call) {
     EXPECT_EQ(count, listed);
     EXPECT_EQ(count > 0, array != nullptr);
     if (array == nullptr) {
+        EXPECT_EQ(count, 0);
         EXPECT_EQ(list.Count(), 1);
         return {};
     }
