@@ -104,11 +104,6 @@ TEST(LeastRectangle, HasManyCorners) {
             }
             CheckRectangle(p, 1e-11);
         }
-    for (int const corners : {1, 2, 3}) { // in linear time
-        List p;
-        for (int i = 0; i < 50000; ++i) p.push_back(std::polar(1.0, 2.0 * (i * corners / 50000)));
-        rectangle(p);
-    }
 }
 
 TEST(LeastRectangle, OfDegenerateAndEqualPolygons) {

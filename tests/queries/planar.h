@@ -18,6 +18,11 @@ inline P planar(Random &random, double low, double high, double z = 0.0) {
     return {random.uniform(low, high), random.uniform(low, high), z};
 }
 
+/// How deep a point is in a box, negative outside; by the nearest side.
+inline double depthIn(P const &low, P const &high, P const &p) {
+    return std::min({p.x() - low.x(), high.x() - p.x(), p.y() - low.y(), high.y() - p.y()});
+}
+
 /// At this angle and distance from the centre, in its plane.
 inline P onCircle(P const &centre, double radius, double angle) {
     return {centre.x() + radius * std::cos(angle), centre.y() + radius * std::sin(angle),

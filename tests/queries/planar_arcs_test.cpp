@@ -74,16 +74,13 @@ TEST(PolylineArc, TellsLinesCirclesAndReturnsApart) {
         auto const checkSecond = [&](mgPolylineArc_e expected, P const &p, Caller = {}) {
             check(expected, {{5, 0, 0}, p, {0, 5, 0}, {-5, 0, 0}}, 0.25);
         };
-        checkSecond(Arc, {3, 4, side * 0.25});
-        checkSecond(None, {3, 4, side * above(0.25)});
+        checkSecond(Arc, {3, 4, side * 0.25}), checkSecond(None, {3, 4, side * above(0.25)});
         checkSecond(Arc, (1 + side * 0.0499999) * P(3, 4, 0));
         checkSecond(None, (1 + side * 0.0500001) * P(3, 4, 0));
     }
-    check(Line, {a, c, {0, 0, 0}});
-    check(Line, {{0, 0, 0}, {1, 0.5, 0}, {4, 0, 0}}, 0.5);
+    check(Line, {a, c, {0, 0, 0}}), check(Line, {{0, 0, 0}, {1, 0.5, 0}, {4, 0, 0}}, 0.5);
     check(Arc, {{0, 0, 0}, {1, above(0.5), 0}, {4, 0, 0}}, 0.5);
-    check(None, {{0, 0, 0}, {0.5, 0, 0}, {0, 0.25, 0}}, 0.5);
-    check(None, {a, b, {kNaN, 0, 0}});
+    check(None, {{0, 0, 0}, {0.5, 0, 0}, {0, 0.25, 0}}, 0.5), check(None, {a, b, {kNaN, 0, 0}});
     check(None, {a, b, {0, 0, kInfinity}});
     // A centre beyond all numbers.
     EXPECT_EQ(Line, Found({{-kMax, 0, 0}, {0, 1e300, 0}, {kMax, 0, 0}}, 0).type);
@@ -117,12 +114,9 @@ TEST(TangentArc, StartsAlongTheTangentAndEndsAtTheEnd) {
         EXPECT_EQ(found == 0, radius == 77);
         EXPECT_EQ(found == 0, sweep == 77);
     };
-    check(0, {3, 0, 0}, 4, 0.5, 0.5);
-    check(1, {3, 0, 0}, 4, above(0.5), 0.5);
-    check(0, {3, 0, 0}, -4, -0.5, 0.5);
-    check(1, {1e300, 0, 0}, 4, 1, 0.5);
-    check(1, {1e-310, 0, 0}, 0, -1, 0.5);
-    check(0, {0, 0, 1}, 4, 1, 0);
+    check(0, {3, 0, 0}, 4, 0.5, 0.5), check(1, {3, 0, 0}, 4, above(0.5), 0.5);
+    check(0, {3, 0, 0}, -4, -0.5, 0.5), check(1, {1e300, 0, 0}, 4, 1, 0.5);
+    check(1, {1e-310, 0, 0}, 0, -1, 0.5), check(0, {0, 0, 1}, 4, 1, 0);
     check(0, {kInfinity, 0, 1}, 4, 1, 0);
     check(0, {1, 0, 0}, kNaN, 1, 0), check(0, {1, 0, 0}, 4, 1, 0, {0, kInfinity, 0});
     check(1, {1, 0, 0}, 1e308, 1e308, 0);
@@ -193,15 +187,11 @@ TEST(NormalFrom3Points, NeedsAHeightAboveTheTolerance) {
         }
     };
     V const none, z(0, 0, 1);
-    check(0, {8, 0, 0}, {4, 0.5, 0}, 0.5, none);
-    check(1, {8, 0, 0}, {4, above(0.5), 0}, 0.5, z);
-    check(1, {4, 0.75, 0}, {8, 0, 0}, 0.5, -1.0 * z);
-    check(1, {0, 8, 0}, {0, 0, 1}, 0, {1, 0, 0});
+    check(0, {8, 0, 0}, {4, 0.5, 0}, 0.5, none), check(1, {8, 0, 0}, {4, above(0.5), 0}, 0.5, z);
+    check(1, {4, 0.75, 0}, {8, 0, 0}, 0.5, -1.0 * z), check(1, {0, 8, 0}, {0, 0, 1}, 0, {1, 0, 0});
     check(1, {8, 0, 0}, {4, 1e-12, 0}, 0, z); // however flat
-    check(0, {8, 0, 0}, {4, 0, 0}, 0, none);
-    check(0, {}, {}, 0, none);
-    check(0, {1, 0, kNaN}, {0, 1, 0}, 0, none);
-    check(0, {kInfinity, 0, 0}, {0, 1, 0}, 0, none);
+    check(0, {8, 0, 0}, {4, 0, 0}, 0, none), check(0, {}, {}, 0, none);
+    check(0, {1, 0, kNaN}, {0, 1, 0}, 0, none), check(0, {kInfinity, 0, 0}, {0, 1, 0}, 0, none);
 }
 
 } // namespace

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Segments and arcs clipped to boxes: against clips in whole numbers and against sampled points.
-
-#include <array>
+// Segments and arcs clipped to boxes: against sampled points.
 
 #include "planar.h"
 
@@ -13,117 +11,76 @@ constexpr auto Outside = mgClipLine_Outside, Inside = mgClipLine_Inside,
                ClippedA = mgClipLine_ClippedA, ClippedB = mgClipLine_ClippedB,
                ClippedBoth = mgClipLine_ClippedBoth, Touching = mgClipLine_Touching;
 
-/// The parameters at which a + t (b - a) is between low and high, for all t, in units of 1 / unit,
-/// which makes them whole numbers; from > to if for none. Cyrus and Beck's clip.
-struct Range {
-    int unit, from = -9999, to = 9999;
-    void cut(int a, int b, int low, int high, bool isOpen) {
-        if (a == b) {
-            bool const isIn = isOpen ? low < a && a < high : low <= a && a <= high;
-            if (!isIn) from = to + 1;
-            return;
+P const corner(3, -5, 0), opposite(9, -1, 0);
+
+/// The part of the segment from a to a + d in the box that is larger by `grow` on each side, from
+/// samples: of d a power of two or 0, a segment meets sides at multiples of an eighth of it.
+struct Part {
+    P first, last;
+    bool isEmpty = true, isDeep = false;
+
+    Part(P const &a, V const &d, double grow) {
+        for (int i = 0; i <= 16; ++i) {
+            P const p = a + (i / 16.0) * d;
+            double const depth = depthIn(corner, opposite, p) + grow;
+            if (depth > 0) isDeep = true;
+            if (depth < 0) continue;
+            if (isEmpty) first = p;
+            last = p;
+            isEmpty = false;
         }
-        auto const [t1, t2] =
-            std::minmax({(low - a) * unit / (b - a), (high - a) * unit / (b - a)});
-        from = std::max(from, t1);
-        to = std::min(to, t2);
     }
-    bool isEmpty() const { return to < from || to < 0 || unit < from; }
-    bool isOpenEmpty() const { return to <= from || to <= 0 || unit <= from; }
 };
 
-constexpr int kWidth = 6, kHeight = 4; // of the box; all is relative to its lower left corner
-V const shift(3, -5, 0);
-
-struct Expected {
-    mgClipLine_e clip = Outside;
-    mgInsideBox_e inside = mgInsideBox_Outside;
-    double a[2] = {}, b[2] = {};
-};
-
-Expected exactly(std::array<int, 4> const &s, int tol) {
-    auto const range = [&](int grow, bool isOpen) {
-        auto const orOne = [](int d) { return d != 0 ? std::abs(d) : 1; };
-        Range r{orOne(s[2] - s[0]) * orOne(s[3] - s[1])};
-        r.cut(s[0], s[2], -grow, kWidth + grow, isOpen);
-        r.cut(s[1], s[3], -grow, kHeight + grow, isOpen);
-        return r;
-    };
-    auto const contains = [&](int end, int grow) {
-        int const x = s[static_cast<std::size_t>(2 * end)];
-        int const y = s[static_cast<std::size_t>(2 * end + 1)];
-        return -grow <= x && x <= kWidth + grow && -grow <= y && y <= kHeight + grow;
-    };
-    Expected e;
-    Range part = range(tol, false);
-    if (part.isEmpty()) return e;
-    bool const isDeep = !range(-tol, true).isOpenEmpty();
-    e.clip = !isDeep                            ? Touching
-             : contains(0, 0) && contains(1, 0) ? Inside
-             : contains(0, 0)                   ? ClippedB
-             : contains(1, 0)                   ? ClippedA
-                                                : ClippedBoth;
-    e.inside = !isDeep                                ? mgInsideBox_Touching
-               : contains(0, tol) && contains(1, tol) ? mgInsideBox_Inside
-                                                      : mgInsideBox_Partly;
-    if (isDeep) part = range(0, false);
-    double const t0 = std::max(0, part.from) / double(part.unit);
-    double const t1 = std::min(part.unit, part.to) / double(part.unit);
-    for (std::size_t k : {0u, 1u}) {
-        double const high = k == 0 ? kWidth : kHeight;
-        e.a[k] = std::clamp(s[k] + t0 * (s[k + 2] - s[k]), 0.0, high);
-        e.b[k] = std::clamp(s[k] + t1 * (s[k + 2] - s[k]), 0.0, high);
-    }
-    return e;
-}
-
-/// An output: the given end if the result is Inside or `keeps`, else on a side, unless Touching.
-void CheckEnd(mgClipLine_e clip, mgClipLine_e keeps, P const &given, double const *expected,
-              P const &out) {
-    ASSERT_LT(gap(P(expected[0], expected[1], given.z()) + shift, out), 1e-14);
-    if (clip == Inside || clip == keeps) {
-        ASSERT_BITS_EQ(given, out);
-        return;
-    }
-    double const x = out.x() - shift.x(), y = out.y() - shift.y();
-    bool const isOnSide = x == 0 || x == kWidth || y == 0 || y == kHeight;
-    ASSERT_TRUE(isOnSide || clip == Touching);
-}
-
-void CheckSegment(std::array<int, 4> const &s, int tol) {
-    Expected const e = exactly(s, tol);
-    P const a = P(s[0], s[1], 5) + shift, b = P(s[2], s[3], 6) + shift;
-    P const corner = P() + shift, far = P(kWidth, kHeight, 9) + shift;
+void CheckSegment(P const &a, V const &d, double tol) {
+    P const b = a + d + V(0, 0, 1);
+    Part const outer(a, d, tol), box(a, d, 0);
+    bool const isDeep = Part(a, d, -tol).isDeep;
+    bool const keepsA = isDeep && gap(box.first, a) == 0;
+    bool const keepsB = isDeep && gap(box.last, a + d) == 0;
+    auto const clip = outer.isEmpty      ? Outside
+                      : !isDeep          ? Touching
+                      : keepsA && keepsB ? Inside
+                      : keepsA           ? ClippedB
+                      : keepsB           ? ClippedA
+                                         : ClippedBoth;
+    bool const isWithin = gap(outer.first, a) + gap(outer.last, a + d) == 0;
+    ASSERT_EQ(outer.isEmpty ? mgInsideBox_Outside
+              : !isDeep     ? mgInsideBox_Touching
+              : isWithin    ? mgInsideBox_Inside
+                            : mgInsideBox_Partly,
+              mg_Line2DInsideBox(a, b, opposite, corner, tol));
     P p = untouched, q = untouched;
-    ASSERT_EQ(e.clip, mg_ClipLine2DToBox(a, b, far, corner, p, q, tol));
-    ASSERT_EQ(e.inside, mg_Line2DInsideBox(a, b, far, corner, tol));
-    if (e.clip == Outside) {
-        ASSERT_BITS_EQ(untouched, p);
-        ASSERT_BITS_EQ(untouched, q);
-        return;
-    }
-    CheckEnd(e.clip, ClippedB, a, e.a, p);
-    CheckEnd(e.clip, ClippedA, b, e.b, q);
-    for (double k : {0x1p1020, 0x1p600, 0x1p-600, 0x1p-1000}) {
+    ASSERT_EQ(clip, mg_ClipLine2DToBox(a, b, opposite, corner, p, q, tol));
+    auto const check = [&](P const &end, double z, bool isKept, P const &out) {
+        P const nearest(std::clamp(end.x(), corner.x(), opposite.x()),
+                        std::clamp(end.y(), corner.y(), opposite.y()), z);
+        ASSERT_LT(gap(clip == Outside ? untouched : nearest, out), 1e-14);
+        ASSERT_TRUE(!isDeep
+                    || (isKept ? gap(end, out) == std::fabs(z - end.z())
+                               : depthIn(corner, opposite, out) == 0));
+    };
+    check(isDeep ? box.first : outer.first, a.z(), keepsA, p);
+    check(isDeep ? box.last : outer.last, b.z(), keepsB, q);
+    for (double k : {0x1p1018, 0x1p600, 0x1p-600, 0x1p-1000}) { // to the bit
         P u = k * b, v = k * a; // the outputs are the inputs, exchanged
-        mgRect const window(k * far.x(), k * corner.y(), k * corner.x(), k * far.y());
-        ASSERT_EQ(e.clip, mg_Clip2DLineToWindow(v, u, window, u, v, k * tol));
-        ASSERT_TRUE(k * p.x() == u.x() && k * p.y() == u.y());
-        ASSERT_TRUE(k * q.x() == v.x() && k * q.y() == v.y());
+        mgRect const window(k * opposite.x(), k * corner.y(), k * corner.x(), k * opposite.y());
+        ASSERT_EQ(clip, mg_Clip2DLineToWindow(v, u, window, u, v, k * tol));
+        ASSERT_EQ(0, gap(clip == Outside ? b : p, (1 / k) * u));
+        ASSERT_EQ(0, gap(clip == Outside ? a : q, (1 / k) * v));
     }
 }
 
-/// All segments of a lattice. Powers of two scale all results to the bit.
-TEST(ClipLine, AgreesWithAClipInWholeNumbers) {
-    int const xs[] = {-3, -2, -1, 0, 1, 2, 5, 6, 7, 8}, ys[] = {-3, -1, 0, 1, 2, 3, 4, 5, 7};
-    for (int tol : {0, 1, 2})
-        for (int ax : xs)
-            for (int ay : ys)
-                for (int bx : xs)
-                    for (int by : ys) {
-                        CheckSegment({ax, ay, bx, by}, tol);
-                        ASSERT_FALSE(::testing::Test::HasFatalFailure())
-                            << ax << ' ' << ay << ' ' << bx << ' ' << by << ' ' << tol;
+TEST(ClipLine, AgreesWithSamples) {
+    double const steps[] = {-8, -4, -2, -1, 0, 1, 2, 4, 8};
+    for (double tol : {0, 1, 2})
+        for (double x : {0, 2, 3, 4, 6, 9, 10, 11})
+            for (double y : {-8, -6, -5, -4, -3, -1, 0, 1})
+                for (double dx : steps)
+                    for (double dy : steps) {
+                        CheckSegment({x, y, 5}, {dx, dy, 0}, tol);
+                        ASSERT_FALSE(HasFatalFailure())
+                            << x << ' ' << y << ' ' << dx << ' ' << dy << ' ' << tol;
                     }
 }
 
@@ -191,22 +148,25 @@ TEST(ClipLineEnd, ALeaderEndsAtTheOutlineFromEitherSide) {
     for (int i = 0; i < 2000; ++i) {
         // The frame is made of the lattice's box.
         double const angle = random.uniform(-7, 7), c = std::cos(angle), s = std::sin(angle);
-        P const corner = planar(random, -9, 9, 3);
+        P const root = planar(random, -9, 9, 3);
         auto const place = [&](double u, double v, double z) {
-            return P(corner.x() + c * u - s * v, corner.y() + s * u + c * v, z);
+            return P(root.x() + c * u - s * v, root.y() + s * u + c * v, z);
         };
         auto const number = [&](int high) { return random.uniform(-4, high + 4); };
         double const au = number(6), av = number(4), bu = number(6), bv = number(4);
-        P p, q;
+        P p(1, 1, 0), q;
         auto const expected = mg_ClipLine2DToBox({au, av, 0}, {bu, bv, 0}, {}, {6, 4, 0}, p, q, 0);
         P end = place(bu, bv, 8);
         P const given = end;
         bool const isNegative = random.below(2) != 0; // the frame from its other corner
-        auto const result = mg_ClipLineEndToRotated2DBox(
-            place(au, av, 7), end, isNegative ? place(6, 4, 0) : corner, isNegative ? -6 : 6,
-            isNegative ? -4 : 4, angle, 0.0);
+        auto const result =
+            mg_ClipLineEndToRotated2DBox(place(au, av, 7), end, isNegative ? place(6, 4, 0) : root,
+                                         isNegative ? -6 : 6, isNegative ? -4 : 4, angle, 0.0);
         bool const isMoved = expected != Outside && expected != Inside;
         P const &met = expected == ClippedB ? q : p;
+        double const off = (V(bu - au, bv - av, 0) * (met - P(au, av, 0))).z();
+        EXPECT_EQ(isMoved, depthIn({}, {6, 4, 0}, met) == 0);
+        EXPECT_LT(std::fabs(isMoved ? off : 0), 1e-13);
         EXPECT_EQ(isMoved ? ClippedB : expected, result);
         EXPECT_LT(gap(isMoved ? place(met.x(), met.y(), 8) : given, end), isMoved ? 1e-12 : 1e-300);
     }
@@ -242,8 +202,7 @@ TEST(ClipArc, AgreesWithSampledAngles) {
         for (int k = 1; k < 100; ++k) {
             double const at = start + (end - start) * k / 100;
             P const p = onCircle(centre, radius, at);
-            double const depth =
-                std::min({p.x() - low.x(), high.x() - p.x(), p.y() - low.y(), high.y() - p.y()});
+            double const depth = depthIn(low, high, p);
             if (std::fabs(depth) < kNear) continue;
             int found = 0;
             for (double const *arc = angles; arc < angles + 2 * count; arc += 2)
@@ -271,8 +230,7 @@ TEST(ClipArc, CountsAngleBitsAndThresholds) {
     check(4, a, turn - a, 5, 0, turn, 0);
     check(4, turn + a, 2 * turn - a, 5, turn - 0.1, 2 * turn - 0.1, 0);
     check(5, 0.7, turn + 0.69, 5, 0.7, turn + 0.69, 0); // the start divides an arc
-    check(1, 0.7, 0.8, 5, 0.7, 0.8, 0);
-    check(0, 77, 77, 5, -0.1, 0.1, 0);
+    check(1, 0.7, 0.8, 5, 0.7, 0.8, 0), check(0, 77, 77, 5, -0.1, 0.1, 0);
     check(1, 0.25, 0.25 + turn, 3, 0.25, 0.25 + turn, 0); // unchanged
     check(1, 1, 9, 3, 1, 9, 0);
     check(1, 0, turn, 4.5, 0, turn, 0.5); // beyond all sides by tol
@@ -281,12 +239,9 @@ TEST(ClipArc, CountsAngleBitsAndThresholds) {
     check(1, turn / 2 - std::acos(2 / above(2.5)), turn / 2 + std::acos(2 / above(2.5)), above(2.5),
           0, turn, 0.5, {6, 0, 0});
     check(1, 0, 0.25, 2, 0, 0.25, below(0.5)); // as long as tol, or longer
-    check(0, 77, 77, 2, 0, 0.25, 0.5);
-    check(0, 77, 77, 2, 1, 1, 0);
-    check(0, 77, 77, 2, 1, 0.9, 0);
-    check(0, 77, 77, -2, 0, 1, 0);
-    check(0, 77, 77, 2, 0, above(1e6), 0);
-    check(1, 1e6 - 1, 1e6, 2, 1e6 - 1, 1e6, 0);
+    check(0, 77, 77, 2, 0, 0.25, 0.5), check(0, 77, 77, 2, 1, 1, 0);
+    check(0, 77, 77, 2, 1, 0.9, 0), check(0, 77, 77, -2, 0, 1, 0);
+    check(0, 77, 77, 2, 0, above(1e6), 0), check(1, 1e6 - 1, 1e6, 2, 1e6 - 1, 1e6, 0);
     check(0, 77, 77, kNaN, 0, 1, 0), check(0, 77, 77, 2, 0, 1, 0, {kInfinity, 0, 0});
     check(4, a, turn - a, 5, 0, turn - 1e-11, 0); // full
     check(5, 0.7, 0.7 + turn - 1.1e-11, 5, 0.7, 0.7 + turn - 1.1e-11, 0);

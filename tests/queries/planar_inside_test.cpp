@@ -50,8 +50,7 @@ TEST(InsideBox, ArcsAndPolylinesAgreeWithSampledPoints) {
         for (int i = 0; i <= kSamples; ++i) {
             double const t = start + std::min(sweep, kTurn) * i / kSamples;
             points.push_back(onCircle(centre, radius, t));
-            V const a = low - points.back(), b = points.back() - high;
-            double const d = std::max({a.x(), a.y(), b.x(), b.y()}); // negative inside
+            double const d = -depthIn(low, high, points.back());
             least = std::min(least, d);
             greatest = std::max(greatest, d);
         }
@@ -84,20 +83,15 @@ TEST(InsideBox, ACircleTouchesOnEitherSideWithinTheTolerance) {
                           mg_Circle2DInsideBox(centre, k * radius, k * low, k * high, k * tol));
             }
     };
-    check(Inside, 0, 0, 4, 0);
-    check(Partly, 0, 0, above(4), 0);
-    check(Inside, 0, 0, 4.5, 0.5);
-    check(Partly, 0, 0, above(4.5), 0.5);
+    check(Inside, 0, 0, 4, 0), check(Partly, 0, 0, above(4), 0);
+    check(Inside, 0, 0, 4.5, 0.5), check(Partly, 0, 0, above(4.5), 0.5);
     check(Touching, 9, 0, 4.5, 0.5); // from outside
-    check(Outside, 9, 0, below(4.5), 0.5);
-    check(Touching, 9, 0, 5.5, 0.5);
+    check(Outside, 9, 0, below(4.5), 0.5), check(Touching, 9, 0, 5.5, 0.5);
     check(Partly, 9, 0, above(5.5), 0.5);
     check(Touching, 7, 8, 5, 0); // at the corner
-    check(Outside, 7, 8, below(5), 0);
-    check(Partly, 7, 8, above(5), 0);
+    check(Outside, 7, 8, below(5), 0), check(Partly, 7, 8, above(5), 0);
     check(Touching, -1, 8, 13, 0); // around the box, through its far corner
-    check(Outside, -1, 8, above(13), 0);
-    check(Outside, 0, 0, -1, 0), check(Outside, 0, 0, kNaN, 0);
+    check(Outside, -1, 8, above(13), 0), check(Outside, 0, 0, -1, 0), check(Outside, 0, 0, kNaN, 0);
     EXPECT_EQ(Outside, mg_Arc2DInsideBox({}, 1, 1, 0.5, low, high, 0));
     EXPECT_EQ(Outside, mg_Arc2DInsideBox({}, 1, 0, above(1e6), low, high, 0));
     EXPECT_EQ(Outside, mg_Arc2DInsideBox({}, 1, below(-1e6), 0, low, high, 0));
@@ -105,22 +99,13 @@ TEST(InsideBox, ACircleTouchesOnEitherSideWithinTheTolerance) {
     EXPECT_EQ(Touching, mg_Arc2DInsideBox({}, 4, 0, 0, low, high, 0));
 }
 
-TEST(InsideBox, APolylineIsOneFigure) {
-    P const low(0, 0, 0), high(4, 4, 0);
-    std::vector<P> pts{{-1, 2, 0}, {-1, 9, 0}, {5, 9, 0}};
-    auto const now = [&] {
-        return mg_Polyline2DInsideBox(static_cast<int>(pts.size()), pts.data(), low, high, 0);
-    };
-    EXPECT_EQ(Outside, now());
-    pts.emplace_back(4.0, 4.0, 0.0);
-    EXPECT_EQ(Touching, now());
-    pts.emplace_back(3.0, 3.0, 0.0);
-    EXPECT_EQ(Partly, now());
-    pts.erase(pts.begin(), pts.begin() + 3);
-    EXPECT_EQ(Inside, now());
-    pts.emplace_back(1.0, kNaN, 0.0);
-    EXPECT_EQ(Outside, now());
+TEST(InsideBox, APolylineHasNoClosingSegmentAndNoBadPoint) {
+    P const low(0, 0, 0), high(4, 4, 0),
+        pts[] = {{-1, 2, 0}, {-1, 9, 0}, {5, 9, 0}, {4, 4, 0}, {1, kNaN, 0}};
     EXPECT_EQ(Outside, mg_Polyline2DInsideBox(0, nullptr, low, high, 0));
+    EXPECT_EQ(Outside, mg_Polyline2DInsideBox(3, pts, low, high, 0));
+    EXPECT_EQ(Touching, mg_Polyline2DInsideBox(4, pts, low, high, 0));
+    EXPECT_EQ(Outside, mg_Polyline2DInsideBox(5, pts, low, high, 0));
 }
 
 TEST(PointOnLine, EndsComeBeforeTheMiddleAndAllBoundsAreInclusive) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Open and closed tours: the library against literal versions of the rules and against the shortest
-// tours, and the contract of the order.
+// Open and closed tours: the library against literal versions of the rules, and the contract of the
+// order.
 
 #include <numeric>
 #include <tuple>
@@ -122,42 +122,6 @@ TEST(Tour, AgreesWithTheRule) {
     }
 }
 
-/// M. Held, R. M. Karp, "A dynamic programming approach to sequencing problems", 1962.
-double shortest(List const &p) {
-    std::size_t const n = p.size() - 1, sets = std::size_t{1} << n;
-    std::vector<double> cost(sets * n, kInfinity); // of a path from point n to an end
-    for (std::size_t k = 0; k < n; ++k) cost[(std::size_t{1} << k) * n + k] = dist(p[n], p[k]);
-    for (std::size_t set = 1; set < sets; ++set)
-        for (std::size_t k = 0; k < n; ++k)
-            for (std::size_t next = 0; next < n && (set >> k & 1); ++next) {
-                if (set >> next & 1) continue;
-                double &there = cost[(set | std::size_t{1} << next) * n + next];
-                there = std::min(there, cost[set * n + k] + dist(p[k], p[next]));
-            }
-    double least = kInfinity;
-    for (std::size_t k = 0; k < n; ++k)
-        least = std::min(least, cost[(sets - 1) * n + k] + dist(p[k], p[n]));
-    return least;
-}
-
-TEST(ClosedTour, IsHardlyLongerThanTheShortest) {
-    Random random;
-    double sum = 0.0;
-    for (int round = 0; round < 60; ++round) {
-        List list;
-        for (int i = 5 + round % 7; i >= 0; --i) list.push_back(random.triple<P>(-1, 1));
-        Order const order = tourOf(mg_ClosedTSP, list);
-        double length = dist(list[0], list[static_cast<std::size_t>(order.back())]);
-        for (std::size_t i = 1; i < order.size(); ++i)
-            length += dist(list.data()[order[i - 1]], list.data()[order[i]]);
-        double const ratio = length / shortest(list);
-        ASSERT_GE(ratio, 1.0 - 1e-12);
-        ASSERT_LE(ratio, 1.3);
-        sum += ratio;
-    }
-    EXPECT_LE(sum, 60 * 1.03);
-}
-
 TEST(ClosedTour, PointsWithoutFiniteDistancesKeepTheirOrder) {
     Random random;
     for (double const odd : {kNaN, kInfinity, 1e160}) {
@@ -186,17 +150,6 @@ TEST(Tour, TellsOfTheIndicesAndOfTheNewBlock) {
     check(mg_ClosedTSP, {}, {{0, -1}});
     check(mg_ClosedTSP, {o, p, q}, {{0, -1}, {0, 0}, {1, 1}, {2, 2}});
     check(mg_ClosedTSP, {o, p, q, r}, {{0, -1}, {0, 0}, {1, 1}, {2, 2}, {3, 3}, {0, 3}});
-}
-
-TEST(OpenTour, AnOrderThatCannotGrowEndsUpEmptyUnlessThePathReplacesIt) {
-    auto const check = [](int count, int n, int capacity, Caller = {}) {
-        Watched<P> points(List(static_cast<std::size_t>(n), P(1, 2, 3)));
-        suDynamicArray<int> order;
-        order.Adopt(static_cast<int *>(suDynArrayAlloc(capacity, 0, 1, sizeof(int))));
-        mg_OpenTSP(points, order);
-        EXPECT_EQ(count, order.Count());
-    };
-    check(0, 2, 0), check(0, 2, 1), check(2, 2, 2), check(3, 3, 1);
 }
 
 } // namespace
