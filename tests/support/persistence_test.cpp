@@ -173,4 +173,16 @@ TEST(Persistence, OtherRecordsAreTheirMembersAsTheyAre) {
     CheckRecord<CArchive>(bytes(0x01020304) + six + bytes(-2), body, mgPrimitiveBodyData_c());
 }
 
+TEST(Persistence, DefaultObjectsAreStoredAsTheyAre) {
+    auto const check = [](auto object, auto... items) {
+        EXPECT_EQ(bytes(static_cast<double>(items)...), stored(object, save));
+    };
+    check(mgBBox_c(), 0, 0, 0, -1, -1, -1, 1, 1, 1, -2);
+    check(mgPerspInfo_c(), 0, 0, 0, 0, 0, -1);
+    check(mgModelPerspInfo_c(), 0, 0, 0, 0, 0, -1, 0, 0, 1);
+    check(mgLine_c(), 0, 0, 0, 0, 0, 0);
+    check(mgCone_c(), 0, 0, 0, 0, 0, 1, -2, -2);
+    check(mgPrimitiveBodyData_c(), 0, 0, 0, 0, 0, 0, 0); // the first and last half are integers
+}
+
 } // namespace
