@@ -40,13 +40,13 @@ TEST(TessEllipse, CountsSegmentsByToleranceBetweenTenAndOneAndAHalfDegrees) {
 }
 
 TEST(TessEllipse, GoesFromStartToEndInEqualAngles) {
-    // Directions are used as given, here twice as long.
-    ellipseEdgeData const twice{{1, 2, 3}, {2, 0, 0}, {0, 0, 2}, 3, 1, {7, 2, 3}, {7, 2, 3}};
-    Polyline const closed = polylineOf(twice, 1);
+    // Directions are used as given, here three times as long.
+    P const centre(1, 2, 3), start(3, 6, 7);
+    Polyline const closed = polylineOf({centre, {1, 2, 2}, {2, 1, -2}, 2, 1, start, start}, 1);
     EXPECT_EQ(segmentsOf(closed), 36);
-    CheckNear(closed, 1e-11, [](double share) {
-        P const p = onEllipse(6, 2, share * vexmath::kTwoPi);
-        return P(1 + p.x(), 2, 3 + p.y());
+    CheckNear(closed, 1e-11, [&](double share) {
+        P const p = onEllipse(2, 1, share * vexmath::kTwoPi);
+        return centre + p.x() * V(1, 2, 2) + p.y() * V(2, 1, -2);
     });
 }
 

@@ -43,6 +43,12 @@ Polyline outputOf(Call call) {
 
 inline int segmentsOf(Polyline const &points) { return std::max(0, int(points.size()) - 1); }
 
+inline parabolaEdgeData placed(parabolaEdgeData const &conic, mgXform_c const &x) {
+    V const normal = V(conic.normal[0], conic.normal[1], conic.normal[2]) * x;
+    return {conic.vertex * x, conic.focus * x, {},
+            conic.start * x,  conic.end * x,   {normal.x(), normal.y(), normal.z()}};
+}
+
 /// Compares each point with at(share), where the shares are equally spaced from 0 to 1.
 template <class At>
 void CheckNear(Polyline const &points, double bound, At at, Caller = {}) {
