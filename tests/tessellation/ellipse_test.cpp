@@ -41,13 +41,18 @@ TEST(TessEllipse, CountsSegmentsByToleranceBetweenTenAndOneAndAHalfDegrees) {
 
 TEST(TessEllipse, GoesFromStartToEndInEqualAngles) {
     // Directions are used as given, here three times as long.
-    P const centre(1, 2, 3), start(3, 6, 7);
-    Polyline const closed = polylineOf({centre, {1, 2, 2}, {2, 1, -2}, 2, 1, start, start}, 1);
-    EXPECT_EQ(segmentsOf(closed), 36);
-    CheckNear(closed, 1e-11, [&](double share) {
-        P const p = onEllipse(2, 1, share * vexmath::kTwoPi);
-        return centre + p.x() * V(1, 2, 2) + p.y() * V(2, 1, -2);
-    });
+    auto const check = [](int segments, double from, double sweep, Caller = {}) {
+        P const centre(1, 2, 3);
+        auto const at = [&](double share) {
+            P const p = onEllipse(2, 1, from + share * sweep);
+            return centre + p.x() * V(1, 2, 2) + p.y() * V(2, 1, -2);
+        };
+        Polyline const points =
+            polylineOf({centre, {1, 2, 2}, {2, 1, -2}, 2, 1, at(0), at(sweep < 6 ? 1 : 0)}, 1);
+        EXPECT_EQ(segments, segmentsOf(points));
+        CheckNear(points, 1e-11, at);
+    };
+    check(36, 0.3, vexmath::kTwoPi), check(11, 2, 2), check(28, 0.5, 5);
 }
 
 TEST(TessEllipse, TheEndsOfTheRecordCountAndThoseOfTheCallDoNot) {
