@@ -22,12 +22,18 @@ TEST(Circles, ALineMeetsACircleInFourWays) {
     CheckLine(mgLineCircle_Secant, 3, {6, 3, 0}, {-2, 3, 0});
     CheckLine(mgLineCircle_Tangent, -5 - 9.99e-9, {2, -5 - 9.99e-9, 0}, {2, 0, 0});
     CheckLine(mgLineCircle_Miss, 5 + 1.001e-8, untouched, {2, 0, 0});
-    P const centre(1, 2, 4); // 3 off a slanted line
-    P out1, out2;
-    EXPECT_EQ(mgLineCircle_Secant,
-              mg_LineIntCircle2D({-2.6, -7.8, 4}, U(3, 4, 0), centre, 5.0, &out1, &out2));
-    EXPECT_LT(gap(P(5.8, 3.4, 4), out1), 4e-15);
-    EXPECT_LT(gap(P(1, -3, 4), out2), 4e-15);
+}
+
+TEST(Circles, ASlantedLineMayLeaveThePlane) {
+    auto const check = [](P const &foot, U const &u, Caller = {}) {
+        P const centre(1, 2, 4); // 3 from the foot
+        P out1, out2;
+        EXPECT_EQ(mgLineCircle_Secant,
+                  mg_LineIntCircle2D(foot - 10 * u, u, centre, 5.0, &out1, &out2));
+        EXPECT_LT(gap(foot + 4 * u, out1), 1e-14);
+        EXPECT_LT(gap(foot - 4 * u, out2), 1e-14);
+    };
+    check({3.4, 0.2, 4}, U(3, 4, 0)), check({1, 5, 4}, U(3, 0, 4));
 }
 
 void CheckCircles(mgIntersectionType_e type, double distance, double r1, double r2, P const &first,

@@ -96,6 +96,18 @@ TEST(Segments2D, CollinearSegmentsGiveTheMiddleOfTheirOverlap) {
     check(None, 5, 7, 0);
 }
 
+TEST(Segments2D, TheAreasAreThoseAtTheFirstEnd) {
+    Random random;
+    for (int round = 0; round < 20; ++round) {
+        P const p1 = random.triple<P>(-9, -1), p2 = random.triple<P>(1, 9);
+        P const q1(random.uniform(-1, 0), 9, 1), q2(random.unit(), -9, 2);
+        double const area1 = ((p2 - p1) * (q1 - p1)).z(), area2 = ((p2 - p1) * (q2 - p1)).z();
+        P out;
+        EXPECT_EQ(Point, mg_LineSegIntLineSeg2D(p1, p2, q1, q2, &out));
+        EXPECT_BITS_EQ(interpolate(area1 / (area1 - area2), q1, q2), out);
+    }
+}
+
 TEST(Segments2D, AMarkedPointMeetsNothing) {
     for (double mark : {5e-09, -5e-09}) {
         CheckPlanar(None, untouched, {mark, -1, 0}, {1, 1, 0});
