@@ -34,18 +34,23 @@ TEST(TessBConic, LiesOnTheConicWithItsChordsNearItsTangents) {
     // A quarter of a circle: 256 chords are 0.00307 off their tangents, 128 are 0.00614.
     double const circle = 2 - std::sqrt(2.0);
     EXPECT_EQ(segmentsOf(polylineOf(conicOf(circle))), 256);
+    Random random;
     for (double const flatness : {0.05, 0.3, 0.5, circle, 0.7, 0.95}) {
-        Polyline const points = polylineOf(conicOf(flatness));
+        mgXform_c const x = mg_ScaleXform(placement(random), 1), back = x.inverse();
+        parabolaEdgeData const conic = placed(conicOf(flatness), x);
+        Polyline const points = polylineOf(conic);
         ASSERT_GT(points.size(), 100u);
-        EXPECT_BITS_EQ(points.front(), P(-1, 0, 0));
-        EXPECT_BITS_EQ(points.back(), P(1, 0, 0));
+        EXPECT_BITS_EQ(points.front(), conic.start);
+        EXPECT_BITS_EQ(points.back(), conic.end);
         double const m = (1 - flatness) / flatness;
-        for (P const &p : points) {
+        for (P const &point : points) {
             // In coordinates a, b, c of the triangle start, vertex, end: b^2 = 4 m^2 a c.
+            P const p = point * back;
             double const b = p.y(), a = 0.5 * (1 - b - p.x()), c = 0.5 * (1 - b + p.x());
-            EXPECT_NEAR(b * b, 4 * m * m * a * c, 4e-15 * (1 + m * m));
+            EXPECT_NEAR(b * b, 4 * m * m * a * c, 1e-13 * (1 + m * m));
+            EXPECT_NEAR(0, p.z(), 1e-13);
         }
-        CheckTurns(conicOf(flatness), points);
+        CheckTurns(conic, points);
     }
 }
 
