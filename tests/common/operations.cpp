@@ -2,6 +2,7 @@
 
 #include "common/operations.h"
 
+#include <algorithm>
 #include <istream>
 #include <memory>
 #include <ostream>
@@ -102,39 +103,34 @@ struct Place {
 
 /// An argument of type A. What the operation may write is a copy.
 template <class A>
-struct Argument {
-    explicit Argument(Place at) : value(at.objects.all<A>()[at.k]) {}
-    A const &value;
-    A const &get() { return value; }
-    void addTo(Bits &) const {}
-};
-template <class T>
-struct Argument<T const &> : Argument<T> {
-    using Argument<T>::Argument;
-};
-template <class T>
-struct Argument<T &> {
-    explicit Argument(Place at) : value(at.objects.all<T>()[at.k]) {}
-    T value;
-    T &get() { return value; }
-    void addTo(Bits &out) const { out(value); }
-};
-template <class T>
-struct Argument<T const *> {
-    explicit Argument(Place at) : value(at.objects.all<T>() + at.k) {}
-    T const *value;
-    T const *get() { return value; }
-    void addTo(Bits &) const {}
-};
-template <class T>
-struct Argument<T *> {
-    static constexpr int kRoom = 16;
-    explicit Argument(Place at) {
-        for (int i = 0; i < kRoom; ++i) values[i] = at.objects.all<T>()[at.k % 8 + i];
+class Argument {
+    using Object = std::remove_reference_t<std::remove_pointer_t<A>>;
+    using T = std::remove_const_t<Object>;
+    static constexpr bool kIsArray = std::is_pointer_v<A>;
+    static constexpr bool kIsWritten = !std::is_same_v<A, T> && !std::is_const_v<Object>;
+    static constexpr int kCopies = !kIsWritten ? 0 : kIsArray ? 16 : 1;
+
+public:
+    explicit Argument(Place at) : given_(at.objects.all<T>() + at.k % 8) {
+        std::copy_n(given_, kCopies, copies_.begin());
     }
-    T values[kRoom];
-    T *get() { return values; }
-    void addTo(Bits &out) const { out.all(values, kRoom); }
+    A get() {
+        if constexpr (kIsArray && kIsWritten)
+            return copies_.data();
+        else if constexpr (kIsArray)
+            return given_;
+        else if constexpr (kIsWritten)
+            return copies_[0];
+        else
+            return *given_;
+    }
+    void addTo(Bits &out) const {
+        if constexpr (kIsWritten) out.all(copies_.data(), kCopies);
+    }
+
+private:
+    T const *given_;
+    std::array<T, kCopies> copies_;
 };
 template <>
 struct Argument<CDumpContext &> {
@@ -413,35 +409,33 @@ void archive(In s, Bits &out) {
     std::iostream stream(&buffer);
     su_CArchive ar(stream);
     CArchive &plain = ar;
+    auto const pass = [](auto &to, auto object) {
+        object.save(to);
+        object.restore(to);
+        return object;
+    };
     P p = s.all<P>()[0];
     X x = s.all<X>()[0];
     M m = s.all<M>()[0];
-    mgPrimitiveBodyData_c body(1, p, 2.0, 3.0, 4.0, 5);
-    mgCone_c cone = s.all<mgCone_c>()[0];
-    B box = s.all<B>()[0];
-    mgLine_c line = s.all<mgLine_c>()[0];
-    mgPerspInfo_c info = s.all<mgPerspInfo_c>()[0];
-    mgModelPerspInfo_c model = s.all<mgModelPerspInfo_c>()[0];
+    mgPrimitiveBodyData_c const body(1, p, 2.0, 3.0, 4.0, 5);
+    out(pass(plain, p), pass(ar, m), pass(plain, m), pass(ar, x), pass(plain, x));
+    out(pass(ar, s.all<mgLine_c>()[0]), pass(ar, s.all<mgPlane_c>()[0]).normal());
+    out(pass(ar, s.all<mgCone_c>()[0]), pass(ar, s.boxes[0]), pass(ar, body).third);
+    out(pass(plain, body).third, pass(ar, s.all<mgPerspInfo_c>()[0]));
+    out(pass(ar, s.all<mgModelPerspInfo_c>()[0]));
+    m.save(ar), m.restoreAsIs(ar), m.save(plain), m.restoreAsIs(plain);
+    x.save(ar), x.restoreAsIs(ar), x.save(plain), x.restoreAsIs(plain);
     V v;
     mg2DPoint_c uv;
     int i = 1;
     unsigned long word = 2;
     unsigned char byte = 3;
     double number = 4.0;
-    ar << i << word << byte << number << p << x;
-    for (int k = 0; k < 2; ++k) p.save(plain), p.save2D(plain), m.save(ar), m.save(plain);
-    for (int k = 0; k < 2; ++k) x.save(ar), x.save(plain);
-    body.save(ar), body.save(plain), cone.save(ar), box.save(ar), line.save(ar);
-    info.save(ar), model.save(ar);
+    (ar << i << word << byte << number << p << x) >> i >> word >> byte >> number >> p >> x;
+    p.save(plain), v.restore(plain), p.save2D(plain), uv.restore(plain);
+    p.save2D(plain), p.restore2D(plain);
     buffer.addTo(out);
-
-    ar >> i >> word >> byte >> number >> p >> x;
-    p.restore(plain), p.restore2D(plain), m.restore(ar), m.restore(plain);
-    v.restore(plain), uv.restore(plain), m.restoreAsIs(ar), m.restoreAsIs(plain);
-    x.restore(ar), x.restore(plain), x.restoreAsIs(ar), x.restoreAsIs(plain);
-    body.restore(ar), body.restore(plain), cone.restore(ar), box.restore(ar), line.restore(ar);
-    info.restore(ar), model.restore(ar);
-    out(i, word, byte, number, p, x, v, uv, m, body.third, cone, box, line, info, model);
+    out(i, word, byte, number, p, x, v, uv, m);
 }
 
 void switchOfSpheres(In s, Bits &out) {
