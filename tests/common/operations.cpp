@@ -320,13 +320,12 @@ void tessellate(In, Bits &out) {
 void outlines(In s, Bits &out) {
     P const o, *const p = s.all<P>();
     int const n[] = {6, 9};
+    suDynamicArray<P> const &few = s.all<suDynamicArray<P>>()[0];
     suDynamicArray<P> sorted = s.points;
-    suDynamicArray<mg2DPoint_c> flat, hull;
-    for (int k = 0; k < s.points.Count(); ++k) flat.Add({s.points[k].x(), s.points[k].y()});
-    out(convexHull(flat, hull), hull);
+    suDynamicArray<mg2DPoint_c> flat = s.flatPoints, hull;
     mg_pointQuickSort(sorted.Data(), 0, sorted.Count() - 1);
-    out(sorted);
-    addFound<P>(out, [&](auto &to) { return mg_MergeLines2D(s.points, to, 1e-8); });
+    out(sorted, convexHull(flat, hull), hull);
+    addFound<P>(out, [&](auto &to) { return mg_MergeLines2D(few, to, 1e-8); });
     addFound<P>(out, [&](auto &to) { return mg_calcHatchLinesCircle2D(o, 3.0, o, 0.1, 1.0, to); });
     addFound<P>(out,
                 [&](auto &to) { return mg_calcHatchLinesPolygon2D(2, n, p, o, 0.1, 1.0, to); });
@@ -456,7 +455,8 @@ Objects::Objects() {
     view.addPerspectiveInfo({1.0, 2.0, -30.0, 5.0});
     auto &xforms = std::get<std::array<X, kCount>>(arrays_);
     for (int const k : {1, 3}) xforms[k] = view;
-    for (int i = 0; i < kPoints; ++i) points.Add(maker.any<P>());
+    for (int i = 0; i < kPoints; ++i)
+        points.Add(maker.any<P>()), flatPoints.Add(maker.any<mg2DPoint_c>());
     for (int i = 0; i < kBoxes; ++i) {
         boxes.emplace_back(maker.any<P>(), maker.random.uniform(0.1, 1.0));
         placements.push_back(maker.any<X>());

@@ -85,6 +85,7 @@ public:
     std::vector<mgBBox_c> boxes;
     std::vector<mgXform_c> placements;
     suDynamicArray<mgPoint_c> points;
+    suDynamicArray<mg2DPoint_c> flatPoints;
     mgBoxIndex_c index, placedIndex;
 
 private:
