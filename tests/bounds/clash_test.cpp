@@ -175,6 +175,7 @@ TEST(Clash, PlacedSpheresAreComparedUnscaled) {
     CheckPlaced(0, ball, ball, 2 - 1e-08 + 1e-15);
     CheckClash(1, ball, {P(2, 0, 0), 1});
     CheckPlaced(0, ball, mgBBox_c(), 0);
+    CheckPlaced(1, cube(0, 100), cube(-1, 1e-6), 0); // within the rounding of the larger one
 }
 
 void CheckInside(int expected, mgBBox_c const &inner, mgBBox_c const &outer, double tol,

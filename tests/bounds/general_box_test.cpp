@@ -77,6 +77,9 @@ TEST(Parallelogram, TheFarCornerIsNeverTheHighPoint) {
 }
 
 TEST(GeneralBox, WithoutALengthNothingIsWritten) {
+    mgParallelogram_c const none;
+    EXPECT_FALSE(none.isValid());
+    EXPECT_BITS_EQ(V(), V(0, mgGeneralBox_c().getBoxLen_v1(), mgGeneralBox_c().getBoxLen_v3()));
     for (int k = 0; k < 9; ++k) {
         P len(1, 1, 1);
         len[k % 3] = k < 3 ? 0 : k < 6 ? -1 : kNaN;

@@ -28,16 +28,16 @@ void CheckElements(double const (&expected)[16], mgMatrix4_c const &m, Caller = 
 
 TEST(Matrix4, MapsPointsVectorsAndHomogeneousVectorsByColumns) {
     mgMatrix4_c m = mgMatrix4_c::translationMatrix({10, 20, 30});
-    m(3, 0) = 5;
+    m(3, 0) = 5, m(3, 1) = 4, m(3, 2) = 3;
     m(0, 1) = 7;
     V const v(1, 2, 3);
-    mgVector4_c const q(1, 2, 3, 2);
+    mgVector4_c const q(2, 2, 3, 2);
     EXPECT_BITS_EQ(V(15, 2, 3), m * v);
     EXPECT_BITS_EQ(V(25, 22, 33), m.mult(v)); // never divided
     EXPECT_BITS_EQ(P(25, 22, 33), m.mult(P(v)));
     EXPECT_BITS_EQ(V(25, 22, 33), m.mult({1.0, 2.0, 3.0}));
-    EXPECT_BITS_EQ(V(35, 42, 63), m.mult(q));
-    EXPECT_BITS_EQ(V(35, 42, 63) / 7, m.mult4(q).getVector3());
+    EXPECT_BITS_EQ(V(36, 42, 63), m.mult(q));
+    EXPECT_BITS_EQ(V(36, 42, 63) / 29, m.mult4(q).getVector3());
     m.loadIdentity();
     EXPECT_EQ(1, m == mgMatrix4_c());
 }

@@ -65,8 +65,8 @@ TEST(Rotation, WithoutAnAxisKeepsTheSignOfTheCosine) {
 }
 
 TEST(Rotation, AngleAboutANegativeAxisIsZero) {
-    U const down = -z;
-    EXPECT_EQ(0.0, mg_RotationMatrix(1, z, 0).getRotationAngle(&down));
+    for (U const &down : {-x, -y, -z})
+        EXPECT_EQ(0.0, mg_RotationMatrix(1, -down, 0).getRotationAngle(&down)) << shown(down);
 }
 
 } // namespace

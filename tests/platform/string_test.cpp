@@ -2,7 +2,9 @@
 // The default wide string and the dump sink.
 
 #include <vexmath_platform/dump_context.h>
+#include <vexmath_platform/point.h>
 #include <vexmath_platform/string.h>
+#include <vexmath_platform/word_array.h>
 
 #include <sstream>
 #include <string>
@@ -30,6 +32,13 @@ TEST(String, FormatMayUseItsOwnText) {
     string.Format(L"%*d", 2000000, 7); // too much
     EXPECT_EQ(0, string.GetLength());
     EXPECT_EQ(0, CString(nullptr).GetLength());
+}
+
+TEST(Defaults, APointIsTheOriginAndWordsAreNumberedFromZero) {
+    su_CDWordArray words;
+    EXPECT_EQ(0, words.Add(7));
+    EXPECT_EQ(1, words.Add(8));
+    EXPECT_EQ(0, CPoint().x | CPoint().y);
 }
 
 TEST(DumpContext, WritesTextInOrderAndSkipsNull) {

@@ -33,6 +33,7 @@ TEST(Arc, FromPointsSweepsCounterClockwiseAboutTheNormal) {
     check(0, 90, {up, o, {2, 0, 0}, {0, 5, 0}}); // from +y clockwise to +x
     check(180, 270, {-up, o, {2, 0, 0}, {0, 5, 0}});
     check(0, 360, full);
+    check(45, 90, ofAngles(-kTwoPi / 8, kTwoPi / 8));
     check(0, 360, {up, o, {2, 0, 0}, {9e-9, 0, 0}}); // an end at the centre
     check(0, 90, {{}, o, {2, 0, 0}, {0, -5, 0}});    // without a normal, the smaller angle
 }
@@ -70,6 +71,7 @@ TEST(Arc, AngleJustBeyondAFullTurnIsKept) {
     EXPECT_BITS_EQ(V(1, more, 0), endOf(ofAngles(0, beyond)));
     EXPECT_BITS_EQ(more * vexmath::kInvPi * 180, ofAngles(beyond, 0).getStartAngleInDegrees());
     EXPECT_NEAR(360, ofAngles(0, kTwoPi).getEndAngleInDegrees(), 1e-11);
+    EXPECT_NEAR(90, ofAngles(0, kTwoPi + 0.25 * kTwoPi).getEndAngleInDegrees(), 1e-11);
     // Angles up to the half-turn bound are not mirrored; the digits that kTwoPi lacks show it.
     double const bound = 3.1415926535998002, after = above(bound);
     EXPECT_BITS_EQ(std::sin(bound), endOf(ofAngles(0, bound)).y());
@@ -95,7 +97,7 @@ TEST(Circle, IsTransformedAsAWholeAndItsNormalsSenseCounts) {
     };
     check(1, 5 + 0.9e-8, 6 + 0.9e-8, up);
     check(0, 5, 6 + 1.1e-8, up);
-    check(0, 5, 6, -up);
+    check(1, 5, 6, U(9.5e-13, 0, 1)), check(0, 5, 6, U(0, 1.05e-12, 1)), check(0, 5, 6, -up);
 }
 
 } // namespace

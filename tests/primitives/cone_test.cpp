@@ -19,7 +19,7 @@ TEST(Cone, AnUnsetRadiusIsNotScaled) {
     cone.setAngle(0.5);
     unset *= x;
     cone *= x;
-    EXPECT_BITS_EQ(P(-2.0, 6.0, 0.5), P(unset.radius(), cone.radius(), cone.angle()));
+    EXPECT_BITS_EQ(P(-2.0, -2.0, 6.0), P(unset.radius(), unset.angle(), cone.radius()));
     EXPECT_BITS_EQ(P(5, 6, 10), cone.rootPoint());
     EXPECT_BITS_EQ(up, cone.axis());
     EXPECT_EQ(0.01, mgCylinder_c().radius());

@@ -84,8 +84,8 @@ TEST(Directions, ToleranceInDegreesDecidesByCosineOrBySine) {
         EXPECT_EQ(bySine, x.isParallelToTol(v, degrees)) << v.y() << " within " << degrees;
     };
     constexpr double kRadPerDeg = 0.017453292519943295;
-    check(-offX(1.001 * 30.0 * kRadPerDeg), 30.0, 0, 0);
-    check(-offX(0.999 * 30.0 * kRadPerDeg), 30.0, 1, 1);
+    check(-offX(1.00000005 * 60.0 * kRadPerDeg), 60.0, 0, 0);
+    check(-offX(0.99999995 * 60.0 * kRadPerDeg), 60.0, 1, 1);
     check(y, 80.0, 0, 0);              // the sine is below 1 where the angle is not
     check(x + 1e-12 * y, 1e-10, 1, 1); // 1.7e-12 radians, too small for a cosine
     check(x + 2e-12 * y, 1e-10, 1, 0);

@@ -141,6 +141,7 @@ TEST(Points, CollinearPointsShareAPlaneAllTheSame) {
     CheckCollinear(x, y, 0, {0.0, 0.0, -6.0}); // (c - a) x (b - a), not normalised
     CheckCollinear(x, {6.0, 0.0, 0.0}, 1, V(x).anyUnitNormal(0));
     CheckCollinear(y, origin, 1, V(y).anyUnitNormal(0));
+    CheckCollinear(origin, origin, 1, {});
     // A chain: the first equals the second, the second the third, the first not the third.
     CheckCollinear({8e-9, 0.0, 0.0}, {1.6e-8, 0.0, 0.0}, 1, V(x).anyUnitNormal(0));
 }
