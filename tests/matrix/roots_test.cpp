@@ -110,12 +110,12 @@ void CheckSearch(double a, double b, double c, double d, Caller = {}) {
 
 // Predicting steps changes no bit.
 TEST(Roots, OfACubicAreThoseOfThePlainSearch) {
-    CheckSearch(6, 6.5, 1, 8);            // one idle step does not end it
-    CheckSearch(-4, 3, 10, -2.5);         // a secant leaves a value of 0
-    CheckSearch(10, -65, 10, -19000);     // a middle does
-    CheckSearch(-1, 5, -7.5, 3);          // found soon after the guess
+    CheckSearch(6, 6.5, 1, 8);             // one idle step does not end it
+    CheckSearch(-4, 3, 10, -2.5);          // a secant leaves a value of 0
+    CheckSearch(10, -65, 10, -19000);      // a middle does
+    CheckSearch(-1, 5, -7.5, 3);           // found soon after the guess
     CheckSearch(-1, 6.19, -3.29, 1.75e12); // too large for exact halves
-    CheckSearch(-1, 0, -1e6, -1e-12);     // the guess rounds to the upper end
+    CheckSearch(-1, 0, -1e6, -1e-12);      // the guess rounds to the upper end
     Random random;
     for (int i = 0; i < 60000 && !HasFailure(); ++i) {
         double k[4];
