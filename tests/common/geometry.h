@@ -65,6 +65,9 @@ std::wstring textOf(T const &object) {
     return static_cast<wchar_t const *>(text);
 }
 
+/// Exchanges the axes, x to y to z, then scales by 3, so that no coordinate stays in its place.
+inline mgXform_c const moved = mg_RestoreXform({U(0, 1, 0), {0, 0, 1}, {1, 0, 0}}, {2, 0, 1}, 3.0);
+
 inline U direction(Random &random) {
     for (;;) {
         auto const v = random.triple<V>(-1.0, 1.0);

@@ -9,19 +9,19 @@ using namespace common;
 
 U const up(0, 0, 1);
 double const eighthTurn = std::atan(1.0);
+mgXform_c const away = mg_RestoreXform(moved.rotation(), V(2000, -200, 100), 1.0);
 
 TEST(Cone, AnUnsetRadiusIsNotScaled) {
-    mgXform_c const x = mg_RestoreXform({}, V(2, 0, 1), 3.0);
     mgCone_c unset, cone;
     cone.setRootPoint({1, 2, 3});
     cone.setAxis(up);
     cone.setRadius(2.0);
     cone.setAngle(0.5);
-    unset *= x;
-    cone *= x;
+    unset *= moved;
+    cone *= moved;
     EXPECT_BITS_EQ(P(-2.0, -2.0, 6.0), P(unset.radius(), unset.angle(), cone.radius()));
-    EXPECT_BITS_EQ(P(5, 6, 10), cone.rootPoint());
-    EXPECT_BITS_EQ(up, cone.axis());
+    EXPECT_BITS_EQ(P(11, 3, 7), cone.rootPoint());
+    EXPECT_BITS_EQ(U(1, 0, 0), cone.axis());
     EXPECT_EQ(0.01, mgCylinder_c().radius());
     EXPECT_EQ(0.0, mgCylinder_c().angle());
 }
@@ -34,15 +34,21 @@ TEST(Cone, TheRadiusAtTheRootIsThatOfAWideningCone) {
 
 void CheckFoot(int result, P const &expected, mgCone_c const &cone, P p, Caller = {}) {
     EXPECT_EQ(result, cone.pointPerp(p, &p)); // in place
-    EXPECT_LT(dist(expected, p), 1e-13);
+    EXPECT_LT(dist(expected, p), 1e-12);
 }
 
 TEST(Cone, TheConesFootIsThatOfItsRoot) {
-    mgCone_c const cone({}, up, 5.0, eighthTurn);
-    CheckFoot(1, {2, 0, 2}, cone, {4, 0, 0});
-    CheckFoot(0, {-1, 0, -1}, cone, {0.5, 0, -2.5});
-    CheckFoot(1, {}, cone, {}); // on the axis: 1 at the root
-    CheckFoot(0, {0, 0, 2}, cone, {0, 0, 2});
+    mgCone_c cone({}, up, 5.0, eighthTurn);
+    cone *= away;
+    auto const check = [&](int result, P const &expected, P const &p, Caller = {}) {
+        CheckFoot(result, expected * away, cone, p * away);
+    };
+    check(1, {2, 0, 2}, {4, 0, 0});
+    check(0, {-1, 0, -1}, {0.5, 0, -2.5});
+    check(1, {1.05e-8, 0, 1.05e-8}, {2.1e-8, 0, 0}); // 1e-8 ahead of the root
+    check(0, {0.95e-8, 0, 0.95e-8}, {1.9e-8, 0, 0});
+    check(1, {}, {}); // on the axis: 1 at the root
+    check(0, {0, 0, 2}, {0, 0, 2});
 }
 
 TEST(Cylinder, TheFootLiesOnTheSurface) {
@@ -64,14 +70,13 @@ TEST(Cylinder, TheConesSettersAreInherited) {
     EXPECT_EQ(1, cylinder.isEquivalent(straight));
 }
 
-void CheckExtremes(P const &low, P const &high, mgCone_c const &cone, V const &direction,
-                   Caller = {}) {
+void CheckExtremes(P const &low, P const &high, mgCone_c cone, V const &direction, Caller = {}) {
     U dir;
-    dir.set(direction); // to the bit
+    dir.set(direction * away.rotation()); // to the bit
     P out[2];
-    cone.extremePts(dir, 10.0, out);
-    EXPECT_LT(dist(low, out[0]), 1e-13);
-    EXPECT_LT(dist(high, out[1]), 1e-13);
+    (cone *= away).extremePts(dir, 10.0, out);
+    EXPECT_LT(dist(low * away, out[0]), 1e-12);
+    EXPECT_LT(dist(high * away, out[1]), 1e-12);
 }
 
 TEST(Cone, LookingBackTheRootAloneCounts) {
@@ -79,6 +84,7 @@ TEST(Cone, LookingBackTheRootAloneCounts) {
     mgCone_c const cone({}, up, 1.0, eighthTurn); // 9 at the top
     double const less = below(1e-6);
     CheckExtremes({-1, 0, 0}, {1, 0, 10}, cylinder, {0.6, 0, 0.8});
+    for (U const &along : {up, -up}) CheckExtremes({}, {0, 0, 10}, cylinder, along);
     CheckExtremes({-5.4, 0, 7.2}, {5.4, 0, -7.2}, cone, {0.6, 0, -0.8});
     CheckExtremes({-9, 0, 10}, {9, 0, 10}, cone, {1, 0, 1e-6});
     CheckExtremes({-9, 0, -9 * less}, {9, 0, 9 * less}, cone, {1, 0, less});

@@ -17,6 +17,7 @@ static_assert(vexmath::kHalfTurnBound == 3.1415926535998002);
 TEST(Angles, AReferenceMeasuresTheLongWayRound) {
     EXPECT_BITS_EQ(1e-9, mg_AngleBetween(x, x + 1e-9 * y)); // whose cosine is 1
     EXPECT_BITS_EQ(half, mg_AngleBetween(x, -x));
+    EXPECT_DOUBLE_EQ(std::acos(2.0 / 3.0), mg_AngleBetween({1.0, 2.0, 2.0}, {6.0, 2.0, 1.5}));
     EXPECT_BITS_EQ(0.0, mg_AngleBetween(-x, null));         // whose dot product is -0.0
     EXPECT_BITS_EQ(right, mg_AngleBetween(1e-9 * x, y, z)); // only zero counts as null
     EXPECT_BITS_EQ(kTurn - right, mg_AngleBetween(x, y, -z));
