@@ -96,21 +96,13 @@ double anyTolerance(Random &random) {
 U anyDirection(Random &random, P const &from) {
     U dir;
     P const to = latticePoint(random);
-    switch (random.below(8)) {
-    case 0:
-        return random.hostile<U>();
-    case 1:
-        dir.set(1e-8, above(-1e-8), 1);
-        return dir;
-    case 2:
-    case 3:
-        dir[random.below(3)] = random.below(3) - 1;
-        return dir;
-    case 4:
-        return direction(random);
-    default:
-        return {to.x() - from.x(), to.y() - from.y(), to.z() - from.z()};
-    }
+    int const kind = random.below(8);
+    if (kind == 0) return random.hostile<U>();
+    if (kind == 4) return direction(random);
+    if (kind > 4) return {to.x() - from.x(), to.y() - from.y(), to.z() - from.z()};
+    if (kind == 1) dir.set(1e-8, above(-1e-8), 1);
+    if (kind > 1) dir[random.below(3)] = random.below(3) - 1;
+    return dir;
 }
 
 /// Fields as they are, which a copy would change.
