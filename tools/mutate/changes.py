@@ -28,15 +28,11 @@ STEPS = {"++": "--", "--": "++"}
 NEGATED = {"true": "false", "false": "true"}
 CLOSING = {"(": ")", "[": "]", "{": "}"}
 
-# What ends a statement's head that is no statement of its own, and what never is called.
-NO_STATEMENT = {
+# Words that begin no expression statement and are no names of functions.
+KEYWORDS = {
     "return", "case", "default", "public", "private", "protected", "else", "do", "goto", "for",
     "while", "switch", "throw", "struct", "class", "enum", "static", "const", "constexpr", "auto",
-    "if constexpr",
-}  # fmt: skip
-NO_CALL = {
-    "if", "while", "for", "switch", "return", "sizeof", "alignof", "alignas", "decltype",
-    "noexcept", "catch", "operator", "constexpr",
+    "sizeof", "alignof", "alignas", "decltype", "noexcept", "catch", "operator",
 }  # fmt: skip
 DECLARATION = re.compile(
     r"(?!delete\b)[\w:]+(?:<[^;=()]*>)?(?:\s*\b(?:const)\b|\s*[&*])*\s+[&*]*(?:const\s+)?\w+\s*"
@@ -56,14 +52,6 @@ class Change:
     in_body: bool  # of a function: no layout, enumerator or default depends on it
 
 
-@dataclasses.dataclass
-class Token:
-    kind: str
-    text: str
-    start: int
-    end: int
-
-
 def changes_of(file, source):
     """All changes of a file, in order."""
     reader = Reader(source)
@@ -81,28 +69,22 @@ class Reader:
 
     def __init__(self, source):
         self.source = source
-        self.tokens = [
-            Token(m.lastgroup, m.group(), m.start(), m.end())
-            for m in TOKEN.finditer(source)
-            if m.lastgroup != "gap"
-        ]
+        self.tokens = [m for m in TOKEN.finditer(source) if m.lastgroup != "gap"]
         self.partner = self._partners()
         self.opening = {closing: opening for opening, closing in self.partner.items()}
         self.skipped = self._skipped()
         self.scopes = self._scopes()
 
     def text_at(self, i):
-        return self.tokens[i].text if 0 <= i < len(self.tokens) else ""
+        return self.tokens[i].group() if 0 <= i < len(self.tokens) else ""
 
     def _partners(self):
         """The position of the closing bracket for each opening one."""
         partner, opened = {}, []
         for i, token in enumerate(self.tokens):
-            if token.kind != "sign":
-                continue
-            if token.text in CLOSING:
+            if token.group() in CLOSING:
                 opened.append(i)
-            elif token.text in CLOSING.values() and opened:
+            elif token.group() in CLOSING.values() and opened:
                 partner[opened.pop()] = i
         return partner
 
@@ -110,13 +92,12 @@ class Reader:
         """Assertions, friends, using declarations and template parameters."""
         skipped = set()
         for i, token in enumerate(self.tokens):
-            stops = {"static_assert": ";", "assert": ";", "friend": ";{", "using": ";"}
-            if token.text in stops:
+            if token.group() in ("static_assert", "assert", "friend", "using"):
                 end = i
-                while self.text_at(end) and self.text_at(end) not in stops[token.text]:
+                while self.text_at(end) not in ("", ";", "{"):
                     end += 1
                 skipped.update(range(i, end))
-            elif token.text == "template" and self.text_at(i + 1) == "<":
+            elif token.group() == "template" and self.text_at(i + 1) == "<":
                 depth, end = 0, i + 1
                 while end < len(self.tokens):
                     depth += self.text_at(end).count("<") - self.text_at(end).count(">")
@@ -130,17 +111,18 @@ class Reader:
         """The kinds of the brackets around each token: outer, type, body or list."""
         scopes, around, head = [], [], 0
         for i, token in enumerate(self.tokens):
-            if token.text in CLOSING.values() and around:
+            text = token.group()
+            if text in CLOSING.values() and around:
                 around.pop()
             scopes.append(tuple(around))
-            if token.text in CLOSING:
-                around.append(self._kind_of_brace(head, i) if token.text == "{" else "list")
-            if token.text in (";", "{", "}"):
+            if text in CLOSING:
+                around.append(self._kind_of_brace(head, i) if text == "{" else "list")
+            if text in (";", "{", "}"):
                 head = i + 1
         return scopes
 
     def _kind_of_brace(self, head, brace):
-        words = [t.text for t in self.tokens[head:brace]]
+        words = [t.group() for t in self.tokens[head:brace]]
         last = words[-1] if words else ""
         if "namespace" in words or "extern" in words:
             return "outer"
@@ -152,38 +134,35 @@ class Reader:
 
     def changes_at(self, i, token):
         """(kind, start, end, replacement) of each change that begins with the token."""
-        if token.kind == "number":
-            yield from (("constant", token.start, token.end, t) for t in other_numbers(token.text))
-        elif token.text in NEGATED:
-            yield "constant", token.start, token.end, NEGATED[token.text]
-        elif token.text in STEPS:
-            yield "operator", token.start, token.end, STEPS[token.text]
-        elif token.text in ("-", "!") and self._is_prefix(i):
-            yield "operator", token.start, token.end, ""
-        elif token.text in BINARY and self._stands_alone(token):
-            yield from (("operator", token.start, token.end, t) for t in BINARY[token.text])
-        elif token.text in ("if", "while") and self.text_at(i + 1) == "(":
-            yield from self._conditions(i, token.text)
-        if token.kind == "word" or token.text in ("*", "++", "--", "("):
+        text, kind, others = token.group(), "operator", []
+        if token.lastgroup == "number":
+            kind, others = "constant", other_numbers(text)
+        elif text in NEGATED:
+            kind, others = "constant", [NEGATED[text]]
+        elif text in STEPS:
+            others = [STEPS[text]]
+        elif text in ("-", "!") and self._is_prefix(i):
+            others = [""]
+        elif text in BINARY and self._stands_alone(token):
+            others = BINARY[text]
+        yield from ((kind, token.start(), token.end(), other) for other in others)
+        if text in ("if", "while") and self.text_at(i + 1) == "(":
+            yield from self._conditions(i, text)
+        if token.lastgroup == "word" or text in ("*", "++", "--", "("):
             yield from self._statement(i)
-        if token.kind == "word" and "body" in self.scopes[i]:
+        if token.lastgroup == "word" and "body" in self.scopes[i]:
             yield from self._swaps(i)
 
     def _is_prefix(self, i):
-        token = self.tokens[i]
-        before = self.text_at(i - 1)
-        operand = self.source[token.end : token.end + 1]
-        return (
-            not operand.isspace()
-            and before != "operator"
-            and (self.source[token.start - 1].isspace() or before in ("(", "[", "{", "!", "-"))
-        )
+        token, before = self.tokens[i], self.text_at(i - 1)
+        begins = self.source[token.start() - 1].isspace() or before in ("(", "[", "{", "!", "-")
+        return begins and not self.source[token.end()].isspace() and before != "operator"
 
     def _stands_alone(self, token):
-        return self.source[token.start - 1].isspace() and self.source[token.end].isspace()
+        return self.source[token.start() - 1].isspace() and self.source[token.end()].isspace()
 
     def _conditions(self, i, word):
-        first, last = self.tokens[i + 1].end, self.tokens[self.partner[i + 1]].start
+        first, last = self.tokens[i + 1].end(), self.tokens[self.partner[i + 1]].start()
         condition = self.source[first:last]
         if ";" in condition:
             return
@@ -197,7 +176,7 @@ class Reader:
         if not self.scopes[i] or self.scopes[i][-1] != "body" or not self._begins_statement(i):
             return
         word = self.text_at(i)
-        if word in NO_STATEMENT or (word == "if" and self.text_at(i + 1) == "constexpr"):
+        if word in KEYWORDS or self.text_at(i + 1) == "constexpr":
             return
         end = i
         while self.text_at(end) != ";":
@@ -206,7 +185,7 @@ class Reader:
             end = self.partner.get(end, end) + 1
             if end >= len(self.tokens) or self.text_at(end) == "}":
                 return
-        start, stop = self.tokens[i].start, self.tokens[end].start
+        start, stop = self.tokens[i].start(), self.tokens[end].start()
         if not DECLARATION.match(self.source[start : stop + 1]) or word == "if":
             yield "statement", start, stop, ""
 
@@ -219,26 +198,22 @@ class Reader:
     def _swaps(self, i):
         """Exchanges neighbouring arguments of a call or of a list after a word."""
         opening = i + 1
-        if self.text_at(opening) not in ("(", "{") or self.text_at(i) in NO_CALL:
+        if self.text_at(opening) not in ("(", "{") or self.text_at(i) in KEYWORDS | {"if"}:
             return
-        inner, at = [[opening + 1]], opening + 1
-        closing = self.partner.get(opening, opening)
-        while at < closing:
+        commas, at = [opening], opening + 1
+        while at < self.partner.get(opening, opening):
             if self.text_at(at) == ";":
                 return
             if self.text_at(at) == ",":
-                inner[-1].append(at)
-                inner.append([at + 1])
+                commas.append(at)
             at = self.partner.get(at, at) + 1
-        inner[-1].append(closing)
-        texts = [
-            self.source[self.tokens[a].start : self.tokens[b - 1].end] for a, b in inner if a < b
-        ]
-        for k in range(len(texts) - 1):
-            if texts[k] != texts[k + 1] and "{" not in texts[k] + texts[k + 1]:
-                start = self.tokens[inner[k][0]].start
-                end = self.tokens[inner[k + 1][1] - 1].end
-                yield "arguments", start, end, f"{texts[k + 1]}, {texts[k]}"
+        commas.append(at)
+        for before, comma, after in zip(commas, commas[1:], commas[2:]):
+            start, end = self.tokens[before + 1].start(), self.tokens[after - 1].end()
+            first = self.source[start : self.tokens[comma - 1].end()]
+            second = self.source[self.tokens[comma + 1].start() : end]
+            if first != second and "{" not in first + second:
+                yield "arguments", start, end, f"{second}, {first}"
 
 
 def other_numbers(text):
