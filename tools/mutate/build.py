@@ -43,12 +43,11 @@ def tree(worker):
 
 def copy_tree():
     """The user's files, committed or not, for each worker."""
-    listed = subprocess.run(
-        ["git", "ls-files", "-co", "--exclude-standard", "-z"], cwd=ROOT, capture_output=True, check=True
-    )
+    listing = ["git", "ls-files", "-co", "--exclude-standard", "-z"]
+    listed = subprocess.run(listing, cwd=ROOT, capture_output=True, check=True).stdout.decode()
     for worker in range(WORKERS):
         shutil.rmtree(tree(worker), ignore_errors=True)
-        for name in filter(None, listed.stdout.decode().split("\0")):
+        for name in listed.split("\0"):
             if (ROOT / name).is_file():
                 (tree(worker) / name).parent.mkdir(parents=True, exist_ok=True)
                 shutil.copyfile(ROOT / name, tree(worker) / name)
@@ -95,8 +94,8 @@ class Unit:
         inside = [w.replace(f"{tree(0)}/", "") for w in words]
         self.compiler = inside[0]
         self.is_library = self.source.startswith("src/")
-        self.target = re.search(r"CMakeFiles/(?:vexmath_)?(\w+?)(?:_test)?\.dir/", entry["command"])[1]
-        self.target = LIBRARY if self.is_library else self.target
+        target = re.search(r"CMakeFiles/(?:vexmath_)?(\w+?)(?:_test)?\.dir/", entry["command"])[1]
+        self.target = LIBRARY if self.is_library else target
         dropped = re.compile(r"-O.|-g|-W(?!l,).*|-c|-o")
         output = words[words.index("-o") + 1]
         self.flags = [
@@ -180,7 +179,8 @@ class Base:
     def passes(self, target, programs, library, seconds=None):
         """Does the program of one place pass with the library of another?"""
         seconds = seconds or max(LEAST_SECONDS, TIMES_NORMAL * self.seconds[target])
-        place = {"LD_LIBRARY_PATH": str(library), "LOCPATH": str(BUILD / "configured/tests/locales")}
+        locales = BUILD / "configured" / "tests" / "locales"
+        place = {"LD_LIBRARY_PATH": str(library), "LOCPATH": str(locales)}
         if target != GOLDEN:
             brief = ["--gtest_brief=1", "--gtest_fail_fast=1"]
             return run([programs / target, *brief], seconds, library, **place)[0] == 0
@@ -194,13 +194,15 @@ class Base:
 
 def configure():
     """CMake tells the sources and the flags. It also makes the locales of the tests."""
-    off = [f"-DVEXMATH_{name}=OFF" for name in ("BUILD_EXAMPLES", "BUILD_APPS", "LTO", "INSTALL")]
+    off = ("BUILD_EXAMPLES", "BUILD_APPS", "INSTALL", "LTO")
+    options = [f"-DVEXMATH_{name}=OFF" for name in off]
+    options += ["-G", "Ninja", "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON"]
     place = BUILD / "configured"
-    for command in (
-        ["cmake", "-S", tree(0), "-B", place, "-G", "Ninja", "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON", *off],
-        ["cmake", "--build", place, "--target", "vexmath_test_locales"],
-    ):
-        subprocess.run(command, stdout=subprocess.DEVNULL, check=False)
+    quiet = {"stdout": subprocess.DEVNULL}
+    subprocess.run(["cmake", "-S", tree(0), "-B", place, *options], **quiet, check=True)
+    # There are none where the system cannot make them.
+    locales = ["cmake", "--build", place, "--target", "vexmath_test_locales"]
+    subprocess.run(locales, **quiet, stderr=subprocess.DEVNULL, check=False)
 
 
 def precompile(unit):

@@ -30,7 +30,8 @@ ROOMS = (
 )  # fmt: skip
 # Rooms without tests of their own, and those that use them first.
 TESTED_IN = {"simd": "transform", "base": "vector"}
-COUNTED = ("noticed", "golden", "unnoticed")
+MISSED = ("golden", "unnoticed")  # golden: noticed by the golden program alone
+COUNTED = ("noticed", *MISSED)
 REVIEWED = build.ROOT / "tools" / "mutate" / "equivalent.txt"
 
 
@@ -60,7 +61,7 @@ def room_of(place):
 
 
 def drawn(rooms, seed):
-    """(room, change) in the order of the sample: the rooms in turn, each in its own random order."""
+    """(room, change) in the order of the sample: the rooms in turn, each in its random order."""
     found = collections.defaultdict(list)
     for file, room in sources():
         found[room] += changes_of(file, (build.ROOT / file).read_text())
@@ -69,6 +70,11 @@ def drawn(rooms, seed):
         random.Random(f"{seed} {room}").shuffle(found[room])
         orders.append([(room, change) for change in found[room]])
     return [x for turn in itertools.zip_longest(*orders) for x in turn if x is not None]
+
+
+def place(line):
+    """What tells a change from all others."""
+    return line["file"], line["start"], line["end"], line["text"]
 
 
 def digest():
@@ -84,10 +90,10 @@ def shown(change):
     text = (build.ROOT / change.file).read_text()
     first = text.rfind("\n", 0, change.start) + 1
     last = text.find("\n", change.end)
-    before, after = text[first:last], text[first : change.start] + change.text + text[change.end : last]
+    after = text[first : change.start] + change.text + text[change.end : last]
     return {
         "line": text.count("\n", 0, change.start) + 1,
-        "before": " ".join(before.split()),
+        "before": " ".join(text[first:last].split()),
         "after": " ".join(after.split()),
     }
 
@@ -136,8 +142,8 @@ class Results:
 def run_sample(results, queue, count):
     """Judges the changes of the queue until `count` of them have changed the library."""
     known = reviewed()
-    done = {(r["file"], r["start"], r["end"], r["text"]) for r in results.lines}
-    waiting = iter([x for x in queue if (x[1].file, x[1].start, x[1].end, x[1].text) not in done])
+    done = set(map(place, results.lines))
+    waiting = iter([x for x in queue if place(vars(x[1])) not in done])
     base = build.Base()
     print("seconds of each program:", {p: round(base.seconds[p], 1) for p in base.order})
     lock, begun = threading.Lock(), time.monotonic()
@@ -171,7 +177,7 @@ def judged(base, worker, room, change, known):
 
 def tell(results, line, minutes):
     counted = len(results.with_verdict(*COUNTED))
-    if line["verdict"] in ("golden", "unnoticed"):
+    if line["verdict"] in MISSED:
         print(f"{line['verdict']}: {line['file']}:{line['line']}", flush=True)
         print(f"    {line['before']}\n    {line['after']}", flush=True)
     elif len(results.lines) % 20 == 0:
@@ -199,7 +205,8 @@ def share(part, whole):
 
 def survivors(results):
     text = []
-    for line in sorted(results.with_verdict("golden", "unnoticed"), key=lambda r: (r["file"], r["line"])):
+    missed = results.with_verdict(*MISSED)
+    for line in sorted(missed, key=lambda r: (r["file"], r["line"])):
         by = " (the golden file notices)" if line["verdict"] == "golden" else ""
         text += [f"{line['file']}:{line['line']}{by}", f"  {line['before']}", f"  {line['after']}"]
     return "\n".join(text)
@@ -216,7 +223,7 @@ def report(results):
 
 def arguments():
     parser = argparse.ArgumentParser(prog="./dev mutate", description=__doc__.split("\n")[0])
-    parser.add_argument("room", nargs="?", choices=ROOMS, help="all rooms in turn, if none is given")
+    parser.add_argument("room", nargs="?", choices=ROOMS, help="all rooms in turn if none is given")
     parser.add_argument("--sample", type=int, default=100, help="changes that alter the library")
     parser.add_argument("--seed", default="1", help="another seed draws other changes")
     parser.add_argument("--resume", action="store_true", help="go on where the seed's run stopped")
@@ -240,9 +247,9 @@ def main():
         results.begin(seed=given.seed, source=digest())
     build.copy_tree()
     if given.again:
-        missed = {(r["file"], r["start"], r["text"]) for r in results.with_verdict("golden", "unnoticed")}
-        results.keep(r for r in results.lines if (r["file"], r["start"], r["text"]) not in missed)
-        queue = [x for x in drawn(rooms, given.seed) if (x[1].file, x[1].start, x[1].text) in missed]
+        missed = set(map(place, results.with_verdict(*MISSED)))
+        queue = [x for x in drawn(rooms, given.seed) if place(vars(x[1])) in missed]
+        results.keep(line for line in results.lines if place(line) not in missed)
         run_sample(results, queue, sys.maxsize)
     else:
         run_sample(results, drawn(rooms, given.seed), given.sample)
