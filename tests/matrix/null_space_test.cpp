@@ -19,6 +19,7 @@ TEST(NullSpace, DimensionGoesByFixedBounds) {
     };
     double const tiny = below(1e-8), more = above(1e-8);
     check(1, {1, 1, 1e-8}); // determinant of exactly 1e-08
+    check(1, {0.5, 1, 1e-9}), check(1, {1, 1e-9, 0.5}), check(1, {1e-9, 0.5, 1});
     check(0, {1, -1, more});
     check(1, {1, -1, more}, true);
     check(3, {tiny, -tiny, tiny});

@@ -15,7 +15,9 @@ TEST(Rotation, RotatesCounterClockwiseAboutItsAxis) {
         double const angle = random.uniform(-10, 10), c = std::cos(angle), s = std::sin(angle);
         U const a = direction(random);
         mgMatrix_c const m = mg_RotationMatrix(angle, 3.0 * a, 0.0);
+        mgMatrix_c const n = mg_RotationMatrix(random.uniform(-3, 3), direction(random), 0.0);
         auto const v = random.triple<V>(-1, 1);
+        ASSERT_LT(gap(v * m * n, v * (m * n)), 2e-15);
         ASSERT_LT(gap(c * v + s * (a * v) + ((1 - c) * (a % v)) * a, v * m), 2e-15);
 
         U const axis = m.getRotationAxis();
@@ -29,6 +31,10 @@ TEST(Rotation, RotatesCounterClockwiseAboutItsAxis) {
     EXPECT_BITS_EQ(x, mgMatrix_c().getRotationAxis());
     for (auto const &n : {x, y, z}) // too small for a cross product: the column that moves least
         EXPECT_BITS_EQ(n, mg_RotationMatrix(1e-9, n, 0.0).getRotationAxis());
+    for (U const &n : {U(1, 1e-6, 2e-6), U(2e-6, -1, 1e-6), U(1e-6, 2e-6, 1)}) {
+        U const axis = mg_RotationMatrix(1.0, n, 0.0).getRotationAxis();
+        EXPECT_LT(gap(axis % n < 0.0 ? -axis : axis, n), 1e-14); // by the widest cross product
+    }
 }
 
 TEST(Rotation, QuarterTurnsSnapStrictlyWithinTheTolerance) {

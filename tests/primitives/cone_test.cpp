@@ -15,11 +15,11 @@ TEST(Cone, AnUnsetRadiusIsNotScaled) {
     mgCone_c unset, cone;
     cone.setRootPoint({1, 2, 3});
     cone.setAxis(up);
-    cone.setRadius(2.0);
+    cone.setRadius(5e-8);
     cone.setAngle(0.5);
     unset *= moved;
     cone *= moved;
-    EXPECT_BITS_EQ(P(-2.0, -2.0, 6.0), P(unset.radius(), unset.angle(), cone.radius()));
+    EXPECT_BITS_EQ(P(-2.0, -2.0, 3 * 5e-8), P(unset.radius(), unset.angle(), cone.radius()));
     EXPECT_BITS_EQ(P(11, 3, 7), cone.rootPoint());
     EXPECT_BITS_EQ(U(1, 0, 0), cone.axis());
     EXPECT_EQ(0.01, mgCylinder_c().radius());
@@ -54,9 +54,10 @@ TEST(Cone, TheConesFootIsThatOfItsRoot) {
 TEST(Cylinder, TheFootLiesOnTheSurface) {
     U const axis(1, 2, 2), side(2, 1, -2);
     P const root(1, 2, 3), p = root - 5.0 * axis;
-    mgCylinder_c const cylinder(root, axis, 2.0);
+    mgCylinder_c const cylinder(root, axis, 2.0), tilted(root, U(0, 3, 4), 2.0);
     CheckFoot(0, p + 2.0 * side, cylinder, p + 7.0 * side);
     CheckFoot(1, p + 2.0 * axis.anyUnitNormal(0), cylinder, p);
+    CheckFoot(1, root + 2.0 * tilted.axis().anyUnitNormal(0), tilted, root);
 }
 
 TEST(Cylinder, TheConesSettersAreInherited) {
@@ -84,6 +85,7 @@ TEST(Cone, LookingBackTheRootAloneCounts) {
     mgCone_c const cone({}, up, 1.0, eighthTurn); // 9 at the top
     double const less = below(1e-6);
     CheckExtremes({-1, 0, 0}, {1, 0, 10}, cylinder, {0.6, 0, 0.8});
+    CheckExtremes({-11, 0, 0}, {11, 0, 0}, {{}, up, 11, eighthTurn}, {0.8, 0, 0.6}); // 1 at the top
     for (U const &along : {up, -up}) CheckExtremes({}, {0, 0, 10}, cylinder, along);
     CheckExtremes({-5.4, 0, 7.2}, {5.4, 0, -7.2}, cone, {0.6, 0, -0.8});
     CheckExtremes({-9, 0, 10}, {9, 0, 10}, cone, {1, 0, 1e-6});
@@ -96,7 +98,8 @@ TEST(Cylinder, EquivalenceNeedsRadii) {
     };
     check(1, 1, 1 + 9e-9, 9e-9, up);
     check(0, 5e-9, 0, 0, up);
-    check(0, 1, 1 + 1.1e-8, 0, up);
+    check(0, 1, 1 + 1.1e-8, 0, up), check(1, 5e-8, 5e-8, 0, up);
+    check(1, 1, 1, 0, U(0.95e-12, 0, 1)), check(0, 1, 1, 0, U(0, 1.05e-12, 1));
     check(0, 1, 1, 0, -up);
 }
 

@@ -21,6 +21,7 @@ TEST(Plane, ToleranceIsStrictAndOrientationCountsForEquivalence) {
     check(0, z, 1, 1);
     check(0, -z, 1, 0);
     check(1, z, 0, 0);
+    check(0, U(0.95e-12, 0, 1), 1, 1), check(0, U(0, 1.05e-12, 1), 1, 0);
 }
 
 TEST(Plane, IsTransformedAndMirrorsPoints) {
@@ -40,7 +41,7 @@ TEST(Plane, APointInThePlaneCountsAsOnTheNegativeSide) {
     check(1, 0, 1, 0);
     check(0, 0, -1, 0);
     check(0, 2, 0.5, 0.5);
-    check(1, 2, 0.5, above(0.5));
+    check(1, 2, 0.5, above(0.5)), check(0, 5e-8, 1, 0), check(0, 1, 5e-8, 0);
 }
 
 TEST(Plane, TheLineOfTwoPlanesIsOnEitherSideOfTheSecondRootsFoot) {
