@@ -153,7 +153,8 @@ TEST(Roots, OfACharacteristicCubicDescend) {
     CheckGood(3, 4, 1, mgGoodEqu3_Failed);        // P < 0: complex roots
     CheckGood(0, 11, 6, mgGoodEqu3_Failed);
     CheckGood(6, kNaN, 6, mgGoodEqu3_Failed);
-    CheckGood(6, 11, 0, mgGoodEqu3_Failed);
+    CheckGood(3, 2, 0, mgGoodEqu3_Failed); // of the roots 2, 1 and 0
+    CheckGood(3, 0, 0.1, mgGoodEqu3_Failed);
 }
 
 // With a = 3 and b = 2.25 the cosine is 4 c - 1.

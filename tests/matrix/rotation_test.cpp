@@ -44,6 +44,7 @@ TEST(Rotation, QuarterTurnsSnapStrictlyWithinTheTolerance) {
             mgMatrix_c const snapped = mg_RotationMatrix(angle, z, above(distance));
             EXPECT_BITS_EQ(V(cosine, sine, 0), V(&snapped[0])) << angle;
             EXPECT_BITS_EQ(mg_RotationMatrix(angle, z, 0), mg_RotationMatrix(angle, z, distance));
+            EXPECT_BITS_EQ(snapped, mg_RotationMatrix(angle - 6.2831853071796, z, 2e-3));
         }
     };
     check(1.5707963267949, 0, 1);

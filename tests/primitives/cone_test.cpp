@@ -19,6 +19,9 @@ TEST(Cone, AnUnsetRadiusIsNotScaled) {
     cone.setAngle(0.5);
     unset *= moved;
     cone *= moved;
+    mgCylinder_c line({}, up, 0.0);
+    line *= raw({}, {}, kInfinity);
+    EXPECT_EQ(0.0, line.radius());
     EXPECT_BITS_EQ(P(-2.0, -2.0, 3 * 5e-8), P(unset.radius(), unset.angle(), cone.radius()));
     EXPECT_BITS_EQ(P(11, 3, 7), cone.rootPoint());
     EXPECT_BITS_EQ(U(1, 0, 0), cone.axis());
@@ -97,7 +100,7 @@ TEST(Cylinder, EquivalenceNeedsRadii) {
         EXPECT_EQ(same, mgCylinder_c({}, up, r1).isEquivalent({{x, 0, 7}, axis, r2})) << r2;
     };
     check(1, 1, 1 + 9e-9, 9e-9, up);
-    check(0, 5e-9, 0, 0, up);
+    check(0, 5e-9, 0, 0, up), check(0, 0, 5e-9, 0, up);
     check(0, 1, 1 + 1.1e-8, 0, up), check(1, 5e-8, 5e-8, 0, up);
     check(1, 1, 1, 0, U(0.95e-12, 0, 1)), check(0, 1, 1, 0, U(0, 1.05e-12, 1));
     check(0, 1, 1, 0, -up);

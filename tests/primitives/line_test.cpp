@@ -48,6 +48,7 @@ TEST(Line, DistanceComesWithTheNearestPoints) {
     parallel.setDirection(-x);
     EXPECT_EQ(4.0, alongX.distToLine(parallel, &t1, &t2));
     EXPECT_BITS_EQ(P(4, 0, 0), P(t1, t2, 0));
+    EXPECT_EQ(4.0, alongX.distToLine(parallel, nullptr, nullptr));
     EXPECT_EQ(4.0, alongX.distToLine({P(5, 0, 7), {}}, &t1, &t2)); // a point
     EXPECT_BITS_EQ(P(4, 0, 0), P(t1, t2, 0));
 }

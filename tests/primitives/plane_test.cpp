@@ -53,8 +53,9 @@ TEST(Plane, TheLineOfTwoPlanesIsOnEitherSideOfTheSecondRootsFoot) {
         EXPECT_EQ(found, dir == mg_Normalise(z * normal));
     };
     check(1, {13, 9, 4}, 5, U(1, 0, 1));
-    check(1, {3, 9, 4}, 5, U(1, 0, -1));     // an obtuse angle
-    check(1, {8, 9, 4}, 0, U(1, 0, 1));      // the root itself
+    check(1, {3, 9, 4}, 5, U(1, 0, -1));                // an obtuse angle
+    check(1, {8, 9, 4 + 0.95e-8}, 0.95e-8, U(1, 0, 1)); // the root itself
+    check(1, {8 + 1.05e-8, 9, 4}, 1.05e-8, U(1, 0, 1));
     check(1, {8, 9, 4}, 5, U(1, 0, 9.5e-9)); // counts as perpendicular, from 1e-8 on not
     check(1, {8 + 5 * 1.05e-8, 9, 4}, 5, U(1, 0, 1.05e-8));
     check(0, {7, 7, 7}, 5, -z);

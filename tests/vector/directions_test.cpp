@@ -125,6 +125,7 @@ TEST(Directions, AnyUnitNormalIsPerpendicular) {
     check({1e-10, below(1e-10), 5.0}, 1, y);
     check({-1.0, 1e-10, -below(1e-10)}, -1, z);
     check({3.0, -3.0, 1.0}, 0, {1.0, -(3.0 + 1.0) / -3.0, 1.0}); // on a tie the later one changes
+    check({1.0, 2.0, 4.0}, 0, {1.0, 1.0, -0.75}), check({4.0, 1.0, 2.0}, 0, {-0.75, 1.0, 1.0});
     check(null, 1, x);
     check({kNaN, 1.0, 0.0}, 0, {1.0, 1.0, 1.0});
     check({0.0, kNaN, 0.0}, 0, {1.0, 1.0, 1.0});
@@ -157,6 +158,9 @@ TEST(Directions, PullBackSolvesForTheNearestCombination) {
     while (0.25 * (edge * edge) >= 1.0000000000000001e-16) edge = below(edge);
     EXPECT_BITS_EQ(null, w.pullBack(0.5 * x, edge * y));
     EXPECT_NEAR(6.0, w.pullBack(0.5 * x, above(edge) * y).x(), 1e-14);
+    // 3 a - 2 b + a x b
+    EXPECT_LT(gap(V(3.0, -2.0, 0.0), V(1.0, 9.0, 0.0).pullBack({1.0, 2.0, 2.0}, {2.0, 0.0, 1.0})),
+              1e-14);
     EXPECT_BITS_EQ(4.0 * y, w.pullBack({kNaN, 1.0, 0.0}, y)); // NaN is left out like a short vector
     EXPECT_BITS_EQ(V(kNaN, kNaN, 0.0), V(3.0, kNaN, 7.0).pullBack(x, y));
 }
