@@ -17,6 +17,13 @@ using P = mgPoint_c;
 using V = mgVector_c;
 using U = mgUnitVector_c;
 
+/// Have the enumerators, which callers store, the numbers from 0 on?
+template <class... Enumerator>
+constexpr bool areNumbered(Enumerator... each) {
+    int number = 0;
+    return (... && (each == number++));
+}
+
 /// What an output holds that no function wrote.
 inline P const untouched(77.0, 77.0, 77.0);
 

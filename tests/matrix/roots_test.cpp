@@ -11,8 +11,8 @@ namespace {
 using namespace common;
 
 constexpr double untouched = -777.0;
-static_assert(mgGoodEqu3_ThreeRoots == 0 && mgGoodEqu3_TripleRoot == 1 && mgGoodEqu3_Failed == 4
-              && mgGoodEqu3_LowerPairEqual == 2 && mgGoodEqu3_UpperPairEqual == 3);
+static_assert(areNumbered(mgGoodEqu3_ThreeRoots, mgGoodEqu3_TripleRoot, mgGoodEqu3_LowerPairEqual,
+                          mgGoodEqu3_UpperPairEqual, mgGoodEqu3_Failed));
 
 void CheckQuadratic(double a, double b, double c, std::vector<double> const &expected) {
     double roots[2];

@@ -10,15 +10,13 @@ using namespace common;
 static_assert(std::is_trivially_copyable_v<mgPlane_c> && std::is_standard_layout_v<mgLine_c>);
 static_assert(!std::is_convertible_v<mgLine_c, mgPlane_c>);
 
-// Callers store these values.
-static_assert(mgIntersect_Coincident == 0 && mgIntersect_Parallel == 1 && mgIntersect_Point == 2
-              && mgIntersect_TwoPoints == 3 && mgIntersect_None == 4);
-static_assert(mgLinePlane_InPlane == 0 && mgLinePlane_Parallel == 1 && mgLinePlane_Point == 2
-              && mgLinePlane_Failed == 3);
-static_assert(mgPlnPln_Coincident == 0 && mgPlnPln_Parallel == 1 && mgPlnPln_Line == 2
-              && mgPlnPln_Failed == 3);
-static_assert(mgLineCircle_Tangent == 0 && mgLineCircle_ThroughCentre == 1
-              && mgLineCircle_Secant == 2 && mgLineCircle_Miss == 3);
+static_assert(areNumbered(mgIntersect_Coincident, mgIntersect_Parallel, mgIntersect_Point,
+                          mgIntersect_TwoPoints, mgIntersect_None));
+static_assert(areNumbered(mgLinePlane_InPlane, mgLinePlane_Parallel, mgLinePlane_Point,
+                          mgLinePlane_Failed));
+static_assert(areNumbered(mgPlnPln_Coincident, mgPlnPln_Parallel, mgPlnPln_Line, mgPlnPln_Failed));
+static_assert(areNumbered(mgLineCircle_Tangent, mgLineCircle_ThroughCentre, mgLineCircle_Secant,
+                          mgLineCircle_Miss));
 
 U const x(1, 0, 0);
 mgLine_c const alongX(P(1, 0, 3), x);
