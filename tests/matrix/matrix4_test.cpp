@@ -103,10 +103,8 @@ TEST(Matrix4, ShortAxisRotatesOnlyByAnAngleAboveItsLength) {
     auto const check = [](bool rotates, double length, double angle, Caller = {}) {
         EXPECT_NE(rotates, mgMatrix4_c::rotationMatrix({0, 0, length}, angle) == mgMatrix4_c());
     };
-    check(true, 1e-4, -1);
-    check(false, below(1e-4), -1);
-    check(true, 5e-5, above(5e-5));
-    check(false, 5e-5, 5e-5);
+    check(true, 1e-4, -1), check(false, below(1e-4), -1);
+    check(true, 5e-5, above(5e-5)), check(false, 5e-5, 5e-5);
     double const c = std::cos(0.5); // without an axis, only the cosine remains
     CheckElements({c, 0, 0, 0, 0, c, 0, 0, 0, 0, c, 0, 0, 0, 0, 1},
                   mgMatrix4_c::rotationMatrix({0, 0, 5e-9}, 0.5));
@@ -146,8 +144,7 @@ TEST(Matrix4, AStepTooSmallToTellItsAxisRotatesAboutX) {
         EXPECT_LT(mgMatrix4_c::interpolate({}, to, 0.5).distTo(expected), 1e-12) << angle;
     };
     check({1, 0, 0}, 9.9e-5, 9.9e-5 / 2);
-    check({0, 1, 0}, 9.9e-5, 0);
-    check({0, 0, 1}, -9.9e-5, 0);
+    check({0, 1, 0}, 9.9e-5, 0), check({0, 0, 1}, -9.9e-5, 0);
     auto const to = mgMatrix4_c::rotationMatrix({0, 0, 1}, -1.01e-4); // large enough
     EXPECT_BITS_EQ(U::zAxis(), to.getRotationAxis());
 }

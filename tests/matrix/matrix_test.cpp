@@ -120,8 +120,7 @@ TEST(Matrix, NearnessIncludesOrExcludesItsBound) {
         check(k, off ? -0.000523599 : 0.999999863, 0, 1);
         check(k, below(off ? -0.000523599 : 0.999999863), 0, 0);
         check(k, above(off ? 0.000523599 : 1.000000137), 0, 0);
-        check(k, below(1e-08), 1, off);
-        check(k, -1e-08, 0, off);
+        check(k, below(1e-08), 1, off), check(k, -1e-08, 0, off);
         check(k, kNaN, 0, 0);
     }
 }

@@ -34,10 +34,12 @@ TEST(String, FormatMayUseItsOwnText) {
     EXPECT_EQ(0, CString(nullptr).GetLength());
 }
 
-TEST(Defaults, APointIsTheOriginAndWordsAreNumberedFromZero) {
+TEST(Words, AreNumberedInTheirOrder) {
     su_CDWordArray words;
-    EXPECT_EQ(0, words.Add(7));
-    EXPECT_EQ(1, words.Add(8));
+    for (unsigned k = 0; k < 4; ++k) EXPECT_EQ(static_cast<int>(k), words.Add(7 + k));
+    words.RemoveAt(1);
+    EXPECT_EQ(3, words.GetSize());
+    EXPECT_EQ(9u, words[1]);
     EXPECT_EQ(0, CPoint().x | CPoint().y);
 }
 

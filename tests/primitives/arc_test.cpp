@@ -32,8 +32,7 @@ TEST(Arc, FromPointsSweepsCounterClockwiseAboutTheNormal) {
         EXPECT_NEAR(sweepDeg, arc.getOglSweepAngle(), 1e-11);
     };
     check(0, 90, {up, c, at, c + V(0, 5, 0)}); // from +y clockwise to +x
-    check(180, 270, {-up, c, at, c + V(0, 5, 0)});
-    check(0, 360, full);
+    check(180, 270, {-up, c, at, c + V(0, 5, 0)}), check(0, 360, full);
     check(45, 90, ofAngles(-kTwoPi / 8, kTwoPi / 8));
     check(0, 360, {up, c, at, c + V(9e-9, 0, 0)}); // an end at the centre
     check(0, 90, {{}, c, at, c - V(0, 5, 0)});     // without a normal, the smaller angle

@@ -46,8 +46,7 @@ TEST(Cone, TheConesFootIsThatOfItsRoot) {
     auto const check = [&](int result, P const &expected, P const &p, Caller = {}) {
         CheckFoot(result, expected * away, cone, p * away);
     };
-    check(1, {2, 0, 2}, {4, 0, 0});
-    check(0, {-1, 0, -1}, {0.5, 0, -2.5});
+    check(1, {2, 0, 2}, {4, 0, 0}), check(0, {-1, 0, -1}, {0.5, 0, -2.5});
     check(1, {1.05e-8, 0, 1.05e-8}, {2.1e-8, 0, 0}); // 1e-8 ahead of the root
     check(0, {0.95e-8, 0, 0.95e-8}, {1.9e-8, 0, 0});
     check(1, {}, {}); // on the axis: 1 at the root

@@ -39,10 +39,8 @@ TEST(Directions, UnitVectorsCompareStrictly) {
         EXPECT_EQ(equal, a.isEqual(b, tol)) << shown(a) << shown(b) << tol;
         EXPECT_EQ(sameDirection, a.isSameDirectionUpToTol(b, tol)) << shown(a) << shown(b) << tol;
     };
-    check(u, u, -1.0, 0, 0);
-    check(u, v, 1.0, 0, 0);
-    check(u, v, above(1.0), 1, 1);
-    check(u, none, 5.0, 1, 0);
+    check(u, u, -1.0, 0, 0), check(u, v, 1.0, 0, 0);
+    check(u, v, above(1.0), 1, 1), check(u, none, 5.0, 1, 0);
     check(none, u, 5.0, 1, 0);
 }
 
@@ -109,25 +107,22 @@ TEST(Directions, ComponentsTellAxesAndTheDominantOne) {
     check({1.0, 1e-08, 0.0}, 0, 0);
     check({small, small, small}, 0, 2); // the later axis on a tie
     check({small, 1e-08, -small}, 1, 1), check({small, -small, 5.0}, 1, 2);
-    check({-5.0, -small, small}, 1, 0);
-    check({0.0, -3.0, below(3.0)}, 0, 1);
+    check({-5.0, -small, small}, 1, 0), check({0.0, -3.0, below(3.0)}, 0, 1);
     check({kNaN, 0.0, small}, 1, 2);
+    check({3.0, small, -5.0}, 0, 2), check({5.0, 3.0, small}, 0, 0);
     check({1.0, kNaN, below(1.0)}, 0, 0); // NaN in y is left out
-    check({1.0, kNaN, 1.0}, 0, 2);
-    check({1.0, 2.0, kNaN}, 0, 2);
+    check({1.0, kNaN, 1.0}, 0, 2), check({1.0, 2.0, kNaN}, 0, 2);
 }
 
 TEST(Directions, AnyUnitNormalIsPerpendicular) {
     auto const check = [](V const &v, int preferAxis, V const &w, Caller = {}) {
         EXPECT_BITS_EQ(mg_Normalise(w), v.anyUnitNormal(preferAxis));
     };
-    check(null, 0, {1.0, 1.0, 1.0});
-    check({1e-10, below(1e-10), 5.0}, 1, y);
+    check(null, 0, {1.0, 1.0, 1.0}), check({1e-10, below(1e-10), 5.0}, 1, y);
     check({-1.0, 1e-10, -below(1e-10)}, -1, z);
     check({3.0, -3.0, 1.0}, 0, {1.0, -(3.0 + 1.0) / -3.0, 1.0}); // on a tie the later one changes
     check({1.0, 2.0, 4.0}, 0, {1.0, 1.0, -0.75}), check({4.0, 1.0, 2.0}, 0, {-0.75, 1.0, 1.0});
-    check(null, 1, x);
-    check({kNaN, 1.0, 0.0}, 0, {1.0, 1.0, 1.0});
+    check(null, 1, x), check({kNaN, 1.0, 0.0}, 0, {1.0, 1.0, 1.0});
     check({0.0, kNaN, 0.0}, 0, {1.0, 1.0, 1.0});
     for (V const &v : {V(kNaN, 0.0, 1.0), V(1.0, kNaN, 0.0), V(0.0, 0.0, kNaN)}) check(v, 0, null);
 }
@@ -140,8 +135,7 @@ TEST(Directions, ABasisIsRightHanded) {
         EXPECT_BITS_EQ(mg_Normalise(n * u), v);
     };
     check(x, {0.5, 1.0, 1.6}); // x only when strictly smallest, z at most y, else y
-    check(z, {0.9, 0.7, -0.7});
-    check(y, {0.5, 0.5, 1.6});
+    check(z, {0.9, 0.7, -0.7}), check(y, {0.5, 0.5, 1.6});
     U u, v, other, first(z, 0), second(z, 0); // an output may be the input
     mg_getBasis(z, u, v), mg_getBasis(first, first, other), mg_getBasis(second, other, second);
     EXPECT_BITS_EQ(u, first);

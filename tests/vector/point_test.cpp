@@ -58,8 +58,9 @@ TEST(Points, ValuesGoInAndOutInOrder) {
     EXPECT_BITS_EQ(p, fromDoubles);
     EXPECT_BITS_EQ(p, fromFloats);
     fromFloats[2] = 0.7; // it is also an array of three
-    V(fromFloats).get(singles);
-    EXPECT_EQ(0.7F, singles[2]);
+    float back[3] = {};
+    V(fromFloats).get(back);
+    EXPECT_BITS_EQ(P(1.0, 2.0, 0.7F), P(back[0], back[1], back[2]));
     EXPECT_BITS_EQ(mg_Normalise(p), U(xyzw));
     mg2DPoint_c uv;
     uv.set(5.0, 6.0), uv.set_y(4.0);
