@@ -17,12 +17,14 @@ static_assert(vexmath::kHalfTurnBound == 3.1415926535998002);
 TEST(Angles, AReferenceMeasuresTheLongWayRound) {
     EXPECT_BITS_EQ(1e-9, mg_AngleBetween(x, x + 1e-9 * y)); // whose cosine is 1
     EXPECT_BITS_EQ(half, mg_AngleBetween(x, -x));
+    EXPECT_DOUBLE_EQ(std::acos(2.0 / 3.0), mg_AngleBetween({1.0, 2.0, 2.0}, {6.0, 2.0, 1.5}));
     EXPECT_BITS_EQ(0.0, mg_AngleBetween(-x, null));         // whose dot product is -0.0
     EXPECT_BITS_EQ(right, mg_AngleBetween(1e-9 * x, y, z)); // only zero counts as null
     EXPECT_BITS_EQ(kTurn - right, mg_AngleBetween(x, y, -z));
     EXPECT_BITS_EQ(right, mg_AngleBetween(x, y, x)); // a reference perpendicular to a x b
     EXPECT_BITS_EQ(kTurn, mg_AngleBetween(x, x - 1e-17 * y, z)); // by rounding
     EXPECT_BITS_EQ(kTurn - right, mg_AngleBetween2d(x, -y));
+    EXPECT_BITS_EQ(0.0, mg_AngleBetween2d(y, y));
     // The dot product includes z: 6 and not 2.
     EXPECT_BITS_EQ(std::atan2(1.0, 6.0), mg_AngleBetween2d(x + 2.0 * z, 2.0 * x + y + 2.0 * z));
 }
