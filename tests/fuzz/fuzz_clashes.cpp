@@ -1,83 +1,58 @@
 // SPDX-License-Identifier: MIT
-// Boxes made of a few numbers, so that many coordinates are equal: the clashes found among them are
-// those of the loop over the single tests.
+// Boxes and placements with many equal coordinates: the clashes found among them are those of the
+// loop over the single tests.
 
-#include "numbers_from_bytes.h"
-
-#include <vexmath/bbox.h>
-#include <vexmath/bulk.h>
-#include <vexmath/su_dynamic_array.h>
-#include <vexmath/xform.h>
-
-#include <cstdlib>
+#include "fuzz.h"
 
 namespace {
 
-constexpr int kBoxes = 60; // more than the library tests one by one
-constexpr int kNumbers = 16;
+using Pairs = suDynamicArray<mgIndexPair_c>;
 
-/// Digits of the input choose among the numbers.
-class Chooser {
-public:
-    explicit Chooser(NumbersFromBytes &in) : in_(in) {
-        for (double &number : numbers_) number = in.next();
-    }
-
-    double next() {
-        if (left_ == 0) {
-            double const digits = in_.next();
-            std::memcpy(&digits_, &digits, sizeof digits_);
-            left_ = 16;
-        }
-        --left_;
-        double const chosen = numbers_[digits_ % kNumbers];
-        digits_ /= kNumbers;
-        return chosen;
-    }
-
-private:
-    NumbersFromBytes &in_;
-    double numbers_[kNumbers];
-    std::uint64_t digits_ = 0;
-    int left_ = 0;
-};
-
-/// Are the pairs those of the loop, in its order?
+/// Are the pairs those of the loop, in its order? Of long lists, only some tests are repeated.
 template <class Test>
-void check(suDynamicArray<mgIndexPair_c> const &pairs, int found, Test const &test) {
+void check(Pairs const &pairs, int found, int count, bool bothOrders, Test const &test) {
     int k = 0;
-    for (int i = 0; i < kBoxes; ++i)
-        for (int j = i + 1; j < kBoxes; ++j) {
-            if (test(i, j) == 0) continue;
-            if (k == pairs.Count() || pairs[k].first != i || pairs[k].second != j) std::abort();
-            ++k;
+    for (int i = 0; i < count; ++i)
+        for (int j = bothOrders ? 0 : i + 1; j < count; ++j) {
+            bool const isFound = k < pairs.Count() && pairs[k].first == i && pairs[k].second == j;
+            k += isFound;
+            if (count < 100 || (31 * i + j) % 97 == 0) CHECK(isFound == (test(i, j) != 0));
         }
-    if (k != found || k != pairs.Count()) std::abort();
+    CHECK(k == found && k == pairs.Count());
 }
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const *data, std::size_t size) {
-    NumbersFromBytes in(data, size);
-    double const tol = in.next();
-    Chooser chooser(in);
-    mgBBox_c boxes[kBoxes];
-    mgXform_c placements[kBoxes];
-    for (int i = 0; i < kBoxes; ++i) {
-        double members[10];
-        for (double &member : members) member = chooser.next();
-        boxes[i].set(members);
-        if (members[6] < 0.0) boxes[i].setSphereOnly(mgPoint_c(members + 6), members[9]);
-        mgUnitVector_c const z(members[7], members[8], members[9]), x(members[0], 0.0, members[6]);
-        placements[i] = mgXform_c(z, x, mgVector_c(members[3], members[8], 0.0));
+void fuzzOne(Input &in) {
+    mg_SetUseVectorUnits(in.flip());
+    int const count = in.byte() < 8 ? 1000 : 60; // more than the library tests one by one
+    double const tol = in.number();
+    std::vector<mgBBox_c> boxes, others;
+    std::vector<mgXform_c> placements;
+    for (int i = 0; i < count; ++i) {
+        boxes.push_back(in.box()), others.push_back(in.box());
+        placements.push_back(in.placement());
     }
-    suDynamicArray<mgIndexPair_c> pairs;
-    mg_SetUseVectorUnits(static_cast<int>(size % 2));
-    int found = mg_FindClashes(boxes, kBoxes, tol, pairs);
-    check(pairs, found, [&](int i, int j) { return boxes[i].clash(&boxes[j], tol); });
-    found = mg_FindClashes(boxes, placements, kBoxes, pairs);
-    check(pairs, found, [&](int i, int j) {
-        return mgBBox_c::clash(boxes[i], placements[i], boxes[j], placements[j]);
+    Pairs pairs, placedPairs, crossPairs;
+    int found = 0, placedFound = 0, crossFound = 0;
+    {
+        TimeLimit const limit;
+        found = mg_FindClashes(boxes.data(), count, tol, pairs);
+    }
+    {
+        TimeLimit const limit;
+        placedFound = mg_FindClashes(boxes.data(), placements.data(), count, placedPairs);
+    }
+    {
+        TimeLimit const limit;
+        crossFound = mg_FindClashes(boxes.data(), count, others.data(), count, tol, crossPairs);
+    }
+    auto const at = [](int i) { return static_cast<std::size_t>(i); };
+    check(pairs, found, count, false,
+          [&](int i, int j) { return boxes[at(i)].clash(&boxes[at(j)], tol); });
+    check(placedPairs, placedFound, count, false, [&](int i, int j) {
+        return mgBBox_c::clash(boxes[at(i)], placements[at(i)], boxes[at(j)], placements[at(j)]);
     });
-    return 0;
+    check(crossPairs, crossFound, count, true,
+          [&](int i, int j) { return boxes[at(i)].clash(&others[at(j)], tol); });
 }
