@@ -41,7 +41,7 @@ void checkAnswers(Input &in, mgBBox_c const &box) {
     double const tol = in.number();
     bool isInside = true;
     for (int k = 0; k < 3; ++k) {
-        isInside = isInside && !(p[k] < low[k] - tol) && !(p[k] > high[k] + tol);
+        isInside = isInside && !(low[k] - p[k] > tol) && !(p[k] - high[k] > tol);
         CHECK(nearest[k] == (!(p[k] > low[k]) ? low[k] : p[k] > high[k] ? high[k] : p[k]));
     }
     CHECK(!box.isSet() || box.containsPoint(p, tol) == (isInside ? 1 : 0));
@@ -103,7 +103,8 @@ void checkGeneralBox(Input &in) {
     CHECK(shadow.getExtremPts(d1, low, high) == isProjected);
     shadow.isPointInside(p);
     if (!isProjected || !in.isTame() || std::fabs(block.getBoxDir_v3() % normal) < 1e-3) return;
-    CHECK(plane.isPointOn(low, 1e-6) && plane.isPointOn(high, 1e-6) && shadow.isPointInside(low));
+    double const size = 1e-9 * (1.0 + dist(low, high) + dist(low, p));
+    CHECK(plane.isPointOn(low, size) && plane.isPointOn(high, size));
 }
 
 } // namespace

@@ -12,7 +12,8 @@ bool isBefore(P const &a, P const &b) { return std::memcmp(&a, &b, sizeof a) < 0
 
 bool isPermutation(Points a, Points b) {
     std::sort(a.begin(), a.end(), isBefore), std::sort(b.begin(), b.end(), isBefore);
-    return std::memcmp(a.data(), b.data(), a.size() * sizeof(P)) == 0;
+    return std::equal(a.begin(), a.end(), b.begin(),
+                      [](P const &p, P const &q) { return same(p, q); });
 }
 
 double cross(mg2DPoint_c const &o, mg2DPoint_c const &a, mg2DPoint_c const &b) {

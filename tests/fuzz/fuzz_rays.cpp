@@ -35,6 +35,8 @@ void checkBox(Input &in, mgBBox_c const &box, P const &p, U const &dir) {
         double const a = (box.low()[k] - p[k]) / dir[k], b = (box.high()[k] - p[k]) / dir[k];
         if (std::fabs(dir[k]) > 1e-6)
             from = std::max(from, std::min(a, b)), to = std::min(to, std::max(a, b));
+        else if (std::min(std::fabs(box.low()[k] - p[k]), std::fabs(p[k] - box.high()[k])) < 1e-5)
+            return;
         else if (box.low()[k] > p[k] || p[k] > box.high()[k])
             to = -kInfinity;
     }

@@ -77,7 +77,7 @@ void checkConic(Input &in, P const &vertex, Frame const &f, double tol) {
     copy(f.normal, c.normal);
     double const distance = dist(c.focus, vertex),
                  segments = 12.5 * dist(c.start, c.end) / distance;
-    bool const isLong = segments > 2e3 && segments < 1.2e7; // takes too long, or is refused
+    bool const isLong = !(segments < 2e3); // takes too long, or is refused
     double const e = mg_getConicEccentricity(c.focus, vertex, c.start, c.end);
     for (auto const tessellate : {mg_TessParabola, mg_TessBConic, mg_TessParabolaOrBConic}) {
         if (isLong && tessellate != mg_TessBConic) continue;
