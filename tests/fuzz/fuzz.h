@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // Shared by the fuzzers: bytes as hostile numbers and objects, requirements, and a limit of time.
-// A fuzzer defines fuzzOne.
 
 #ifndef VEXMATH_TESTS_FUZZ_FUZZ_H
 #define VEXMATH_TESTS_FUZZ_FUZZ_H
@@ -18,77 +17,71 @@
 #include <vector>
 
 /// Ends the program when the condition is false.
-#define CHECK(condition) ((condition) ? void() : fuzz::fail(__FILE__, __LINE__, #condition))
-
-namespace fuzz {
-
-using P = mgPoint_c;
-using V = mgVector_c;
-using U = mgUnitVector_c;
+#define CHECK(condition) ((condition) ? void() : fail(__FILE__, __LINE__, #condition))
 
 [[noreturn]] inline void fail(char const *file, int line, char const *condition) {
     std::fprintf(stderr, "%s:%d: false: %s\n", file, line, condition);
     std::abort();
 }
 
+using P = mgPoint_c;
+using V = mgVector_c;
+using U = mgUnitVector_c;
+using Points = std::vector<P>;
 using Limits = std::numeric_limits<double>;
-inline constexpr double kInfinity = Limits::infinity(), kPi = 3.141592653589793;
 
-/// Sizes, tolerances and angles of every day.
-inline constexpr double everyday[] = {1.0 / 3.0, 1.0,   7.0,   1e3,   kPi / 2, vexmath::kHalfPi,
-                                      kPi,       0.1,   1e-4,  5e-09, 1e-08,   2 * kPi,
-                                      1e-11,     1e-12, 1e-13, 2e-08};
-/// Numbers for which a careless formula overflows, loops for ever or is wrong.
-inline constexpr double hostile[] = {kInfinity,     Limits::quiet_NaN(),
-                                     Limits::max(), 1e308,
-                                     1e155,         1.3e154,
-                                     1e100,         1e70,
-                                     1e18,          3e9,
-                                     1e-17,         1e-70,
-                                     1e-145,        1e-162,
-                                     1e-300,        Limits::min()};
+inline constexpr double kInfinity = Limits::infinity(), kPi = 3.141592653589793;
+inline P const unwritten(77.0, 77.0, 77.0);
 
 /// The bytes of one input. After the last byte they begin again, so that few bytes make many
-/// objects. A tame input, by its first byte, holds finite numbers of everyday sizes only.
+/// objects. A tame input, by its first byte, has finite numbers of everyday sizes only.
 class Input {
 public:
-    Input(std::uint8_t const *data, std::size_t size)
-        : data_(data), size_(size), isTame_(byte() % 2 == 0) {}
+    Input(std::uint8_t const *data, std::size_t size) : data_(data), size_(size), isTame_(flip()) {}
 
     bool isTame() const { return isTame_; }
     bool isUsedUp() const { return used_ >= size_; }
+    std::string rest() const { return {data_ + std::min(used_, size_), data_ + size_}; }
     int byte() { return size_ == 0 ? 0 : data_[used_++ % size_]; }
-    int below(int count) { return byte() % count; } ///< count is at most 256
-    bool flip() { return byte() % 2 == 0; }
-    /// The count of a list: small, or 1000.
+    int below(int count) { return byte() % count; } ///< REQUIRES a count of at most 256
+    bool flip() { return below(2) == 0; }
+    /// The length of a list: small, or 1000.
     int count() {
         int const size = byte();
         return size < 250 ? size / 8 : 1000;
     }
-    std::string rest() { return {data_ + std::min(used_, size_), data_ + size_}; }
 
     /// On a lattice, on or near a tolerance, anywhere or, when the input is not tame, hostile.
     double number() {
         int const kind = byte();
         if (kind < 160) return plain(kind);
-        if (kind < 192 || (isTame_ && kind >= 216)) return (256 * byte() + byte() - 32768) / 977.0;
+        if (kind < 192 || (isTame_ && kind >= 216)) {
+            int const high = byte();
+            return (256 * high + byte() - 32768) / 977.0;
+        }
         if (kind < 216) {
-            double const x = plain(byte() % 160), off[] = {1e-8, -1e-8, 5e-9, -5e-9};
-            if (kind % 6 < 4) return x + off[kind % 6];
-            return std::nextafter(x, kind % 6 == 4 ? kInfinity : -kInfinity);
+            double const x = plain(below(160)), off[] = {1e-8, -1e-8, 5e-9, -5e-9};
+            return kind % 6 < 4 ? x + off[kind % 6]
+                                : std::nextafter(x, kind % 6 == 4 ? kInfinity : -kInfinity);
         }
         if (kind < 248) return kind % 2 == 0 ? hostile[kind / 2 - 108] : -hostile[kind / 2 - 108];
-        double any = 0.0;
-        for (std::size_t i = 0; i < sizeof any; ++i)
-            reinterpret_cast<char *>(&any)[i] = char(byte());
-        return any;
+        char any[sizeof(double)];
+        for (char &c : any) c = static_cast<char>(byte());
+        double value = 0.0;
+        std::memcpy(&value, any, sizeof value);
+        return value;
     }
     template <class T>
     T triple() {
         double const x = number(), y = number(), z = number();
         return T(x, y, z);
     }
-    /// A point of small whole coordinates, which most formulas treat without rounding.
+    Points points(int n) {
+        Points list(static_cast<std::size_t>(n));
+        for (P &p : list) p = triple<P>();
+        return list;
+    }
+    /// Small whole coordinates, with which most formulas round nothing.
     P whole(int size) {
         double const x = below(size), y = below(size);
         return {x, y, 0.0};
@@ -96,13 +89,13 @@ public:
 
     /// Along an axis or anywhere; when the input is not tame, at times without unit length.
     U direction() {
-        int const kind = byte();
-        double const sign = kind < 128 ? 1.0 : -1.0;
-        if (kind % 8 < 3)
-            return {sign * (kind % 8 == 0), sign * (kind % 8 == 1), sign * (kind % 8 == 2)};
+        int const kind = byte(), axis = kind % 8;
+        if (axis < 3)
+            return kind < 128 ? U(axis == 0, axis == 1, axis == 2)
+                              : -U(axis == 0, axis == 1, axis == 2);
         V const v = triple<V>();
         U u = mg_Normalise(v);
-        if (!isTame_ && kind % 8 == 3) u.set(v.x(), v.y(), v.z());
+        if (!isTame_ && axis == 3) u.set(v.x(), v.y(), v.z());
         return u;
     }
     mgMatrix_c rotation() {
@@ -111,7 +104,7 @@ public:
         if (!isTame_ && byte() < 16) m[below(9)] = number();
         return m;
     }
-    /// A transform of exactly these fields, when the input is not tame at times with a perspective.
+    /// A transform of exactly these fields; when the input is not tame, at times with perspective.
     mgXform_c placement() {
         int const kind = byte();
         V const shift = triple<V>();
@@ -119,14 +112,11 @@ public:
         mgXform_c x;
         x.SetHelper(
             {kind % 8 < 2 ? mgMatrix_c() : rotation(), shift, scale, kind / 8 % 2, nullptr});
-        if (!isTame_ && kind >= 240) x.addPerspectiveInfo(perspective());
-        return x;
-    }
-    mgPerspInfo_c perspective() {
-        P const eye = triple<P>();
-        mgPerspInfo_c info(eye.x(), eye.y(), eye.z(), number());
+        if (isTame_ || kind < 240) return x;
+        mgPerspInfo_c info(shift.y(), shift.z(), shift.x(), number());
         info.setCameraFOVPlaneDistance(number());
-        return info;
+        x.addPerspectiveInfo(info);
+        return x;
     }
     /// The box of two points, at times with another sphere or with corners not in order.
     mgBBox_c box() {
@@ -139,6 +129,14 @@ public:
     }
 
 private:
+    static constexpr double everyday[] = {
+        1.0 / 3.0, 1.0,   7.0,   1e3,   kPi / 2, vexmath::kHalfPi, kPi, 0.1, 2 * kPi, 1e-4, 2e-8,
+        1e-08,     5e-09, 1e-11, 1e-12, 1e-13};
+    /// Numbers for which a careless formula overflows, loops for ever or is wrong.
+    static constexpr double hostile[] = {
+        kInfinity, 1e18,  1e155, 1.3e154, 1e100,  1e70,   1e308,  Limits::quiet_NaN(),
+        3e9,       1e-17, 1e-70, 1e-145,  1e-162, 1e-300, 1e-308, Limits::max()};
+
     static double plain(int kind) {
         if (kind < 128) return 0.25 * (kind % 32 - 16);
         return kind % 2 == 0 ? everyday[kind / 2 - 64] : -everyday[kind / 2 - 64];
@@ -156,51 +154,36 @@ inline bool same(double a, double b) {
 /// The same of all doubles that an object is made of.
 template <class T>
 bool same(T const &a, T const &b) {
+    static_assert(sizeof(T) % sizeof(double) == 0 && std::is_trivially_copyable_v<T>);
     double x[sizeof(T) / sizeof(double)], y[sizeof(T) / sizeof(double)];
-    static_assert(sizeof x == sizeof(T) && std::is_trivially_copyable_v<T>);
     std::memcpy(x, &a, sizeof x), std::memcpy(y, &b, sizeof y);
     return std::equal(x, std::end(x), y, [](double u, double v) { return same(u, v); });
 }
-inline bool same(mgMatrix_c const &a, mgMatrix_c const &b) {
-    for (int k = 0; k < 9; ++k)
-        if (!same(a[k], b[k])) return false;
-    return a.isIdentity() == b.isIdentity();
-}
 inline bool same(mgXform_c const &a, mgXform_c const &b) {
-    return same(a.rotation(), b.rotation()) && same(a.translation(), b.translation())
+    double x[16], y[16];
+    a.getGLData(x), b.getGLData(y);
+    return std::equal(x, x + 16, y, [](double u, double v) { return same(u, v); })
            && same(a.scaling(), b.scaling()) && a.isReflection() == b.isReflection()
-           && a.hasPerspective() == b.hasPerspective();
-}
-
-inline bool isFinite(V const &v) {
-    return std::isfinite(v.x()) && std::isfinite(v.y()) && std::isfinite(v.z());
+           && a.rotate() == b.rotate() && a.hasPerspective() == b.hasPerspective();
 }
 inline bool isUnit(V const &u) { return std::fabs(u.len() - 1.0) < 1e-12; }
-/// For results of everyday sizes.
-inline bool isNear(P const &a, P const &b, double tol) { return dist(a, b) <= tol; }
 
 /// Ends the program when its scope takes more CPU time than 1000 elements may take: 100 ms, times
-/// the factor by which the sanitizers slow down the library.
-class TimeLimit {
-public:
+/// what the sanitizers may slow it down.
+struct TimeLimit {
     ~TimeLimit() {
-        CHECK(static_cast<double>(std::clock() - start_)
-              <= 0.1 * VEXMATH_FUZZ_SLOWDOWN * CLOCKS_PER_SEC);
+        double const seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+        CHECK(seconds <= 0.1 * VEXMATH_FUZZ_SLOWDOWN);
     }
-
-private:
-    std::clock_t start_ = std::clock();
+    std::clock_t start = std::clock();
 };
 
-} // namespace fuzz
-
-using namespace fuzz;
-
-void fuzzOne(Input &in);
+/// What a fuzzer does with one input.
+void fuzz(Input &in);
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const *data, std::size_t size) {
     Input in(data, size);
-    fuzzOne(in);
+    fuzz(in);
     return 0;
 }
 

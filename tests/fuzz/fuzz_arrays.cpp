@@ -6,124 +6,100 @@
 namespace {
 
 /// An array, and what it must be.
-struct Pair {
-    Pair(int slots, int growStep, int growMode)
+struct Array {
+    Array(int slots, int growStep, int growMode)
         : step(growStep), mode(growMode), capacity(slots),
           data(static_cast<int *>(suDynArrayAlloc(slots, growStep, growMode, sizeof(int)))) {}
-    ~Pair() { amDynamicArrayFree(data); }
-    Pair(Pair const &) = delete;
-    Pair &operator=(Pair const &) = delete;
+    Array(Array const &) = delete;
+    Array &operator=(Array const &) = delete;
+    ~Array() { amDynamicArrayFree(data); }
 
+    void operate(Input &in, Array const &other);
     int count() const { return static_cast<int>(list.size()); }
     int growth(int least) const { return mode == 1 || count() < least ? least : count(); }
-    /// Stores the handle; a refused operation must be one that the rule refuses.
-    bool take(void *handle, bool isAllowed) {
+    /// Stores the handle; null must mean that the rule refuses the operation.
+    bool take(void *handle, bool isAllowed = true) {
         CHECK((handle != nullptr) == isAllowed);
         if (isAllowed) data = static_cast<int *>(handle);
         return isAllowed;
     }
-    void check() const {
-        auto const &header = reinterpret_cast<amDynamicArrayHeader const *>(data)[-1];
-        CHECK(header.capacity == capacity && header.growStep == step && header.growMode == mode);
-        CHECK(amDynamicArrayCount(data) == count() && std::equal(list.begin(), list.end(), data));
-    }
-    void operate(Input &in, Pair &other);
 
     int step, mode, capacity;
     int *data;
     std::vector<int> list;
 };
 
-void Pair::operate(Input &in, Pair &other) {
-    int const operation = in.below(10), index = in.byte() - 2, n = in.below(20) - 1, old = count();
-    auto const at = [&](int i) { return list.begin() + i; };
-    std::vector<int> elements;
-    for (int i = 0; i < n; ++i) elements.push_back(1000 * i + index);
+void Array::operate(Input &in, Array const &other) {
+    int const operation = in.below(9), index = in.byte() - 2, n = in.below(20) - 1, old = count();
+    std::vector<int> elements(static_cast<std::size_t>(std::max(n, 1)), 1000 * n + index);
     int const *source = elements.data();
-    if (n > 0 && n <= old && operation % 2 == 0) { // its own elements
+    if (n > 0 && n <= old && in.flip()) { // its own elements
         source = data + (old - n) / 2;
         elements.assign(source, source + n);
     }
     bool const isRange = index >= 0 && n >= 1 && index + n <= old;
-    switch (operation) {
-    case 0:
-    case 1:
-        if (n < 1) break;
-        if (!take(amDynamicArrayAdd(data, source), old < capacity || growth(step) >= 1)) break;
+    auto const at = list.begin() + std::min(std::max(index, 0), old);
+    auto const end = isRange ? at + n : at;
+    if (operation == 0) {
+        if (!take(amDynamicArrayAdd(data, source), old < capacity || growth(step) >= 1)) return;
         if (old == capacity) capacity += growth(step);
         list.push_back(elements[0]);
-        break;
-    case 2: {
-        Pair &from = index % 3 == 0 ? *this : other;
-        std::vector<int> const added = from.list;
+    } else if (operation == 1 && old + other.count() < 3000) {
+        bool const isOwn = in.flip();
+        std::vector<int> const added = isOwn ? list : other.list;
         int const more = static_cast<int>(added.size());
-        if (old + more > 3000) break;
-        take(amDynamicArrayAppend(data, from.data), true);
+        take(amDynamicArrayAppend(data, isOwn ? data : other.data));
         if (old + more > capacity) capacity += growth(std::max(step, more));
         list.insert(list.end(), added.begin(), added.end());
-        break;
-    }
-    case 3:
-    case 4:
-        if (!take(amDynamicArrayInsertAt(data, index, source, n),
-                  0 <= index && index <= old && n >= 1))
-            break;
+    } else if (operation == 2) {
+        bool const isAllowed = 0 <= index && index <= old && n >= 1;
+        if (!take(amDynamicArrayInsertAt(data, index, source, n), isAllowed)) return;
         if (old + n > capacity) capacity += std::max(growth(step), old + n - capacity);
-        list.insert(at(index), elements.begin(), elements.end());
-        break;
-    case 5:
+        list.insert(at, elements.begin(), elements.end());
+    } else if (operation == 3) {
         if (take(amDynamicArraySetAt(data, source, index, n), isRange))
-            std::copy(elements.begin(), elements.end(), at(index));
-        break;
-    case 6:
+            std::copy_n(elements.begin(), n, at);
+    } else if (operation == 4) {
         amDynamicArrayRemoveAt(data, index, n);
-        if (isRange) list.erase(at(index), at(index + n));
-        break;
-    case 7:
+        list.erase(at, end);
+    } else if (operation == 5) {
         CHECK(amDynamicArrayReverseFromTo(data, index, index + n - 1) == (isRange && n >= 2));
-        if (isRange) std::reverse(at(index), at(index + n));
-        break;
-    case 8:
-        take(amDynamicArrayResize(data, 3 * index), true);
+        std::reverse(at, end);
+    } else if (operation == 6) {
+        take(amDynamicArrayResize(data, 3 * index));
         if (3 * index < old) list.resize(static_cast<std::size_t>(std::max(3 * index, 0)));
-        take(amDynamicArrayFreeExtra(data, n / 8.0), true);
+        take(amDynamicArrayFreeExtra(data, n / 8.0));
         if (capacity * (1.0 - n / 8.0) > count()) capacity = count();
-        break;
-    default:
-        take(amDynArrayRealloc(data, 2 * index), true);
+    } else if (operation == 7) {
+        take(amDynArrayRealloc(data, 2 * index));
         while (step > 0 && capacity < 2 * index) capacity += step;
+    } else {
         void *const copy = amDynamicArrayCopy(data, n % 2);
         amDynamicArrayFree(data);
-        take(copy, true);
+        take(copy);
         if (n % 2 != 0) capacity = old;
     }
 }
 
-/// Tells whether it was told of each element.
-struct Listener : suDynamicArray<int> {
-    void elementsChanged(int first, int last) override { told = {first, last}; }
-    std::pair<int, int> told;
-};
-
 } // namespace
 
-void fuzzOne(Input &in) {
-    Pair a(in.below(20), in.below(20), 1 + in.below(2)),
-        b(in.below(20), in.below(20), 1 + in.below(2));
-    TimeLimit const limit;
+void fuzz(Input &in) {
+    int const slots = in.below(20), step = in.below(20), mode = 1 + in.below(2);
+    Array a(slots, step, mode), b(step, slots, mode);
     while (!in.isUsedUp()) {
         bool const isFirst = in.flip();
-        (isFirst ? a : b).operate(in, isFirst ? b : a);
-        (isFirst ? a : b).check();
+        Array &changed = isFirst ? a : b;
+        changed.operate(in, isFirst ? b : a);
+        auto const &header = reinterpret_cast<amDynamicArrayHeader const *>(changed.data)[-1];
+        CHECK(header.capacity == changed.capacity && header.growStep == changed.step);
+        CHECK(header.count == changed.count() && header.keepFlag == 0);
+        CHECK(std::equal(changed.list.begin(), changed.list.end(), changed.data));
     }
-    Listener owner;
-    for (int const element : a.list) {
-        int const index = owner.Add(owner.Count() % 5 == 4 ? owner[index / 2] : element);
-        CHECK(owner.told == std::pair(index, index));
-    }
-    CHECK(owner.Count() == a.count());
-    Listener copy(owner), assigned;
-    assigned = owner, assigned = static_cast<Listener const &>(assigned);
-    CHECK(assigned.told == std::pair(0, a.count() - 1));
-    for (int i = 0; i < owner.Count(); ++i) CHECK(copy[i] == owner[i] && assigned[i] == owner[i]);
+    suDynamicArray<int> owner, assigned;
+    for (int i = 0; i < a.count(); ++i)
+        CHECK(owner.Add(i % 5 == 4 ? owner[i / 2] : a.data[i]) == i);
+    suDynamicArray<int> const copy(owner);
+    assigned = owner, assigned = copy;
+    for (int i = 0; i < a.count(); ++i) CHECK(copy[i] == owner[i] && assigned[i] == owner[i]);
+    CHECK(assigned.Count() == a.count() && copy.Count() == a.count());
 }
