@@ -168,15 +168,17 @@ inline bool same(mgXform_c const &a, mgXform_c const &b) {
 }
 inline bool isUnit(V const &u) { return std::fabs(u.len() - 1.0) < 1e-12; }
 
-/// Ends the program when its scope takes more CPU time than 1000 elements may take: 100 ms, times
-/// what the sanitizers may slow it down.
-struct TimeLimit {
-    ~TimeLimit() {
-        double const seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
-        CHECK(seconds <= 0.1 * VEXMATH_FUZZ_SLOWDOWN);
-    }
-    std::clock_t start = std::clock();
-};
+/// Calls `work`, which returns the size of its result, and ends the program when it takes more CPU
+/// time than 1000 elements may take: 100 ms, and 1 microsecond for each element of the result,
+/// times what the sanitizers may slow it down.
+template <class Work>
+int timed(Work const &work) {
+    std::clock_t const start = std::clock();
+    int const size = work();
+    double const seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+    CHECK(seconds <= (0.1 + 1e-6 * size) * VEXMATH_FUZZ_SLOWDOWN);
+    return size;
+}
 
 /// What a fuzzer does with one input.
 void fuzz(Input &in);

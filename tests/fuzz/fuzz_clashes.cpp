@@ -51,19 +51,14 @@ void fuzz(Input &in) {
         return isPlaced ? mgBBox_c::clash(boxes[i], placements[i], boxes[j], placements[j])
                         : boxes[i].clash(&boxes[j], tol);
     };
-    Pairs pairs, crossPairs, some, of;
-    int found = 0, crossFound = 0;
-    {
-        TimeLimit const limit;
-        found = isPlaced ? mg_FindClashes(boxes, placements, count, pairs)
-                         : mg_FindClashes(boxes, count, tol, pairs);
-    }
+    Pairs pairs, some, of;
+    int found = timed([&] {
+        return isPlaced ? mg_FindClashes(boxes, placements, count, pairs)
+                        : mg_FindClashes(boxes, count, tol, pairs);
+    });
     checkPairs(pairs, found, count, false, clash);
-    {
-        TimeLimit const limit;
-        crossFound = mg_FindClashes(boxes, count, others.data(), count, tol, crossPairs);
-    }
-    checkPairs(crossPairs, crossFound, count, true, [&](int i, int j) {
+    found = timed([&] { return mg_FindClashes(boxes, count, others.data(), count, tol, pairs); });
+    checkPairs(pairs, found, count, true, [&](int i, int j) {
         return boxes[i].clash(&others[static_cast<std::size_t>(j)], tol);
     });
 
@@ -76,10 +71,7 @@ void fuzz(Input &in) {
     for (std::size_t i = 0; i < all.size() && isPlaced; ++i) placed[i] *= forms[i];
     mgBBox_c const *const at = placed.data();
     suDynamicArray<int> which;
-    {
-        TimeLimit const limit;
-        found = index.clashes(tol, pairs);
-    }
+    found = timed([&] { return index.clashes(tol, pairs); });
     checkPairs(pairs, found, count, false, clash);
     int const few[] = {3, 4, 5};
     for (int k = 0; k < pairs.Count(); ++k)
