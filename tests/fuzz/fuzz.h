@@ -33,8 +33,9 @@ using Limits = std::numeric_limits<double>;
 inline constexpr double kInfinity = Limits::infinity(), kPi = 3.141592653589793;
 inline P const unwritten(77.0, 77.0, 77.0);
 
-/// The bytes of one input. After the last byte they begin again, so that few bytes make many
-/// objects. A tame input, by its first byte, has finite numbers of everyday sizes only.
+/// The bytes of one input. After the last byte they begin again, all changed by the same step, so
+/// that few bytes make many objects. A tame input, by its first byte, has finite numbers of
+/// everyday sizes only.
 class Input {
 public:
     Input(std::uint8_t const *data, std::size_t size) : data_(data), size_(size), isTame_(flip()) {}
@@ -42,7 +43,10 @@ public:
     bool isTame() const { return isTame_; }
     bool isUsedUp() const { return used_ >= size_; }
     std::string rest() const { return {data_ + std::min(used_, size_), data_ + size_}; }
-    int byte() { return size_ == 0 ? 0 : data_[used_++ % size_]; }
+    int byte() {
+        std::size_t const i = used_++, round = size_ == 0 ? i : i / size_;
+        return ((size_ == 0 ? 0 : data_[i % size_]) + static_cast<int>(101 * round % 256)) % 256;
+    }
     int below(int count) { return byte() % count; } ///< REQUIRES a count of at most 256
     bool flip() { return below(2) == 0; }
     /// The length of a list: small, or 1000.

@@ -11,7 +11,6 @@ struct Array {
         : step(growStep), mode(growMode), capacity(slots),
           data(static_cast<int *>(suDynArrayAlloc(slots, growStep, growMode, sizeof(int)))) {}
     Array(Array const &) = delete;
-    Array &operator=(Array const &) = delete;
     ~Array() { amDynamicArrayFree(data); }
 
     void operate(Input &in, Array const &other);
@@ -30,35 +29,31 @@ struct Array {
 };
 
 void Array::operate(Input &in, Array const &other) {
-    int const operation = in.below(9), index = in.byte() - 2, n = in.below(20) - 1, old = count();
+    int const operation = in.below(8), index = in.byte() - 2, n = in.below(20) - 1, old = count();
     std::vector<int> elements(static_cast<std::size_t>(std::max(n, 1)), 1000 * n + index);
     int const *source = elements.data();
     if (n > 0 && n <= old && in.flip()) { // its own elements
         source = data + (old - n) / 2;
         elements.assign(source, source + n);
     }
-    bool const isRange = index >= 0 && n >= 1 && index + n <= old;
-    auto const at = list.begin() + std::min(std::max(index, 0), old);
-    auto const end = isRange ? at + n : at;
-    if (operation == 0) {
-        if (!take(amDynamicArrayAdd(data, source), old < capacity || growth(step) >= 1)) return;
+    bool const isPlace = 0 <= index && index <= old && n >= 1,
+               isRange = isPlace && n <= old - index;
+    auto const at = list.begin() + std::min(std::max(index, 0), old), end = isRange ? at + n : at;
+    if (operation == 0
+        && take(amDynamicArrayAdd(data, source), old < capacity || growth(step) > 0)) {
         if (old == capacity) capacity += growth(step);
         list.push_back(elements[0]);
     } else if (operation == 1 && old + other.count() < 3000) {
-        bool const isOwn = in.flip();
-        std::vector<int> const added = isOwn ? list : other.list;
+        std::vector<int> const added = n == 3 ? list : other.list;
         int const more = static_cast<int>(added.size());
-        take(amDynamicArrayAppend(data, isOwn ? data : other.data));
+        take(amDynamicArrayAppend(data, n == 3 ? data : other.data));
         if (old + more > capacity) capacity += growth(std::max(step, more));
         list.insert(list.end(), added.begin(), added.end());
-    } else if (operation == 2) {
-        bool const isAllowed = 0 <= index && index <= old && n >= 1;
-        if (!take(amDynamicArrayInsertAt(data, index, source, n), isAllowed)) return;
+    } else if (operation == 2 && take(amDynamicArrayInsertAt(data, index, source, n), isPlace)) {
         if (old + n > capacity) capacity += std::max(growth(step), old + n - capacity);
         list.insert(at, elements.begin(), elements.end());
-    } else if (operation == 3) {
-        if (take(amDynamicArraySetAt(data, source, index, n), isRange))
-            std::copy_n(elements.begin(), n, at);
+    } else if (operation == 3 && take(amDynamicArraySetAt(data, source, index, n), isRange)) {
+        std::copy_n(elements.begin(), n, at);
     } else if (operation == 4) {
         amDynamicArrayRemoveAt(data, index, n);
         list.erase(at, end);
@@ -73,11 +68,6 @@ void Array::operate(Input &in, Array const &other) {
     } else if (operation == 7) {
         take(amDynArrayRealloc(data, 2 * index));
         while (step > 0 && capacity < 2 * index) capacity += step;
-    } else {
-        void *const copy = amDynamicArrayCopy(data, n % 2);
-        amDynamicArrayFree(data);
-        take(copy);
-        if (n % 2 != 0) capacity = old;
     }
 }
 
@@ -91,8 +81,7 @@ void fuzz(Input &in) {
         Array &changed = isFirst ? a : b;
         changed.operate(in, isFirst ? b : a);
         auto const &header = reinterpret_cast<amDynamicArrayHeader const *>(changed.data)[-1];
-        CHECK(header.capacity == changed.capacity && header.growStep == changed.step);
-        CHECK(header.count == changed.count() && header.keepFlag == 0);
+        CHECK(header.capacity == changed.capacity && header.count == changed.count());
         CHECK(std::equal(changed.list.begin(), changed.list.end(), changed.data));
     }
     suDynamicArray<int> owner, assigned;
@@ -100,6 +89,6 @@ void fuzz(Input &in) {
         CHECK(owner.Add(i % 5 == 4 ? owner[i / 2] : a.data[i]) == i);
     suDynamicArray<int> const copy(owner);
     assigned = owner, assigned = copy;
-    for (int i = 0; i < a.count(); ++i) CHECK(copy[i] == owner[i] && assigned[i] == owner[i]);
     CHECK(assigned.Count() == a.count() && copy.Count() == a.count());
+    for (int i = 0; i < a.count(); ++i) CHECK(copy[i] == owner[i] && assigned[i] == owner[i]);
 }

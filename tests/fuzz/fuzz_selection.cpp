@@ -7,9 +7,7 @@ namespace {
 
 using Codes = std::vector<int>;
 
-bool holds(Codes const &set, int code) {
-    return std::find(set.begin(), set.end(), code) != set.end();
-}
+bool holds(Codes const &set, int code) { return std::count(set.begin(), set.end(), code) > 0; }
 bool matches(Codes const &set, int code) { return code == 0 ? set.empty() : holds(set, code); }
 void add(Codes &set, int code) {
     if (!holds(set, code)) set.push_back(code);
@@ -46,29 +44,16 @@ void check(Input &in, int refused) {
         CHECK(codesOf(a | b) == both && codesOf(a.intersection(b)) == common);
         auto const place = std::find(m.begin(), m.end(), number) - m.begin();
         CHECK(a.getIndex(code) == (holds(m, number) ? place : -1));
-        switch (in.below(7)) {
-        case 0:
-            a.add(code), add(m, number);
-            break;
-        case 1:
-            a = a | code, add(m, number);
-            break;
-        case 2:
-            a |= b, m = both;
-            break;
-        case 3:
-            a.unset(code), unset(m, number);
-            break;
-        case 4:
-            a = a.intersection(b), m = common;
-            break;
-        case 5:
-            a = Set(code), m = number == 0 || number == refused ? Codes() : Codes{number};
-            break;
-        default:
-            a.unset(b);
-            for (int const c : other) unset(m, c);
-        }
+        int const operation = in.below(7);
+        if (operation == 0) a.add(code), add(m, number);
+        if (operation == 1) a = a | code, add(m, number);
+        if (operation == 2) a |= b, m = both;
+        if (operation == 3) a.unset(code), unset(m, number);
+        if (operation == 4) a = a.intersection(b), m = common;
+        if (operation == 5) a = Set(code), m = {number}, unset(m, 0), unset(m, refused);
+        for (int const c : other)
+            if (operation == 6) unset(m, c);
+        if (operation == 6) a.unset(b);
         CHECK(codesOf(a) == m);
     }
 }

@@ -72,5 +72,6 @@ void fuzz(Input &in) {
     checkFactories(in);
     V const factors = in.triple<V>();
     mgGenXform_c general(a);
-    if (general.set(&b, &factors[0]) == 0) CHECK(same(general * p, a.isIdentity() ? p : p * copy));
+    if (general.set(&b, &factors[0]) == 0)
+        CHECK(same(general * p, copy.isIdentity() ? p : p * copy));
 }
