@@ -112,10 +112,9 @@ TEST(Tour, AgreesWithTheRule) {
             return random.triple<P>(-scale, scale);
         });
         check(40, 60, [&](int i) { return P(i % 2, random.ofMagnitude(-9, 9), 0); });
-        check(100, 40,
-              [&](int) { // clusters whose distances are those of the last neighbours stored
-                  return P(random.below(3) * 1.5 + random.unit(), random.unit(), 0);
-              });
+        // Clusters whose distances are those of the last neighbours stored.
+        check(300, 40,
+              [&](int) { return P(random.below(4) * 1.5 + random.unit(), random.unit(), 0); });
         check(4, closed ? 120 : 60, [&](int) { // clusters and a line: edges far longer than the
             return random.below(3)             // stored neighbours
                        ? P(random.below(5) * 1000 + random.unit(), random.unit(), 0)
