@@ -43,6 +43,8 @@ class Build:
 
     def missing(self) -> list[str]:
         tools = [self.compiler, *self.needs, *self.runner[:1]]
+        if self.runner == [str(wine_32)]:
+            tools.append(str(root / "build/wine32/usr/bin/wine"))
         return [tool for tool in tools if not shutil.which(tool)]
 
     def make(self) -> Path:
