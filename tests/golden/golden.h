@@ -34,6 +34,10 @@ class Stream {
 public:
     explicit Stream(Numbers numbers = Numbers::wide) : numbers_(numbers) {}
     void become(Numbers numbers) { numbers_ = numbers; }
+    /// No hostile numbers: in a record or a text, a NaN has the sign that its processor gives it.
+    void calm() {
+        if (numbers_ == Numbers::hostile) numbers_ = Numbers::wide;
+    }
 
     double next();
     mgVector_c vector() {

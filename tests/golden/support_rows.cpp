@@ -27,7 +27,7 @@ constexpr auto restoreAsIs = [](auto &archive, auto &object) { object.restoreAsI
 template <class T, class Archive, class Write, class Read>
 void record(Stream &in, Bits &out, Write write, Read read) {
     T object, other;
-    in.fill(object), in.fill(other);
+    in.calm(), in.fill(object), in.fill(other);
     Record memory;
     write(static_cast<Archive &>(memory.archive), object);
     memory.keep(out);
@@ -57,7 +57,7 @@ void readNumbers(Stream &in, Bits &out) {
 template <class T>
 void text(Stream &in, Bits &out) {
     T object, other;
-    in.fill(object), in.fill(other);
+    in.calm(), in.fill(object), in.fill(other);
     CString form;
     object.saveStringRep(form);
     out.add(form, other.restoreStringRep(form));
@@ -70,6 +70,7 @@ void items(Stream &in, Bits &out) {
     unsigned char byte = static_cast<unsigned char>(in.below(256));
     int number = in.below(1 << 30) - (1 << 29);
     unsigned long word = static_cast<unsigned long>(in.below(1 << 30));
+    in.calm();
     double real = in.next();
     memory.archive << byte << number << word << real;
     memory.keep(out);
@@ -86,7 +87,8 @@ void items(Stream &in, Bits &out) {
 
 void format(Stream &in, Bits &out) {
     CString form;
-    form.Format(L"%d %.17g", in.below(100), 1.0 / (1 + in.below(100)));
+    int const whole = in.below(100);
+    form.Format(L"%d %.17g", whole, 1.0 / (1 + in.below(100)));
     out.add(form);
 }
 
@@ -94,7 +96,7 @@ void dump(Stream &in, Bits &out) {
     std::wostringstream stream;
     CDumpContext context(stream);
     mgBBox_c box;
-    in.fill(box);
+    in.calm(), in.fill(box);
     box.dump();
     in.point().Dump(context << L"at ");
     out.add(CString(stream.str().c_str()));
@@ -102,14 +104,14 @@ void dump(Stream &in, Bits &out) {
 
 /// Random operations on an array for C callers.
 void arrays(Stream &in, Bits &out) {
-    int const growth = 1 + in.below(2);
-    void *list = in.below(2) == 0 ? suDynArrayAlloc(in.below(4), in.below(5), growth, 4)
-                                  : suDynArrayAllocSpecial(0, 1 + in.below(4), growth, 4);
+    int const growth = 1 + in.below(2), step = in.below(5), capacity = in.below(4);
+    void *list = in.below(2) == 0 ? suDynArrayAlloc(capacity, step, growth, 4)
+                                  : suDynArrayAllocSpecial(0, step, growth, 4);
     void *const other = suDynArrayAlloc1(3, list);
     auto const become = [&](void *array) { list = array != nullptr ? array : list; };
     int const items[] = {3, 1, 4, 1};
     amDynamicArrayAdd(other, items);
-    for (int step = 0; step < 20; ++step) {
+    for (int round = 0; round < 20; ++round) {
         int const at = in.below(6), n = in.below(5);
         switch (in.below(9)) {
         case 0:
@@ -137,9 +139,9 @@ void arrays(Stream &in, Bits &out) {
             become(amDynamicArrayFreeExtra(list, 0.25));
             break;
         default:
-            become(amDynamicArrayAdd(list, &step));
+            become(amDynamicArrayAdd(list, &round));
         }
-        void *const copy = amDynamicArrayCopy(list, step % 2);
+        void *const copy = amDynamicArrayCopy(list, round % 2);
         int growStep = 0, growMode = 0, size = 0;
         suDynamicGetStats(copy, &growStep, &growMode, &size);
         out.add(amDynamicArrayCount(copy), growStep, growMode, size);

@@ -2,6 +2,7 @@
 # Checks the DLL that is built for Windows on another system.
 #   check.sh exports <DLL> <objdump>   the names that callers link are those of the Linux library
 #   check.sh imports <DLL> <objdump>   it needs nothing beside Windows
+#   check.sh clang <source folder>     clang for Windows and the dialect of MSVC read every source
 #   check.sh package <build folder> <work folder> <toolchain file> [runner...]
 set -euo pipefail
 export LC_ALL=C
@@ -24,6 +25,26 @@ imports)
     for protection in DYNAMIC_BASE NX_COMPAT; do
         grep -q "$protection" <<<"$facts" || { echo "no $protection"; exit 1; }
     done
+    ;;
+clang)
+    export source=$2
+    library=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-libgcc-file-name)")/include/c++
+    # shellcheck disable=SC2317  # xargs calls it
+    read_source() {
+        clang++ "${@:2}" -std=c++17 -fsyntax-only -DVEXMATH_BUILDING -Wall -Wextra -Wpedantic \
+            -Wshadow -Wconversion -Werror -I "$source/include" -I "$source/src" \
+            -I "$source/src/platform/include" "$1" || { echo "FAILED: $*"; return 1; }
+    }
+    export -f read_source
+    read_all() { find "$source/src" -name '*.cpp' -print0 |
+        xargs -0 -P "$(nproc)" -I{} bash -c 'read_source "$@"' read_source {} "$@"; }
+    for processor in x86_64 i686; do
+        read_all "--target=$processor-w64-mingw32" -msse2 -isystem "${library/x86_64/$processor}" \
+            -isystem "${library/x86_64/$processor}/$processor-w64-mingw32"
+    done
+    read_all --target=x86_64-w64-mingw32 -isystem "$library" -isystem "$library/x86_64-w64-mingw32" \
+        -fms-extensions -fdelayed-template-parsing -include "$tests/windows/as_msvc.h" \
+        -Wno-builtin-macro-redefined
     ;;
 package)
     build=$2 work=$3 toolchain=$4 runner=("${@:5}")
