@@ -22,6 +22,10 @@ struct Record {
 constexpr auto save = [](auto &archive, auto &object) { object.save(archive); };
 constexpr auto restore = [](auto &archive, auto &object) { object.restore(archive); };
 constexpr auto restoreAsIs = [](auto &archive, auto &object) { object.restoreAsIs(archive); };
+constexpr auto save2D = [](auto &archive, auto &point) { point.save2D(archive); };
+constexpr auto restore2D = [](auto &archive, auto &point) { point.restore2D(archive); };
+constexpr auto put = [](auto &archive, auto &object) { archive << object; };
+constexpr auto get = [](auto &archive, auto &object) { archive >> object; };
 
 /// Writes an object and reads it into another one.
 template <class T, class Archive, class Write, class Read>
@@ -36,11 +40,11 @@ void record(Stream &in, Bits &out, Write write, Read read) {
     out.add(other);
 }
 
+// clang-format off
 #define RECORD(T, Archive, write, read)                                                            \
-    Row {                                                                                          \
-#T " " #write " " #read " " #Archive,                                                      \
-            [](Stream & in, Bits & out) { record<T, Archive>(in, out, write, read); }              \
-    }
+    Row {#T " " #write " " #read " " #Archive,                                                     \
+         [](Stream &in, Bits &out) { record<T, Archive>(in, out, write, read); }}
+// clang-format on
 
 /// Three numbers that were saved as a point: what a vector can only read.
 template <class T>
@@ -192,12 +196,8 @@ void selection(Stream &in, Bits &out) {
 
 std::vector<Row> const exact = {
     RECORD(mgPoint_c, CArchive, save, restore),
-    RECORD(
-        mgPoint_c, CArchive, [](auto &ar, auto &p) { p.save2D(ar); },
-        [](auto &ar, auto &p) { p.restore2D(ar); }),
-    RECORD(
-        mgPoint_c, su_CArchive, [](auto &ar, auto &p) { ar << p; },
-        [](auto &ar, auto &p) { ar >> p; }),
+    RECORD(mgPoint_c, CArchive, save2D, restore2D),
+    RECORD(mgPoint_c, su_CArchive, put, get),
     {"mgVector_c restore", readNumbers<mgVector_c>},
     {"mg2DPoint_c restore", readNumbers<mg2DPoint_c>},
     RECORD(mgMatrix_c, su_CArchive, save, restore),
@@ -208,9 +208,7 @@ std::vector<Row> const exact = {
     RECORD(mgXform_c, su_CArchive, save, restoreAsIs),
     RECORD(mgXform_c, CArchive, save, restore),
     RECORD(mgXform_c, CArchive, save, restoreAsIs),
-    RECORD(
-        mgXform_c, su_CArchive, [](auto &ar, auto &x) { ar << x; },
-        [](auto &ar, auto &x) { ar >> x; }),
+    RECORD(mgXform_c, su_CArchive, put, get),
     RECORD(mgPerspInfo_c, su_CArchive, save, restore),
     RECORD(mgModelPerspInfo_c, su_CArchive, save, restore),
     RECORD(mgBBox_c, su_CArchive, save, restore),
