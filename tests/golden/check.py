@@ -16,7 +16,7 @@ import subprocess
 import sys
 from pathlib import Path
 
-kUnits = 64
+kUnits = 32
 here = Path(__file__).parent
 lines_file = here / "bits.txt"
 

@@ -45,7 +45,7 @@ class Build:
     def missing(self) -> list[str]:
         tools = [self.compiler, *self.needs, *self.runner[:1]]
         if self.runner == [str(wine_32)]:
-            tools.append(str(root / "build/wine32/usr/bin/wine"))
+            tools.append(str(root / "build/wine32/usr/lib/wine/wine"))
         return [tool for tool in tools if not shutil.which(tool)]
 
     def make(self) -> Path:
@@ -84,7 +84,7 @@ def all_builds() -> list[Build]:
                     Build(
                         f"Linux, x86, {bits} bit", compiler, level.removesuffix(" and LTO"),
                         with_lto=level.endswith("LTO"),
-                        has_vector_units=True,
+                        has_vector_units=bits == 64,
                         toolchain="linux-32" if bits == 32 else "",
                         runner=runner_32 if bits == 32 else [],
                         needs=["i686-linux-gnu-g++"] if bits == 32 else [],
@@ -101,13 +101,12 @@ def all_builds() -> list[Build]:
     builds.append(
         Build(
             "Windows, 64 bit", "x86_64-w64-mingw32-g++-posix", "-O2", "windows-64", runner=wine,
-            has_vector_units=True,
         )
     )
     builds.append(
         Build(
             "Windows, 32 bit", "i686-w64-mingw32-g++-posix", "-O2", "windows-32",
-            runner=[str(wine_32)], has_vector_units=True,
+            runner=[str(wine_32)],
         )
     )
     builds.append(Build("WebAssembly", "em++", "-O2", "wasm", runner=["node"]))

@@ -18,8 +18,6 @@ using Q = mgQuaternion_c;
 std::vector<Row> const exact = {
     GOLDEN_AS("axes", [] { return U::xAxis() + U::yAxis() + U::zAxis() + V::nullVector(); }),
     GOLDEN_OF(&V::isParallelTo, V const &),
-    GOLDEN_OF(&V::isParallelTo, V const &, double),
-    GOLDEN(&V::isParallelToTol),
     GOLDEN(&V::isPerpendicularTo),
     GOLDEN(&V::isSameDirection),
     GOLDEN(&V::isOppositeDirection),
@@ -163,6 +161,8 @@ std::vector<Row> const exact = {
     })};
 
 std::vector<Row> const trigonometric = {
+    GOLDEN_OF(&V::isParallelTo, V const &, double),
+    GOLDEN(&V::isParallelToTol),
     GOLDEN_OF(mg_AngleBetween, V const &, V const &),
     GOLDEN_OF(mg_AngleBetween, V const &, V const &, V const &),
     GOLDEN(mg_AngleBetween2d),

@@ -55,7 +55,8 @@ package)
         -DCMAKE_TOOLCHAIN_FILE="$toolchain" -DCMAKE_PREFIX_PATH="$work/installed" >/dev/null
     cmake --build "$work/consumer" >/dev/null
     cp "$work/installed/bin/libvexmath.dll" "$work/consumer"
-    if ((${#runner[@]})); then "${runner[@]}" "$work/consumer/consumer.exe"; fi
+    # The runner of 32-bit programs ends with 77 where its Wine is not installed.
+    ((${#runner[@]} == 0)) || "${runner[@]}" "$work/consumer/consumer.exe" || (($? == 77))
     ;;
 *)
     echo "unknown check: $1"

@@ -14,4 +14,4 @@ exec unshare --mount bash -euc '
     mkdir -p "$chroot$root"
     for folder in /proc /dev "$root"; do mount --bind "$folder" "$chroot$folder"; done
     HOME=/root WINEPREFIX=/root/wine WINEDEBUG=-all \
-        exec chroot "$chroot" /bin/sh -c "cd \"\$0\" && exec wine \"\$@\"" "$PWD" "$@"' wine32 "$@"
+        exec chroot "$chroot" /bin/sh -c "cd \"\$0\" && exec /usr/lib/wine/wine \"\$@\"" "$PWD" "$@"' wine32 "$@"
