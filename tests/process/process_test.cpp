@@ -79,13 +79,14 @@ void search(Many const &many, Bits &out) {
 /// A name, and the bits of its results.
 using Results = std::vector<std::pair<std::string, std::uint64_t>>;
 
-/// Every exported function but the one that needs a lock: mgUnitVector_c::random.
+/// Of every exported function, but for those that need a lock: the random direction, which has no
+/// row, and the row that moves the switch of mgBBox_c.
 Results results(Many const &many, bool shares = true) {
     Results all(1, {"many", 0});
     for (Rows const &rows : {transformRows(), boundsRows(), queryRows(), supportRows()})
         for (auto const *const part : {&rows.exact, &rows.trigonometric})
             for (Row const &row : *part) {
-                if (std::string(row.name) == "without the sphere") continue; // moves its switch
+                if (std::string(row.name) == "without the sphere") continue;
                 Stream in(Numbers::ordinary);
                 if (shares) in.share();
                 Bits out;
