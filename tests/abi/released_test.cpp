@@ -23,6 +23,12 @@ struct Record {
     std::function<void(su_CArchive &)> write, read;
 };
 
+/// Some classes have virtual functions and no virtual destructor: destroy them as members.
+template <class T>
+struct Held {
+    T object;
+};
+
 constexpr auto save = [](auto &ar, auto &object) { object.save(ar); };
 constexpr auto restore = [](auto &ar, auto &object) { object.restore(ar); };
 constexpr auto restoreAsIs = [](auto &ar, auto &object) { object.restoreAsIs(ar); };
@@ -32,8 +38,9 @@ constexpr auto get = [](auto &ar, auto &object) { ar >> object; };
 template <class Archive = su_CArchive, class T, class Read = decltype(restore),
           class Write = decltype(save)>
 Record record(T const &object, Read read = restore, Write write = save) {
-    auto const shared = std::make_shared<T>(object);
-    return {[=](Archive &ar) { write(ar, *shared); }, [=](Archive &ar) { read(ar, *shared); }};
+    auto const held = std::make_shared<Held<T>>(Held<T>{object});
+    return {[=](Archive &ar) { write(ar, held->object); },
+            [=](Archive &ar) { read(ar, held->object); }};
 }
 
 /// Every kind of record, of objects made from this number. A later version appends its kinds.
