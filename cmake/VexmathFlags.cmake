@@ -11,7 +11,8 @@ if(MSVC)
   target_compile_options(vexmath_strict_fp INTERFACE /fp:precise)
 else()
   target_compile_options(vexmath_strict_fp INTERFACE -ffp-contract=off)
-  if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|i[3-6]86|x86)$")
+  if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND NOT EMSCRIPTEN # which calls its processor x86
+      AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|i[3-6]86|x86)$")
     target_compile_options(vexmath_strict_fp INTERFACE -msse2 -mfpmath=sse)
   endif()
 endif()
@@ -45,6 +46,10 @@ function(vexmath_own_code target)
     CXX_EXTENSIONS OFF
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON)
+  # Callers on 32-bit Windows align the stack to 4 bytes alone, and SSE needs 16.
+  if(WIN32 AND NOT MSVC AND CMAKE_SIZEOF_VOID_P EQUAL 4)
+    target_compile_options(${target} PRIVATE -mstackrealign)
+  endif()
 endfunction()
 
 # vexmath_link_time_optimise(<target>): one optimisation over all files of a release build.

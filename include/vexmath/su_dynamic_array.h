@@ -220,11 +220,14 @@ void suDynamicArray<T>::addSlowly(T const &element) {
 }
 
 // The lists that the library itself returns. All modules share one virtual table and one run-time
-// type for each, which are in the library.
+// type for each, which are in the library; except on Windows, where each module has its own, since
+// GCC does not export the inline functions of a template there.
+#if !defined(_WIN32)
 extern template class VEXMATH_API suDynamicArray<int>;
 extern template class VEXMATH_API suDynamicArray<double>;
 extern template class VEXMATH_API suDynamicArray<mgPoint_c>;
 extern template class VEXMATH_API suDynamicArray<mgVector_c>;
 extern template class VEXMATH_API suDynamicArray<mgIndexPair_c>; // in bulk.h
+#endif
 
 #endif

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "common/geometry.h"
-#include "common/operations.h"
+#include "golden/golden.h"
 #include "memory/heap.h"
 
 namespace {
@@ -44,38 +44,73 @@ struct Trial {
     }
 };
 
+// The rows of the golden file by their names.
+
 /// Those that copy a perspective record.
-std::string const throwing =
-    "&X::operator*= &X::addPerspectiveInfo &X::iCopyPerspectiveInfo copiesOfViews ";
+char const *const throwing =
+    "a copy; &X::operator*=; X * X; &X::addPerspectiveInfo; &X::iCopyPerspectiveInfo; "
+    "mg_ScaleXform(X, double); mg_ZoomToPosition; mg_ZoomBoxToBox; "
+    "mg_MultiplyXforms(X *, int, X const &); mg_MultiplyXforms(X *, int, X const *); "
+    "mgGenXform_c::create; ";
 
-/// The others that need memory, some of them for the test's own list. What is called for every
-/// vertex, placement or pair is not among them.
-std::string const allocating =
-    "&P::Dump &B::dump convexHull mg_OpenTSP mg_calcHatchLinesRect2D mg_cleanupPolarEdge "
-    "mg_fixPolarConvolution mg_ClosedTSP parabolicPoints generalTransform allClashes searchIndex "
-    "makeIndex tessellate outlines arrays list<int> list<double> list<P> list<V> "
-    "list<mgIndexPair_c> selection<uoSelectType_c> selection<uoSelectConstraint_c> texts "
-    "randomDirection ";
+/// The others that need memory. What is called for every vertex, placement or pair is not among
+/// them.
+char const *const allocating =
+    "mg_FindClashes(Box const *, int, double, Pairs &); "
+    "mg_FindClashes(Box const *, X const *, int, Pairs &); convexHull; mg_OpenTSP; mg_ClosedTSP; "
+    "mg_MergeLines2D(List const &, List &, double); mg_calcHatchLinesCircle2D; "
+    "mg_calcHatchLinesRect2D; mg_calcHatchLinesPolygon2D; parabolicPoints; "
+    "(ellipse<mg_TessArc, arcEdgeData>); (ellipse<mg_TessEllipse, ellipseEdgeData>); "
+    "(conic<mg_TessParabola, parabolaEdgeData>); "
+    "(conic<mg_TessParabolaOrBConic, parabolaEdgeData>); ";
 
-/// Runs every operation, which complete.sh checks to be every exported one.
+/// Calls every exported function, without the test's own requests.
 TEST(Exhausted, OnlyCopiesOfPerspectivesThrowAndNothingLeaks) {
-    Objects const objects;
+    static Trial trial{0, false};
+    static int asked = 0;
     std::string allocatingNow, throwingNow;
-    for (Operation const &operation : operations) {
-        int const asked = heap::asked, held = heap::held;
-        std::uint64_t const expected = bitsOf(operation, objects);
-        bool const asks = heap::asked > asked;
+    golden::watch = [](bool isBefore) {
+        if (isBefore) heap::refuseAfter(trial.granted, trial.lasting);
+        asked += isBefore ? -heap::asked : heap::asked;
+        if (!isBefore) trial.refused |= heap::grantAll() > 0;
+    };
+    auto const check = [&](golden::Row const &row) {
+        auto const bits = [&row] {
+            golden::Stream in(golden::Numbers::ordinary);
+            golden::Bits out;
+            asked = 0;
+            for (int k = 0; k < 12; ++k) row.run(in, out);
+            return out.value();
+        };
+        trial = {INT_MAX, false};
+        std::uint64_t const expected = bits();
+        bool const asks = asked > 0;
         bool threw = false;
+        int const held = heap::held;
         for (bool const lasting : {false, true})
-            for (Trial trial{0, lasting}; trial.refused; ++trial.granted)
-                threw |= trial.throws([&] { bitsOf(operation, objects); });
-        EXPECT_EQ(held, heap::held) << operation.name;
-        EXPECT_EQ(expected, bitsOf(operation, objects)) << operation.name;
-        if (asks) (threw ? throwingNow : allocatingNow) += operation.name + ' ';
+            for (trial = {0, lasting}; trial.refused; ++trial.granted) {
+                try {
+                    trial.refused = false;
+                    bits();
+                } catch (std::bad_alloc const &) {
+                    trial.refused |= heap::grantAll() > 0;
+                    threw = true;
+                }
+            }
+        EXPECT_EQ(held, heap::held) << row.name;
+        trial = {INT_MAX, false};
+        EXPECT_EQ(expected, bits()) << row.name;
+        if (asks) (threw ? throwingNow : allocatingNow) += std::string(row.name) + "; ";
+    };
+    for (golden::Rows const &rows : {golden::transformRows(), golden::boundsRows(),
+                                     golden::queryRows(), golden::supportRows()}) {
+        for (golden::Row const &row : rows.exact) check(row);
+        for (golden::Row const &row : rows.trigonometric) check(row);
     }
-    EXPECT_EQ(throwing, throwingNow);
+    golden::watch = nullptr;
+    EXPECT_STREQ(throwing, throwingNow.c_str());
     if (VEXMATH_TEST_HAS_C_HEAP) {
-        EXPECT_EQ(allocating, allocatingNow);
+        EXPECT_STREQ(allocating, allocatingNow.c_str());
     }
 }
 
