@@ -45,6 +45,8 @@ void checkArcs(Input &in, P const &centre, U const &normal) {
     u.get(e.majorDir), v.get(e.minorDir);
     Points const onEllipse =
         pointsOf([&](auto &&...out) { mg_TessEllipse(&e, nullptr, nullptr, tol, out...); });
+    CHECK((onArc.empty() && onEllipse.empty())
+          || !(hasNaN(centre) || hasNaN(start) || hasNaN(end)));
     CHECK(onEllipse.size() <= 241 && onArc.size() <= 242);
     for (P const &p : onEllipse) {
         double const share = std::hypot((p - centre) % u / r, (p - centre) % v / minor);
@@ -70,6 +72,8 @@ void checkConic(Input &in, P const &vertex, U const &normal) {
         bool const isParabola = tessellate == mg_TessParabola;
         if (!isShort && tessellate != mg_TessBConic) continue;
         Points const points = pointsOf([&](auto &&...out) { tessellate(&c, 0.01, out...); });
+        CHECK(points.empty()
+              || !(hasNaN(vertex) || hasNaN(c.focus) || hasNaN(c.start) || hasNaN(c.end)));
         if (tessellate == mg_TessBConic && !points.empty())
             CHECK(same(points.front(), c.start) && same(points.back(), c.end));
         for (P const &p : points) { // as far from the directrix as from the focus
