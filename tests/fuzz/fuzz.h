@@ -170,6 +170,9 @@ inline bool same(mgXform_c const &a, mgXform_c const &b) {
            && same(a.scaling(), b.scaling()) && a.isReflection() == b.isReflection()
            && a.rotate() == b.rotate() && a.hasPerspective() == b.hasPerspective();
 }
+inline bool hasNaN(P const &p) {
+    return std::isnan(p.x()) || std::isnan(p.y()) || std::isnan(p.z());
+}
 inline bool isUnit(V const &u) { return std::fabs(u.len() - 1.0) < 1e-12; }
 
 /// Calls `work`, which returns the size of its result, and ends the program when it takes more CPU

@@ -66,7 +66,13 @@ TEST(TessBConic, ASharpTurnIsResolvedByTheNumbersAtThatTurn) {
     for (auto const &conic : {atStart, atEnd}) EXPECT_EQ(210, segmentsOf(polylineOf(conic)));
 }
 
-TEST(TessBConic, RefusesCoordinatesFrom1e100On) {
+void CheckTaken(bool taken, parabolaEdgeData const &conic, Caller = {}) {
+    EXPECT_EQ(taken, !polylineOf(conic).empty());
+    EXPECT_TRUE(areSame(polylineOf(conic, mg_TessParabolaOrBConic),
+                        polylineOf(conic, taken ? mg_TessBConic : mg_TessParabola)));
+}
+
+TEST(TessBConic, RefusesNaNAndCoordinatesFrom1e100On) {
     auto const segments = [](double size) {
         return segmentsOf(polylineOf(
             {{0, size, 0}, {0, 0.5 * size, 0}, {}, {-size, 0, 0}, {size, 0, 0}, {0, 0, 1}}));
@@ -74,6 +80,9 @@ TEST(TessBConic, RefusesCoordinatesFrom1e100On) {
     EXPECT_EQ(254, segments(1));
     EXPECT_EQ(254, segments(0x1p332)); // 8.7e99
     for (double const size : {1e100, 1e150, kMax, kInfinity}) EXPECT_EQ(0, segments(size));
+    // NaN, also where the focus is at the start.
+    for (P const &end : {P(kNaN, 0, 0), P(0, 0, kNaN)})
+        CheckTaken(false, {{0, 1, 0}, {-1, 0, 0}, {}, {-1, 0, 0}, end, {0, 0, 1}});
 }
 
 TEST(TessBConic, AListIsReplaced) {
@@ -84,12 +93,6 @@ TEST(TessBConic, AListIsReplaced) {
     mg_TessBConic(&conic, 0.01, nullptr, count, &list);
     EXPECT_GT(count, 0);
     EXPECT_EQ(list.Count(), count + 1);
-}
-
-void CheckTaken(bool taken, parabolaEdgeData const &conic, Caller = {}) {
-    EXPECT_EQ(taken, !polylineOf(conic).empty());
-    EXPECT_TRUE(areSame(polylineOf(conic, mg_TessParabolaOrBConic),
-                        polylineOf(conic, taken ? mg_TessBConic : mg_TessParabola)));
 }
 
 TEST(TessBConic, RefusesWhatItCannotTakeAndTheDispatcherDrawsAParabola) {
