@@ -17,7 +17,7 @@ struct Points : Watched<mg2DPoint_c> {
     }
     List list() const {
         List all;
-        for (mg2DPoint_c const &p : Watched::list()) all.emplace_back(p.x(), p.y());
+        for (mg2DPoint_c const &p : *this) all.emplace_back(p.x(), p.y());
         return all;
     }
 };
