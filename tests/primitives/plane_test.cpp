@@ -19,7 +19,7 @@ TEST(Plane, ToleranceIsStrictAndOrientationCountsForEquivalence) {
         EXPECT_EQ(equivalent, ground.isEquivalent({P(7, 7, height), n}));
     };
     check(0, z, 1, 1), check(0, -z, 1, 0);
-    check(1, z, 0, 0);
+    check(1, z, 0, 0), check(0, U(1, 0, 1), 0, 0);
     check(0, U(0.95e-12, 0, 1), 1, 1), check(0, U(0, 1.05e-12, 1), 1, 0);
 }
 
@@ -40,6 +40,7 @@ TEST(Plane, APointInThePlaneCountsAsOnTheNegativeSide) {
     check(1, 0, 1, 0), check(0, 0, -1, 0);
     check(0, 2, 0.5, 0.5);
     check(1, 2, 0.5, above(0.5)), check(0, 5e-8, 1, 0), check(0, 1, 5e-8, 0);
+    check(1, 0.5, 2, above(0.5));
 }
 
 TEST(Plane, TheLineOfTwoPlanesIsOnEitherSideOfTheSecondRootsFoot) {
@@ -56,7 +57,8 @@ TEST(Plane, TheLineOfTwoPlanesIsOnEitherSideOfTheSecondRootsFoot) {
     check(1, {8 + 1.05e-8, 9, 4}, 1.05e-8, U(1, 0, 1));
     check(1, {8, 9, 4}, 5, U(1, 0, 9.5e-9)); // counts as perpendicular, from 1e-8 on not
     check(1, {8 + 5 * 1.05e-8, 9, 4}, 5, U(1, 0, 1.05e-8));
-    check(0, {7, 7, 7}, 5, -z);
+    check(0, {7, 7, 7}, 5, -z), check(0, {7, 7, 7}, 5, z);
+    EXPECT_EQ(1, interLine(raised, {P(8, 9, 3), U(1, 0, 1)}, nullptr, nullptr));
 }
 
 TEST(Triangle, WeightsSumToOneUnlessTheTriangleIsFlat) {
