@@ -26,11 +26,13 @@ TEST(Plane, ToleranceIsStrictAndOrientationCountsForEquivalence) {
 TEST(Plane, IsTransformedAndMirrorsPoints) {
     mgPlane_c plane = ground;
     plane *= moved;
-    EXPECT_BITS_EQ(P(2, 3, 7), plane.rootPoint());
     EXPECT_BITS_EQ(U(1, 0, 0), plane.normal());
     plane.setNormal(U(-2, 1, -2));
     EXPECT_DOUBLE_EQ(5.0, plane.getHessianNormalFormConstant()); // minus the normal times the root
     EXPECT_LT(gap(P(-2, 5, 3), P(6, 1, 11) * mg_PlaneReflectionXform(plane)), 1e-14);
+    P foot(6, 1, 11);
+    EXPECT_EQ(1, plane.pointPerp(foot, &foot));
+    EXPECT_LT(gap(P(2, 3, 7), foot), 1e-14); // the root
 }
 
 TEST(Plane, APointInThePlaneCountsAsOnTheNegativeSide) {
