@@ -41,8 +41,8 @@ TEST(Plane, APointInThePlaneCountsAsOnTheNegativeSide) {
     };
     check(1, 0, 1, 0), check(0, 0, -1, 0);
     check(0, 2, 0.5, 0.5);
-    check(1, 2, 0.5, above(0.5)), check(0, 5e-8, 1, 0), check(0, 1, 5e-8, 0);
-    check(1, 0.5, 2, above(0.5));
+    check(1, 2, 0.5, above(0.5)), check(1, 0.5, 2, above(0.5));
+    check(0, 5e-8, 1, 0), check(0, 1, 5e-8, 0);
 }
 
 TEST(Plane, TheLineOfTwoPlanesIsOnEitherSideOfTheSecondRootsFoot) {
