@@ -133,6 +133,7 @@ TEST(Matrix4, AxisAngleAndInterpolationAreThoseOfTheRotation) {
         ASSERT_LT(gap(axis, at(1).getRotationAxis()), 1e-12);
         ASSERT_LT(mgMatrix4_c::interpolate(at(0), at(1), t).distTo(at(t)), 1e-12);
         ASSERT_EQ(1, mgMatrix4_c::interpolate(at(0), at(1), -t) == at(0));
+        ASSERT_EQ(1, mgMatrix4_c::interpolate(at(0), at(1), 1 + t) == at(1));
     }
     EXPECT_BITS_EQ(U::xAxis(), mgMatrix4_c().getRotationAxis());
 }

@@ -32,8 +32,7 @@ TEST(Matrix, FlagIsComputedFromRawRowsWithin1em12) {
     };
     for (int k = 0; k < 9; ++k) {
         check(k, one[k] == 0.0 ? -below(1e-12) : 1.0 - 0.999e-12, 1);
-        check(k, one[k] == 0.0 ? 1e-12 : 1.0 + 1.001e-12, 0);
-        check(k, kNaN, 0);
+        check(k, one[k] == 0.0 ? 1e-12 : 1.0 + 1.001e-12, 0), check(k, kNaN, 0);
     }
 }
 

@@ -37,6 +37,7 @@ TEST(Arc, FromPointsSweepsCounterClockwiseAboutTheNormal) {
     check(0, 360, {up, c, at, c + V(9e-9, 0, 0)}); // an end at the centre
     check(0, 90, {{}, c, at, c - V(0, 5, 0)});     // without a normal, the smaller angle
     EXPECT_EQ(360.0, ofAngles(0, 1e-11).getOglSweepAngle());
+    check(0, 360, ofAngles(1, 1 + 9e-12));
 }
 
 TEST(Arc, EndsAreComputedInThePlaneOfTheCentresZ) {

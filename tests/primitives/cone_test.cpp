@@ -88,6 +88,7 @@ TEST(Cone, LookingBackTheRootAloneCounts) {
     double const less = below(1e-6);
     CheckExtremes({-1, 0, 0}, {1, 0, 10}, cylinder, {0.6, 0, 0.8});
     CheckExtremes({-11, 0, 0}, {11, 0, 0}, {{}, up, 11, eighthTurn}, {0.8, 0, 0.6}); // 1 at the top
+    CheckExtremes({-6.6, 0, 8.8}, {6.6, 0, -8.8}, {{}, up, 11, eighthTurn}, {0.6, 0, -0.8});
     for (U const &along : {up, -up}) CheckExtremes({}, {0, 0, 10}, cylinder, along);
     CheckExtremes({-5.4, 0, 7.2}, {5.4, 0, -7.2}, cone, {0.6, 0, -0.8});
     CheckExtremes({-9, 0, 10}, {9, 0, 10}, cone, {1, 0, 1e-6});

@@ -35,7 +35,8 @@ TEST(Line, FeetMayReplaceThePointAndSnappingIsStrict) {
     }
     EXPECT_EQ(1, alongX.isEquivalent({p, U(1, 0.95e-12, 0)}));
     EXPECT_EQ(0, alongX.isEquivalent({p, U(1, 1.05e-12, 0)}));
-    EXPECT_EQ(0, alongX.isEquivalent({p, -x}));
+    EXPECT_EQ(0, alongX.isEquivalent({p, -x}) + alongX.isEquivalent({P(4, 9, 3), x}));
+    EXPECT_EQ(1, alongX.snapPointToLine(P(4, 0, 3), &p, 0)); // on the line
 }
 
 TEST(Line, DistanceComesWithTheNearestPoints) {

@@ -19,18 +19,20 @@ TEST(Plane, ToleranceIsStrictAndOrientationCountsForEquivalence) {
         EXPECT_EQ(equivalent, ground.isEquivalent({P(7, 7, height), n}));
     };
     check(0, z, 1, 1), check(0, -z, 1, 0);
-    check(1, z, 0, 0);
+    check(1, z, 0, 0), check(0, U(1, 0, 1), 0, 0);
     check(0, U(0.95e-12, 0, 1), 1, 1), check(0, U(0, 1.05e-12, 1), 1, 0);
 }
 
 TEST(Plane, IsTransformedAndMirrorsPoints) {
     mgPlane_c plane = ground;
     plane *= moved;
-    EXPECT_BITS_EQ(P(2, 3, 7), plane.rootPoint());
     EXPECT_BITS_EQ(U(1, 0, 0), plane.normal());
     plane.setNormal(U(-2, 1, -2));
     EXPECT_DOUBLE_EQ(5.0, plane.getHessianNormalFormConstant()); // minus the normal times the root
     EXPECT_LT(gap(P(-2, 5, 3), P(6, 1, 11) * mg_PlaneReflectionXform(plane)), 1e-14);
+    P foot(6, 1, 11);
+    EXPECT_EQ(1, plane.pointPerp(foot, &foot));
+    EXPECT_LT(gap(P(2, 3, 7), foot), 1e-14); // the root
 }
 
 TEST(Plane, APointInThePlaneCountsAsOnTheNegativeSide) {
@@ -39,7 +41,8 @@ TEST(Plane, APointInThePlaneCountsAsOnTheNegativeSide) {
     };
     check(1, 0, 1, 0), check(0, 0, -1, 0);
     check(0, 2, 0.5, 0.5);
-    check(1, 2, 0.5, above(0.5)), check(0, 5e-8, 1, 0), check(0, 1, 5e-8, 0);
+    check(1, 2, 0.5, above(0.5)), check(1, 0.5, 2, above(0.5));
+    check(0, 5e-8, 1, 0), check(0, 1, 5e-8, 0);
 }
 
 TEST(Plane, TheLineOfTwoPlanesIsOnEitherSideOfTheSecondRootsFoot) {
@@ -56,7 +59,8 @@ TEST(Plane, TheLineOfTwoPlanesIsOnEitherSideOfTheSecondRootsFoot) {
     check(1, {8 + 1.05e-8, 9, 4}, 1.05e-8, U(1, 0, 1));
     check(1, {8, 9, 4}, 5, U(1, 0, 9.5e-9)); // counts as perpendicular, from 1e-8 on not
     check(1, {8 + 5 * 1.05e-8, 9, 4}, 5, U(1, 0, 1.05e-8));
-    check(0, {7, 7, 7}, 5, -z);
+    check(0, {7, 7, 7}, 5, -z), check(0, {7, 7, 7}, 5, z);
+    EXPECT_EQ(1, interLine(raised, {P(8, 9, 3), U(1, 0, 1)}, nullptr, nullptr));
 }
 
 TEST(Triangle, WeightsSumToOneUnlessTheTriangleIsFlat) {

@@ -36,10 +36,9 @@ TEST(Angles, FromVectorsIsSignedInThePlaneAlone) {
     V const a(2.0, 3.0, 0.0), b(5.0, 0.5, 0.0);
     check(std::atan2(1.0 - 15.0, 10.0 + 1.5), a, b, 0);
     check(std::atan2(15.0 - 1.0, 10.0 + 1.5), a, b, 1);
-    check(0.0, a, V(9e-9, 9e-9, 9e-9), 1);
+    check(0.0, a, V(9e-9, 9e-9, 9e-9), 1), check(0.0, V(9e-9, 9e-9, 9e-9), a, 1);
     check(-right, y, x - 1e-08 * z, 0); // on the bound, and beyond it in either operand
-    check(right, y, x - above(1e-08) * z, 0);
-    check(-right, y + 1e-08 * z, x, 0);
+    check(right, y, x - above(1e-08) * z, 0), check(-right, y + 1e-08 * z, x, 0);
     check(right, x + above(1e-08) * z, -y, 0);
 }
 

@@ -241,6 +241,10 @@ class Refused(Exception):
     """The compiler or the linker refuses the change."""
 
 
+class Asserted(Exception):
+    """A static assertion of a test fails."""
+
+
 class Trial:
     """One changed file in one worker's tree: builds and runs only what can differ."""
 
@@ -261,6 +265,8 @@ class Trial:
             return self._judged()
         except Refused:
             return "refused", ""
+        except Asserted as by:
+            return "noticed", str(by)
         finally:
             self.path.write_text(original)
 
@@ -297,6 +303,9 @@ class Trial:
         made, mine = self.base.object(unit), self.place / unit.name()
         if not self._depends(unit):
             return made
-        if unit.compile(self.worker, mine)[0] != 0:
+        code, output = unit.compile(self.worker, mine)
+        if code != 0 and b"static assertion failed" in output and not unit.is_library:
+            raise Asserted(unit.target)
+        if code != 0:
             raise Refused
         return mine if mine.read_bytes() != made.read_bytes() else made
