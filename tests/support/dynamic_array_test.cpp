@@ -84,6 +84,9 @@ TEST(DynamicArray, CreationRefusesWhatAHeaderCannotHold) {
                            {-1, 16, 1, 24, 0},        {INT_MAX, 16, 1, 32767, 0}};
     for (auto const alloc : {suDynArrayAlloc, suDynArrayAllocSpecial}) {
         for (auto const &[capacity, step, mode, size, expected] : rows) {
+#ifdef _WIN64 // as in ExhaustedMemoryLeavesTheOldArray
+            if (capacity == INT_MAX) continue;
+#endif
             void *const array = alloc(capacity, step, mode, size);
             EXPECT_EQ(expected, array != nullptr) << capacity << ' ' << step << ' ' << size;
             if (array) amDynamicArrayFree(array);
