@@ -384,7 +384,7 @@ class Generator:
     def is_property(self, made: Declaration) -> bool:
         call = call_of(made)
         is_read = made.is_const and made.owner and not call.names and made.name not in METHODS
-        return bool(is_read) and (made.result != "void" or len(call.results) == 1)
+        return bool(is_read) and len(call.results) == (1 if made.result == "void" else 0)
 
     def setter(self, made: Declaration) -> Declaration | None:
         bare = re.sub(r"^(get|is)(?=[A-Z\d])", "", made.name)
@@ -433,7 +433,7 @@ class Generator:
             if made.owner or made.name not in OPERATORS or made.name == "operator!=":
                 continue
             if types[0] in names or (types[0] == "double" and types[1] in names):
-                if not (made.name == "operator==" and types[1] != types[0]):
+                if made.name != "operator==" or types == [owner, owner]:
                     yield from operator(owner, made)
 
     def classes(self) -> Iterator[str]:

@@ -13,7 +13,7 @@ from collections.abc import Iterator
 from typing import Any
 
 HEAD = '''from enum import IntEnum
-from typing import Any, Optional, Sequence, Union, overload
+from typing import Optional, Sequence, Union, overload
 
 import numpy
 from numpy.typing import NDArray
@@ -23,15 +23,19 @@ PointLike = Union[Point, Vector, tuple[float, float, float]]
 BoxesLike = Union[NDArray[numpy.float64], Sequence[Box]]
 PlacementsLike = Union[NDArray[numpy.float64], Sequence[Transform]]
 '''
-TYPES = [
+TYPES: list[tuple[str, str]] = [
     (r"numpy\.ndarray\[numpy\.(\w+)\]", r"NDArray[numpy.\1]"),
-    (r"\b(?:Annotated|Buffer)\[", "["),
-    (r"\bList\[(\w+)\[(\w+)\]\]", r"list[\1[\2]]"),
-    (r"\b(?:Tuple|List)\[", lambda match: match.group().lower()),
     (r"\bvexmath\.(?:_vexmath\.)?", ""),
-    (r"float\[(\d+)\]", "float"),
+    (r"([\w\]])\[\d+\]", r"\1"),
+    (r"\bTuple\[", "tuple["),
+    (r"\bList\[", "list["),
     (r" = .*", " = ..."),
 ]
+# A type checker reads a += b as a = a + b, where there is such an operator.
+IN_PLACE = {"__iadd__": "__add__", "__isub__": "__sub__", "__imul__": "__mul__",
+            "__ior__": "__or__", "__iand__": "__and__"}  # fmt: skip
+WIDER_THAN_BASE = {"GenTransform.__mul__"}
+WITHOUT_STUB = {"__getstate__", "__setstate__", "__reduce_ex__", "_pybind11_conduit_v1_"}
 
 
 def plain(annotation: str) -> str:
@@ -78,7 +82,7 @@ def signatures(function: Any, name: str) -> Iterator[str]:
 
 
 def definitions(function: Any, name: str, indent: str, decorators: list[str]) -> list[str]:
-    found = list(signatures(function, function.__name__ if hasattr(function, "__name__") else name))
+    found = list(dict.fromkeys(signatures(function, function.__name__)))
     lines = []
     for signature in found:
         marks = (["@overload"] if len(found) > 1 else []) + decorators
@@ -89,7 +93,7 @@ def definitions(function: Any, name: str, indent: str, decorators: list[str]) ->
 
 def property_lines(name: str, prop: property) -> list[str]:
     get = next(iter(signatures(prop.fget, r"\w*")), None)
-    kind = get.rpartition(" -> ")[2] if get else "Any"
+    kind = get.rpartition(" -> ")[2] if get else "object"
     lines = ["    @property", f"    def {name}(self) -> {kind}: ..."]
     if prop.fset is not None:
         wanted = "PointLike" if kind in ("Point", "Vector") else kind
@@ -106,14 +110,19 @@ def class_lines(cls: type) -> list[str]:
             lines += property_lines(name, member)
             continue
         inner = getattr(member, "__func__", None) or getattr(cls, name)
-        if not callable(inner) or name == "_pybind11_conduit_v1_":
+        if not callable(inner) or name in WITHOUT_STUB or hasattr(cls, IN_PLACE.get(name, "?")):
             continue
         if id(inner) in names:
             lines.append(f"    {name} = {names[id(inner)]}")
             continue
         names[id(inner)] = name
         marks = ["@staticmethod"] if isinstance(member, staticmethod) else []
-        lines += definitions(inner, name, "    ", marks)
+        made = definitions(inner, name, "    ", marks)
+        if name in IN_PLACE:  # returns the object itself
+            made = [line.replace("-> object", f"-> {cls.__name__}") for line in made]
+        if f"{cls.__name__}.{name}" in WIDER_THAN_BASE:
+            made[0] += "  # type: ignore[override]"
+        lines += made
     return lines
 
 

@@ -37,7 +37,7 @@ def key():
 
 def draw(axes, outlines, angle, spacing, colour):
     """Hatch lines and outlines, in the same plane."""
-    ends = vm.hatch_polygon_2d(outlines, ORIGIN, angle, spacing).reshape(-1, 2, 3)
+    ends = vm.hatch_lines_polygon_2d(outlines, ORIGIN, angle, spacing).reshape(-1, 2, 3)
     for a, b in ends:
         axes.plot([a[0], b[0]], [a[1], b[1]], color=colour, lw=0.7)
     for outline in outlines:

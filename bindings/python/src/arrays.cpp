@@ -106,8 +106,8 @@ py::array_t<int> found(F search) {
     return handOver<int>(std::move(pairs));
 }
 
-py::array transformPoints(Points const &points, mgXform_c const &x,
-                          std::optional<Rows<Point, true>> out) {
+py::array_t<double> transformPoints(Points const &points, mgXform_c const &x,
+                                    std::optional<Rows<Point, true>> out) {
     if (!out) out = Rows<Point, true>(newRows(points.count(), 3));
     requireSame(points.count(), out->count());
     Point *const to = out->mutableData();
@@ -119,7 +119,7 @@ py::array transformPoints(Points const &points, mgXform_c const &x,
         inPieces(points.count(),
                  [&](py::ssize_t first, int count) { mg_TransformPoints(to + first, count, x); });
     }
-    return out->array;
+    return py::reinterpret_borrow<py::array_t<double>>(out->array);
 }
 
 mgBBox_c boundPoints(Points const &points, mgBBox_c box) {
@@ -344,12 +344,11 @@ void bindClashes(py::module_ &m) {
                 requireSame(count, static_cast<py::ssize_t>(each.size()));
                 mg_MultiplyXforms(x.data(), count, each.data());
             }
-            py::list products;
+            std::vector<std::unique_ptr<mgXform_c>> products;
             for (mgXform_c const &product : x) {
-                auto made = std::make_unique<mgXform_c>();
-                made->SetHelper(product.GetHelper());
-                made->iCopyPerspectiveInfo(product);
-                products.append(py::cast(made.release(), py::return_value_policy::take_ownership));
+                products.push_back(std::make_unique<mgXform_c>());
+                products.back()->SetHelper(product.GetHelper());
+                products.back()->iCopyPerspectiveInfo(product);
             }
             return products;
         },
@@ -401,7 +400,7 @@ void bindOutlines(py::module_ &m) {
         },
         "points"_a);
     function(
-        m, "mg_calcHatchLinesPolygon2D", "hatch_polygon_2d",
+        m, "mg_calcHatchLinesPolygon2D", "hatch_lines_polygon_2d",
         [](std::vector<Points> const &outlines, Point const &origin, double angle, double spacing) {
             std::vector<int> counts;
             std::vector<Point> points;

@@ -40,7 +40,8 @@ void bindConversions() {
 PYBIND11_MODULE(_vexmath, m) {
     py::object const ownName = m.attr("__name__");
     m.attr("__name__") = "vexmath"; // where the names are found
-    py::register_exception<su_CArchiveError>(m, "ArchiveError", PyExc_ValueError);
+    py::setattr(py::register_exception<su_CArchiveError>(m, "ArchiveError", PyExc_ValueError),
+                "__doc__", py::str("A record is too short."));
     bindEnumerations(m);
     Classes classes{m};
     bindPart0(classes);

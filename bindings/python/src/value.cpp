@@ -296,8 +296,10 @@ private:
             return "Vector(" + show("s s s") + ")";
         case 'd':
             return "Direction(" + show("s s s") + ", False)";
-        case 'm':
-            return "Matrix([" + show("s s s s s s s s s") + "], False, " + show("b") + ")";
+        case 'm': {
+            std::string const elements = show("s s s s s s s s s");
+            return "Matrix([" + elements + "], False, " + show("b") + ")";
+        }
         default:
             return number(next());
         }
@@ -335,10 +337,11 @@ void value(Class<T, Base...> &cls, char const *layout) {
                    && numbersOf(self.cast<T const &>()) == numbersOf(other.cast<T const &>());
         },
         "other"_a);
-    cls.def("__repr__", [name, layout](T const &self) {
-        Numbers const numbers = numbersOf(self);
-        return name + "(" + Layout(numbers).show(layout) + ")";
-    });
+    if (*layout != '\0') // else the class shows itself in its own way
+        cls.def("__repr__", [name, layout](T const &self) {
+            Numbers const numbers = numbersOf(self);
+            return name + "(" + Layout(numbers).show(layout) + ")";
+        });
     cls.def("__copy__", &copyOf<T>);
     cls.def(
         "__deepcopy__", [](T const &self, py::object const &) { return copyOf(self); }, "memo"_a);
@@ -394,6 +397,11 @@ void restoredAsIs(Class<T, Base...> &cls, std::string const &library) {
 
 /// Constructors of exactly the given fields, which the reprs name.
 void bindConstructors(Classes &classes) {
+    using Triple = std::tuple<double, double, double>;
+    classes.Point.def(
+        py::init([](Triple const &xyz) { return std::make_from_tuple<mgPoint_c>(xyz); }), "xyz"_a);
+    classes.Vector.def(
+        py::init([](Triple const &xyz) { return std::make_from_tuple<mgVector_c>(xyz); }), "xyz"_a);
     classes.Direction.def(py::init(&makeDirection), "x"_a, "y"_a, "z"_a, "normalise"_a);
     classes.Direction.def(py::init([](mgVector_c const &v) { return mgUnitVector_c(v, 0); }),
                           "v"_a);
@@ -459,16 +467,16 @@ void bindValues(Classes &classes) {
     bindConstructors(classes);
     value(classes.Vector, "s s s");
     value(classes.Point, "s s s");
-    value(classes.Direction, "s s s");
+    value(classes.Direction, "");
     classes.Direction.def("__repr__",
                           [](mgUnitVector_c const &u) { return Layout(numbersOf(u)).show("d"); });
     value(classes.Point2D, "s s");
     value(classes.Vector4, "s s s s");
     value(classes.Quaternion, "s s s s");
-    value(classes.Matrix, "m");
+    value(classes.Matrix, "");
     classes.Matrix.def("__repr__",
                        [](mgMatrix_c const &m) { return Layout(numbersOf(m)).show("m"); });
-    value(classes.Matrix4, "s");
+    value(classes.Matrix4, "");
     classes.Matrix4.def("__repr__", [](mgMatrix4_c const &m) {
         return "Matrix4([" + Layout(numbersOf(m)).show("s s s s s s s s s s s s s s s s") + "])";
     });

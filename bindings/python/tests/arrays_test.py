@@ -134,8 +134,8 @@ def test_lists_of_points():
     assert hull.tolist() == [[0, 0], [1, 0], [1, 1], [0, 1]]
     assert vm.least_rectangle(hull).shape == (4, 2) and vm.least_rectangle(np.empty((0, 2))) is None
     outline = np.array([[0.0, 0, 0], [4, 0, 0], [4, 4, 0], [0, 4, 0]])
-    hatch = vm.hatch_polygon_2d([outline, outline / 2 + (1, 1, 0)], vm.Point(), 0.0, 1.0)
-    assert hatch.shape == (12, 3) and (vm.hatch_rect_2d(vm.Rect(0, 4, 4, 0), (0, 0, 0), 0.0, 1.0)).shape == (8, 3)
+    hatch = vm.hatch_lines_polygon_2d([outline, outline / 2 + (1, 1, 0)], vm.Point(), 0.0, 1.0)
+    assert hatch.shape == (12, 3) and (vm.hatch_lines_rect_2d(vm.Rect(0, 4, 4, 0), (0, 0, 0), 0.0, 1.0)).shape == (8, 3)
     assert sorted(vm.closed_tour(POINTS[:30])) == list(range(30))
     assert vm.is_polyline_line(outline[:2] * 1.0)[0] is True
     arc = vm.tessellate_arc(vm.Point(), vm.Vector(0, 0, 1), 2.0, (2, 0, 0), (0, 2, 0), 0.01)

@@ -15,15 +15,12 @@ from __future__ import annotations
 
 import pickle
 from collections.abc import Iterator, Sequence
-from typing import TYPE_CHECKING, Any, NamedTuple, Union
+from typing import Any, NamedTuple, Union
 
 import numpy
 from numpy.typing import NDArray
 
 from . import Box, Transform, box_rows, find_placed_clashes, placed_cubes
-
-if TYPE_CHECKING:
-    from distributed import Client
 
 Floats = NDArray[numpy.float64]
 Indices = NDArray[numpy.int64]
@@ -84,17 +81,22 @@ def halved(cubes: Floats, cell: Cell) -> list[Cell] | None:
     return best
 
 
+def chosen(task: Task, pairs: NDArray[numpy.int32]) -> Indices:
+    """The pairs by the numbers that the parts have in the assembly."""
+    return numpy.take(task.parts, pairs)
+
+
 def clashes_of(task: Task) -> Indices:
     """The pairs that this cell reports. Runs on a worker."""
     pairs = find_placed_clashes(task.boxes, task.placements)
     shared = numpy.maximum(task.corners[pairs[:, 0]], task.corners[pairs[:, 1]])
     mine = numpy.all((shared > task.low) & (shared <= task.high), axis=1)
-    return task.parts[pairs[mine]]
+    return chosen(task, pairs[mine])
 
 
 def clashes_among(task: Task) -> Indices:
     """All pairs of the parts that go to every cell. Runs on a worker."""
-    return task.parts[find_placed_clashes(task.boxes, task.placements)]
+    return chosen(task, find_placed_clashes(task.boxes, task.placements))
 
 
 def run(packed: bytes) -> Indices:
@@ -133,12 +135,12 @@ def tasks(
 
 def clashes(
     parts: tuple[Union[Floats, Sequence[Box]], Placements],
-    client: Client,
+    client: Any,
     parts_per_cell: int = PARTS_PER_CELL,
 ) -> Indices:
     """All clashes of placed boxes: the pairs of `find_placed_clashes(*parts)`, in its order.
 
-    `parts` are boxes and their placements, as that function takes them. The result has the shape
+    `parts` are boxes and their placements, as that function takes them; `client` is one of Dask. The result has the shape
     (k, 2) and the type int64.
     """
     boxes, placements = box_rows(parts[0]), parts[1]
@@ -147,5 +149,7 @@ def clashes(
         for task in tasks(boxes, placements, parts_per_cell)
     ]
     found = [numpy.empty((0, 2), numpy.int64), *client.gather(futures)]
-    pairs = numpy.concatenate(found)
-    return pairs[numpy.lexsort((pairs[:, 1], pairs[:, 0]))]
+    pairs: Indices = numpy.concatenate(found)
+    order = numpy.lexsort((pairs[:, 1], pairs[:, 0]))
+    ordered: Indices = pairs[order]
+    return ordered

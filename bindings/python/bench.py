@@ -1,0 +1,48 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""Times of array functions beside NumPy: process CPU time, one thread, least of interleaved runs."""
+
+import os
+
+os.environ |= {"OMP_NUM_THREADS": "1", "OPENBLAS_NUM_THREADS": "1"}
+
+import time
+from collections.abc import Callable
+
+import numpy as np
+
+import vexmath as vm
+
+COUNT, REPETITIONS = 1_000_000, 15
+POINTS = np.random.default_rng(1).uniform(-100, 100, (COUNT, 3))
+X = vm.rotate(0.7, (1, 2, 3), 0.0) * vm.translate((4, 5, 6))
+R, T = X.rotation.array, np.array(X.translation)
+OUT = np.empty_like(POINTS)
+LINE = vm.Line((1, 2, 3), vm.Direction(1, 1, 0))
+ROOT, DIRECTION = np.array(LINE.root_point), np.array(LINE.direction)
+ROWS = (
+    ("transform", lambda: POINTS @ R + T, lambda: vm.transform_points(POINTS, X, out=OUT)),
+    ("transform, new array", lambda: POINTS @ R + T, lambda: vm.transform_points(POINTS, X)),
+    ("bounds", lambda: (POINTS.min(0), POINTS.max(0)), lambda: vm.bound_points(POINTS)),
+    ("distances from a line",
+     lambda: np.linalg.norm(np.cross(POINTS - ROOT, DIRECTION), axis=1),
+     lambda: vm.distances(POINTS, LINE)),
+)  # fmt: skip
+
+
+def seconds(call: Callable[[], object]) -> float:
+    begin = time.process_time()
+    call()
+    return time.process_time() - begin
+
+
+def main() -> None:
+    print("| 1e6 points, ms | NumPy | vexmath | ratio |\n|---|---|---|---|")
+    for name, numpy_call, own_call in ROWS:
+        pairs = [(seconds(numpy_call), seconds(own_call)) for _ in range(REPETITIONS)]
+        other, own = (min(times) * 1e3 for times in zip(*pairs))
+        print(f"| {name} | {other:.1f} | {own:.1f} | {other / own:.0f} |")
+
+
+if __name__ == "__main__":
+    main()
