@@ -54,7 +54,7 @@ NAMES = {
     "getIXAxis": "x_row", "getIYAxis": "y_row", "getIZAxis": "z_row", "pointPerp": "foot",
     "pointPerpParam": "foot_param", "containsBBox": "contains_box",
     "mgBBox_c::clash(static)": "clash_placed", "mgBBox_c::pointPerp": "nearest_point",
-    "getModelSpaceViewRay": "view_ray", "mg_CoordinateXform": "frame", "getSgConicEccentricity":
+    "mg_getModelSpaceViewRay": "view_ray", "mg_CoordinateXform": "frame", "mg_getSgConicEccentricity":
     "shoulder_eccentricity", "mgSolveQuadratic": "solve_quadratic_sorted",
     "mgUnitVectorDer": "direction_derivative", "interLine": "line_of_planes",
     "s_projPointOnLine": "project_point_on_line", "matrixToQuat": "set_from_matrix",

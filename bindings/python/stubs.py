@@ -6,6 +6,7 @@ They follow from the signatures that the module's docstrings begin with.
 """
 
 import enum
+import importlib
 import inspect
 import re
 import sys
@@ -148,9 +149,7 @@ def module_lines(module: Any) -> Iterator[str]:
 
 def main() -> None:
     sys.path.insert(0, sys.argv[1])
-    import _vexmath
-
-    print(HEAD + "\n".join(module_lines(_vexmath)))
+    print(HEAD + "\n".join(module_lines(importlib.import_module("_vexmath"))))
 
 
 if __name__ == "__main__":

@@ -31,8 +31,7 @@ def boxes():
 
 def corners(box):
     low, high = box.low, box.high
-    ends = zip(low, high)
-    xs, ys, zs = ends
+    xs, ys, zs = zip(low, high)
     return np.array([(xs[i & 1], ys[i >> 1 & 1], zs[i >> 2]) for i in range(8)])
 
 
@@ -44,7 +43,7 @@ def draw(axes, box, camera, colour, width):
 
 def main(folder):
     camera, parts = view(), boxes()
-    start, direction, _ = vm.model_space_view_ray(camera, CLICK, True)
+    start, direction, *_ = vm.view_ray(camera, CLICK, True)
     picked, hit = vm.BoxIndex(parts).first_on_ray(start, direction)
     figure, axes = plt.subplots(figsize=(7, 5.4), layout="constrained")
     for i, box in enumerate(parts):
@@ -52,7 +51,7 @@ def main(folder):
     axes.plot(CLICK.x, CLICK.y, "+", color="black", ms=16)
     title = "nothing" if hit is None else f"box {picked}, at ({hit.x:.2f}, {hit.y:.2f}, {hit.z:.2f})"
     axes.set(title=f"Picked: {title}", aspect="equal")
-    figure.savefig(Path(folder) / "perspective_picking.png", dpi=80)
+    figure.savefig(Path(folder) / "perspective_picking.png", dpi=75)
 
 
 if __name__ == "__main__":
