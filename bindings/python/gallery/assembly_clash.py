@@ -13,7 +13,7 @@ import numpy as np
 
 import vexmath as vm
 
-COUNT = 220
+COUNT = 130
 random = np.random.default_rng(4)
 
 
@@ -49,7 +49,7 @@ def main(folder):
         axes.plot([a.x, b.x], [a.y, b.y], color="black", lw=0.8)
     axes.set(title=f"{len(pairs)} clashes of {COUNT} placed parts", aspect="equal")
     axes.set(xlim=(-58, 58), ylim=(-36, 36))
-    figure.savefig(Path(folder) / "assembly_clash.png", dpi=60)
+    figure.savefig(Path(folder) / "assembly_clash.png", dpi=56, pil_kwargs={"optimize": True})
 
 
 if __name__ == "__main__":

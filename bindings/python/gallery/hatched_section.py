@@ -52,7 +52,7 @@ def main(folder):
     count += draw(axes, key(), -np.pi / 4, 0.9, "#b5674c")
     axes.set(title=f"Section with {count} hatch lines", aspect="equal")
     axes.axis("off")
-    figure.savefig(Path(folder) / "hatched_section.png", dpi=80)
+    figure.savefig(Path(folder) / "hatched_section.png", dpi=70, pil_kwargs={"optimize": True})
 
 
 if __name__ == "__main__":

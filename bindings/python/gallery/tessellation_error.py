@@ -29,7 +29,7 @@ def half_ellipse(tol):
 
 def error(points, minor):
     """The largest distance of the curve from its chords, measured at fifty places of each."""
-    angles = np.arctan2(points[:, 1] / minor, points[:, 0] / RADIUS)
+    angles = np.unwrap(np.arctan2(points[:, 1] / minor, points[:, 0] / RADIUS))
     worst = 0.0
     for a, b, p, q in zip(angles, angles[1:], points, points[1:]):
         at = np.linspace(a, b, 50)
@@ -51,7 +51,7 @@ def main(folder):
     left.legend()
     right.legend()
     figure.suptitle("The number of segments has limits, and so has the error")
-    figure.savefig(Path(folder) / "tessellation_error.png", dpi=80)
+    figure.savefig(Path(folder) / "tessellation_error.png", dpi=70, pil_kwargs={"optimize": True})
 
 
 if __name__ == "__main__":
