@@ -13,7 +13,7 @@ import numpy as np
 
 import vexmath as vm
 
-CLICK = vm.Point(2.6, 1.9, 0)
+CLICK = vm.Point(1.9, 0.2, 0)
 EDGES = [(i, i | bit) for i in range(8) for bit in (1, 2, 4) if not i & bit]
 
 
