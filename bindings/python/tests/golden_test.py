@@ -117,6 +117,7 @@ def bulk(stream, out):
 
 def products(stream, out):
     placements = [stream.placement() for _ in range(11)]
+    placements = [vm.scale(x, x.scaling) for x in placements]  # as a copy in C++ changes them
     placements = vm.multiply_transforms(placements, stream.placement())
     out.add(*vm.multiply_transforms(placements, placements))
 
