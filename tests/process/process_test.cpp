@@ -14,6 +14,13 @@
 
 #include "golden/golden.h"
 
+#if defined(VEXMATH_TEST_SANITIZED)
+/// The C library keeps the search path of locales.
+extern "C" __attribute__((visibility("default"))) char const *__lsan_default_suppressions() {
+    return "leak:__argz_add_sep";
+}
+#endif
+
 namespace {
 
 using namespace golden;
