@@ -281,6 +281,7 @@ await act(async () => {
   const module = await createVexmath();
   assembly = new module.Assembly();
   listen();
+  window.checker = { assembly, view }; // for the console
   say('Ready. Drop files, or open the sample.');
   document.documentElement.dataset.ready = String(Math.round(performance.now()));
 });

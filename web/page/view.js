@@ -177,6 +177,19 @@ export class View {
     this.controls.update();
     this.redraw();
   }
+
+  /** Milliseconds for a frame at rest and in motion, the least of several; each is waited for. */
+  frameTimes() {
+    const gl = this.renderer.getContext();
+    const timeOf = (isMoving) => Math.min(...Array.from({ length: 5 }, () => {
+      this.isMoving = isMoving;
+      const start = performance.now();
+      this.draw();
+      gl.readPixels(0, 0, 1, 1, gl.RGBA, gl.UNSIGNED_BYTE, new Uint8Array(4));
+      return performance.now() - start;
+    }));
+    return { moving: timeOf(true), resting: timeOf(false) };
+  }
 }
 
 function lines(coordinates) {

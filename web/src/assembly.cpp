@@ -129,10 +129,13 @@ std::vector<Edge> hatchIn(mgPlane_c const &plane, std::vector<std::vector<mgPoin
 class Checker {
 public:
     Checker() {
-        fs::remove_all(kFolder);
-        fs::create_directories(kFolder);
-        fs::current_path(kFolder);
-        assembly::meshes().clear();
+        guarded([] {
+            fs::current_path("/"); // a folder that is in use cannot be removed
+            fs::remove_all(kFolder);
+            fs::create_directories(kFolder);
+            fs::current_path(kFolder);
+            assembly::meshes().clear();
+        });
     }
 
     void addMesh(std::string const &name, val const &file, val const &positions,
