@@ -106,14 +106,17 @@ async function compare(assembly) {
 }
 
 describe('the page', () => {
-  test('starts in under a second', async (t) => {
+  test('starts in under a second of processor time', async (t) => {
+    const session = await page.createCDPSession();
+    await session.send('Performance.enable', { timeDomain: 'threadTicks' });
     const times = [];
     for (let i = 0; i < 5; ++i) {
       await open();
-      times.push(Number(await page.$eval('html', (node) => node.dataset.ready)));
+      const { metrics } = await session.send('Performance.getMetrics');
+      times.push(metrics.find(({ name }) => name === 'TaskDuration').value);
+      t.diagnostic(`ready after ${await page.$eval('html', (node) => node.dataset.ready)} ms, processor ${times[i]} s`);
     }
-    t.diagnostic(`ready after ${times} ms`);
-    assert.ok(Math.min(...times) < 1000, `${times}`);
+    assert.ok(Math.min(...times) < 1, `${times}`);
   });
 
   test('lists the contacts of the dropped assembly, and stores its document', async () => {
