@@ -124,7 +124,7 @@ const selected = () => at('parts').selectedIndex;
 
 function showAll(what) {
   parts = assembly.parts();
-  at('parts').replaceChildren(...parts.map((part) => new Option(part.name)));
+  at('parts').replaceChildren(...parts.map((part) => new Option(part.name, part.name)));
   at('parts').selectedIndex = parts.length ? 0 : -1;
   view.show(parts, geometries);
   view.look('perspective', assembly.bounds());
