@@ -138,20 +138,6 @@ std::vector<std::shared_ptr<Mesh const>> readMeshes(std::vector<fs::path> const 
     return meshes;
 }
 
-void placeParts(Assembly &assembly) {
-    for (std::size_t i = 0; i < assembly.parts.size(); ++i) {
-        Part &part = assembly.parts[i];
-        part.placed = part.mesh->bounds;
-        part.placed *= part.placement;
-        if (!isInReach(part.placed)) {
-            throw Failure(assembly.file,
-                          fmt::format("parts[{}]: \"{}\" reaches farther than 1e8 from the origin",
-                                      i, part.name));
-        }
-        assembly.bounds |= part.placed;
-    }
-}
-
 /// Reads the assembly file; its values are gone from memory before the meshes come.
 PartList readList(Assembly &assembly) {
     Progress progress("reading", 1);
@@ -166,6 +152,21 @@ PartList readList(Assembly &assembly) {
 }
 
 } // namespace
+
+void placeParts(Assembly &assembly) {
+    assembly.bounds = mgBBox_c();
+    for (std::size_t i = 0; i < assembly.parts.size(); ++i) {
+        Part &part = assembly.parts[i];
+        part.placed = part.mesh->bounds;
+        part.placed *= part.placement;
+        if (!isInReach(part.placed)) {
+            throw Failure(assembly.file,
+                          fmt::format("parts[{}]: \"{}\" reaches farther than 1e8 from the origin",
+                                      i, part.name));
+        }
+        assembly.bounds |= part.placed;
+    }
+}
 
 Assembly readAssembly(std::string const &file) {
     Assembly assembly;

@@ -57,6 +57,10 @@ struct Assembly {
 /// far out that its coordinates are too coarse.
 Assembly readAssembly(std::string const &file);
 
+/// Bounds each part where it is placed, and all of them. Throws Failure on a part that reaches too
+/// far out.
+void placeParts(Assembly &assembly);
+
 } // namespace assembly
 
 #endif

@@ -3,7 +3,6 @@
 
 #include "checks.h"
 
-#include "edges.h"
 #include "report.h"
 
 #include <algorithm>
@@ -18,6 +17,7 @@
 #include <vexmath/mg_transform.h>
 #include <vexmath/mg_vector.h>
 #include <vexmath/su_dynamic_array.h>
+#include <vexmath/tolerances.h>
 
 namespace assembly {
 
@@ -84,15 +84,8 @@ bool meets(mgLine_c sight, Part const &part, mgPoint_c &point) {
 
 Pick findPick(Assembly const &assembly, PanelPoint const &at) {
     Panel const panel = layOutPerspective(assembly);
-    Pick pick{panel, at, sightThrough(pixelAt(panel, at), panel.toPage), {}};
-    for (std::size_t i = 0; i < assembly.parts.size(); ++i) {
-        mgPoint_c point;
-        if (!meets(pick.sight, assembly.parts[i], point)) continue;
-        pick.hits.push_back({i, point, dist(pick.sight.rootPoint(), point)});
-    }
-    std::stable_sort(pick.hits.begin(), pick.hits.end(),
-                     [](Hit const &a, Hit const &b) { return a.distance < b.distance; });
-    return pick;
+    mgLine_c const sight = sightThrough(pixelAt(panel, at), panel.toPage);
+    return {panel, at, sight, hitsAlong(sight, assembly.parts)};
 }
 
 // Section.
@@ -243,6 +236,20 @@ void chooseHatches(std::vector<PartCut> &cuts, Contacts const &contacts) {
     }
 }
 
+} // namespace
+
+std::vector<Hit> hitsAlong(mgLine_c const &sight, std::vector<Part> const &parts) {
+    std::vector<Hit> hits;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        mgPoint_c point;
+        if (!meets(sight, parts[i], point)) continue;
+        hits.push_back({i, point, dist(sight.rootPoint(), point)});
+    }
+    std::stable_sort(hits.begin(), hits.end(),
+                     [](Hit const &a, Hit const &b) { return a.distance < b.distance; });
+    return hits;
+}
+
 Section findSection(std::vector<Part> const &parts, mgPlane_c const &plane,
                     Contacts const &contacts) {
     constexpr double kLeastTolerance = 0.0; // the library's own is used instead
@@ -269,7 +276,21 @@ Section findSection(std::vector<Part> const &parts, mgPlane_c const &plane,
     return section;
 }
 
-} // namespace
+std::vector<Edge> hatchLines(std::vector<std::vector<mgPoint_c>> const &outlines,
+                             mgPoint_c const &origin, double degrees, double spacing) {
+    std::vector<int> counts;
+    std::vector<mgPoint_c> points;
+    for (auto const &outline : outlines) {
+        counts.push_back(static_cast<int>(outline.size()));
+        points.insert(points.end(), outline.begin(), outline.end());
+    }
+    suDynamicArray<mgPoint_c> ends;
+    mg_calcHatchLinesPolygon2D(static_cast<int>(counts.size()), counts.data(), points.data(),
+                               origin, degrees * vexmath::kRadPerDeg, spacing, ends);
+    std::vector<Edge> lines;
+    for (int i = 0; i < ends.Count(); i += 2) lines.push_back({ends[i], ends[i + 1]});
+    return lines;
+}
 
 CheckResult check(Assembly const &assembly, Contacts contacts,
                   std::optional<PanelPoint> const &pickAt,

@@ -7,6 +7,7 @@
 
 #include "assembly.h"
 #include "contacts.h"
+#include "edges.h"
 #include "panel.h"
 
 #include <cstddef>
@@ -73,6 +74,18 @@ struct CheckResult {
     std::optional<Pick> pick;
     std::optional<Section> section;
 };
+
+/// The parts whose boxes the line of sight enters, nearest first. What lies behind the line's root
+/// is not seen.
+std::vector<Hit> hitsAlong(mgLine_c const &sight, std::vector<Part> const &parts);
+
+Section findSection(std::vector<Part> const &parts, mgPlane_c const &plane,
+                    Contacts const &contacts);
+
+/// Hatches the area within closed outlines in the xy plane. z is ignored. The lines are at an angle
+/// to the x axis and belong to one lattice, which has a line through the origin.
+std::vector<Edge> hatchLines(std::vector<std::vector<mgPoint_c>> const &outlines,
+                             mgPoint_c const &origin, double degrees, double spacing);
 
 /// Checks all of it; a pick and a section only where they are asked for.
 CheckResult check(Assembly const &assembly, Contacts contacts,

@@ -3,11 +3,8 @@
 
 #include "edges.h"
 
-#include "svg_page.h"
-
 #include <algorithm>
 #include <cstdint>
-#include <set>
 #include <utility>
 
 #include <vexmath/bulk.h>
@@ -141,18 +138,6 @@ std::vector<std::vector<mgPoint_c>> facesOf(Part const &part, mgXform_c const &t
         faces.push_back({points[t[0]], points[t[1]], points[t[2]]});
     }
     return faces;
-}
-
-std::string pathAlong(std::vector<Edge> const &edges) {
-    std::set<std::string> segments;
-    for (Edge const &edge : edges) {
-        std::string const forth = pathThrough({edge.from, edge.to});
-        std::string const back = pathThrough({edge.to, edge.from});
-        segments.insert(std::min(forth, back));
-    }
-    std::string commands;
-    for (std::string const &segment : segments) commands += segment;
-    return commands;
 }
 
 } // namespace assembly

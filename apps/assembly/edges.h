@@ -8,7 +8,6 @@
 
 #include <array>
 #include <optional>
-#include <string>
 #include <vector>
 
 #include <vexmath/bbox.h>
@@ -41,9 +40,6 @@ std::vector<mgPoint_c> hullOf(Part const &part, mgXform_c const &toPage);
 /// The triangles that face one way, as three corners each. Those of a closed mesh cover the same
 /// area as all of its triangles.
 std::vector<std::vector<mgPoint_c>> facesOf(Part const &part, mgXform_c const &toPage);
-
-/// The commands of a path along the edges. Edges that coincide on the page occur once.
-std::string pathAlong(std::vector<Edge> const &edges);
 
 } // namespace assembly
 

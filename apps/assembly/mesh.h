@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
-// Meshes, read from OBJ, STL and PLY files.
+// Meshes, made from vertices and faces, or read from OBJ, STL and PLY files.
 
 #ifndef ASSEMBLY_MESH_H
 #define ASSEMBLY_MESH_H
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <string>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include <vexmath/bbox.h>
@@ -36,6 +40,38 @@ struct Mesh {
     mgBBox_c bounds; ///< of the vertices
     Stock stock;
 };
+
+/// Collects a mesh. Vertices at equal coordinates become one, so that neighbouring triangles share
+/// it: STL files name no shared vertices.
+class MeshMaker {
+public:
+    using Position = std::array<float, 3>;
+
+    explicit MeshMaker(std::string file) : file_(std::move(file)) {}
+
+    /// The index of the vertex. Throws Failure when a coordinate is not finite.
+    std::uint32_t vertex(Position const &position);
+    void triangle(Mesh::Triangle const &triangle) { mesh_.triangles.push_back(triangle); }
+    /// The mesh with bounds and stock. Throws Failure when it has no vertex.
+    Mesh finish();
+
+private:
+    struct HashOfPosition {
+        std::size_t operator()(Position const &position) const;
+    };
+
+    std::string const file_;
+    Mesh mesh_;
+    std::unordered_map<Position, std::uint32_t, HashOfPosition> indices_;
+};
+
+/// "obj", "stl" or "ply", by the extension of the file's name. Throws Failure for any other.
+std::string formatOf(std::filesystem::path const &file);
+
+/// Throws Failure on damage of a file of this format that the mesh library accepts silently: a file
+/// that ends too early, a PLY header without an end, and a vertex of an OBJ file that no face uses
+/// and that is not finite.
+void refuseDamage(std::string const &bytes, std::string const &format, std::string const &file);
 
 /// Throws Failure when the file cannot be read, ends too early, has no vertex, or has one that is
 /// not finite, used or not.

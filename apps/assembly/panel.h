@@ -5,7 +5,6 @@
 #define ASSEMBLY_PANEL_H
 
 #include "assembly.h"
-#include "svg_page.h"
 
 #include <string>
 #include <vector>
@@ -16,6 +15,8 @@
 #include <vexmath/xform.h>
 
 namespace assembly {
+
+class SvgPage;
 
 constexpr double kPageWidth = 1560.0; // pixels
 constexpr double kPageMargin = 40.0;

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <numeric>
 #include <optional>
+#include <set>
 #include <utility>
 
 #include <fmt/core.h>
@@ -41,6 +42,19 @@ mgBBox_c onPage(mgBBox_c box, Panel const &panel) {
 std::vector<mgPoint_c> onPage(std::vector<mgPoint_c> points, Panel const &panel) {
     for (mgPoint_c &point : points) point *= panel.toPage;
     return points;
+}
+
+/// The commands of a path along the edges. Edges that coincide on the page occur once.
+std::string pathAlong(std::vector<Edge> const &edges) {
+    std::set<std::string> segments;
+    for (Edge const &edge : edges) {
+        std::string const forth = pathThrough({edge.from, edge.to});
+        std::string const back = pathThrough({edge.to, edge.from});
+        segments.insert(std::min(forth, back));
+    }
+    std::string commands;
+    for (std::string const &segment : segments) commands += segment;
+    return commands;
 }
 
 // Of many parts only the largest are drawn in full.
@@ -170,17 +184,10 @@ void drawPick(SvgPage &page, Drawn const &drawn, Pick const &pick) {
 std::string hatchWithin(std::vector<std::vector<mgPoint_c>> const &outlines, double degrees,
                         Panel const &panel) {
     constexpr double kSpacing = 7.0; // pixels
-    std::vector<int> counts;
-    std::vector<mgPoint_c> points;
-    for (auto const &outline : outlines) {
-        counts.push_back(static_cast<int>(outline.size()));
-        points.insert(points.end(), outline.begin(), outline.end());
-    }
-    suDynamicArray<mgPoint_c> lines;
-    mg_calcHatchLinesPolygon2D(static_cast<int>(counts.size()), counts.data(), points.data(),
-                               panel.topLeft, -degrees * vexmath::kRadPerDeg, kSpacing, lines);
     std::string commands;
-    for (int i = 0; i < lines.Count(); i += 2) commands += pathThrough({lines[i], lines[i + 1]});
+    for (Edge const &line : hatchLines(outlines, panel.topLeft, -degrees, kSpacing)) {
+        commands += pathThrough({line.from, line.to});
+    }
     return commands;
 }
 

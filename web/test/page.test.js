@@ -1,0 +1,263 @@
+// SPDX-License-Identifier: MIT
+// The page in a browser without a window: files are dropped, parts are moved, and the lists are
+// compared with the command line's. Screenshots are left in build/web/.
+
+import assert from 'node:assert/strict';
+import { execFileSync } from 'node:child_process';
+import { mkdtempSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
+import { createServer } from 'node:http';
+import { createRequire } from 'node:module';
+import { tmpdir } from 'node:os';
+import { extname, join, normalize } from 'node:path';
+import { after, before, describe, test } from 'node:test';
+
+import puppeteer from 'puppeteer-core';
+
+const root = new URL('../../', import.meta.url).pathname;
+const program = process.env.VEXMATH_ASSEMBLY ?? join(root, 'build/release/apps/assembly/vexmath_assembly');
+const data = join(root, 'apps/assembly/data');
+const sample = JSON.parse(readFileSync(join(data, 'assembly.json')));
+const folder = mkdtempSync(join(tmpdir(), 'vexmath-page-'));
+const TYPES = { '.html': 'text/html', '.js': 'text/javascript', '.css': 'text/css' };
+
+const server = createServer((request, response) => {
+  const path = normalize(new URL(request.url, 'http://page').pathname).replace(/\/$/, '/index.html');
+  try {
+    const bytes = readFileSync(join(root, 'build/web/page', path));
+    response.writeHead(200, { 'content-type': TYPES[extname(path)] ?? 'application/octet-stream' }).end(bytes);
+  } catch {
+    response.writeHead(404).end();
+  }
+});
+
+let browser;
+let page;
+const errors = [];
+
+before(async () => {
+  await new Promise((resolve) => { server.listen(0, '127.0.0.1', resolve); });
+  browser = await puppeteer.launch({
+    executablePath: '/usr/bin/chromium', protocolTimeout: 600000,
+    args: ['--no-sandbox', '--disable-dev-shm-usage', '--enable-unsafe-swiftshader'],
+  });
+  page = await browser.newPage();
+  page.setDefaultTimeout(120000);
+  page.on('pageerror', (error) => errors.push(error.message));
+  page.on('console', (message) => message.type() === 'error' && errors.push(message.text()));
+  await page.setViewport({ width: 1400, height: 950 });
+  await open();
+});
+
+after(async () => {
+  await browser?.close();
+  server.close();
+  rmSync(folder, { recursive: true });
+});
+
+async function open() {
+  await page.goto(`http://127.0.0.1:${server.address().port}/`);
+  await page.waitForSelector('html[data-ready]');
+}
+
+/** Drops files, as [name, bytes], and waits for the status that tells the clashes. */
+async function drop(files) {
+  const coded = files.map(([name, bytes]) => [name, Buffer.from(bytes).toString('base64')]);
+  await page.evaluate((list) => {
+    document.getElementById('status').textContent = '';
+    const transfer = new DataTransfer();
+    for (const [name, text] of list) {
+      transfer.items.add(new File([Uint8Array.from(atob(text), (c) => c.charCodeAt(0))], name));
+    }
+    document.body.dispatchEvent(new DragEvent('drop', { dataTransfer: transfer, bubbles: true, cancelable: true }));
+  }, coded);
+  await page.waitForFunction(() => /\.$|failed/.test(document.getElementById('status').textContent + document.getElementById('status').className));
+}
+
+const status = () => page.$eval('#status', (node) => node.textContent);
+const list = (id) => page.$$eval(`#${id} li`, (items) => items.map((item) => item.textContent));
+const sampleFiles = () => [...new Set(['assembly.json', ...sample.parts.map(({ mesh }) => mesh)])]
+  .map((name) => [name, readFileSync(join(data, name))]);
+
+/** Stores the document by the page's button. */
+async function stored() {
+  await page.evaluate(() => {
+    URL.createObjectURL = (blob) => { window.stored = blob.arrayBuffer(); return '#'; };
+    document.getElementById('store').click();
+  });
+  return Buffer.from(await page.evaluate(async () => Array.from(new Uint8Array(await window.stored))));
+}
+
+function commandLine(assembly) {
+  for (const { mesh } of assembly.parts) writeFileSync(join(folder, mesh), readFileSync(join(data, mesh)));
+  writeFileSync(join(folder, 'assembly.json'), JSON.stringify(assembly));
+  const report = execFileSync(program, ['--out', folder, join(folder, 'assembly.json')], { encoding: 'utf8' });
+  const pairs = (heading) => (new RegExp(`${heading}: .*\\n((?:  .*\\n)*)`).exec(report)[1].match(/\S.*/g) ?? [])
+    .map((line) => line.replace(' - ', ' – '));
+  return {
+    clashing: pairs('clashing pairs'), touching: pairs('touching pairs'), containing: pairs('containments'),
+    document: readFileSync(join(folder, 'assembly.vxa')),
+  };
+}
+
+async function compare(assembly) {
+  const expected = commandLine(assembly);
+  for (const kind of ['clashing', 'touching', 'containing']) assert.deepEqual(await list(kind), expected[kind]);
+  assert.ok((await stored()).equals(expected.document), 'another document');
+}
+
+describe('the page', () => {
+  test('starts in under a second of processor time', async (t) => {
+    const session = await page.createCDPSession();
+    await session.send('Performance.enable', { timeDomain: 'threadTicks' });
+    const times = [];
+    for (let i = 0; i < 5; ++i) {
+      await open();
+      const { metrics } = await session.send('Performance.getMetrics');
+      times.push(metrics.find(({ name }) => name === 'TaskDuration').value);
+      t.diagnostic(`ready after ${await page.$eval('html', (node) => node.dataset.ready)} ms, processor ${times[i]} s`);
+    }
+    assert.ok(Math.min(...times) < 1, `${times}`);
+  });
+
+  test('lists the contacts of the dropped assembly, and stores its document', async () => {
+    await drop(sampleFiles());
+    assert.match(await status(), /loaded\. \d+ clashes\.$/);
+    await compare(sample);
+  });
+
+  test('moves a part by its field, and follows the command line', async () => {
+    await page.select('#parts', 'pinion');
+    await page.evaluate(() => {
+      const field = document.getElementById('place-y');
+      field.value = 60;
+      field.dispatchEvent(new Event('change'));
+    });
+    const moved = structuredClone(sample);
+    moved.parts.find(({ name }) => name === 'pinion').placement.translation = [0, 60, 45];
+    assert.match(await status(), /^pinion moved\./);
+    await compare(moved);
+  });
+
+  test('works by keyboard alone', async () => {
+    await page.evaluate(() => document.getElementById('parts').focus());
+    await page.keyboard.press('Home');
+    await page.keyboard.press('ArrowDown');
+    assert.equal(await page.$eval('#parts', (node) => node.value), 'bracket left');
+    await page.focus('#view');
+    await page.keyboard.press('ArrowRight');
+    assert.match(await status(), /^bracket left moved\./);
+    assert.equal(await page.$eval('#place-x', (node) => node.value), '-39');
+    await page.focus('#pick');
+    await page.keyboard.press('Enter');
+    assert.match(await status(), /^Picked /);
+    assert.ok((await list('hits')).length > 1);
+    await page.focus('#section');
+    await page.keyboard.press('Space');
+    assert.match(await page.$eval('#section-value', (node) => node.textContent), /^y = /);
+    const reached = new Set();
+    await page.focus('#files');
+    for (let i = 0; i < 40; ++i) {
+      reached.add(await page.evaluate(() => document.activeElement.id || document.activeElement.textContent));
+      await page.keyboard.press('Tab');
+    }
+    for (const id of ['sample', 'view', 'Front', 'parts', 'place-x', 'show-boxes', 'section-at', 'pick']) assert.ok(reached.has(id), id);
+  });
+
+  test('reads its document again', async () => {
+    const { document } = commandLine(sample);
+    await drop([['assembly.vxa', document]]);
+    await compare(sample);
+    await open();
+    await drop([['assembly.vxa', document]]);
+    await compare(sample);
+  });
+
+  test('picks by a click', async () => {
+    await open();
+    await drop(sampleFiles());
+    const box = await (await page.$('#view')).boundingBox();
+    await page.mouse.click(box.x + box.width / 2, box.y + box.height / 2);
+    assert.match(await status(), /^Picked /);
+  });
+
+  test('says what is wrong', async () => {
+    await drop([['lid.stl', readFileSync(join(data, 'lid.stl')).subarray(0, 999)]]);
+    assert.match(await status(), /lid.stl: is cut short/);
+    await drop([['notes.txt', '']]);
+    assert.match(await status(), /notes.txt: is no mesh/);
+  });
+
+  test('has no accessibility faults that a tool finds, in both schemes and widths', async () => {
+    await page.addScriptTag({ path: createRequire(import.meta.url).resolve('axe-core') });
+    for (const scheme of ['light', 'dark']) {
+      await page.emulateMediaFeatures([{ name: 'prefers-color-scheme', value: scheme }]);
+      for (const width of [390, 1400]) {
+        await page.setViewport({ width, height: 950 });
+        const { violations } = await page.evaluate(() => window.axe.run());
+        assert.deepEqual(violations.map(({ id, nodes }) => [id, nodes.map((node) => node.html)]), []);
+      }
+    }
+  });
+
+  test('fits a wide and a narrow screen', async () => {
+    for (const [scheme, width, height] of [['light', 1400, 950], ['dark', 390, 844]]) {
+      await page.emulateMediaFeatures([{ name: 'prefers-color-scheme', value: scheme }]);
+      await page.setViewport({ width, height });
+      await open();
+      await drop(sampleFiles());
+      await page.evaluate(() => document.getElementById('section').click());
+      await new Promise((resolve) => { setTimeout(resolve, 1500); });
+      await page.screenshot({ path: join(root, `build/web/${scheme}-${width}.png`), fullPage: true });
+      assert.ok(await page.evaluate(() => document.documentElement.scrollWidth <= innerWidth), `${width}`);
+    }
+  });
+
+  test('shows a million vertices', async (t) => {
+    await page.setViewport({ width: 1400, height: 950 });
+    const side = Number(process.env.VEXMATH_WEB_SIDE ?? 1000);
+    await open();
+    const start = performance.now();
+    await drop([['wave.ply', wave(side)]]);
+    t.diagnostic(`${side * side} vertices dropped and checked after ${performance.now() - start} ms`);
+    assert.match(await status(), /No clashes\.$/);
+    const times = await page.evaluate(() => {
+      const { assembly, view } = window.checker;
+      const timeOf = (action) => {
+        const began = performance.now();
+        action();
+        return performance.now() - began;
+      };
+      return {
+        move: timeOf(() => assembly.movePart(0, 1, 0, 0)),
+        section: timeOf(() => assembly.section([0, 300, 0], [0, 1, 0], 20)),
+        frame: view.frameTimes(),
+      };
+    });
+    t.diagnostic(`ms, frames by software: ${JSON.stringify(times)}`);
+    assert.ok(times.move < 50);
+  });
+
+  test('has no errors in its console', () => assert.deepEqual(errors, []));
+});
+
+/** A binary PLY file of a wavy sheet. */
+function wave(side) {
+  const quads = (side - 1) ** 2;
+  const header = Buffer.from(`ply\nformat binary_little_endian 1.0\nelement vertex ${side * side}\nproperty float x\nproperty float y\nproperty float z\nelement face ${2 * quads}\nproperty list uchar int vertex_indices\nend_header\n`);
+  const body = Buffer.alloc(12 * side * side + 26 * quads);
+  let at = 0;
+  for (let i = 0; i < side * side; ++i) {
+    const [x, y] = [i % side, Math.floor(i / side)];
+    for (const value of [x, y, 20 * Math.sin(x / 50) * Math.cos(y / 70)]) at = body.writeFloatLE(value, at);
+  }
+  for (let y = 0; y + 1 < side; ++y) {
+    for (let x = 0; x + 1 < side; ++x) {
+      const a = y * side + x;
+      for (const triangle of [[a, a + 1, a + side], [a + 1, a + side + 1, a + side]]) {
+        at = body.writeUInt8(3, at);
+        for (const index of triangle) at = body.writeInt32LE(index, at);
+      }
+    }
+  }
+  return Buffer.concat([header, body]);
+}
