@@ -43,7 +43,7 @@
 // An mgMatrix_c whose identity flag does not fit its elements is "unflagged identity", or has
 // "flagged as identity" behind its rows.
 //
-// Format specifications are those of double and apply to each number: "{:8.3f}" or std::setw(8).
+// The format options are those of double and apply to each number: "{:8.3f}" or std::setw(8).
 // Without one, each number is the shortest that reads back as the same double. Lists are ranges:
 // fmt/ranges.h and the std::format of C++23 show them element by element.
 

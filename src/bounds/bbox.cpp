@@ -366,8 +366,8 @@ void mgBBox_c::dump() const {
     saveStringRep(text);
 }
 
-// For Windows, GCC refuses a friend that is an imported function declared before. So it goes through
-// the parts.
+// For Windows, GCC refuses a friend that is an imported function declared before. So it goes
+// through the parts.
 void mg_FindBBox(mgPoint_c const &a, mgPoint_c const &b, mgXform_c const &x, double *out,
                  double grow) {
     mgBBox_c box(a, b);
