@@ -20,14 +20,8 @@ configure_package_config_file(
   "${CMAKE_CURRENT_LIST_DIR}/vexmath-config.cmake.in" "${PROJECT_BINARY_DIR}/vexmath-config.cmake"
   INSTALL_DESTINATION ${_package_dir}
   NO_SET_AND_CHECK_MACRO)
-# As the soname: before 1.0 the minor number counts, from 1.0 on the major number.
-if(PROJECT_VERSION_MAJOR EQUAL 0)
-  set(_compatibility SameMinorVersion)
-else()
-  set(_compatibility SameMajorVersion)
-endif()
-write_basic_package_version_file("${PROJECT_BINARY_DIR}/vexmath-config-version.cmake"
-  COMPATIBILITY ${_compatibility})
+configure_file("${CMAKE_CURRENT_LIST_DIR}/vexmath-config-version.cmake.in"
+  "${PROJECT_BINARY_DIR}/vexmath-config-version.cmake" @ONLY)
 install(FILES
   "${PROJECT_BINARY_DIR}/vexmath-config.cmake"
   "${PROJECT_BINARY_DIR}/vexmath-config-version.cmake"

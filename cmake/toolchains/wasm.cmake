@@ -2,5 +2,5 @@
 # NODE_PATH=/usr/share/nodejs in the environment where Node is not that of Debian.
 include(/usr/share/emscripten/cmake/Modules/Platform/Emscripten.cmake)
 # The default archive throws. A program is one file, which every version of node loads.
-set(CMAKE_CXX_FLAGS_INIT -fexceptions)
+add_compile_options(-fexceptions)
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-fexceptions -sSINGLE_FILE=1 -sALLOW_MEMORY_GROWTH=1")

@@ -252,8 +252,6 @@ public:
 
 private:
     friend struct vexmath::detail::BoxParts;
-    VEXMATH_API friend void mg_FindBBox(mgPoint_c const &a, mgPoint_c const &b, mgXform_c const &x,
-                                        double *out, double grow);
 
     bool isFacePairHit(mgPoint_c const &p, mgUnitVector_c const &dir, int k, int i, int j) const;
     void assignCorners(mgPoint_c const &low, mgPoint_c const &high);

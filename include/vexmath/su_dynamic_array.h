@@ -59,6 +59,22 @@ public:
     T *Data();
     T const *Data() const;
 
+    // The elements as a contiguous range, for range-for, algorithms, std::ranges and std::span.
+    // Without elements all pointers may be null. Adding elements invalidates them.
+
+    using value_type = T;
+    using size_type = std::size_t;
+    using iterator = T *;
+    using const_iterator = T const *;
+
+    T *begin();
+    T const *begin() const;
+    T *end();
+    T const *end() const;
+    T *data(); ///< as `Data`
+    T const *data() const;
+    std::size_t size() const; ///< as `Count`
+
     /// Called after the elements first to last were added or replaced. Does nothing here.
     virtual void elementsChanged(int first, int last);
 
@@ -142,6 +158,41 @@ inline T const *suDynamicArray<T>::Data() const {
 }
 
 template <class T>
+inline T *suDynamicArray<T>::begin() {
+    return data_;
+}
+
+template <class T>
+inline T const *suDynamicArray<T>::begin() const {
+    return data_;
+}
+
+template <class T>
+inline T *suDynamicArray<T>::end() {
+    return data_ + Count();
+}
+
+template <class T>
+inline T const *suDynamicArray<T>::end() const {
+    return data_ + Count();
+}
+
+template <class T>
+inline T *suDynamicArray<T>::data() {
+    return data_;
+}
+
+template <class T>
+inline T const *suDynamicArray<T>::data() const {
+    return data_;
+}
+
+template <class T>
+inline std::size_t suDynamicArray<T>::size() const {
+    return static_cast<std::size_t>(Count());
+}
+
+template <class T>
 void suDynamicArray<T>::elementsChanged(int, int) {}
 
 template <class T>
@@ -169,11 +220,14 @@ void suDynamicArray<T>::addSlowly(T const &element) {
 }
 
 // The lists that the library itself returns. All modules share one virtual table and one run-time
-// type for each, which are in the library.
+// type for each, which are in the library; except on Windows, where each module has its own, since
+// GCC does not export the inline functions of a template there.
+#if !defined(_WIN32)
 extern template class VEXMATH_API suDynamicArray<int>;
 extern template class VEXMATH_API suDynamicArray<double>;
 extern template class VEXMATH_API suDynamicArray<mgPoint_c>;
 extern template class VEXMATH_API suDynamicArray<mgVector_c>;
 extern template class VEXMATH_API suDynamicArray<mgIndexPair_c>; // in bulk.h
+#endif
 
 #endif

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Includes every public header.
+// Includes every public header except the opt-in ones: format.h, hash.h and those in interop/.
 
 #ifndef VEXMATH_VEXMATH_H
 #define VEXMATH_VEXMATH_H

@@ -16,8 +16,8 @@ HERE = Path(__file__).resolve().parent
 def versions(tree):
     text = (tree / 'CMakeLists.txt').read_text()
     version = re.search(r'^  VERSION ([\d.]+)$', text, re.M)[1]
-    soversion = re.search(r'^set\(VEXMATH_SOVERSION ([\d.]+)\)$', text, re.M)
-    return version, soversion[1] if soversion else version.rsplit('.', 1)[0]
+    soversion = re.search(r'^set\(VEXMATH_SOVERSION ([\d.]+)\)$', text, re.M)[1]
+    return version, soversion
 
 
 def symbols(tree, soversion):

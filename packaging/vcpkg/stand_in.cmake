@@ -21,8 +21,9 @@ endfunction()
 # The CMake files move to share/vexmath, two folders below the prefix instead of three.
 function(vcpkg_cmake_config_fixup)
   cmake_parse_arguments(PARSE_ARGV 0 arg "" "CONFIG_PATH" "")
-  file(MAKE_DIRECTORY "${CURRENT_PACKAGES_DIR}/share")
-  file(RENAME "${CURRENT_PACKAGES_DIR}/${arg_CONFIG_PATH}" "${CURRENT_PACKAGES_DIR}/share/vexmath")
+  file(COPY "${CURRENT_PACKAGES_DIR}/${arg_CONFIG_PATH}/"
+    DESTINATION "${CURRENT_PACKAGES_DIR}/share/vexmath")
+  file(REMOVE_RECURSE "${CURRENT_PACKAGES_DIR}/${arg_CONFIG_PATH}")
   file(GLOB files "${CURRENT_PACKAGES_DIR}/share/vexmath/*.cmake")
   foreach(file IN LISTS files)
     file(READ "${file}" text)

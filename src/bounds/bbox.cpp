@@ -7,6 +7,7 @@
 #include <vexmath/xform.h>
 
 #include "box_offsets.h"
+#include "box_parts.h"
 #include "transform/xform_parts.h"
 
 #include <algorithm>
@@ -365,13 +366,16 @@ void mgBBox_c::dump() const {
     saveStringRep(text);
 }
 
+// For Windows, GCC refuses a friend that is an imported function declared before. So it goes
+// through the parts.
 void mg_FindBBox(mgPoint_c const &a, mgPoint_c const &b, mgXform_c const &x, double *out,
                  double grow) {
     mgBBox_c box(a, b);
     box *= x;
     box += grow;
-    out[0] = box.low_.x();
-    out[1] = box.low_.y();
-    out[2] = box.high_.x();
-    out[3] = box.high_.y();
+    vexmath::detail::BoxParts const corners(box);
+    out[0] = corners.low.x();
+    out[1] = corners.low.y();
+    out[2] = corners.high.x();
+    out[3] = corners.high.y();
 }

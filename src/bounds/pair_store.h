@@ -40,8 +40,8 @@ public:
     }
 
 private:
-    static constexpr int kFew = 1024;
-    static constexpr int kMostBlocks = 21;
+    static constexpr int kFew = 256; // two stores fit on a small stack
+    static constexpr int kMostBlocks = 23;
 
     bool addBlock();
     std::int64_t count() const;

@@ -9,8 +9,9 @@
 #include <utility>
 
 void CString::Format(wchar_t const *format, ...) {
-    // vswprintf reports that the buffer is too small, but not the size needed: double the buffer
-    // and try again. It fails in the same way for text that it cannot convert, so there is a limit.
+    // When the buffer is too small, vswprintf fails or, on Windows, returns the length needed. In
+    // both cases double the buffer and try again. It fails in the same way for text that it cannot
+    // convert, so there is a limit.
     constexpr std::size_t firstCapacity = 512;
     constexpr std::size_t maxCapacity = std::size_t{1} << 20;
 
@@ -25,7 +26,7 @@ void CString::Format(wchar_t const *format, ...) {
         va_start(arguments, format);
         int const length = std::vswprintf(&result[0], capacity, format, arguments);
         va_end(arguments);
-        if (length >= 0) {
+        if (length >= 0 && static_cast<std::size_t>(length) < capacity) {
             result.resize(static_cast<std::size_t>(length));
             text_ = std::move(result);
             return;

@@ -155,11 +155,10 @@ struct ScaledSegment {
           segment(s.scaled(scale)), box(b.scaled(scale)) {}
 };
 
-/// For numbers of any size: Outside when one is not finite.
+/// For finite numbers of any size.
 inline Depth depthOf(PlanarSegment const &s, PlanarBox const &box, double tol) {
     Depth const plain = plainDepthOf(s, box, tol);
     if (plain != Depth::Unsure) return plain;
-    if (!areFinite(s, box)) return Depth::Outside;
     ScaledSegment const scaled(s, box);
     return exactDepthOf(scaled.segment, scaled.box, scaled.scale * tol);
 }

@@ -132,7 +132,7 @@ int mg_Clip2DArcToBox(mgPoint_c const &centre, double radius, double start, doub
     auto const keep = [&](double begin, double stop) {
         if (!isLong(stop - begin) || count == kMostArcs) return;
         angles[2 * count] = begin == arc.start ? start : start + (begin - arc.start);
-        angles[2 * count + 1] = stop == to && !arc.isFull ? end : start + (stop - arc.start);
+        angles[2 * count + 1] = stop == to ? end : start + (stop - arc.start);
         ++count;
     };
     double at = from;

@@ -92,12 +92,10 @@ void addPiece(Finding &finding, Frame const &frame, mgPoint_c const &centre, dou
     double const py = radius * u.y;
     double const qx = radius * v.x;
     double const qy = radius * v.y;
-    auto const endIsIn = [&](bool (PlanarBox::*test)(double, double) const, double x, double y,
-                             PlanarBox const &box) {
-        return (box.*test)(centre.x() + x, centre.y() + y);
-    };
-    bool const pIsIn = endIsIn(&PlanarBox::contains, px, py, frame.outer());
-    bool const qIsIn = endIsIn(&PlanarBox::contains, qx, qy, frame.outer());
+    Vec const p{centre.x() + px, centre.y() + py};
+    Vec const q{centre.x() + qx, centre.y() + qy};
+    bool const pIsIn = frame.outer().contains(p.x, p.y);
+    bool const qIsIn = frame.outer().contains(q.x, q.y);
 
     // The part of a box that is in the box of the piece, relative to the centre. The piece
     // separates its corner nearest to the centre from the farthest one.
@@ -123,8 +121,7 @@ void addPiece(Finding &finding, Frame const &frame, mgPoint_c const &centre, dou
         depth = Depth::Touching;
     PlanarBox const inner = common(frame.inner());
     bool const sharesInner = inner.xLow < inner.xHigh && inner.yLow < inner.yHigh;
-    if (endIsIn(&PlanarBox::hasInside, px, py, frame.inner())
-        || endIsIn(&PlanarBox::hasInside, qx, qy, frame.inner())
+    if (frame.inner().hasInside(p.x, p.y) || frame.inner().hasInside(q.x, q.y)
         || (sharesInner && nearest(inner) < 0 && farthest(inner) > 0))
         depth = Depth::Deep;
     finding.add(depth, pIsIn && qIsIn);

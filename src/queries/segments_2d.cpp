@@ -55,7 +55,6 @@ mgIntersectionType_e meetCollinear(Segment const &p, mgPoint_c const &q1, mgPoin
                                    mgPoint_c *out) {
     Place where1 = p.place(q1);
     Place where2 = p.place(q2);
-    if (where1 == Place::Nowhere || where2 == Place::Nowhere) return mgIntersect_None;
     if (where1 == where2 && where1 != Place::Inside) return mgIntersect_None;
 
     mgPoint_c end1 = p.clamped(q1, where1);

@@ -71,6 +71,7 @@ void mg_TessArc(arcEdgeData const *arc, mgPoint_c const *start, mgPoint_c const 
     // both. Kept: callers and stored data depend on it.
     // (test: TheStartGivesTheRadiusAndTheRecordTheTolerance)
     mgVector_c const x = first - centre;
+    if (std::isnan(x.sqlen())) return;
     mgVector_c const y = mgUnitVector_c(arc->normal) * x;
     double const sweep = sweepOf(centre, x, y, first, last);
     int const n = vexmath::detail::segmentsOfSweep(sweep, stepOf(sweep, tol, arc->radius));

@@ -142,7 +142,8 @@ void mg_TessBConic(parabolaEdgeData const *conic, double /*tol*/, mgPoint_c **ou
     constexpr double kTooLarge = 1e100;
     vexmath::detail::PolylineOutput const output(outArray, count, list);
     for (mgPoint_c const &p : {conic->vertex, conic->focus, conic->start, conic->end})
-        if (largestCoordinate(p) >= kTooLarge) return;
+        for (int k = 0; k < 3; ++k)
+            if (!(std::fabs(p[k]) < kTooLarge)) return; // also for NaN
     std::optional<double> const flatness = flatnessOf(*conic);
     if (!flatness) return;
 

@@ -73,10 +73,8 @@ TEST(BBox, ComparisonsAreStrictInEveryMember) {
             EXPECT_EQ(same, zero.isSame(other, tol)) << k << ": " << by << " within " << tol;
             EXPECT_EQ(zero.isSame(other, -1) != 0, zero == other) << k << ": " << by;
         };
-        check(true, below(1e-08), -1);
-        check(false, 1e-08, -1);
-        check(false, kNaN, -1);
-        check(true, below(0.25), 0.25);
+        check(true, below(1e-08), -1), check(false, 1e-08, -1);
+        check(false, kNaN, -1), check(true, below(0.25), 0.25);
         check(false, 0.25, 0.25);
         check(false, 0, 0); // 0 stays 0
     }
@@ -139,8 +137,9 @@ TEST(BBox, IntersectionsBridgeGapsBelowTheTolerance) {
             EXPECT_BITS_EQ(common, mgBBox_c(b) &= a) << axis << " " << gap;
         }
     }
-    for (double const r : {4, -4}) // the unset one is the default one, centre and all
-        EXPECT_BITS_EQ(mgBBox_c(), mgBBox_c(P(1, 2, 3), r) &= mgBBox_c(P(1, 2, 3), -4));
+    mgBBox_c const unset = withDouble(big, 9, -1); // by its radius alone
+    for (mgBBox_c const &other : {unit, unset})    // the result is the default one, centre and all
+        EXPECT_BITS_EQ(mgBBox_c(), mgBBox_c(other) &= unset);
 }
 
 TEST(BBox, AnUnsetBoxBecomesSetByGrowing) {
@@ -150,6 +149,11 @@ TEST(BBox, AnUnsetBoxBecomesSetByGrowing) {
     EXPECT_BITS_EQ(mgBBox_c(), mgBBox_c() += below(2));
     mgBBox_c const inverted = boxOf(P(), 9, P(), P(0, 0, -2)); // by its corners alone
     EXPECT_BITS_EQ(boxOf(P(), 10, P(-1, -1, -1), P(1, 1, -1)), mgBBox_c(inverted) += 1);
+    // The sphere of a shrunk box stays when its squared radius exceeds the corner's by up to 5e-9.
+    for (double const excess : {4.9e-9, 5.1e-9}) {
+        mgBBox_c const loose = boxOf(P(), std::sqrt(243 + excess), big.low(), big.high());
+        EXPECT_EQ(excess < 5e-9, (mgBBox_c(loose) += -kTiny).sphRadius() == loose.sphRadius());
+    }
 }
 
 TEST(BBox, TranslationAndScalingMoveEveryMember) {

@@ -4,19 +4,13 @@
 #include <vexmath/box_index.h>
 
 #include <memory>
-#include <utility>
-#include <vector>
 
 #include "bounds/lattice.h"
 
 namespace {
 
 using namespace common;
-using P = mgPoint_c;
-using V = mgVector_c;
-using U = mgUnitVector_c;
 using Indices = std::vector<int>;
-using Pairs = std::vector<std::pair<int, int>>;
 
 /// Boxes, perhaps placed, beside their index.
 class Scene {
@@ -46,25 +40,6 @@ public:
     mgBoxIndex_c index;
 };
 
-/// `find` must give the expected list, in an array of that capacity.
-template <class T, class Expected, class Find>
-void CheckList(char const *what, std::vector<Expected> const &expected, Find const &find) {
-    SCOPED_TRACE(what);
-    auto const count = static_cast<int>(expected.size());
-    suDynamicArray<T> list;
-    list.Add(T());
-    ASSERT_EQ(count, find(list));
-    ASSERT_EQ(count, list.Count());
-    ASSERT_EQ(count == 0, list.Data() == nullptr);
-    for (int k = 0; k < count; ++k) {
-        if constexpr (std::is_same_v<T, int>) {
-            ASSERT_EQ(expected.data()[k], list[k]);
-        } else {
-            ASSERT_EQ(expected.data()[k], std::pair(list[k].first, list[k].second));
-        }
-    }
-}
-
 template <class Test>
 Indices loop(Scene const &scene, Test const &test) {
     Indices found;
@@ -74,32 +49,28 @@ Indices loop(Scene const &scene, Test const &test) {
 }
 
 void CheckClashes(Scene const &scene, double tol, Indices const &some) {
-    Pairs all, ofSome;
-    for (int i = 0; i < scene.count(); ++i)
-        for (int j = i + 1; j < scene.count(); ++j) {
-            if (!scene.clashes(i, j, tol)) continue;
-            all.emplace_back(i, j);
-            bool const isWanted =
-                std::any_of(some.begin(), some.end(), [=](int k) { return k == i || k == j; });
-            if (isWanted) ofSome.emplace_back(i, j);
-        }
-    auto const n = static_cast<int>(some.size());
-    mgBoxIndex_c const &index = scene.index;
-    CheckList<mgIndexPair_c>("all", all, [&](auto &to) { return index.clashes(tol, to); });
-    CheckList<mgIndexPair_c>("some", ofSome,
-                             [&](auto &to) { return index.clashesOf(some.data(), n, tol, to); });
+    int const count = scene.count(), n = static_cast<int>(some.size());
+    auto const all =
+        pairsOf(count, count, true, [&](int i, int j) { return scene.clashes(i, j, tol); });
+    std::vector<mgIndexPair_c> ofSome;
+    for (mgIndexPair_c const &pair : all)
+        if (std::any_of(some.begin(), some.end(),
+                        [&](int k) { return k == pair.first || k == pair.second; }))
+            ofSome.push_back(pair);
+    CheckList(all, [&](auto &to) { return scene.index.clashes(tol, to); });
+    CheckList(ofSome, [&](auto &to) { return scene.index.clashesOf(some.data(), n, tol, to); });
 }
 
 void CheckNear(Scene const &scene, mgBBox_c const &box, P const &p, double tol) {
-    CheckList<int>("box", loop(scene, [&](auto const &own) { return own.clash(&box, tol); }),
-                   [&](auto &to) { return scene.index.clashesWith(box, tol, to); });
-    CheckList<int>("point", loop(scene, [&](auto const &own) { return own.containsPoint(p, tol); }),
-                   [&](auto &to) { return scene.index.around(p, tol, to); });
+    CheckList(loop(scene, [&](auto const &own) { return own.clash(&box, tol); }),
+              [&](auto &to) { return scene.index.clashesWith(box, tol, to); });
+    CheckList(loop(scene, [&](auto const &own) { return own.containsPoint(p, tol); }),
+              [&](auto &to) { return scene.index.around(p, tol, to); });
 }
 
 void CheckLine(Scene const &scene, P const &p, U const &dir) {
-    CheckList<int>("line", loop(scene, [&](auto const &own) { return own.isRayHit(p, dir); }),
-                   [&](auto &to) { return scene.index.onLine(p, dir, to); });
+    CheckList(loop(scene, [&](auto const &own) { return own.isRayHit(p, dir); }),
+              [&](auto &to) { return scene.index.onLine(p, dir, to); });
     int first = -1;
     P nearest(9, 9, 9), hit = nearest, same = p;
     for (int i = 0; i < scene.count(); ++i) {
@@ -125,21 +96,13 @@ double anyTolerance(Random &random) {
 U anyDirection(Random &random, P const &from) {
     U dir;
     P const to = latticePoint(random);
-    switch (random.below(8)) {
-    case 0:
-        return random.hostile<U>();
-    case 1:
-        dir.set(1e-8, above(-1e-8), 1);
-        return dir;
-    case 2:
-    case 3:
-        dir[random.below(3)] = random.below(3) - 1;
-        return dir;
-    case 4:
-        return direction(random);
-    default:
-        return {to.x() - from.x(), to.y() - from.y(), to.z() - from.z()};
-    }
+    int const kind = random.below(8);
+    if (kind == 0) return random.hostile<U>();
+    if (kind == 4) return direction(random);
+    if (kind > 4) return {to.x() - from.x(), to.y() - from.y(), to.z() - from.z()};
+    if (kind == 1) dir.set(1e-8, above(-1e-8), 1);
+    if (kind > 1) dir[random.below(3)] = random.below(3) - 1;
+    return dir;
 }
 
 /// Fields as they are, which a copy would change.
@@ -194,13 +157,7 @@ TEST(BoxIndex, AnswersAsTheLoopsAlsoAfterMoves) {
 
 TEST(BoxIndex, ManyBoxesGiveLongLists) {
     Random random;
-    std::vector<mgBBox_c> boxes;
-    for (int k = 0; k < 1000; ++k) {
-        P const low(k % 10, k / 10 % 10, k / 100);
-        boxes.emplace_back(low, low + V(1, 1, 1));
-    }
-    for (int k = 999; k > 0; --k) std::swap(boxes.data()[k], boxes.data()[random.below(k + 1)]);
-    Scene scene(boxes, false);
+    Scene scene(shuffledGrid(random, 10), false);
     scene.build();
     for (int const simd : {0, 1}) {
         mg_SetUseVectorUnits(simd);
@@ -233,11 +190,8 @@ TEST(BoxIndex, RoundingFarFromTheOriginLosesNothing) {
 }
 
 TEST(BoxIndex, CrossedRodsThatAreApartInTheWorldsAxesAreFound) {
-    double const eighth = std::acos(-1.0) / 4;
-    Scene scene({{P(-2, -0.1, -0.1), P(2, 0.1, 0.1)}, {P(-0.1, -2, -0.1), P(0.1, 2, 0.1)}}, true);
-    place(mg_RestoreXform(mg_RotationMatrix(eighth, U(1, 0, 0), 0.0), V(), 1), scene.placement(0));
-    place(mg_RestoreXform(mg_RotationMatrix(eighth, U(0, 1, 0), 0.0), V(0, 0, 0.9), 1),
-          scene.placement(1));
+    Scene scene({rod(0), rod(1)}, true);
+    for (int const k : {0, 1}) place(rodPlacement(k), scene.placement(k));
     scene.build();
     EXPECT_TRUE(scene.clashes(0, 1, 0));
     CheckClashes(scene, kNaN, {1}); // the tolerance is ignored

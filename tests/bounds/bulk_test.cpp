@@ -34,13 +34,9 @@ std::vector<P> anyList(Random &random) {
 /// origin.
 mgBBox_c anyBox(Random &random) {
     P const p = random.triple<P>(-5.0, 5.0);
-    mgBBox_c const boxes[] = {mgBBox_c(),
-                              mgBBox_c(p, p),
-                              mgBBox_c(p, 3.0),
-                              mgBBox_c(p, 1e9),
-                              boxOf(p, 1.0, P(), p),
-                              boxOf({}, 10.0, {1.0, 1.0, 1.0}, {6.0, 6.0, 6.0}),
-                              boxOf({}, 10.0, {-6.0, -6.0, -6.0}, {-1.0, -1.0, -1.0})};
+    mgBBox_c const aside = boxOf(P(), 10, P(1, 1, 1), P(6, 6, 6));
+    mgBBox_c const opposite = boxOf(P(), 10, P(-6, -6, -6), P(-1, -1, -1));
+    mgBBox_c const boxes[] = {{}, {p, p}, {p, 3}, {p, 1e9}, boxOf(p, 1, P(), p), aside, opposite};
     mgBBox_c const box = boxes[random.below(7)];
     return random.below(4) == 0 ? withDouble(box, random.below(10), random.hostile()) : box;
 }

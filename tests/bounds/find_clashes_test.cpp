@@ -1,55 +1,25 @@
 // SPDX-License-Identifier: MIT
 // All clashes of many boxes, against the loop over the single tests.
 
-#include <vexmath/bulk.h>
-#include <vexmath/su_dynamic_array.h>
-
-#include <utility>
-#include <vector>
-
-#include "bounds/boxes.h"
+#include "bounds/lattice.h"
 
 namespace {
 
-using common::kInfinity;
-using common::Random;
-using P = mgPoint_c;
-using V = mgVector_c;
-using List = std::vector<std::pair<int, int>>;
+using namespace common;
 
-template <class Test>
-List loop(int countA, int countB, bool isSame, Test const &test) {
-    List list;
-    for (int i = 0; i < countA; ++i)
-        for (int j = isSame ? i + 1 : 0; j < countB; ++j)
-            if (test(i, j) != 0) list.emplace_back(i, j);
-    return list;
-}
-
-/// `find` must give the list with AVX2 and without it, in an array of that capacity.
+/// With AVX2 and without it.
 template <class Find>
-void CheckList(List const &expected, Find const &find) {
-    auto const count = static_cast<int>(expected.size());
-    for (int const simd : {1, 0}) {
+void CheckBoth(std::vector<mgIndexPair_c> const &expected, Find const &find, Caller = {}) {
+    for (int const simd : {0, 1}) {
         mg_SetUseVectorUnits(simd);
-        suDynamicArray<mgIndexPair_c> pairs;
-        pairs.Add({-1, -1});
-        ASSERT_EQ(count, find(pairs));
-        ASSERT_EQ(count, pairs.Count());
-        EXPECT_EQ(count == 0, pairs.Data() == nullptr);
-        List found;
-        for (int k = 0; k < count; ++k) found.emplace_back(pairs[k].first, pairs[k].second);
-        EXPECT_TRUE(expected == found);
+        CheckList(expected, find);
     }
-    mg_SetUseVectorUnits(1);
 }
 
-double const tolerances[] = {
-    0.0,          -0.0,          1e-8,      -1e-8,      5e-324,      -1e-300, 1e-16, 1e-9,  1e-7,
-    -1e-6,        1e-3,          -1e-3,     0.1,        -0.1,        0.25,    -0.25, 0.5,   -0.5,
-    0.999,        -0.999,        1.0,       -1.0,       -1.001,      2.0,     -2.0,  10.0,  1e3,
-    1e6,          1e8,           1e15,      1e30,       1e31,        1e39,    1e100, 1e155, 1e300,
-    common::kMax, -common::kMax, kInfinity, -kInfinity, common::kNaN};
+double const tolerances[] = {0,     -0.0,   1e-8, -1e-8, 5e-324,    -1e-300,    1e-9,  -1e-3,
+                             0.1,   -0.1,   0.25, -0.25, 0.5,       -0.5,       0.999, 1,
+                             -1,    -1.001, 2,    -2,    1e3,       1e8,        1e30,  1e39,
+                             1e155, 1e300,  kMax, -kMax, kInfinity, -kInfinity, kNaN};
 
 /// On a lattice, or off it by one unit in the last place, by the tolerance or by 1e-08.
 double coordinate(Random &random, double tol) {
@@ -67,27 +37,15 @@ mgBBox_c anyBox(Random &random, double tol, double size, double offset, int oddi
         for (int i = 0; i < 3; ++i) p[i] = coordinate(random, tol) * size + offset;
     mgBBox_c box(corners[0], corners[1]);
     double const r = box.sphRadius(), away = random.ofMagnitude(5.0, 11.0) * size;
-    switch (random.below(oddity)) {
-    case 0:
-        return common::withDouble(box, random.below(10), random.hostile());
-    case 1:
-        box.setSphereOnly(corners[1], random.uniform(0.0, 1.5) * size);
-        break;
-    case 2:
-        box.setSphereOnly(box.sphCenter(), r * (1.0 + random.uniform(-3e-9, 3e-9)));
-        break;
-    case 5: // barely reaches the farthest corner, or not
-        corners[0] = box.low() - V(away, away, away);
-        corners[1] = away > 0.0 ? box.high() : box.low();
-        box.setSphereOnly(corners[0],
-                          (corners[1] - corners[0]).len() * (1.0 - random.uniform(0.0, 2e-9)));
-        break;
-    case 3:
-        return {corners[0], corners[0]};
-    case 4:
-        return {};
-    default:
-        break;
+    int const kind = random.below(oddity);
+    if (kind == 0) return withDouble(box, random.below(10), random.hostile());
+    if (kind == 1) box.setSphereOnly(corners[1], random.uniform(0.0, 1.5) * size);
+    if (kind == 2) box.setSphereOnly(box.sphCenter(), r * (1.0 + random.uniform(-3e-9, 3e-9)));
+    if (kind == 3) return {corners[0], corners[0]};
+    if (kind == 4) return {};
+    if (kind == 5) { // barely reaches the farthest corner, or not
+        P const from = box.low() - V(away, away, away), to = away > 0.0 ? box.high() : box.low();
+        box.setSphereOnly(from, (to - from).len() * (1.0 - random.uniform(0.0, 2e-9)));
     }
     return box;
 }
@@ -110,26 +68,23 @@ int anyCount(Random &random) {
 
 TEST(FindClashes, GivesThePairsOfTheLoopInItsOrder) {
     Random random;
-    for (int round = 0; round < 1; ++round)
-        for (double const tol : tolerances) {
-            SCOPED_TRACE(testing::Message() << round << ", tolerance " << tol);
-            std::vector<mgBBox_c> const a = anyBoxes(random, anyCount(random), tol);
-            std::vector<mgBBox_c> const b = anyBoxes(random, anyCount(random), tol);
-            auto const n = static_cast<int>(a.size()), m = static_cast<int>(b.size());
-            CheckList(loop(n, n, true,
-                           [&](int i, int j) { return a.data()[i].clash(&a.data()[j], tol); }),
-                      [&](auto &to) { return mg_FindClashes(a.data(), n, tol, to); });
-            CheckList(loop(n, m, false,
-                           [&](int i, int j) { return a.data()[i].clash(&b.data()[j], tol); }),
-                      [&](auto &to) { return mg_FindClashes(a.data(), n, b.data(), m, tol, to); });
-        }
+    for (double const tol : tolerances) {
+        SCOPED_TRACE(tol);
+        int const n = anyCount(random), m = anyCount(random);
+        std::vector<mgBBox_c> const all = anyBoxes(random, n, tol), more = anyBoxes(random, m, tol);
+        mgBBox_c const *const a = all.data(), *const b = more.data();
+        CheckBoth(pairsOf(n, n, true, [=](int i, int j) { return a[i].clash(&a[j], tol); }),
+                  [=](auto &to) { return mg_FindClashes(a, n, tol, to); });
+        CheckBoth(pairsOf(n, m, false, [=](int i, int j) { return a[i].clash(&b[j], tol); }),
+                  [=](auto &to) { return mg_FindClashes(a, n, b, m, tol, to); });
+    }
 }
 
 /// By quarters within 1e-09 and beyond, by an eighth, mirrored, or any.
 mgMatrix_c anyRotation(Random &random) {
     mgUnitVector_c const axis = random.below(2) == 0
                                     ? mgUnitVector_c(random.below(2), random.below(2), 1.0)
-                                    : common::direction(random);
+                                    : direction(random);
     double const quarter = std::acos(0.0);
     double const angles[] = {0.0, random.below(4) * quarter, 0.5 * quarter,
                              quarter + random.uniform(-2e-9, 2e-9), random.uniform(-3.0, 3.0)};
@@ -149,38 +104,23 @@ void place(Random &random, double size, int oddity, mgXform_c &x) {
     if (random.below(6) == 0) shift = random.triple<V>(-2e-8, 2e-8);
     if (random.below(4) == 0) scale += random.uniform(-2e-8, 2e-8);
     if (random.below(4) == 0) scale *= 3.0;
-    switch (random.below(oddity)) {
-    case 0:
-        scale = random.ofMagnitude(-3.5, 3.5);
-        break;
-    case 1:
-        scale = random.hostile();
-        break;
-    case 2:
-        turn[random.below(9)] += random.ofMagnitude(-9.5, -1.0);
-        break;
-    case 3: // flagged as identity
-        turn = mgMatrix_c();
-        turn[1] = 0.5;
-        break;
-    case 4:
-        shift = V(random.hostile(), 1.0, 2.0);
-        break;
-    default:
-        break;
-    }
+    int const kind = random.below(oddity);
+    if (kind == 0) scale = random.ofMagnitude(-3.5, 3.5);
+    if (kind == 1) scale = random.hostile();
+    if (kind == 2) turn[random.below(9)] += random.ofMagnitude(-9.5, -1.0);
+    if (kind == 3) turn = mgMatrix_c(), turn[1] = 0.5; // flagged as identity
+    if (kind == 4) shift = V(random.hostile(), 1.0, 2.0);
     x.SetHelper({turn, shift, scale, random.below(2), nullptr});
     if (random.below(4 * oddity) == 0) x.addPerspectiveInfo(mgPerspInfo_c(0.0, 0.0, -9.0, 2.0));
 }
 
 void CheckPlaced(std::vector<mgBBox_c> const &boxes, std::vector<mgXform_c> const &placements) {
     auto const n = static_cast<int>(boxes.size());
-    auto const test = [&](int i, int j) {
-        return mgBBox_c::clash(boxes.data()[i], placements.data()[i], boxes.data()[j],
-                               placements.data()[j]);
-    };
-    CheckList(loop(n, n, true, test),
-              [&](auto &to) { return mg_FindClashes(boxes.data(), placements.data(), n, to); });
+    mgBBox_c const *const a = boxes.data();
+    mgXform_c const *const x = placements.data();
+    CheckBoth(
+        pairsOf(n, n, true, [=](int i, int j) { return mgBBox_c::clash(a[i], x[i], a[j], x[j]); }),
+        [=](auto &to) { return mg_FindClashes(a, x, n, to); });
 }
 
 TEST(FindClashes, GivesThePlacedPairsOfTheLoopInItsOrder) {
@@ -200,18 +140,11 @@ TEST(FindClashes, GivesThePlacedPairsOfTheLoopInItsOrder) {
 }
 
 TEST(FindClashes, FindsCrossedRodsThatAreApartInTheWorldsAxes) {
-    // Rods along x and y, each rotated by an eighth about itself, one above the other. Each frame
-    // sees the other rod as a wide box, so that they clash up to half their length apart.
-    P const alongX(2.0, 0.1, 0.1), alongY(0.1, 2.0, 0.1);
-    double const eighth = std::acos(-1.0) / 4.0;
     std::vector<mgBBox_c> boxes;
     std::vector<mgXform_c> placements;
     for (int k = 0; k < 50; ++k) {
-        P const &half = k % 2 == 0 ? alongX : alongY;
-        mgUnitVector_c const axis(1 - k % 2, k % 2, 0.0);
-        boxes.emplace_back(P(V(half) * -1.0), half);
-        placements.push_back(
-            mg_RestoreXform(mg_RotationMatrix(eighth, axis, 0.0), V(0.0, 0.0, 0.9 * k), 1.0));
+        boxes.push_back(rod(k));
+        placements.push_back(rodPlacement(k));
     }
     EXPECT_EQ(1, mgBBox_c::clash(boxes[0], placements[0], boxes[1], placements[1]));
     CheckPlaced(boxes, placements);
@@ -220,26 +153,21 @@ TEST(FindClashes, FindsCrossedRodsThatAreApartInTheWorldsAxes) {
 /// Grids whose boxes touch 26 others, with plates through them.
 TEST(FindClashes, ManyPairsAreSorted) {
     Random random;
-    std::vector<mgBBox_c> boxes;
-    for (int k = 0; k < 1728; ++k) {
-        P const low(k % 12, k / 12 % 12, k / 144);
-        boxes.emplace_back(low, low + V(1.0, 1.0, 1.0));
-    }
+    std::vector<mgBBox_c> boxes = shuffledGrid(random, 12);
     for (int k = 0; k < 12; ++k) boxes.emplace_back(P(k, 0.0, 0.0), P(k + 0.01, 12.0, 12.0));
-    for (int k = 1739; k > 0; --k) std::swap(boxes.data()[k], boxes.data()[random.below(k + 1)]);
-    auto const test = [&](int i, int j) { return boxes.data()[i].clash(&boxes.data()[j], 0.0); };
-    CheckList(loop(1740, 1740, true, test),
-              [&](auto &to) { return mg_FindClashes(boxes.data(), 1740, 0.0, to); });
+    mgBBox_c const *const a = boxes.data();
+    CheckBoth(pairsOf(1740, 1740, true, [=](int i, int j) { return a[i].clash(&a[j], 0.0); }),
+              [=](auto &to) { return mg_FindClashes(a, 1740, 0.0, to); });
 }
 
 TEST(FindClashes, NothingIsFoundAmongNoBoxes) {
-    mgBBox_c const box = common::cube(0.0, 1.0);
+    mgBBox_c const box = cube(0.0, 1.0);
     for (int const none : {0, -1, std::numeric_limits<int>::min()}) {
         using To = suDynamicArray<mgIndexPair_c>;
-        CheckList({}, [=](To &to) { return mg_FindClashes(nullptr, none, 0.0, to); });
-        CheckList({}, [=](To &to) { return mg_FindClashes(nullptr, nullptr, none, to); });
-        CheckList({}, [&](To &to) { return mg_FindClashes(&box, 1, nullptr, none, 0.0, to); });
-        CheckList({}, [&](To &to) { return mg_FindClashes(nullptr, none, &box, 1, 0.0, to); });
+        CheckBoth({}, [=](To &to) { return mg_FindClashes(nullptr, none, 0.0, to); });
+        CheckBoth({}, [=](To &to) { return mg_FindClashes(nullptr, nullptr, none, to); });
+        CheckBoth({}, [&](To &to) { return mg_FindClashes(&box, 1, nullptr, none, 0.0, to); });
+        CheckBoth({}, [&](To &to) { return mg_FindClashes(nullptr, none, &box, 1, 0.0, to); });
     }
 }
 

@@ -23,15 +23,13 @@ TEST(Parallelogram, PointsInsideReachTheEdges) {
     auto const check = [](bool expected, mgParallelogram_c const &plate, P const &p, Caller = {}) {
         EXPECT_EQ(expected, plate.isPointInside(p)) << shown(p);
     };
-    check(true, square, origin);
-    check(true, square, {1, 1, 0});
+    check(true, square, origin), check(true, square, {1, 1, 0});
     check(true, square, {0.5, 0.5, below(1e-08)});
     check(false, square, {0.5, 0.5, -1e-08}); // off the plane
     check(false, square, {above(1), 0.5, 0});
     check(false, square, {0.5, above(1), 0});
     check(false, square, {0.5, -1e-9, 0}); // no tolerance within the plane
-    check(false, square, {kNaN, 0.5, 0});
-    check(true, skew, {4.5, 4, 1});
+    check(false, square, {kNaN, 0.5, 0}), check(true, skew, {4.5, 4, 1});
     check(false, skew, {1.5, 4, 1});
     // Between parallel edges, also by rounding alone, only the corner is inside.
     U const slanted(1, 2, 3), sameButForRounding(1.0 / 3.0, 2.0 / 3, 1);
@@ -48,8 +46,7 @@ TEST(Parallelogram, ANullEdgeDirectionBoundsNothing) {
         EXPECT_EQ(expected, plate.isPointInside(p)) << shown(p);
     };
     for (P const &p : {P(0.5, 0, 0), P(2, -9, 0), P(0, 0, 3)}) { // between x = 0 and 2
-        check(true, xAxis, U(), p);
-        check(true, U(), xAxis, p);
+        check(true, xAxis, U(), p), check(true, U(), xAxis, p);
         check(true, U(), U(), p);
     }
     for (double const x : {-1e-09, above(2), kNaN}) {
@@ -77,6 +74,9 @@ TEST(Parallelogram, TheFarCornerIsNeverTheHighPoint) {
 }
 
 TEST(GeneralBox, WithoutALengthNothingIsWritten) {
+    mgParallelogram_c const none;
+    EXPECT_FALSE(none.isValid());
+    EXPECT_BITS_EQ(V(), V(0, mgGeneralBox_c().getBoxLen_v1(), mgGeneralBox_c().getBoxLen_v3()));
     for (int k = 0; k < 9; ++k) {
         P len(1, 1, 1);
         len[k % 3] = k < 3 ? 0 : k < 6 ? -1 : kNaN;

@@ -1,8 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Boxes and placements that often touch, or miss each other by what decides.
+// Boxes and placements that often touch, or miss each other by what decides, and lists of those
+// that clash.
 
 #ifndef VEXMATH_TESTS_BOUNDS_LATTICE_H
 #define VEXMATH_TESTS_BOUNDS_LATTICE_H
+
+#include <vexmath/bulk.h>
+#include <vexmath/su_dynamic_array.h>
+
+#include <vector>
 
 #include "bounds/boxes.h"
 
@@ -43,6 +49,51 @@ inline mgXform_c matingPlacement(Random &random, mgXform_c const &frame) {
          * frame)
             .rotation(),
         shift * frame, scales[random.below(7)]);
+}
+
+/// Boxes of size 1 whose corners are all whole numbers from 0 to count, in any order.
+inline std::vector<mgBBox_c> shuffledGrid(Random &random, int count) {
+    std::vector<mgBBox_c> boxes;
+    for (int k = 0; k < count * count * count; ++k) {
+        P const low(k % count, k / count % count, k / (count * count));
+        boxes.emplace_back(low, low + V(1, 1, 1));
+        std::swap(boxes.back(), boxes.data()[random.below(k + 1)]);
+    }
+    return boxes;
+}
+
+/// Rods along x and y by turns, each rotated by an eighth about itself, one above the other. Each
+/// frame sees the other rod as a wide box, so that they clash up to half their length apart.
+inline mgBBox_c rod(int k) {
+    P const half = k % 2 == 0 ? P(2, 0.1, 0.1) : P(0.1, 2, 0.1);
+    return {P(V(half) * -1.0), half};
+}
+inline mgXform_c rodPlacement(int k) {
+    mgMatrix_c const eighth = mg_RotationMatrix(std::atan(1.0), U(1 - k % 2, k % 2, 0), 0.0);
+    return mg_RestoreXform(eighth, V(0, 0, 0.9 * k), 1);
+}
+
+/// The pairs that pass the test, in the order of a loop over them.
+template <class Test>
+std::vector<mgIndexPair_c> pairsOf(int countA, int countB, bool isSame, Test const &test) {
+    std::vector<mgIndexPair_c> list;
+    for (int i = 0; i < countA; ++i)
+        for (int j = isSame ? i + 1 : 0; j < countB; ++j)
+            if (test(i, j) != 0) list.push_back({i, j});
+    return list;
+}
+
+/// `find` must give the expected list, in an array of that capacity.
+template <class T, class Find>
+void CheckList(std::vector<T> const &expected, Find const &find, Caller = {}) {
+    suDynamicArray<T> list;
+    list.Add(T());
+    auto const count = static_cast<int>(expected.size());
+    ASSERT_EQ(count, find(list));
+    ASSERT_EQ(count, list.Count());
+    ASSERT_EQ(count == 0, list.Data() == nullptr);
+    if (count == 0) return;
+    EXPECT_EQ(0, std::memcmp(expected.data(), list.Data(), expected.size() * sizeof(T)));
 }
 
 } // namespace common

@@ -87,9 +87,9 @@ TEST(RayHit, ALineHitsBehindItsPointToo) {
 
 TEST(LimitRay, TheRangeSpansTheCornersOfUnsetBoxesToo) {
     double tmin = 0, tmax = 0;
-    unset.limitRay(P(1, 1, 1), U(0, 0.6, -0.8), &tmin, &tmax);
-    EXPECT_DOUBLE_EQ(tmin, -0.6 - 1.6);
-    EXPECT_DOUBLE_EQ(tmax, 0.6 + 0.8);
+    unset.limitRay(P(7, -10, 5), U(0, 0.6, -0.8), &tmin, &tmax);
+    EXPECT_DOUBLE_EQ(tmin, 6 + 1.6);
+    EXPECT_DOUBLE_EQ(tmax, 7.2 + 4);
 }
 
 TEST(FindBBox, ThePlanarExtentIsTransformedAndGrown) {

@@ -17,6 +17,13 @@ using P = mgPoint_c;
 using V = mgVector_c;
 using U = mgUnitVector_c;
 
+/// Have the enumerators, which callers store, the numbers from 0 on?
+template <class... Enumerator>
+constexpr bool areNumbered(Enumerator... each) {
+    int number = 0;
+    return (... && (each == number++));
+}
+
 /// What an output holds that no function wrote.
 inline P const untouched(77.0, 77.0, 77.0);
 
@@ -64,6 +71,9 @@ std::wstring textOf(T const &object) {
     object.saveStringRep(text);
     return static_cast<wchar_t const *>(text);
 }
+
+/// Exchanges the axes, x to y to z, then scales by 3, so that no coordinate stays in its place.
+inline mgXform_c const moved = mg_RestoreXform({U(0, 1, 0), {0, 0, 1}, {1, 0, 0}}, {2, 0, 1}, 3.0);
 
 inline U direction(Random &random) {
     for (;;) {

@@ -1,75 +1,20 @@
 // SPDX-License-Identifier: MIT
-// Prints one number for each family of operations, made of every bit of their results on a fixed
-// stream of inputs. The same lines come from every compiler, optimisation and word size. Nothing
-// here calls a trigonometric function: those belong to the C library and differ between libraries.
+// Prints one line for each exported operation, and for families of operations that callers inline.
+// A line is made of every bit of the results for a fixed stream of arguments, and is the same from
+// every compiler, optimisation and word size. What depends on the trigonometric functions of the C
+// library has lines of its own, with numbers: those functions differ between C libraries.
 
-#include <vexmath/vexmath.h>
+#include "golden/golden.h"
 
+#include <algorithm>
 #include <cinttypes>
-#include <cmath>
-#include <cstdint>
 #include <cstdio>
-#include <cstring>
-
-#include "common/generator.h"
 
 namespace {
 
+using namespace golden;
+
 constexpr int rounds = 20000;
-
-/// Numbers of ordinary, tiny and large size.
-class Stream {
-public:
-    double next() {
-        double const unit = generator_.unit();
-        double const sizes[] = {1.0, 1.0, 100.0, 1e-9, 1e7};
-        return (unit - 0.5) * sizes[(generator_.step() >> 33) % 5];
-    }
-    mgVector_c vector() {
-        double const x = next(), y = next(), z = next();
-        return {x, y, z};
-    }
-    mgPoint_c point() { return vector(); }
-    mgUnitVector_c direction() {
-        mgVector_c const v = vector();
-        return {v.x(), v.y(), v.z()};
-    }
-    mgXform_c placement() {
-        mgUnitVector_c const z = direction(), x = direction();
-        mgVector_c const origin = vector();
-        return mg_RestoreXform(mgXform_c(z, x, origin).rotation(), origin, 0.5 + std::fabs(next()));
-    }
-
-private:
-    common::Generator generator_{1};
-};
-
-/// FNV-1a over the bits of what it is given. Every NaN counts as the same.
-class Bits {
-public:
-    template <class... T>
-    void add(T const &...values) {
-        (take(values), ...);
-    }
-    void addAll(double const *values, int count) {
-        for (int k = 0; k < count; ++k) take(values[k]);
-    }
-    std::uint64_t value() const { return hash_; }
-
-private:
-    void take(double value) {
-        std::uint64_t word = 0x7FF8000000000000u;
-        if (!std::isnan(value)) std::memcpy(&word, &value, sizeof word);
-        for (int shift = 0; shift < 64; shift += 8)
-            hash_ = (hash_ ^ ((word >> shift) & 0xFF)) * 0x100000001B3u;
-    }
-    void take(mgVector_c const &v) { add(v.x(), v.y(), v.z()); }
-    void take(mgMatrix_c const &m) { addAll(&m[0], 9); }
-    void take(mgXform_c const &x) { add(x.rotation(), x.translation(), x.scaling()); }
-    void take(mgBBox_c const &box) { add(box.low(), box.high(), box.sphCenter(), box.sphRadius()); }
-
-    std::uint64_t hash_ = 0xCBF29CE484222325u;
-};
 
 void vectors(Stream &in, Bits &out) {
     mgVector_c const a = in.vector(), b = in.vector();
@@ -163,6 +108,8 @@ void index(Stream &in, Bits &out) {
         out.add(boxIndex.build(boxes, placed, count));
         for (int i = 0; i < count; i += 7) boxIndex.move(i, {in.point(), in.point()});
         boxIndex.place(1, placements[2]);
+        mgBoxIndex_c other(std::move(boxIndex));
+        boxIndex = std::move(other);
         suDynamicArray<mgIndexPair_c> pairs;
         int const some[] = {3, 7, 3};
         out.add(boxIndex.clashes(1e-8, pairs));
@@ -221,24 +168,61 @@ void numerics(Stream &in, Bits &out) {
     out.add(m);
 }
 
-void print(char const *name, void (*family)(Stream &, Bits &), int times = rounds) {
+void print(std::uint64_t bits, char const *name) { std::printf("%016" PRIx64 " %s\n", bits, name); }
+
+void family(char const *name, void (*run)(Stream &, Bits &), int times = rounds) {
     Stream in;
     Bits out;
-    for (int i = 0; i < times; ++i) family(in, out);
-    std::printf("%-10s %016" PRIx64 "\n", name, out.value());
+    for (int i = 0; i < times; ++i) run(in, out);
+    print(out.value(), name);
+}
+
+char const *nameOf(Row const &row) { return row.name + (row.name[0] == '&'); }
+
+/// Arguments of each kind in turn.
+void exact(Row const &row) {
+    constexpr Numbers kinds[] = {Numbers::ordinary, Numbers::wide, Numbers::lattice,
+                                 Numbers::hostile};
+    Stream in;
+    Bits out;
+    for (int i = 0; i < 400; ++i) {
+        in.become(kinds[i % 4]);
+        row.run(in, out);
+    }
+    print(out.value(), nameOf(row));
+}
+
+/// How many numbers the results have, and a sample of them.
+void trigonometric(Row const &row) {
+    constexpr std::size_t most = 24;
+    Stream in(Numbers::tame);
+    std::vector<double> numbers;
+    Bits out;
+    out.numbers = &numbers;
+    for (std::size_t i = 0; i < most && numbers.size() < most; ++i) row.run(in, out);
+    std::size_t const count = numbers.size(), shown = std::min(count, most);
+    std::printf("trig %zu %zu", shown + 1, count);
+    for (std::size_t k = 0; k < shown; ++k) std::printf(" %.17g", numbers[k * count / shown]);
+    std::printf(" %s\n", nameOf(row));
 }
 
 } // namespace
 
 int main() {
-    print("vectors", vectors);
-    print("matrices", matrices);
-    print("transforms", transforms);
-    print("bulk", bulk);
-    print("products", products);
-    print("clashes", clashes, rounds / 50);
-    print("index", index, rounds / 50);
-    print("queries", queries);
-    print("boxes", boxes);
-    print("numerics", numerics);
+    mg_SetUseVectorUnits(mg_GetUseVectorUnits()); // as they are
+    family("vectors", vectors);
+    family("matrices", matrices);
+    family("transforms", transforms);
+    family("bulk", bulk);
+    family("products", products);
+    family("clashes", clashes, rounds / 50);
+    family("index", index, rounds / 50);
+    family("queries", queries);
+    family("boxes", boxes);
+    family("numerics", numerics);
+    for (auto const rows : {transformRows, boundsRows, queryRows, supportRows}) {
+        Rows const both = rows();
+        for (Row const &row : both.exact) exact(row);
+        for (Row const &row : both.trigonometric) trigonometric(row);
+    }
 }

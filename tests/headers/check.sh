@@ -1,15 +1,29 @@
 #!/bin/bash
-# Compiles every installed header alone and first, twice in a row, under each compiler that is here
-# and each standard of C++ from 17 on, with every warning an error; the headers for C callers also
-# as C.
+# Compiles every installed header alone and first, twice in a row, under each compiler that is here,
+# with every warning an error; the headers for C callers also as C. Standards of C++ from 20 on get
+# all headers together.
 #   check.sh <source folder>
 set -euo pipefail
 
 export source_dir=$1
-mapfile -t headers < <(cd "$source_dir/include" && ls vexmath/*.h vexmath/detail/*.h
+mapfile -t headers < <(cd "$source_dir/include" &&
+                       ls vexmath/*.h vexmath/detail/*.h vexmath/interop/{numbers,span}.h
                        cd "$source_dir/src/platform/include" && ls vexmath_platform/*.h)
+interop=()
 c_headers=(vexmath/dynamic_array.h vexmath/gfxmath.h)
 failures=0
+
+# The headers for other libraries: those whose library is here.
+libraries=$(pkg-config --cflags-only-I eigen3 2>/dev/null | sed 's/-I/-isystem /g; s/ *$//') || true
+for pair in eigen:Eigen/Core glm:glm/glm.hpp imath:Imath/ImathVec.h \
+    nlohmann_json:nlohmann/json.hpp; do
+    # shellcheck disable=SC2086  # the options are words
+    if echo "#include <${pair#*:}>" | c++ -E $libraries -x c++ - >/dev/null 2>&1; then
+        interop+=("vexmath/interop/${pair%:*}.h")
+    else
+        echo "no <${pair#*:}> here, <vexmath/interop/${pair%:*}.h> is skipped"
+    fi
+done
 
 # shellcheck disable=SC2317  # xargs calls it
 # compile <standard> <header> <compiler and its options...>
@@ -33,7 +47,10 @@ check() {
 
 for pair in g++:gcc clang++:clang; do
     command -v "${pair%:*}" >/dev/null || { echo "no ${pair%:*} here, skipped"; continue; }
-    check "${pair%:*}" "c++17 c++20 c++2b" "${headers[@]}"
+    check "${pair%:*}" "c++17" "${headers[@]}"
+    check "${pair%:*}" "c++20 c++2b" vexmath/vexmath.h vexmath/format.h vexmath/hash.h \
+        vexmath/interop/span.h
+    check "${pair%:*}${libraries:+ $libraries}" "c++17 c++20" "${interop[@]}"
     check "${pair#*:}" "c99 c17 c2x" "${c_headers[@]}"
 done
 

@@ -24,31 +24,62 @@ Eigen eigensystem(mgMatrix_c const &m) {
     return e;
 }
 
-TEST(Eigen, PairsAreSortedAndBelongToEachOther) {
-    Random random;
-    for (int i = 0; i < 3000; ++i) {
-        auto const d = random.triple<V>(-1, 1), t = random.triple<V>(-1, 1);
-        double const off = std::pow(10.0, 3 - i % 10); // from 1e3 to 1e-6
-        mgMatrix_c const m =
-            symmetric(d.x(), d.y(), d.z(), off * t.x(), off * t.y(), i % 3 * off * t.z());
-        Eigen const e = eigensystem(m);
-        ASSERT_LE(e.values[0], e.values[1]);
-        ASSERT_LE(e.values[1], e.values[2]);
-        for (int k = 0; k < 3; ++k) {
-            V const mapped = m * P(e.vectors[k]);
-            ASSERT_LT(gap(mapped, e.values[k] * e.vectors[k]), 1e-11);
+/// The classical iteration, which clears the largest element off the diagonal, step by step.
+Eigen eigensystemLiterally(mgMatrix_c m) {
+    double v[3][3] = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
+    int order[3] = {0, 1, 2}, ended = 0;
+    for (int n = 0; n < 51 && ended == 0; ++n) {
+        int p = 1, q = 0;
+        for (int const other : {0, 1})
+            if (std::fabs(m(2, other)) >= std::fabs(m(p, q))) p = 2, q = other;
+        double const x = m(p, q), h = m(q, q) - m(p, p), u = h / (2 * x), size = std::fabs(u);
+        ended = std::fabs(h) < 1e-13 && std::fabs(2 * x) < 1e-13;
+        if (ended != 0) break;
+        double const root = (u > 0 ? 1 : -1) / (std::sqrt(u * u + 1) + size);
+        double const t = size <= 1e13 ? root : x / h;
+        double const c = 1 / std::sqrt(t * t + 1), s = t * c, tau = s / (c + 1);
+        int const r = 3 - p - q;
+        double const rp = m(p, r), rq = m(q, r);
+        m(p, p) -= t * x, m(q, q) += t * x;
+        m(p, q) = m(q, p) = 0;
+        m(p, r) = m(r, p) = rp - s * (rq + rp * tau);
+        m(q, r) = m(r, q) = rq + s * (rp - rq * tau);
+        for (int i = 0; i < 3; ++i) {
+            double const vp = v[p][i], vq = v[q][i];
+            v[p][i] = c * vp - s * vq, v[q][i] = c * vq + s * vp;
         }
+        ended = std::fabs(m(1, 0)) + std::fabs(m(2, 0)) + std::fabs(m(2, 1)) <= 1e-20;
     }
+    for (auto const &[i, j] : {std::pair(0, 1), std::pair(0, 2), std::pair(1, 2)})
+        if (m(order[j], order[j]) < m(order[i], order[i])) std::swap(order[i], order[j]);
+    Eigen e{ended, {}, {}};
+    for (int k = 0; k < 3; ++k) e.values[k] = m(order[k], order[k]), e.vectors[k] = U(v[order[k]]);
+    return e;
 }
 
-TEST(Eigen, IterationEndsByFixedBounds) {
-    auto const rotated = [](double off) {
-        return eigensystem(symmetric(1, 1, 1, off, 0, 0)).vectors[0].x() < 1.0;
-    };
-    EXPECT_FALSE(rotated(below(1e-13) / 2));
-    EXPECT_TRUE(rotated(1e-13 / 2)); // by an eighth of a full turn
+void CheckLiterally(mgMatrix_c const &m, Caller = {}) {
+    Eigen const expected = eigensystemLiterally(m), e = eigensystem(m);
+    EXPECT_EQ(expected.converged, e.converged);
+    EXPECT_BITS_EQ(V(expected.values), V(e.values));
+    for (int k = 0; k < 3; ++k) EXPECT_BITS_EQ(expected.vectors[k], e.vectors[k]);
+}
+
+TEST(Eigen, PairsAreSortedAndThoseOfThePlainSteps) {
+    for (double const off : {below(1e-13), 1e-13})
+        CheckLiterally(symmetric(1, 1, 1, off / 2, 0, 0));
     // Elements off the diagonal do not end it although the diagonal absorbs them.
-    EXPECT_EQ(0, eigensystem(symmetric(1e17, 1e17, 1e17, 1, 0, 2)).converged);
+    CheckLiterally(symmetric(1e17, 1e17, 1e17, 1, 0, 2));
+    Random random;
+    for (int i = 0; i < 3000 && !HasFailure(); ++i) {
+        double k[6]; // ties, or any sizes
+        for (double &x : k) x = i % 3 == 0 ? random.below(5) - 2 : random.ofMagnitude(-i % 16, 2);
+        mgMatrix_c const m = symmetric(k[0], k[1], k[2], k[3], k[4], k[5]);
+        Eigen const e = eigensystem(m);
+        CheckLiterally(m);
+        EXPECT_TRUE(std::is_sorted(e.values, e.values + 3));
+        for (int j = 0; j < 3; ++j)
+            ASSERT_LT(gap(m * P(e.vectors[j]), e.values[j] * e.vectors[j]), 1e-12);
+    }
 }
 
 TEST(Eigen, HostileMatricesEndAndHaveANullSpace) {

@@ -19,13 +19,11 @@ TEST(NullSpace, DimensionGoesByFixedBounds) {
     };
     double const tiny = below(1e-8), more = above(1e-8);
     check(1, {1, 1, 1e-8}); // determinant of exactly 1e-08
-    check(0, {1, -1, more});
-    check(1, {1, -1, more}, true);
-    check(3, {tiny, -tiny, tiny});
-    check(2, {tiny, 1e-8, -tiny});
+    check(1, {0.5, 1, 1e-9}), check(1, {1, 1e-9, 0.5}), check(1, {1e-9, 0.5, 1});
+    check(0, {1, -1, more}), check(1, {1, -1, more}, true);
+    check(3, {tiny, -tiny, tiny}), check(2, {tiny, 1e-8, -tiny});
     // The square of 1e-08 is the bound of the cross product, a step above 1e-16.
-    check(1, {1, 1e-8, 0});
-    check(2, {1, tiny, 0});
+    check(1, {1, 1e-8, 0}), check(2, {1, tiny, 0});
     check(0, {kNaN, 1, 1});
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Real roots of quadratics and cubics.
 
+#include <algorithm>
 #include <vector>
 
 #include "common/geometry.h"
@@ -10,6 +11,8 @@ namespace {
 using namespace common;
 
 constexpr double untouched = -777.0;
+static_assert(areNumbered(mgGoodEqu3_ThreeRoots, mgGoodEqu3_TripleRoot, mgGoodEqu3_LowerPairEqual,
+                          mgGoodEqu3_UpperPairEqual, mgGoodEqu3_Failed));
 
 void CheckQuadratic(double a, double b, double c, std::vector<double> const &expected) {
     double roots[2];
@@ -77,20 +80,51 @@ TEST(Roots, AFallingCubicIsHalvedAtEveryStep) {
     }
 }
 
-void CheckLeast(double a, double b, double c, double d, double root, Caller = {}) {
-    double roots[3];
-    mg_solveCubic(a, b, c, d, roots);
-    EXPECT_EQ(root, roots[0]) << a << " " << b << " " << c << " " << d;
+/// The root that the search finds step by step: a secant, a half, a secant, ...
+double searchedLiterally(double a, double b, double c, double d) {
+    auto const f = [=](double x) { return ((a * x + b) * x + c) * x + d; };
+    double critical[2], low = -1, high = 1, atLow = f(low), atHigh = f(high);
+    int const count = mg_solveQuadratic(3 * a, 2 * b, c, critical);
+    for (int i = 0; i < count; ++i)
+        if (std::fabs(f(critical[i])) <= 1e-13) return critical[i];
+    for (; atLow * atHigh > 0; atLow = f(low), atHigh = f(high)) low *= 3, high *= 3;
+    for (int k = 1; k <= 101; ++k) {
+        double const width = high - low, rise = atHigh - atLow;
+        if (width <= 1e-13 && std::fabs(atHigh) + std::fabs(atLow) <= 1e-13) break;
+        double x = (low + high) / 2, inset = width >= 3e-10 ? 1e-10 : 0;
+        if (k % 2 != 0 && rise > 1e-13)
+            x = std::clamp((atHigh * low - atLow * high) / rise, low + inset, high - inset);
+        double const value = f(x);
+        bool const replacesHigh = atHigh * value > 0;
+        (replacesHigh ? high : low) = x, (replacesHigh ? atHigh : atLow) = value;
+    }
+    return std::fabs(atHigh) < std::fabs(atLow) ? high : low;
 }
 
-// The expected roots are those of the search step by step: predicting steps changes no bit.
+void CheckSearch(double a, double b, double c, double d, Caller = {}) {
+    double roots[3];
+    int const count = mg_solveCubic(a, b, c, d, roots);
+    EXPECT_NE(roots + count, std::find(roots, roots + count, searchedLiterally(a, b, c, d)))
+        << a << ", " << b << ", " << c << ", " << d;
+}
+
+// Predicting steps changes no bit.
 TEST(Roots, OfACubicAreThoseOfThePlainSearch) {
-    CheckLeast(6, 6.5, 1, 8, -0x1.89d38f55be67dp+0);             // one idle step does not end it
-    CheckLeast(-4, 3, 10, -2.5, -0x1.622e00d16240ep+0);          // a secant leaves a value of 0
-    CheckLeast(10, -65, 10, -19000, 0x1.de297b8774a2fp+3);       // a middle does
-    CheckLeast(-3.81, -2.77, 2.37, 0.34, -0x1.3003f325f50b9p+0); // a guess at another root
-    CheckLeast(-1, 5, -7.5, 3, 0x1.4498517a7b3p-1);              // found soon after the guess
-    CheckLeast(-1, 6.19, -3.29, 1.75e12, 0x1.78a633076e1fp+13);  // too large for exact halves
+    CheckSearch(6, 6.5, 1, 8);             // one idle step does not end it
+    CheckSearch(-4, 3, 10, -2.5);          // a secant leaves a value of 0
+    CheckSearch(10, -65, 10, -19000);      // a middle does
+    CheckSearch(-1, 5, -7.5, 3);           // found soon after the guess
+    CheckSearch(-1, 6.19, -3.29, 1.75e12); // too large for exact halves
+    CheckSearch(-1, 0, -1e6, -1e-12);      // the guess rounds to the upper end
+    Random random;
+    for (int i = 0; i < 60000 && !HasFailure(); ++i) {
+        double k[4];
+        for (double &x : k) {
+            double const size = i % 3 != 0 ? std::exp2(random.uniform(-30, 30)) : 1.0;
+            x = i % 3 == 1 ? size : size * (random.below(321) - 160) / 8;
+        }
+        if (std::fabs(k[0]) >= 1e-13) CheckSearch(k[0], k[1], -k[2], k[3]);
+    }
 }
 
 TEST(Roots, EveryHostileEquationEnds) {
@@ -119,7 +153,8 @@ TEST(Roots, OfACharacteristicCubicDescend) {
     CheckGood(3, 4, 1, mgGoodEqu3_Failed);        // P < 0: complex roots
     CheckGood(0, 11, 6, mgGoodEqu3_Failed);
     CheckGood(6, kNaN, 6, mgGoodEqu3_Failed);
-    CheckGood(6, 11, 0, mgGoodEqu3_Failed);
+    CheckGood(3, 2, 0, mgGoodEqu3_Failed); // of the roots 2, 1 and 0
+    CheckGood(3, 0, 0.1, mgGoodEqu3_Failed);
 }
 
 // With a = 3 and b = 2.25 the cosine is 4 c - 1.

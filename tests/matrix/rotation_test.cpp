@@ -15,7 +15,9 @@ TEST(Rotation, RotatesCounterClockwiseAboutItsAxis) {
         double const angle = random.uniform(-10, 10), c = std::cos(angle), s = std::sin(angle);
         U const a = direction(random);
         mgMatrix_c const m = mg_RotationMatrix(angle, 3.0 * a, 0.0);
+        mgMatrix_c const n = mg_RotationMatrix(random.uniform(-3, 3), direction(random), 0.0);
         auto const v = random.triple<V>(-1, 1);
+        ASSERT_LT(gap(v * m * n, v * (m * n)), 2e-15);
         ASSERT_LT(gap(c * v + s * (a * v) + ((1 - c) * (a % v)) * a, v * m), 2e-15);
 
         U const axis = m.getRotationAxis();
@@ -29,6 +31,10 @@ TEST(Rotation, RotatesCounterClockwiseAboutItsAxis) {
     EXPECT_BITS_EQ(x, mgMatrix_c().getRotationAxis());
     for (auto const &n : {x, y, z}) // too small for a cross product: the column that moves least
         EXPECT_BITS_EQ(n, mg_RotationMatrix(1e-9, n, 0.0).getRotationAxis());
+    for (U const &n : {U(1, 1e-6, 2e-6), U(2e-6, -1, 1e-6), U(1e-6, 2e-6, 1)}) {
+        U const axis = mg_RotationMatrix(1.0, n, 0.0).getRotationAxis();
+        EXPECT_LT(gap(axis % n < 0.0 ? -axis : axis, n), 1e-14); // by the widest cross product
+    }
 }
 
 TEST(Rotation, QuarterTurnsSnapStrictlyWithinTheTolerance) {
@@ -38,10 +44,10 @@ TEST(Rotation, QuarterTurnsSnapStrictlyWithinTheTolerance) {
             mgMatrix_c const snapped = mg_RotationMatrix(angle, z, above(distance));
             EXPECT_BITS_EQ(V(cosine, sine, 0), V(&snapped[0])) << angle;
             EXPECT_BITS_EQ(mg_RotationMatrix(angle, z, 0), mg_RotationMatrix(angle, z, distance));
+            EXPECT_BITS_EQ(snapped, mg_RotationMatrix(angle - 6.2831853071796, z, 2e-3));
         }
     };
-    check(1.5707963267949, 0, 1);
-    check(3.1415926535898, -1, 0);
+    check(1.5707963267949, 0, 1), check(3.1415926535898, -1, 0);
     check(4.7123889803847, 0, -1);
     double const rows[][3] = {{1, 1e-3, above(1e-3)}, // the identity, angle, tolerance
                               {0, 1e-3, 1e-3},
@@ -57,16 +63,14 @@ TEST(Rotation, WithoutAnAxisKeepsTheSignOfTheCosine) {
         mgMatrix_c const m = mg_RotationMatrix(angle, axis, 1e-6);
         for (int k = 0; k < 9; ++k) EXPECT_EQ(k % 4 == 0 ? diagonal : 0.0, m[k]) << angle;
     };
-    check(1, 1, {});
-    check(-1, 2, {3e-9, 0, 0});
-    check(0, 1.5707963267949, {});
-    check(-1, 2, {kNaN, 1, 0});
+    check(1, 1, {}), check(-1, 2, {3e-9, 0, 0});
+    check(0, 1.5707963267949, {}), check(-1, 2, {kNaN, 1, 0});
     check(0, kNaN, x);
 }
 
 TEST(Rotation, AngleAboutANegativeAxisIsZero) {
-    U const down = -z;
-    EXPECT_EQ(0.0, mg_RotationMatrix(1, z, 0).getRotationAngle(&down));
+    for (U const &down : {-x, -y, -z})
+        EXPECT_EQ(0.0, mg_RotationMatrix(1, -down, 0).getRotationAngle(&down)) << shown(down);
 }
 
 } // namespace

@@ -22,7 +22,8 @@ V endOf(mgArc_c const &arc) {
 }
 
 TEST(Arc, FromPointsSweepsCounterClockwiseAboutTheNormal) {
-    mgArc_c const full(up, o, {2, 0, 0}, {7, 0, 0});
+    P const c(3, -2, 1), at = c + V(2, 0, 0);
+    mgArc_c const full(up, c, at, c + V(7, 0, 0));
     EXPECT_EQ(6.283185307179586, full.getEndAngleInRadians());
     EXPECT_EQ(2.0, full.getRadius());
     EXPECT_EQ(0.0, full.getStartAngleInRadians());
@@ -30,11 +31,13 @@ TEST(Arc, FromPointsSweepsCounterClockwiseAboutTheNormal) {
         EXPECT_NEAR(startDeg, arc.getOglStartAngle(), 1e-11);
         EXPECT_NEAR(sweepDeg, arc.getOglSweepAngle(), 1e-11);
     };
-    check(0, 90, {up, o, {2, 0, 0}, {0, 5, 0}}); // from +y clockwise to +x
-    check(180, 270, {-up, o, {2, 0, 0}, {0, 5, 0}});
-    check(0, 360, full);
-    check(0, 360, {up, o, {2, 0, 0}, {9e-9, 0, 0}}); // an end at the centre
-    check(0, 90, {{}, o, {2, 0, 0}, {0, -5, 0}});    // without a normal, the smaller angle
+    check(0, 90, {up, c, at, c + V(0, 5, 0)}); // from +y clockwise to +x
+    check(180, 270, {-up, c, at, c + V(0, 5, 0)}), check(0, 360, full);
+    check(45, 90, ofAngles(-kTwoPi / 8, kTwoPi / 8));
+    check(0, 360, {up, c, at, c + V(9e-9, 0, 0)}); // an end at the centre
+    check(0, 90, {{}, c, at, c - V(0, 5, 0)});     // without a normal, the smaller angle
+    EXPECT_EQ(360.0, ofAngles(0, 1e-11).getOglSweepAngle());
+    check(0, 360, ofAngles(1, 1 + 9e-12));
 }
 
 TEST(Arc, EndsAreComputedInThePlaneOfTheCentresZ) {
@@ -70,8 +73,10 @@ TEST(Arc, AngleJustBeyondAFullTurnIsKept) {
     EXPECT_BITS_EQ(V(1, more, 0), endOf(ofAngles(0, beyond)));
     EXPECT_BITS_EQ(more * vexmath::kInvPi * 180, ofAngles(beyond, 0).getStartAngleInDegrees());
     EXPECT_NEAR(360, ofAngles(0, kTwoPi).getEndAngleInDegrees(), 1e-11);
+    EXPECT_NEAR(90, ofAngles(0, kTwoPi + 0.25 * kTwoPi).getEndAngleInDegrees(), 1e-11);
     // Angles up to the half-turn bound are not mirrored; the digits that kTwoPi lacks show it.
-    double const bound = 3.1415926535998002, after = above(bound);
+    // Volatile, since the compiler's sine is not always that of the C library.
+    double const volatile bound = 3.1415926535998002, after = above(bound);
     EXPECT_BITS_EQ(std::sin(bound), endOf(ofAngles(0, bound)).y());
     EXPECT_BITS_EQ(-std::sin(kTwoPi - after), endOf(ofAngles(0, after)).y());
 }
@@ -87,15 +92,15 @@ TEST(Arc, TheAngleOfUpIsAFullTurn) {
 
 TEST(Circle, IsTransformedAsAWholeAndItsNormalsSenseCounts) {
     mgCircle_c circle({1, 2, 0}, 2.0, up);
-    circle *= mg_RestoreXform({}, V(2, 0, 1), 3.0);
-    EXPECT_BITS_EQ(V(5, 6, 1), circle.center() - P());
-    EXPECT_BITS_EQ(6.0 * up, circle.radius() * circle.normal());
-    auto const check = [&](int same, double x, double radius, U const &normal, Caller = {}) {
-        EXPECT_EQ(same, circle.isEquivalent({P(x, 6, 1), radius, normal})) << radius;
+    circle *= moved;
+    EXPECT_BITS_EQ(P(2, 3, 7), circle.center());
+    EXPECT_BITS_EQ(6.0 * right, circle.radius() * circle.normal());
+    auto const check = [&](int same, double z, double radius, U const &normal, Caller = {}) {
+        EXPECT_EQ(same, circle.isEquivalent({P(2, 3, z), radius, normal})) << radius;
     };
-    check(1, 5 + 0.9e-8, 6 + 0.9e-8, up);
-    check(0, 5, 6 + 1.1e-8, up);
-    check(0, 5, 6, -up);
+    check(1, 7 + 0.95e-8, 6 + 0.95e-8, right);
+    check(0, 7, 6 + 1.05e-8, right), check(0, 7 + 1.05e-8, 6, right);
+    check(1, 7, 6, U(1, 0, 0.95e-12)), check(0, 7, 6, U(1, 1.05e-12, 0)), check(0, 7, 6, -right);
 }
 
 } // namespace

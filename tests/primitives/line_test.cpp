@@ -10,6 +10,14 @@ using namespace common;
 static_assert(std::is_trivially_copyable_v<mgPlane_c> && std::is_standard_layout_v<mgLine_c>);
 static_assert(!std::is_convertible_v<mgLine_c, mgPlane_c>);
 
+static_assert(areNumbered(mgIntersect_Coincident, mgIntersect_Parallel, mgIntersect_Point,
+                          mgIntersect_TwoPoints, mgIntersect_None));
+static_assert(areNumbered(mgLinePlane_InPlane, mgLinePlane_Parallel, mgLinePlane_Point,
+                          mgLinePlane_Failed));
+static_assert(areNumbered(mgPlnPln_Coincident, mgPlnPln_Parallel, mgPlnPln_Line, mgPlnPln_Failed));
+static_assert(areNumbered(mgLineCircle_Tangent, mgLineCircle_ThroughCentre, mgLineCircle_Secant,
+                          mgLineCircle_Miss));
+
 U const x(1, 0, 0);
 mgLine_c const alongX(P(1, 0, 3), x);
 
@@ -25,26 +33,28 @@ TEST(Line, FeetMayReplaceThePointAndSnappingIsStrict) {
         EXPECT_EQ(tol != 0.5, alongX.snapPointToLine(p, &p, tol));
         EXPECT_EQ(tol != 0.5 ? 0.0 : 0.5, p.y());
     }
-    EXPECT_EQ(1, alongX.isEquivalent({p, U(1, 5e-13, 0)}));
-    EXPECT_EQ(0, alongX.isEquivalent({p, U(1, 2e-12, 0)}));
-    EXPECT_EQ(0, alongX.isEquivalent({p, -x}));
+    EXPECT_EQ(1, alongX.isEquivalent({p, U(1, 0.95e-12, 0)}));
+    EXPECT_EQ(0, alongX.isEquivalent({p, U(1, 1.05e-12, 0)}));
+    EXPECT_EQ(0, alongX.isEquivalent({p, -x}) + alongX.isEquivalent({P(4, 9, 3), x}));
+    EXPECT_EQ(1, alongX.snapPointToLine(P(4, 0, 3), &p, 0)); // on the line
 }
 
 TEST(Line, DistanceComesWithTheNearestPoints) {
     double t1 = 77, t2 = 77;
-    EXPECT_EQ(5.0, alongX.distToLine({P(4, 7, 8), U(0, 1, 0)}, &t1, &t2));
-    EXPECT_BITS_EQ(P(3, -7, 0), P(t1, t2, 0));
+    EXPECT_EQ(5.0, alongX.distToLine({P(4, 7, 8), U(3, 4, 0)}, &t1, &t2));
+    EXPECT_LT(gap(P(-2.25, -8.75, 0), P(t1, t2, 0)), 1e-14);
     mgLine_c parallel(P(5, 0, 7), x); // measured from its root
     parallel.setDirection(-x);
     EXPECT_EQ(4.0, alongX.distToLine(parallel, &t1, &t2));
     EXPECT_BITS_EQ(P(4, 0, 0), P(t1, t2, 0));
+    EXPECT_EQ(4.0, alongX.distToLine(parallel, nullptr, nullptr));
     EXPECT_EQ(4.0, alongX.distToLine({P(5, 0, 7), {}}, &t1, &t2)); // a point
     EXPECT_BITS_EQ(P(4, 0, 0), P(t1, t2, 0));
 }
 
 TEST(Line, AProjectedPointIsTheFootOnTheLine) {
     P const a(1, 2, 3), near(1 + 1e-9, 2, 7);
-    EXPECT_LT(dist({1, 2, 9}, s_projPointOnLine({5, -1, 9}, a, {0, 0, 3})), 1e-14);
+    EXPECT_LT(dist({3, 6, 7}, s_projPointOnLine({5, 7, 5}, a, {1, 2, 2})), 1e-14);
     EXPECT_BITS_EQ(near, s_projPointOnLine(near, a, {0, 0, 3}));
 }
 

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Planar hulls: the library against a literal version of its steps, and the changes of the input.
 
-#include <utility>
-#include <vector>
-
-#include "common/geometry.h"
+#include "common/arrays.h"
 
 namespace {
 
@@ -12,23 +9,17 @@ using namespace common;
 
 using Pair = std::pair<double, double>;
 using List = std::vector<Pair>;
-using Told = std::vector<std::pair<int, int>>;
 
-struct Points : suDynamicArray<mg2DPoint_c> {
+struct Points : Watched<mg2DPoint_c> {
     Points(List const &list) {
         for (auto const &[x, y] : list) Add({x, y});
         told.clear();
     }
     List list() const {
         List all;
-        for (int i = 0; i < Count(); ++i) all.emplace_back((*this)[i].x(), (*this)[i].y());
+        for (mg2DPoint_c const &p : *this) all.emplace_back(p.x(), p.y());
         return all;
     }
-    void elementsChanged(int first, int last) override {
-        EXPECT_EQ(Count() - 1, last); // the elements that are told of exist
-        told.emplace_back(first, last);
-    }
-    Told told;
 };
 
 List hullOf(List const &list, List const &before = {}) {
@@ -71,18 +62,26 @@ List literalHull(List p) {
     return hull;
 }
 
-TEST(ConvexHull, AgreesWithItsStepsOnGridsAndScatteredPoints) {
+TEST(ConvexHull, AgreesWithItsSteps) {
     Random random;
-    for (int round = 0; round < 20000; ++round) {
-        List grid, scattered;
-        int const side = 1 + random.below(8);
-        for (int i = random.below(round % 100 == 0 ? 300 : 12); i >= 0; --i) {
-            grid.emplace_back(random.below(side) * 0.1, random.below(side) * 0.3);
-            scattered.emplace_back(random.uniform(-1, 1), random.uniform(-1, 1));
+    auto const check = [&](int rounds, int mostPoints, auto point, Caller = {}) {
+        for (int round = 0; round < rounds; ++round) {
+            List list;
+            int const side = 1 + random.below(8);
+            for (int i = random.below(mostPoints); i >= 0; --i) list.push_back(point(side));
+            ASSERT_EQ(literalHull(list), hullOf(list));
         }
-        ASSERT_EQ(literalHull(grid), hullOf(grid));
-        ASSERT_EQ(literalHull(scattered), hullOf(scattered));
-    }
+    };
+    auto const onGrid = [&](int side) {
+        return Pair(random.below(side) * 0.1, random.below(side) * 0.3);
+    };
+    auto const scattered = [&](int) { return Pair(random.uniform(-1, 1), random.uniform(-1, 1)); };
+    check(2000, 12, onGrid), check(100, 300, onGrid);
+    check(2000, 12, scattered), check(100, 300, scattered);
+    check(500, 12, [&](int) { return Pair(random.below(2) != 0 ? 0.0 : -0.0, random.below(9)); });
+    // Many, which differ in their last bits, or hardly.
+    check(6, 9000, [&](int) { return Pair(1 + random.below(4000) * 0x1p-52, random.below(9)); });
+    check(6, 9000, [&](int) { return Pair(random.ofMagnitude(-300, 300), random.unit()); });
 }
 
 TEST(ConvexHull, CollinearPointsGiveOnePoint) {
@@ -103,7 +102,7 @@ TEST(ConvexHull, LeavesTheInputSortedWithoutDuplicatesAndTellsOfEachRemoval) {
     Points points({{2, 0}, {1, 5}, {1, 5}, {2, 0}, {1, 5}, {0, 7}, {1, 4}}), hull({}), none({});
     EXPECT_EQ(1, convexHull(points, hull));
     EXPECT_EQ((List{{0, 7}, {1, 4}, {1, 5}, {2, 0}}), points.list());
-    EXPECT_EQ((Told{{3, 5}, {3, 4}, {4, 3}}), points.told);
+    EXPECT_EQ((Changes{{3, 5}, {3, 4}, {4, 3}}), points.told);
     EXPECT_EQ(0, convexHull(none, hull));
     EXPECT_EQ(0, convexHull(points, points));
     EXPECT_EQ(4, points.Count());
@@ -123,8 +122,8 @@ TEST(ConvexHull, ChangesNeitherArrayWhenTheHullCannotGrow) {
             EXPECT_EQ(before, points.list());
             EXPECT_EQ(outlines, hull.list());
             EXPECT_EQ(handle, hull.Data());
-            EXPECT_EQ((Told{{distinct, distinct - 1}, {0, distinct}}), points.told);
-            EXPECT_EQ((Told{{-1, -1}, {0, 1}}), (Told{hull.told.end() - 2, hull.told.end()}));
+            EXPECT_EQ((Changes{{distinct, distinct - 1}, {0, distinct}}), points.told);
+            EXPECT_EQ((Changes{{-1, -1}, {0, 1}}), (Changes{hull.told.end() - 2, hull.told.end()}));
         }
     }
 }
@@ -133,7 +132,8 @@ TEST(ConvexHull, EndsOnHostileValues) {
     Random random;
     for (int round = 0; round < 2000; ++round) {
         List list;
-        for (int i = 0; i < 9; ++i) list.emplace_back(random.hostile(), random.hostile());
+        for (int i = random.below(40); i >= 0; --i)
+            list.emplace_back(random.hostile(), random.hostile());
         Points points(list), hull({});
         convexHull(points, hull);
         List const sorted = points.list(); // NaN last

@@ -2,6 +2,8 @@
 // Every query, line, plane, cone and view function on hostile numbers. The sanitizers find traps;
 // the test itself checks that every result is one of its enumeration.
 
+#include <vector>
+
 #include "common/geometry.h"
 
 namespace {
@@ -72,6 +74,22 @@ TEST(Hostile, NothingTrapsAndEveryResultIsOfItsEnumeration) {
         a.any<mgCone_c>().extremePts(a, a, pts);
         p = s_projPointOnLine(a, a, a);
     }
+}
+
+TEST(Results, HaveTheNumbersThatCallersStore) {
+    std::vector<std::vector<int>> const enumerations{
+        {mgIntersect_Coincident, mgIntersect_Parallel, mgIntersect_Point, mgIntersect_TwoPoints,
+         mgIntersect_None},
+        {mgLinePlane_InPlane, mgLinePlane_Parallel, mgLinePlane_Point, mgLinePlane_Failed},
+        {mgPlnPln_Coincident, mgPlnPln_Parallel, mgPlnPln_Line, mgPlnPln_Failed},
+        {mgLineCircle_Tangent, mgLineCircle_ThroughCentre, mgLineCircle_Secant, mgLineCircle_Miss},
+        {mgClipLine_Outside, mgClipLine_Inside, mgClipLine_ClippedA, mgClipLine_ClippedB,
+         mgClipLine_ClippedBoth, mgClipLine_Touching},
+        {mgInsideBox_Outside, mgInsideBox_Touching, mgInsideBox_Partly, mgInsideBox_Inside},
+        {mgPointOnLine_Off, mgPointOnLine_Between, mgPointOnLine_AtA, mgPointOnLine_AtB},
+        {mgPolylineArc_None, mgPolylineArc_Arc, mgPolylineArc_Circle, mgPolylineArc_Line}};
+    for (auto const &numbers : enumerations)
+        for (std::size_t i = 0; i < numbers.size(); ++i) EXPECT_EQ(static_cast<int>(i), numbers[i]);
 }
 
 } // namespace

@@ -1,24 +1,23 @@
 // SPDX-License-Identifier: MIT
 // Least rectangles against the box of the rotated polygon, for every edge.
 
-#include "common/geometry.h"
-
 #include <complex>
-#include <vector>
+
+#include "common/arrays.h"
 
 namespace {
+
+using namespace common;
 
 using Number = std::complex<double>;
 using List = std::vector<Number>;
 
 /// The corners; none when the result is 0.
 List rectangle(List const &list, int byWidth = 0, int expected = 1) {
-    std::vector<mg2DPoint_c> points;
+    std::vector<mg2DPoint_c> points, corners(4, mg2DPoint_c(8, 9));
     for (Number const &p : list) points.emplace_back(p.real(), p.imag());
-    mg2DPoint_c corners[4];
-    std::fill_n(corners, 4, mg2DPoint_c(8, 9));
     int const n = static_cast<int>(points.size());
-    EXPECT_EQ(expected, minCnvxPlgRect(n, points.data(), byWidth, corners));
+    EXPECT_EQ(expected, minCnvxPlgRect(n, points.data(), byWidth, corners.data()));
     List result;
     for (mg2DPoint_c const &p : corners) result.emplace_back(p.x(), p.y());
     EXPECT_TRUE(expected == 1 || result == List(4, {8, 9}));
@@ -27,7 +26,7 @@ List rectangle(List const &list, int byWidth = 0, int expected = 1) {
 
 /// The least area and width of the boxes of the polygon, rotated so that an edge is level.
 std::pair<double, double> leastByForce(List const &p) {
-    double area = common::kInfinity, width = common::kInfinity;
+    double area = kInfinity, width = kInfinity;
     for (std::size_t i = 0; i < p.size(); ++i) {
         Number const edge = p[(i + 1) % p.size()] - p[i];
         if (edge == 0.0) continue;
@@ -43,7 +42,7 @@ std::pair<double, double> leastByForce(List const &p) {
     return {area, width};
 }
 
-void CheckRectangle(List const &p, double slack = 1e-12, common::Caller = {}) {
+void CheckRectangle(List const &p, double slack = 1e-12, Caller = {}) {
     auto const [area, width] = leastByForce(p);
     double size = 0.0;
     for (Number const &q : p) size = std::max(size, std::abs(q - p[0]));
@@ -64,8 +63,8 @@ void CheckRectangle(List const &p, double slack = 1e-12, common::Caller = {}) {
 }
 
 TEST(LeastRectangle, IsTheLeastOfAllEdges) {
-    common::Random random;
-    for (int round = 0; round < 4000; ++round) {
+    Random random;
+    for (int round = 0; round < 1500; ++round) {
         suDynamicArray<mg2DPoint_c> input, hull;
         int const side = 2 + random.below(9); // a grid has right angles, parallel edges and lines
         double const flat = round % 5 == 0 ? 1e-3 : 1.0;
@@ -96,7 +95,7 @@ TEST(LeastRectangle, IsTheLeastOfAllEdges) {
 
 TEST(LeastRectangle, HasManyCorners) {
     for (double const height : {1.0, 0.3, 1e-9})
-        for (int const n : {5, 1000, 1001}) {
+        for (int const n : {5, 200, 201}) {
             List p;
             for (int i = 0; i < n; ++i) {
                 Number const at = std::polar(1.0, vexmath::kTwoPi * i / n);
@@ -105,11 +104,6 @@ TEST(LeastRectangle, HasManyCorners) {
             }
             CheckRectangle(p, 1e-11);
         }
-    for (int const corners : {1, 2, 3}) { // in linear time
-        List p;
-        for (int i = 0; i < 300000; ++i) p.push_back(std::polar(1.0, 2.0 * (i * corners / 300000)));
-        rectangle(p);
-    }
 }
 
 TEST(LeastRectangle, OfDegenerateAndEqualPolygons) {
@@ -135,8 +129,8 @@ TEST(LeastRectangle, OfDegenerateAndEqualPolygons) {
 
 TEST(LeastRectangle, RefusesHostilePoints) {
     EXPECT_EQ(0, minCnvxPlgRect(0, nullptr, 0, nullptr));
-    common::Random random;
-    for (int round = 0; round < 20000; ++round) {
+    Random random;
+    for (int round = 0; round < 5000; ++round) {
         List p;
         bool isUsable = true;
         for (int i = random.below(6); i >= 0; --i) {
@@ -148,7 +142,7 @@ TEST(LeastRectangle, RefusesHostilePoints) {
             ASSERT_TRUE(std::isfinite(corner.real()) && std::isfinite(corner.imag()));
     }
     rectangle({{0, 0}, {1e150, 0}, {0, -1e150}});
-    rectangle({{0, 0}, {common::above(1e150), 0}}, 0, 0);
+    rectangle({{0, 0}, {above(1e150), 0}}, 0, 0);
 }
 
 } // namespace

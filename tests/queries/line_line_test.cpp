@@ -28,24 +28,42 @@ TEST(LineLine, InSpaceSkewLinesStillWriteTheNearestPointOfTheFirst) {
     CheckSpace(mgIntersect_None, {1, 0, 0}, {1, 1, 0}, {0, 0, 0}); // the root alone
 }
 
+TEST(LineLine, InSpaceThePointOfTheFirstLineIsTheNearestToTheSecond) {
+    Random random;
+    for (int round = 0; round < 100; ++round) {
+        P const p1 = random.triple<P>(-9, 9), p2 = random.triple<P>(-9, 9);
+        U const u1 = direction(random), u2 = direction(random);
+        P out;
+        EXPECT_EQ(mgIntersect_None, mg_LineIntLine(p1, 3.0 * u1, p2, 2.0 * u2, &out, tol));
+        double const bound = 1e-12 / (u1 * u2).sqlen();
+        V const across = (out - p2) - ((out - p2) % u2) * u2;
+        EXPECT_LT(((out - p1) * u1).len(), bound);
+        EXPECT_LT(std::fabs(across % u1), bound);
+        EXPECT_EQ(mgIntersect_Point, mg_LineIntLine(p1, u1, out + 7.0 * u2, u2, &out, tol));
+    }
+}
+
 void CheckPlane(mgIntersectionType_e type, P const &point, V const &d1, P const &p2, V const &d2,
                 Caller = {}) {
     P out = untouched;
-    EXPECT_EQ(type, mg_LineIntLine2D(P(0, 0, 4), d1, p2, d2, &out, tol));
+    EXPECT_EQ(type, mg_LineIntLine2D(P(1, 2, 4), d1, p2, d2, &out, tol));
     EXPECT_BITS_EQ(point, out);
 }
 
 TEST(LineLine, InThePlaneOnlyAProperCrossingIsWritten) {
-    CheckPlane(mgIntersect_Point, {0, 7, 0}, alongY, {5, 7, 9}, alongX);
-    CheckPlane(mgIntersect_Coincident, untouched, alongX, {5, 0, 4}, alongX);
-    CheckPlane(mgIntersect_Parallel, untouched, alongX, {5, 1e-3, 4}, -alongX);
-    CheckPlane(mgIntersect_Parallel, untouched, alongX, {5, 0, 5}, alongX); // in space
+    CheckPlane(mgIntersect_Point, {1, 7, 0}, alongY, {5, 7, 9}, alongX);
+    CheckPlane(mgIntersect_Point, {7, 4, 0}, {3, 1, 0}, {3, 10, 9}, {2, -3, 0});
+    CheckPlane(mgIntersect_Point, {3, 8, 0}, {1, 3, 0}, {-1, 14, 9}, {2, -3, 0});
+    CheckPlane(mgIntersect_Coincident, untouched, alongX, {5, 2, 4}, alongX);
+    CheckPlane(mgIntersect_Parallel, untouched, alongX, {5, 2 + 1e-3, 4}, -alongX);
+    CheckPlane(mgIntersect_Parallel, untouched, alongX, {5, 2, 5}, alongX); // in space
     CheckPlane(mgIntersect_None, untouched, {9e-9, 0, 0}, {0, 0, 0}, alongY);
     CheckPlane(mgIntersect_None, untouched, {1e-4, 0, 0}, {0, 0, 0}, {0, 1e-4, 0});
 }
 
 TEST(LineLine, MirroringInALineNegatesWhatIsAcrossIt) {
     EXPECT_BITS_EQ(P(1, -6, -4), mg_MirrorPoint(P(7, -2, 0), alongX, {1, 2, 4}));
+    EXPECT_LT(gap(P(5.6, -2, 5.8), mg_MirrorPoint(P(7, -2, 1), {3, 0, 4}, {12, -2, 1})), 4e-15);
 }
 
 } // namespace

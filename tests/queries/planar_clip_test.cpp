@@ -1,173 +1,121 @@
 // SPDX-License-Identifier: MIT
-// Segments and arcs clipped to boxes: against clips in whole numbers and against sampled points.
+// Segments and arcs clipped to boxes: against sampled points.
 
-#include "common/geometry.h"
-
-#include <vexmath/mg_planar.h>
-#include <vexmath/rect.h>
-
-#include <array>
-#include <cstdlib>
+#include "planar.h"
 
 namespace {
 
-using common::above, common::below, common::Caller, common::kInfinity, common::kNaN;
+using namespace common;
 
 constexpr auto Outside = mgClipLine_Outside, Inside = mgClipLine_Inside,
                ClippedA = mgClipLine_ClippedA, ClippedB = mgClipLine_ClippedB,
                ClippedBoth = mgClipLine_ClippedBoth, Touching = mgClipLine_Touching;
-mgPoint_c const untouched(77, 77, 77);
 
-/// The parameters at which a + t (b - a) is between low and high, for all t, in units of 1 / unit,
-/// which makes them whole numbers; from > to if for none. Cyrus and Beck's clip.
-struct Range {
-    int unit, from = -9999, to = 9999;
-    void cut(int a, int b, int low, int high, bool isOpen) {
-        if (a == b) {
-            bool const isIn = isOpen ? low < a && a < high : low <= a && a <= high;
-            if (!isIn) from = to + 1;
-            return;
+P const corner(3, -5, 0), opposite(9, -1, 0);
+
+/// The part of the segment from a to a + d in the box that is larger by `grow` on each side, from
+/// samples: of d a power of two or 0, a segment meets sides at multiples of an eighth of it.
+struct Part {
+    P first, last;
+    bool isEmpty = true, isDeep = false;
+
+    Part(P const &a, V const &d, double grow) {
+        for (int i = 0; i <= 16; ++i) {
+            P const p = a + (i / 16.0) * d;
+            double const depth = depthIn(corner, opposite, p) + grow;
+            if (depth > 0) isDeep = true;
+            if (depth < 0) continue;
+            if (isEmpty) first = p;
+            last = p;
+            isEmpty = false;
         }
-        auto const [t1, t2] =
-            std::minmax({(low - a) * unit / (b - a), (high - a) * unit / (b - a)});
-        from = std::max(from, t1);
-        to = std::min(to, t2);
     }
-    bool isEmpty() const { return to < from || to < 0 || unit < from; }
-    bool isOpenEmpty() const { return to <= from || to <= 0 || unit <= from; }
 };
 
-constexpr int kWidth = 6, kHeight = 4; // of a box at the origin
-
-struct Expected {
-    mgClipLine_e clip = Outside;
-    mgInsideBox_e inside = mgInsideBox_Outside;
-    double a[2] = {}, b[2] = {};
-};
-
-Expected exactly(std::array<int, 4> const &s, int tol) {
-    auto const range = [&](int grow, bool isOpen) {
-        auto const orOne = [](int d) { return d != 0 ? std::abs(d) : 1; };
-        Range r{orOne(s[2] - s[0]) * orOne(s[3] - s[1])};
-        r.cut(s[0], s[2], -grow, kWidth + grow, isOpen);
-        r.cut(s[1], s[3], -grow, kHeight + grow, isOpen);
-        return r;
+void CheckSegment(P const &a, V const &d, double tol) {
+    P const b = a + d + V(0, 0, 1);
+    Part const outer(a, d, tol), box(a, d, 0);
+    bool const isDeep = Part(a, d, -tol).isDeep;
+    bool const keepsA = isDeep && gap(box.first, a) == 0;
+    bool const keepsB = isDeep && gap(box.last, a + d) == 0;
+    auto const clip = outer.isEmpty      ? Outside
+                      : !isDeep          ? Touching
+                      : keepsA && keepsB ? Inside
+                      : keepsA           ? ClippedB
+                      : keepsB           ? ClippedA
+                                         : ClippedBoth;
+    bool const isWithin = gap(outer.first, a) + gap(outer.last, a + d) == 0;
+    ASSERT_EQ(outer.isEmpty ? mgInsideBox_Outside
+              : !isDeep     ? mgInsideBox_Touching
+              : isWithin    ? mgInsideBox_Inside
+                            : mgInsideBox_Partly,
+              mg_Line2DInsideBox(a, b, opposite, corner, tol));
+    P p = untouched, q = untouched;
+    ASSERT_EQ(clip, mg_ClipLine2DToBox(a, b, opposite, corner, p, q, tol));
+    auto const check = [&](P const &end, double z, bool isKept, P const &out) {
+        P const nearest(std::clamp(end.x(), corner.x(), opposite.x()),
+                        std::clamp(end.y(), corner.y(), opposite.y()), z);
+        ASSERT_LT(gap(clip == Outside ? untouched : nearest, out), 1e-14);
+        ASSERT_TRUE(!isDeep
+                    || (isKept ? gap(end, out) == std::fabs(z - end.z())
+                               : depthIn(corner, opposite, out) == 0));
     };
-    auto const contains = [&](int end, int grow) {
-        int const x = s[static_cast<std::size_t>(2 * end)];
-        int const y = s[static_cast<std::size_t>(2 * end + 1)];
-        return -grow <= x && x <= kWidth + grow && -grow <= y && y <= kHeight + grow;
-    };
-    Expected e;
-    Range part = range(tol, false);
-    if (part.isEmpty()) return e;
-    bool const isDeep = !range(-tol, true).isOpenEmpty();
-    e.clip = !isDeep                            ? Touching
-             : contains(0, 0) && contains(1, 0) ? Inside
-             : contains(0, 0)                   ? ClippedB
-             : contains(1, 0)                   ? ClippedA
-                                                : ClippedBoth;
-    e.inside = !isDeep                                ? mgInsideBox_Touching
-               : contains(0, tol) && contains(1, tol) ? mgInsideBox_Inside
-                                                      : mgInsideBox_Partly;
-    if (isDeep) part = range(0, false);
-    double const t0 = std::max(0, part.from) / double(part.unit);
-    double const t1 = std::min(part.unit, part.to) / double(part.unit);
-    for (std::size_t k : {0u, 1u}) {
-        double const high = k == 0 ? kWidth : kHeight;
-        e.a[k] = std::clamp(s[k] + t0 * (s[k + 2] - s[k]), 0.0, high);
-        e.b[k] = std::clamp(s[k] + t1 * (s[k + 2] - s[k]), 0.0, high);
-    }
-    return e;
-}
-
-/// An output: the given end if the result is Inside or `keeps`, else on a side, unless Touching.
-void CheckEnd(mgClipLine_e clip, mgClipLine_e keeps, mgPoint_c const &given, double const *expected,
-              mgPoint_c const &out) {
-    ASSERT_LT(common::gap(mgPoint_c(expected[0], expected[1], given.z()), out), 1e-14);
-    if (clip == Inside || clip == keeps) {
-        ASSERT_BITS_EQ(given, out);
-        return;
-    }
-    bool const isOnSide = out.x() == 0 || out.x() == kWidth || out.y() == 0 || out.y() == kHeight;
-    ASSERT_TRUE(isOnSide || clip == Touching);
-}
-
-void CheckSegment(std::array<int, 4> const &s, int tol) {
-    Expected const e = exactly(s, tol);
-    mgPoint_c const a(s[0], s[1], 5), b(s[2], s[3], 6), far(kWidth, kHeight, 9);
-    mgPoint_c p = untouched, q = untouched;
-    ASSERT_EQ(e.clip, mg_ClipLine2DToBox(a, b, far, {}, p, q, tol));
-    ASSERT_EQ(e.inside, mg_Line2DInsideBox(a, b, far, {}, tol));
-    if (e.clip == Outside) {
-        ASSERT_BITS_EQ(untouched, p);
-        ASSERT_BITS_EQ(untouched, q);
-        return;
-    }
-    CheckEnd(e.clip, ClippedB, a, e.a, p);
-    CheckEnd(e.clip, ClippedA, b, e.b, q);
-    for (double k : {0x1p1020, 0x1p600, 0x1p-600, 0x1p-1030}) {
-        mgPoint_c u = k * b, v = k * a; // the outputs are the inputs, exchanged
-        mgRect const window(k * kWidth, 0, 0, k * kHeight);
-        ASSERT_EQ(e.clip, mg_Clip2DLineToWindow(v, u, window, u, v, k * tol));
-        ASSERT_TRUE(k * p.x() == u.x() && k * p.y() == u.y());
-        ASSERT_TRUE(k * q.x() == v.x() && k * q.y() == v.y());
+    check(isDeep ? box.first : outer.first, a.z(), keepsA, p);
+    check(isDeep ? box.last : outer.last, b.z(), keepsB, q);
+    for (double k : {0x1p1018, 0x1p600, 0x1p-600, 0x1p-1000}) { // to the bit
+        P u = k * b, v = k * a; // the outputs are the inputs, exchanged
+        mgRect const window(k * opposite.x(), k * corner.y(), k * corner.x(), k * opposite.y());
+        ASSERT_EQ(clip, mg_Clip2DLineToWindow(v, u, window, u, v, k * tol));
+        ASSERT_EQ(0, gap(clip == Outside ? b : p, (1 / k) * u));
+        ASSERT_EQ(0, gap(clip == Outside ? a : q, (1 / k) * v));
     }
 }
 
-/// All segments of a lattice. Powers of two scale all results to the bit.
-TEST(ClipLine, AgreesWithAClipInWholeNumbers) {
-    int const xs[] = {-3, -2, -1, 0, 1, 2, 5, 6, 7, 8}, ys[] = {-3, -1, 0, 1, 2, 3, 4, 5, 7};
-    for (int tol : {0, 1, 2})
-        for (int ax : xs)
-            for (int ay : ys)
-                for (int bx : xs)
-                    for (int by : ys) {
-                        CheckSegment({ax, ay, bx, by}, tol);
-                        ASSERT_FALSE(::testing::Test::HasFatalFailure())
-                            << ax << ' ' << ay << ' ' << bx << ' ' << by << ' ' << tol;
+TEST(ClipLine, AgreesWithSamples) {
+    double const steps[] = {-8, -4, -2, -1, 0, 1, 2, 4, 8};
+    for (double tol : {0, 1, 2})
+        for (double x : {0, 2, 3, 4, 6, 9, 10, 11})
+            for (double y : {-8, -6, -5, -4, -3, -1, 0, 1})
+                for (double dx : steps)
+                    for (double dy : steps) {
+                        CheckSegment({x, y, 5}, {dx, dy, 0}, tol);
+                        ASSERT_FALSE(HasFatalFailure())
+                            << x << ' ' << y << ' ' << dx << ' ' << dy << ' ' << tol;
                     }
 }
 
 TEST(ClipLine, ThresholdsAreExactForSegmentsAlongASide) {
-    mgPoint_c const low(0.1, 0.2, 0), high(3.1, 5.7, 0);
-    double const tol = 0.3;
-    auto const at = [&](double y, double given) {
-        mgPoint_c p, q;
-        auto const result = mg_ClipLine2DToBox({-1, y, 0}, {9, y, 0}, high, low, p, q, given);
-        EXPECT_EQ(result, mg_ClipLine2DToBox({y, 9, 0}, {y, -1, 0}, {5.7, 0.1, 0}, {0.2, 3.1, 0}, p,
-                                             q, given));
-        return result;
+    auto const check = [](mgClipLine_e expected, double y, double tol, Caller = {}) {
+        P const low(0.1, 0.2, 0), high(3.1, 5.7, 0);
+        P p, q;
+        EXPECT_EQ(expected, mg_ClipLine2DToBox({-1, y, 0}, {9, y, 0}, high, low, p, q, tol));
+        EXPECT_EQ(expected, mg_ClipLine2DToBox({y, 9, 0}, {y, -1, 0}, {5.7, 0.1, 0}, {0.2, 3.1, 0},
+                                               p, q, tol));
     };
-    double const top = 5.7 + tol, bottom = 0.2 - tol;
-    EXPECT_EQ(Touching, at(top, tol));
-    EXPECT_EQ(Outside, at(above(top), tol));
-    EXPECT_EQ(Touching, at(bottom, tol));
-    EXPECT_EQ(Outside, at(below(bottom), tol));
-    EXPECT_EQ(Touching, at(5.7 - tol, tol));
-    EXPECT_EQ(ClippedBoth, at(below(5.7 - tol), tol));
-    EXPECT_EQ(Touching, at(0.2 + tol, tol));
-    EXPECT_EQ(ClippedBoth, at(above(0.2 + tol), tol));
-    EXPECT_EQ(Touching, at(5.7 + 9e-9, -1.0)); // 1e-08
-    EXPECT_EQ(Outside, at(5.7 + 1.1e-8, kNaN));
-    EXPECT_EQ(Touching, at(1.0, kInfinity));
-    EXPECT_EQ(ClippedBoth, at(1.0, 0.0));
+    double const tol = 0.3, top = 5.7 + tol, bottom = 0.2 - tol;
+    check(Touching, top, tol), check(Outside, above(top), tol);
+    check(Touching, bottom, tol), check(Outside, below(bottom), tol);
+    check(Touching, 5.7 - tol, tol), check(ClippedBoth, below(5.7 - tol), tol);
+    check(Touching, 0.2 + tol, tol), check(ClippedBoth, above(0.2 + tol), tol);
+    for (double const none : {-1.0, kNaN}) // which means 1e-08
+        check(Touching, 5.7 + 1e-8, none), check(Outside, above(5.7 + 1e-8), none);
+    check(Touching, 1.0, kInfinity), check(ClippedBoth, 1.0, 0.0);
 }
 
 TEST(ClipLine, LargeNumbersLoseNeitherACornerNorASlope) {
-    mgPoint_c p, q;
-    mgPoint_c const far(-1e20, -1e20, 0); // the box is nearly a quadrant
+    P p, q;
+    P const far(-1e20, -1e20, 0); // the box is nearly a quadrant
     EXPECT_EQ(Outside, mg_ClipLine2DToBox({1, -0.5, 0}, {-0.5, 1, 0}, far, {}, p, q, 1e-8));
     EXPECT_EQ(ClippedBoth, mg_ClipLine2DToBox({1, -1.5, 0}, {-1.5, 1, 0}, far, {}, p, q, 1e-8));
-    EXPECT_LT(common::gap(mgPoint_c(0, -0.5, 0), p), 1e-14);
+    EXPECT_LT(gap(P(0, -0.5, 0), p), 1e-14);
     // From the nearer end: the far one would give an error of its own size.
-    mgPoint_c const close(2, 0, 0), remote(-0x1p40, 0x1p39, 0);
+    P const close(2, 0, 0), remote(-0x1p40, 0x1p39, 0);
     EXPECT_EQ(ClippedBoth, mg_ClipLine2DToBox(close, remote, {-1, -1, 0}, {1, 1, 0}, p, q, 0));
-    EXPECT_LT(common::gap(mgPoint_c(1, 0.5, 0), p), 1e-11);
+    EXPECT_LT(gap(P(1, 0.5, 0), p), 1e-11);
     EXPECT_EQ(ClippedBoth, mg_ClipLine2DToBox(remote, close, {-1, -1, 0}, {1, 1, 0}, p, q, 0));
-    EXPECT_LT(common::gap(mgPoint_c(1, 0.5, 0), q), 1e-11);
+    EXPECT_LT(gap(P(1, 0.5, 0), q), 1e-11);
     // The difference of x overflows.
-    mgPoint_c const low(-0x1p1023, -0x1p1023, 0), high(0x1p1022, 0x1p1022, 0);
+    P const low(-0x1p1023, -0x1p1023, 0), high(0x1p1022, 0x1p1022, 0);
     EXPECT_EQ(ClippedB,
               mg_ClipLine2DToBox({-0x1p1022, 0, 0}, {0x3p1022, 0x1p1022, 0}, low, high, p, q, 0));
     EXPECT_EQ(0x1p1022, q.x());
@@ -175,12 +123,12 @@ TEST(ClipLine, LargeNumbersLoseNeitherACornerNorASlope) {
 }
 
 TEST(ClipLine, HostileNumbersAreOutsideOrClippedIntoTheBox) {
-    common::Random random;
-    for (int i = 0; i < 200000; ++i) {
+    Random random;
+    for (int i = 0; i < 50000; ++i) {
         double n[9];
         for (double &v : n) v = random.hostile();
-        mgPoint_c p = untouched, q = untouched;
-        mgPoint_c const a(n[0], n[1], kNaN), b(n[2], n[3], 1), c(n[4], n[5], 2), d(n[6], n[7], 3);
+        P p = untouched, q = untouched;
+        P const a(n[0], n[1], kNaN), b(n[2], n[3], 1), c(n[4], n[5], 2), d(n[6], n[7], 3);
         auto const result = mg_ClipLine2DToBox(a, b, c, d, p, q, n[8]);
         bool const isFinite = std::all_of(n, n + 8, [](double v) { return std::isfinite(v); });
         ASSERT_TRUE(isFinite || result == Outside);
@@ -189,66 +137,56 @@ TEST(ClipLine, HostileNumbersAreOutsideOrClippedIntoTheBox) {
             ASSERT_BITS_EQ(untouched, p);
             continue;
         }
-        for (mgPoint_c const &end : {p, q})
+        for (P const &end : {p, q})
             ASSERT_NE(mgInsideBox_Outside, mg_Point2DInsideBox(end, c, d, 0.0));
         ASSERT_EQ(1.0, q.z());
     }
 }
 
 TEST(ClipLineEnd, ALeaderEndsAtTheOutlineFromEitherSide) {
-    common::Random random;
+    Random random;
     for (int i = 0; i < 2000; ++i) {
         // The frame is made of the lattice's box.
         double const angle = random.uniform(-7, 7), c = std::cos(angle), s = std::sin(angle);
-        mgPoint_c const corner(random.uniform(-9, 9), random.uniform(-9, 9), 3);
+        P const root = planar(random, -9, 9, 3);
         auto const place = [&](double u, double v, double z) {
-            return mgPoint_c(corner.x() + c * u - s * v, corner.y() + s * u + c * v, z);
+            return P(root.x() + c * u - s * v, root.y() + s * u + c * v, z);
         };
         auto const number = [&](int high) { return random.uniform(-4, high + 4); };
         double const au = number(6), av = number(4), bu = number(6), bv = number(4);
-        mgPoint_c p, q;
+        P p(1, 1, 0), q;
         auto const expected = mg_ClipLine2DToBox({au, av, 0}, {bu, bv, 0}, {}, {6, 4, 0}, p, q, 0);
-        mgPoint_c end = place(bu, bv, 8);
-        mgPoint_c const given = end;
+        P end = place(bu, bv, 8);
+        P const given = end;
         bool const isNegative = random.below(2) != 0; // the frame from its other corner
-        auto const result = mg_ClipLineEndToRotated2DBox(
-            place(au, av, 7), end, isNegative ? place(6, 4, 0) : corner, isNegative ? -6 : 6,
-            isNegative ? -4 : 4, angle, 0.0);
+        auto const result =
+            mg_ClipLineEndToRotated2DBox(place(au, av, 7), end, isNegative ? place(6, 4, 0) : root,
+                                         isNegative ? -6 : 6, isNegative ? -4 : 4, angle, 0.0);
         bool const isMoved = expected != Outside && expected != Inside;
-        mgPoint_c const &met = expected == ClippedB ? q : p;
+        P const &met = expected == ClippedB ? q : p;
+        double const off = (V(bu - au, bv - av, 0) * (met - P(au, av, 0))).z();
+        EXPECT_EQ(isMoved, depthIn({}, {6, 4, 0}, met) == 0);
+        EXPECT_LT(std::fabs(isMoved ? off : 0), 1e-13);
         EXPECT_EQ(isMoved ? ClippedB : expected, result);
-        EXPECT_LT(common::gap(isMoved ? place(met.x(), met.y(), 8) : given, end),
-                  isMoved ? 1e-12 : 1e-300);
+        EXPECT_LT(gap(isMoved ? place(met.x(), met.y(), 8) : given, end), isMoved ? 1e-12 : 1e-300);
     }
-    mgPoint_c end(0, 2, 1);
+    P end(0, 2, 1);
     EXPECT_EQ(Touching, mg_ClipLineEndToRotated2DBox({-3, 2, 0}, end, {0, 0, 0}, 6, 4, 0.0, 1e-6));
-    EXPECT_BITS_EQ(mgPoint_c(0, 2, 1), end);
+    EXPECT_BITS_EQ(P(0, 2, 1), end);
     EXPECT_EQ(Outside, mg_ClipLineEndToRotated2DBox({}, end, {-1, -1, 0}, 2, 2, kNaN, 1e-6));
     end = {1e308, 5e307, 1};
-    mgPoint_c const far(-1e308, 5e307, 0);
+    P const far(-1e308, 5e307, 0);
     EXPECT_EQ(ClippedB, mg_ClipLineEndToRotated2DBox(far, end, {}, 7e307, 9e307, 0.0, 1.0));
-    EXPECT_BITS_EQ(mgPoint_c(0, 5e307, 1), end);
-}
-
-/// Is the angle, up to full turns, in one of the arcs?
-int arcsWith(double at, int count, double const *angles) {
-    int found = 0;
-    for (int i = 0; i < count; ++i)
-        for (int turn = -2; turn <= 2; ++turn) {
-            double const t = at + turn * vexmath::kTwoPiExact;
-            found += angles[2 * i] <= t && t <= angles[2 * i + 1];
-        }
-    return found;
+    EXPECT_BITS_EQ(P(0, 5e307, 1), end);
 }
 
 TEST(ClipArc, AgreesWithSampledAngles) {
     constexpr double kNear = 1e-9; // of a side, where a sample does not tell
-    common::Random random;
+    Random random;
     int most = 0;
-    for (int round = 0; round < 4000; ++round) {
-        mgPoint_c const centre(random.uniform(-3, 3), random.uniform(-3, 3), 0);
-        mgPoint_c const low(random.uniform(-6, 0), random.uniform(-6, 0), 0);
-        mgPoint_c const high(random.uniform(0, 6), random.uniform(0, 6), 0);
+    for (int round = 0; round < 2000; ++round) {
+        P const centre = planar(random, -3, 3);
+        P const low = planar(random, -6, 0), high = planar(random, 0, 6);
         double const radius = random.uniform(0.1, 8);
         bool const isFull = random.below(3) == 0;
         double const start = random.uniform(-20, 20);
@@ -263,21 +201,24 @@ TEST(ClipArc, AgreesWithSampledAngles) {
         ASSERT_TRUE(count == 0 || isFull || angles[2 * count - 1] <= end);
         for (int k = 1; k < 100; ++k) {
             double const at = start + (end - start) * k / 100;
-            double const x = centre.x() + radius * std::cos(at);
-            double const y = centre.y() + radius * std::sin(at);
-            double const depth = std::min({x - low.x(), high.x() - x, y - low.y(), high.y() - y});
+            P const p = onCircle(centre, radius, at);
+            double const depth = depthIn(low, high, p);
             if (std::fabs(depth) < kNear) continue;
-            ASSERT_EQ(depth > 0.0 ? 1 : 0, arcsWith(at, count, angles));
+            int found = 0;
+            for (double const *arc = angles; arc < angles + 2 * count; arc += 2)
+                found += std::fabs(std::remainder(at - (arc[0] + arc[1]) / 2, kTurn))
+                         <= (arc[1] - arc[0]) / 2;
+            ASSERT_EQ(depth > 0.0 ? 1 : 0, found);
         }
     }
     EXPECT_GE(most, 4);
 }
 
 TEST(ClipArc, CountsAngleBitsAndThresholds) {
-    mgPoint_c const low(-4, -4, 0), high(4, 4, 0);
-    double const turn = vexmath::kTwoPiExact;
+    P const low(-4, -4, 0), high(4, 4, 0);
+    double const turn = kTurn;
     auto const check = [&](int count, double first, double last, double radius, double start,
-                           double end, double tol, mgPoint_c const &centre = {}, Caller = {}) {
+                           double end, double tol, P const &centre = {}, Caller = {}) {
         double angles[10];
         std::fill_n(angles, 10, 77.0);
         ASSERT_EQ(count, mg_Clip2DArcToBox(centre, radius, start, end, high, low, angles, tol));
@@ -289,8 +230,7 @@ TEST(ClipArc, CountsAngleBitsAndThresholds) {
     check(4, a, turn - a, 5, 0, turn, 0);
     check(4, turn + a, 2 * turn - a, 5, turn - 0.1, 2 * turn - 0.1, 0);
     check(5, 0.7, turn + 0.69, 5, 0.7, turn + 0.69, 0); // the start divides an arc
-    check(1, 0.7, 0.8, 5, 0.7, 0.8, 0);
-    check(0, 77, 77, 5, -0.1, 0.1, 0);
+    check(1, 0.7, 0.8, 5, 0.7, 0.8, 0), check(0, 77, 77, 5, -0.1, 0.1, 0);
     check(1, 0.25, 0.25 + turn, 3, 0.25, 0.25 + turn, 0); // unchanged
     check(1, 1, 9, 3, 1, 9, 0);
     check(1, 0, turn, 4.5, 0, turn, 0.5); // beyond all sides by tol
@@ -299,15 +239,10 @@ TEST(ClipArc, CountsAngleBitsAndThresholds) {
     check(1, turn / 2 - std::acos(2 / above(2.5)), turn / 2 + std::acos(2 / above(2.5)), above(2.5),
           0, turn, 0.5, {6, 0, 0});
     check(1, 0, 0.25, 2, 0, 0.25, below(0.5)); // as long as tol, or longer
-    check(0, 77, 77, 2, 0, 0.25, 0.5);
-    check(0, 77, 77, 2, 1, 1, 0);
-    check(0, 77, 77, 2, 1, 0.9, 0);
-    check(0, 77, 77, -2, 0, 1, 0);
-    check(0, 77, 77, 2, 0, above(1e6), 0);
-    check(1, 1e6 - 1, 1e6, 2, 1e6 - 1, 1e6, 0);
-    check(0, 77, 77, kNaN, 0, 1, 0);
-    check(0, 77, 77, kInfinity, 0, 1, 0);
-    check(0, 77, 77, 2, 0, 1, 0, {kInfinity, 0, 0});
+    check(0, 77, 77, 2, 0, 0.25, 0.5), check(0, 77, 77, 2, 1, 1, 0);
+    check(0, 77, 77, 2, 1, 0.9, 0), check(0, 77, 77, -2, 0, 1, 0);
+    check(0, 77, 77, 2, 0, above(1e6), 0), check(1, 1e6 - 1, 1e6, 2, 1e6 - 1, 1e6, 0);
+    check(0, 77, 77, kNaN, 0, 1, 0), check(0, 77, 77, 2, 0, 1, 0, {kInfinity, 0, 0});
     check(4, a, turn - a, 5, 0, turn - 1e-11, 0); // full
     check(5, 0.7, 0.7 + turn - 1.1e-11, 5, 0.7, 0.7 + turn - 1.1e-11, 0);
 }

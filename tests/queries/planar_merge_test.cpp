@@ -1,89 +1,68 @@
 // SPDX-License-Identifier: MIT
 // Merged segments: pairs at the thresholds, lists against the rule.
 
-#include "common/geometry.h"
-
-#include <vexmath/mg_planar.h>
-#include <vexmath/su_dynamic_array.h>
-
 #include <array>
-#include <vector>
+
+#include "planar.h"
 
 namespace {
 
-using common::above, common::Caller, common::kInfinity, common::kNaN;
-using Points = suDynamicArray<mgPoint_c>;
-
-mgPoint_c const untouched(77, 77, 77);
+using namespace common;
 
 TEST(MergePair, ThresholdsAreInclusive) {
     // The base is from (0, 0) to (8, 0).
-    auto const check = [](int merged, mgPoint_c const &p, mgPoint_c const &q, double low,
-                          double high, Caller = {}) {
-        for (double k : {1.0, 0x1p1018, 0x1p-1000})
+    auto const check = [](int merged, P const &p, P const &q, double low, double high,
+                          Caller = {}) {
+        for (double k : kScales)
             for (bool isFirst : {true, false}) {
-                mgPoint_c const a(0, 0, 0), b(8 * k, 0, 0), c = k * p, d = k * q;
-                mgPoint_c u = untouched, v = untouched;
+                P const a(0, 0, 0), b(8 * k, 0, 0), c = k * p, d = k * q;
+                P u = untouched, v = untouched;
                 EXPECT_EQ(merged, isFirst ? mg_MergeLines2D(a, b, c, d, u, v, k * 0.5)
                                           : mg_MergeLines2D(c, d, a, b, u, v, k * 0.5));
                 EXPECT_EQ(merged != 0 ? low * k : 77, u.x());
                 EXPECT_EQ(merged != 0 ? high * k : 77, v.x());
             }
     };
-    check(1, {8.5, 0.5, 1}, {11, -0.5, 2}, 0, 11);
-    check(1, {11, -0.5, 1}, {8.5, 0.5, 2}, 0, 11);
-    check(0, {above(8.5), 0, 1}, {11, 0, 2}, 0, 0);
-    check(0, {8, above(0.5), 1}, {11, 0, 2}, 0, 0);
-    check(0, {8, 0, 1}, {11, -above(0.5), 2}, 0, 0);
-    check(1, {-3, 0, 1}, {-0.5, 0, 2}, -3, 8);
+    check(1, {8.5, 0.5, 1}, {11, -0.5, 2}, 0, 11), check(1, {11, -0.5, 1}, {8.5, 0.5, 2}, 0, 11);
+    check(0, {above(8.5), 0, 1}, {11, 0, 2}, 0, 0), check(0, {8, above(0.5), 1}, {11, 0, 2}, 0, 0);
+    check(0, {8, 0, 1}, {11, -above(0.5), 2}, 0, 0), check(1, {-3, 0, 1}, {-0.5, 0, 2}, -3, 8);
     check(0, {-3, 0, 1}, {-above(0.5), 0, 2}, 0, 0);
     check(1, {2, 0.5, 1}, {2, -0.5, 2}, 0, 8); // across
-    check(1, {8.25, 0.25, 1}, {8.25, 0.25, 2}, 0, 8.25);
-    check(0, {1, kNaN, 1}, {11, 0, 2}, 0, 0);
+    check(1, {8.25, 0.25, 1}, {8.25, 0.25, 2}, 0, 8.25), check(0, {1, kNaN, 1}, {11, 0, 2}, 0, 0);
     check(0, {1, 0, 1}, {kInfinity, 0, 2}, 0, 0);
 
-    mgPoint_c a(0, 0, 1), b(1, 1, 2), c(3, 3, 3), d(2, 2, 4);
+    P a(0, 0, 1), b(1, 1, 2), c(3, 3, 3), d(2, 2, 4);
     EXPECT_EQ(0, mg_MergeLines2D(a, b, c, d, a, b, 1.0));
     EXPECT_EQ(1, mg_MergeLines2D(a, b, c, d, a, b, -above(0.0) + 1.5)); // the outputs are inputs
-    EXPECT_BITS_EQ(mgPoint_c(0, 0, 1), a);
-    EXPECT_BITS_EQ(mgPoint_c(3, 3, 3), b);
-}
-
-Points listOf(std::vector<mgPoint_c> const &points) {
-    Points list;
-    for (mgPoint_c const &p : points) list.Add(p);
-    return list;
+    EXPECT_BITS_EQ(P(0, 0, 1), a);
+    EXPECT_BITS_EQ(P(3, 3, 3), b);
 }
 
 /// The rule of the header, by scanning.
-std::vector<mgPoint_c> byRule(std::vector<mgPoint_c> const &pts, double tol) {
+std::vector<P> byRule(std::vector<P> const &pts, double tol) {
     auto const n = pts.size() / 2;
-    std::vector<mgVector_c> d;
-    std::vector<double> length;
-    for (std::size_t i = 0; i < n; ++i) {
-        mgVector_c e = pts[2 * i + 1] - pts[2 * i];
+    auto const flat = [&](std::size_t from, std::size_t to) {
+        V e = pts[to] - pts[from];
         e.set_z(0);
-        length.push_back(e.len());
-        d.push_back(e.len() > 0 ? (1.0 / e.len()) * e : mgVector_c(1, 0, 0));
-    }
+        return e;
+    };
+    auto const length = [&](std::size_t i) { return flat(2 * i, 2 * i + 1).len(); };
     std::vector<bool> used(n, false);
     std::vector<std::array<std::size_t, 2>> ends(n, {2 * n, 2 * n});
     for (;;) {
         std::size_t base = n;
         for (std::size_t i = 0; i < n; ++i)
-            if (!used[i] && (base == n || length[i] > length[base])) base = i;
+            if (!used[i] && (base == n || length(i) > length(base))) base = i;
         if (base == n) break;
         used[base] = true;
         ends[base] = {2 * base, 2 * base + 1};
-        auto const along = [&](std::size_t end) {
-            mgVector_c const e = pts[end] - pts[2 * base];
-            return e.x() * d[base].x() + e.y() * d[base].y();
-        };
+        V const whole = flat(2 * base, 2 * base + 1);
+        V const d = length(base) > 0 ? (1.0 / length(base)) * whole : V(1, 0, 0);
+        auto const along = [&](std::size_t end) { return flat(2 * base, end) % d; };
         auto const isOff = [&](std::size_t end) {
-            mgVector_c const e = pts[end] - pts[2 * base];
-            return std::fabs(e.y() * d[base].x() - e.x() * d[base].y()) > tol;
+            return std::fabs((d * flat(2 * base, end)).z()) > tol;
         };
-        double low = 0, high = length[base];
+        double low = 0, high = length(base);
         for (std::size_t i = 0; i < n; ++i) {
             std::size_t p = 2 * i, q = p + 1;
             if (along(q) < along(p)) std::swap(p, q);
@@ -95,79 +74,58 @@ std::vector<mgPoint_c> byRule(std::vector<mgPoint_c> const &pts, double tol) {
             i = static_cast<std::size_t>(-1); // from the first one again
         }
     }
-    std::vector<mgPoint_c> result;
+    std::vector<P> result;
     for (auto const &[p, q] : ends)
         if (p < 2 * n) result.insert(result.end(), {pts[p], pts[q]});
     return result;
 }
 
 TEST(MergeList, AgreesWithTheRuleForAnySizesAndTolerances) {
-    common::Random random;
-    for (int round = 0; round < 300; ++round) {
+    Random random;
+    for (int round = 0; round < 80; ++round) {
         double const tol = std::pow(10.0, random.uniform(-9, -1));
-        std::vector<mgPoint_c> points;
+        std::vector<P> points;
         int const lines = 1 + random.below(8);
         for (int line = 0; line < lines; ++line) {
-            mgPoint_c const root(random.uniform(-5, 5), random.uniform(-5, 5), 0);
+            P const root = planar(random, -5, 5);
             double const angle = random.uniform(-4, 4);
             for (int count = random.below(30); count > 0; --count) {
                 double const from = random.uniform(-5, 5);
                 double const to = from + random.ofMagnitude(-4, 0.5);
                 for (double at : {from, to}) {
                     double const off = random.uniform(-1.2, 1.2) * tol;
-                    points.emplace_back(root.x() + at * std::cos(angle) - off * std::sin(angle),
-                                        root.y() + at * std::sin(angle) + off * std::cos(angle),
-                                        random.unit());
+                    points.push_back(onCircle(onCircle(root, at, angle), off, angle + kTurn / 4));
+                    points.back().set_z(random.unit());
                 }
             }
         }
         auto const expected = byRule(points, tol);
-        Points list = listOf(points);
+        Watched<P> list(points);
         ASSERT_EQ(static_cast<int>(expected.size()) / 2, mg_MergeLines2D(list, list, tol));
-        ASSERT_EQ(static_cast<int>(expected.size()), list.Count());
-        for (int i = 0; i < list.Count(); ++i)
-            ASSERT_BITS_EQ(expected[static_cast<std::size_t>(i)], list[i]);
+        ASSERT_BITS_EQ(expected, list.list());
     }
 }
 
 TEST(MergeList, OfEqualPlacesKeepsTheBaseElseTheFirst) {
-    for (int const side : {0, 1}) { // where the base and another segment end
-        mgPoint_c const ends[] = {{8, 0, 2}, {0, 0, 1}};
-        Points list = listOf({{6, 0.25, 7},
-                              {8, 0.25, 8},
-                              {-1, 0.25, 3},
-                              {1, 0.25, 4},
-                              ends[1 - side],
-                              ends[side],
-                              {-1, -0.25, 5},
-                              {1, -0.25, 6}});
-        EXPECT_EQ(1, mg_MergeLines2D(list, list, 0.5));
-        EXPECT_BITS_EQ(mgPoint_c(-1, 0.25, 3), list[side]);
-        EXPECT_BITS_EQ(mgPoint_c(8, 0, 2), list[1 - side]);
-    }
+    P const a(-1, 0.25, 3), b(1, 0.25, 4), c(6, 0.25, 7), d(8, 0.25, 8), low(0, 0, 1),
+        high(8, 0, 2);
+    // In this order: a segment that is taken late is before one that ends at the same place.
+    P const e(-1, 0.25, 9), f(-0.75, 0.25, 9);
+    Watched<P> list({e, f, c, d, a, b, low, high, {-1, -0.25, 5}, {1, -0.25, 6}}), merged;
+    EXPECT_EQ(1, mg_MergeLines2D(list, merged, 0.5));
+    EXPECT_BITS_EQ((std::vector<P>{e, high}), merged.list());
+    list[6] = high, list[7] = low; // the base runs the other way
+    EXPECT_EQ(1, mg_MergeLines2D(list, merged, 0.5));
+    EXPECT_BITS_EQ((std::vector<P>{high, e}), merged.list());
 }
 
 TEST(MergeList, KeepsBadSegmentsAndIgnoresAnOddPoint) {
-    Points list = listOf({{0, 0, 1},
-                          {1, 0, 2},
-                          {kNaN, 0, 0},
-                          {1, 0, 0},
-                          {1, 0, 3},
-                          {3, 0, 4},
-                          {0, 0, 5},
-                          {0, kInfinity, 0},
-                          {2, 0, 6},
-                          {9, 9, 9},
-                          {8, 8, 8}});
-    list[9] = {2.5, 0, 7};
+    P const a(0, 0, 1), b(1, 0, 2), c(1, 0, 3), d(3, 0, 4), bad(kNaN, 0, 0), worse(0, kInfinity, 0);
+    Watched<P> list({a, b, bad, b, c, d, a, worse, {2, 0, 6}, {2.5, 0, 7}, {8, 8, 8}});
     EXPECT_EQ(3, mg_MergeLines2D(list, list, 1e-8));
-    EXPECT_BITS_EQ(mgPoint_c(1, 0, 0), list[1]);
-    EXPECT_BITS_EQ(mgPoint_c(0, 0, 1), list[2]); // in the place of the longest
-    EXPECT_BITS_EQ(mgPoint_c(3, 0, 4), list[3]);
-    EXPECT_EQ(6, list.Count());
-    list = listOf({{0, 0, 1}});
+    EXPECT_BITS_EQ((std::vector<P>{bad, b, a, d, a, worse}), list.list()); // in the place of c, d
+    list = Watched<P>({a});
     EXPECT_EQ(0, mg_MergeLines2D(list, list, 1e-8));
-    EXPECT_EQ(0, list.Count());
     EXPECT_EQ(nullptr, list.Data());
 }
 

@@ -1,29 +1,20 @@
 // SPDX-License-Identifier: MIT
 // Polar edges: seams, poles, repeated points and steps back.
 
-#include "common/geometry.h"
-
-#include <utility>
-#include <vector>
+#include "planar.h"
 
 namespace {
 
-using common::above, common::kNaN, common::P;
+using namespace common;
+
 using Polar = std::pair<double, double>; // angle, radius
 using List = std::vector<Polar>;
 using Kept = std::vector<std::pair<double, std::size_t>>; // angle, index in the list given
-using Points = suDynamicArray<P>;
-constexpr double turn = vexmath::kTwoPiExact, half = turn / 2;
+constexpr double half = kTurn / 2;
+using Function = decltype(mg_cleanupPolarEdge);
 
-/// An edge that keeps what it was told last.
-struct Edge : Points {
-    void elementsChanged(int first, int last) override { told = {first, last}; }
-    std::pair<int, int> told;
-};
-
-void CheckEdge(int (*function)(Points &, double), double tol, List const &given,
-               Kept const &expected) {
-    Edge edge;
+void CheckEdge(Function function, double tol, List const &given, Kept const &expected) {
+    Watched<P> edge;
     for (auto const &[angle, radius] : given) edge.Add(P(angle, radius, edge.Count()));
     EXPECT_EQ(static_cast<int>(expected.size()), function(edge, tol));
     ASSERT_EQ(static_cast<int>(expected.size()), edge.Count());
@@ -35,12 +26,12 @@ void CheckEdge(int (*function)(Points &, double), double tol, List const &given,
     }
 }
 
-void CheckClean(List const &given, Kept const &expected, double tol = 0.01, common::Caller = {}) {
+void CheckClean(List const &given, Kept const &expected, double tol = 0.01, Caller = {}) {
     CheckEdge(mg_cleanupPolarEdge, tol, given, expected);
 }
 
 /// In both directions.
-void CheckFixed(List given, Kept expected, double tol = 0.01, common::Caller = {}) {
+void CheckFixed(List given, Kept expected, double tol = 0.01, Caller = {}) {
     for (int way = 0; way < 2; ++way) {
         CheckEdge(mg_fixPolarConvolution, tol, given, expected);
         for (auto &p : given) p.first *= -1;
@@ -50,14 +41,14 @@ void CheckFixed(List given, Kept expected, double tol = 0.01, common::Caller = {
 
 TEST(PolarEdge, IsContinuousAcrossTheSeam) {
     CheckClean({{5, 1}, {6, 1}, {0.2, 1}, {1, 1}},
-               {{5, 0}, {6, 1}, {0.2 + turn, 2}, {1 + turn, 3}});
-    CheckClean({{1, 1}, {1.5 - 3 * turn, 1}}, {{1, 0}, {1.5, 1}});
+               {{5, 0}, {6, 1}, {0.2 + kTurn, 2}, {1 + kTurn, 3}});
+    CheckClean({{1, 1}, {1.5 - 3 * kTurn, 1}}, {{1, 0}, {1.5, 1}});
     CheckClean({{0, 1e150}, {1e150, 0}}, {{0, 0}, {0, 1}}); // the largest numbers
     // Half a turn is no jump, with 13 decimals either; a little more is one.
     for (double const step : {half, -half, vexmath::kPi, -vexmath::kPi, vexmath::kHalfTurnBound})
         CheckClean({{0, 1}, {step, 1}}, {{0, 0}, {step, 1}});
     double const beyond = above(vexmath::kHalfTurnBound);
-    CheckClean({{0, 1}, {beyond, 1}}, {{0, 0}, {beyond - turn, 1}});
+    CheckClean({{0, 1}, {beyond, 1}}, {{0, 0}, {beyond - kTurn, 1}});
 }
 
 TEST(PolarEdge, PointsAtThePoleTakeTheAngleOfTheirNeighbour) {
@@ -74,7 +65,7 @@ TEST(PolarEdge, RepeatedPointsAreDroppedUpToTheTolerance) {
     CheckClean({{1, 4}, {1, above(4 + tol)}}, {{1, 0}, {1, 1}}, tol);
     CheckClean({{1, 8}, {1 + tol / 8, 8}}, {{1, 0}}, tol);
     CheckClean({{1, 8}, {above(1 + tol / 8), 8}}, {{1, 0}, {above(1 + tol / 8), 1}}, tol);
-    CheckClean({{1, 8}, {1 + turn, 8}}, {{1, 0}}); // a jump, not a circle
+    CheckClean({{1, 8}, {1 + kTurn, 8}}, {{1, 0}}); // a jump, not a circle
     for (double const negative : {-5.0, kNaN})
         CheckClean({{1, 1}, {1, 1 + 9e-9}, {1, 1 + 2e-8}}, {{1, 0}, {1, 2}}, negative);
 }
@@ -86,7 +77,7 @@ TEST(PolarEdge, AConvolutionLosesItsStepsBack) {
                {{0, 0}, {1, 1}, {2, 2}, {3, 5}});
     // Both ends of a closed outline overlap at the seam; the last step crosses it.
     CheckFixed({{0, 5}, {-0.25, 6}, {2, 5}, {4, 5}, {6, 5}, {6.5, 6}, {0, 5}},
-               {{0, 0}, {2, 2}, {4, 3}, {6, 4}, {turn, 6}});
+               {{0, 0}, {2, 2}, {4, 3}, {6, 4}, {kTurn, 6}});
     // An arc of at most tol at the point's radius: the point stays, at the end of the range.
     double const back = 1 - 0x1p-10;
     CheckFixed({{0, 5}, {1, 5}, {back, 8}, {2, 5}}, {{0, 0}, {1, 1}, {1, 2}, {2, 3}}, 0x1p-7);
@@ -100,53 +91,52 @@ TEST(PolarEdge, AConvolutionLosesItsStepsBack) {
 }
 
 TEST(PolarEdge, ResultsHoldForAllEdges) {
-    common::Random random;
-    for (int round = 0; round < 5000; ++round) {
-        Edge edge, other;
+    Random random;
+    for (int round = 0; round < 2000; ++round) {
+        Watched<P> edge, other;
         double angle = random.uniform(-3, 3);
         for (int i = 1 + random.below(20); i > 0; --i) {
             double const radius = random.below(5) ? random.uniform(0.5, 9) : 0.0;
             edge.Add(P(angle, radius, i));
-            other.Add(P(angle + turn * random.below(5), radius, i));
+            other.Add(P(angle + kTurn * random.below(5), radius, i));
             angle += random.uniform(-0.5, 1.5);
         }
         mg_cleanupPolarEdge(edge, 1e-6);
         ASSERT_EQ(edge.Count(), mg_cleanupPolarEdge(other, 1e-6)); // whole turns do not matter
         for (int i = 0; i < edge.Count(); ++i)
             ASSERT_NEAR(edge[i].x() - edge[0].x(), other[i].x() - other[0].x(), 1e-12);
-        Edge fixed = edge;
+        Watched<P> fixed = edge;
         int const count = mg_fixPolarConvolution(fixed, 1e-6);
         ASSERT_EQ(edge[0].z(), fixed[0].z());
         double const way = fixed[count - 1].x() - fixed[0].x();
         for (int i = 1; i < count && count < edge.Count(); ++i)
             ASSERT_GE((fixed[i].x() - fixed[i - 1].x()) * way, 0.0);
         for (auto *function : {mg_cleanupPolarEdge, mg_fixPolarConvolution}) {
-            Edge again = fixed;
+            Watched<P> again = fixed;
             ASSERT_EQ(count, function(again, 1e-6)); // nothing is left to do
-            for (int i = 0; i < count; ++i) ASSERT_BITS_EQ(fixed[i], again[i]);
+            ASSERT_BITS_EQ(fixed.list(), again.list());
         }
     }
 }
 
 TEST(PolarEdge, TellsOfItsPointsAndRefusesHostileOnes) {
-    common::Hostile any;
+    Hostile any;
     for (auto *function : {mg_cleanupPolarEdge, mg_fixPolarConvolution})
-        for (int round = 0; round < 3000; ++round) {
-            Edge edge;
-            EXPECT_EQ(0, function(edge, 0.1));
-            bool isUsable = true;
-            for (int i = 0; i < 5; ++i) {
-                P const p = any;
-                edge.Add(p);
+        for (int round = 0; round < 2000; ++round) {
+            std::vector<P> given;
+            bool isUsable = round % 6 > 0;
+            for (int i = round % 6; i > 0; --i) {
+                P const &p = given.emplace_back(any.any<P>());
                 isUsable = isUsable && std::fabs(p.x()) <= 1e150 && std::fabs(p.y()) <= 1e150;
             }
-            Edge const given = edge;
-            edge.told = {8, 9};
+            Watched<P> edge(given);
             int const count = function(edge, any);
             ASSERT_EQ(isUsable, count > 0);
-            ASSERT_EQ(isUsable ? count : 5, edge.Count());
-            ASSERT_EQ(isUsable ? std::pair(0, count - 1) : std::pair(8, 9), edge.told);
-            for (int i = 0; i < 5 && !isUsable; ++i) ASSERT_BITS_EQ(given[i], edge[i]);
+            ASSERT_EQ((isUsable ? Changes{{0, count - 1}} : Changes{}), edge.told);
+            if (isUsable)
+                ASSERT_EQ(count, edge.Count());
+            else
+                ASSERT_BITS_EQ(given, edge.list());
         }
 }
 

@@ -18,6 +18,11 @@ TEST(Rays, HitsBehindTheStartCount) {
     EXPECT_EQ(8.0, p.y());
     EXPECT_EQ(mgIntersect_Point, mg_RayIntPlane(&frame, &p, &y, &p)); // the output is the input
     EXPECT_BITS_EQ(P(1, 3, 2), p);
+    P const above(1, 8, 2);
+    U const slanted(1, 2, 2);
+    EXPECT_EQ(mgIntersect_Point, mg_RayIntPlane(&frame, &above, &slanted, &p));
+    EXPECT_LT(gap(P(-1.5, 3, -3), p), 4e-15);
+    p = {1, 3, 2};
     P const behind(9, 0, 2), centre(0, 0, 2);
     EXPECT_EQ(mgIntersect_Point, mg_RayIntDiskSeg(&frame, &p, &y, 2.0, 0.0, 1.0, &p));
     EXPECT_EQ(mgIntersect_TwoPoints, mg_RayIntSphere(&behind, &x, &centre, 1.0));
@@ -42,25 +47,32 @@ TEST(Rays, RoundShapesAreTestedAsCubes) {
     check(false, 1.0 + 1e-8, 0);
 }
 
-void CheckCylinder(mgIntersectionType_e type, P const &point, mgLine_c const &ray, Caller = {}) {
+void CheckCylinder(mgIntersectionType_e type, P const &point, mgLine_c const &ray,
+                   P const &base = {}, Caller = {}) {
     P out = untouched;
-    EXPECT_EQ(type, mg_RayIntCylSeg(ray, P(), z, 4.0, 1.0, &out));
+    EXPECT_EQ(type, mg_RayIntCylSeg(ray, base, z, 4.0, 1.0, &out));
     EXPECT_BITS_EQ(point, out);
 }
 
 TEST(Rays, ACylinderIsHitWhereTheRayPassesItsAxis) {
     CheckCylinder(mgIntersect_TwoPoints, {0, 0.9, 2}, {{-9, 0.9, 2}, x});
+    CheckCylinder(mgIntersect_TwoPoints, {7, -3, 7}, {{1, -3, 7}, x}, {7, -3, 5});
+    CheckCylinder(mgIntersect_None, {7, -3, 10}, {{1, -3, 10}, x}, {7, -3, 5});
     CheckCylinder(mgIntersect_None, {0, 0.9, 4}, {{-9, 0.9, 4}, x}); // a distance from the base
     CheckCylinder(mgIntersect_TwoPoints, {0, 0, -1e-8}, {{-9, 0, -1e-8}, x});
     CheckCylinder(mgIntersect_None, {0, 0, -2e-8}, {{-9, 0, -2e-8}, x});
     CheckCylinder(mgIntersect_Coincident, {0.5, 0.5, 9}, {{0.5, 0.5, 9}, z});
 }
 
-/// The cone along z with a slope of 1, between distances 1 and 4 from its apex, the origin.
-void CheckCone(mgIntersectionType_e type, P const &point, mgLine_c const &ray, Caller = {}) {
+/// The cone along z with a slope of 1, between distances 1 and 4 from its apex. All points are
+/// relative to that.
+void CheckCone(mgIntersectionType_e type, P const &point, mgLine_c const &ray,
+               double halfAngle = std::atan(1.0), Caller = {}) {
     P out = untouched;
-    EXPECT_EQ(type, mg_RayIntConeSeg(ray, P(), z, std::atan(1.0), 1.0, 4.0, &out));
-    EXPECT_NEAR(0.0, dist(point, out), 1e-14);
+    V const apex(5, -7, 2);
+    EXPECT_EQ(type, mg_RayIntConeSeg({ray.rootPoint() + apex, ray.direction()}, P(apex), z,
+                                     halfAngle, 1.0, 4.0, &out));
+    EXPECT_LT(gap(sameBits(point, untouched) ? point : point + apex, out), 1e-14);
 }
 
 TEST(Rays, AConeReportsAxisCapAndSideApart) {
@@ -69,6 +81,7 @@ TEST(Rays, AConeReportsAxisCapAndSideApart) {
     CheckCone(mgIntersect_Point, {0, 3.9, 4}, {{9, 3.9, 10}, U(-9, 0, -6)});
     CheckCone(mgIntersect_Point, {-3.9, 3.9, 4}, {{9, 3.9, 10}, U(-12.9, 0, -6)});
     CheckCone(mgIntersect_TwoPoints, {-2, 0, 2}, {{-9, 0, 2}, x}); // the first along the ray
+    CheckCone(mgIntersect_TwoPoints, {-2, 0, 2}, {{-9, 0, 2}, x}, -std::atan(1.0));
     // The first hit along the ray is too far from the apex.
     CheckCone(mgIntersect_TwoPoints, {1, 0, 1}, {{-3, 0, 3}, U(4, 0, -2)});
     CheckCone(mgIntersect_None, untouched, {{-9, 0, 0.5}, x});       // too near

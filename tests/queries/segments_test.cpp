@@ -34,13 +34,14 @@ TEST(Segments, MissedEndsAndSkewSegmentsStillWriteThePoint) {
         }
     };
     check(Point, {2, 0, 0}, {2, 0, 0}, {2, 5, 0});
-    check(None, {2, 0, 0}, {2, -5, 1}, {2, 5, 1});
+    check(None, {2, 0, 0}, {2, -5, 1}, {2, 5, 1}), check(None, {2, 0, 0}, {2, 1, 0}, {2, 5, 0});
     check(Parallel, untouched, {0, 1, 0}, {4, 1, 0});
     check(None, untouched, {2, 0, 0}, {2, 9e-9, 0});
-    check(Coincident, a, {4, 0, 0}, {7, 0, 0});      // collinear from here on
-    check(Coincident, a, {-7, 0, 0}, {-9e-9, 0, 0}); // touching within the tolerance
+    check(Coincident, a, {4, 0, 0}, {7, 0, 0});         // collinear from here on
+    check(Coincident, a, {-7, 0, 0}, {-9.99e-9, 0, 0}); // touching within the tolerance
     check(None, a, {std::nextafter(4, 5), 0, 0}, {7, 0, 0});
-    check(None, a, {-7, 0, 0}, {-2e-8, 0, 0});
+    check(None, a, {-7, 0, 0}, {-1.001e-8, 0, 0});
+    check(Coincident, a, {-2, 0, 0}, {2, 0, 0}), check(Coincident, a, {-2, 0, 0}, {6, 0, 0});
 }
 
 TEST(Segments, LinesAndRaysAreJudgedByTheSameEnds) {
@@ -57,6 +58,9 @@ TEST(Segments, LinesAndRaysAreJudgedByTheSameEnds) {
     check({{2, -9, 1}, y}, None, None, {2, 0, 1});    // skew
     check({{9, 0, 0}, x}, Coincident, Coincident, {9, 0, 0});
     check({{9, 1, 0}, x}, Parallel, Parallel, untouched);
+    P out = untouched;
+    EXPECT_EQ(None, mg_LineIntLineSeg({{9, 0, 0}, x}, a, {9e-9, 0, 0}, &out, 1e-8));
+    EXPECT_BITS_EQ(untouched, out);
 }
 
 void CheckPlanar(mgIntersectionType_e type, P const &written, P const &q1, P const &q2,
@@ -92,6 +96,18 @@ TEST(Segments2D, CollinearSegmentsGiveTheMiddleOfTheirOverlap) {
     check(None, 5, 7, 0);
 }
 
+TEST(Segments2D, TheAreasAreThoseAtTheFirstEnd) {
+    Random random;
+    for (int round = 0; round < 20; ++round) {
+        P const p1 = random.triple<P>(-9, -1), p2 = random.triple<P>(1, 9);
+        P const q1(random.uniform(-1, 0), 9, 1), q2(random.unit(), -9, 2);
+        double const area1 = ((p2 - p1) * (q1 - p1)).z(), area2 = ((p2 - p1) * (q2 - p1)).z();
+        P out;
+        EXPECT_EQ(Point, mg_LineSegIntLineSeg2D(p1, p2, q1, q2, &out));
+        EXPECT_BITS_EQ(interpolate(area1 / (area1 - area2), q1, q2), out);
+    }
+}
+
 TEST(Segments2D, AMarkedPointMeetsNothing) {
     for (double mark : {5e-09, -5e-09}) {
         CheckPlanar(None, untouched, {mark, -1, 0}, {1, 1, 0});
@@ -103,6 +119,9 @@ TEST(Segments2D, AMarkedPointMeetsNothing) {
     }
     CheckPlanar(None, untouched, {1, -1, 0}, {1, 1, std::nan("")});
     CheckPlanar(None, untouched, {1, 1, 0}, {1, 1, 9e-9}); // equal ends
+    P out;                                                 // the candidate is NaN
+    EXPECT_EQ(None,
+              mg_LineSegIntLineSeg2D({-kMax, 0, 0}, {kMax, 0, 0}, {0, -1, 0}, {0, 1, 0}, &out));
 }
 
 } // namespace

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Open tours: the library against a literal version of the rule, and the contract of the order.
+// Open and closed tours: the library against literal versions of the rules, and the contract of the
+// order.
 
 #include <numeric>
-#include <vector>
+#include <tuple>
 
-#include "common/geometry.h"
+#include "common/arrays.h"
 
 namespace {
 
@@ -13,22 +14,28 @@ using namespace common;
 using List = std::vector<P>;
 using Order = std::vector<int>;
 
-/// The rule, step by step: three nested loops, a best cost that starts below all others, and the
-/// ends tried after the detour.
-Order literalTour(List const &list) {
+Order tourOf(decltype(mg_OpenTSP) function, List const &list) {
+    Watched<P> points(list);
+    Watched<int> order;
+    function(points, order);
+    return order.list();
+}
+
+/// The rule of insertion, step by step: three nested loops, a best cost that starts below all
+/// others, and the ends tried after the detour. A closed tour ends with its start, and has no ends.
+Order literalInsertion(List const &list, bool closed) {
     P const *const p = list.data();
     int const n = static_cast<int>(list.size());
-    Order left(list.size());
+    Order left(list.size() - 2), tour{n - 2, n - 1};
     std::iota(left.begin(), left.end(), 0);
-    if (n <= 2) return left;
-    left.resize(list.size() - 2);
-    Order tour{n - 2, n - 1};
+    if (closed) tour.push_back(n - 2);
     while (!left.empty()) {
         double best = -1000.0;
         auto chosen = left.end();
         auto place = tour.end();
         for (auto k = tour.begin() + 1; k != tour.end(); ++k) {
-            bool const first = k - 1 == tour.begin(), last = k + 1 == tour.end();
+            bool const first = !closed && k - 1 == tour.begin();
+            bool const last = !closed && k + 1 == tour.end();
             for (auto c = left.begin(); c != left.end(); ++c) {
                 double const d4 = dist(p[*c], p[*k]), d5 = dist(p[*c], p[k[-1]]);
                 double const cost = d4 + d5 - dist(p[k[-1]], p[*k]);
@@ -43,61 +50,109 @@ Order literalTour(List const &list) {
         tour.insert(place, *chosen);
         left.erase(chosen);
     }
+    if (closed) tour.pop_back();
     return tour;
 }
 
-Order tourOf(List const &list) {
-    suDynamicArray<P> points;
-    for (P const &p : list) points.Add(p);
-    suDynamicArray<int> order;
-    mg_OpenTSP(points, order);
-    return {order.Data(), order.Data() + order.Count()};
-}
-
-TEST(OpenTour, AgreesWithTheRule) {
-    Random random;
-    auto const check = [&random](int rounds, int mostPoints, auto point, Caller = {}) {
-        for (int round = 0; round < rounds; ++round) {
-            List list;
-            for (int i = random.below(mostPoints); i >= 0; --i) list.push_back(point(round));
-            ASSERT_EQ(literalTour(list), tourOf(list));
+/// Carries out the best exchange at point a, if there is any.
+bool improve(P const *p, Order &tour, int a) {
+    std::tuple<double, int, int> best{0.0, 0, 0}; // minus what it saves, c, b
+    Order result;
+    for (bool const backwards : {false, true}) {
+        Order t = tour;
+        if (backwards) std::reverse(t.begin(), t.end());
+        std::rotate(t.begin(), std::find(t.begin(), t.end(), a) + 1, t.end()); // b ... c d ... a
+        for (std::size_t i = 1; i + 2 < t.size(); ++i) {
+            int const b = t[0], c = t[i], d = t[i + 1];
+            if (!(dist(p[a], p[c]) < dist(p[a], p[b]))) continue;
+            double const removed = dist(p[a], p[b]) + dist(p[c], p[d]);
+            double const saved = removed - (dist(p[a], p[c]) + dist(p[b], p[d]));
+            if (!(saved > 1e-12 * removed) || std::tuple(-saved, c, b) >= best) continue;
+            best = {-saved, c, b};
+            result = t;
+            std::reverse(result.begin(), result.begin() + static_cast<std::ptrdiff_t>(i) + 1);
         }
-    };
-    check(20000, 14, [&](int round) { // small grids: equal distances, coincident points
-        int const side = 1 + round % 5;
-        return P(random.below(side), random.below(side), random.below(1 + round % 2));
-    });
-    check(240, 60, [&](int round) {
-        double const scales[] = {1.0, 1e-300, 1e150}, scale = scales[round % 3];
-        return random.triple<P>(-scale, scale);
-    });
-    check(3000, 9, [&](int) { return P(random.hostile(), random.hostile(), 0); });
+    }
+    if (!result.empty()) tour = result;
+    return !result.empty();
 }
 
-TEST(OpenTour, EmptiesFillsAndReplacesTheOrderWithNotifications) {
-    struct Listening : suDynamicArray<int> {
-        void elementsChanged(int first, int last) override { told.emplace_back(first, last); }
-        std::vector<std::pair<int, int>> told;
-    };
-    suDynamicArray<P> points;
-    Listening order;
-    mg_OpenTSP(points, order);
-    for (int i = 0; i < 3; ++i) points.Add(P(i, 0, 0));
-    mg_OpenTSP(points, order);
-    decltype(order.told) const expected{{0, -1}, {0, -1}, {0, 0}, {1, 1}, {2, 2}, {0, 2}};
-    EXPECT_EQ(expected, order.told);
+Order literalTour(List const &p, bool closed) {
+    Order tour(p.size());
+    std::iota(tour.begin(), tour.end(), 0);
+    if (p.size() < (closed ? 4 : 3)) return tour;
+    tour = literalInsertion(p, closed);
+    if (!closed) return tour;
+    for (bool improved = true; improved;) {
+        improved = false;
+        for (int a = 0; a < static_cast<int>(p.size()); ++a) improved |= improve(p.data(), tour, a);
+    }
+    std::rotate(tour.begin(), std::find(tour.begin(), tour.end(), 0), tour.end());
+    if (tour[1] > tour.back()) std::reverse(tour.begin() + 1, tour.end());
+    return tour;
 }
 
-TEST(OpenTour, AnOrderThatCannotGrowEndsUpEmptyUnlessThePathReplacesIt) {
-    auto const check = [](int count, int n, int capacity, Caller = {}) {
-        suDynamicArray<P> points;
-        for (int i = 0; i < n; ++i) points.Add(P(i, 0, 0));
-        suDynamicArray<int> order;
-        order.Adopt(static_cast<int *>(suDynArrayAlloc(capacity, 0, 1, sizeof(int))));
-        mg_OpenTSP(points, order);
-        EXPECT_EQ(count, order.Count());
+TEST(Tour, AgreesWithTheRule) {
+    Random random;
+    for (bool const closed : {false, true}) {
+        auto const check = [&](int rounds, int mostPoints, auto point, Caller = {}) {
+            for (int round = 0; round < rounds; ++round) {
+                List list;
+                for (int i = random.below(mostPoints); i >= 0; --i) list.push_back(point(round));
+                ASSERT_EQ(literalTour(list, closed),
+                          tourOf(closed ? mg_ClosedTSP : mg_OpenTSP, list));
+            }
+        };
+        check(1000, 16, [&](int round) { // small grids: equal distances, coincident points
+            int const side = 1 + round % 5;
+            return P(random.below(side), random.below(side), random.below(1 + round % 2));
+        });
+        check(40, 60, [&](int round) {
+            double const scales[] = {1.0, 1e-300, 1e150}, scale = scales[round % 3];
+            return random.triple<P>(-scale, scale);
+        });
+        check(40, 60, [&](int i) { return P(i % 2, random.ofMagnitude(-9, 9), 0); });
+        // Clusters whose distances are those of the last neighbours stored.
+        check(300, 40,
+              [&](int) { return P(random.below(4) * 1.5 + random.unit(), random.unit(), 0); });
+        check(4, closed ? 120 : 60, [&](int) { // clusters and a line: edges far longer than the
+            return random.below(3)             // stored neighbours
+                       ? P(random.below(5) * 1000 + random.unit(), random.unit(), 0)
+                       : P(0, random.uniform(-3000, 3000), 0);
+        });
+        if (closed) continue; // for which infinite distances are none
+        check(500, 9, [&](int) { return P(random.hostile(), random.hostile(), 0); });
+    }
+}
+
+TEST(ClosedTour, PointsWithoutFiniteDistancesKeepTheirOrder) {
+    Random random;
+    for (double const odd : {kNaN, kInfinity, 1e160}) {
+        List list;
+        for (int i = 0; i < 9; ++i) list.push_back(random.triple<P>(-1, 1));
+        list[4].set_z(odd);
+        EXPECT_EQ((Order{0, 1, 2, 3, 4, 5, 6, 7, 8}), tourOf(mg_ClosedTSP, list));
+    }
+    Hostile any;
+    for (int round = 0; round < 1000; ++round)
+        ASSERT_EQ(7u, tourOf(mg_ClosedTSP, {any, any, any, any, any, any, any}).size());
+}
+
+TEST(Tour, TellsOfTheIndicesAndOfTheNewBlock) {
+    auto const check = [](decltype(mg_OpenTSP) function, List const &list, Changes const &told,
+                          Caller = {}) {
+        Watched<P> points(list);
+        Watched<int> order({7, 8});
+        function(points, order);
+        EXPECT_EQ(told, order.told);
     };
-    check(0, 2, 0), check(0, 2, 1), check(2, 2, 2), check(3, 3, 1);
+    P const o, p(1, 1, 0), q(2, 4, 0), r(3, 9, 0);
+    check(mg_OpenTSP, {}, {{0, -1}});
+    check(mg_OpenTSP, {o, p}, {{0, -1}, {0, 0}, {1, 1}});
+    check(mg_OpenTSP, {o, p, q}, {{0, -1}, {0, 0}, {1, 1}, {2, 2}, {0, 2}});
+    check(mg_ClosedTSP, {}, {{0, -1}});
+    check(mg_ClosedTSP, {o, p, q}, {{0, -1}, {0, 0}, {1, 1}, {2, 2}});
+    check(mg_ClosedTSP, {o, p, q, r}, {{0, -1}, {0, 0}, {1, 1}, {2, 2}, {3, 3}, {0, 3}});
 }
 
 } // namespace

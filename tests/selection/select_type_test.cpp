@@ -37,6 +37,7 @@ TEST(SelectSets, EditsKeepTheOrderAndAddNothingTwice) {
     forBoth([](auto set, auto c) {
         using Set = decltype(set);
         EXPECT_EQ(Codes{-2}, codesOf(Set(c(-2))));
+        EXPECT_EQ(Codes{}, codesOf(Set(c(0))));
         for (int const number : {7, -2, 0, 7, -1, 0}) set.add(c(number));
         EXPECT_EQ((Codes{7, -2, 0, -1}), codesOf(set));
         EXPECT_EQ(1, set.getIndex(c(-2)));

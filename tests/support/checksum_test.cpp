@@ -39,7 +39,9 @@ TEST(Rect, ClosedRectanglesOverlapAtTheirEdges) {
 }
 
 TEST(Rect, NormalizeOrdersTheCorners) {
-    mgRect r(5, 0, 1, 3);
+    mgRect r;
+    EXPECT_EQ(std::tuple(0, 0, 0, 0), std::tuple(r.left, r.top, r.right, r.bottom));
+    r = {5, 0, 1, 3};
     r.normalize();
     EXPECT_EQ(std::tuple(1, 3, 5, 0), std::tuple(r.left, r.top, r.right, r.bottom));
 }

@@ -58,11 +58,12 @@ TEST(Gfxmath, ProductAppliesItsSecondMatrixFirst) {
     gfxmath_mult_matrix(a, overB, overB);
     EXPECT_EQ((Mat{0, 3, 0, 0, -2, 0, 0, 0, 0, 0, 4, 0, 11, 19, 29, 1}), overA);
     EXPECT_EQ(overA, overB);
+    Mat const full{1, 2, 3, 0, 4, 5, 6, 0, 7, 8, 9, 0, 13, 14, 15, 1};
     Vec point{1, 10, 100}, vector = point;
-    gfxmath_mult_point_by_matrix(point, overA, point); // row vectors
-    gfxmath_mult_vector_by_matrix(vector, overA, vector);
-    EXPECT_EQ((Vec{-9, 22, 429}), point);
-    EXPECT_EQ((Vec{-20, 3, 400}), vector);
+    gfxmath_mult_point_by_matrix(point, full, point); // row vectors
+    gfxmath_mult_vector_by_matrix(vector, full, vector);
+    EXPECT_EQ((Vec{754, 866, 978}), point);
+    EXPECT_EQ((Vec{741, 852, 963}), vector);
 }
 
 TEST(Gfxmath, TriangleNormalsOfSmallTrianglesNeedTheScaledForms) {

@@ -99,6 +99,8 @@ TEST(Persistence, MatricesAreRepairedOrTakenAsTheyAre) {
     nearly[1] = s;
     check(restore, {}, s, -s, s, 0, 0, 0, s, s, -s); // null rows
     check(restore, mgMatrix_c({1.1, 0, 0, 0, 1, 0, 0, 0, off}, 1), 1.1, 0, 0, 0, 1, 0, 0, 0, off);
+    for (double const y : {0, 1}) // fewer null rows
+        check(restore, mgMatrix_c({0, 0, 0, 0, y, 0, 0, 0, 1}, 1), 0, 0, 0, 0, y, 0, 0, 0, 1);
     check(restoreAsIs, nearly, 1, s, 0, 0, 1, 0, 0, 0, 1);
     check(restoreAsIs, mgMatrix_c({1, 0, 0, 0, 1, 0, off, 0, 1}, 0), 1, 0, 0, 0, 1, 0, off, 0, 1);
 }
@@ -169,6 +171,18 @@ TEST(Persistence, OtherRecordsAreTheirMembersAsTheyAre) {
                 mgCone_c());
     CheckRecord(bytes(0x01020304) + six + bytes(-2), body, mgPrimitiveBodyData_c());
     CheckRecord<CArchive>(bytes(0x01020304) + six + bytes(-2), body, mgPrimitiveBodyData_c());
+}
+
+TEST(Persistence, DefaultObjectsAreStoredAsTheyAre) {
+    auto const check = [](auto object, auto... items) {
+        EXPECT_EQ(bytes(static_cast<double>(items)...), stored(object, save));
+    };
+    check(mgBBox_c(), 0, 0, 0, -1, -1, -1, 1, 1, 1, -2);
+    check(mgPerspInfo_c(), 0, 0, 0, 0, 0, -1);
+    check(mgModelPerspInfo_c(), 0, 0, 0, 0, 0, -1, 0, 0, 1);
+    check(mgLine_c(), 0, 0, 0, 0, 0, 0);
+    check(mgCone_c(), 0, 0, 0, 0, 0, 1, -2, -2);
+    check(mgPrimitiveBodyData_c(), 0, 0, 0, 0, 0, 0, 0); // the first and last half are integers
 }
 
 } // namespace

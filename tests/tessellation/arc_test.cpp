@@ -45,6 +45,7 @@ TEST(TessArc, DegenerateInputMakesNothing) {
     EXPECT_EQ(0, segments(1, p, {0, 0, 5e-10}, 0.01));
     EXPECT_EQ(11, segments(1, {1e-09, 0, 0}, q, 0.01));
     EXPECT_EQ(0, segments(1, p, {kNaN, 0, 0}, 0.01));
+    EXPECT_TRUE(polylineOf({{0, kNaN, 0}, {0, 0, 1}, 1}, p, p, 0.01).empty());
 }
 
 TEST(TessArc, GoesCounterClockwiseAboutTheNormalInEqualSteps) {

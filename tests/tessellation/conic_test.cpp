@@ -34,18 +34,23 @@ TEST(TessBConic, LiesOnTheConicWithItsChordsNearItsTangents) {
     // A quarter of a circle: 256 chords are 0.00307 off their tangents, 128 are 0.00614.
     double const circle = 2 - std::sqrt(2.0);
     EXPECT_EQ(segmentsOf(polylineOf(conicOf(circle))), 256);
+    Random random;
     for (double const flatness : {0.05, 0.3, 0.5, circle, 0.7, 0.95}) {
-        Polyline const points = polylineOf(conicOf(flatness));
+        mgXform_c const x = mg_ScaleXform(placement(random), 1), back = x.inverse();
+        parabolaEdgeData const conic = placed(conicOf(flatness), x);
+        Polyline const points = polylineOf(conic);
         ASSERT_GT(points.size(), 100u);
-        EXPECT_BITS_EQ(points.front(), P(-1, 0, 0));
-        EXPECT_BITS_EQ(points.back(), P(1, 0, 0));
+        EXPECT_BITS_EQ(points.front(), conic.start);
+        EXPECT_BITS_EQ(points.back(), conic.end);
         double const m = (1 - flatness) / flatness;
-        for (P const &p : points) {
+        for (P const &point : points) {
             // In coordinates a, b, c of the triangle start, vertex, end: b^2 = 4 m^2 a c.
+            P const p = point * back;
             double const b = p.y(), a = 0.5 * (1 - b - p.x()), c = 0.5 * (1 - b + p.x());
-            EXPECT_NEAR(b * b, 4 * m * m * a * c, 4e-15 * (1 + m * m));
+            EXPECT_NEAR(b * b, 4 * m * m * a * c, 1e-13 * (1 + m * m));
+            EXPECT_NEAR(0, p.z(), 1e-13);
         }
-        CheckTurns(conicOf(flatness), points);
+        CheckTurns(conic, points);
     }
 }
 
@@ -61,7 +66,13 @@ TEST(TessBConic, ASharpTurnIsResolvedByTheNumbersAtThatTurn) {
     for (auto const &conic : {atStart, atEnd}) EXPECT_EQ(210, segmentsOf(polylineOf(conic)));
 }
 
-TEST(TessBConic, RefusesCoordinatesFrom1e100On) {
+void CheckTaken(bool taken, parabolaEdgeData const &conic, Caller = {}) {
+    EXPECT_EQ(taken, !polylineOf(conic).empty());
+    EXPECT_TRUE(areSame(polylineOf(conic, mg_TessParabolaOrBConic),
+                        polylineOf(conic, taken ? mg_TessBConic : mg_TessParabola)));
+}
+
+TEST(TessBConic, RefusesNaNAndCoordinatesFrom1e100On) {
     auto const segments = [](double size) {
         return segmentsOf(polylineOf(
             {{0, size, 0}, {0, 0.5 * size, 0}, {}, {-size, 0, 0}, {size, 0, 0}, {0, 0, 1}}));
@@ -69,6 +80,9 @@ TEST(TessBConic, RefusesCoordinatesFrom1e100On) {
     EXPECT_EQ(254, segments(1));
     EXPECT_EQ(254, segments(0x1p332)); // 8.7e99
     for (double const size : {1e100, 1e150, kMax, kInfinity}) EXPECT_EQ(0, segments(size));
+    // NaN, also where the focus is at the start.
+    for (P const &end : {P(kNaN, 0, 0), P(0, 0, kNaN)})
+        CheckTaken(false, {{0, 1, 0}, {-1, 0, 0}, {}, {-1, 0, 0}, end, {0, 0, 1}});
 }
 
 TEST(TessBConic, AListIsReplaced) {
@@ -79,12 +93,6 @@ TEST(TessBConic, AListIsReplaced) {
     mg_TessBConic(&conic, 0.01, nullptr, count, &list);
     EXPECT_GT(count, 0);
     EXPECT_EQ(list.Count(), count + 1);
-}
-
-void CheckTaken(bool taken, parabolaEdgeData const &conic, Caller = {}) {
-    EXPECT_EQ(taken, !polylineOf(conic).empty());
-    EXPECT_TRUE(areSame(polylineOf(conic, mg_TessParabolaOrBConic),
-                        polylineOf(conic, taken ? mg_TessBConic : mg_TessParabola)));
 }
 
 TEST(TessBConic, RefusesWhatItCannotTakeAndTheDispatcherDrawsAParabola) {

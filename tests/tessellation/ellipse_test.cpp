@@ -25,9 +25,10 @@ ellipseEdgeData ellipseOf(double a, double b, double from, double to) {
 TEST(TessEllipse, CountsSegmentsByToleranceBetweenTenAndOneAndAHalfDegrees) {
     // Degrees, tolerance, segments: at least two above 1.5 degrees and three above 3, also where
     // two steps of 10 degrees are enough.
-    double const rows[][3] = {{360, 0.01, 140}, {100.5, 4, 10}, {100.5, 1e-9, 67}, {100.5, -1, 67},
-                              {1.49, 4, 1},     {1.51, 4, 2},   {2.99, 4, 2},      {3.01, 4, 3},
-                              {29.9, 4, 3},     {41, 4, 4}};
+    double const rows[][3] = {{360, 0.01, 140}, {100.5, 4, 10},        {100.5, 1e-9, 67},
+                              {100.5, -1, 67},  {1.49, 4, 1},          {1.51, 4, 2},
+                              {2.99, 4, 2},     {3.01, 4, 3},          {29.9, 4, 3},
+                              {41, 4, 4},       {360, 0.00342725, 239}};
     for (auto const &[degrees, tol, expected] : rows) {
         double const end = 0.5 + degrees * vexmath::kRadPerDeg;
         EXPECT_EQ(expected, segmentsOf(polylineOf(ellipseOf(10, 4, 0.5, end), tol))) << degrees;
@@ -39,14 +40,19 @@ TEST(TessEllipse, CountsSegmentsByToleranceBetweenTenAndOneAndAHalfDegrees) {
 }
 
 TEST(TessEllipse, GoesFromStartToEndInEqualAngles) {
-    // Directions are used as given, here twice as long.
-    ellipseEdgeData const twice{{1, 2, 3}, {2, 0, 0}, {0, 0, 2}, 3, 1, {7, 2, 3}, {7, 2, 3}};
-    Polyline const closed = polylineOf(twice, 1);
-    EXPECT_EQ(segmentsOf(closed), 36);
-    CheckNear(closed, 1e-11, [](double share) {
-        P const p = onEllipse(6, 2, share * vexmath::kTwoPi);
-        return P(1 + p.x(), 2, 3 + p.y());
-    });
+    // Directions are used as given, here three times as long.
+    auto const check = [](int segments, double from, double sweep, Caller = {}) {
+        P const centre(1, 2, 3);
+        auto const at = [&](double share) {
+            P const p = onEllipse(2, 1, from + share * sweep);
+            return centre + p.x() * V(1, 2, 2) + p.y() * V(2, 1, -2);
+        };
+        Polyline const points =
+            polylineOf({centre, {1, 2, 2}, {2, 1, -2}, 2, 1, at(0), at(sweep < 6 ? 1 : 0)}, 1);
+        EXPECT_EQ(segments, segmentsOf(points));
+        CheckNear(points, 1e-11, at);
+    };
+    check(36, 0.3, vexmath::kTwoPi), check(11, 2, 2), check(28, 0.5, 5);
 }
 
 TEST(TessEllipse, TheEndsOfTheRecordCountAndThoseOfTheCallDoNot) {

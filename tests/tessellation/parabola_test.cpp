@@ -28,11 +28,13 @@ parabolaEdgeData conicOf(double f, double e, double t0, double t1) {
 } // namespace
 
 TEST(TessParabola, StepsEquallyAcrossTheAxisOnTheCurve) {
+    Random random;
     for (double const e : {0.5, 1.0, 1.25, 3.0, 1000.0}) {
-        Polyline const points = polylineOf(conicOf(2, e, -0.25, 0.51));
-        EXPECT_EQ(segmentsOf(points), 19) << e;      // 0.76 times 25
-        CheckNear(points, 1e-12, [e](double share) { // an ellipse is replaced by a parabola
-            return onConic(2, std::max(e, 1.0), 4 * (-0.25 + 0.76 * share));
+        mgXform_c const x = placement(random);
+        Polyline const points = polylineOf(placed(conicOf(2, e, -0.25, 0.53), x));
+        EXPECT_EQ(segmentsOf(points), 19) << e;      // 0.78 times 25
+        CheckNear(points, 1e-12, [&](double share) { // an ellipse is replaced by a parabola
+            return onConic(2, std::max(e, 1.0), 4 * (-0.25 + 0.78 * share)) * x;
         });
     }
 }
@@ -45,8 +47,9 @@ TEST(TessParabola, TheToleranceDoesNotChangeAParabola) {
 
 TEST(TessParabola, HasFromTenToTenMillionSegments) {
     double const rows[][4] = {
-        {2, 0, 0.439, 10},  {2, 0, 0.441, 11},      {2, 1, 0.99, 10}, // f, t0, t1
-        {2, 0.25, 0.25, 0}, {1e-3, 0, 400000.1, 0}, {0, 0, 1, 0}};
+        {2, 0, 0.439, 10},     {2, 0, 0.441, 11},      {2, 1, 0.99, 10}, // f, t0, t1
+        {2, 0, 3.9999999, 99}, {2, 0, 4.0000001, 100}, {2, 0.25, 0.25, 0}, {1e-3, 0, 400000.1, 0},
+        {0, 0, 1, 0}};
     for (auto const &[f, t0, t1, expected] : rows)
         EXPECT_EQ(expected, segmentsOf(polylineOf(conicOf(f, 1, t0, t1)))) << f << ' ' << t1;
 }
@@ -62,11 +65,11 @@ TEST(TessParabola, AShortArcWhoseHeightIsLostToRoundingIsAParabola) {
 }
 
 TEST(TessParabola, AHyperbolaOfHugeEccentricityIsALine) {
-    P const end(1e-160, 1, 0);
-    for (P const &p : polylineOf({{}, {1, 0, 0}, {}, {}, end, {0, 0, 1}})) {
-        EXPECT_TRUE(0 <= p.x() && p.x() < 1e-150) << p.x();
-        EXPECT_GE(p.y(), 0);
-    }
+    Polyline const points = polylineOf({{}, {1, 0, 0}, {}, {}, {1e-160, 1, 0}, {0, 0, 1}});
+    for (P const &p : points) EXPECT_GE(p.x(), 0);
+    // Of an eccentricity of 1e154, which is the largest.
+    EXPECT_NEAR((std::sqrt(2.0) - 1) * 1e-154, points.back().x(), 1e-163);
+    EXPECT_NEAR(1, points.back().y(), 1e-15);
 }
 
 TEST(ConicEccentricity, IsThatOfTheCurveThroughTheEndFartherAlongTheAxis) {

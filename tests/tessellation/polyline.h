@@ -22,7 +22,7 @@ inline bool areSame(Polyline const &a, Polyline const &b) {
 template <class Call>
 Polyline outputOf(Call call) {
     P *array = nullptr;
-    int count = -1, listed = -1;
+    int count = -1, listed = -2;
     call(&array, count, nullptr);
     suDynamicArray<P> list;
     list.Add({7, 8, 9});
@@ -30,6 +30,7 @@ Polyline outputOf(Call call) {
     EXPECT_EQ(count, listed);
     EXPECT_EQ(count > 0, array != nullptr);
     if (array == nullptr) {
+        EXPECT_EQ(count, 0);
         EXPECT_EQ(list.Count(), 1);
         return {};
     }
@@ -41,6 +42,12 @@ Polyline outputOf(Call call) {
 }
 
 inline int segmentsOf(Polyline const &points) { return std::max(0, int(points.size()) - 1); }
+
+inline parabolaEdgeData placed(parabolaEdgeData const &conic, mgXform_c const &x) {
+    V const normal = V(conic.normal[0], conic.normal[1], conic.normal[2]) * x;
+    return {conic.vertex * x, conic.focus * x, {},
+            conic.start * x,  conic.end * x,   {normal.x(), normal.y(), normal.z()}};
+}
 
 /// Compares each point with at(share), where the shares are equally spaced from 0 to 1.
 template <class At>

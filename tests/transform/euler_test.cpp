@@ -71,22 +71,24 @@ TEST(Euler, TheNewerAnglesOfSmallRotationsHaveTheOppositeSign) {
     CheckAngles(newer, ofElements({1, kNaN, kNaN, 0, 1, kNaN, 0, 0, 1}), 1, {0.0, 0.0, 0.0});
 }
 
-TEST(Euler, ARotationAboutOneAxisHasOlderAnglesOfItsOwn) {
-    auto const check = [](V const &axis, double t, V const &expected, Caller = {}) {
+TEST(Euler, TheOlderAnglesAreFoundByTheirOwnSteps) {
+    auto const check = [](mgXform_c const &form, V const &expected, Caller = {}) {
         double a1, a2, a3;
-        ASSERT_EQ(1, mg_RotateXform(t, axis, 0.0).getThreeAngles(a1, a2, a3)) << t;
-        EXPECT_LT(gap(expected, V(a1, a2, a3)), 1e-12) << t;
+        ASSERT_EQ(1, form.getThreeAngles(a1, a2, a3)) << shown(expected);
+        EXPECT_LT(gap(expected, V(a1, a2, a3)), 1e-12);
     };
     double const half = vexmath::kPi, quarter = vexmath::kHalfPi;
-    V const x(1.0, 0.0, 0.0), y(0.0, 1.0, 0.0), z(0.0, 0.0, 1.0);
-    check(x, 1.2, {0.0, 0.0, 1.2}), check(x, -1.2, {0.0, 0.0, -1.2});
-    check(x, 1.7, {half, half, 1.7 - half}), check(x, -1.7, {half, half, half - 1.7});
-    check(y, 2.5, {0.0, 2.5, 0.0}), check(y, -2.5, {0.0, -2.5, 0.0});
-    check(z, 2.5, {2.5, 0.0, 0.0}), check(z, -1.4e-5, {}); // cosines above 1 - 1e-10 are 1
+    check(rotated(0, 0, 1.2), {0, 0, 1.2}), check(rotated(0, 0, -1.2), {0, 0, -1.2});
+    check(rotated(0, 0, 1.7), {half, half, 1.7 - half});
+    check(rotated(0, 0, -1.7), {half, half, half - 1.7});
+    check(rotated(0, 2.5, 0), {0, 2.5, 0}), check(rotated(0, -2.5, 0), {0, -2.5, 0});
+    check(rotated(2.5, 0, 0), {2.5, 0, 0}), check(rotated(-1.4e-5, 0, 0), {}); // as 1: 1 - 1e-10
+    check(rotated(0.3, 0.4, 0.5), {0.3, 0.4, 0.5});
+    check(rotated(-0.3, 0.4, 0.5), {half - 0.3, half - 0.4, 0.5 - half});
     for (double const t : {quarter, -quarter})
-        CheckAngles(older, mg_RotateXform(t, y, 1e-9), 0, unwritten);
+        CheckAngles(older, mg_RotateXform(t, {0, 1, 0}, 1e-9), 0, unwritten);
     for (double const t : {half, -2.5, 1.4e-5})
-        CheckAngles(older, mg_RotateXform(t, z, 1e-9), 0, unwritten);
+        CheckAngles(older, mg_RotateXform(t, {0, 0, 1}, 1e-9), 0, unwritten);
 }
 
 TEST(Euler, TheOlderAnglesMatchWholeHundredths) {

@@ -35,9 +35,16 @@ TEST(Forms, TheScaleOfAnArrayIsNotReadBack) {
     }
     EXPECT_BITS_EQ(raw(made.rotation(), x.translation()), made);
     EXPECT_BITS_EQ(raw(read.rotation()), read); // by the copy rules
+    for (int k = 0; k < 3; ++k) {               // of the third axis only the sense is read
+        double axes[9] = {};
+        axes[(k + 1) % 3] = axes[3 + (k + 2) % 3] = 1.0, axes[6 + k] = -1.0;
+        EXPECT_EQ(1, read.restoreStringRep(textOf(raw(mgMatrix_c(axes, 0))).c_str()));
+        EXPECT_BITS_EQ(mgMatrix_c(axes, 0), read.rotation());
+    }
 }
 
-mgXform_c const third = mg_ScaleXform(mg_TranslateXform({1.0 / 3.0, 2.0, -1e200}), 2.0);
+mgXform_c const third =
+    raw(mgMatrix_c({1, 2, 3, 4, 5, 6, 7, 8, 9}, 0), {1.0 / 3.0, 2.0, -1e200}, 2.0);
 
 void CheckRefused(std::wstring const &text, Caller = {}) {
     mgXform_c x = third;
@@ -56,8 +63,9 @@ TEST(Forms, ATextThatIsNotSixteenNumbersChangesNothing) {
 }
 
 TEST(Forms, TextsFollowTheNumericLocale) {
-    std::wstring const withPoint = L"2 0 0 0 0 2 0 0 0 0 2 0 0.3333333333333333 2 -1e+200 1";
-    std::wstring const withComma = L"2 0 0 0 0 2 0 0 0 0 2 0 0,3333333333333333 2 -1e+200 1";
+    std::wstring const rows = L"2 4 6 0 8 10 12 0 14 16 18 0 ";
+    std::wstring const withPoint = rows + L"0.3333333333333333 2 -1e+200 1";
+    std::wstring const withComma = rows + L"0,3333333333333333 2 -1e+200 1";
     EXPECT_EQ(withPoint, textOf(third));
     CheckRefused(withComma);
 

@@ -37,10 +37,8 @@ TEST(PerspInfo, TheFieldOfViewPlaneDistanceGivesTheKind) {
         CheckMove(info, &mgPerspInfo_c::moveScreenPointToNearClipPlane, 99.0,
                   perspective ? P(5.0, 10.0, 7.0) : P(3.0, 6.0, 7.0));
     };
-    check(-5e-324, false, false, 4.0);
-    check(0.0, true, false, 4.0);
-    check(2.0, false, true, 2.0);
-    check(kNaN, false, false, 4.0);
+    check(-5e-324, false, false, 4.0), check(0.0, true, false, 4.0);
+    check(2.0, false, true, 2.0), check(kNaN, false, false, 4.0);
 }
 
 TEST(PerspInfo, DivisionMovesTowardsTheEyeAndHasAnInverse) {

@@ -89,8 +89,7 @@ TEST(Viewing, AProjectionFollowsTheImageOfTheDepthAxis) {
         EXPECT_BITS_EQ(expected, p);
     };
     check(x, 0, mgLinePlane_Point, {7, 2, 3}); // z goes to x
-    check(x, 1, mgLinePlane_Point, {7, 0, 5});
-    check(z, 0, mgLinePlane_Parallel, {1, 2, 3});
+    check(x, 1, mgLinePlane_Point, {7, 0, 5}), check(z, 0, mgLinePlane_Parallel, {1, 2, 3});
 }
 
 TEST(Viewing, ABoxDraggedBackwardsIsCentredBeyondItsStart) {

@@ -147,6 +147,8 @@ TEST(Xform, AxesAreComparedByDirection) {
     EXPECT_EQ(0, opposite);
     EXPECT_EQ(3, raw(quarter).getNearestAxis({1.0, 1.0, -1.001}, opposite));
     EXPECT_EQ(1, opposite);
+    EXPECT_EQ(1, raw(quarter).getNearestAxis(U(), opposite));
+    EXPECT_EQ(0, opposite);
 }
 
 void CheckRepair(mgXform_c form, int expected, mgXform_c const &repaired, Caller = {}) {

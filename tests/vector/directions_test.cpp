@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Unit vectors and direction predicates: every threshold from both sides, and NaN.
 
+#include <ctime>
 #include <memory>
 
 #include "common/geometry.h"
@@ -38,10 +39,8 @@ TEST(Directions, UnitVectorsCompareStrictly) {
         EXPECT_EQ(equal, a.isEqual(b, tol)) << shown(a) << shown(b) << tol;
         EXPECT_EQ(sameDirection, a.isSameDirectionUpToTol(b, tol)) << shown(a) << shown(b) << tol;
     };
-    check(u, u, -1.0, 0, 0);
-    check(u, v, 1.0, 0, 0);
-    check(u, v, above(1.0), 1, 1);
-    check(u, none, 5.0, 1, 0);
+    check(u, u, -1.0, 0, 0), check(u, v, 1.0, 0, 0);
+    check(u, v, above(1.0), 1, 1), check(u, none, 5.0, 1, 0);
     check(none, u, 5.0, 1, 0);
 }
 
@@ -84,8 +83,8 @@ TEST(Directions, ToleranceInDegreesDecidesByCosineOrBySine) {
         EXPECT_EQ(bySine, x.isParallelToTol(v, degrees)) << v.y() << " within " << degrees;
     };
     constexpr double kRadPerDeg = 0.017453292519943295;
-    check(-offX(1.001 * 30.0 * kRadPerDeg), 30.0, 0, 0);
-    check(-offX(0.999 * 30.0 * kRadPerDeg), 30.0, 1, 1);
+    check(-offX(1.00000005 * 60.0 * kRadPerDeg), 60.0, 0, 0);
+    check(-offX(0.99999995 * 60.0 * kRadPerDeg), 60.0, 1, 1);
     check(y, 80.0, 0, 0);              // the sine is below 1 where the angle is not
     check(x + 1e-12 * y, 1e-10, 1, 1); // 1.7e-12 radians, too small for a cosine
     check(x + 2e-12 * y, 1e-10, 1, 0);
@@ -107,24 +106,23 @@ TEST(Directions, ComponentsTellAxesAndTheDominantOne) {
     };
     check({1.0, 1e-08, 0.0}, 0, 0);
     check({small, small, small}, 0, 2); // the later axis on a tie
-    check({small, 1e-08, -small}, 1, 1);
-    check({0.0, -3.0, below(3.0)}, 0, 1);
+    check({small, 1e-08, -small}, 1, 1), check({small, -small, 5.0}, 1, 2);
+    check({-5.0, -small, small}, 1, 0), check({0.0, -3.0, below(3.0)}, 0, 1);
     check({kNaN, 0.0, small}, 1, 2);
+    check({3.0, small, -5.0}, 0, 2), check({5.0, 3.0, small}, 0, 0);
     check({1.0, kNaN, below(1.0)}, 0, 0); // NaN in y is left out
-    check({1.0, kNaN, 1.0}, 0, 2);
-    check({1.0, 2.0, kNaN}, 0, 2);
+    check({1.0, kNaN, 1.0}, 0, 2), check({1.0, 2.0, kNaN}, 0, 2);
 }
 
 TEST(Directions, AnyUnitNormalIsPerpendicular) {
     auto const check = [](V const &v, int preferAxis, V const &w, Caller = {}) {
         EXPECT_BITS_EQ(mg_Normalise(w), v.anyUnitNormal(preferAxis));
     };
-    check(null, 0, {1.0, 1.0, 1.0});
-    check({1e-10, below(1e-10), 5.0}, 1, y);
+    check(null, 0, {1.0, 1.0, 1.0}), check({1e-10, below(1e-10), 5.0}, 1, y);
     check({-1.0, 1e-10, -below(1e-10)}, -1, z);
     check({3.0, -3.0, 1.0}, 0, {1.0, -(3.0 + 1.0) / -3.0, 1.0}); // on a tie the later one changes
-    check(null, 1, x);
-    check({kNaN, 1.0, 0.0}, 0, {1.0, 1.0, 1.0});
+    check({1.0, 2.0, 4.0}, 0, {1.0, 1.0, -0.75}), check({4.0, 1.0, 2.0}, 0, {-0.75, 1.0, 1.0});
+    check(null, 1, x), check({kNaN, 1.0, 0.0}, 0, {1.0, 1.0, 1.0});
     check({0.0, kNaN, 0.0}, 0, {1.0, 1.0, 1.0});
     for (V const &v : {V(kNaN, 0.0, 1.0), V(1.0, kNaN, 0.0), V(0.0, 0.0, kNaN)}) check(v, 0, null);
 }
@@ -137,8 +135,7 @@ TEST(Directions, ABasisIsRightHanded) {
         EXPECT_BITS_EQ(mg_Normalise(n * u), v);
     };
     check(x, {0.5, 1.0, 1.6}); // x only when strictly smallest, z at most y, else y
-    check(z, {0.9, 0.7, -0.7});
-    check(y, {0.5, 0.5, 1.6});
+    check(z, {0.9, 0.7, -0.7}), check(y, {0.5, 0.5, 1.6});
     U u, v, other, first(z, 0), second(z, 0); // an output may be the input
     mg_getBasis(z, u, v), mg_getBasis(first, first, other), mg_getBasis(second, other, second);
     EXPECT_BITS_EQ(u, first);
@@ -155,16 +152,22 @@ TEST(Directions, PullBackSolvesForTheNearestCombination) {
     while (0.25 * (edge * edge) >= 1.0000000000000001e-16) edge = below(edge);
     EXPECT_BITS_EQ(null, w.pullBack(0.5 * x, edge * y));
     EXPECT_NEAR(6.0, w.pullBack(0.5 * x, above(edge) * y).x(), 1e-14);
+    // 3 a - 2 b + a x b
+    EXPECT_LT(gap(V(3.0, -2.0, 0.0), V(1.0, 9.0, 0.0).pullBack({1.0, 2.0, 2.0}, {2.0, 0.0, 1.0})),
+              1e-14);
     EXPECT_BITS_EQ(4.0 * y, w.pullBack({kNaN, 1.0, 0.0}, y)); // NaN is left out like a short vector
     EXPECT_BITS_EQ(V(kNaN, kNaN, 0.0), V(3.0, kNaN, 7.0).pullBack(x, y));
 }
 
 TEST(Directions, RandomRepeatsWithinASecond) {
-    auto const draw = [] { return *std::unique_ptr<U>(U::random()); };
-    U first = draw(), second = draw();
-    if (gap(first, second) > 0.0) first = draw(); // a second had just ended
-    EXPECT_BITS_EQ(first, second);
-    EXPECT_NEAR(1.0, first.len(), 1e-15);
+    std::time_t now = 0;
+    U drawn;
+    while (now != std::time(nullptr)) // otherwise a second has just ended
+        now = std::time(nullptr), drawn = *std::unique_ptr<U>(U::random());
+    std::srand(static_cast<unsigned>(now));
+    V expected; // of 15 bits each
+    for (int i = 0; i < 3; ++i) static_cast<double *>(expected)[i] = std::rand() & 0x7fff;
+    EXPECT_LT(gap(mg_Normalise(expected), drawn), 1e-15);
 }
 
 } // namespace

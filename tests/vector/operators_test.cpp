@@ -24,18 +24,6 @@ struct Write {
     template <class S, class T>
     auto operator()(S &stream, T &value) const -> decltype(stream << value);
 };
-struct Compare {
-    template <class A, class B>
-#if defined(__cpp_impl_three_way_comparison)
-    // The formatter would split the operator.
-    // clang-format off
-    auto operator()(A &a, B &b) const -> decltype(a <=> b);
-    // clang-format on
-#else
-    auto operator()(A &a, B &b) const -> decltype(a < b);
-#endif
-};
-
 template <class Operator, class A, class B>
 constexpr bool has = std::disjunction_v<std::is_invocable<Operator, A &, B &>,
                                         std::is_invocable<Operator, A const &, B const &>,
@@ -43,9 +31,8 @@ constexpr bool has = std::disjunction_v<std::is_invocable<Operator, A &, B &>,
 template <class A, class B, class... Operator>
 constexpr bool hasAny = (... || has<Operator, A, B>);
 template <class A, class... B>
-constexpr bool orders = (...
-                         || hasAny<A, B, std::less<>, std::greater<>, std::less_equal<>,
-                                   std::greater_equal<>, Compare>);
+constexpr bool orders =
+    (... || hasAny<A, B, std::less<>, std::greater<>, std::less_equal<>, std::greater_equal<>>);
 template <class A, class... B>
 constexpr bool steps = (... || hasAny<A, B, std::plus<>, std::minus<>>);
 template <class A, class... B>

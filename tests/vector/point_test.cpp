@@ -58,8 +58,9 @@ TEST(Points, ValuesGoInAndOutInOrder) {
     EXPECT_BITS_EQ(p, fromDoubles);
     EXPECT_BITS_EQ(p, fromFloats);
     fromFloats[2] = 0.7; // it is also an array of three
-    V(fromFloats).get(singles);
-    EXPECT_EQ(0.7F, singles[2]);
+    float back[3] = {};
+    V(fromFloats).get(back);
+    EXPECT_BITS_EQ(P(1.0, 2.0, 0.7F), P(back[0], back[1], back[2]));
     EXPECT_BITS_EQ(mg_Normalise(p), U(xyzw));
     mg2DPoint_c uv;
     uv.set(5.0, 6.0), uv.set_y(4.0);
@@ -115,16 +116,19 @@ TEST(Points, OrderIsLexicographicBeyondTheTolerance) {
 }
 
 TEST(Points, ParametersAndFeetLieWhereTheyShould) {
-    P const at(2.0, 21.0, 301.0), from(1.0, 1.0, 1.0), off(8.0, 4.0, 3.0);
+    P const at(2.0, 21.0, 301.0), from(1.0, 1.0, 1.0), off(6.0, -1.0, 6.0);
     EXPECT_EQ(0.5, at.getParamOnLine(from, {3.0, -1.0, 3.0})); // x on a tie
     EXPECT_EQ(150.0, at.getParamOnLine(from, {1.5, 1.5, 3.0}));
-    EXPECT_BITS_EQ(P(1.0, 2.0, -5.0), p.mirror({9.0, 9.0, -1.0}, {0.0, 0.0, 1.0}));
+    EXPECT_EQ(-10.0, at.getParamOnLine(from, {2.0, -1.0, 2.0}));
+    EXPECT_BITS_EQ(P(61.0, 122.0, -117.0), p.mirror({9.0, 9.0, -1.0}, {1.0, 2.0, -2.0}));
     double t = -1.0;
     P foot;
     EXPECT_EQ(5.0, p.distToLine({-2.0, 6.0, 3.0}, {-2.0 + 5e-9, 6.0, 3.0}, &t, &foot));
     EXPECT_BITS_EQ(P(-2.0, 6.0, 3.0 + t), foot);
-    EXPECT_EQ(5.0, off.distToRay({1.0, 0.0, 0.0}, {-1.0, 0.0, 0.0}, &t));
-    EXPECT_EQ(-7.0, t); // and behind the root
+    EXPECT_EQ(std::sqrt(18.0), off.distToLine(from, {3.0, 2.0, 3.0}, &t, &foot));
+    EXPECT_BITS_EQ(P(5.0, 3.0, 5.0), foot);
+    EXPECT_DOUBLE_EQ(std::sqrt(18.0), off.distToRay(from, V(-2.0, -1.0, -2.0) / 3.0, &t));
+    EXPECT_DOUBLE_EQ(-6.0, t); // and behind the root
 }
 
 void CheckCollinear(P const &b, P const &c, int expected, V const &expectedNormal, Caller = {}) {
@@ -137,12 +141,13 @@ void CheckCollinear(P const &b, P const &c, int expected, V const &expectedNorma
 }
 
 TEST(Points, CollinearPointsShareAPlaneAllTheSame) {
-    P const x(3.0, 0.0, 0.0), y(0.0, 2.0, 0.0);
-    CheckCollinear(x, y, 0, {0.0, 0.0, -6.0}); // (c - a) x (b - a), not normalised
-    CheckCollinear(x, {6.0, 0.0, 0.0}, 1, V(x).anyUnitNormal(0));
+    P const x(3.0, 1.0, 2.0), y(-1.0, 2.0, 5.0);
+    CheckCollinear(x, y, 0, {-1.0, 17.0, -7.0}); // (c - a) x (b - a), not normalised
+    CheckCollinear(x, {6.0, 2.0, 4.0}, 1, V(x).anyUnitNormal(0));
     CheckCollinear(y, origin, 1, V(y).anyUnitNormal(0));
+    CheckCollinear(origin, origin, 1, {});
     // A chain: the first equals the second, the second the third, the first not the third.
-    CheckCollinear({8e-9, 0.0, 0.0}, {1.6e-8, 0.0, 0.0}, 1, V(x).anyUnitNormal(0));
+    CheckCollinear({8e-9, 0.0, 0.0}, {1.6e-8, 0.0, 0.0}, 1, V(1.0, 0.0, 0.0).anyUnitNormal(0));
 }
 
 TEST(Points, LastTwoPointsEqualLeaveTheNormal) { CheckCollinear(q, q, 1, {9.0, 9.0, 9.0}); }

@@ -24,6 +24,9 @@ using IfPoint = std::enable_if_t<std::is_base_of_v<mgPoint_c, P>, int>;
 template <class V>
 using IfVector = std::enable_if_t<std::is_base_of_v<mgVector_c, V>, int>;
 
+template <class T, class... Classes>
+inline constexpr bool kIsOneOf = (std::is_same_v<T, Classes> || ...);
+
 /// Could T be an operand of an operator on addresses: a number, or what converts to an address?
 template <class T>
 inline constexpr bool kIsAddressOperand =

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+// How a declaration of the library is bound: its two names, its docstring, its outputs.
+
+#ifndef VEXMATH_PYTHON_BIND_H
+#define VEXMATH_PYTHON_BIND_H
+
+#include <vexmath/vexmath.h>
+
+#include <pybind11/numpy.h>
+#include <pybind11/pybind11.h>
+#include <pybind11/stl.h>
+
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <optional>
+#include <string>
+#include <tuple>
+#include <utility>
+
+namespace bind {
+
+namespace py = pybind11;
+using namespace py::literals;
+
+/// The comment of a declaration in the library's headers, such as "mgVector_c::len". Throws when
+/// there is none.
+std::string doc(std::string const &name);
+
+/// An output that a function may leave unwritten: it holds a NaN that no operation makes.
+template <class T>
+class Output {
+public:
+    Output() {
+        if constexpr (sizeof(T) >= sizeof kUntouched)
+            std::memcpy(static_cast<void *>(&value), &kUntouched, sizeof kUntouched);
+    }
+    std::optional<T> get() const {
+        if constexpr (sizeof(T) >= sizeof kUntouched)
+            if (std::memcmp(&value, &kUntouched, sizeof kUntouched) == 0) return std::nullopt;
+        return value;
+    }
+    T value{};
+
+private:
+    static constexpr std::uint64_t kUntouched = 0x7FF8DEADBEEF0123u;
+};
+
+inline std::string bareName(std::string const &key) {
+    auto const end = key.rfind(':');
+    return end == std::string::npos ? key : key.substr(end + 1);
+}
+
+/// Binds a free function under both names. A further overload adds no text.
+template <class F, class... Extra>
+void function(py::module_ &m, char const *key, char const *python, F &&f, Extra const &...extra) {
+    std::string const text = py::hasattr(m, python) ? "" : doc(key);
+    m.def(python, std::forward<F>(f), text.c_str(), extra...);
+    py::setattr(m, key, m.attr(python));
+}
+
+/// A class under both names, and its members likewise. A key is "class::member" of the library.
+template <class T, class... Base>
+class Class : public py::class_<T, Base...> {
+public:
+    Class(py::module_ &m, char const *python, char const *library)
+        : py::class_<T, Base...>(m, python, doc(library).c_str()) {
+        py::setattr(m, library, *this);
+    }
+
+    template <class F, class... Extra>
+    void method(char const *key, char const *python, F &&f, Extra const &...extra) {
+        this->def(python, std::forward<F>(f), textFor(key, python).c_str(), extra...);
+        addLibraryName(key, python);
+    }
+    template <class F, class... Extra>
+    void fixed(char const *key, char const *python, F &&f, Extra const &...extra) {
+        this->def_static(python, std::forward<F>(f), textFor(key, python).c_str(), extra...);
+        addLibraryName(key, python);
+    }
+    /// A property; where the library's name is another one, also a method of that name.
+    template <class Get, class... Set>
+    void property(char const *key, char const *python, Get get, Set... set) {
+        std::string const text = doc(key);
+        if constexpr (sizeof...(Set) == 0)
+            this->def_property_readonly(python, get, text.c_str());
+        else
+            this->def_property(python, get, set..., text.c_str());
+        if (bareName(key) != python) this->def(bareName(key).c_str(), get, text.c_str());
+    }
+
+private:
+    py::dict members() const { return py::dict(this->attr("__dict__")); }
+    std::string textFor(char const *key, char const *python) const {
+        return members().contains(python) ? "" : doc(key);
+    }
+    void addLibraryName(char const *key, char const *python) {
+        if (!members().contains(bareName(key).c_str()))
+            py::setattr(*this, bareName(key).c_str(), py::object(members()[python]));
+    }
+};
+
+// An enumeration of the library is an IntEnum of Python.
+
+template <class E>
+struct EnumName;
+template <class E>
+inline PyObject *enumClass = nullptr; // held until the process ends
+
+template <class E>
+void enumeration(py::module_ &m, char const *library, std::initializer_list<char const *> names) {
+    py::list members;
+    int value = 0;
+    for (char const *name : names) members.append(py::make_tuple(name, value++));
+    py::object made = py::module_::import("enum").attr("IntEnum")(EnumName<E>::text, members,
+                                                                  "module"_a = "vexmath");
+    py::setattr(made, "__doc__", py::str(doc(library)));
+    py::setattr(m, EnumName<E>::text, made);
+    py::setattr(m, library, made);
+    enumClass<E> = made.release().ptr();
+}
+
+} // namespace bind
+
+#define VEXMATH_PYTHON_ENUM(E, NAME)                                                               \
+    template <>                                                                                    \
+    struct bind::EnumName<E> {                                                                     \
+        static constexpr char text[] = NAME;                                                       \
+    };                                                                                             \
+    template <>                                                                                    \
+    struct pybind11::detail::type_caster<E> {                                                      \
+        static constexpr auto name = const_name(NAME);                                             \
+        static handle cast(E value, return_value_policy, handle) {                                 \
+            return PyObject_CallFunction(bind::enumClass<E>, "i", static_cast<int>(value));        \
+        }                                                                                          \
+    };
+
+VEXMATH_PYTHON_ENUM(mgIntersectionType_e, "IntersectionType")
+VEXMATH_PYTHON_ENUM(mgLinePlaneIntersectionType_e, "LinePlaneIntersectionType")
+VEXMATH_PYTHON_ENUM(mgPlnPlnIntersectionType_e, "PlanePlaneIntersectionType")
+VEXMATH_PYTHON_ENUM(mgLineCircleIntType_e, "LineCircleIntersectionType")
+VEXMATH_PYTHON_ENUM(mgClipLine_e, "ClipLine")
+VEXMATH_PYTHON_ENUM(mgInsideBox_e, "InsideBox")
+VEXMATH_PYTHON_ENUM(mgPointOnLine_e, "PointOnLine")
+VEXMATH_PYTHON_ENUM(mgPolylineArc_e, "PolylineArc")
+VEXMATH_PYTHON_ENUM(mg_GoodEqu3Status, "CubicStatus")
+
+#endif

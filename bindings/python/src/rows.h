@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+// NumPy arrays used where they lie, and lists of the library handed to NumPy without a copy.
+
+#ifndef VEXMATH_PYTHON_ROWS_H
+#define VEXMATH_PYTHON_ROWS_H
+
+#include "bind.h"
+
+#include <climits>
+#include <memory>
+#include <vector>
+
+namespace bind {
+
+/// Refuses everything but an aligned, C-contiguous array of float64 rows of that many columns.
+py::array requireRows(py::handle object, int columns, bool isWritten);
+
+/// Rows of doubles as an array of T, which consists of as many.
+template <class T, bool isWritten = false>
+struct Rows {
+    static constexpr int kColumns = sizeof(T) / sizeof(double);
+    static_assert(std::is_trivially_copyable_v<
+                      T> && std::is_standard_layout_v<T> && sizeof(T) % sizeof(double) == 0);
+
+    Rows() = default;
+    explicit Rows(py::handle object) : array(requireRows(object, kColumns, isWritten)) {}
+
+    py::ssize_t count() const { return array.shape(0); }
+    T const *data() const { return static_cast<T const *>(array.data()); }
+    T *mutableData() { return static_cast<T *>(array.mutable_data()); }
+
+    py::array array;
+};
+
+/// Boxes: rows, or a sequence of boxes, which is copied.
+struct Boxes {
+    Boxes() = default;
+    explicit Boxes(py::handle object);
+    int count() const;
+    mgBBox_c const *data() const { return copies.empty() ? rows.data() : copies.data(); }
+
+    Rows<mgBBox_c> rows;
+    std::vector<mgBBox_c> copies;
+};
+
+/// Placements: rows of nine elements, translation and scale, or a sequence of transforms. Either is
+/// copied with its fields as they are.
+struct Placements {
+    Placements() = default;
+    explicit Placements(py::handle object);
+
+    std::vector<mgXform_c> transforms;
+};
+
+inline constexpr int kPlacementColumns = 13;
+
+/// A new array of rows.
+inline py::array_t<double> newRows(py::ssize_t count, int columns) {
+    return py::array_t<double>(std::vector<py::ssize_t>{count, columns});
+}
+
+/// The elements of a list of the library, with the list as owner of the memory.
+template <class Number, class T>
+py::array_t<Number> handOver(std::unique_ptr<suDynamicArray<T>> list) {
+    constexpr py::ssize_t kColumns = sizeof(T) / sizeof(Number);
+    py::ssize_t const count = list->Count();
+    std::vector<py::ssize_t> shape{count};
+    if (kColumns > 1) shape.push_back(kColumns);
+    if (count == 0) return py::array_t<Number>(shape);
+    auto *const elements = reinterpret_cast<Number *>(list->Data());
+    py::capsule const owner(list.release(),
+                            [](void *p) { delete static_cast<suDynamicArray<T> *>(p); });
+    return py::array_t<Number>(shape, elements, owner);
+}
+
+/// Calls a function that fills a list, without Python's lock. A negative result: no memory.
+template <class F>
+void listed(F fill) {
+    bool isExhausted = false;
+    {
+        py::gil_scoped_release const released;
+        if constexpr (std::is_void_v<decltype(fill())>)
+            fill();
+        else
+            isExhausted = fill() < 0;
+    }
+    if (isExhausted) throw std::bad_alloc();
+}
+
+inline int intCount(py::ssize_t count) {
+    if (count > INT_MAX) throw py::value_error("more than 2147483647 rows");
+    return static_cast<int>(count);
+}
+
+/// A list that holds a copy of the rows.
+template <class T>
+std::unique_ptr<suDynamicArray<T>> listOf(Rows<T> const &rows) {
+    auto list = std::make_unique<suDynamicArray<T>>();
+    int const count = intCount(rows.count());
+    for (int i = 0; i < count; ++i)
+        if (list->Add(rows.data()[i]) < 0) throw std::bad_alloc();
+    return list;
+}
+
+} // namespace bind
+
+namespace pybind11::detail {
+
+// The names are those of the stubs.
+template <class T, bool isWritten>
+struct type_caster<bind::Rows<T, isWritten>> {
+    PYBIND11_TYPE_CASTER(PYBIND11_TYPE(bind::Rows<T, isWritten>),
+                         const_name("numpy.ndarray[numpy.float64]"));
+    bool load(handle source, bool) {
+        value = bind::Rows<T, isWritten>(source);
+        return true;
+    }
+};
+template <>
+struct type_caster<bind::Boxes> {
+    PYBIND11_TYPE_CASTER(bind::Boxes, const_name("BoxesLike"));
+    bool load(handle source, bool) {
+        value = bind::Boxes(source);
+        return true;
+    }
+};
+template <>
+struct type_caster<bind::Placements> {
+    PYBIND11_TYPE_CASTER(bind::Placements, const_name("PlacementsLike"));
+    bool load(handle source, bool) {
+        value = bind::Placements(source);
+        return true;
+    }
+};
+
+} // namespace pybind11::detail
+
+#endif

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+// Rays that meet boxes, planes, discs, spheres, cylinders and cones: a hit is on the ray and on
+// what it meets, and nothing is written without one.
+
+#include "fuzz.h"
+
+namespace {
+
+void checkBox(Input &in, mgBBox_c const &box, P const &p, U const &dir) {
+    P const low = box.low(), high = box.high();
+    P hit = unwritten;
+    int const isHit = box.getFirstRayHit(p, dir, &hit);
+    CHECK(isHit ? box.containsPoint(hit, 1e-8) != 0 : same(hit, unwritten));
+    CHECK(!box.isRayHit(p, dir) || box.sphereHitByRay(p, dir));
+    box.clashLine(&p, &low, in.number());
+    if (!in.isTame() || !box.isValid() || dir.isNull()) return;
+    // The part of the ray between each two faces, unless rounding or a tolerance decides.
+    double from = 0.0, to = kInfinity;
+    for (int k = 0; k < 3; ++k) {
+        double const a = (low[k] - p[k]) / dir[k], b = (high[k] - p[k]) / dir[k];
+        if (std::fabs(dir[k]) > 1e-6) {
+            from = std::max(from, std::min(a, b)), to = std::min(to, std::max(a, b));
+        } else {
+            if (std::min(std::fabs(low[k] - p[k]), std::fabs(p[k] - high[k])) < 1e-5) return;
+            if (low[k] > p[k] || p[k] > high[k]) to = -kInfinity;
+        }
+    }
+    if (std::fabs(to - from) < 1e-5 || std::fabs(to) < 1e-5) return;
+    CHECK(from < to ? isHit && (hit - p).len() <= to + 1e-4 : !isHit);
+    CHECK(!isHit || from < 1e-5 || std::fabs((hit - p).len() - from) < 1e-5 * (1.0 + from));
+}
+
+} // namespace
+
+void fuzz(Input &in) {
+    mgXform_c const frame = in.placement();
+    P const p = in.triple<P>(), centre = in.triple<P>(), root(frame.translation());
+    U const dir = in.direction(), axis = in.direction();
+    double const radius = in.number(), angle = in.number(), height = in.number();
+    checkBox(in, in.box(), p, dir);
+
+    mgLine_c const ray(p, dir);
+    P plane = unwritten, disc = unwritten, cylinder = unwritten, cone = unwritten;
+    auto const onPlane = mg_RayIntPlane(&frame, &p, &dir, &plane);
+    auto const onDisc = mg_RayIntDiskSeg(&frame, &p, &dir, radius, angle, height, &disc);
+    auto const onSphere = mg_RayIntSphere(&p, &dir, &centre, radius);
+    auto const onCylinder = mg_RayIntCylSeg(ray, centre, axis, height, radius, &cylinder);
+    auto const onCone = mg_RayIntConeSeg(ray, centre, axis, angle, radius, height, &cone);
+    CHECK((onPlane == mgIntersect_Parallel) == same(plane, unwritten) && same(plane, disc));
+    CHECK(onDisc == mgIntersect_None || (onDisc == mgIntersect_Point && onPlane == onDisc));
+    CHECK(onCylinder != mgIntersect_Parallel || same(cylinder, unwritten));
+    CHECK(onCone == mgIntersect_Parallel || onCone == mgIntersect_None || !same(cone, unwritten));
+    if (!in.isTame() || dir.isNull() || axis.isNull()) return;
+
+    U normal;
+    frame.getZAxis(&normal);
+    double const cosine = std::fabs(dir % normal), size = 1.0 + dist(p, root) + dist(p, centre);
+    double const tol = 1e-9 * size / cosine, off = ((centre - p) * dir).len();
+    double const cube = 1.7321 * (std::max(radius, 0.0) + 2e-8) + 1e-9 * size; // instead of a disc
+    if (onPlane == mgIntersect_Point && cosine > 1e-4)
+        CHECK(std::fabs((plane - root) % normal) < tol && ((plane - p) * dir).len() < tol);
+    CHECK(onDisc != mgIntersect_Point || dist(disc, root) <= cube);
+    CHECK(onSphere == mgIntersect_TwoPoints ? off < cube : off > radius - 1e-9 * size);
+    if (onCylinder == mgIntersect_TwoPoints || onCylinder == mgIntersect_Coincident)
+        CHECK(((cylinder - centre) * axis).len() <= cube + 1e-7 * size);
+}

@@ -1,0 +1,335 @@
+// SPDX-License-Identifier: MIT
+// What the golden program calls the library with, what it keeps of the results, and how a row of a
+// table calls a function.
+
+#ifndef VEXMATH_TESTS_GOLDEN_GOLDEN_H
+#define VEXMATH_TESTS_GOLDEN_GOLDEN_H
+
+#include <vexmath/vexmath.h>
+
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <iterator>
+#include <limits>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "common/generator.h"
+
+namespace golden {
+
+/// The numbers of a stream.
+enum class Numbers {
+    wide,     ///< of ordinary, tiny and large size
+    ordinary, ///< up to 10
+    lattice,  ///< whole ones up to 2, a few of them within a tolerance of a whole one
+    hostile,  ///< zero, infinite, NaN and huge ones among whole ones
+    tame      ///< from 0.5 to 2, of either sign, so that every result is well conditioned
+};
+
+/// Arguments of every type.
+class Stream {
+public:
+    explicit Stream(Numbers numbers = Numbers::wide) : numbers_(numbers) {}
+    void become(Numbers numbers) { numbers_ = numbers; }
+    /// No hostile numbers: in a record or a text, a NaN has the sign that its processor gives it.
+    void calm() {
+        if (numbers_ == Numbers::hostile) numbers_ = Numbers::wide;
+    }
+
+    double next();
+    mgVector_c vector() {
+        double const x = next(), y = next(), z = next();
+        return {x, y, z};
+    }
+    mgPoint_c point() { return vector(); }
+    mgUnitVector_c direction() {
+        mgVector_c const v = vector();
+        return {v.x(), v.y(), v.z()};
+    }
+    mgXform_c placement() {
+        mgUnitVector_c const z = direction(), x = direction();
+        mgVector_c const origin = vector();
+        return mg_RestoreXform(mgXform_c(z, x, origin).rotation(), origin, 0.5 + std::fabs(next()));
+    }
+    int below(int count) { return generator_.below(count); }
+    /// Const arguments are those of all streams that share, and not made for a call.
+    void share() { shares_ = true; }
+    bool shares() const { return shares_; }
+
+    void fill(double &d) { d = next(); }
+    void fill(float &f) { f = static_cast<float>(next()); }
+    void fill(int &i) { i = below(8); }
+    void fill(mgIndexPair_c &pair) { each(pair.first, pair.second); }
+    void fill(bool &b) { b = below(2) != 0; }
+    void fill(mgVector_c &v) { v = vector(); }
+    void fill(mgPoint_c &p) { p = point(); }
+    void fill(mgUnitVector_c &u) { u = direction(); }
+    void fill(mg2DPoint_c &p) { p = mg2DPoint_c{next(), next()}; }
+    void fill(CPoint &p) { p = CPoint{below(2000) - 1000, below(2000) - 1000}; }
+    void fill(mgRect &r) { each(r.left, r.top, r.right, r.bottom); }
+    void fill(mgVector4_c &v) { each(v[0], v[1], v[2], v[3]); }
+    void fill(mgQuaternion_c &q) { fill(static_cast<mgVector4_c &>(q)); }
+    void fill(mgMatrix_c &m); ///< a rotation, or any nine numbers
+    void fill(mgMatrix4_c &m);
+    void fill(mgXform_c &x); ///< a few with a perspective record
+    void fill(mgXform_64BitHelper_c &x) { each(x.rotation, x.translation, x.scale, x.reflection); }
+    void fill(mgPerspInfo_c &info);
+    void fill(mgModelPerspInfo_c &info);
+    void fill(mgGenXform_c &x);
+    void fill(mgBBox_c &box);
+    void fill(mgLine_c &line) { line = mgLine_c{point(), direction()}; } // braces keep the order
+    void fill(mgPlane_c &plane) { plane = mgPlane_c{point(), direction()}; }
+    void fill(mgCone_c &cone);
+    void fill(mgCylinder_c &cylinder);
+    void fill(mgArc_c &arc);
+    void fill(mgGeneralBox_c &box);
+    void fill(mgParallelogram_c &area);
+    void fill(mgPrimitiveBodyData_c &body) {
+        each(body.kind, body.anchor, body.first, body.second, body.third, body.extra);
+    }
+    void fill(arcEdgeData &arc) { each(arc.center, arc.normal, arc.radius); }
+    void fill(ellipseEdgeData &ellipse);
+    void fill(parabolaEdgeData &curve) {
+        each(curve.vertex, curve.focus, curve.start, curve.end, curve.normal);
+    }
+    template <class T, std::size_t n>
+    void fill(T (&items)[n]) {
+        for (T &item : items) fill(item);
+    }
+    template <class T>
+    void fill(suDynamicArray<T> &list) {
+        for (int n = below(12); n > 0; --n) {
+            T item;
+            fill(item);
+            list.Add(item);
+        }
+    }
+
+private:
+    template <class... T>
+    void each(T &...items) {
+        (fill(items), ...);
+    }
+
+    Numbers numbers_;
+    bool shares_ = false;
+    common::Generator generator_{1};
+};
+
+/// The arguments that streams share.
+template <class T>
+T const *shared() {
+    struct Items {
+        Items() { Stream(Numbers::ordinary).fill(items); }
+        T items[20];
+    };
+    static Items const made;
+    return made.items;
+}
+
+/// FNV-1a over the bits of what it is given. Every NaN counts as the same.
+class Bits {
+public:
+    template <class... T>
+    void add(T const &...values) {
+        (take(values), ...);
+    }
+    void addAll(double const *values, int count) {
+        for (int k = 0; k < count; ++k) take(values[k]);
+    }
+    std::uint64_t value() const { return hash_; }
+
+    std::vector<double> *numbers = nullptr; ///< if not null, also gets every number
+
+private:
+    template <class N, class = std::enable_if_t<std::is_arithmetic_v<N> || std::is_enum_v<N>>>
+    void take(N value) {
+        takeNumber(static_cast<double>(value));
+    }
+    void takeNumber(double value);
+    void take(mgVector_c const &v) { add(v.x(), v.y(), v.z()); }
+    void take(mgPoint_c const &p) { add(p.x(), p.y(), p.z()); }
+    void take(mg2DPoint_c const &p) { add(p.x(), p.y()); }
+    void take(mgVector4_c const &v) { add(v[0], v[1], v[2], v[3]); }
+    void take(mgRect const &r) { add(r.left, r.top, r.right, r.bottom); }
+    void take(mgMatrix_c const &m) { addAll(&m[0], 9), add(m.isIdentity()); }
+    void take(mgMatrix4_c const &m) { addAll(m.getDataPtr(), 16); }
+    void take(mgXform_c const &x);
+    void take(mgXform_64BitHelper_c const &x) {
+        add(x.rotation, x.translation, x.scale, x.reflection, x.perspective != nullptr);
+    }
+    void take(mgGenXform_c const &x);
+    void take(mgPerspInfo_c const &info);
+    void take(mgModelPerspInfo_c const &info);
+    void take(mgBBox_c const &box) {
+        add(box.isSet(), box.low(), box.high(), box.sphCenter(), box.sphRadius());
+    }
+    void take(mgLine_c const &line) { add(line.rootPoint(), line.direction()); }
+    void take(mgPlane_c const &plane) { add(plane.rootPoint(), plane.normal()); }
+    void take(mgCone_c const &c) { add(c.rootPoint(), c.axis(), c.radius(), c.angle()); }
+    void take(mgArc_c const &arc);
+    void take(mgParallelogram_c const &area);
+    void take(mgPrimitiveBodyData_c const &body) {
+        add(body.kind, body.anchor, body.first, body.second, body.third, body.extra);
+    }
+    void take(mgIndexPair_c const &pair) { add(pair.first, pair.second); }
+    void take(CString const &text) {
+        for (int k = 0; k < text.GetLength(); ++k) add(static_cast<wchar_t const *>(text)[k]);
+    }
+    template <class T>
+    void take(suDynamicArray<T> const &list) {
+        add(list.Count());
+        for (int k = 0; k < list.Count(); ++k) add(list[k]);
+    }
+
+    std::uint64_t hash_ = 0xCBF29CE484222325u;
+};
+
+/// An argument of the parameter type P: made, passed and, where a function can change it, kept.
+template <class P>
+class Argument {
+    using T = std::decay_t<P>;
+    static constexpr bool kIsConst = std::is_same_v<P, T const &>;
+
+public:
+    explicit Argument(Stream &in) {
+        in.fill(value_);
+        if constexpr (kIsConst)
+            if (in.shares()) shared_ = shared<T>() + in.below(4);
+    }
+    P pass() {
+        if constexpr (kIsConst)
+            if (shared_ != nullptr) return *shared_;
+        return static_cast<P>(value_);
+    }
+    void keep(Bits &out) const {
+        if constexpr (std::is_lvalue_reference_v<P> && !kIsConst) out.add(value_);
+    }
+
+private:
+    T value_;
+    T const *shared_ = nullptr;
+};
+
+/// A pointer is one to enough elements, also where a function reads or writes only the first.
+template <class T>
+class Argument<T *> {
+public:
+    explicit Argument(Stream &in) : shares_(in.shares()) { in.fill(values_); }
+    T *pass() {
+        if constexpr (std::is_const_v<T>)
+            if (shares_) return shared<std::remove_const_t<T>>();
+        return values_;
+    }
+    void keep(Bits &out) const {
+        std::size_t const kept = out.numbers != nullptr ? 4 : 16; // a sample needs few
+        if constexpr (!std::is_const_v<T>)
+            for (std::size_t k = 0; k < kept; ++k) out.add(values_[k]);
+    }
+
+private:
+    bool shares_;
+    std::remove_const_t<T> values_[16];
+};
+
+/// If not null, called before and after each call of a function.
+inline void (*watch)(bool isBefore) = nullptr;
+
+template <class... P>
+struct Types {};
+
+template <class F, class... Made>
+void callWith(Stream &, Bits &out, F const &f, Types<>, Made &...made) {
+    if (watch != nullptr) watch(true);
+    if constexpr (std::is_void_v<decltype(f(made.pass()...))>) {
+        f(made.pass()...);
+        if (watch != nullptr) watch(false);
+    } else {
+        auto const &result = f(made.pass()...);
+        if (watch != nullptr) watch(false);
+        out.add(result);
+    }
+    (made.keep(out), ...);
+}
+template <class F, class P, class... Rest, class... Made>
+void callWith(Stream &in, Bits &out, F const &f, Types<P, Rest...>, Made &...made) {
+    Argument<P> argument(in);
+    callWith(in, out, f, Types<Rest...>(), made..., argument);
+}
+
+/// Makes arguments, calls the function with them, and keeps its result and outputs. A member
+/// function is called for an object that is made as the arguments are.
+template <class R, class... P>
+void call(Stream &in, Bits &out, R (*f)(P...)) {
+    callWith(in, out, f, Types<P...>());
+}
+template <class C, class R, class... P>
+void call(Stream &in, Bits &out, R (C::*f)(P...)) {
+    auto const run = [f](C &object, P... p) -> R { return (object.*f)(static_cast<P>(p)...); };
+    callWith(in, out, run, Types<C &, P...>());
+}
+template <class C, class R, class... P>
+void call(Stream &in, Bits &out, R (C::*f)(P...) const) {
+    auto const run = [f](C const &object, P... p) -> R {
+        return (object.*f)(static_cast<P>(p)...);
+    };
+    callWith(in, out, run, Types<C const &, P...>());
+}
+
+/// Chooses one of the functions of a name, by the types of its parameters.
+template <class... P>
+struct Taking {
+    template <class R>
+    static auto of(R (*f)(P...)) {
+        return f;
+    }
+    template <class C, class R>
+    static auto of(R (C::*f)(P...)) {
+        return f;
+    }
+    template <class C, class R>
+    static auto of(R (C::*f)(P...) const) {
+        return f;
+    }
+};
+
+/// One line of the golden file.
+struct Row {
+    char const *name;
+    void (*run)(Stream &in, Bits &out);
+};
+
+// Rows: of a function; of one of several functions of a name; of a lambda, which has a name.
+#define GOLDEN(...)                                                                                \
+    golden::Row {                                                                                  \
+#__VA_ARGS__,                                                                              \
+            [](golden::Stream & in, golden::Bits & out) { golden::call(in, out, __VA_ARGS__); }    \
+    }
+#define GOLDEN_OF(f, ...)                                                                          \
+    golden::Row {                                                                                  \
+#f "(" #__VA_ARGS__ ")",                                                                   \
+            [](golden::Stream & in,                                                                \
+               golden::Bits & out) { golden::call(in, out, golden::Taking<__VA_ARGS__>::of(f)); }  \
+    }
+#define GOLDEN_AS(name, ...)                                                                       \
+    golden::Row {                                                                                  \
+        name,                                                                                      \
+            [](golden::Stream &in_, golden::Bits &out_) { golden::call(in_, out_, +__VA_ARGS__); } \
+    }
+
+/// The rows of a file: those whose bits are the same everywhere, and those whose results depend on
+/// the trigonometric functions of the C library.
+struct Rows {
+    std::vector<Row> exact, trigonometric;
+};
+Rows transformRows();
+Rows boundsRows();
+Rows queryRows();
+Rows supportRows();
+
+} // namespace golden
+
+#endif

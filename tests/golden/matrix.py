@@ -1,0 +1,183 @@
+#!/usr/bin/env python3
+"""Builds the golden program for many compilers and platforms, runs it, and prints a table.
+
+    matrix.py [--quick] [word...]   --quick: the part for continuous integration
+                                    words: only platforms whose name has one of them
+
+The table is also written to build/matrix/table.md. A platform whose tools are missing is skipped,
+and the table says so. The program ends with an error when a result differs.
+"""
+
+import os
+import shutil
+import subprocess
+import sys
+import time
+from dataclasses import dataclass, field
+from pathlib import Path
+
+root = Path(__file__).parents[2]
+work = root / "build/matrix"
+toolchains = root / "cmake/toolchains"
+wine = ["/usr/lib/wine/wine64"]
+wine_32 = root / "tests/windows/wine32.sh"
+
+
+@dataclass
+class Build:
+    """One way to build the library and the program."""
+
+    platform: str
+    compiler: str
+    flags: str
+    toolchain: str = ""
+    arguments: list[str] = field(default_factory=list)
+    runner: list[str] = field(default_factory=list)
+    needs: list[str] = field(default_factory=list)
+    has_vector_units: bool = False
+    with_lto: bool = False
+
+    @property
+    def folder(self) -> Path:
+        words = [self.platform, self.compiler, self.flags, "lto" if self.with_lto else ""]
+        return work / "".join(c if c.isalnum() else "-" for c in " ".join(words).strip())
+
+    def missing(self) -> list[str]:
+        tools = [self.compiler, *self.needs, *self.runner[:1]]
+        if self.runner == [str(wine_32)]:
+            tools.append(str(root / "build/wine32/usr/lib/wine/wine"))
+        return [tool for tool in tools if not shutil.which(tool)]
+
+    def make(self) -> Path:
+        command = [
+            "cmake", "-S", str(root / "tests/golden"), "-B", str(self.folder), "-G", "Ninja",
+            f"-DCMAKE_CXX_FLAGS={self.flags}", *self.arguments,
+        ]
+        # Only a build type of CMake's has link-time optimisation.
+        command.append(f"-DCMAKE_BUILD_TYPE={'Release' if self.with_lto else ''}")
+        if self.toolchain:
+            command.append(f"-DCMAKE_TOOLCHAIN_FILE={toolchains / self.toolchain}.cmake")
+        if not self.toolchain or self.compiler == "clang++":
+            command.append(f"-DCMAKE_CXX_COMPILER={self.compiler}")
+        run(command)
+        run(["cmake", "--build", str(self.folder)])
+        found = [self.folder / f"vexmath_golden{suffix}" for suffix in ("", ".exe", ".js")]
+        return next(program for program in found if program.exists())
+
+
+def run(command: list[str]) -> None:
+    """A command whose output shows only when it fails."""
+    done = subprocess.run(command, capture_output=True, text=True)
+    if done.returncode != 0:
+        print(done.stdout[-4000:], done.stderr[-4000:], sep="\n")
+        done.check_returncode()
+
+
+def all_builds() -> list[Build]:
+    linux_32 = "/usr/i686-linux-gnu/lib"
+    runner_32 = [f"{linux_32}/ld-linux.so.2", "--library-path", linux_32]
+    builds = []
+    for bits in (64, 32):
+        for compiler in ("g++", "clang++"):
+            for level in ("-O0", "-O1", "-O2", "-O3", "-O3 -march=x86-64-v3", "-O3 and LTO"):
+                builds.append(
+                    Build(
+                        f"Linux, x86, {bits} bit", compiler, level.removesuffix(" and LTO"),
+                        with_lto=level.endswith("LTO"),
+                        has_vector_units=bits == 64,
+                        toolchain="linux-32" if bits == 32 else "",
+                        runner=runner_32 if bits == 32 else [],
+                        needs=["i686-linux-gnu-g++"] if bits == 32 else [],
+                    )
+                )
+    for processor, name in (("aarch64", "AArch64"), ("s390x", "s390x, big-endian")):
+        qemu = f"qemu-{processor}-static"
+        builds.append(
+            Build(
+                f"Linux, {name}", f"{processor}-linux-gnu-g++", "-O2", processor,
+                runner=[qemu, "-L", f"/usr/{processor}-linux-gnu"],
+            )
+        )
+    builds.append(
+        Build(
+            "Windows, 64 bit", "x86_64-w64-mingw32-g++-posix", "-O2", "windows-64", runner=wine,
+        )
+    )
+    builds.append(
+        Build(
+            "Windows, 32 bit", "i686-w64-mingw32-g++-posix", "-O2", "windows-32",
+            runner=[str(wine_32)],
+        )
+    )
+    builds.append(Build("WebAssembly", "em++", "-O2", "wasm", runner=["node"]))
+    return builds
+
+
+def quick_builds() -> list[Build]:
+    levels = {64: ("-O0", "-O3"), 32: ("-O3",)}
+    return [
+        build for build in all_builds() for bits, chosen in levels.items()
+        if build.platform.endswith(f"x86, {bits} bit") and build.flags in chosen
+        and not build.with_lto
+    ]
+
+
+def result(build: Build, program: Path, vector_units: bool) -> tuple[bool, str]:
+    """Whether the lines are the expected ones, and the cell of the table."""
+    environment = dict(os.environ, VEXMATH_USE_VECTOR_UNITS=str(int(vector_units)))
+    if build.toolchain.startswith("windows"):
+        environment |= {
+            "WINEPREFIX": str(work / "wine"), "WINEDEBUG": "-all",
+            "WINEPATH": f"Z:{program.parent / 'vexmath/src'}",
+        }
+    done = subprocess.run(
+        [str(Path(__file__).with_name("check.py")), *build.runner, str(program)],
+        env=environment, capture_output=True, text=True,
+    )
+    if done.returncode != 0:
+        print(done.stdout, done.stderr)
+        return False, "**different**"
+    return True, done.stdout.strip().removeprefix("the same bits; trigonometric lines ") or "same"
+
+
+def rows(builds: list[Build]) -> tuple[bool, list[str]]:
+    succeeded, lines = True, []
+    for build in builds:
+        name = f"{build.compiler} | {build.flags}{', LTO' if build.with_lto else ''}"
+        print(f"== {build.platform}: {name}", flush=True)
+        if missing := build.missing():
+            print(f"SKIPPED, for lack of {', '.join(missing)}", flush=True)
+            lines.append(f"| {build.platform} | {name} | not run | not run |")
+            continue
+        start, cells = time.monotonic(), []
+        try:
+            program = build.make()
+        except subprocess.CalledProcessError:
+            succeeded = False
+            lines.append(f"| {build.platform} | {name} | **does not build** | |")
+            continue
+        for vector_units in (True, False) if build.has_vector_units else (True,):
+            same, cell = result(build, program, vector_units)
+            succeeded &= same
+            cells.append(cell)
+        print(f"{', '.join(cells)} ({time.monotonic() - start:.0f} s)", flush=True)
+        lines.append(f"| {build.platform} | {name} | {' | '.join((cells + ['none'])[:2])} |")
+    return succeeded, lines
+
+
+def main() -> int:
+    os.environ.setdefault("NODE_PATH", "/usr/share/nodejs")
+    words = set(sys.argv[1:]) - {"--quick"}
+    builds = quick_builds() if "--quick" in sys.argv else all_builds()
+    chosen = [b for b in builds if not words or any(word in b.platform for word in words)]
+    succeeded, lines = rows(chosen)
+    table = "\n".join(
+        ["| Platform | Compiler | Options | Bits | Without vector units |", "|---|---|---|---|---|", *lines]
+    )
+    work.mkdir(parents=True, exist_ok=True)
+    (work / "table.md").write_text(table + "\n")
+    print(f"\n{table}")
+    return 0 if succeeded else 1
+
+
+sys.exit(main())

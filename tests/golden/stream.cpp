@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+// The arguments of the golden program, and the numbers of its results.
+
+#include "golden/golden.h"
+
+namespace golden {
+
+double Stream::next() {
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+    constexpr double sizes[] = {1.0, 1.0, 100.0, 1e-9, 1e7};
+    constexpr double hostile[] = {0.0,   -0.0,  5e-324, 1e-300, 1e-17,    1e-8,      -1e-8,
+                                  1e155, 1e308, -1e308, 3e9,    infinity, -infinity, nan};
+    double const unit = generator_.unit();
+    switch (numbers_) {
+    case Numbers::wide:
+        return (unit - 0.5) * sizes[(generator_.step() >> 33) % 5];
+    case Numbers::ordinary:
+        return (unit - 0.5) * 20.0;
+    case Numbers::lattice:
+        return below(5) - 2 + (below(8) == 0 ? (unit - 0.5) * 4e-8 : 0.0);
+    case Numbers::hostile:
+        return below(3) == 0 ? hostile[below(14)] : below(5) - 2;
+    case Numbers::tame:
+        break;
+    }
+    return (below(2) == 0 ? 1.0 : -1.0) * (0.5 + 1.5 * unit);
+}
+
+void Stream::fill(mgMatrix_c &m) {
+    double numbers[9];
+    fill(numbers);
+    m = below(2) == 0 || numbers_ == Numbers::tame ? placement().rotation()
+                                                   : mgMatrix_c(numbers, 0);
+}
+
+void Stream::fill(mgMatrix4_c &m) {
+    mgVector_c const origin = vector(), x = vector(), y = vector();
+    m = mgMatrix4_c::rigidTransform(origin, x, y);
+    if (below(2) == 0 && numbers_ != Numbers::tame)
+        for (int k = 0; k < 16; ++k) fill(m.getDataPtr()[k]);
+}
+
+// Hostile fields are those of a transform that was not copied, since a copy repairs them.
+void Stream::fill(mgXform_c &x) {
+    x = placement();
+    if (numbers_ == Numbers::hostile) {
+        mgXform_64BitHelper_c fields;
+        fill(fields);
+        x.SetHelper(fields);
+    }
+    if (below(4) != 0 || numbers_ == Numbers::tame) return;
+    mgPerspInfo_c info;
+    fill(info);
+    x.addPerspectiveInfo(info);
+}
+
+void Stream::fill(mgPerspInfo_c &info) {
+    mgPoint_c const eye = point();
+    info = mgPerspInfo_c(eye.x(), eye.y(), eye.z(), next());
+    info.setMinFarClipPlaneDistance(next());
+    info.setCameraFOVPlaneDistance(below(3) == 0 ? 0.0 : next());
+}
+
+void Stream::fill(mgModelPerspInfo_c &info) {
+    fill(static_cast<mgPerspInfo_c &>(info));
+    info.setModelViewDir(direction());
+}
+
+void Stream::fill(mgGenXform_c &x) {
+    mgXform_c placing, body;
+    double scales[3];
+    each(placing, body, scales);
+    x = mgGenXform_c(placing);
+    x.set(&body, scales);
+}
+
+void Stream::fill(mgBBox_c &box) {
+    double corners[6];
+    fill(corners);
+    box.set(corners);
+}
+
+void Stream::fill(mgCone_c &cone) {
+    mgPoint_c const root = point();
+    mgUnitVector_c const axis = direction();
+    double const radius = next();
+    cone = mgCone_c(root, axis, radius, next());
+}
+
+void Stream::fill(mgCylinder_c &cylinder) {
+    mgPoint_c const root = point();
+    mgUnitVector_c const axis = direction();
+    cylinder = mgCylinder_c(root, axis, next());
+}
+
+void Stream::fill(mgArc_c &arc) {
+    mgPoint_c const centre = point(), start = point(), end = point();
+    mgUnitVector_c const normal = direction();
+    double const radius = next(), from = next();
+    arc = below(2) == 0 ? mgArc_c(normal, centre, start, end)
+                        : mgArc_c(normal, centre, radius, from, next());
+}
+
+void Stream::fill(mgGeneralBox_c &box) {
+    mgPoint_c const corner = point();
+    mgUnitVector_c const a = direction(), b = direction();
+    double lengths[3];
+    fill(lengths);
+    box = {corner, a, b, std::fabs(lengths[0]), lengths[1], lengths[2]};
+}
+
+void Stream::fill(mgParallelogram_c &area) {
+    mgPoint_c const corner = point();
+    mgUnitVector_c const a = direction(), b = direction();
+    double const length = next();
+    area = {corner, a, b, std::fabs(length), next()};
+}
+
+void Stream::fill(ellipseEdgeData &ellipse) {
+    each(ellipse.center, ellipse.majorDir, ellipse.minorDir, ellipse.majorRadius,
+         ellipse.minorRadius, ellipse.start, ellipse.end);
+    mgUnitVector_c const major(ellipse.majorDir), minor(mgVector_c(ellipse.minorDir) * major, 0);
+    major.get(ellipse.majorDir), minor.get(ellipse.minorDir);
+    ellipse.majorRadius = std::fabs(ellipse.majorRadius);
+    ellipse.minorRadius = std::fabs(ellipse.minorRadius);
+}
+
+void Bits::takeNumber(double value) {
+    if (numbers != nullptr) numbers->push_back(value);
+    std::uint64_t word = 0x7FF8000000000000u;
+    if (!std::isnan(value)) std::memcpy(&word, &value, sizeof word);
+    for (int shift = 0; shift < 64; shift += 8)
+        hash_ = (hash_ ^ ((word >> shift) & 0xFF)) * 0x100000001B3u;
+}
+
+void Bits::take(mgXform_c const &x) {
+    add(x.rotation(), x.translation(), x.scaling(), x.isReflection());
+    mgPerspInfo_c info;
+    if (x.getPerspectiveInfo(&info)) add(info);
+}
+
+void Bits::take(mgGenXform_c const &x) {
+    double scales[3];
+    x.getScale(scales);
+    add(static_cast<mgXform_c const &>(x), x.getBodyXform());
+    addAll(scales, 3);
+}
+
+void Bits::take(mgPerspInfo_c const &info) {
+    mgPoint_c eye;
+    info.getEyePoint(&eye);
+    add(eye, info.getPlaneDistance(), info.getMinFarClipPlaneDistance(),
+        info.getCameraFOVPlaneDistance());
+}
+
+void Bits::take(mgModelPerspInfo_c const &info) {
+    add(static_cast<mgPerspInfo_c const &>(info), info.getModelViewDir());
+}
+
+void Bits::take(mgArc_c const &arc) {
+    mgPoint_c centre, start, end;
+    mgUnitVector_c normal;
+    arc.getCenter(centre), arc.getStart(start), arc.getEnd(end), arc.getNormal(normal);
+    add(centre, start, end, normal, arc.getRadius(), arc.getStartAngleInRadians(),
+        arc.getEndAngleInRadians(), arc.is2D(), arc.matrix());
+}
+
+// It shows its fields by its extreme points alone.
+void Bits::take(mgParallelogram_c const &area) {
+    mgPoint_c low, high;
+    add(area.isValid(), area.getExtremPts(mgUnitVector_c(1.0, 2.0, 3.0), low, high));
+    add(low, high);
+}
+
+} // namespace golden

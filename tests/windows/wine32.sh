@@ -1,0 +1,17 @@
+#!/bin/bash
+# Runs a 32-bit program for Windows in the chroot with 32-bit Wine that ./dev windows --32 makes.
+# Needs root. Paths inside the repository are the same in the chroot.
+#   wine32.sh <program> [arguments...]
+set -euo pipefail
+
+root=$(cd "$(dirname "$0")/../.." && pwd)
+export chroot=$root/build/wine32 root
+[[ -d $chroot ]] || { echo "no $chroot: run ./dev windows --32" >&2; exit 77; }
+
+# Mounts that only this program sees.
+# shellcheck disable=SC2016
+exec unshare --mount bash -euc '
+    mkdir -p "$chroot$root"
+    for folder in /proc /dev "$root"; do mount --bind "$folder" "$chroot$folder"; done
+    HOME=/root WINEPREFIX=/root/wine WINEDEBUG=-all \
+        exec chroot "$chroot" /bin/sh -c "cd \"\$0\" && exec /usr/lib/wine/wine \"\$@\"" "$PWD" "$@"' wine32 "$@"
