@@ -214,7 +214,7 @@ function cut() {
   root[axis] += (high[axis] - low[axis]) * at('section-at').valueAsNumber / 1000;
   const normal = [0, 1, 2].map((k) => Number(k === axis)); // what lies behind the plane stays
   at('section-value').textContent = `${'xyz'[axis]} = ${Number(root[axis].toPrecision(5))}`;
-  view.section({ root, normal }, cut.last);
+  view.section({ root, normal });
   cut.timer = setTimeout(() => act(() => {
     view.section({ root, normal }, assembly.section(root, normal, 2 * radius / HATCHES));
   }), 60);

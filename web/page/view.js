@@ -5,6 +5,7 @@ import * as THREE from 'three';
 import { OrbitControls } from 'three/addons/controls/OrbitControls.js';
 
 const PART_COLOURS = [0x5b8fc7, 0x7aa874, 0xc7a15b, 0x8d7cc3, 0x5fb0ad, 0xb98a72];
+const CLASH_COLOUR = new THREE.Color(0xe02030);
 /** More triangles are not drawn while the view moves. */
 const MOST_IN_MOTION = 300000;
 const DIRECTIONS = {
@@ -88,7 +89,7 @@ export class View {
         clippingPlanes: this.planes,
       };
       const full = geometries.get(part.mesh);
-      if (full && !full.index) return new THREE.Points(full, new THREE.PointsMaterial({ size: 2, sizeAttenuation: false }));
+      if (full && !full.index) return new THREE.Points(full, new THREE.PointsMaterial({ color: options.color, size: 2, sizeAttenuation: false, clippingPlanes: this.planes }));
       const geometry = full ?? boxGeometry(part.bounds);
       const mesh = new THREE.Mesh(geometry, new THREE.MeshLambertMaterial(options));
       mesh.userData = { full: geometry, thin: thin.get(part.mesh) ?? geometry };
@@ -116,7 +117,9 @@ export class View {
     const accent = new THREE.LineBasicMaterial({ color: colour('--accent') });
     parts.forEach((part, i) => {
       const isClashing = clashing.has(i);
-      this.parts[i].material.emissive?.set(isClashing ? 0x8a0010 : 0);
+      const { material } = this.parts[i];
+      material.color.set(PART_COLOURS[i % PART_COLOURS.length]);
+      if (isClashing) material.color.lerp(CLASH_COLOUR, 0.6);
       if (boxes || i === selected) {
         const material = i === selected ? accent : isClashing ? red : plain;
         const box = new THREE.LineSegments(new THREE.EdgesGeometry(boxGeometry(part.bounds)), material);
@@ -141,10 +144,9 @@ export class View {
     for (const part of this.parts) part.material.needsUpdate = true;
     this.cut.clear();
     const line = new THREE.LineBasicMaterial({ color: colour('--text') });
-    for (const { part, outlines, hatch } of cuts ?? []) {
+    for (const { outlines, hatch } of cuts ?? []) {
       for (const outline of outlines) this.cut.add(new THREE.LineLoop(lines(outline), line));
-      const material = new THREE.LineBasicMaterial({ color: this.parts[part].material.color });
-      this.cut.add(new THREE.LineSegments(lines(hatch), material));
+      this.cut.add(new THREE.LineSegments(lines(hatch), line));
     }
     this.redraw();
   }

@@ -26,9 +26,10 @@
 #include <vexmath/mg_transform.h>
 #include <vexmath/tolerances.h>
 
-// The C library of Emscripten errs by one unit in the last place in one sine and cosine of thirty.
-// Its functions of quadruple precision, rounded once, give what the C library of Linux gives, so
-// that a rotated part has the same bits in a page and in a program.
+// The C library of Emscripten rounds one sine or cosine of thirty to the second nearest number. Its
+// functions of quadruple precision, rounded once, give the nearest. That of Linux gives the
+// nearest, too, for all but one or two of a thousand: most rotated parts have the same bits in a
+// page and in a program.
 extern "C" {
 double __wrap_sin(double x) { return static_cast<double>(sinl(x)); }
 double __wrap_cos(double x) { return static_cast<double>(cosl(x)); }
