@@ -22,7 +22,7 @@ make_debian() {
     mkdir -p "$tree"
     git archive HEAD | tar -x -C "$tree"
     tar -czf "$work/debian/vexmath_$version.orig.tar.gz" -C "$work/debian" "vexmath-$version"
-    packaging/debian/fill.py "$tree"
+    packaging/debian/fill.py "$tree" "$(git log -1 --format=%cD)"
     say "building the Debian packages"
     (cd "$tree" && dpkg-buildpackage -us -uc >"$work/debian/build.log" 2>&1) ||
         { tail -20 "$work/debian/build.log" | cut -c1-200; exit 1; }
