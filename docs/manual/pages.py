@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Makes those pages of the manual that stand elsewhere in the tree.
+"""Makes the pages of the manual whose text is elsewhere in the tree.
 
 usage: pages.py SOURCE_FOLDER OUTPUT_FOLDER
 """
@@ -15,8 +15,8 @@ PAGES = {'quirks': 'quirks', 'interop': 'interop', 'coming-from': 'coming_from',
 
 TUTORIAL = '''# Tutorial {#tutorial}
 
-Eight short programs teach one subject each. Under each program is what it prints. The sources are in
-`examples/` and need nothing but the library.
+Each short program teaches one subject. Below it is what it prints. The sources are in `examples/` and
+need nothing but the library.
 
 '''
 
