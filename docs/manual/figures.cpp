@@ -161,7 +161,7 @@ Canvas boxWithSphere() {
     double in = 0, out = 0;
     box.limitRay(from, dir, &in, &out);
     canvas.box(box.low(), box.high(), Ink::Given);
-    canvas.arrow(from, from + 9 * dir, Ink::Help);
+    canvas.arrow(from, from + 9.8 * dir, Ink::Help);
     canvas.line({from + in * dir, from + out * dir}, Ink::Result);
     canvas.line({box.low(), from + in * dir}, Ink::Help);
     canvas.line({box.high(), from + out * dir}, Ink::Help);

@@ -22,7 +22,10 @@ need nothing but the library.
 
 
 def linked(text):
-    """Links to other pages of the manual stay, those to files of the tree become plain words."""
+    """Links to other pages of the manual stay, those to files of the tree become plain words. The
+    words for a picture come on one line, as Doxygen wants them."""
+    text = re.sub(r'!\[[^]]+\]', lambda words: words[0].replace('\n', ' '), text)
+
     def link(match):
         name = Path(match[2]).stem
         return f'\\ref {PAGES[name]} "{match[1]}"' if name in PAGES else match[1]

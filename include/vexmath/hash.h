@@ -53,7 +53,7 @@ template <>
 struct std::hash<mgMatrix4_c> : vexmath::ExactHash {};
 template <>
 struct std::hash<mgPerspInfo_c> : vexmath::ExactHash {};
-/// Ignores the view direction, as == does.
+// Ignores the view direction, as == does.
 template <>
 struct std::hash<mgModelPerspInfo_c> : vexmath::ExactHash {};
 
