@@ -20,7 +20,7 @@ def main(folder):
     places = {name: anchors(text) for name, text in pages.items()}
     faults = set()
     for name, text in pages.items():
-        for link in re.findall(r'(?:href|src)="([^"]+)"', text):
+        for link in re.findall(r'\b(?:href|src|data)="([^"]+)"', text):
             if re.match(r'\w+:', link):
                 continue
             file, _, place = unquote(link).partition('#')
