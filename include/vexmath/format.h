@@ -31,7 +31,7 @@
 
 // Points, vectors, directions, quaternions, matrices, transforms, perspectives, boxes (mgBBox_c),
 // lines, planes, circles, arcs, cones, cylinders and mgRect have a text. It is meant for people,
-// and is what a debugger shows:
+// and is what a debugger shows, except for broken values:
 //
 //     (1, 2.5, -3)             points, vectors, directions; (x, y) and (x, y, z, w) accordingly
 //     no direction             a direction of exactly (0, 0, 0)

@@ -42,11 +42,13 @@ inline std::array<double, 16> numbersOf(mgMatrix4_c const &m);
 /// the images stay as they are, so rigid motions come back to the bit. Otherwise they are divided
 /// by it. Nothing is orthonormalised; `mgXform_c::createFromGLData` does that, for numbers of
 /// single precision. The identity flag is computed. The translation is copied as it is, also NaN.
-/// The reflection flag is 1 when the numbers mirror, else 0. REQUIRES sixteen readable numbers.
+/// The reflection flag is 1 when the numbers mirror, else 0.
+/// REQUIRES sixteen readable numbers.
 ///
 /// The result follows no copy rules. `mgXform_c x = *xformOf(n)` copies it, and so follows them.
 inline std::optional<mgXform_c> xformOf(double const *sixteen);
-/// The elements as they are, column by column. REQUIRES sixteen readable numbers.
+/// The elements as they are, column by column.
+/// REQUIRES sixteen readable numbers.
 inline mgMatrix4_c matrix4Of(double const *sixteen);
 /// The elements as they are, row by row. Nothing is checked; the identity flag is computed.
 /// REQUIRES nine readable numbers.
