@@ -1,5 +1,5 @@
 # What is installed: library, headers, platform headers, CMake package, pkg-config file, licence,
-# list of quirks, what debuggers show of each class.
+# pages of docs/ for callers, what debuggers show of each class.
 include(CMakePackageConfigHelpers)
 
 set(_package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/vexmath")
@@ -12,8 +12,9 @@ install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/vexmath" "${VEXMATH_PLATFORM_HE
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
   FILES_MATCHING PATTERN "*.h")
 
-install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" "${PROJECT_SOURCE_DIR}/docs/quirks.md"
-  DESTINATION ${CMAKE_INSTALL_DOCDIR})
+foreach(_page LICENSE docs/c.md docs/coming-from.md docs/debugging.md docs/interop.md docs/quirks.md)
+  install(FILES "${PROJECT_SOURCE_DIR}/${_page}" DESTINATION ${CMAKE_INSTALL_DOCDIR})
+endforeach()
 
 install(EXPORT vexmath-targets NAMESPACE vexmath:: DESTINATION ${_package_dir})
 configure_package_config_file(

@@ -22,7 +22,7 @@ make_debian() {
     mkdir -p "$tree"
     git archive HEAD | tar -x -C "$tree"
     tar -czf "$work/debian/vexmath_$version.orig.tar.gz" -C "$work/debian" "vexmath-$version"
-    packaging/debian/fill.py "$tree"
+    packaging/debian/fill.py "$tree" "$(git log -1 --format=%cD)"
     say "building the Debian packages"
     (cd "$tree" && dpkg-buildpackage -us -uc >"$work/debian/build.log" 2>&1) ||
         { tail -20 "$work/debian/build.log" | cut -c1-200; exit 1; }
@@ -38,6 +38,7 @@ make_debian() {
 }
 
 make_vcpkg() {
+    local library
     say "running the vcpkg port"
     python3 - "$version" <<'PYTHON'
 import json, sys
@@ -46,14 +47,26 @@ sys.exit(port['version'] != sys.argv[1] and f"the port has version {port['versio
 PYTHON
     cmake -D CURRENT_PACKAGES_DIR="$work/vcpkg/packages" -D WORK="$work/vcpkg/build" \
         -P packaging/vcpkg/stand_in.cmake
+    for library in "$work/vcpkg/packages"/{,debug/}lib; do
+        finds_printers "$library"
+    done
     consumer "$work/vcpkg/packages" "$work/vcpkg/consumer"
     "$work/vcpkg/consumer/consumer"
 }
 
-# There is no Conan in Debian: the recipe is only compiled.
+# finds_printers <folder>: the script that gdb loads with the library names the printers' folder.
+finds_printers() {
+    local printers
+    printers=$(sed -n 's/.*join(_folder, "\(.*\)").*/\1/p' "$1"/*-gdb.py)
+    [[ -f $1/$printers/vexmath_gdb.py ]] || { echo "$1 names no printers for gdb"; exit 1; }
+}
+
+# Conan itself is not in Debian.
 make_conan() {
-    say "compiling the Conan recipe"
-    python3 -c 'import ast; ast.parse(open("packaging/conan/conanfile.py").read())'
+    say "running the Conan recipe"
+    packaging/conan/stand_in.py "$work/conan"
+    consumer "$work/conan/package" "$work/conan/consumer"
+    "$work/conan/consumer/consumer"
 }
 
 # make_archive <preset> <what runs the program...>

@@ -40,13 +40,13 @@ void drawAxes(Canvas &canvas, double length) {
 }
 
 Canvas composition() {
-    Canvas canvas(2, 13, 11.5);
+    Canvas canvas(2, 14, 11.5);
     mgXform_c const rotation = mg_RotateXform(60 * kDeg, {0, 0, 1}, 0);
     mgXform_c const move = mg_TranslateXform({6, 0, 0});
     for (bool const isMovedLast : {true, false}) {
         canvas.panel(isMovedLast ? "rotation * move: rotate, then move"
                                  : "move * rotation: move, then rotate",
-                     {2.5, 0, 0});
+                     {3.3, 0, 0});
         drawAxes(canvas, 7);
         canvas.line(moved(kFlag, isMovedLast ? rotation : move), Ink::Help, true);
         canvas.line(kFlag, Ink::Given, true);
@@ -121,7 +121,7 @@ Canvas feet() {
     for (auto const &[axis, name] : {std::pair(u, "u"), std::pair(v, "v")}) {
         bool const isAcross = std::fabs(axis.z()) > 0.5;
         if (isAcross)
-            canvas.dot(q, Ink::Result, std::string(name) + ", towards you", -2.9, -0.9);
+            canvas.dot(q, Ink::Result, std::string(name) + ", towards you", -2.5, -1.9);
         else
             canvas.arrow(q, q + 3 * axis, Ink::Result);
         if (!isAcross) canvas.text(q + 3.3 * axis, name);
@@ -161,8 +161,10 @@ Canvas boxWithSphere() {
     double in = 0, out = 0;
     box.limitRay(from, dir, &in, &out);
     canvas.box(box.low(), box.high(), Ink::Given);
-    canvas.arrow(from, from + 9 * dir, Ink::Help);
+    canvas.arrow(from, from + 9.8 * dir, Ink::Help);
     canvas.line({from + in * dir, from + out * dir}, Ink::Result);
+    canvas.line({box.low(), from + in * dir}, Ink::Help);
+    canvas.line({box.high(), from + out * dir}, Ink::Help);
     canvas.dot(from, Ink::Given, "p", -0.6, -0.9);
     return canvas;
 }
@@ -229,8 +231,8 @@ Canvas arcs() {
     mg_LineSegIntPlane(a, b, plane, &crossing, nullptr);
     canvas.line({a, b}, Ink::Given);
     canvas.line({a, foot}, Ink::Help);
-    canvas.dot(foot, Ink::Result, "foot", -1.7, -0.9);
-    canvas.dot(crossing, Ink::Result, "crossing", 0.4, -0.9);
+    canvas.dot(foot, Ink::Result, "foot", -0.6, -1);
+    canvas.dot(crossing, Ink::Result, "crossing", 0.6, -0.35);
     canvas.dot(a, Ink::Given, "a");
     canvas.dot(b, Ink::Given, "b");
     return canvas;

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Makes those pages of the manual that stand elsewhere in the tree.
+"""Makes the pages of the manual whose text is elsewhere in the tree.
 
 usage: pages.py SOURCE_FOLDER OUTPUT_FOLDER
 """
@@ -15,14 +15,17 @@ PAGES = {'quirks': 'quirks', 'interop': 'interop', 'coming-from': 'coming_from',
 
 TUTORIAL = '''# Tutorial {#tutorial}
 
-Eight short programs teach one subject each. Under each program is what it prints. The sources are in
-`examples/` and need nothing but the library.
+Each short program teaches one subject. Below it is what it prints. The sources are in `examples/` and
+need nothing but the library.
 
 '''
 
 
 def linked(text):
-    """Links to other pages of the manual stay, those to files of the tree become plain words."""
+    """Links to other pages of the manual stay, those to files of the tree become plain words. The
+    words for a picture come on one line, as Doxygen wants them."""
+    text = re.sub(r'!\[[^]]+\]', lambda words: words[0].replace('\n', ' '), text)
+
     def link(match):
         name = Path(match[2]).stem
         return f'\\ref {PAGES[name]} "{match[1]}"' if name in PAGES else match[1]

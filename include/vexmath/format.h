@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The value classes as text: for std::format where the standard library has it, for {fmt} when that
-// was included before, and for std::ostream always. Opt-in: no other header includes this one.
+// The value classes as text: for std::ostream, for std::format where the standard library has it,
+// and for {fmt} when that is included before. Opt-in: no other header includes this one.
 
 #ifndef VEXMATH_FORMAT_H
 #define VEXMATH_FORMAT_H
@@ -29,19 +29,21 @@
 #include <format>
 #endif
 
-// The texts are meant for people, as a debugger shows them:
+// Points, vectors, directions, quaternions, matrices, transforms, perspectives, boxes (mgBBox_c),
+// lines, planes, circles, arcs, cones, cylinders and mgRect have a text. It is meant for people,
+// and is what a debugger shows, except for broken values:
 //
 //     (1, 2.5, -3)             points, vectors, directions; (x, y) and (x, y, z, w) accordingly
 //     no direction             a direction of exactly (0, 0, 0)
 //     (0, 0, 2) of length 2    a direction whose length differs from 1 by more than 1e-08
 //     [(0, 1, 0), (-1, 0, 0), (0, 0, 1)]                       a matrix by rows, or: identity
 //     rotation [...], scale 2, translation (1, 2, 3), mirrored a transform, or: identity
-//     box (0, 0, 0) to (1, 1, 1), sphere (0.5, 0.5, 0.5) r 0.8 a box; also: unset box, invalid box
+//     box (0, 0, 0) to (2, 4, 4), sphere (1, 2, 2) r 3         a box; also: unset box, invalid box
 //     line through (0, 0, 0) along (1, 0, 0)
 //     plane through (0, 0, 0), normal (0, 0, 1)
 //
-// An mgMatrix_c whose identity flag does not fit its elements is "unflagged identity", or has
-// "flagged as identity" behind its rows.
+// An mgMatrix_c that is the identity without the flag is "unflagged identity". One that has the
+// flag and other elements ends in "flagged as identity".
 //
 // The format options are those of double and apply to each number: "{:8.3f}" or std::setw(8).
 // Without one, each number is the shortest that reads back as the same double. Lists are ranges:
@@ -326,10 +328,11 @@ private:
 
 } // namespace vexmath::detail
 
-/// Writes the text of a value class. The stream's width applies to each number, and is reset to 0.
-/// So do its precision, flags and locale, when the precision is not 6 or one of std::fixed,
-/// scientific, hexfloat, showpoint, showpos and uppercase is set. Otherwise each number is the
-/// shortest that reads back the same, with a decimal point.
+/// Writes the text of a value class. The stream's width and fill apply to each number; the width is
+/// reset to 0. When the precision is 6 and none of std::fixed, scientific, hexfloat, showpoint,
+/// showpos and uppercase is set, each number is the shortest that reads back as the same double,
+/// with a decimal point in every locale. Otherwise precision, flags and locale apply to each
+/// number.
 template <class T, std::enable_if_t<vexmath::detail::kHasText<T>, int> = 0>
 std::ostream &operator<<(std::ostream &out, T const &value) {
     vexmath::detail::StreamWriter writer(out);

@@ -17,30 +17,31 @@
 #include <cstddef>
 #include <functional>
 
-// std::hash exists for the classes whose == compares exactly: mgMatrix4_c and mgPerspInfo_c. The
-// others compare within a tolerance: points, vectors, directions, 3x3 matrices, quaternions, boxes.
-// That == is not transitive, since a chain of points, each within 1e-08 of the next, leads
-// anywhere. Equal keys must have equal hashes, so all points would need the same one. So they have
-// no std::hash, and std::unordered_set<mgPoint_c> does not compile. Sets of selection types have
-// none either: their == is not symmetric.
+// std::hash exists for the classes whose == compares exactly: mgMatrix4_c, mgPerspInfo_c and
+// mgModelPerspInfo_c. Points, vectors, directions, 3x3 matrices, quaternions and boxes compare
+// within a tolerance. Such an == is not transitive: a chain of points, each equal to the next,
+// leads from any point to any other. Equal keys must have equal hashes, so all points would need
+// the same hash. Therefore these classes have no std::hash, and std::unordered_set<mgPoint_c> does
+// not compile. Sets of selection types have none either: their == is not symmetric.
 //
 // To find points again that are exactly the same, name the hash and the equality:
 //
 //     std::unordered_set<mgPoint_c, vexmath::ExactHash, vexmath::ExactEqual> seen;
 namespace vexmath {
 
-/// All numbers of two objects of one class are equal by == of doubles: 0.0 equals -0.0, and NaN
-/// equals nothing, not even itself. A key that holds NaN is stored but never found again.
+/// True when all numbers of two objects of one class are equal by == of doubles: 0.0 equals -0.0,
+/// and NaN equals nothing, not even itself. A key that holds NaN is stored but never found again.
 struct ExactEqual {
     template <class T>
     bool operator()(T const &a, T const &b) const;
 };
 
-/// What `ExactEqual` calls equal has the same hash. It depends on the standard library: do not
-/// store it.
+/// The same hash for all objects that `ExactEqual` calls equal. It depends on the standard library:
+/// do not store it.
 ///
 /// Both are for points, vectors, directions, `gcMdiPoint_c`, `mg2DPoint_c`, `mgVector4_c`,
-/// quaternions, `mgMatrix_c`, whose identity flag they ignore, and the classes with a std::hash.
+/// quaternions, `mgMatrix_c` and the classes with a std::hash. They ignore the identity flag of an
+/// `mgMatrix_c` and the direction of an `mgModelPerspInfo_c`.
 struct ExactHash {
     template <class T>
     std::size_t operator()(T const &value) const;
@@ -52,7 +53,7 @@ template <>
 struct std::hash<mgMatrix4_c> : vexmath::ExactHash {};
 template <>
 struct std::hash<mgPerspInfo_c> : vexmath::ExactHash {};
-/// Of the base's members alone, as its == is the base's.
+// Ignores the view direction, as == does.
 template <>
 struct std::hash<mgModelPerspInfo_c> : vexmath::ExactHash {};
 

@@ -25,8 +25,8 @@ class VexmathConan(ConanFile):
         self.version = re.search(r'^  VERSION ([\d.]+)$', text, re.M)[1]
 
     def export_sources(self):
-        for pattern in ('CMakeLists.txt', 'LICENSE', 'cmake/*', 'debugger/*', 'docs/quirks.md',
-                        'include/*', 'src/*'):
+        for pattern in ('CMakeLists.txt', 'LICENSE', 'cmake/*', 'debugger/*', 'docs/*.md', 'include/*',
+                        'src/*'):
             copy(self, pattern, src=str(ROOT), dst=self.export_sources_folder)
 
     def layout(self):
@@ -49,6 +49,8 @@ class VexmathConan(ConanFile):
 
     def package_info(self):
         self.cpp_info.libs = ['vexmath']
-        self.cpp_info.set_property('cmake_target_name', 'vexmath::vexmath')
+        # CMake projects use the package files that are installed, which have all targets.
+        self.cpp_info.set_property('cmake_find_mode', 'none')
+        self.cpp_info.builddirs = ['lib/cmake/vexmath']
         if not self.options.shared:
             self.cpp_info.defines = ['VEXMATH_STATIC']

@@ -2,11 +2,15 @@
 # SPDX-License-Identifier: MIT
 """Makes the debian folder of a source tree: versions, licence and the list of symbols are filled in.
 
-usage: fill.py SOURCE_TREE
+usage: fill.py SOURCE_TREE DATE
+
+DATE is that of the changelog, as `date --rfc-email` prints it.
 """
 
+import lzma
 import re
 import shutil
+import subprocess
 import sys
 from pathlib import Path
 
@@ -20,15 +24,30 @@ def versions(tree):
     return version, soversion
 
 
-def symbols(tree, soversion):
-    """A line for each exported name. Names of templates may be missing from an optimised build."""
+def released_symbols(tree, soversion):
+    """The names that each released version with this soname exports, oldest version first."""
+    folders = (tree / 'tests/abi/released').iterdir()
+    for folder in sorted(folders, key=lambda f: [int(part) for part in f.name.split('.')]):
+        layouts = lzma.open(folder / 'layouts.abi.xz', 'rt').read()
+        if f"soname='libvexmath.so.{soversion}'" in layouts:
+            mangled = re.findall(r"<elf-symbol name='(\w+)'", layouts)
+            names = subprocess.run(['c++filt'], input='\n'.join(mangled), text=True, check=True,
+                                   stdout=subprocess.PIPE).stdout.splitlines()
+            yield folder.name, set(names)
+
+
+def symbols(tree, version, soversion):
+    """A line for each exported name, with the first version that has it: a program that calls it
+    needs that one. Names of templates may be missing from an optimised build."""
+    released = list(released_symbols(tree, soversion))
     lines = [f'libvexmath.so.{soversion} libvexmath{soversion} #MINVER#']
     for name in (tree / 'tests/abi/exported_symbols.txt').read_text().splitlines():
+        first = next((v for v, names in released if name in names), version)
         if re.fullmatch(r'\w+', name):
-            lines.append(f' {name}@Base {soversion}.0')
+            lines.append(f' {name}@Base {first}')
             continue
         tags = 'c++|optional=templinst' if 'suDynamicArray<' in name.split('(')[0] else 'c++'
-        lines.append(f' ({tags})"{name}@Base" {soversion}.0')
+        lines.append(f' ({tags})"{name}@Base" {first}')
     return '\n'.join(lines) + '\n'
 
 
@@ -41,7 +60,7 @@ def copyright_of(tree):
     return page.replace('@COPYRIGHT@', holder).replace('@LICENSE@', indented)
 
 
-def main(tree):
+def main(tree, date):
     version, soversion = versions(tree)
     debian, package = tree / 'debian', f'libvexmath{soversion}'
     shutil.copytree(HERE, debian, ignore=shutil.ignore_patterns('fill.py'))
@@ -50,12 +69,11 @@ def main(tree):
     for suffix in ('install', 'lintian-overrides'):
         (debian / f'libvexmath.{suffix}').rename(debian / f'{package}.{suffix}')
     shutil.copy(debian / f'{package}.lintian-overrides', debian / 'libvexmath-dev.lintian-overrides')
-    (debian / f'{package}.symbols').write_text(symbols(tree, soversion))
+    (debian / f'{package}.symbols').write_text(symbols(tree, version, soversion))
     (debian / 'changelog').write_text(
         f'vexmath ({version}-1) unstable; urgency=medium\n\n  * Release {version}.\n\n'
-        ' -- The vexmath developers <vexmath@example.org>'
-        '  Sun, 22 Nov 2026 12:00:00 +0000\n')
+        f' -- The vexmath developers <vexmath@example.org>  {date}\n')
 
 
 if __name__ == '__main__':
-    main(Path(sys.argv[1]).resolve())
+    main(Path(sys.argv[1]).resolve(), sys.argv[2])

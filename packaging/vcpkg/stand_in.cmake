@@ -1,5 +1,5 @@
 # Runs the port without vcpkg, with plain versions of the functions that it calls. The folders are
-# those of vcpkg; only one configuration is built.
+# those of vcpkg. Only one configuration is built: a copy of it stands for the debug one.
 #   cmake -D CURRENT_PACKAGES_DIR=<folder> -D WORK=<folder> -P stand_in.cmake
 set(CURRENT_PORT_DIR "${CMAKE_CURRENT_LIST_DIR}/vexmath")
 
@@ -16,6 +16,14 @@ endfunction()
 
 function(vcpkg_cmake_install)
   run("${CMAKE_COMMAND}" --build "${WORK}" --target install --parallel 2)
+  file(GLOB folders "${CURRENT_PACKAGES_DIR}/*")
+  file(COPY ${folders} DESTINATION "${CURRENT_PACKAGES_DIR}/debug")
+endfunction()
+
+function(vcpkg_replace_string file match replacement)
+  file(READ "${file}" text)
+  string(REPLACE "${match}" "${replacement}" text "${text}")
+  file(WRITE "${file}" "${text}")
 endfunction()
 
 # The CMake files move to share/vexmath, two folders below the prefix instead of three.
@@ -26,9 +34,9 @@ function(vcpkg_cmake_config_fixup)
   file(REMOVE_RECURSE "${CURRENT_PACKAGES_DIR}/${arg_CONFIG_PATH}")
   file(GLOB files "${CURRENT_PACKAGES_DIR}/share/vexmath/*.cmake")
   foreach(file IN LISTS files)
+    vcpkg_replace_string("${file}" "\${CMAKE_CURRENT_LIST_DIR}/../../../"
+      "\${CMAKE_CURRENT_LIST_DIR}/../../")
     file(READ "${file}" text)
-    string(REPLACE "\${CMAKE_CURRENT_LIST_DIR}/../../../" "\${CMAKE_CURRENT_LIST_DIR}/../../"
-      text "${text}")
     string(REGEX REPLACE "(get_filename_component\\(_IMPORT_PREFIX \"\\\${_IMPORT_PREFIX}\" PATH\\)\n)(get_filename_component\\(_IMPORT_PREFIX \"\\\${_IMPORT_PREFIX}\" PATH\\)\n)"
       "\\1" text "${text}")
     file(WRITE "${file}" "${text}")

@@ -66,5 +66,10 @@ TEST(Format, StandardFormatGivesTheSameText) {
     EXPECT_EQ("(   1.00,   -2.35, 1000.00)", std::format("{:{}.{}f}", p, 7, 2));
     EXPECT_EQ("no direction", std::format("{}", U()));
     EXPECT_EQ("scale 2, translation (1, 2, 3)", std::format("{}", raw({}, V(1, 2, 3), 2.0)));
+#ifdef __cpp_lib_format_ranges
+    suDynamicArray<P> list;
+    list.Add(p);
+    EXPECT_EQ("[(1, -2.34567, 1000)]", std::format("{}", list));
+#endif
 }
 #endif

@@ -14,6 +14,10 @@
 #include "golden/golden.h"
 #include "memory/heap.h"
 
+#if __has_include(<nlohmann/json.hpp>)
+#include <vexmath/interop/nlohmann_json.h>
+#endif
+
 namespace {
 
 using namespace common;
@@ -252,6 +256,18 @@ TEST(Exhausted, AListIsEmpty) {
         EXPECT_TRUE(isUpTo(9, other) || (trial.refused && !other.Data()));
     });
 }
+
+#ifdef VEXMATH_INTEROP_NLOHMANN_JSON_H
+TEST(Exhausted, AListFromJsonThrows) {
+    nlohmann::json const written = std::vector<int>(30, 7);
+    CheckEach("read a list", [&](Trial &trial) {
+        Ints list = numbers(0, 3);
+        bool const threw = trial.throws([&] { written.get_to(list); });
+        EXPECT_TRUE(trial.refused || !threw);
+        EXPECT_TRUE(threw ? list.Count() == 3 || list.Count() == 0 : list.Count() == 30);
+    });
+}
+#endif
 
 /// `tessellate` keeps the given number of the three points in a list. With count 0 there is no
 /// array, and the list stays or, when it could not grow, is empty.

@@ -13,14 +13,14 @@
 
 // Eigen multiplies column vectors: within rounding, `toEigen(x) * toEigen(p)` is the image `p * x`,
 // and `toEigen(b) * toEigen(a)` is `a * b`. A rotation has its rows and columns exchanged there; an
-// mgMatrix4_c has not. What is said to be taken as it is comes back to the bit.
+// mgMatrix4_c has not. Whatever is copied as it is comes back to the bit.
 namespace vexmath {
 
 /// The three numbers as they are, of a point and a direction too; "no direction" is (0, 0, 0).
 inline Eigen::Vector3d toEigen(mgVector_c const &v) { return {v.x(), v.y(), v.z()}; }
 inline mgPoint_c toPoint(Eigen::Vector3d const &v) { return {v.x(), v.y(), v.z()}; }
 inline mgVector_c toVector(Eigen::Vector3d const &v) { return {v.x(), v.y(), v.z()}; }
-/// As `directionOf` in numbers.h: normalised, unless of unit length already.
+/// Normalised, unless it has unit length: see `directionOf` in numbers.h.
 inline mgUnitVector_c toDirection(Eigen::Vector3d const &v) {
     return directionOf(v.x(), v.y(), v.z());
 }
@@ -38,12 +38,12 @@ inline Eigen::Matrix4d toEigen(mgMatrix4_c const &m) {
 }
 inline mgMatrix4_c toMatrix4(Eigen::Matrix4d const &m) { return matrix4Of(m.data()); }
 
-/// Rotation, scale and translation, as `numbersOf` in numbers.h: perspective record and reflection
-/// flag are dropped.
+/// Rotation, scale and translation. Perspective record and reflection flag are dropped: see
+/// `numbersOf` in numbers.h.
 inline Eigen::Affine3d toEigen(mgXform_c const &x) {
     return Eigen::Affine3d(Eigen::Map<Eigen::Matrix4d const>(numbersOf(x).data()));
 }
-/// The transform of a similarity, as `xformOf` in numbers.h; nothing when m is none.
+/// The transform of a similarity; nothing when m is none: see `xformOf` in numbers.h.
 inline std::optional<mgXform_c> toXform(Eigen::Matrix4d const &m) { return xformOf(m.data()); }
 /// The same of an `Affine3d` or an `Isometry3d`.
 inline std::optional<mgXform_c> toXform(Eigen::Affine3d const &x) { return toXform(x.matrix()); }

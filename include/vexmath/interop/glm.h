@@ -15,15 +15,15 @@
 
 // GLM multiplies column vectors: within rounding, `toGlm(x) * glm::dvec4(toGlm(p), 1.0)` is the
 // image `p * x`, and `toGlm(b) * toGlm(a)` is `a * b`. A rotation has its rows and columns
-// exchanged there; an mgMatrix4_c has not. GLM writes element (i, j) as m[j][i]. What is said to be
-// taken as it is comes back to the bit.
+// exchanged there; an mgMatrix4_c has not. GLM writes element (i, j) as m[j][i]. Whatever is copied
+// as it is comes back to the bit.
 namespace vexmath {
 
 /// The three numbers as they are, of a point and a direction too; "no direction" is (0, 0, 0).
 inline glm::dvec3 toGlm(mgVector_c const &v) { return {v.x(), v.y(), v.z()}; }
 inline mgPoint_c toPoint(glm::dvec3 const &v) { return {v.x, v.y, v.z}; }
 inline mgVector_c toVector(glm::dvec3 const &v) { return {v.x, v.y, v.z}; }
-/// As `directionOf` in numbers.h: normalised, unless of unit length already.
+/// Normalised, unless it has unit length: see `directionOf` in numbers.h.
 inline mgUnitVector_c toDirection(glm::dvec3 const &v) { return directionOf(v.x, v.y, v.z); }
 
 /// Row i becomes column i, as it is. The identity flag is not read.
@@ -35,10 +35,10 @@ inline mgMatrix_c toMatrix(glm::dmat3 const &m) { return matrixOf(glm::value_ptr
 inline glm::dmat4 toGlm(mgMatrix4_c const &m) { return glm::make_mat4(numbersOf(m).data()); }
 inline mgMatrix4_c toMatrix4(glm::dmat4 const &m) { return matrix4Of(glm::value_ptr(m)); }
 
-/// Rotation, scale and translation, as `numbersOf` in numbers.h: perspective record and reflection
-/// flag are dropped.
+/// Rotation, scale and translation. Perspective record and reflection flag are dropped: see
+/// `numbersOf` in numbers.h.
 inline glm::dmat4 toGlm(mgXform_c const &x) { return glm::make_mat4(numbersOf(x).data()); }
-/// The transform of a similarity, as `xformOf` in numbers.h; nothing when m is none.
+/// The transform of a similarity; nothing when m is none: see `xformOf` in numbers.h.
 inline std::optional<mgXform_c> toXform(glm::dmat4 const &m) { return xformOf(glm::value_ptr(m)); }
 
 // An array of points has the bytes of an array of glm::dvec3, so std::memcpy converts it. Do not

@@ -16,15 +16,15 @@
 
 // Imath multiplies row vectors, as the library does: within rounding, `toImath(p) * toImath(x)` is
 // the image `p * x`, and `toImath(a) * toImath(b)` is `a * b`. A rotation keeps its rows; an
-// mgMatrix4_c has its rows and columns exchanged there. What is said to be taken as it is comes
-// back to the bit.
+// mgMatrix4_c has its rows and columns exchanged there. Whatever is copied as it is comes back to
+// the bit.
 namespace vexmath {
 
 /// The three numbers as they are, of a point and a direction too; "no direction" is (0, 0, 0).
 inline Imath::V3d toImath(mgVector_c const &v) { return {v.x(), v.y(), v.z()}; }
 inline mgPoint_c toPoint(Imath::V3d const &v) { return {v.x, v.y, v.z}; }
 inline mgVector_c toVector(Imath::V3d const &v) { return {v.x, v.y, v.z}; }
-/// As `directionOf` in numbers.h: normalised, unless of unit length already.
+/// Normalised, unless it has unit length: see `directionOf` in numbers.h.
 inline mgUnitVector_c toDirection(Imath::V3d const &v) { return directionOf(v.x, v.y, v.z); }
 
 /// Row i stays row i, as it is. The identity flag is not read.
@@ -44,14 +44,14 @@ inline Imath::M44d toImath(mgMatrix4_c const &m) {
 }
 inline mgMatrix4_c toMatrix4(Imath::M44d const &m) { return matrix4Of(m.getValue()); }
 
-/// Rotation, scale and translation, as `numbersOf` in numbers.h: perspective record and reflection
-/// flag are dropped.
+/// Rotation, scale and translation. Perspective record and reflection flag are dropped: see
+/// `numbersOf` in numbers.h.
 inline Imath::M44d toImath(mgXform_c const &x) {
     Imath::M44d rows;
     std::copy_n(numbersOf(x).data(), 16, rows.getValue());
     return rows;
 }
-/// The transform of a similarity, as `xformOf` in numbers.h; nothing when m is none.
+/// The transform of a similarity; nothing when m is none: see `xformOf` in numbers.h.
 inline std::optional<mgXform_c> toXform(Imath::M44d const &m) { return xformOf(m.getValue()); }
 
 /// The corners, as they are, without the sphere; an unset box becomes an empty one.

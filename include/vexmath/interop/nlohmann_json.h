@@ -12,13 +12,15 @@
 #include <nlohmann/json.hpp>
 
 #include <array>
+#include <new>
 #include <type_traits>
 
-// What is written and read back is the same to the bit, unless said otherwise. Reading what has
-// another form throws an exception of nlohmann::json, such as type_error or out_of_range, and
-// leaves the object as it was. NaN and infinity become null in a text, which is refused on reading.
+// What is written and read back is the same to the bit, unless said otherwise. Reading another form
+// throws an exception of nlohmann::json, such as type_error or out_of_range, and leaves the object
+// as it was. NaN and infinity become null in a text; a null in place of a number is refused.
 //
-// In the global namespace, because the classes are there and the functions are found by them.
+// The functions are in the global namespace, where nlohmann::json finds them: the classes are
+// there.
 
 namespace vexmath::detail {
 
@@ -72,7 +74,8 @@ void from_json(Json const &j, mgMatrix_c &m) {
 }
 
 /// {"eye": [x, y, z], "plane": number, "far": number, "camera": number}: the eye point and the
-/// distances of the plane, the far clip plane and the camera's field-of-view plane.
+/// distances of the plane, the far clip plane and the camera's field-of-view plane. The direction
+/// of an `mgModelPerspInfo_c` is neither written nor read.
 template <class Json>
 void to_json(Json &j, mgPerspInfo_c const &p) {
     mgPoint_c eye;
@@ -93,8 +96,8 @@ void from_json(Json const &j, mgPerspInfo_c &p) {
 
 /// {"rotation": rows, "scale": number, "translation": [x, y, z], "reflection": flag}, and
 /// "perspective" when there is a record. The fields are written and read as they are, without the
-/// copy rules. Of an `mgGenXform_c` it is the placing part. When memory for the record is
-/// exhausted, reading throws `std::bad_alloc` after the other fields.
+/// copy rules. Of an `mgGenXform_c` only the placing part is written and read. When memory for the
+/// record is exhausted, reading throws `std::bad_alloc` after the other fields.
 template <class Json>
 void to_json(Json &j, mgXform_c const &x) {
     j = {{"rotation", x.rotation()},
@@ -143,13 +146,15 @@ void from_json(Json const &j, mgBBox_c &b) {
 }
 
 /// A list is an array of its elements; nlohmann::json writes it as any range. Reading replaces the
-/// elements. They all get lost when memory is exhausted.
+/// elements. When memory is exhausted it throws `std::bad_alloc`; the list is then empty or as it
+/// was.
 template <class Json, class T>
 void from_json(Json const &j, suDynamicArray<T> &list) {
     suDynamicArray<T> read;
     for (auto const &element : j.template get_ref<typename Json::array_t const &>())
-        read.Add(element.template get<T>());
+        if (read.Add(element.template get<T>()) < 0) throw std::bad_alloc();
     list = read;
+    if (list.Count() != read.Count()) throw std::bad_alloc();
 }
 
 #endif

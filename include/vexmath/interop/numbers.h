@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Matrices, transforms and directions as plain numbers, in the order in which other libraries hold
-// them. The headers for those libraries are made of these; they serve any other library too.
+// them. The headers for those libraries use these functions; they serve any other library too.
 
 #ifndef VEXMATH_INTEROP_NUMBERS_H
 #define VEXMATH_INTEROP_NUMBERS_H
@@ -13,10 +13,11 @@
 #include <optional>
 #include <type_traits>
 
-// A matrix for row vectors, row by row, has the same numbers in the same order as the matrix of the
-// same map for column vectors, column by column: the images of the axes x, y and z, each followed
-// by 0, then the translation and 1. Other libraries use one of these two forms. Only mgMatrix4_c
-// has another one: for column vectors, row by row. docs/interop.md has a picture.
+// Other libraries hold a matrix in one of two forms: for row vectors, row by row, or for column
+// vectors, column by column. Both forms of one map have the same numbers in the same order: the
+// images of the axes x, y and z, each followed by 0, then the translation and 1. Only mgMatrix4_c
+// has another form: for column vectors, row by row. interop.md, installed with the documentation,
+// has a picture.
 namespace vexmath {
 
 /// Rotation, scale and translation. As for points, a scale within 1e-08 of 1, bound included, or
@@ -27,30 +28,34 @@ inline std::array<double, 16> numbersOf(mgXform_c const &x);
 /// The elements as they are, column by column.
 inline std::array<double, 16> numbersOf(mgMatrix4_c const &m);
 
-// The inverses. REQUIRE that so many numbers are readable.
+// The inverses.
 
-/// The transform of sixteen numbers that are a similarity; nothing when they are none, which is
-/// when
-/// - the fourth numbers are not exactly 0, 0, 0 and 1,
-/// - the images of the axes differ in squared length, or have a dot product, by more than 1e-08 of
-///   the squared length of the first, or hold NaN or overflow,
+/// The transform of sixteen numbers that are a similarity. Nothing when
+/// - the number behind an image is not exactly 0, or the last number is not exactly 1,
+/// - the squared length of the second or third image differs from that of the first by more than
+///   1e-08 of the latter,
+/// - the dot product of two images is larger than that in absolute value,
+/// - the images hold NaN or their squared lengths overflow,
 /// - the scale is not strictly between 1.0000000000000002e-13 and 6e12.
 ///
 /// The scale is the length of the first image. Within 1e-08 of 1, bound included, it becomes 1 and
-/// the images are taken as they are, so that rigid motions come back to the bit. Otherwise they are
-/// divided by it. Nothing is orthonormalised; `mgXform_c::createFromGLData` does that, for numbers
-/// of single precision. The identity flag is computed. The translation is taken as it is. The
-/// reflection flag is 1 when the numbers mirror, else 0.
+/// the images stay as they are, so rigid motions come back to the bit. Otherwise they are divided
+/// by it. Nothing is orthonormalised; `mgXform_c::createFromGLData` does that, for numbers of
+/// single precision. The identity flag is computed. The translation is copied as it is, also NaN.
+/// The reflection flag is 1 when the numbers mirror, else 0.
+/// REQUIRES sixteen readable numbers.
 ///
 /// The result follows no copy rules. `mgXform_c x = *xformOf(n)` copies it, and so follows them.
 inline std::optional<mgXform_c> xformOf(double const *sixteen);
 /// The elements as they are, column by column.
+/// REQUIRES sixteen readable numbers.
 inline mgMatrix4_c matrix4Of(double const *sixteen);
 /// The elements as they are, row by row. Nothing is checked; the identity flag is computed.
+/// REQUIRES nine readable numbers.
 inline mgMatrix_c matrixOf(double const *nine);
 /// The direction of a vector. When its squared length is within 1e-14 of 1, bound included, its
-/// numbers are taken as they are, so that directions come back to the bit. Otherwise it is
-/// normalised as by the constructors of `mgUnitVector_c`: a short or NaN vector is "no direction".
+/// numbers stay as they are, so directions come back to the bit. Otherwise it is normalised as by
+/// the constructors of `mgUnitVector_c`: a short or NaN vector is "no direction".
 inline mgUnitVector_c directionOf(double x, double y, double z);
 
 } // namespace vexmath

@@ -30,7 +30,7 @@ auto asDoubles(std::span<T, n> triples) {
     return std::span<Number>(reinterpret_cast<Number *>(triples.data()), 3 * triples.size());
 }
 
-/// The points of numbers, three by three: the inverse. One or two numbers at the end are left out.
+/// The inverse: each three numbers are a point. One or two numbers at the end are left out.
 template <class T, std::size_t n, class = std::enable_if_t<std::is_same_v<T const, double const>>>
 auto asPoints(std::span<T, n> numbers) {
     using Point = std::conditional_t<std::is_const_v<T>, mgPoint_c const, mgPoint_c>;
