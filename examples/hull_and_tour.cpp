@@ -12,7 +12,7 @@ int main() {
     mgPoint_c const holes[] = {{0, 0, 0},   {100, 0, 0}, {50, 30, 0}, {100, 80, 0},
                                {20, 60, 0}, {0, 80, 0},  {80, 20, 0}, {50, 0, 0}};
 
-    // The library hands out lists as growable arrays, which also serve as its input.
+    // The library gives lists as growable arrays, which also serve as its input.
     suDynamicArray<mg2DPoint_c> inPlane;
     suDynamicArray<mgPoint_c> inSpace;
     for (mgPoint_c const &hole : holes) {

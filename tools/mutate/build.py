@@ -199,6 +199,7 @@ def configure():
     off = ("BUILD_EXAMPLES", "BUILD_APPS", "INSTALL", "LTO")
     options = [f"-DVEXMATH_{name}=OFF" for name in off]
     options += ["-G", "Ninja", "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON"]
+    options += ["-DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON"]  # in favour of PRECOMPILED
     place = BUILD / "configured"
     quiet = {"stdout": subprocess.DEVNULL}
     subprocess.run(["cmake", "-S", tree(0), "-B", place, *options], **quiet, check=True)
