@@ -217,7 +217,8 @@ function cut() {
   const root = [...low];
   root[axis] += (high[axis] - low[axis]) * at('section-at').valueAsNumber / 1000;
   const normal = along(axis); // what lies behind the plane stays
-  at('section-value').textContent = `${'xyz'[axis]} = ${rounded(root[axis], 5)}`;
+  const digits = Math.max(0, 3 - Math.ceil(Math.log10(2 * radius))); // a thousandth of the assembly
+  at('section-value').textContent = `${'xyz'[axis]} = ${Number(root[axis].toFixed(Math.min(digits, 20)))}`;
   view.section({ root, normal });
   cut.timer = setTimeout(() => act(() => {
     view.section({ root, normal }, assembly.section(root, normal, 2 * radius / HATCHES));

@@ -171,7 +171,7 @@ export class View {
         this.marks.add(segments(edges, i === selected ? '--accent' : plain));
       }
       if (spheres) {
-        const sphere = new THREE.WireframeGeometry(new THREE.SphereGeometry(part.placed.radius, 16, 8));
+        const sphere = new THREE.EdgesGeometry(new THREE.SphereGeometry(part.placed.radius, 12, 6));
         this.marks.add(segments(sphere.translate(...part.placed.centre), plain));
       }
     });

@@ -78,6 +78,14 @@ void writeFile(fs::path const &file, std::string const &content) {
     std::ofstream(file, std::ios::binary) << content;
 }
 
+/// Copies an array as a whole; embind copies the bytes of a string one by one.
+std::string bytesFrom(val const &array) {
+    std::string bytes(array["length"].as<std::size_t>(), '\0');
+    val const view(typed_memory_view(bytes.size(), reinterpret_cast<std::uint8_t *>(bytes.data())));
+    view.call<void>("set", array);
+    return bytes;
+}
+
 val objectOf(std::initializer_list<std::pair<char const *, val>> fields) {
     val object = val::object();
     for (auto const &[name, value] : fields) object.set(name, value);
@@ -141,11 +149,11 @@ public:
         });
     }
 
-    void addMesh(std::string const &name, std::string const &file, val const &positions,
+    void addMesh(std::string const &name, val const &file, val const &positions,
                  val const &indices) {
         guarded([&] {
             // First the file itself, as its damage may be the reason for odd positions.
-            assembly::refuseDamage(file, assembly::formatOf(name), name);
+            assembly::refuseDamage(bytesFrom(file), assembly::formatOf(name), name);
             auto const coordinates = convertJSArrayToNumberVector<float>(positions);
             auto const corners = convertJSArrayToNumberVector<std::uint32_t>(indices);
             assembly::meshes()[name] = makeMesh(name, coordinates, corners);
@@ -223,6 +231,7 @@ private:
                          std::vector<std::uint32_t> const &corners) {
         assembly::MeshMaker maker(name);
         std::vector<std::uint32_t> vertices;
+        vertices.reserve(coordinates.size() / 3);
         for (std::size_t i = 0; i + 2 < coordinates.size(); i += 3) {
             vertices.push_back(
                 maker.vertex({coordinates[i], coordinates[i + 1], coordinates[i + 2]}));
