@@ -93,11 +93,13 @@ function addMesh(name) {
   const file = files.get(baseName(name));
   if (!file) throw new Error(`${name}: drop this mesh file too`);
   if (file.addedAs === name) return;
+  files.delete(baseName(name)); // a bad file is forgotten, so that the others can be opened
   file.mesh ??= readMesh(name, file.bytes);
   assembly.addMesh(name, file.bytes, file.mesh.positions, file.mesh.indices);
   meshes.get(name)?.forEach((geometry) => geometry.dispose());
   meshes.set(name, levelsOf(file.mesh));
   file.addedAs = name;
+  files.set(baseName(name), file);
 }
 
 async function openFiles(list) {

@@ -11,7 +11,6 @@
 #include "files.h"
 #include "panel.h"
 
-#include <array>
 #include <filesystem>
 #include <fstream>
 #include <initializer_list>
@@ -108,11 +107,9 @@ val boundsOf(mgBBox_c const &box) {
 }
 
 val partOf(Part const &part) {
-    std::array<double, 16> gl{};
-    part.placement.getGLData(gl.data());
     return objectOf({{"name", val(part.name)},
                      {"mesh", val(part.mesh->file.string())},
-                     {"matrix", numbersOf<double>("Float64Array", gl)},
+                     {"matrix", glDataOf(part.placement)},
                      {"translation", val(part.placement.translation())},
                      {"bounds", boundsOf(part.mesh->bounds)},
                      {"placed", boundsOf(part.placed)}});

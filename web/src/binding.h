@@ -4,6 +4,7 @@
 #ifndef VEXMATH_WEB_BINDING_H
 #define VEXMATH_WEB_BINDING_H
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <exception>
@@ -14,6 +15,7 @@
 #include <vexmath/point.h>
 #include <vexmath/unit_vector.h>
 #include <vexmath/vector.h>
+#include <vexmath/xform.h>
 
 namespace web {
 
@@ -52,6 +54,12 @@ val coordinatesOf(Points const &points) {
 
 inline val bytesOf(std::string const &bytes) {
     return numbersOf<std::uint8_t>("Uint8Array", bytes);
+}
+
+inline val glDataOf(mgXform_c const &x) {
+    std::array<double, 16> gl{};
+    x.getGLData(gl.data());
+    return numbersOf<double>("Float64Array", gl);
 }
 
 /// The direction of a vector, normalised; none for a vector that is too short.

@@ -88,12 +88,6 @@ val firstHit(mgBBox_c const &box, Direction const &ray) {
     return box.getFirstRayHit(line.rootPoint(), line.direction(), &hit) ? val(hit) : val::null();
 }
 
-val glData(mgXform_c const &x) {
-    std::array<double, 16> gl{};
-    x.getGLData(gl.data());
-    return numbersOf<double>("Float64Array", gl);
-}
-
 mgXform_c fromGlData(val const &numbers) {
     return guarded([&] {
         auto const gl = convertJSArrayToNumberVector<double>(numbers);
@@ -327,7 +321,7 @@ EMSCRIPTEN_BINDINGS(vexmath_values) {
     xform.def("line", [](Xform const &x, Plain const &d) {
         return Plain{d.root * x, directionOf(d.direction) * x};
     });
-    xform.def("glData", &glData);
+    xform.def("glData", &glDataOf);
     xform.def("record", &recordOf<Xform>);
 
     Class<Box> box("BBox");

@@ -48,6 +48,7 @@ test('arrays of points are not copied', () => {
   points.transform(v.Xform.translation([10, 0, 0]));
   assert.deepEqual([...points.view()], [11, 2, 3, 6, 5, 6]);
   assert.deepEqual(points.bound().low(), [6, 2, 3]);
+  assert.throws(() => new v.Points(2 ** 30), Error);
 });
 
 test('boxes are searched', () => {

@@ -180,6 +180,8 @@ describe('the page', () => {
   test('says what is wrong', async () => {
     await drop([['lid.stl', sampleMeshes.get('lid.stl').subarray(0, 999)]]);
     assert.match(await status(), /lid.stl: is cut short/);
+    await drop([['key.stl', sampleMeshes.get('key.stl')]]);
+    assert.match(await status(), /^Dropped meshes loaded/);
     await drop([['notes.txt', '']]);
     assert.match(await status(), /notes.txt: is no mesh/);
   });
