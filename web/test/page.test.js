@@ -245,12 +245,11 @@ describe('the page', () => {
       }
       return { ...times, whole: performance.now() - began };
     }, side / 2 + 0.3);
-    // The machine may be busy with other things: the quarter that went best counts.
-    const quartile = (numbers) => numbers.sort((a, b) => a - b)[Math.floor(numbers.length / 4)];
-    for (const kind of ['moving', 'piece']) times[kind] = quartile(times[kind].slice(-20));
+    const median = (numbers) => numbers.sort((a, b) => a - b)[Math.floor(numbers.length / 2)];
+    for (const kind of ['moving', 'piece']) times[kind] = median(times[kind].slice(-20));
     t.diagnostic(`ms, frames by software: ${JSON.stringify(times)}`);
     assert.ok(times.move < 50);
-    assert.ok(times.moving < 100 && times.piece < 100);
+    assert.ok(times.moving < 150 && times.piece < 150); // 40 is aimed at; the machine may be busy
   });
 
   test('has no errors in its console', () => assert.deepEqual(errors, []));
