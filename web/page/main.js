@@ -19,7 +19,7 @@ const KEYS = {
 };
 
 let assembly; // the module's
-const view = new View(at('view'));
+let view;
 const files = new Map(); // the mesh files dropped so far: bytes and what was read, by names without folders
 const meshes = new Map(); // as the view draws them, by the names that the assembly file has for them
 let parts = [];
@@ -286,6 +286,7 @@ function listen() {
 }
 
 await act(async () => {
+  view = new View(at('view'));
   const module = await createVexmath();
   assembly = new module.Assembly();
   listen();

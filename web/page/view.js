@@ -24,6 +24,7 @@ export class View {
     this.canvas = canvas;
     // Draws out of sight. What is ready is copied to the canvas.
     this.renderer = new THREE.WebGLRenderer({ antialias: true, alpha: true, preserveDrawingBuffer: true });
+    this.renderer.setClearColor(0, 0);
     this.renderer.autoClear = false;
     this.renderer.localClippingEnabled = true;
     this.camera = new THREE.PerspectiveCamera(30, 1, 1, 1000);

@@ -114,6 +114,9 @@ describe('the page', () => {
       t.diagnostic(`ready after ${await page.$eval('html', (node) => node.dataset.ready)} ms, processor ${times[i]} s`);
     }
     assert.ok(Math.min(...times) < 1, `${times}`);
+    await page.waitForFunction(() => window.checker.view.isWhole);
+    const corner = await page.$eval('#view', (canvas) => [...canvas.getContext('2d').getImageData(0, 0, 1, 1).data]);
+    assert.deepEqual(corner, [0, 0, 0, 0], 'the empty view is transparent');
   });
 
   test('lists the contacts of the dropped assembly, and stores its document', async () => {
