@@ -90,9 +90,15 @@ export interface Points extends Kept {
   count(): number;
 }
 
-/** Many boxes, kept for search. A list of pairs holds two indices for each pair. */
+/**
+ * Many boxes, kept for search, and perhaps their placements. A list of pairs holds two indices for
+ * each pair. Clashes of placed boxes have no tolerance; it is ignored.
+ */
 export interface BoxIndex extends Kept {
+  /** Replaces the box; its placement stays. */
   move(index: number, box: BBox): void;
+  /** Replaces the placement. Ignored when the index has none. */
+  place(index: number, placement: Xform): void;
   clashes(tolerance: number): Int32Array;
   clashesOf(some: ArrayLike<number>, tolerance: number): Int32Array;
   clashesWith(box: BBox, tolerance: number): Int32Array;
@@ -175,7 +181,7 @@ export interface Vexmath {
   Xform: XformClass;
   BBox: BBoxClass;
   Points: new (count: number) => Points;
-  BoxIndex: new (boxes: BBox[]) => BoxIndex;
+  BoxIndex: new (boxes: BBox[], placements?: Xform[]) => BoxIndex;
   Assembly: new () => Assembly;
 
   dot(a: Triple, b: Triple): number;

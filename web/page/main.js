@@ -2,10 +2,13 @@
 // The page: files in, lists and the view out. The checker itself is the module's Assembly.
 
 import createVexmath from './vexmath.js';
+import { levelsOf } from './levels.js';
 import { readMesh } from './meshes.js';
 import { View } from './view.js';
 
 const at = (id) => document.getElementById(id);
+const along = (axis, value = 1) => [0, 1, 2].map((k) => (k === axis ? value : 0));
+const rounded = (value, digits) => Number(value.toPrecision(digits));
 const MESHES = /\.(obj|stl|ply)$/i;
 const HATCHES = 60; // hatch lines across the assembly
 const KINDS = [['clashing', 'Clashing', '–'], ['touching', 'Touching', '–'], ['containing', 'Containing', 'contains']];
@@ -16,11 +19,17 @@ const KEYS = {
 };
 
 let assembly; // the module's
-const view = new View(at('view'));
+let view;
 const files = new Map(); // the mesh files dropped so far: bytes and what was read, by names without folders
-const geometries = new Map(); // by the names that the assembly file has for them
+const meshes = new Map(); // as the view draws them, by the names that the assembly file has for them
 let parts = [];
 let contacts = {};
+
+function make(tag, ...children) {
+  const node = document.createElement(tag);
+  node.append(...children);
+  return node;
+}
 
 function say(text, isFailure = false) {
   at('status').textContent = text;
@@ -83,11 +92,14 @@ function namesIn(json) {
 function addMesh(name) {
   const file = files.get(baseName(name));
   if (!file) throw new Error(`${name}: drop this mesh file too`);
-  file.mesh ??= readMesh(name, file.bytes);
   if (file.addedAs === name) return;
+  files.delete(baseName(name)); // a bad file is forgotten, so that the others can be opened
+  file.mesh ??= readMesh(name, file.bytes);
   assembly.addMesh(name, file.bytes, file.mesh.positions, file.mesh.indices);
-  geometries.set(name, file.mesh.geometry);
+  meshes.get(name)?.forEach((geometry) => geometry.dispose());
+  meshes.set(name, levelsOf(file.mesh));
   file.addedAs = name;
+  files.set(baseName(name), file);
 }
 
 async function openFiles(list) {
@@ -126,7 +138,7 @@ function showAll(what) {
   parts = assembly.parts();
   at('parts').replaceChildren(...parts.map((part) => new Option(part.name, part.name)));
   at('parts').selectedIndex = parts.length ? 0 : -1;
-  view.show(parts, geometries);
+  view.show(parts, meshes);
   view.look('perspective', assembly.bounds());
   at('store').disabled = false;
   at('place').disabled = parts.length === 0;
@@ -148,12 +160,9 @@ function update(what) {
 
 function showContacts() {
   at('contacts').replaceChildren(...KINDS.flatMap(([kind, title, between]) => {
-    const heading = Object.assign(document.createElement('h3'), { textContent: `${title}: ${contacts[kind].length || 'none'}` });
-    const list = Object.assign(document.createElement('ul'), { id: kind, className: kind });
-    for (const [a, b] of contacts[kind]) {
-      list.append(Object.assign(document.createElement('li'), { textContent: `${parts[a].name} ${between} ${parts[b].name}` }));
-    }
-    return list.children.length ? [heading, list] : [heading];
+    const items = contacts[kind].map(([a, b]) => make('li', `${parts[a].name} ${between} ${parts[b].name}`));
+    const list = Object.assign(make('ul', ...items), { id: kind, className: kind });
+    return [make('h3', `${title}: ${items.length || 'none'}`), ...(items.length ? [list] : [])];
   }));
   const clashing = new Set(contacts.clashing.flat());
   [...at('parts').options].forEach((option, i) => {
@@ -183,18 +192,15 @@ function move(by) {
 }
 
 function moveTo(axis, value) {
-  const by = [0, 0, 0];
   const part = parts[selected()];
-  if (!part || !Number.isFinite(value)) return;
-  by[axis] = value - part.translation[axis];
-  move(by);
+  if (part && Number.isFinite(value)) move(along(axis, value - part.translation[axis]));
 }
 
 function rotate(axis) {
   const part = selected();
   const degrees = at('angle').valueAsNumber;
   if (part < 0 || !Number.isFinite(degrees)) return;
-  assembly.rotatePart(part, [0, 1, 2].map((k) => Number(k === axis)), degrees);
+  assembly.rotatePart(part, along(axis), degrees);
   update(`${parts[part].name} rotated`);
 }
 
@@ -212,8 +218,9 @@ function cut() {
   const axis = Number(at('section-axis').value);
   const root = [...low];
   root[axis] += (high[axis] - low[axis]) * at('section-at').valueAsNumber / 1000;
-  const normal = [0, 1, 2].map((k) => Number(k === axis)); // what lies behind the plane stays
-  at('section-value').textContent = `${'xyz'[axis]} = ${Number(root[axis].toPrecision(5))}`;
+  const normal = along(axis); // what lies behind the plane stays
+  const digits = Math.max(0, 3 - Math.ceil(Math.log10(2 * radius))); // a thousandth of the assembly
+  at('section-value').textContent = `${'xyz'[axis]} = ${Number(root[axis].toFixed(Math.min(digits, 20)))}`;
   view.section({ root, normal });
   cut.timer = setTimeout(() => act(() => {
     view.section({ root, normal }, assembly.section(root, normal, 2 * radius / HATCHES));
@@ -226,8 +233,8 @@ function pick(x, y) {
   const hits = assembly.pick(root, direction);
   at('pick-x').value = x.toFixed(3);
   at('pick-y').value = y.toFixed(3);
-  at('hits').replaceChildren(...hits.map(({ part, distance }) => Object.assign(
-    document.createElement('li'), { textContent: `${parts[part].name}, distance ${Number(distance.toPrecision(6))}` })));
+  at('hits').replaceChildren(...hits.map(({ part, distance }) =>
+    make('li', `${parts[part].name}, distance ${rounded(distance, 6)}`)));
   if (hits.length) {
     at('parts').selectedIndex = hits[0].part;
     showPlace();
@@ -255,6 +262,7 @@ function listen() {
   for (const button of document.querySelectorAll('[data-axis]')) {
     button.addEventListener('click', () => act(() => rotate(Number(button.dataset.axis))));
   }
+  matchMedia('(prefers-color-scheme: dark)').addEventListener('change', () => { mark(); cut(); });
   for (const id of ['show-clashes', 'show-boxes', 'show-spheres']) at(id).addEventListener('change', mark);
   for (const id of ['section', 'section-axis', 'section-at']) at(id).addEventListener('input', cut);
   at('views').addEventListener('click', ({ target }) => {
@@ -278,6 +286,7 @@ function listen() {
 }
 
 await act(async () => {
+  view = new View(at('view'));
   const module = await createVexmath();
   assembly = new module.Assembly();
   listen();

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Mesh files, read by the loaders of three.js.
 
-import { BufferGeometry, BufferAttribute } from 'three';
 import { OBJLoader } from 'three/addons/loaders/OBJLoader.js';
 import { PLYLoader } from 'three/addons/loaders/PLYLoader.js';
 import { STLLoader } from 'three/addons/loaders/STLLoader.js';
@@ -45,7 +44,7 @@ function parse(format, bytes) {
   return [[geometry, hasFaces]];
 }
 
-/** Positions of vertices, indices of triangles, and a geometry to draw. */
+/** Positions of vertices and indices of triangles. */
 export function readMesh(name, bytes) {
   const pieces = parse(name.split('.').pop().toLowerCase(), bytes);
   const positions = [];
@@ -54,18 +53,16 @@ export function readMesh(name, bytes) {
   for (const [geometry, hasFaces] of pieces) {
     const vertices = geometry.attributes.position?.array ?? new Float32Array();
     const order = geometry.index?.array ?? Uint32Array.from({ length: vertices.length / 3 }, (_, i) => i);
+    const first = count;
     positions.push(vertices);
-    if (hasFaces) indices.push(order.map((index) => index + count));
+    if (hasFaces) indices.push(first ? order.map((index) => index + first) : order);
     count += vertices.length / 3;
   }
-  const mesh = { positions: joined(Float32Array, positions), indices: joined(Uint32Array, indices) };
-  mesh.geometry = new BufferGeometry();
-  mesh.geometry.setAttribute('position', new BufferAttribute(mesh.positions, 3));
-  if (mesh.indices.length) mesh.geometry.setIndex(new BufferAttribute(mesh.indices, 1));
-  return mesh;
+  return { positions: joined(Float32Array, positions), indices: joined(Uint32Array, indices) };
 }
 
 function joined(Type, arrays) {
+  if (arrays.length === 1 && arrays[0] instanceof Type) return arrays[0];
   const result = new Type(arrays.reduce((length, array) => length + array.length, 0));
   let at = 0;
   for (const array of arrays) {

@@ -11,17 +11,17 @@
 #include "files.h"
 #include "panel.h"
 
-#include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <initializer_list>
 #include <map>
 #include <memory>
 #include <optional>
 #include <unordered_map>
 #include <utility>
+#include <vector>
 
 #include <emscripten/bind.h>
-#include <fmt/core.h>
 
 #include <vexmath/mg_transform.h>
 #include <vexmath/tolerances.h>
@@ -67,6 +67,7 @@ using assembly::Document;
 using assembly::Edge;
 using assembly::Mesh;
 using assembly::Part;
+using Outline = std::vector<mgPoint_c>;
 
 char const *const kFolder = "/assembly";
 char const *const kFile = "assembly.json";
@@ -76,41 +77,47 @@ void writeFile(fs::path const &file, std::string const &content) {
     std::ofstream(file, std::ios::binary) << content;
 }
 
-val pairsOf(std::vector<assembly::PartPair> const &pairs) {
+/// Copies an array as a whole; embind copies the bytes of a string one by one.
+std::string bytesFrom(val const &array) {
+    std::string bytes(array["length"].as<std::size_t>(), '\0');
+    val const view(typed_memory_view(bytes.size(), reinterpret_cast<std::uint8_t *>(bytes.data())));
+    view.call<void>("set", array);
+    return bytes;
+}
+
+val objectOf(std::initializer_list<std::pair<char const *, val>> fields) {
+    val object = val::object();
+    for (auto const &[name, value] : fields) object.set(name, value);
+    return object;
+}
+
+/// A list of what the function makes of each element.
+template <class Elements, class Function>
+val listOf(Elements const &elements, Function function) {
     val list = val::array();
-    for (auto const &[first, second] : pairs) {
-        val pair = val::array();
-        pair.call<void>("push", static_cast<double>(first), static_cast<double>(second));
-        list.call<void>("push", pair);
-    }
+    for (auto const &element : elements) list.call<void>("push", function(element));
     return list;
 }
 
 val boundsOf(mgBBox_c const &box) {
-    val bounds = val::object();
-    bounds.set("low", box.low());
-    bounds.set("high", box.high());
-    bounds.set("centre", box.sphCenter());
-    bounds.set("radius", box.sphRadius());
-    return bounds;
+    return objectOf({{"low", val(box.low())},
+                     {"high", val(box.high())},
+                     {"centre", val(box.sphCenter())},
+                     {"radius", val(box.sphRadius())}});
 }
 
 val partOf(Part const &part) {
-    std::vector<double> gl(16);
-    part.placement.getGLData(gl.data());
-    val result = val::object();
-    result.set("name", part.name);
-    result.set("mesh", part.mesh->file.string());
-    result.set("matrix", numbersOf("Float64Array", gl));
-    result.set("translation", part.placement.translation());
-    result.set("bounds", boundsOf(part.mesh->bounds));
-    result.set("placed", boundsOf(part.placed));
-    return result;
+    return objectOf({{"name", val(part.name)},
+                     {"mesh", val(part.mesh->file.string())},
+                     {"matrix", glDataOf(part.placement)},
+                     {"translation", val(part.placement.translation())},
+                     {"bounds", boundsOf(part.mesh->bounds)},
+                     {"placed", boundsOf(part.placed)}});
 }
 
 /// The hatch lines of the area within outlines in space that lie in the plane.
-std::vector<Edge> hatchIn(mgPlane_c const &plane, std::vector<std::vector<mgPoint_c>> outlines,
-                          double degrees, double spacing) {
+std::vector<Edge> hatchIn(mgPlane_c const &plane, std::vector<Outline> outlines, double degrees,
+                          double spacing) {
     mgUnitVector_c const &normal = plane.normal();
     mgXform_c const frame = mg_CoordinateXformYZ(mgPoint_c(), mgUnitVector_c::zAxis(), normal, 0);
     mgXform_c const toPlane = frame.inverse();
@@ -143,8 +150,7 @@ public:
                  val const &indices) {
         guarded([&] {
             // First the file itself, as its damage may be the reason for odd positions.
-            auto const bytes = file.as<std::string>();
-            assembly::refuseDamage(bytes, assembly::formatOf(name), name);
+            assembly::refuseDamage(bytesFrom(file), assembly::formatOf(name), name);
             auto const coordinates = convertJSArrayToNumberVector<float>(positions);
             auto const corners = convertJSArrayToNumberVector<std::uint32_t>(indices);
             assembly::meshes()[name] = makeMesh(name, coordinates, corners);
@@ -160,21 +166,14 @@ public:
         });
     }
 
-    val parts() const {
-        val list = val::array();
-        for (Part const &part : assembly_.parts) list.call<void>("push", partOf(part));
-        return list;
-    }
+    val parts() const { return listOf(assembly_.parts, partOf); }
     val bounds() const { return boundsOf(assembly_.bounds); }
     std::string name() const { return assembly_.name; }
     double clashTolerance() const { return assembly_.clashTolerance; }
-
     val check() const {
-        val result = val::object();
-        result.set("clashing", pairsOf(contacts_.clashing));
-        result.set("touching", pairsOf(contacts_.touching));
-        result.set("containing", pairsOf(contacts_.containing));
-        return result;
+        return objectOf({{"clashing", val::array(contacts_.clashing)},
+                         {"touching", val::array(contacts_.touching)},
+                         {"containing", val::array(contacts_.containing)}});
     }
 
     void movePart(int part, double dx, double dy, double dz) {
@@ -190,35 +189,17 @@ public:
 
     val section(mgPoint_c const &root, mgVector_c const &normal, double spacing) const {
         mgPlane_c const plane(root, directionOf(normal));
-        val list = val::array();
-        for (auto const &cut : findSection(assembly_.parts, plane, contacts_).cuts) {
-            std::vector<mgPoint_c> ends;
-            for (Edge const &line : hatchIn(plane, cut.outlines, cut.hatchDegrees, spacing)) {
-                ends.insert(ends.end(), {line.from, line.to});
-            }
-            val outlines = val::array();
-            for (auto const &outline : cut.outlines) {
-                outlines.call<void>("push", coordinatesOf(outline));
-            }
-            val result = val::object();
-            result.set("part", static_cast<int>(cut.part));
-            result.set("outlines", outlines);
-            result.set("hatch", coordinatesOf(ends));
-            list.call<void>("push", result);
-        }
-        return list;
+        auto const cuts = findSection(assembly_.parts, plane, contacts_).cuts;
+        return listOf(cuts, [&](assembly::PartCut const &cut) {
+            auto const hatch = hatchIn(plane, cut.outlines, cut.hatchDegrees, spacing);
+            return objectOf({{"part", val(cut.part)},
+                             {"outlines", listOf(cut.outlines, coordinatesOf<Outline>)},
+                             {"hatch", coordinatesOf(hatch)}});
+        });
     }
 
     val pick(mgPoint_c const &root, mgVector_c const &direction) const {
-        val list = val::array();
-        for (auto const &hit : hitsAlong({root, directionOf(direction)}, assembly_.parts)) {
-            val result = val::object();
-            result.set("part", static_cast<int>(hit.part));
-            result.set("point", hit.point);
-            result.set("distance", hit.distance);
-            list.call<void>("push", result);
-        }
-        return list;
+        return val::array(hitsAlong({root, directionOf(direction)}, assembly_.parts));
     }
 
     val document() const {
@@ -247,6 +228,7 @@ private:
                          std::vector<std::uint32_t> const &corners) {
         assembly::MeshMaker maker(name);
         std::vector<std::uint32_t> vertices;
+        vertices.reserve(coordinates.size() / 3);
         for (std::size_t i = 0; i + 2 < coordinates.size(); i += 3) {
             vertices.push_back(
                 maker.vertex({coordinates[i], coordinates[i + 1], coordinates[i + 2]}));
@@ -319,6 +301,13 @@ private:
 };
 
 EMSCRIPTEN_BINDINGS(vexmath_assembly) {
+    value_array<assembly::PartPair>("PartPair")
+        .element(&assembly::PartPair::first)
+        .element(&assembly::PartPair::second);
+    value_object<assembly::Hit>("Hit")
+        .field("part", &assembly::Hit::part)
+        .field("point", &assembly::Hit::point)
+        .field("distance", &assembly::Hit::distance);
     class_<Checker>("Assembly")
         .constructor<>()
         .function("addMesh", &Checker::addMesh)

@@ -1,20 +1,21 @@
 // SPDX-License-Identifier: MIT
-// What both halves of the module share: points as arrays of three numbers, and errors of scripts.
+// What both halves of the module share: arrays of numbers, and errors of scripts.
 
 #ifndef VEXMATH_WEB_BINDING_H
 #define VEXMATH_WEB_BINDING_H
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <exception>
 #include <string>
-#include <vector>
 
 #include <emscripten/val.h>
 
 #include <vexmath/point.h>
 #include <vexmath/unit_vector.h>
 #include <vexmath/vector.h>
+#include <vexmath/xform.h>
 
 namespace web {
 
@@ -35,23 +36,30 @@ auto guarded(Function function) -> decltype(function()) {
     throwError(message.c_str());
 }
 
-/// An array of numbers, of a script's own, such as a Float64Array.
-template <class Number>
-val numbersOf(char const *arrayType, std::vector<Number> const &numbers) {
-    val const view(emscripten::typed_memory_view(numbers.size(), numbers.data()));
-    return val::global(arrayType).new_(view);
+/// An array of a script's own, such as a Float64Array. The elements are numbers, or hold numbers
+/// and nothing else, as points do.
+template <class Number, class Elements>
+val numbersOf(char const *arrayType, Elements const &elements) {
+    constexpr std::size_t kEach = sizeof(*elements.data()) / sizeof(Number);
+    static_assert(kEach * sizeof(Number) == sizeof(*elements.data()));
+    auto const *const first = reinterpret_cast<Number const *>(elements.data());
+    return val::global(arrayType).new_(
+        val(emscripten::typed_memory_view(kEach * elements.size(), first)));
 }
 
-/// x, y, z of all points, one after the other.
 template <class Points>
 val coordinatesOf(Points const &points) {
-    std::vector<double> numbers;
-    for (mgPoint_c const &p : points) numbers.insert(numbers.end(), {p.x(), p.y(), p.z()});
-    return numbersOf("Float64Array", numbers);
+    return numbersOf<double>("Float64Array", points);
 }
 
 inline val bytesOf(std::string const &bytes) {
-    return numbersOf("Uint8Array", std::vector<std::uint8_t>(bytes.begin(), bytes.end()));
+    return numbersOf<std::uint8_t>("Uint8Array", bytes);
+}
+
+inline val glDataOf(mgXform_c const &x) {
+    std::array<double, 16> gl{};
+    x.getGLData(gl.data());
+    return numbersOf<double>("Float64Array", gl);
 }
 
 /// The direction of a vector, normalised; none for a vector that is too short.

@@ -8,6 +8,8 @@
 #include <array>
 #include <sstream>
 #include <stdexcept>
+#include <type_traits>
+#include <vector>
 
 #include <emscripten.h>
 #include <emscripten/bind.h>
@@ -36,34 +38,27 @@ struct Direction { // a line or a plane as a script writes it
 mgLine_c lineOf(Direction const &d) { return {d.root, directionOf(d.direction)}; }
 mgPlane_c planeOf(Direction const &d) { return {d.root, directionOf(d.direction)}; }
 
-template <class Number>
-val indicesOf(suDynamicArray<Number> const &indices) {
-    return numbersOf("Int32Array",
-                     std::vector<int>(indices.Data(), indices.Data() + indices.Count()));
+/// The list that a search fills. The search returns -1 when the memory is exhausted.
+template <class Element, class Search>
+val found(Search search) {
+    suDynamicArray<Element> list;
+    if (search(list) < 0) throwError("more is found than fits into the memory");
+    return numbersOf<int>("Int32Array", list);
 }
 
-val pairsOf(int count, suDynamicArray<mgIndexPair_c> const &pairs) {
-    if (count < 0) throwError("more pairs than fit into the memory");
-    std::vector<int> numbers;
-    for (int i = 0; i < pairs.Count(); ++i)
-        numbers.insert(numbers.end(), {pairs[i].first, pairs[i].second});
-    return numbersOf("Int32Array", numbers);
-}
-
-val coordinatesOfArray(suDynamicArray<mgPoint_c> const &points) {
-    return coordinatesOf(std::vector<mgPoint_c>(points.Data(), points.Data() + points.Count()));
-}
-
-/// Points one after the other, as three numbers each.
-suDynamicArray<mgPoint_c> pointsFrom(val const &coordinates) {
+/// Points whose coordinates follow one another.
+template <class Point>
+suDynamicArray<Point> pointsFrom(val const &coordinates) {
+    constexpr std::size_t kEach = sizeof(Point) / sizeof(double);
     auto const numbers = convertJSArrayToNumberVector<double>(coordinates);
-    suDynamicArray<mgPoint_c> points;
-    for (std::size_t i = 0; i + 2 < numbers.size(); i += 3)
-        points.Add({numbers[i], numbers[i + 1], numbers[i + 2]});
+    suDynamicArray<Point> points;
+    for (std::size_t i = 0; i + kEach <= numbers.size(); i += kEach) {
+        Point point;
+        std::copy_n(&numbers[i], kEach, static_cast<double *>(point));
+        points.Add(point);
+    }
     return points;
 }
-
-// Records.
 
 template <class Value>
 val recordOf(Value const &value) {
@@ -87,61 +82,10 @@ Value fromRecord(std::string const &bytes) {
     });
 }
 
-// Boxes.
-
-mgBBox_c boxOf(mgPoint_c const &a, mgPoint_c const &b) { return {a, b}; }
-
-mgBBox_c placed(mgBBox_c box, mgXform_c const &x) { return box *= x; }
-mgBBox_c grown(mgBBox_c box, double by) { return box += by; }
-mgBBox_c united(mgBBox_c box, mgBBox_c const &other) { return box |= other; }
-mgBBox_c intersected(mgBBox_c box, mgBBox_c const &other) { return box &= other; }
-mgBBox_c enclosing(mgBBox_c box, mgPoint_c const &p) { return box |= p; }
-
-bool clashes(mgBBox_c const &a, mgBBox_c const &b, double tol) { return a.clash(&b, tol) != 0; }
-bool clashesPlaced(mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b, mgXform_c const &xb) {
-    return mgBBox_c::clash(a, xa, b, xb) != 0;
-}
-bool clashesPlane(mgBBox_c const &box, Direction const &plane, double tol) {
-    return box.clash(planeOf(plane), tol) != 0;
-}
-bool contains(mgBBox_c const &a, mgBBox_c const &b, double tol) {
-    return a.containsBBox(&b, tol) != 0;
-}
-bool containsPoint(mgBBox_c const &box, mgPoint_c const &p, double tol) {
-    return box.containsPoint(p, tol) != 0;
-}
-
 val firstHit(mgBBox_c const &box, Direction const &ray) {
     mgPoint_c hit;
     mgLine_c const line = lineOf(ray);
-    if (box.getFirstRayHit(line.rootPoint(), line.direction(), &hit) == 0) return val::null();
-    return val(hit);
-}
-
-// Transforms.
-
-mgXform_c productOf(mgXform_c const &a, mgXform_c const &b) { return a * b; }
-mgXform_c rotation(double angle, mgVector_c const &axis, double snapTol) {
-    return mg_RotateXform(angle, axis, snapTol);
-}
-mgXform_c scale(double s) { return mg_ScaleXform(s); }
-mgXform_c mirror(Direction const &plane) { return mg_PlaneReflectionXform(planeOf(plane)); }
-mgXform_c frame(mgPoint_c const &origin, mgVector_c const &u, mgVector_c const &v) {
-    return mg_CoordinateXform(origin, directionOf(u), directionOf(v));
-}
-mgPoint_c point(mgXform_c const &x, mgPoint_c const &p) { return p * x; }
-mgVector_c vector(mgXform_c const &x, mgVector_c const &v) { return v * x; }
-mgVector_c direction(mgXform_c const &x, mgVector_c const &v) { return directionOf(v) * x; }
-Direction placedDirection(mgXform_c const &x, Direction const &d) {
-    return {d.root * x, directionOf(d.direction) * x};
-}
-bool isReflection(mgXform_c const &x) { return x.isReflection() != 0; }
-bool isEqual(mgXform_c const &a, mgXform_c const &b) { return a.equals(b) != 0; }
-
-val glData(mgXform_c const &x) {
-    std::vector<double> gl(16);
-    x.getGLData(gl.data());
-    return numbersOf("Float64Array", gl);
+    return box.getFirstRayHit(line.rootPoint(), line.direction(), &hit) ? val(hit) : val::null();
 }
 
 mgXform_c fromGlData(val const &numbers) {
@@ -154,142 +98,121 @@ mgXform_c fromGlData(val const &numbers) {
 
 // Many points, which stay in the memory of the module.
 
-class Points {
-public:
-    explicit Points(int count) : points_(static_cast<std::size_t>(std::max(count, 0))) {}
+using Points = std::vector<mgPoint_c>;
 
-    val view() {
-        double *const first = points_.empty() ? nullptr : static_cast<double *>(points_.front());
-        return val(typed_memory_view(3 * points_.size(), first));
-    }
-    void transform(mgXform_c const &x) { mg_TransformPoints(points_.data(), count(), x); }
-    mgBBox_c bound() const {
-        mgBBox_c box;
-        mg_BoundPoints(points_.data(), count(), box);
-        return box;
-    }
-    int count() const { return static_cast<int>(points_.size()); }
+Points *newPoints(int count) {
+    return guarded([&] { return new Points(static_cast<std::size_t>(std::max(count, 0))); });
+}
 
-private:
-    std::vector<mgPoint_c> points_;
-};
+val viewOf(Points &points) {
+    auto *const first = reinterpret_cast<double *>(points.data());
+    return val(typed_memory_view(3 * points.size(), first));
+}
+
+mgBBox_c boundOf(Points const &points) {
+    mgBBox_c box;
+    mg_BoundPoints(points.data(), static_cast<int>(points.size()), box);
+    return box;
+}
 
 // Many boxes.
 
+struct PlacedBoxes {
+    std::vector<mgBBox_c> boxes;
+    std::vector<mgXform_c> placements;
+
+    PlacedBoxes(val const &boxesOfScript, val const &placementsOfScript)
+        : boxes(vecFromJSArray<mgBBox_c>(boxesOfScript)),
+          placements(vecFromJSArray<mgXform_c>(placementsOfScript)) {
+        if (boxes.size() != placements.size()) throwError("needs a placement for each box");
+    }
+    int count() const { return static_cast<int>(boxes.size()); }
+};
+
 val findClashes(val const &boxes, double tol) {
     auto const all = vecFromJSArray<mgBBox_c>(boxes);
-    suDynamicArray<mgIndexPair_c> pairs;
-    int const count = mg_FindClashes(all.data(), static_cast<int>(all.size()), tol, pairs);
-    return pairsOf(count, pairs);
+    return found<mgIndexPair_c>([&](auto &pairs) {
+        return mg_FindClashes(all.data(), static_cast<int>(all.size()), tol, pairs);
+    });
 }
 
 val findPlacedClashes(val const &boxes, val const &placements) {
-    if (boxes["length"].as<int>() != placements["length"].as<int>()) {
-        throwError("needs a placement for each box");
-    }
-    auto const all = vecFromJSArray<mgBBox_c>(boxes);
-    auto const xforms = vecFromJSArray<mgXform_c>(placements);
-    suDynamicArray<mgIndexPair_c> pairs;
-    int const count =
-        mg_FindClashes(all.data(), xforms.data(), static_cast<int>(all.size()), pairs);
-    return pairsOf(count, pairs);
+    PlacedBoxes const all(boxes, placements);
+    return found<mgIndexPair_c>([&](auto &pairs) {
+        return mg_FindClashes(all.boxes.data(), all.placements.data(), all.count(), pairs);
+    });
 }
 
-class BoxIndex {
-public:
-    explicit BoxIndex(val const &boxes) {
-        auto const all = vecFromJSArray<mgBBox_c>(boxes);
-        index_.build(all.data(), nullptr, static_cast<int>(all.size()));
-    }
-    void move(int i, mgBBox_c const &box) { index_.move(i, box); }
-    val clashes(double tol) const {
-        suDynamicArray<mgIndexPair_c> pairs;
-        int const count = index_.clashes(tol, pairs);
-        return pairsOf(count, pairs);
-    }
-    val clashesOf(val const &some, double tol) const {
-        auto const which = convertJSArrayToNumberVector<int>(some);
-        suDynamicArray<mgIndexPair_c> pairs;
-        int const count =
-            index_.clashesOf(which.data(), static_cast<int>(which.size()), tol, pairs);
-        return pairsOf(count, pairs);
-    }
-    val clashesWith(mgBBox_c const &box, double tol) const {
-        suDynamicArray<int> which;
-        index_.clashesWith(box, tol, which);
-        return indicesOf(which);
-    }
-    val around(mgPoint_c const &p, double tol) const {
-        suDynamicArray<int> which;
-        index_.around(p, tol, which);
-        return indicesOf(which);
-    }
-    val firstOnRay(Direction const &ray) const {
-        mgPoint_c hit;
-        mgLine_c const line = lineOf(ray);
-        int const box = index_.firstOnRay(line.rootPoint(), line.direction(), &hit);
-        if (box < 0) return val::null();
-        val result = val::object();
-        result.set("box", box);
-        result.set("point", hit);
-        return result;
-    }
+mgBoxIndex_c *indexOf(mgBBox_c const *boxes, mgXform_c const *placements, int count) {
+    auto *const index = new mgBoxIndex_c;
+    if (!index->build(boxes, placements, count)) throwError("more boxes than fit into the memory");
+    return index;
+}
 
-private:
-    mgBoxIndex_c index_;
-};
+mgBoxIndex_c *newBoxIndex(val const &boxes) {
+    auto const all = vecFromJSArray<mgBBox_c>(boxes);
+    return indexOf(all.data(), nullptr, static_cast<int>(all.size()));
+}
+
+mgBoxIndex_c *newPlacedBoxIndex(val const &boxes, val const &placements) {
+    PlacedBoxes const all(boxes, placements);
+    return indexOf(all.boxes.data(), all.placements.data(), all.count());
+}
+
+val clashesOf(mgBoxIndex_c const &index, val const &some, double tol) {
+    auto const which = convertJSArrayToNumberVector<int>(some);
+    return found<mgIndexPair_c>([&](auto &pairs) {
+        return index.clashesOf(which.data(), static_cast<int>(which.size()), tol, pairs);
+    });
+}
+
+val firstOnRay(mgBoxIndex_c const &index, Direction const &ray) {
+    mgPoint_c hit;
+    mgLine_c const line = lineOf(ray);
+    int const box = index.firstOnRay(line.rootPoint(), line.direction(), &hit);
+    if (box < 0) return val::null();
+    val result = val::object();
+    result.set("box", box);
+    result.set("point", hit);
+    return result;
+}
 
 // Polygons, tours, curves.
 
-/// x and y of each corner.
 val hull(val const &coordinates) {
-    auto const numbers = convertJSArrayToNumberVector<double>(coordinates);
-    suDynamicArray<mg2DPoint_c> points;
-    for (std::size_t i = 0; i + 1 < numbers.size(); i += 2)
-        points.Add({numbers[i], numbers[i + 1]});
+    auto points = pointsFrom<mg2DPoint_c>(coordinates);
     suDynamicArray<mg2DPoint_c> corners;
     convexHull(points, corners);
-    std::vector<double> result;
-    for (int i = 0; i < corners.Count(); ++i)
-        result.insert(result.end(), {corners[i].x(), corners[i].y()});
-    return numbersOf("Float64Array", result);
+    return coordinatesOf(corners);
 }
 
-val openTour(val const &coordinates) {
-    suDynamicArray<mgPoint_c> points = pointsFrom(coordinates);
-    suDynamicArray<int> order;
-    mg_OpenTSP(points, order);
-    return indicesOf(order);
-}
-
-val closedTour(val const &coordinates) {
-    suDynamicArray<mgPoint_c> points = pointsFrom(coordinates);
-    suDynamicArray<int> order;
-    mg_ClosedTSP(points, order);
-    return indicesOf(order);
+template <void (*order)(suDynamicArray<mgPoint_c> &, suDynamicArray<int> &)>
+val tour(val const &coordinates) {
+    auto points = pointsFrom<mgPoint_c>(coordinates);
+    suDynamicArray<int> indices;
+    order(points, indices);
+    return numbersOf<int>("Int32Array", indices);
 }
 
 val clipSegment(mgPoint_c const &a, mgPoint_c const &b, mgPoint_c const &corner1,
                 mgPoint_c const &corner2, double tol) {
     std::array<mgPoint_c, 2> ends;
-    if (mg_ClipLine2DToBox(a, b, corner1, corner2, ends[0], ends[1], tol) == mgClipLine_Outside) {
-        return val::null();
-    }
-    return coordinatesOf(ends);
+    auto const side = mg_ClipLine2DToBox(a, b, corner1, corner2, ends[0], ends[1], tol);
+    return side == mgClipLine_Outside ? val::null() : coordinatesOf(ends);
 }
 
 val hatch(val const &outlines, mgPoint_c const &origin, double angle, double spacing) {
     suDynamicArray<mgPoint_c> points;
     std::vector<int> counts;
-    for (int i = 0, count = outlines["length"].as<int>(); i < count; ++i) {
-        suDynamicArray<mgPoint_c> const outline = pointsFrom(outlines[i]);
+    for (val const &coordinates : vecFromJSArray<val>(outlines)) {
+        auto const outline = pointsFrom<mgPoint_c>(coordinates);
         counts.push_back(outline.Count());
-        for (int k = 0; k < outline.Count(); ++k) points.Add(outline[k]);
+        for (mgPoint_c const &point : outline) points.Add(point);
     }
     suDynamicArray<mgPoint_c> lines;
     mg_calcHatchLinesPolygon2D(static_cast<int>(counts.size()), counts.data(), points.Data(),
                                origin, angle, spacing, lines);
-    return coordinatesOfArray(lines);
+    return coordinatesOf(lines);
 }
 
 val tessellateArc(mgPoint_c const &centre, mgVector_c const &normal, mgPoint_c const &start,
@@ -301,24 +224,13 @@ val tessellateArc(mgPoint_c const &centre, mgVector_c const &normal, mgPoint_c c
     int segments = 0;
     suDynamicArray<mgPoint_c> points;
     mg_TessArc(&arc, &start, &end, tol, nullptr, segments, &points);
-    return coordinatesOfArray(points);
+    return coordinatesOf(points);
 }
 
-// Vectors.
-
-double dot(mgVector_c const &a, mgVector_c const &b) { return a % b; }
-mgVector_c cross(mgVector_c const &a, mgVector_c const &b) { return a * b; }
-mgVector_c normalise(mgVector_c const &v) { return directionOf(v); }
-double distance(mgPoint_c const &a, mgPoint_c const &b) { return dist(a, b); }
-double angleBetween(mgVector_c const &a, mgVector_c const &b) { return mg_AngleBetween(a, b); }
-mgPoint_c footOnLine(Direction const &line, mgPoint_c const &p) {
+template <class Curve>
+mgPoint_c footOn(Curve const &curve, mgPoint_c const &p) {
     mgPoint_c foot;
-    lineOf(line).pointPerp(p, &foot);
-    return foot;
-}
-mgPoint_c footOnPlane(Direction const &plane, mgPoint_c const &p) {
-    mgPoint_c foot;
-    planeOf(plane).pointPerp(p, &foot);
+    curve.pointPerp(p, &foot);
     return foot;
 }
 
@@ -339,88 +251,150 @@ void bindTriple(char const *name) {
         .element(&coordinate<2, Vector>, &setCoordinate<2, Vector>);
 }
 
+/// Embind takes lambdas by pointer alone.
+template <class Function>
+auto pointerTo(Function function) {
+    if constexpr (std::is_class_v<Function>) {
+        return +function;
+    } else {
+        return function;
+    }
+}
+
+template <class Value>
+struct Class : class_<Value> {
+    using class_<Value>::class_;
+
+    template <class Function>
+    void def(char const *name, Function function) {
+        this->function(name, pointerTo(function));
+    }
+    /// For functions of the class itself, which make a value.
+    template <class Function>
+    void make(char const *name, Function function) {
+        this->class_function(name, pointerTo(function));
+    }
+};
+
+template <class Function>
+void def(char const *name, Function callable) {
+    function(name, pointerTo(callable));
+}
+
+// Short names for the tables below.
+using Box = mgBBox_c;
+using Index = mgBoxIndex_c;
+using Plain = Direction;
+using Point = mgPoint_c;
+using Vector = mgVector_c;
+using Xform = mgXform_c;
+
 EMSCRIPTEN_BINDINGS(vexmath_values) {
-    bindTriple<mgPoint_c>("Point");
-    bindTriple<mgVector_c>("Vector");
+    bindTriple<Point>("Point");
+    bindTriple<Vector>("Vector");
     value_object<Direction>("Direction")
         .field("root", &Direction::root)
         .field("direction", &Direction::direction);
 
-    class_<mgXform_c>("Xform")
-        .constructor<>()
-        .class_function("translation", &mg_TranslateXform)
-        .class_function("rotation", &rotation)
-        .class_function("scale", &scale)
-        .class_function("mirror", &mirror)
-        .class_function("frame", &frame)
-        .class_function("fromGlData", &fromGlData)
-        .class_function("fromRecord", &fromRecord<mgXform_c>)
-        .function("times", &productOf)
-        .function("inverse", &mgXform_c::inverse)
-        .function("equals", &isEqual)
-        .function("isReflection", &isReflection)
-        .function("scaling", &mgXform_c::scaling)
-        .function("point", &point)
-        .function("vector", &vector)
-        .function("direction", &direction)
-        .function("line", &placedDirection)
-        .function("glData", &glData)
-        .function("record", &recordOf<mgXform_c>);
+    Class<Xform> xform("Xform");
+    xform.constructor<>();
+    xform.make("translation", &mg_TranslateXform);
+    xform.make("rotation", [](double angle, Vector const &axis, double snapTol) {
+        return mg_RotateXform(angle, axis, snapTol);
+    });
+    xform.make("scale", [](double s) { return mg_ScaleXform(s); });
+    xform.make("mirror", [](Plain const &p) { return mg_PlaneReflectionXform(planeOf(p)); });
+    xform.make("frame", [](Point const &origin, Vector const &u, Vector const &v) {
+        return mg_CoordinateXform(origin, directionOf(u), directionOf(v));
+    });
+    xform.make("fromGlData", &fromGlData);
+    xform.make("fromRecord", &fromRecord<Xform>);
+    xform.def("times", [](Xform const &a, Xform const &b) { return a * b; });
+    xform.def("inverse", &Xform::inverse);
+    xform.def("equals", [](Xform const &a, Xform const &b) { return a.equals(b) != 0; });
+    xform.def("isReflection", [](Xform const &x) { return x.isReflection() != 0; });
+    xform.def("scaling", &Xform::scaling);
+    xform.def("point", [](Xform const &x, Point const &p) { return p * x; });
+    xform.def("vector", [](Xform const &x, Vector const &v) { return v * x; });
+    xform.def("direction",
+              [](Xform const &x, Vector const &v) { return Vector(directionOf(v) * x); });
+    xform.def("line", [](Xform const &x, Plain const &d) {
+        return Plain{d.root * x, directionOf(d.direction) * x};
+    });
+    xform.def("glData", &glDataOf);
+    xform.def("record", &recordOf<Xform>);
 
-    class_<mgBBox_c>("BBox")
-        .constructor<>()
-        .class_function("of", &boxOf)
-        .class_function("fromRecord", &fromRecord<mgBBox_c>)
-        .function("isSet", optional_override([](mgBBox_c const &box) { return box.isSet() != 0; }))
-        .function("low", &mgBBox_c::low)
-        .function("high", &mgBBox_c::high)
-        .function("centre", &mgBBox_c::center)
-        .function("sphereCentre", &mgBBox_c::sphCenter)
-        .function("sphereRadius", &mgBBox_c::sphRadius)
-        .function("placed", &placed)
-        .function("grown", &grown)
-        .function("enclosing", &enclosing)
-        .function("united", &united)
-        .function("intersected", &intersected)
-        .function("clashes", &clashes)
-        .function("clashesPlane", &clashesPlane)
-        .function("contains", &contains)
-        .function("containsPoint", &containsPoint)
-        .function("firstHit", &firstHit)
-        .function("record", &recordOf<mgBBox_c>);
+    Class<Box> box("BBox");
+    box.constructor<>();
+    box.make("of", [](Point const &a, Point const &b) { return Box(a, b); });
+    box.make("fromRecord", &fromRecord<Box>);
+    box.def("isSet", [](Box const &b) { return b.isSet() != 0; });
+    box.def("low", &Box::low);
+    box.def("high", &Box::high);
+    box.def("centre", &Box::center);
+    box.def("sphereCentre", &Box::sphCenter);
+    box.def("sphereRadius", &Box::sphRadius);
+    box.def("placed", [](Box b, Xform const &x) { return b *= x; });
+    box.def("grown", [](Box b, double by) { return b += by; });
+    box.def("enclosing", [](Box b, Point const &p) { return b |= p; });
+    box.def("united", [](Box b, Box const &c) { return b |= c; });
+    box.def("intersected", [](Box b, Box const &c) { return b &= c; });
+    box.def("clashes",
+            [](Box const &a, Box const &b, double tol) { return a.clash(&b, tol) != 0; });
+    box.def("clashesPlane", [](Box const &b, Plain const &plane, double tol) {
+        return b.clash(planeOf(plane), tol) != 0;
+    });
+    box.def("contains",
+            [](Box const &a, Box const &b, double tol) { return a.containsBBox(&b, tol) != 0; });
+    box.def("containsPoint",
+            [](Box const &b, Point const &p, double tol) { return b.containsPoint(p, tol) != 0; });
+    box.def("firstHit", &firstHit);
+    box.def("record", &recordOf<Box>);
 
-    class_<Points>("Points")
-        .constructor<int>()
-        .function("view", &Points::view)
-        .function("transform", &Points::transform)
-        .function("bound", &Points::bound)
-        .function("count", &Points::count);
+    Class<Points> points("Points");
+    points.constructor(&newPoints);
+    points.def("view", &viewOf);
+    points.def("transform", [](Points &all, Xform const &x) {
+        mg_TransformPoints(all.data(), static_cast<int>(all.size()), x);
+    });
+    points.def("bound", &boundOf);
+    points.def("count", [](Points const &all) { return all.size(); });
 
-    class_<BoxIndex>("BoxIndex")
-        .constructor<val>()
-        .function("move", &BoxIndex::move)
-        .function("clashes", &BoxIndex::clashes)
-        .function("clashesOf", &BoxIndex::clashesOf)
-        .function("clashesWith", &BoxIndex::clashesWith)
-        .function("around", &BoxIndex::around)
-        .function("firstOnRay", &BoxIndex::firstOnRay);
+    Class<Index> index("BoxIndex");
+    index.constructor(&newBoxIndex);
+    index.constructor(&newPlacedBoxIndex);
+    index.def("move", &Index::move);
+    index.def("place", &Index::place);
+    index.def("clashes", [](Index const &boxes, double tol) {
+        return found<mgIndexPair_c>([&](auto &pairs) { return boxes.clashes(tol, pairs); });
+    });
+    index.def("clashesOf", &clashesOf);
+    index.def("clashesWith", [](Index const &boxes, Box const &b, double tol) {
+        return found<int>([&](auto &which) { return boxes.clashesWith(b, tol, which); });
+    });
+    index.def("around", [](Index const &boxes, Point const &p, double tol) {
+        return found<int>([&](auto &which) { return boxes.around(p, tol, which); });
+    });
+    index.def("firstOnRay", &firstOnRay);
 
-    function("dot", &dot);
-    function("cross", &cross);
-    function("normalise", &normalise);
-    function("distance", &distance);
-    function("angleBetween", &angleBetween);
-    function("footOnLine", &footOnLine);
-    function("footOnPlane", &footOnPlane);
-    function("clashPlaced", &clashesPlaced);
-    function("findClashes", &findClashes);
-    function("findPlacedClashes", &findPlacedClashes);
-    function("convexHull", &hull);
-    function("openTour", &openTour);
-    function("closedTour", &closedTour);
-    function("clipSegment", &clipSegment);
-    function("hatch", &hatch);
-    function("tessellateArc", &tessellateArc);
+    def("dot", [](Vector const &a, Vector const &b) { return a % b; });
+    def("cross", [](Vector const &a, Vector const &b) { return a * b; });
+    def("normalise", [](Vector const &v) { return Vector(directionOf(v)); });
+    def("distance", [](Point const &a, Point const &b) { return dist(a, b); });
+    def("angleBetween", [](Vector const &a, Vector const &b) { return mg_AngleBetween(a, b); });
+    def("footOnLine", [](Plain const &l, Point const &p) { return footOn(lineOf(l), p); });
+    def("footOnPlane", [](Plain const &d, Point const &p) { return footOn(planeOf(d), p); });
+    def("clashPlaced", [](Box const &a, Xform const &xa, Box const &b, Xform const &xb) {
+        return Box::clash(a, xa, b, xb) != 0;
+    });
+    def("findClashes", &findClashes);
+    def("findPlacedClashes", &findPlacedClashes);
+    def("convexHull", &hull);
+    def("openTour", &tour<&mg_OpenTSP>);
+    def("closedTour", &tour<&mg_ClosedTSP>);
+    def("clipSegment", &clipSegment);
+    def("hatch", &hatch);
+    def("tessellateArc", &tessellateArc);
 }
 
 } // namespace

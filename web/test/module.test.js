@@ -2,21 +2,11 @@
 // The module under node: the library's values, and the checker beside the command line's.
 
 import assert from 'node:assert/strict';
-import { execFileSync } from 'node:child_process';
-import { mkdtempSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
-import { tmpdir } from 'node:os';
-import { join } from 'node:path';
-import { after, before, describe, test } from 'node:test';
+import { before, describe, test } from 'node:test';
 
 import createVexmath from 'vexmath';
 import { readMesh } from '../page/meshes.js';
-
-const root = new URL('../../', import.meta.url).pathname;
-const program = process.env.VEXMATH_ASSEMBLY ?? join(root, 'build/release/apps/assembly/vexmath_assembly');
-const data = join(root, 'apps/assembly/data');
-const sample = readFileSync(join(data, 'assembly.json'), 'utf8');
-const folder = mkdtempSync(join(tmpdir(), 'vexmath-web-'));
-after(() => rmSync(folder, { recursive: true }));
+import { commandLine, ply, plyHeader, sample, sampleMeshes } from './common.js';
 
 let v;
 before(async () => { v = await createVexmath(); });
@@ -58,6 +48,7 @@ test('arrays of points are not copied', () => {
   points.transform(v.Xform.translation([10, 0, 0]));
   assert.deepEqual([...points.view()], [11, 2, 3, 6, 5, 6]);
   assert.deepEqual(points.bound().low(), [6, 2, 3]);
+  assert.throws(() => new v.Points(2 ** 30), Error);
 });
 
 test('boxes are searched', () => {
@@ -69,6 +60,14 @@ test('boxes are searched', () => {
   index.move(2, v.BBox.of([1.2, 0, 0], [2, 1, 1]));
   assert.deepEqual([...index.clashes(0)], [0, 1, 1, 2]);
   assert.deepEqual([...index.around([0.7, 0.5, 0.5], 0)], [0, 1]);
+  assert.deepEqual([...index.clashesWith(boxes[1], 0)], [0, 1, 2]);
+  const placed = new v.BoxIndex(boxes, [new v.Xform(), new v.Xform(), away]);
+  assert.deepEqual([...placed.clashes(0)], [0, 1, 0, 2, 1, 2]);
+  placed.place(0, v.Xform.translation([0, 9, 0]));
+  assert.deepEqual([...placed.clashesOf([0, 1], 0)], [1, 2]);
+  placed.move(1, v.BBox.of([1.6, 0, 0], [2, 1, 1]));
+  assert.deepEqual([...placed.clashes(0)], []);
+  assert.throws(() => new v.BoxIndex(boxes, [away]), /placement for each box/);
   assert.deepEqual(index.firstOnRay({ root: [9, 0.5, 0.5], direction: [-1, 0, 0] }), { box: 2, point: [2, 0.5, 0.5] });
 });
 
@@ -83,48 +82,38 @@ test('curves, polygons and tours', () => {
   near([Math.hypot(arc[3], arc[4])], [1]);
 });
 
-/** The document and the report of the command line. */
-function commandLine(assembly, meshes) {
-  for (const [name, bytes] of meshes) writeFileSync(join(folder, name), bytes);
-  writeFileSync(join(folder, 'assembly.json'), assembly);
-  const report = execFileSync(program, ['--out', folder, join(folder, 'assembly.json')], { encoding: 'utf8' });
-  return { report, document: readFileSync(join(folder, 'assembly.vxa')) };
-}
-
-const sampleMeshes = () => new Map(JSON.parse(sample).parts.map(({ mesh }) => [mesh, readFileSync(join(data, mesh))]));
-
 function load(assembly, meshes) {
   const checker = new v.Assembly();
   for (const [name, bytes] of meshes) {
     const mesh = readMesh(name, bytes);
     checker.addMesh(name, bytes, mesh.positions, mesh.indices);
   }
-  checker.load(assembly);
+  checker.load(JSON.stringify(assembly));
   return checker;
 }
 
 describe('the checker', () => {
   test('writes the document of the command line, byte for byte, also after a move', () => {
-    const checker = load(sample, sampleMeshes());
-    assert.deepEqual(Buffer.from(checker.document()), commandLine(sample, sampleMeshes()).document);
-    const moved = JSON.parse(sample);
+    const checker = load(sample, sampleMeshes);
+    assert.deepEqual(Buffer.from(checker.document()), commandLine(sample).document);
+    const moved = structuredClone(sample);
     moved.parts[10].placement.translation = [0.3, -39.6, 84.9];
     checker.movePart(10, 0.3, 0, 84.9 - 84.6);
-    assert.deepEqual(Buffer.from(checker.document()), commandLine(JSON.stringify(moved), sampleMeshes()).document);
+    assert.deepEqual(Buffer.from(checker.document()), commandLine(moved).document);
   });
 
   test('writes the same document of each format, for numbers with many digits', () => {
     const meshes = new Map(Object.entries(generatedMeshes()));
     const parts = [...meshes.keys()].map((mesh, i) => (
       { name: `bolt ${mesh}`, mesh, placement: { axis: [1, 2, i], angle_degrees: 10 + 17.3 * i, translation: [3 * i, 0, 0] } }));
-    const assembly = JSON.stringify({ name: 'formats', clash_tolerance: 0.01, parts });
+    const assembly = { name: 'formats', clash_tolerance: 0.01, parts };
     const checker = load(assembly, meshes);
     assert.deepEqual(Buffer.from(checker.document()), commandLine(assembly, meshes).document);
   });
 
   test('reads a document with its meshes and without them', () => {
-    const { document } = commandLine(sample, sampleMeshes());
-    const whole = load(sample, sampleMeshes());
+    const { document } = commandLine(sample);
+    const whole = load(sample, sampleMeshes);
     whole.movePart(4, 0, 20, 0);
     whole.readDocument(document);
     const bare = new v.Assembly();
@@ -137,13 +126,11 @@ describe('the checker', () => {
   });
 
   test('cuts and picks', () => {
-    const checker = load(sample, sampleMeshes());
+    const checker = load(sample, sampleMeshes);
     const cuts = checker.section([0, 0, 45], [0, 1, 0], 2);
     const hits = checker.pick([0, -500, 45], [0, 1, 0]);
-    const { report } = commandLine(sample, sampleMeshes());
-    const section = execFileSync(program, ['--out', folder, '--section', '0', '0', '45', '0', '1', '0',
-      join(folder, 'assembly.json')], { encoding: 'utf8' });
-    assert.equal(cuts.length, Number(/cut by the section: (\d+)/.exec(section)[1]));
+    const { report } = commandLine(sample, sampleMeshes, '--section', '0', '0', '45', '0', '1', '0');
+    assert.equal(cuts.length, Number(/cut by the section: (\d+)/.exec(report)[1]));
     for (const { outlines, hatch } of cuts) {
       for (const xyz of [...outlines, hatch]) near(xyz.filter((_, i) => i % 3 === 1), xyz.map(() => 0));
       assert.ok(hatch.length > 0);
@@ -153,41 +140,33 @@ describe('the checker', () => {
   });
 
   test('refuses bad input in the words of the command line', () => {
-    const stl = readFileSync(join(data, 'key.stl'));
+    const stl = sampleMeshes.get('key.stl');
     assert.throws(() => load(sample, [['key.stl', stl.subarray(0, 3000)]]), { message: /key.stl: is cut short/ });
     const checker = new v.Assembly();
     assert.throws(() => checker.load('{'), { message: /assembly.json: line 1, column 2/ });
-    assert.throws(() => checker.load(sample), { message: /there is no file base_plate.ply/ });
+    assert.throws(() => checker.load(JSON.stringify(sample)), { message: /there is no file base_plate.ply/ });
     assert.throws(() => checker.movePart(0, 1, 1, 1), { message: /no part/ });
   });
 });
 
-/** A closed screw surface in every format, with quads where a format has them. */
+/** A surface of quads in every format, and its points alone. */
 function generatedMeshes() {
-  const points = [];
-  for (let i = 0; i < 300; ++i) points.push([Math.sin(i) * (1 + i / 7), Math.cos(i * i) * 31, i / 3 - 1 / 7]);
-  const quads = [];
-  for (let i = 0; i + 3 < points.length; ++i) quads.push([i, i + 1, i + 3, i + 2]);
+  const points = Array.from({ length: 300 }, (_, i) => [Math.sin(i) * (1 + i / 7), Math.cos(i * i) * 31, i / 3 - 1 / 7]);
+  const quads = Array.from({ length: 297 }, (_, i) => [i, i + 1, i + 3, i + 2]);
   const triangles = quads.flatMap(([a, b, c, d]) => [[a, b, c], [a, c, d]]);
-  const line = (p, digits) => p.map((x) => x.toFixed(digits)).join(' ');
-  const facets = triangles.map((t) => `facet normal 0 0 1\nouter loop\n${t.map((i) => `vertex ${points[i].map((x) => x.toExponential(7)).join(' ')}`).join('\n')}\nendloop\nendfacet`);
-  const header = (format, faces) => `ply\nformat ${format} 1.0\nelement vertex ${points.length}\nproperty float x\nproperty float y\nproperty float z\nelement face ${faces}\nproperty list uchar int vertex_indices\nend_header\n`;
+  const textOf = (rows, word = '') => rows.map((row) => `${word}${row.join(' ')}\n`).join('');
+  const fixed = (digits) => points.map((p) => p.map((x) => x.toFixed(digits)));
+  const facets = triangles.map((t) => `facet normal 0 0 1\nouter loop\n${
+    textOf(t.map((i) => points[i].map((x) => x.toExponential(7))), 'vertex ')}endloop\nendfacet\n`);
   const stl = Buffer.alloc(84 + 50 * triangles.length);
   stl.writeUInt32LE(triangles.length, 80);
-  triangles.forEach((t, i) => t.flatMap((k) => points[k]).forEach((x, k) => stl.writeFloatLE(x, 84 + 50 * i + 12 + 4 * k)));
-  const body = Buffer.alloc(12 * points.length + 17 * quads.length);
-  points.flat().forEach((x, i) => body.writeFloatLE(x, 4 * i));
-  quads.forEach((quad, i) => {
-    const at = 12 * points.length + 17 * i;
-    body.writeUInt8(4, at);
-    quad.forEach((index, k) => body.writeInt32LE(index, at + 1 + 4 * k));
-  });
+  triangles.forEach((t, i) => t.flatMap((k) => points[k]).forEach((x, k) => stl.writeFloatLE(x, 96 + 50 * i + 4 * k)));
   return {
-    'quads.obj': Buffer.from(`${points.map((p) => `v ${line(p, 9)}`).join('\n')}\ng one\n${quads.map((q) => `f ${q.map((i) => i + 1).join(' ')}`).join('\n')}\n`),
-    'text.stl': Buffer.from(`solid a\n${facets.join('\n')}\nendsolid a\n`),
+    'quads.obj': Buffer.from(`${textOf(fixed(9), 'v ')}g one\n${textOf(quads.map((q) => q.map((i) => i + 1)), 'f ')}`),
+    'text.stl': Buffer.from(`solid a\n${facets.join('')}endsolid a\n`),
     'binary.stl': stl,
-    'text.ply': Buffer.from(`${header('ascii', quads.length)}${points.map((p) => line(p, 16)).join('\n')}\n${quads.map((q) => `4 ${q.join(' ')}`).join('\n')}\n`),
-    'binary.ply': Buffer.concat([Buffer.from(header('binary_little_endian', quads.length)), body]),
-    'cloud.ply': Buffer.from(`${header('ascii', 0)}${points.map((p) => line(p, 6)).join('\n')}\n`),
+    'text.ply': Buffer.from(plyHeader('ascii', 300, 297) + textOf(fixed(16)) + textOf(quads, '4 ')),
+    'binary.ply': ply(points, quads),
+    'cloud.ply': Buffer.from(plyHeader('ascii', 300, 0) + textOf(fixed(6))),
   };
 }

@@ -5,6 +5,7 @@ import createVexmath, { type Cut, type Triple } from 'vexmath';
 const vexmath = await createVexmath();
 const box = vexmath.BBox.of([0, 0, 0], [1, 2, 3]).placed(vexmath.Xform.translation([1, 0, 0]));
 const pairs: Int32Array = vexmath.findClashes([box, box.grown(0.5)], 0);
+new vexmath.BoxIndex([box], [new vexmath.Xform()]).place(0, vexmath.Xform.scale(2));
 const points = new vexmath.Points(pairs.length);
 points.view().set([1, 2, 3]);
 const corner: Triple = points.bound().high();
