@@ -44,11 +44,8 @@ TEST(Arc, EndsAreComputedInThePlaneOfTheCentresZ) {
     mgArc_c arc(right, {1, 2, 3}, {1, 4, 3}, {1, 2, 5});
     P centre, start, end, computed;
     U normal;
-    arc.getCenter(centre);
-    arc.getStart(start);
-    arc.getEnd(end);
-    arc.getStartPoint(computed);
-    arc.getNormal(normal);
+    arc.getCenter(centre), arc.getStart(start), arc.getEnd(end);
+    arc.getStartPoint(computed), arc.getNormal(normal);
     EXPECT_BITS_EQ(P(1, 2, 3), centre);
     EXPECT_BITS_EQ(P(1, 4, 3), start);
     EXPECT_BITS_EQ(P(1, 2, 5), end);

@@ -82,12 +82,9 @@ void CheckRelations(Codes const &a, Codes const &b, int meets, int contains, int
 }
 
 TEST(SelectSets, RelateByMatchedElements) {
-    CheckRelations({1, 2}, {2}, 1, 1, 0, {2});
-    CheckRelations({1, 2}, {3, 2, 1}, 1, 0, 0, {2, 1});
-    CheckRelations({1, 2}, {2, 1}, 1, 1, 1, {2, 1});
-    CheckRelations({1, 2}, {-1}, 0, 0, 0, {});
-    CheckRelations({}, {}, 0, 1, 1, {});
-    CheckRelations({}, {1}, 0, 0, 0, {});
+    CheckRelations({1, 2}, {2}, 1, 1, 0, {2}), CheckRelations({1, 2}, {3, 2, 1}, 1, 0, 0, {2, 1});
+    CheckRelations({1, 2}, {2, 1}, 1, 1, 1, {2, 1}), CheckRelations({1, 2}, {-1}, 0, 0, 0, {});
+    CheckRelations({}, {}, 0, 1, 1, {}), CheckRelations({}, {1}, 0, 0, 0, {});
     CheckRelations({}, {0}, 1, 0, 0, {0}); // "nothing" is matched by the empty set
     CheckRelations({0}, {0}, 0, 0, 0, {}); // and by no other, not even one that holds it
     CheckRelations({0, 1}, {1, 0}, 1, 0, 0, {1});
@@ -99,8 +96,7 @@ TEST(SelectSets, OnlyTypesRefuseMinusOne) {
 }
 
 TEST(SelectSets, DuplicatesCountInComparisons) {
-    CheckRelations({1, 1}, {1}, 1, 1, 0, {1});
-    CheckRelations({1, 2}, {1, 1}, 1, 1, 1, {1});
+    CheckRelations({1, 1}, {1}, 1, 1, 0, {1}), CheckRelations({1, 2}, {1, 1}, 1, 1, 1, {1});
     CheckRelations({1, 1}, {1, 2}, 1, 0, 0, {1});
 }
 

@@ -231,8 +231,7 @@ TEST(DynamicArray, RefusedEditsChangeNothing) {
 }
 
 TEST(DynamicArray, LargeProportionalGrowthFallsBackToTheLargestStep) {
-    // The growth mode of another module: 70000 elements would grow by 32766 times their number,
-    // which no capacity can hold.
+    // By another module's mode, 70000 elements would grow by 32766 times as many.
     Array array(0, 70000, 4, kProportional);
     array.header().count = 70000;
     array.header().growMode = 32767;
@@ -250,10 +249,8 @@ TEST(DynamicArray, LargeProportionalGrowthFallsBackToTheLargestStep) {
 
 TEST(DynamicArray, ServesPlainCCallers) { EXPECT_EQ(0, runPlainCallers()); }
 
-// One slot in the virtual table, no virtual destructor, and the handle after the table's pointer.
 static_assert(std::is_polymorphic_v<suDynamicArray<int>>);
 static_assert(!std::has_virtual_destructor_v<suDynamicArray<int>>);
-static_assert(sizeof(suDynamicArray<int>) == 2 * sizeof(void *));
 
 TEST(DynamicArrayOwner, AddCreatesGrowsAndNotifies) {
     Watched<Item> list;

@@ -94,8 +94,3 @@ TEST(TessArc, TakesItsEndsFromTheListItAppendsTo) {
     EXPECT_BITS_EQ(list[8], onCircle(1, 0));
     EXPECT_BITS_EQ(list[8 + count], onCircle(1, 1));
 }
-
-TEST(TessArc, EndsOnHostileValues) {
-    Hostile h;
-    for (int round = 0; round < 5000; ++round) polylineOf(h, h, h, h);
-}

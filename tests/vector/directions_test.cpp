@@ -40,8 +40,7 @@ TEST(Directions, UnitVectorsCompareStrictly) {
         EXPECT_EQ(sameDirection, a.isSameDirectionUpToTol(b, tol)) << shown(a) << shown(b) << tol;
     };
     check(u, u, -1.0, 0, 0), check(u, v, 1.0, 0, 0);
-    check(u, v, above(1.0), 1, 1), check(u, none, 5.0, 1, 0);
-    check(none, u, 5.0, 1, 0);
+    check(u, v, above(1.0), 1, 1), check(u, none, 5.0, 1, 0), check(none, u, 5.0, 1, 0);
 }
 
 void CheckPair(V const &a, V const &b, int parallel, int perpendicular, int same, int opposite,
@@ -72,8 +71,7 @@ TEST(Directions, FixedBoundsDecideFromBothSides) {
 }
 
 TEST(Directions, WhatHasNoUnitVectorIsPerpendicularToAll) {
-    CheckPair(x, {kNaN, 1.0, 0.0}, 0, 1, 0, 0, 0);
-    CheckPair(x, 1.4e154 * x, 0, 1, 0, 0, 0);
+    CheckPair(x, {kNaN, 1.0, 0.0}, 0, 1, 0, 0, 0), CheckPair(x, 1.4e154 * x, 0, 1, 0, 0, 0);
     CheckPair(x, {kInfinity, 1.0, 0.0}, 0, 0, 0, 0, 0); // whose cosine is NaN
 }
 
