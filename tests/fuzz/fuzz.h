@@ -18,6 +18,9 @@
 
 #ifdef VEXMATH_FUZZ_TEST
 #include "common/numbers.h"
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 #endif
 
 /// Throws when the condition is false, which ends a fuzzer.
@@ -187,6 +190,9 @@ static void fuzz(Input &in);
 
 #ifdef VEXMATH_FUZZ_TEST // among the tests, with random inputs
 TEST(Fuzz, VEXMATH_FUZZ_TEST) {
+#ifdef __GLIBC__
+    mallopt(M_PERTURB, 0x5A); // new and released memory have these bytes
+#endif
     common::Random random;
     std::clock_t const start = std::clock();
     for (int i = 0; i < 4000 && std::clock() - start < CLOCKS_PER_SEC / 4; ++i) {
