@@ -24,9 +24,9 @@ V endOf(mgArc_c const &arc) {
 TEST(Arc, FromPointsSweepsCounterClockwiseAboutTheNormal) {
     P const c(3, -2, 1), at = c + V(2, 0, 0);
     mgArc_c const full(up, c, at, c + V(7, 0, 0));
-    EXPECT_EQ(6.283185307179586, full.getEndAngleInRadians());
     EXPECT_EQ(2.0, full.getRadius());
     EXPECT_EQ(0.0, full.getStartAngleInRadians());
+    EXPECT_EQ(6.283185307179586, full.getEndAngleInRadians());
     auto const check = [](double startDeg, double sweepDeg, mgArc_c const &arc, Caller = {}) {
         EXPECT_NEAR(startDeg, arc.getOglStartAngle(), 1e-11);
         EXPECT_NEAR(sweepDeg, arc.getOglSweepAngle(), 1e-11);

@@ -122,23 +122,6 @@ TEST(ClipLine, LargeNumbersLoseNeitherACornerNorASlope) {
     EXPECT_NEAR(1.0, q.y() / 0x1p1021, 1e-14);
 }
 
-TEST(ClipLine, HostileNumbersAreOutsideOrClippedIntoTheBox) {
-    Random random;
-    for (int i = 0; i < 50000; ++i) {
-        double n[9];
-        for (double &v : n) v = random.hostile();
-        P p = untouched, q = untouched;
-        P const a(n[0], n[1], kNaN), b(n[2], n[3], 1), c(n[4], n[5], 2), d(n[6], n[7], 3);
-        bool const isOutside = mg_ClipLine2DToBox(a, b, c, d, p, q, n[8]) == Outside;
-        ASSERT_TRUE(isOutside || std::all_of(n, n + 8, [](double v) { return std::isfinite(v); }));
-        ASSERT_EQ(isOutside, mg_Line2DInsideBox(a, b, c, d, n[8]) == mgInsideBox_Outside);
-        ASSERT_EQ(isOutside, sameBits(untouched, p));
-        ASSERT_EQ(isOutside ? 77.0 : 1.0, q.z());
-        for (P const &end : {p, q})
-            ASSERT_TRUE(isOutside || mg_Point2DInsideBox(end, c, d, 0.0) != mgInsideBox_Outside);
-    }
-}
-
 TEST(ClipLineEnd, ALeaderEndsAtTheOutlineFromEitherSide) {
     Random random;
     for (int i = 0; i < 2000; ++i) {

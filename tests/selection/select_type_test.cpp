@@ -40,8 +40,6 @@ TEST(SelectSets, EditsKeepTheOrderAndAddNothingTwice) {
         EXPECT_EQ(Codes{}, codesOf(Set(c(0))));
         for (int const number : {7, -2, 0, 7, -1, 0}) set.add(c(number));
         EXPECT_EQ((Codes{7, -2, 0, -1}), codesOf(set));
-        EXPECT_EQ(1, set.getIndex(c(-2)));
-        EXPECT_EQ(-1, set.getIndex(c(8)));
         EXPECT_EQ(8, static_cast<int>(Set::uoTypeToAuType(c(8))));
         EXPECT_EQ((Codes{0, -1}), codesOf(c(0) | c(-1)));
 

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The dynamic array: its plain functions and its owner. fuzz/fuzz_arrays.cpp compares its edits
-// with their rules.
+// The dynamic array: its plain functions and its owner.
 
 #include <array>
 #include <climits>
@@ -95,20 +94,22 @@ TEST(DynamicArray, CreationRefusesWhatAHeaderCannotHold) {
     }
 }
 
+// All edits in any order: fuzz/fuzz_arrays.cpp.
 TEST(DynamicArray, EditsFollowTheirRules) {
-    Array array(4, 4, 3, kProportional), more(6, 6, 1, kLinear);
-    ASSERT_TRUE(array.take(amDynamicArrayAppend(array.data, more.data)));
-    EXPECT_EQ(4 + 6, array.header().capacity);
-    ASSERT_TRUE(array.take(amDynamicArrayAppend(array.data, more.data)));
-    EXPECT_EQ(10 + 10, array.header().capacity);
-    ASSERT_TRUE(array.take(amDynArrayRealloc(array.data, 21)));
-    EXPECT_EQ(20 + 3, array.header().capacity);
-    Items const two = {item(77), item(78)};
-    ASSERT_TRUE(array.take(amDynamicArraySetAt(array.data, two.data(), 1, 2)));
-    EXPECT_EQ((Items{item(0), item(77), item(78), item(3)}),
-              Items(array.items(), array.items() + 4));
-    array.header().growStep = 0;
-    EXPECT_EQ(array.data, amDynArrayRealloc(array.data, 99));
+    for (int const step : {2, 5}) { // of arrays that an insertion would enlarge by their count
+        Array array(1, 2, step, kProportional), three(3, 3, 1, kLinear);
+        ASSERT_TRUE(array.take(amDynamicArrayAppend(array.data, three.data)));
+        EXPECT_EQ(2 + std::max(step, 3), array.header().capacity);
+        EXPECT_EQ((Items{item(0), item(0), item(1), item(2)}), array.list());
+        ASSERT_TRUE(array.take(amDynArrayRealloc(array.data, 16)));
+        EXPECT_EQ(17, array.header().capacity); // by whole steps
+    }
+    Array full(2, 2, 0, kProportional);
+    ASSERT_TRUE(full.take(amDynArrayRealloc(full.data, 9)));
+    EXPECT_EQ(2, full.header().capacity);
+    Item const other = item(7);
+    EXPECT_EQ(full.data, amDynamicArraySetAt(full.data, &other, 1, 1)); // elements, index, number
+    EXPECT_EQ((Items{item(0), other}), full.list());
 }
 
 TEST(DynamicArray, RefusedEditsChangeNothing) {

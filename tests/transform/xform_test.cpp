@@ -128,9 +128,8 @@ TEST(Xform, AxesAreComparedByDirection) {
         mgXform_c const rotated = mg_RotateXform(angle, x, 1e-9);
         return mgXform_c().sameOrParallel(&rotated);
     };
-    EXPECT_EQ(1, parallel(1.414e-4));
-    EXPECT_EQ(1, parallel(3.1415926535898));
-    EXPECT_EQ(0, parallel(1.415e-4));
+    for (double const angle : {1.414e-4, 1.415e-4, 3.1415926535898})
+        EXPECT_EQ(angle != 1.415e-4, parallel(angle));
     int opposite = 7;
     EXPECT_EQ(1, raw(quarter).getNearestAxis({1.0, 1.0, -1.0}, opposite)); // the earlier row
     EXPECT_EQ(0, opposite);

@@ -18,9 +18,7 @@ TEST(Points, ArithmeticIsByComponent) {
     EXPECT_BITS_EQ(V(-9.5, -17.75, -31.0), p - v - q);
     EXPECT_BITS_EQ(V(9.0, 18.0, 27.0), v - p);
     EXPECT_BITS_EQ(V(87.5, -25.0, -12.5), v * q); // a cross product
-    EXPECT_EQ(12.0, p % q);
-    EXPECT_EQ(140.0, p % v);
-    EXPECT_EQ(140.0, v % p);
+    EXPECT_BITS_EQ(V(12.0, 140.0, 140.0), V(p % q, p % v, v % p));
     EXPECT_EQ(175.0, vol(v, q, V(2.0, -2.0, 4.0)));
     EXPECT_EQ(std::sqrt(sqDist(p, q)), dist(p, V(p) + V(0.5, 2.25, 1.0)));
     EXPECT_BITS_EQ(P(2.0, 6.5, 1.0), interpolate(-2.0, p, q));
