@@ -35,8 +35,7 @@ struct Many {
             boxes.emplace_back(in.point(), 1.0);
             placements.push_back(in.placement());
         }
-        for (int k = 0; k < kPoints; ++k)
-            points.Add(in.point()), plane.Add({in.next(), in.next()});
+        for (int k = 0; k < kPoints; ++k) points.Add(in.point()), plane.Add({in.next(), in.next()});
         index.build(boxes.data(), nullptr, kBoxes);
         placed.build(boxes.data(), placements.data(), kBoxes);
     }
