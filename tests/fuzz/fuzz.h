@@ -188,10 +188,10 @@ int timed(Work const &work) {
 /// What a fuzzer does with one input.
 static void fuzz(Input &in);
 
-#ifdef VEXMATH_FUZZ_TEST // among the tests, with random inputs
+#ifdef VEXMATH_FUZZ_TEST // among the tests: random inputs, for a quarter of a second at most
 TEST(Fuzz, VEXMATH_FUZZ_TEST) {
 #ifdef __GLIBC__
-    mallopt(M_PERTURB, 0x5A); // new and released memory have these bytes
+    mallopt(M_PERTURB, 0x5A); // fills new and released blocks
 #endif
     common::Random random;
     std::clock_t const start = std::clock();

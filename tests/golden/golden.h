@@ -327,7 +327,7 @@ template <auto function>
 void run(Stream &in, Bits &out) {
     call(in, out, function);
 }
-/// A row for each function, with its name of a list.
+/// A row for each function. `names` lists their names.
 template <auto... functions>
 Table rowsOf(char const *names) {
     Table rows{{"", run<functions>}...};
@@ -344,8 +344,9 @@ Table rowsOf(char const *names) {
                           golden::call(in_, out_, +__VA_ARGS__);                                   \
                       }})
 
+/// All rows in this order.
 Table joined(std::initializer_list<Table> tables);
-/// Of rows whose results depend on the trigonometric functions of the C library.
+/// The same, of results that depend on the trigonometric functions of the C library.
 Table trigonometric(std::initializer_list<Table> tables);
 
 Table transformRows();
