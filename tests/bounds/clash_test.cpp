@@ -147,6 +147,7 @@ TEST(Clash, ContainmentToleranceIsRelative) {
     mgBBox_c const outer = boxOf(P(), 2.5, P(-1, -1, -1), P(1, 1, 1));
     CheckInside(1, boxOf(P(5, 0, 0), 2, P(), P()), outer, 0.5); // spheres no farther apart
     CheckInside(0, boxOf(P(above(5), 0, 0), 2, P(), P()), outer, 0.5);
+    CheckInside(0, cube(-2, 2), ball, 0.5), CheckInside(1, cube(-2, 2), ball, above(0.5));
     CheckInside(0, mgBBox_c(), unit, 0), CheckInside(0, ball, mgBBox_c(), 0);
     EXPECT_EQ(0, outer.containsBBox(nullptr, 0));
 }

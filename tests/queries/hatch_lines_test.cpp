@@ -114,7 +114,7 @@ TEST(HatchLines, ALineOnACornerOrAnEdgeBelongsToTheAreaAbove) {
             EXPECT_EQ(count, mg_calcHatchLinesCircle2D(o, radius, o, angle, 1.0, lines));
     };
     circle(3, 2.0), circle(3, below(2.0)), circle(5, above(2.0)); // tangents give none
-    circle(1, 0.05);
+    circle(1, 0.05), circle(1, 1e-9);
     for (double const radius : {0.0, -1.0, kNaN, kInfinity}) circle(0, radius);
 }
 
@@ -156,7 +156,8 @@ TEST(HatchLines, AnUnusableLatticeEmptiesTheList) {
     for (double const spacing : {0.0, -0.0, -1.0, kNaN, kInfinity, -kInfinity, kTiny})
         check(0, 2.0, spacing);
     for (double const angle : {kNaN, kInfinity}) check(0, 2.0, 1.0, angle);
-    check(1, 2.0, 1e300), check(1, 1e150, 1e150), check(0, above(1e150), 1e150);
+    check(4, 3.5e-9, 1e-9), check(1, 2.0, 1e300), check(1, 1e150, 1e150),
+        check(0, above(1e150), 1e150);
     check(1, 0x1p52, 1.0, 0.0, 0x1p52 - 1), check(0, 0x1p52 + 1, 1.0, 0.0, 0x1p52);
     Watched<P> lines;
     for (double const far : {-0x1p52, 0x1p52}) // with its radius out of reach

@@ -114,6 +114,12 @@ TEST(ClipLine, LargeNumbersLoseNeitherACornerNorASlope) {
     EXPECT_LT(gap(P(1, 0.5, 0), p), 1e-11);
     EXPECT_EQ(ClippedBoth, mg_ClipLine2DToBox(remote, close, {-1, -1, 0}, {1, 1, 0}, p, q, 0));
     EXPECT_LT(gap(P(1, 0.5, 0), q), 1e-11);
+    for (int k = 0; k < 16; ++k) { // a coordinate that is not finite
+        double n[] = {-1, 0.5, 2, 0.5, 0, 0, 1, 1};
+        n[k / 2] = k % 2 == 0 ? kNaN : kInfinity;
+        P const a(n[0], n[1], 0), b(n[2], n[3], 0), c(n[4], n[5], 0), d(n[6], n[7], 0);
+        EXPECT_EQ(Outside, mg_ClipLine2DToBox(a, b, c, d, p, q, 0)) << k;
+    }
     // The difference of x overflows.
     P const low(-0x1p1023, -0x1p1023, 0), high(0x1p1022, 0x1p1022, 0);
     EXPECT_EQ(ClippedB,

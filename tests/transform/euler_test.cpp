@@ -55,6 +55,8 @@ TEST(Euler, NewerAnglesAllowRoundingErrorsAndAreConfirmedByFourElements) {
     // At the quarter turn about y the four vanish, so the rotation about x is not found.
     CheckAngles(newer, ofElements({0.0, 0.6, -0.8, 0.0, 0.8, 0.6, 1.0, 0.0, 0.0}), 1,
                 {0.0, std::asin(1.0), 0.0});
+    double const onBound = 1e-06 + std::cos(std::asin(1.0));
+    CheckAngles(newer, ofElements({onBound, 0, 0, 0, 0, 0, 1, 0, 0}), 1, {0, std::asin(1.0), 0});
     // Refused, with the angles of the last trial.
     double const half = vexmath::kTwoPi - std::acos(-1.0);
     CheckAngles(newer, ofElements({0.5, 0, 0, 0, 0.5, 0, 0, 0, 0.5}), 0, {half, 0.0, half});
@@ -62,13 +64,10 @@ TEST(Euler, NewerAnglesAllowRoundingErrorsAndAreConfirmedByFourElements) {
 
 TEST(Euler, TheNewerAnglesOfSmallRotationsHaveTheOppositeSign) {
     // Element (1, 0) is minus the sine, so the first trial rebuilds it with the other sign.
-    double accepted = 5e-07; // which differs from minus its sine by 1e-06, bound included
-    while (std::sin(std::atan2(above(accepted), 1.0)) + above(accepted) <= 1e-06)
-        accepted = above(accepted);
-    double const refused = above(accepted);
-    double const right = vexmath::kTwoPi - std::atan2(refused, 1.0);
-    CheckAngles(newer, slightlyAboutZ(accepted), 1, {std::atan2(accepted, 1.0), 0.0, 0.0});
-    CheckAngles(newer, slightlyAboutZ(refused), 1, {right, 0.0, -0.0});
+    double const accepted = 4.99e-07, refused = 5.01e-07;
+    double const wrong = vexmath::kTwoPi - std::atan2(accepted, 1.0);
+    CheckAngles(newer, slightlyAboutZ(-accepted), 1, {wrong, 0.0, 0.0});
+    CheckAngles(newer, slightlyAboutZ(-refused), 1, {std::atan2(refused, 1.0), 0.0, -0.0});
     double const last = vexmath::kTwoPi - std::acos(-1.0);
     CheckAngles(newer, ofElements({1, 0, 0, 0, 1, 0, kNaN, 0, 1}), 0, {last, kNaN, last});
     CheckAngles(newer, ofElements({1, kNaN, kNaN, 0, 1, kNaN, 0, 0, 1}), 1, {0.0, 0.0, 0.0});
