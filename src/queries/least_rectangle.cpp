@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 namespace {
@@ -98,7 +99,7 @@ Polygon::Polygon(int n, mg2DPoint_c const *points, Extremes const &extremes)
 bool Polygon::isClockwise(Extremes const &extremes) const {
     constexpr double kSafeArea = 1e-06; // twice the area, in squares of about the polygon's size
     int order[4];
-    std::copy_n(extremes.corner, 4, order);
+    std::copy(std::begin(extremes.corner), std::end(extremes.corner), order);
     std::sort(order, order + 4);
     double const area = cross((*this)[order[2]] - (*this)[order[0]], //
                               (*this)[order[3]] - (*this)[order[1]]);

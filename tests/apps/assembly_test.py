@@ -8,7 +8,6 @@ usage: assembly_test.py PROGRAM DATA_FOLDER [unittest arguments]
 """
 
 import filecmp
-import itertools
 import json
 import math
 import os
@@ -185,10 +184,11 @@ class AssemblyCheckerTest(unittest.TestCase):
         whole, other = earlier.read_bytes(), self.folder / 'other.vxa'
         damaged = bytearray(layout_2.read_bytes())
         damaged[-32] = 3  # the second part of the only pair
-        for content, message in ((whole[:-1], 'is cut short'), (whole + b'0', 'goes on after'),
-                                 (b'x' + whole, 'is no assembly document'),
-                                 (bytes(damaged), 'is damaged: it names a part that is not there'),
-                                 (b'VXAS\3' + whole[5:], 'has layout 3, this program reads up to 2')):
+        for content, message in (
+                (whole[:-1], 'is cut short'), (whole + b'0', 'goes on after'),
+                (b'x' + whole, 'is no assembly document'),
+                (bytes(damaged), 'is damaged: it names a part that is not there'),
+                (b'VXAS\3' + whole[5:], 'has layout 3, this program reads up to 2')):
             other.write_bytes(content)
             self.check_refused(self.of_parts(self.part()), message, options=['--since', other])
 
@@ -196,30 +196,9 @@ class AssemblyCheckerTest(unittest.TestCase):
         def make(folder, moved):
             subprocess.run([sys.executable, DATA / 'make_large.py', folder, '1000', moved], check=True)
             return folder / 'large.json'
-
-        def contacts(stdout):
-            return [{tuple(line.split(' - ')) for line in self.lines(stdout, f'\n{kind} pairs')}
-                    for kind in ('clashing', 'touching')]
         first, second = make(self.folder / 'first', '0'), make(self.folder / 'second', '50')
         before = self.run_with('--out', 'first', '--section', *'300 300 300 1 2 4'.split(), first)
-        texts = [e.text for e in xml.etree.ElementTree.parse(first.parent / 'assembly.svg').iter()]
-        self.assertTrue(any(text and text.startswith('The 500 largest of 1000 parts') for text in texts))
-
-        # The brackets that are not rotated are all alike: how far they are apart tells what they do.
-        plain = [(p['name'], p['placement']['translation']) for p in json.loads(first.read_text())['parts']
-                 if 'axis' not in p['placement']]
-        expected, known = (set(), set()), set()
-        for (a, p), (b, q) in itertools.combinations(plain, 2):
-            if max(map(lambda x, y: abs(x - y), p, q)) < 90:
-                _, beside, gap = sorted(abs(x - y) - size for x, y, size in zip(p, q, (46, 50, 85)))
-                # They face each other, as spheres round the edges off, and are not on the limit itself.
-                if beside < -40 and abs(abs(gap) - 0.02) > 1e-6:
-                    known.add((a, b))
-                    if gap < 0.02:
-                        expected[gap > -0.02].add((a, b))
-        found = [pairs & known for pairs in contacts(before.stdout)]
-        self.assertEqual(found, list(expected))
-        self.assertGreater(min(map(len, found)), 20)
+        self.assertIn('The 500 largest of 1000 parts', (first.parent / 'assembly.svg').read_text())
 
         # What moving gives is what a fresh start gives.
         after = self.run_with('--out', 'fresh', second)
@@ -227,11 +206,11 @@ class AssemblyCheckerTest(unittest.TestCase):
         for name in ('assembly.svg', 'assembly.vxa'):
             self.assertTrue(filecmp.cmp(self.folder / 'fresh' / name, second.parent / name, shallow=False))
         self.assertEqual(len(self.lines(moved.stdout, 'changed since .*')), 50)
-        was, now = contacts(before.stdout), contacts(after.stdout)
-        for i, kind in enumerate(('clashing', 'touching')):
-            for change, pairs in (('new', now[i] - was[i]), ('gone', was[i] - now[i])):
-                found = {tuple(line.split(' - ')) for line in self.lines(moved.stdout, f'{change} {kind} pairs')}
-                self.assertEqual(found, pairs)
+        for kind in ('clashing', 'touching'):
+            was, now = (set(self.lines(run.stdout, f'\n{kind} pairs')) for run in (before, after))
+            self.assertGreater(len(was), 20)
+            self.assertEqual(set(self.lines(moved.stdout, f'new {kind} pairs')), now - was)
+            self.assertEqual(set(self.lines(moved.stdout, f'gone {kind} pairs')), was - now)
 
     def test_parts_are_placed_before_they_are_compared(self):
         run = self.run_on(self.of_parts(self.part('p'), self.part('q', scale=9),

@@ -108,9 +108,8 @@ public:
     }
 
     P point(LiteralBox const &b) {
-        P p = any();
         int const kind = below(6);
-        if (kind == 0) p = b.centre;
+        P p = kind == 0 ? b.centre : any();
         for (int i = 0; i < 3 && kind == 1; ++i) p[i] = below(2) == 0 ? b.low[i] : b.high[i];
         if (kind == 2) p = b.centre + direction(*this) * nudged(b.radius);
         if (kind == 3) p.set(b.centre[0] + nudged(b.radius), b.centre[1], b.centre[2]);
@@ -123,10 +122,7 @@ public:
     }
 
 private:
-    P any() {
-        double const x = number(), y = number();
-        return {x, y, number()};
-    }
+    P any() { return {number(), number(), number()}; }
 
     double number() {
         if (style_ == 0) return ofMagnitude(-320.0, 308.23);
@@ -136,7 +132,7 @@ private:
     }
 
     double nudged(double x) {
-        double const all[] = {above(x), std::nextafter(x, -kInfinity), x * uniform(0.5, 2.0),
+        double const all[] = {above(x), common::below(x), x * uniform(0.5, 2.0),
                               x * (1.0 + uniform(-3e-08, 3e-08)), x + uniform(-3e-08, 3e-08)};
         return all[below(5)];
     }
@@ -155,12 +151,10 @@ TEST(BBoxOracle, BoxesFollowTheirLiteralRulesToTheBit) {
             ASSERT_EQ(literal.isValid(), box.isValid() != 0) << "step " << step;
             if (cases.below(8) == 0) {
                 double const d = cases.growth(literal.radius);
-                literal.grow(d);
-                box += d;
+                literal.grow(d), box += d;
             } else {
                 P const p = cases.point(literal);
-                literal.unite(p);
-                box |= p;
+                literal.unite(p), box |= p;
             }
             ASSERT_BITS_EQ(boxOf(literal.centre, literal.radius, literal.low, literal.high), box)
                 << step;

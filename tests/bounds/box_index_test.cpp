@@ -3,8 +3,6 @@
 
 #include <vexmath/box_index.h>
 
-#include <memory>
-
 #include "bounds/lattice.h"
 
 namespace {
@@ -13,30 +11,25 @@ using namespace common;
 using Indices = std::vector<int>;
 
 /// Boxes, perhaps placed, beside their index.
-class Scene {
-public:
-    Scene(std::vector<mgBBox_c> given, bool isPlaced) : boxes(std::move(given)) {
-        if (isPlaced) placements.reset(new mgXform_c[boxes.size()]);
-    }
+struct Scene {
+    Scene(std::vector<mgBBox_c> given, bool isPlaced)
+        : boxes(std::move(given)), placements(isPlaced ? boxes.size() : 0) {}
 
     int count() const { return static_cast<int>(boxes.size()); }
-    void build() { ASSERT_EQ(1, index.build(boxes.data(), placements.get(), count())); }
-
-    mgBBox_c &box(int i) { return boxes.data()[i]; }
-    mgBBox_c const &box(int i) const { return boxes.data()[i]; }
-    mgXform_c &placement(int i) const { return placements.get()[i]; }
-
+    void build() { ASSERT_EQ(1, index.build(box, placement, count())); }
     mgBBox_c inCommonFrame(int i) const {
-        mgBBox_c placed = box(i);
-        return placements ? placed *= placement(i) : placed;
+        mgBBox_c placed = box[i];
+        return placement ? placed *= placement[i] : placed;
     }
-    bool clashes(int i, int j, double tol) const {
-        if (!placements) return box(i).clash(&box(j), tol) != 0;
-        return mgBBox_c::clash(box(i), placement(i), box(j), placement(j)) != 0;
+    int clashes(int i, int j, double tol) const {
+        return placement ? mgBBox_c::clash(box[i], placement[i], box[j], placement[j])
+                         : box[i].clash(&box[j], tol);
     }
 
     std::vector<mgBBox_c> boxes;
-    std::unique_ptr<mgXform_c[]> placements;
+    std::vector<mgXform_c> placements;
+    mgBBox_c *const box = boxes.data();
+    mgXform_c *const placement = placements.empty() ? nullptr : placements.data();
     mgBoxIndex_c index;
 };
 
@@ -53,10 +46,9 @@ void CheckClashes(Scene const &scene, double tol, Indices const &some) {
     auto const all =
         pairsOf(count, count, true, [&](int i, int j) { return scene.clashes(i, j, tol); });
     std::vector<mgIndexPair_c> ofSome;
+    auto const has = [&](int k) { return std::count(some.begin(), some.end(), k) > 0; };
     for (mgIndexPair_c const &pair : all)
-        if (std::any_of(some.begin(), some.end(),
-                        [&](int k) { return k == pair.first || k == pair.second; }))
-            ofSome.push_back(pair);
+        if (has(pair.first) || has(pair.second)) ofSome.push_back(pair);
     CheckList(all, [&](auto &to) { return scene.index.clashes(tol, to); });
     CheckList(ofSome, [&](auto &to) { return scene.index.clashesOf(some.data(), n, tol, to); });
 }
@@ -77,19 +69,12 @@ void CheckLine(Scene const &scene, P const &p, U const &dir) {
         P at;
         if (scene.inCommonFrame(i).getFirstRayHit(p, dir, &at) == 0) continue;
         if (first >= 0 && (at - p).len() >= (nearest - p).len()) continue;
-        first = i;
-        nearest = at;
+        first = i, nearest = at;
     }
     ASSERT_EQ(first, scene.index.firstOnRay(p, dir, &hit));
     EXPECT_BITS_EQ(nearest, hit);
     ASSERT_EQ(first, scene.index.firstOnRay(same, dir, &same));
     EXPECT_BITS_EQ(first >= 0 ? nearest : p, same);
-}
-
-double anyTolerance(Random &random) {
-    double const tolerances[] = {0,  1e-8, -1e-8, 0.125,     -0.125,     1,
-                                 -2, 3,    1e9,   kInfinity, -kInfinity, kNaN};
-    return tolerances[random.below(12)];
 }
 
 /// Along an axis, nearly along it, towards a lattice point, or any; or hostile.
@@ -123,8 +108,7 @@ void CheckAll(Scene const &scene, Random &random) {
         P const p = latticePoint(random);
         U const dir = anyDirection(random, p);
         CheckNear(scene, latticeBox(random), p, anyTolerance(random));
-        CheckLine(scene, p, dir);
-        CheckLine(scene, p - 1e6 * dir, dir);
+        CheckLine(scene, p, dir), CheckLine(scene, p - 1e6 * dir, dir);
     }
 }
 
@@ -137,18 +121,18 @@ TEST(BoxIndex, AnswersAsTheLoopsAlsoAfterMoves) {
         std::vector<mgBBox_c> boxes(static_cast<std::size_t>(counts[random.below(7)]));
         for (mgBBox_c &box : boxes) box = latticeBox(random);
         Scene scene(boxes, round % 2 == 0);
-        if (scene.placements)
-            for (int i = 0; i < scene.count(); ++i) place(anyPlacement(random), scene.placement(i));
+        if (scene.placement)
+            for (int i = 0; i < scene.count(); ++i) place(anyPlacement(random), scene.placement[i]);
         scene.build();
         CheckAll(scene, random);
         for (int k = scene.count() / 5; k > 0; --k) {
             int const i = random.below(scene.count());
-            scene.box(i) = latticeBox(random);
-            scene.index.move(i, scene.box(i));
-            if (!scene.placements) continue;
+            scene.box[i] = latticeBox(random);
+            scene.index.move(i, scene.box[i]);
+            if (!scene.placement) continue;
             int const j = random.below(scene.count());
-            place(anyPlacement(random), scene.placement(j));
-            scene.index.place(j, scene.placement(j));
+            place(anyPlacement(random), scene.placement[j]);
+            scene.index.place(j, scene.placement[j]);
         }
         CheckAll(scene, random);
     }
@@ -181,7 +165,7 @@ TEST(BoxIndex, RoundingFarFromTheOriginLosesNothing) {
         Scene scene(boxes, false);
         scene.build();
         for (int k = 0; k < 100; ++k) {
-            mgBBox_c const box = scene.box(k);
+            mgBBox_c const box = scene.box[k];
             CheckNear(scene, box, box.high(), k % 2 * 1e-8);
             CheckLine(scene, P(box.center().x(), -1e5, box.center().z()), U(0, 1, 1e-5));
             CheckLine(scene, P(-offset, 0, 0), U(offset, random.unit(), random.unit()));
@@ -191,7 +175,7 @@ TEST(BoxIndex, RoundingFarFromTheOriginLosesNothing) {
 
 TEST(BoxIndex, CrossedRodsThatAreApartInTheWorldsAxesAreFound) {
     Scene scene({rod(0), rod(1)}, true);
-    for (int const k : {0, 1}) place(rodPlacement(k), scene.placement(k));
+    for (int const k : {0, 1}) place(rodPlacement(k), scene.placement[k]);
     scene.build();
     EXPECT_TRUE(scene.clashes(0, 1, 0));
     CheckClashes(scene, kNaN, {1}); // the tolerance is ignored

@@ -6,8 +6,6 @@
 
 #include "common/geometry.h"
 
-static_assert(sizeof(mgBBox_c) == 80 && std::is_trivially_copyable_v<mgBBox_c>);
-
 namespace common {
 
 inline mgBBox_c boxOf(P const &centre, double r, P const &low, P const &high) {

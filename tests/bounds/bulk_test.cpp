@@ -30,8 +30,7 @@ std::vector<P> anyList(Random &random) {
     return points;
 }
 
-/// Unset, a point, ordinary, huge, invalid, or on one side of the origin, with a sphere around the
-/// origin.
+/// Unset, a point, ordinary, huge, invalid, or on one side of the centre of its sphere.
 mgBBox_c anyBox(Random &random) {
     P const p = random.triple<P>(-5.0, 5.0);
     mgBBox_c const aside = boxOf(P(), 10, P(1, 1, 1), P(6, 6, 6));
@@ -52,11 +51,8 @@ TEST(Bulk, BoundsAreThoseOfTheLoopToTheBit) {
         ASSERT_BITS_EQ(expected, box) << "round " << round;
     }
     mg_SetUseVectorUnits(1);
-}
-
-TEST(Bulk, NoPointsLeaveTheBoxAsItIs) {
     mgBBox_c box;
-    for (int const count : {0, -3}) mg_BoundPoints(nullptr, count, box);
+    for (int const none : {0, -3}) mg_BoundPoints(nullptr, none, box);
     EXPECT_BITS_EQ(mgBBox_c(), box);
 }
 

@@ -18,13 +18,11 @@ void CheckClash(int expected, mgBBox_c const &a, mgBBox_c const &b, double tol =
 }
 
 TEST(Clash, FacesAndEdgesTouchSingleCornersDoNot) {
-    CheckClash(1, unit, unit);
-    CheckClash(1, unit, {P(1, 0, 0), P(2, 1, 1)});
+    CheckClash(1, unit, unit), CheckClash(1, unit, {P(1, 0, 0), P(2, 1, 1)});
     CheckClash(1, unit, {P(1, 1, 0), P(2, 2, 1)});
     for (double const tol : {0.0, 1.0}) CheckClash(0, unit, {P(1, 1, -1), P(2, 2, 0)}, tol);
     CheckClash(0, unit, cube(1 - 5e-09, 2)); // one corner, within the tolerance
-    CheckClash(1, unit, cube(1 - 2e-08, 2));
-    CheckClash(0, unit, cube(1, 1));
+    CheckClash(1, unit, cube(1 - 2e-08, 2)), CheckClash(0, unit, cube(1, 1));
     CheckClash(0, cube(5, 5), cube(5, 5));    // a point and itself
     CheckClash(1, unit, {P(1, 0.5, 0.5), 0}); // a corner of the point, not of unit
     CheckClash(0, unit, mgBBox_c());
@@ -35,9 +33,7 @@ TEST(Clash, SphereToleranceIsAFactorOnTheSquaredRadius) {
     // squared radius is 4, so it reaches to 2; a tolerance as a length would reach to 4.
     mgBBox_c const a = boxOf(P(), 1, P(-1, -1, -1), P(3, 1, 1)), b = boxOf(P(), 1, P(), P(2, 1, 1));
     auto const from = [](double d) { return boxOf(P(d, 0, 0), 1, P(d, -1, -1), P(3, 1, 1)); };
-    CheckClash(1, a, from(1));
-    CheckClash(0, a, from(above(1)));
-    CheckClash(1, a, from(2), 3);
+    CheckClash(1, a, from(1)), CheckClash(0, a, from(above(1))), CheckClash(1, a, from(2), 3);
     CheckClash(0, a, from(above(2)), 3);
     // For gaps between spheres and between corners the tolerance is a length.
     CheckClash(1, b, boxOf(P(3.5, 0, 0), 2, P(), P(4, 1, 1)), 0.5);
@@ -47,40 +43,11 @@ TEST(Clash, SphereToleranceIsAFactorOnTheSquaredRadius) {
     CheckClash(0, unit, unit, -1.25); // used as it is: asks for an overlap
 }
 
-TEST(Clash, VectorUnitsChangeNoAnswer) {
-    Random random;
-    double const tolerances[] = {0, 1e-8, -1e-8, 0.125, -0.125, 1e-300, -1, -2, 3, 1e9};
-    int clashes[2] = {0, 0};
-    for (int k = 0; k < 200000; ++k) {
-        mgBBox_c const a = latticeBox(random), b = latticeBox(random);
-        double const tol = k % 11 < 10 ? tolerances[k % 11] : random.hostile();
-        mg_SetUseVectorUnits(0);
-        int const expected = a.clash(&b, tol);
-        mg_SetUseVectorUnits(1);
-        ASSERT_EQ(expected, a.clash(&b, tol)) << k << ' ' << tol;
-        ++clashes[expected];
-    }
-    EXPECT_GT(clashes[0], 10000);
-    EXPECT_GT(clashes[1], 10000);
-}
-
 /// A box whose sphere and corners need not agree, so that each of them decides in some cases.
 mgBBox_c anyBox(Random &random) {
     mgBBox_c box(random.triple<P>(-5.0, 5.0), random.triple<P>(-5.0, 5.0));
     if (random.below(3) != 0) box.setSphereOnly(random.triple<P>(-4.0, 4.0), random.uniform(2, 8));
     return box;
-}
-
-/// Kinds 0 and 1 are no rotations: too long rows, or rows at other angles.
-mgMatrix_c anyRotation(Random &random, int kind) {
-    mgMatrix_c const rotation = placement(random).rotation();
-    double elements[9];
-    for (int i = 0; i < 9; ++i) elements[i] = kind == 0 ? 1.5 * rotation[i] : rotation[i];
-    for (int j = 0; kind == 1 && j < 3; ++j) {
-        mgUnitVector_c const column = direction(random);
-        for (int i = 0; i < 3; ++i) elements[3 * i + j] = column[i];
-    }
-    return {elements, 0};
 }
 
 /// By the functions for single boxes and transforms.
@@ -113,13 +80,9 @@ TEST(Clash, PlacedBoxesClashAsByTheLiteralSteps) {
     Random random;
     int ofAny[2] = {0, 0}, ofMating[2] = {0, 0};
     for (int k = 0; k < 40000 && !HasFailure(); ++k) {
-        mgMatrix_c const turnA = anyRotation(random, k % 9), turnB = anyRotation(random, 2);
-        V const shift = random.triple<V>(-10.0, 10.0), apart = random.triple<V>(-5.0, 5.0);
-        double const scale = random.uniform(0.2, 5.0);
-        double const ratio = random.below(2) == 0 ? 1.0 : random.uniform(0.5, 2.0);
-        mgBBox_c const a = anyBox(random), b = anyBox(random);
-        CheckLiterally(a, mg_RestoreXform(turnA, shift, scale), b,
-                       mg_RestoreXform(turnB, shift + apart * scale, ratio * scale), ofAny);
+        mgXform_c any, other;
+        place(random, random.uniform(0.5, 5.0), 8, any), place(random, 3.0, 8, other);
+        CheckLiterally(anyBox(random), any, anyBox(random), other, ofAny);
 
         mgXform_c const frame = raw(k % 2 == 0 ? mgMatrix_c() : placement(random).rotation());
         mgXform_c const xa = matingPlacement(random, frame);
@@ -131,7 +94,7 @@ TEST(Clash, PlacedBoxesClashAsByTheLiteralSteps) {
         CheckLiterally(c += away, raw(xa.rotation(), xa.translation() - back, xa.scaling()), d, xb,
                        ofMating);
     }
-    EXPECT_GT(std::min(ofAny[0], ofAny[1]), 4000);
+    EXPECT_GT(std::min(ofAny[0], ofAny[1]), 2000);
     EXPECT_GT(std::min(ofMating[0], ofMating[1]), 1000);
 }
 
@@ -145,8 +108,7 @@ TEST(Clash, ARelativeRotationThatIsFlaggedAsNoneIsNotApplied) {
         other[3 + j] += 5e-13 * turn[j];
     }
     mgXform_c const lower = raw(turn), upper = raw(other, V(0, 1 + 2e-8, 0) * lower);
-    CheckPlacedClash(0, rod, lower, rod, upper);
-    CheckPlacedClash(0, rod, upper, rod, lower);
+    CheckPlacedClash(0, rod, lower, rod, upper), CheckPlacedClash(0, rod, upper, rod, lower);
 }
 
 /// The second box is placed at x.
@@ -162,8 +124,7 @@ TEST(Clash, PlacedSpheresAreComparedUnscaled) {
     EXPECT_EQ(0, mgBBox_c::clash(ball, mgXform_c(), ball, scaled));
     CheckPlaced(1, ball, {P(), 2}, 2.5);
     // Placed spheres must overlap by the tolerance; unplaced, touching is enough.
-    CheckPlaced(1, ball, ball, 2 - 1e-08 - 1e-15);
-    CheckPlaced(0, ball, ball, 2 - 1e-08 + 1e-15);
+    CheckPlaced(1, ball, ball, 2 - 1e-08 - 1e-15), CheckPlaced(0, ball, ball, 2 - 1e-08 + 1e-15);
     CheckClash(1, ball, {P(2, 0, 0), 1});
     CheckPlaced(0, ball, mgBBox_c(), 0);
     CheckPlaced(1, cube(0, 100), cube(-1, 1e-6), 0); // within the rounding of the larger one
@@ -178,18 +139,16 @@ TEST(Clash, ContainmentToleranceIsRelative) {
     for (double const size : {0.01, 1000.0}) {
         mgBBox_c const box = cube(-size, size), wider = cube(-1.0625 * size, 1.0625 * size);
         CheckInside(0, box, box, 0); // strictly
-        CheckInside(1, box, box, 0.01);
-        CheckInside(1, wider, box, 0.0625);
-        CheckInside(0, wider, box, 0.05);
-        CheckInside(1, box, wider, 0);
+        CheckInside(1, box, box, 0.01), CheckInside(1, wider, box, 0.0625);
+        CheckInside(0, wider, box, 0.05), CheckInside(1, box, wider, 0);
         for (int k = 3; k < 9; ++k)
             CheckInside(0, box, withDouble(wider, k, k < 6 ? size : -size), 0);
     }
     mgBBox_c const outer = boxOf(P(), 2.5, P(-1, -1, -1), P(1, 1, 1));
     CheckInside(1, boxOf(P(5, 0, 0), 2, P(), P()), outer, 0.5); // spheres no farther apart
     CheckInside(0, boxOf(P(above(5), 0, 0), 2, P(), P()), outer, 0.5);
-    CheckInside(0, mgBBox_c(), unit, 0);
-    CheckInside(0, ball, mgBBox_c(), 0);
+    CheckInside(0, cube(-2, 2), ball, 0.5), CheckInside(1, cube(-2, 2), ball, above(0.5));
+    CheckInside(0, mgBBox_c(), unit, 0), CheckInside(0, ball, mgBBox_c(), 0);
     EXPECT_EQ(0, outer.containsBBox(nullptr, 0));
 }
 

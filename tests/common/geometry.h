@@ -101,8 +101,6 @@ public:
         if (random_.below(2) != 0) x.addPerspectiveInfo(info);
         return x;
     }
-    operator mgCone_c() { return {*this, *this, *this, *this}; }
-    operator CPoint() { return {pixel(), pixel()}; }
 
     /// The same by name, where several types would do.
     template <class T>
@@ -111,8 +109,6 @@ public:
     }
 
 private:
-    int pixel() { return static_cast<int>(random_.uniform(-0x1p31, 0x1p31)); }
-
     Random random_;
 };
 

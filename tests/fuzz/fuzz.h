@@ -7,21 +7,27 @@
 #include <vexmath/vexmath.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <limits>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
-/// Ends the program when the condition is false.
+#ifdef VEXMATH_FUZZ_TEST
+#include "common/numbers.h"
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+#endif
+
+/// Throws when the condition is false, which ends a fuzzer.
 #define CHECK(condition) ((condition) ? void() : fail(__FILE__, __LINE__, #condition))
 
-[[noreturn]] inline void fail(char const *file, int line, char const *condition) {
-    std::fprintf(stderr, "%s:%d: false: %s\n", file, line, condition);
-    std::abort();
+[[noreturn]] inline void fail(std::string const &file, int line, char const *condition) {
+    throw std::logic_error(file + ":" + std::to_string(line) + ": false: " + condition);
 }
 
 using P = mgPoint_c;
@@ -44,8 +50,8 @@ public:
     bool isUsedUp() const { return used_ >= size_; }
     std::string rest() const { return {data_ + std::min(used_, size_), data_ + size_}; }
     int byte() {
-        std::size_t const i = used_++, round = size_ == 0 ? i : i / size_;
-        return ((size_ == 0 ? 0 : data_[i % size_]) + static_cast<int>(101 * round % 256)) % 256;
+        std::size_t const i = used_++, length = size_ == 0 ? 1 : size_;
+        return static_cast<int>(((size_ == 0 ? 0 : data_[i % length]) + 101 * (i / length)) % 256);
     }
     int below(int count) { return byte() % count; } ///< REQUIRES a count of at most 256
     bool flip() { return below(2) == 0; }
@@ -77,8 +83,7 @@ public:
     }
     template <class T>
     T triple() {
-        double const x = number(), y = number(), z = number();
-        return T(x, y, z);
+        return T{number(), number(), number()}; // braces keep the order
     }
     Points points(int n) {
         Points list(static_cast<std::size_t>(n));
@@ -86,17 +91,13 @@ public:
         return list;
     }
     /// Small whole coordinates, with which most formulas round nothing.
-    P whole(int size) {
-        double const x = below(size), y = below(size);
-        return {x, y, 0.0};
-    }
+    P whole(int size) { return P{double(below(size)), double(below(size)), 0.0}; }
 
     /// Along an axis or anywhere; when the input is not tame, at times without unit length.
     U direction() {
         int const kind = byte(), axis = kind % 8;
-        if (axis < 3)
-            return kind < 128 ? U(axis == 0, axis == 1, axis == 2)
-                              : -U(axis == 0, axis == 1, axis == 2);
+        U const along(axis == 0, axis == 1, axis == 2);
+        if (axis < 3) return kind < 128 ? along : -along;
         V const v = triple<V>();
         U u = mg_Normalise(v);
         if (!isTame_ && axis == 3) u.set(v.x(), v.y(), v.z());
@@ -151,23 +152,20 @@ private:
     bool isTame_;
 };
 
-/// The same bits; any NaN equals any NaN.
-inline bool same(double a, double b) {
-    return std::memcmp(&a, &b, sizeof a) == 0 || (std::isnan(a) && std::isnan(b));
-}
-/// The same of all doubles that an object is made of.
+/// The same bits of all doubles that an object is made of; any NaN equals any NaN.
 template <class T>
 bool same(T const &a, T const &b) {
     static_assert(sizeof(T) % sizeof(double) == 0 && std::is_trivially_copyable_v<T>);
     double x[sizeof(T) / sizeof(double)], y[sizeof(T) / sizeof(double)];
     std::memcpy(x, &a, sizeof x), std::memcpy(y, &b, sizeof y);
-    return std::equal(x, std::end(x), y, [](double u, double v) { return same(u, v); });
+    return std::equal(x, std::end(x), y, [](double u, double v) {
+        return std::memcmp(&u, &v, sizeof u) == 0 || (std::isnan(u) && std::isnan(v));
+    });
 }
 inline bool same(mgXform_c const &a, mgXform_c const &b) {
-    double x[16], y[16];
-    a.getGLData(x), b.getGLData(y);
-    return std::equal(x, x + 16, y, [](double u, double v) { return same(u, v); })
-           && same(a.scaling(), b.scaling()) && a.isReflection() == b.isReflection()
+    std::array<double, 16> x, y;
+    a.getGLData(x.data()), b.getGLData(y.data());
+    return same(x, y) && same(a.scaling(), b.scaling()) && a.isReflection() == b.isReflection()
            && a.rotate() == b.rotate() && a.hasPerspective() == b.hasPerspective();
 }
 inline bool hasNaN(P const &p) {
@@ -188,12 +186,28 @@ int timed(Work const &work) {
 }
 
 /// What a fuzzer does with one input.
-void fuzz(Input &in);
+static void fuzz(Input &in);
 
+#ifdef VEXMATH_FUZZ_TEST // among the tests: random inputs, for a quarter of a second at most
+TEST(Fuzz, VEXMATH_FUZZ_TEST) {
+#ifdef __GLIBC__
+    mallopt(M_PERTURB, 0x5A); // fills new and released blocks
+#endif
+    common::Random random;
+    std::clock_t const start = std::clock();
+    for (int i = 0; i < 4000 && std::clock() - start < CLOCKS_PER_SEC / 4; ++i) {
+        std::vector<std::uint8_t> bytes(static_cast<std::size_t>(1 + random.below(300)));
+        for (std::uint8_t &byte : bytes) byte = static_cast<std::uint8_t>(random.below(256));
+        Input in(bytes.data(), bytes.size());
+        fuzz(in);
+    }
+}
+#else
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const *data, std::size_t size) {
     Input in(data, size);
     fuzz(in);
     return 0;
 }
+#endif
 
 #endif

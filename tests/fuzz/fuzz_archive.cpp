@@ -26,18 +26,17 @@ void check(std::string const &bytes, Form form = kExact, Read read = restore, Wr
     };
     T object, again;
     std::string const before = stored(object);
-    std::stringstream stream(bytes), second;
-    su_CArchive ar(stream), secondAr(second);
+    std::stringstream stream(bytes);
+    su_CArchive ar(stream);
     try {
         read(ar, object);
     } catch (su_CArchiveError const &) {
-        CHECK(stored(object) == before);
-        return;
+        return CHECK(stored(object) == before);
     }
     std::string const once = stored(object);
     CHECK(form != kExact || once == bytes.substr(0, static_cast<std::size_t>(stream.tellg())));
-    second.str(once);
-    read(secondAr, again); // throws when too little was written
+    stream.str(once);
+    read(ar, again); // throws when too little was written
     CHECK(form == kRepaired || stored(again) == once);
 }
 

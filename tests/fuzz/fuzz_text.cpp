@@ -22,8 +22,10 @@ void fuzz(Input &in) {
     mgXform_c const oldForm(in.placement());
     wchar_t const often[] = L"0123456789  .-+eExXpP,naifINF\t\n";
     std::wstring given;
-    for (unsigned char const c : in.rest())
+    for (char const byte : in.rest()) {
+        auto const c = static_cast<unsigned char>(byte);
         given += in.isTame() ? often[c % (std::size(often) - 1)] : static_cast<wchar_t>(c);
+    }
     double numbers[16], gl[16];
     int const count = scan(given.c_str(), numbers);
     mgBBox_c box = oldBox;

@@ -40,8 +40,8 @@ def output(command: list[str]) -> list[str]:
 def numbers_of(line: str) -> tuple[list[float], str]:
     """The numbers of a trigonometric line, and its name."""
     count, rest = line.split(" ", 2)[1:]
-    fields = rest.split(" ", int(count))
-    return [float(field) for field in fields[:-1]], fields[-1]
+    *numbers, name = rest.split(" ", int(count))
+    return list(map(float, numbers)), name
 
 
 def units_between(a: float, b: float) -> float:

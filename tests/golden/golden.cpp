@@ -53,119 +53,79 @@ void boxes(Stream &in, Bits &out) {
 }
 
 void bulk(Stream &in, Bits &out) {
-    constexpr int count = 11;
-    mgPoint_c points[count];
+    mgPoint_c points[11];
     for (mgPoint_c &p : points) p = in.point();
     mgBBox_c box;
-    mg_TransformPoints(points, count, in.placement());
-    mg_BoundPoints(points, count, box);
+    mg_TransformPoints(points, 11, in.placement());
+    mg_BoundPoints(points, 11, box);
     for (mgPoint_c const &p : points) out.add(p);
     out.add(box);
 }
 
 void products(Stream &in, Bits &out) {
-    constexpr int count = 11;
-    mgXform_c placements[count];
+    mgXform_c placements[11];
     for (mgXform_c &x : placements) x = in.placement();
-    mg_MultiplyXforms(placements, count, in.placement());
-    mg_MultiplyXforms(placements, count, placements);
+    mg_MultiplyXforms(placements, 11, in.placement());
+    mg_MultiplyXforms(placements, 11, placements);
     for (mgXform_c const &x : placements) out.add(x);
 }
 
+/// An assembly.
+struct Parts {
+    static constexpr int kCount = 60;
+    explicit Parts(Stream &in) {
+        for (int i = 0; i < kCount; ++i) {
+            boxes[i] = {in.point(), in.point()};
+            placements[i] = in.placement();
+        }
+    }
+    mgBBox_c boxes[kCount];
+    mgXform_c placements[kCount];
+};
+
 /// Every index of every pair.
 void clashes(Stream &in, Bits &out) {
-    constexpr int count = 60;
-    mgBBox_c boxes[count];
-    mgXform_c placements[count];
-    for (int i = 0; i < count; ++i) {
-        boxes[i] = {in.point(), in.point()};
-        placements[i] = in.placement();
-    }
-    suDynamicArray<mgIndexPair_c> pairs;
+    Parts const parts(in);
+    Pairs pairs;
     auto const add = [&](int n) {
         out.add(n);
-        for (int k = 0; k < pairs.Count(); ++k) out.add(pairs[k].first * count + pairs[k].second);
+        for (int k = 0; k < n; ++k) out.add(pairs[k].first * Parts::kCount + pairs[k].second);
     };
-    add(mg_FindClashes(boxes, count, 1e-8, pairs));
-    add(mg_FindClashes(boxes, count, boxes, count, -0.1, pairs));
-    add(mg_FindClashes(boxes, placements, count, pairs));
+    add(mg_FindClashes(parts.boxes, Parts::kCount, 1e-8, pairs));
+    add(mg_FindClashes(parts.boxes, Parts::kCount, parts.boxes, Parts::kCount, -0.1, pairs));
+    add(mg_FindClashes(parts.boxes, parts.placements, Parts::kCount, pairs));
 }
 
 /// Every index of every list, and the nearest hit.
 void index(Stream &in, Bits &out) {
-    constexpr int count = 60;
-    mgBBox_c boxes[count];
-    mgXform_c placements[count];
-    for (int i = 0; i < count; ++i) {
-        boxes[i] = {in.point(), in.point()};
-        placements[i] = in.placement();
-    }
+    Parts const parts(in);
     mgPoint_c const p = in.point();
     mgUnitVector_c const dir = in.direction();
-    mgXform_c const *const choices[] = {nullptr, placements};
+    mgXform_c const *const choices[] = {nullptr, parts.placements};
     for (mgXform_c const *const placed : choices) {
         mgBoxIndex_c boxIndex;
-        out.add(boxIndex.build(boxes, placed, count));
-        for (int i = 0; i < count; i += 7) boxIndex.move(i, {in.point(), in.point()});
-        boxIndex.place(1, placements[2]);
+        out.add(boxIndex.build(parts.boxes, placed, Parts::kCount));
+        for (int i = 0; i < Parts::kCount; i += 7) boxIndex.move(i, {in.point(), in.point()});
+        boxIndex.place(1, parts.placements[2]);
         mgBoxIndex_c other(std::move(boxIndex));
         boxIndex = std::move(other);
-        suDynamicArray<mgIndexPair_c> pairs;
+        Pairs pairs;
         int const some[] = {3, 7, 3};
         out.add(boxIndex.clashes(1e-8, pairs));
         out.add(boxIndex.clashesOf(some, 3, 1e-8, pairs));
-        for (int k = 0; k < pairs.Count(); ++k) out.add(pairs[k].first * count + pairs[k].second);
+        for (int k = 0; k < pairs.Count(); ++k)
+            out.add(pairs[k].first * Parts::kCount + pairs[k].second);
         suDynamicArray<int> which;
         auto const add = [&](int n) {
             out.add(n);
-            for (int k = 0; k < which.Count(); ++k) out.add(which[k]);
+            for (int k = 0; k < n; ++k) out.add(which[k]);
         };
         mgPoint_c hit;
-        add(boxIndex.clashesWith(boxes[5], 0.1, which));
+        add(boxIndex.clashesWith(parts.boxes[5], 0.1, which));
         add(boxIndex.around(p, 1.0, which));
         add(boxIndex.onLine(p, dir, which));
-        out.add(boxIndex.firstOnRay(p, dir, &hit));
-        out.add(hit);
+        out.add(boxIndex.firstOnRay(p, dir, &hit), hit);
     }
-}
-
-void queries(Stream &in, Bits &out) {
-    mgLine_c const line{in.point(), in.direction()}, second{in.point(), in.direction()};
-    mgPlane_c const plane{in.point(), in.direction()}, other{in.point(), in.direction()};
-    mgPoint_c const &a = line.rootPoint(), &b = second.rootPoint();
-    double const r1 = in.next(), r2 = in.next();
-    mgPoint_c p, q;
-    mgLine_c common;
-    double t = 0.0;
-    out.add(mg_LineIntPlane(line, plane, &p, &t));
-    out.add(mg_LineIntLine(a, line.direction(), b, second.direction(), &q, 1e-8));
-    out.add(mg_PlaneIntPlane(plane, other, &common));
-    out.add(line.distToLine(common, nullptr, nullptr), common.direction());
-    out.add(p, q, common.rootPoint());
-    out.add(mg_LineSegIntLineSeg2D(a, p, b, q, &p));
-    out.add(mg_LineIntCircle2D(a, line.direction(), b, r1, &p, &q));
-    out.add(mg_CircleIntCircle2D(a, r1, b, r2, &p, &q));
-    out.add(p, q, t);
-}
-
-void numerics(Stream &in, Bits &out) {
-    mgMatrix_c m;
-    mgMatrix4_c m4;
-    for (int k = 0; k < 9; ++k) m[k] = in.next();
-    for (int k = 0; k < 12; ++k) m4.getDataPtr()[k] = in.next();
-    double values[3] = {}, roots[3] = {};
-    mgUnitVector_c vectors[3], null[3];
-    out.add(m.getEigensystem(values, vectors));
-    for (int i = 0; i < 3; ++i) out.add(values[i], vectors[i]);
-    int const dimension = m.getNullspace(null, true);
-    for (int i = 0; i < dimension; ++i) out.add(null[i]);
-    out.addAll(roots, mg_solveCubic(m[0], m[1], m[2], m[3], roots));
-    mgMatrix4_c const product = m4 * m4.inverse();
-    out.addAll(product.getDataPtr(), 16);
-    mgQuaternion_c q;
-    q.matrixToQuat(in.placement().rotation());
-    q.quatToMatrix(m);
-    out.add(m);
 }
 
 void print(std::uint64_t bits, char const *name) { std::printf("%016" PRIx64 " %s\n", bits, name); }
@@ -177,8 +137,6 @@ void family(char const *name, void (*run)(Stream &, Bits &), int times = rounds)
     print(out.value(), name);
 }
 
-char const *nameOf(Row const &row) { return row.name + (row.name[0] == '&'); }
-
 /// Arguments of each kind in turn.
 void exact(Row const &row) {
     constexpr Numbers kinds[] = {Numbers::ordinary, Numbers::wide, Numbers::lattice,
@@ -189,7 +147,7 @@ void exact(Row const &row) {
         in.become(kinds[i % 4]);
         row.run(in, out);
     }
-    print(out.value(), nameOf(row));
+    print(out.value(), row.name.c_str());
 }
 
 /// How many numbers the results have, and a sample of them.
@@ -203,7 +161,7 @@ void trigonometric(Row const &row) {
     std::size_t const count = numbers.size(), shown = std::min(count, most);
     std::printf("trig %zu %zu", shown + 1, count);
     for (std::size_t k = 0; k < shown; ++k) std::printf(" %.17g", numbers[k * count / shown]);
-    std::printf(" %s\n", nameOf(row));
+    std::printf(" %s\n", row.name.c_str());
 }
 
 } // namespace
@@ -217,12 +175,6 @@ int main() {
     family("products", products);
     family("clashes", clashes, rounds / 50);
     family("index", index, rounds / 50);
-    family("queries", queries);
     family("boxes", boxes);
-    family("numerics", numerics);
-    for (auto const rows : {transformRows, boundsRows, queryRows, supportRows}) {
-        Rows const both = rows();
-        for (Row const &row : both.exact) exact(row);
-        for (Row const &row : both.trigonometric) trigonometric(row);
-    }
+    for (Row const &row : allRows()) row.isExact ? exact(row) : trigonometric(row);
 }

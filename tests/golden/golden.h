@@ -10,8 +10,9 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
-#include <iterator>
+#include <functional>
 #include <limits>
+#include <string>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -19,6 +20,17 @@
 #include "common/generator.h"
 
 namespace golden {
+
+using P = mgPoint_c;
+using V = mgVector_c;
+using U = mgUnitVector_c;
+using M = mgMatrix_c;
+using M4 = mgMatrix4_c;
+using Q = mgQuaternion_c;
+using X = mgXform_c;
+using Box = mgBBox_c;
+using List = suDynamicArray<mgPoint_c>;
+using Pairs = suDynamicArray<mgIndexPair_c>;
 
 /// The numbers of a stream.
 enum class Numbers {
@@ -40,15 +52,10 @@ public:
     }
 
     double next();
-    mgVector_c vector() {
-        double const x = next(), y = next(), z = next();
-        return {x, y, z};
-    }
+    // Braces keep the order of the calls.
+    mgVector_c vector() { return mgVector_c{next(), next(), next()}; }
     mgPoint_c point() { return vector(); }
-    mgUnitVector_c direction() {
-        mgVector_c const v = vector();
-        return {v.x(), v.y(), v.z()};
-    }
+    mgUnitVector_c direction() { return mgUnitVector_c{next(), next(), next()}; }
     mgXform_c placement() {
         mgUnitVector_c const z = direction(), x = direction();
         mgVector_c const origin = vector();
@@ -77,16 +84,27 @@ public:
     void fill(mgXform_c &x); ///< a few with a perspective record
     void fill(mgXform_64BitHelper_c &x) { each(x.rotation, x.translation, x.scale, x.reflection); }
     void fill(mgPerspInfo_c &info);
-    void fill(mgModelPerspInfo_c &info);
+    void fill(mgModelPerspInfo_c &info) {
+        fill(static_cast<mgPerspInfo_c &>(info));
+        info.setModelViewDir(direction());
+    }
     void fill(mgGenXform_c &x);
-    void fill(mgBBox_c &box);
-    void fill(mgLine_c &line) { line = mgLine_c{point(), direction()}; } // braces keep the order
+    void fill(mgBBox_c &box) {
+        double corners[6];
+        fill(corners);
+        box.set(corners);
+    }
+    void fill(mgLine_c &line) { line = mgLine_c{point(), direction()}; }
     void fill(mgPlane_c &plane) { plane = mgPlane_c{point(), direction()}; }
-    void fill(mgCone_c &cone);
-    void fill(mgCylinder_c &cylinder);
+    void fill(mgCone_c &cone) { cone = mgCone_c{point(), direction(), next(), next()}; }
+    void fill(mgCylinder_c &c) { c = mgCylinder_c{point(), direction(), next()}; }
     void fill(mgArc_c &arc);
-    void fill(mgGeneralBox_c &box);
-    void fill(mgParallelogram_c &area);
+    void fill(mgGeneralBox_c &box) {
+        box = mgGeneralBox_c{point(), direction(), direction(), std::fabs(next()), next(), next()};
+    }
+    void fill(mgParallelogram_c &area) {
+        area = mgParallelogram_c{point(), direction(), direction(), std::fabs(next()), next()};
+    }
     void fill(mgPrimitiveBodyData_c &body) {
         each(body.kind, body.anchor, body.first, body.second, body.third, body.extra);
     }
@@ -163,7 +181,9 @@ private:
     }
     void take(mgGenXform_c const &x);
     void take(mgPerspInfo_c const &info);
-    void take(mgModelPerspInfo_c const &info);
+    void take(mgModelPerspInfo_c const &info) {
+        add(static_cast<mgPerspInfo_c const &>(info), info.getModelViewDir());
+    }
     void take(mgBBox_c const &box) {
         add(box.isSet(), box.low(), box.high(), box.sphCenter(), box.sphRadius());
     }
@@ -244,11 +264,11 @@ struct Types {};
 template <class F, class... Made>
 void callWith(Stream &, Bits &out, F const &f, Types<>, Made &...made) {
     if (watch != nullptr) watch(true);
-    if constexpr (std::is_void_v<decltype(f(made.pass()...))>) {
-        f(made.pass()...);
+    if constexpr (std::is_void_v<decltype(std::invoke(f, made.pass()...))>) {
+        std::invoke(f, made.pass()...);
         if (watch != nullptr) watch(false);
     } else {
-        auto const &result = f(made.pass()...);
+        auto const &result = std::invoke(f, made.pass()...);
         if (watch != nullptr) watch(false);
         out.add(result);
     }
@@ -268,67 +288,72 @@ void call(Stream &in, Bits &out, R (*f)(P...)) {
 }
 template <class C, class R, class... P>
 void call(Stream &in, Bits &out, R (C::*f)(P...)) {
-    auto const run = [f](C &object, P... p) -> R { return (object.*f)(static_cast<P>(p)...); };
-    callWith(in, out, run, Types<C &, P...>());
+    callWith(in, out, f, Types<C &, P...>());
 }
 template <class C, class R, class... P>
 void call(Stream &in, Bits &out, R (C::*f)(P...) const) {
-    auto const run = [f](C const &object, P... p) -> R {
-        return (object.*f)(static_cast<P>(p)...);
-    };
-    callWith(in, out, run, Types<C const &, P...>());
+    callWith(in, out, f, Types<C const &, P...>());
 }
 
 /// Chooses one of the functions of a name, by the types of its parameters.
 template <class... P>
 struct Taking {
     template <class R>
-    static auto of(R (*f)(P...)) {
+    static constexpr auto of(R (*f)(P...)) {
         return f;
     }
     template <class C, class R>
-    static auto of(R (C::*f)(P...)) {
+    static constexpr auto of(R (C::*f)(P...)) {
         return f;
     }
     template <class C, class R>
-    static auto of(R (C::*f)(P...) const) {
+    static constexpr auto of(R (C::*f)(P...) const) {
         return f;
     }
 };
 
 /// One line of the golden file.
 struct Row {
-    char const *name;
+    std::string name;
     void (*run)(Stream &in, Bits &out);
+    bool isExact = true; ///< are its bits the same with every C library?
 };
+using Table = std::vector<Row>;
 
-// Rows: of a function; of one of several functions of a name; of a lambda, which has a name.
-#define GOLDEN(...)                                                                                \
-    golden::Row {                                                                                  \
-#__VA_ARGS__,                                                                              \
-            [](golden::Stream & in, golden::Bits & out) { golden::call(in, out, __VA_ARGS__); }    \
-    }
+/// Gives the rows their names. In a list of several, each name stands between commas.
+void nameRows(Table &rows, std::string names);
+
+template <auto function>
+void run(Stream &in, Bits &out) {
+    call(in, out, function);
+}
+/// A row for each function. `names` lists their names.
+template <auto... functions>
+Table rowsOf(char const *names) {
+    Table rows{{"", run<functions>}...};
+    nameRows(rows, names);
+    return rows;
+}
+
+// Rows: of functions; of one of several functions of a name; of a lambda, which has a name.
+#define GOLDEN(...) golden::rowsOf<__VA_ARGS__>(#__VA_ARGS__)
 #define GOLDEN_OF(f, ...)                                                                          \
-    golden::Row {                                                                                  \
-#f "(" #__VA_ARGS__ ")",                                                                   \
-            [](golden::Stream & in,                                                                \
-               golden::Bits & out) { golden::call(in, out, golden::Taking<__VA_ARGS__>::of(f)); }  \
-    }
+    golden::rowsOf<golden::Taking<__VA_ARGS__>::of(f)>(#f "(" #__VA_ARGS__ ")")
 #define GOLDEN_AS(name, ...)                                                                       \
-    golden::Row {                                                                                  \
-        name,                                                                                      \
-            [](golden::Stream &in_, golden::Bits &out_) { golden::call(in_, out_, +__VA_ARGS__); } \
-    }
+    golden::Table(1, {name, [](golden::Stream &in_, golden::Bits &out_) {                          \
+                          golden::call(in_, out_, +__VA_ARGS__);                                   \
+                      }})
 
-/// The rows of a file: those whose bits are the same everywhere, and those whose results depend on
-/// the trigonometric functions of the C library.
-struct Rows {
-    std::vector<Row> exact, trigonometric;
-};
-Rows transformRows();
-Rows boundsRows();
-Rows queryRows();
-Rows supportRows();
+/// All rows in this order.
+Table joined(std::initializer_list<Table> tables);
+/// The same, of results that depend on the trigonometric functions of the C library.
+Table trigonometric(std::initializer_list<Table> tables);
+
+Table transformRows();
+Table boundsRows();
+Table queryRows();
+Table supportRows();
+Table allRows(); ///< every exported function
 
 } // namespace golden
 

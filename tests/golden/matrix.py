@@ -18,9 +18,6 @@ from pathlib import Path
 
 root = Path(__file__).parents[2]
 work = root / "build/matrix"
-toolchains = root / "cmake/toolchains"
-wine = ["/usr/lib/wine/wine64"]
-wine_32 = root / "tests/windows/wine32.sh"
 
 
 @dataclass
@@ -44,8 +41,6 @@ class Build:
 
     def missing(self) -> list[str]:
         tools = [self.compiler, *self.needs, *self.runner[:1]]
-        if self.runner == [str(wine_32)]:
-            tools.append(str(root / "build/wine32/usr/lib/wine/wine"))
         return [tool for tool in tools if not shutil.which(tool)]
 
     def make(self) -> Path:
@@ -56,7 +51,8 @@ class Build:
         # Only a build type of CMake's has link-time optimisation.
         command.append(f"-DCMAKE_BUILD_TYPE={'Release' if self.with_lto else ''}")
         if self.toolchain:
-            command.append(f"-DCMAKE_TOOLCHAIN_FILE={toolchains / self.toolchain}.cmake")
+            toolchain = root / f"cmake/toolchains/{self.toolchain}.cmake"
+            command.append(f"-DCMAKE_TOOLCHAIN_FILE={toolchain}")
         if not self.toolchain or self.compiler == "clang++":
             command.append(f"-DCMAKE_CXX_COMPILER={self.compiler}")
         run(command)
@@ -74,43 +70,33 @@ def run(command: list[str]) -> None:
 
 
 def all_builds() -> list[Build]:
-    linux_32 = "/usr/i686-linux-gnu/lib"
-    runner_32 = [f"{linux_32}/ld-linux.so.2", "--library-path", linux_32]
-    builds = []
-    for bits in (64, 32):
-        for compiler in ("g++", "clang++"):
-            for level in ("-O0", "-O1", "-O2", "-O3", "-O3 -march=x86-64-v3", "-O3 and LTO"):
-                builds.append(
-                    Build(
-                        f"Linux, x86, {bits} bit", compiler, level.removesuffix(" and LTO"),
-                        with_lto=level.endswith("LTO"),
-                        has_vector_units=bits == 64,
-                        toolchain="linux-32" if bits == 32 else "",
-                        runner=runner_32 if bits == 32 else [],
-                        needs=["i686-linux-gnu-g++"] if bits == 32 else [],
-                    )
-                )
-    for processor, name in (("aarch64", "AArch64"), ("s390x", "s390x, big-endian")):
-        qemu = f"qemu-{processor}-static"
-        builds.append(
-            Build(
-                f"Linux, {name}", f"{processor}-linux-gnu-g++", "-O2", processor,
-                runner=[qemu, "-L", f"/usr/{processor}-linux-gnu"],
-            )
-        )
-    builds.append(
+    levels = ("-O0", "-O1", "-O2", "-O3", "-O3 -march=x86-64-v3", "-O3 and LTO")
+    library_32 = "/usr/i686-linux-gnu/lib"
+    only_32 = {
+        "toolchain": "linux-32", "needs": ["i686-linux-gnu-g++"],
+        "runner": [f"{library_32}/ld-linux.so.2", "--library-path", library_32],
+    }
+    builds = [
         Build(
-            "Windows, 64 bit", "x86_64-w64-mingw32-g++-posix", "-O2", "windows-64", runner=wine,
+            f"Linux, x86, {bits} bit", compiler, level.removesuffix(" and LTO"),
+            with_lto=level.endswith("LTO"), **(only_32 if bits == 32 else {"has_vector_units": True}),
         )
-    )
-    builds.append(
-        Build(
-            "Windows, 32 bit", "i686-w64-mingw32-g++-posix", "-O2", "windows-32",
-            runner=[str(wine_32)],
-        )
-    )
-    builds.append(Build("WebAssembly", "em++", "-O2", "wasm", runner=["node"]))
+        for bits in (64, 32) for compiler in ("g++", "clang++") for level in levels
+    ]
+    for platform, compiler, toolchain, runner, *needs in (
+        ("Linux, AArch64", "aarch64-linux-gnu-g++", "aarch64", qemu("aarch64")),
+        ("Linux, s390x, big-endian", "s390x-linux-gnu-g++", "s390x", qemu("s390x")),
+        ("Windows, 64 bit", "x86_64-w64-mingw32-g++-posix", "windows-64", ["/usr/lib/wine/wine64"]),
+        ("Windows, 32 bit", "i686-w64-mingw32-g++-posix", "windows-32",
+         [str(root / "tests/windows/wine32.sh")], str(root / "build/wine32/usr/lib/wine/wine")),
+        ("WebAssembly", "em++", "wasm", ["node"]),
+    ):
+        builds.append(Build(platform, compiler, "-O2", toolchain, runner=runner, needs=needs))
     return builds
+
+
+def qemu(processor: str) -> list[str]:
+    return [f"qemu-{processor}-static", "-L", f"/usr/{processor}-linux-gnu"]
 
 
 def quick_builds() -> list[Build]:

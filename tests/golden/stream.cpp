@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The arguments of the golden program, and the numbers of its results.
+// The arguments of the golden program, the numbers of its results, and its tables of rows.
 
 #include "golden/golden.h"
 
@@ -56,15 +56,9 @@ void Stream::fill(mgXform_c &x) {
 }
 
 void Stream::fill(mgPerspInfo_c &info) {
-    mgPoint_c const eye = point();
-    info = mgPerspInfo_c(eye.x(), eye.y(), eye.z(), next());
+    info = mgPerspInfo_c{next(), next(), next(), next()};
     info.setMinFarClipPlaneDistance(next());
     info.setCameraFOVPlaneDistance(below(3) == 0 ? 0.0 : next());
-}
-
-void Stream::fill(mgModelPerspInfo_c &info) {
-    fill(static_cast<mgPerspInfo_c &>(info));
-    info.setModelViewDir(direction());
 }
 
 void Stream::fill(mgGenXform_c &x) {
@@ -75,46 +69,12 @@ void Stream::fill(mgGenXform_c &x) {
     x.set(&body, scales);
 }
 
-void Stream::fill(mgBBox_c &box) {
-    double corners[6];
-    fill(corners);
-    box.set(corners);
-}
-
-void Stream::fill(mgCone_c &cone) {
-    mgPoint_c const root = point();
-    mgUnitVector_c const axis = direction();
-    double const radius = next();
-    cone = mgCone_c(root, axis, radius, next());
-}
-
-void Stream::fill(mgCylinder_c &cylinder) {
-    mgPoint_c const root = point();
-    mgUnitVector_c const axis = direction();
-    cylinder = mgCylinder_c(root, axis, next());
-}
-
 void Stream::fill(mgArc_c &arc) {
     mgPoint_c const centre = point(), start = point(), end = point();
     mgUnitVector_c const normal = direction();
     double const radius = next(), from = next();
     arc = below(2) == 0 ? mgArc_c(normal, centre, start, end)
                         : mgArc_c(normal, centre, radius, from, next());
-}
-
-void Stream::fill(mgGeneralBox_c &box) {
-    mgPoint_c const corner = point();
-    mgUnitVector_c const a = direction(), b = direction();
-    double lengths[3];
-    fill(lengths);
-    box = {corner, a, b, std::fabs(lengths[0]), lengths[1], lengths[2]};
-}
-
-void Stream::fill(mgParallelogram_c &area) {
-    mgPoint_c const corner = point();
-    mgUnitVector_c const a = direction(), b = direction();
-    double const length = next();
-    area = {corner, a, b, std::fabs(length), next()};
 }
 
 void Stream::fill(ellipseEdgeData &ellipse) {
@@ -154,10 +114,6 @@ void Bits::take(mgPerspInfo_c const &info) {
         info.getCameraFOVPlaneDistance());
 }
 
-void Bits::take(mgModelPerspInfo_c const &info) {
-    add(static_cast<mgPerspInfo_c const &>(info), info.getModelViewDir());
-}
-
 void Bits::take(mgArc_c const &arc) {
     mgPoint_c centre, start, end;
     mgUnitVector_c normal;
@@ -172,5 +128,28 @@ void Bits::take(mgParallelogram_c const &area) {
     add(area.isValid(), area.getExtremPts(mgUnitVector_c(1.0, 2.0, 3.0), low, high));
     add(low, high);
 }
+
+void nameRows(Table &rows, std::string names) {
+    for (std::size_t k = 0; k < rows.size(); ++k) {
+        std::size_t const end = k + 1 < rows.size() ? names.find(", ") : names.size();
+        std::string const name = names.substr(0, end);
+        rows[k].name = name[0] == '&' ? name.substr(1) : name;
+        names.erase(0, end + 2);
+    }
+}
+
+Table joined(std::initializer_list<Table> tables) {
+    Table all;
+    for (Table const &table : tables) all.insert(all.end(), table.begin(), table.end());
+    return all;
+}
+
+Table trigonometric(std::initializer_list<Table> tables) {
+    Table rows = joined(tables);
+    for (Row &row : rows) row.isExact = false;
+    return rows;
+}
+
+Table allRows() { return joined({transformRows(), boundsRows(), queryRows(), supportRows()}); }
 
 } // namespace golden

@@ -127,35 +127,16 @@ void arrays(Stream &in, Bits &out) {
     int const items[] = {3, 1, 4, 1};
     amDynamicArrayAdd(other, items);
     for (int round = 0; round < 20; ++round) {
-        int const at = in.below(6), n = in.below(5);
-        switch (in.below(9)) {
-        case 0:
-            become(amDynamicArrayAppend(list, other));
-            break;
-        case 1:
-            become(amDynamicArrayInsertAt(list, at, items, n));
-            break;
-        case 2:
-            amDynamicArraySetAt(list, items, at, n);
-            break;
-        case 3:
-            amDynamicArrayRemoveAt(list, at, n);
-            break;
-        case 4:
-            amDynamicArrayResize(list, 6 + n);
-            break;
-        case 5:
-            out.add(amDynamicArrayReverseFromTo(list, at, at + n));
-            break;
-        case 6:
-            become(amDynArrayRealloc(list, 5 * at));
-            break;
-        case 7:
-            become(amDynamicArrayFreeExtra(list, 0.25));
-            break;
-        default:
-            become(amDynamicArrayAdd(list, &round));
-        }
+        int const at = in.below(6), n = in.below(5), operation = in.below(9);
+        if (operation == 0) become(amDynamicArrayAppend(list, other));
+        if (operation == 1) become(amDynamicArrayInsertAt(list, at, items, n));
+        if (operation == 2) amDynamicArraySetAt(list, items, at, n);
+        if (operation == 3) amDynamicArrayRemoveAt(list, at, n);
+        if (operation == 4) amDynamicArrayResize(list, 6 + n);
+        if (operation == 5) out.add(amDynamicArrayReverseFromTo(list, at, at + n));
+        if (operation == 6) become(amDynArrayRealloc(list, 5 * at));
+        if (operation == 7) become(amDynamicArrayFreeExtra(list, 0.25));
+        if (operation == 8) become(amDynamicArrayAdd(list, &round));
         void *const copy = amDynamicArrayCopy(list, round % 2);
         int growStep = 0, growMode = 0, size = 0;
         suDynamicGetStats(copy, &growStep, &growMode, &size);
@@ -205,63 +186,54 @@ void selection(Stream &in, Bits &out) {
     add(b);
 }
 
-std::vector<Row> const exact = {
-    RECORD(mgPoint_c, CArchive, save, restore),
-    RECORD(mgPoint_c, CArchive, save2D, restore2D),
-    RECORD(mgPoint_c, su_CArchive, put, get),
-    {"mgVector_c restore", readNumbers<mgVector_c>},
-    {"mg2DPoint_c restore", readNumbers<mg2DPoint_c>},
-    RECORD(mgMatrix_c, su_CArchive, save, restore),
-    RECORD(mgMatrix_c, su_CArchive, save, restoreAsIs),
-    RECORD(mgMatrix_c, CArchive, save, restore),
-    RECORD(mgMatrix_c, CArchive, save, restoreAsIs),
-    RECORD(mgXform_c, su_CArchive, save, restore),
-    RECORD(mgXform_c, su_CArchive, save, restoreAsIs),
-    RECORD(mgXform_c, CArchive, save, restore),
-    RECORD(mgXform_c, CArchive, save, restoreAsIs),
-    RECORD(mgXform_c, su_CArchive, put, get),
-    RECORD(mgPerspInfo_c, su_CArchive, save, restore),
-    RECORD(mgModelPerspInfo_c, su_CArchive, save, restore),
-    RECORD(mgBBox_c, su_CArchive, save, restore),
-    RECORD(mgLine_c, su_CArchive, save, restore),
-    RECORD(mgPlane_c, su_CArchive, save, restore),
-    RECORD(mgCone_c, su_CArchive, save, restore),
-    RECORD(mgPrimitiveBodyData_c, su_CArchive, save, restore),
-    RECORD(mgPrimitiveBodyData_c, CArchive, save, restore),
-    {"text of mgBBox_c", text<mgBBox_c>},
-    {"text of mgXform_c", text<mgXform_c>},
-    {"items of an archive", items},
-    {"CString::Format", format},
-    {"dump", dump},
-
-    {"arrays for C callers", arrays},
-    {"lists of int", lists<int>},
-    {"lists of double", lists<double>},
-    {"lists of mgPoint_c", lists<mgPoint_c>},
-    {"lists of mgVector_c", lists<mgVector_c>},
-    {"lists of mgIndexPair_c", lists<mgIndexPair_c>},
-    {"uoSelectType_c", selection<uoSelectType_c, uoSelTypes_e>},
-    {"uoSelectConstraint_c", selection<uoSelectConstraint_c, uoSelConstraint_e>},
-
-    GOLDEN(gfxmath_add),
-    GOLDEN(gfxmath_subtract),
-    GOLDEN(gfxmath_dot_product),
-    GOLDEN(gfxmath_cross_product),
-    GOLDEN(gfxmath_length),
-    GOLDEN(gfxmath_normalise),
-    GOLDEN(gfxmath_mult_point_by_matrix),
-    GOLDEN(gfxmath_mult_vector_by_matrix),
-    GOLDEN(gfxmath_mult_matrix),
-    GOLDEN(gfxmath_triangle_normal),
-    GOLDEN(gfxmath_triangle_normal_scale),
-    GOLDEN(gfxmath_triangle_normal_negative_scale)};
-
-std::vector<Row> const trigonometric = {GOLDEN(gfxmath_rotate_axis),
-                                        GOLDEN(gfxmath_cartesian_to_spherical_normal),
-                                        GOLDEN(gfxmath_spherical_to_cartesian_normal)};
-
 } // namespace
 
-Rows supportRows() { return {exact, trigonometric}; }
+Table supportRows() {
+    return joined({
+        {RECORD(mgPoint_c, CArchive, save, restore),
+         RECORD(mgPoint_c, CArchive, save2D, restore2D),
+         RECORD(mgPoint_c, su_CArchive, put, get),
+         {"mgVector_c restore", readNumbers<mgVector_c>},
+         {"mg2DPoint_c restore", readNumbers<mg2DPoint_c>},
+         RECORD(mgMatrix_c, su_CArchive, save, restore),
+         RECORD(mgMatrix_c, su_CArchive, save, restoreAsIs),
+         RECORD(mgMatrix_c, CArchive, save, restore),
+         RECORD(mgMatrix_c, CArchive, save, restoreAsIs),
+         RECORD(mgXform_c, su_CArchive, save, restore),
+         RECORD(mgXform_c, su_CArchive, save, restoreAsIs),
+         RECORD(mgXform_c, CArchive, save, restore),
+         RECORD(mgXform_c, CArchive, save, restoreAsIs),
+         RECORD(mgXform_c, su_CArchive, put, get),
+         RECORD(mgPerspInfo_c, su_CArchive, save, restore),
+         RECORD(mgModelPerspInfo_c, su_CArchive, save, restore),
+         RECORD(mgBBox_c, su_CArchive, save, restore),
+         RECORD(mgLine_c, su_CArchive, save, restore),
+         RECORD(mgPlane_c, su_CArchive, save, restore),
+         RECORD(mgCone_c, su_CArchive, save, restore),
+         RECORD(mgPrimitiveBodyData_c, su_CArchive, save, restore),
+         RECORD(mgPrimitiveBodyData_c, CArchive, save, restore),
+         {"text of mgBBox_c", text<mgBBox_c>},
+         {"text of mgXform_c", text<mgXform_c>},
+         {"items of an archive", items},
+         {"CString::Format", format},
+         {"dump", dump},
+         {"arrays for C callers", arrays},
+         {"lists of int", lists<int>},
+         {"lists of double", lists<double>},
+         {"lists of mgPoint_c", lists<mgPoint_c>},
+         {"lists of mgVector_c", lists<mgVector_c>},
+         {"lists of mgIndexPair_c", lists<mgIndexPair_c>},
+         {"uoSelectType_c", selection<uoSelectType_c, uoSelTypes_e>},
+         {"uoSelectConstraint_c", selection<uoSelectConstraint_c, uoSelConstraint_e>}},
+        GOLDEN(gfxmath_add, gfxmath_subtract, gfxmath_dot_product, gfxmath_cross_product,
+               gfxmath_length, gfxmath_normalise, gfxmath_mult_point_by_matrix,
+               gfxmath_mult_vector_by_matrix, gfxmath_mult_matrix, gfxmath_triangle_normal,
+               gfxmath_triangle_normal_scale, gfxmath_triangle_normal_negative_scale),
+        trigonometric({
+            GOLDEN(gfxmath_rotate_axis, gfxmath_cartesian_to_spherical_normal,
+                   gfxmath_spherical_to_cartesian_normal),
+        }),
+    });
+}
 
 } // namespace golden

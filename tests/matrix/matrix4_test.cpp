@@ -9,8 +9,6 @@ namespace {
 
 using namespace common;
 
-static_assert(std::is_trivially_copyable_v<mgMatrix4_c>);
-
 template <class Operand>
 constexpr bool isMultiplied = std::is_invocable_v<std::multiplies<>, mgMatrix4_c, Operand>;
 static_assert(isMultiplied<V> && isMultiplied<U>);
@@ -144,8 +142,7 @@ TEST(Matrix4, AStepTooSmallToTellItsAxisRotatesAboutX) {
         auto const expected = mgMatrix4_c::rotationMatrix({1, 0, 0}, rotated);
         EXPECT_LT(mgMatrix4_c::interpolate({}, to, 0.5).distTo(expected), 1e-12) << angle;
     };
-    check({1, 0, 0}, 9.9e-5, 9.9e-5 / 2);
-    check({0, 1, 0}, 9.9e-5, 0), check({0, 0, 1}, -9.9e-5, 0);
+    check({1, 0, 0}, 9.9e-5, 9.9e-5 / 2), check({0, 1, 0}, 9.9e-5, 0), check({0, 0, 1}, -9.9e-5, 0);
     auto const to = mgMatrix4_c::rotationMatrix({0, 0, 1}, -1.01e-4); // large enough
     EXPECT_BITS_EQ(U::zAxis(), to.getRotationAxis());
 }

@@ -23,8 +23,7 @@ TEST(NullSpace, DimensionGoesByFixedBounds) {
     check(0, {1, -1, more}), check(1, {1, -1, more}, true);
     check(3, {tiny, -tiny, tiny}), check(2, {tiny, 1e-8, -tiny});
     // The square of 1e-08 is the bound of the cross product, a step above 1e-16.
-    check(1, {1, 1e-8, 0}), check(2, {1, tiny, 0});
-    check(0, {kNaN, 1, 1});
+    check(1, {1, 1e-8, 0}), check(2, {1, tiny, 0}), check(0, {kNaN, 1, 1});
 }
 
 double longestColumn(mgMatrix_c const &m) {

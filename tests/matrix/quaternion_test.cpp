@@ -7,8 +7,6 @@ namespace {
 
 using namespace common;
 
-static_assert(std::is_trivially_copyable_v<mgQuaternion_c>);
-
 template <class... From>
 constexpr bool noneConverts = !(std::is_constructible_v<mgQuaternion_c, From> || ...);
 static_assert(noneConverts<V, U, P, mgVector4_c, double const *, int>);

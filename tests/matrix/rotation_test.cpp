@@ -47,8 +47,7 @@ TEST(Rotation, QuarterTurnsSnapStrictlyWithinTheTolerance) {
             EXPECT_BITS_EQ(snapped, mg_RotationMatrix(angle - 6.2831853071796, z, 2e-3));
         }
     };
-    check(1.5707963267949, 0, 1), check(3.1415926535898, -1, 0);
-    check(4.7123889803847, 0, -1);
+    check(1.5707963267949, 0, 1), check(3.1415926535898, -1, 0), check(4.7123889803847, 0, -1);
     double const rows[][3] = {{1, 1e-3, above(1e-3)}, // the identity, angle, tolerance
                               {0, 1e-3, 1e-3},
                               {1, 1e-7 - 3.0 * 6.2831853071796, 1e-6}, // fmod keeps the sign
@@ -64,8 +63,7 @@ TEST(Rotation, WithoutAnAxisKeepsTheSignOfTheCosine) {
         for (int k = 0; k < 9; ++k) EXPECT_EQ(k % 4 == 0 ? diagonal : 0.0, m[k]) << angle;
     };
     check(1, 1, {}), check(-1, 2, {3e-9, 0, 0});
-    check(0, 1.5707963267949, {}), check(-1, 2, {kNaN, 1, 0});
-    check(0, kNaN, x);
+    check(0, 1.5707963267949, {}), check(-1, 2, {kNaN, 1, 0}), check(0, kNaN, x);
 }
 
 TEST(Rotation, AngleAboutANegativeAxisIsZero) {

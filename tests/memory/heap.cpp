@@ -36,7 +36,7 @@ bool grants() {
 }
 
 void *handOut(void *block) {
-    if (block != nullptr) ++heap::held;
+    heap::held += block != nullptr;
     return block;
 }
 
@@ -45,7 +45,7 @@ void *take(std::size_t size) {
 }
 
 void giveBack(void *block) {
-    if (block != nullptr) --heap::held;
+    heap::held -= block != nullptr;
     VEXMATH_TEST_HEAP(free)(block);
 }
 

@@ -3,13 +3,7 @@
 
 #include <vexmath_platform/archive.h>
 
-#include <cmath>
-#include <cstring>
-#include <limits>
-#include <sstream>
-#include <string>
-
-#include <gtest/gtest.h>
+#include "common/numbers.h"
 
 namespace {
 
@@ -20,11 +14,7 @@ std::string stored(T value) {
     return stream.str();
 }
 
-std::string bytes(std::initializer_list<int> values) {
-    std::string result;
-    for (int value : values) result += static_cast<char>(value);
-    return result;
-}
+std::string bytes(std::initializer_list<int> values) { return {values.begin(), values.end()}; }
 
 /// Reads the value back to the bit, and refuses every shorter stream without touching the target.
 template <class T>
@@ -36,11 +26,11 @@ void CheckRoundTrip(T value, std::size_t size) {
     su_CArchive(stream) >> back;
     EXPECT_EQ(0, std::memcmp(&value, &back, sizeof value));
 
-    for (std::size_t length = 0; length < size; ++length) {
-        std::stringstream cut(whole.substr(0, length));
-        T target{42};
-        EXPECT_THROW(su_CArchive(cut) >> target, su_CArchiveError) << length;
-        EXPECT_EQ(T{42}, target) << length;
+    while (size-- > 0) {
+        std::stringstream cut(whole.substr(0, size));
+        back = T{42};
+        EXPECT_THROW(su_CArchive(cut) >> back, su_CArchiveError) << size;
+        EXPECT_EQ(T{42}, back) << size;
     }
 }
 
@@ -52,12 +42,8 @@ TEST(Archive, ItemsAreLittleEndianAndOfFixedWidth) {
 
 TEST(Archive, ItemsReadBackToTheBitAndNeverShort) {
     CheckRoundTrip(static_cast<unsigned char>(255), 1);
-    CheckRoundTrip(std::numeric_limits<int>::min(), 4);
-    CheckRoundTrip(0xFFFFFFFFul, 4);
+    CheckRoundTrip(std::numeric_limits<int>::min(), 4), CheckRoundTrip(0xFFFFFFFFul, 4);
     CheckRoundTrip(std::nan("0x5ca1e"), 8);
-}
-
-TEST(Archive, AFailingStreamIsAnError) {
     std::stringstream full;
     full.setstate(std::ios::badbit);
     EXPECT_THROW(su_CArchive(full) << 1, su_CArchiveError);

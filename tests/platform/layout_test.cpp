@@ -4,8 +4,19 @@
 #include <vexmath/vexmath.h>
 
 #include <cstddef>
+#include <type_traits>
 
 namespace {
+
+// Callers copy these by memcpy, pass them as arrays and overlay them on their own structures.
+template <class... T>
+constexpr bool arePlain = (...
+                           && (std::is_trivially_copyable_v<T> && std::is_standard_layout_v<T>));
+static_assert(
+    arePlain<mgVector_c, mgPoint_c, mgUnitVector_c, gcMdiPoint_c, mg2DPoint_c, mgVector4_c,
+             mgTessPoint2D_c, mgQuaternion_c, mgMatrix_c, mgMatrix4_c, mgXform_64BitHelper_c,
+             mgBBox_c, mgParallelogram_c, mgGeneralBox_c, mgLine_c, mgPlane_c>);
+static_assert(std::is_standard_layout_v<mgXform_c> && !std::is_trivially_copyable_v<mgXform_c>);
 
 /// Where a number begins in a class: at a multiple of 8, except on 32-bit Linux on x86.
 constexpr std::size_t kStep = alignof(mgVector_c);

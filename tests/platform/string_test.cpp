@@ -6,10 +6,7 @@
 #include <vexmath_platform/string.h>
 #include <vexmath_platform/word_array.h>
 
-#include <sstream>
-#include <string>
-
-#include <gtest/gtest.h>
+#include "common/numbers.h"
 
 namespace {
 

@@ -24,9 +24,9 @@ V endOf(mgArc_c const &arc) {
 TEST(Arc, FromPointsSweepsCounterClockwiseAboutTheNormal) {
     P const c(3, -2, 1), at = c + V(2, 0, 0);
     mgArc_c const full(up, c, at, c + V(7, 0, 0));
-    EXPECT_EQ(6.283185307179586, full.getEndAngleInRadians());
     EXPECT_EQ(2.0, full.getRadius());
     EXPECT_EQ(0.0, full.getStartAngleInRadians());
+    EXPECT_EQ(6.283185307179586, full.getEndAngleInRadians());
     auto const check = [](double startDeg, double sweepDeg, mgArc_c const &arc, Caller = {}) {
         EXPECT_NEAR(startDeg, arc.getOglStartAngle(), 1e-11);
         EXPECT_NEAR(sweepDeg, arc.getOglSweepAngle(), 1e-11);
@@ -44,11 +44,8 @@ TEST(Arc, EndsAreComputedInThePlaneOfTheCentresZ) {
     mgArc_c arc(right, {1, 2, 3}, {1, 4, 3}, {1, 2, 5});
     P centre, start, end, computed;
     U normal;
-    arc.getCenter(centre);
-    arc.getStart(start);
-    arc.getEnd(end);
-    arc.getStartPoint(computed);
-    arc.getNormal(normal);
+    arc.getCenter(centre), arc.getStart(start), arc.getEnd(end);
+    arc.getStartPoint(computed), arc.getNormal(normal);
     EXPECT_BITS_EQ(P(1, 2, 3), centre);
     EXPECT_BITS_EQ(P(1, 4, 3), start);
     EXPECT_BITS_EQ(P(1, 2, 5), end);

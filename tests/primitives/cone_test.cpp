@@ -99,8 +99,7 @@ TEST(Cylinder, EquivalenceNeedsRadii) {
     auto const check = [](int same, double r1, double r2, double x, U const &axis, Caller = {}) {
         EXPECT_EQ(same, mgCylinder_c({}, up, r1).isEquivalent({{x, 0, 7}, axis, r2})) << r2;
     };
-    check(1, 1, 1 + 9e-9, 9e-9, up);
-    check(0, 5e-9, 0, 0, up), check(0, 0, 5e-9, 0, up);
+    check(1, 1, 1 + 9e-9, 9e-9, up), check(0, 5e-9, 0, 0, up), check(0, 0, 5e-9, 0, up);
     check(0, 1, 1 + 1.1e-8, 0, up), check(1, 5e-8, 5e-8, 0, up);
     check(1, 1, 1, 0, U(0.95e-12, 0, 1)), check(0, 1, 1, 0, U(0, 1.05e-12, 1));
     check(0, 1, 1, 0, -up);

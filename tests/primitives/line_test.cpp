@@ -7,16 +7,7 @@ namespace {
 
 using namespace common;
 
-static_assert(std::is_trivially_copyable_v<mgPlane_c> && std::is_standard_layout_v<mgLine_c>);
 static_assert(!std::is_convertible_v<mgLine_c, mgPlane_c>);
-
-static_assert(areNumbered(mgIntersect_Coincident, mgIntersect_Parallel, mgIntersect_Point,
-                          mgIntersect_TwoPoints, mgIntersect_None));
-static_assert(areNumbered(mgLinePlane_InPlane, mgLinePlane_Parallel, mgLinePlane_Point,
-                          mgLinePlane_Failed));
-static_assert(areNumbered(mgPlnPln_Coincident, mgPlnPln_Parallel, mgPlnPln_Line, mgPlnPln_Failed));
-static_assert(areNumbered(mgLineCircle_Tangent, mgLineCircle_ThroughCentre, mgLineCircle_Secant,
-                          mgLineCircle_Miss));
 
 U const x(1, 0, 0);
 mgLine_c const alongX(P(1, 0, 3), x);

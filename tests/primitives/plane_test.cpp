@@ -18,8 +18,7 @@ TEST(Plane, ToleranceIsStrictAndOrientationCountsForEquivalence) {
         EXPECT_EQ(coincident, ground.isCoincidentWith({P(7, 7, height), n}));
         EXPECT_EQ(equivalent, ground.isEquivalent({P(7, 7, height), n}));
     };
-    check(0, z, 1, 1), check(0, -z, 1, 0);
-    check(1, z, 0, 0), check(0, U(1, 0, 1), 0, 0);
+    check(0, z, 1, 1), check(0, -z, 1, 0), check(1, z, 0, 0), check(0, U(1, 0, 1), 0, 0);
     check(0, U(0.95e-12, 0, 1), 1, 1), check(0, U(0, 1.05e-12, 1), 1, 0);
 }
 
@@ -39,8 +38,7 @@ TEST(Plane, APointInThePlaneCountsAsOnTheNegativeSide) {
     auto const check = [](int cuts, double a, double b, double tol, Caller = {}) {
         EXPECT_EQ(cuts, raised.cutLineSegment(P(0, 0, 4 + a), P(1, 0, 4 + b), tol));
     };
-    check(1, 0, 1, 0), check(0, 0, -1, 0);
-    check(0, 2, 0.5, 0.5);
+    check(1, 0, 1, 0), check(0, 0, -1, 0), check(0, 2, 0.5, 0.5);
     check(1, 2, 0.5, above(0.5)), check(1, 0.5, 2, above(0.5));
     check(0, 5e-8, 1, 0), check(0, 1, 5e-8, 0);
 }

@@ -35,16 +35,13 @@ struct Many {
             boxes.emplace_back(in.point(), 1.0);
             placements.push_back(in.placement());
         }
-        for (int k = 0; k < kPoints; ++k) {
-            points.Add(in.point());
-            plane.Add({in.next(), in.next()});
-        }
+        for (int k = 0; k < kPoints; ++k) points.Add(in.point()), plane.Add({in.next(), in.next()});
         index.build(boxes.data(), nullptr, kBoxes);
         placed.build(boxes.data(), placements.data(), kBoxes);
     }
     std::vector<mgBBox_c> boxes;
     std::vector<mgXform_c> placements;
-    suDynamicArray<mgPoint_c> points;
+    List points;
     suDynamicArray<mg2DPoint_c> plane;
     mgBoxIndex_c index, placed;
 };
@@ -59,14 +56,14 @@ void addFound(Bits &out, Find const &find) {
 
 void search(Many const &many, Bits &out) {
     mgBBox_c const *const boxes = many.boxes.data();
+    mgXform_c const *const placements = many.placements.data();
     int const n = Many::kBoxes, some[] = {3, 50, 3};
     mgPoint_c const &p = many.points[0];
     mgUnitVector_c const dir(1.0, 2.0, 3.0);
     mgPoint_c hit;
     addFound<Pair>(out, [&](auto &to) { return mg_FindClashes(boxes, n, 0.1, to); });
     addFound<Pair>(out, [&](auto &to) { return mg_FindClashes(boxes, n, boxes, n, 0.1, to); });
-    addFound<Pair>(out,
-                   [&](auto &to) { return mg_FindClashes(boxes, many.placements.data(), n, to); });
+    addFound<Pair>(out, [&](auto &to) { return mg_FindClashes(boxes, placements, n, to); });
     for (mgBoxIndex_c const *const index : {&many.index, &many.placed}) {
         addFound<Pair>(out, [&](auto &to) { return index->clashes(0.1, to); });
         addFound<Pair>(out, [&](auto &to) { return index->clashesOf(some, 3, 0.1, to); });
@@ -76,7 +73,7 @@ void search(Many const &many, Bits &out) {
         out.add(index->firstOnRay(p, dir, &hit));
         out.add(hit);
     }
-    suDynamicArray<mgPoint_c> sorted = many.points;
+    List sorted = many.points;
     suDynamicArray<mg2DPoint_c> plane = many.plane, hull;
     mg_pointQuickSort(sorted.Data(), 0, sorted.Count() - 1);
     out.add(convexHull(plane, hull), uo_GenSelSOLIDBODIESFIRST.contains(uo_GenSelSOLIDBODIES));
@@ -89,20 +86,17 @@ using Results = std::vector<std::pair<std::string, std::uint64_t>>;
 /// Of every exported function, but for those that need a lock: the random direction, which has no
 /// row, and the row that moves the switch of mgBBox_c.
 Results results(Many const &many, bool shares = true) {
-    Results all(1, {"many", 0});
-    for (Rows const &rows : {transformRows(), boundsRows(), queryRows(), supportRows()})
-        for (auto const *const part : {&rows.exact, &rows.trigonometric})
-            for (Row const &row : *part) {
-                if (std::string(row.name) == "without the sphere") continue;
-                Stream in(Numbers::ordinary);
-                if (shares) in.share();
-                Bits out;
-                for (int k = 0; k < 12; ++k) row.run(in, out);
-                all.emplace_back(row.name, out.value());
-            }
-    Bits out;
-    search(many, out);
-    all[0].second = out.value();
+    Bits found;
+    search(many, found);
+    Results all(1, {"many", found.value()});
+    for (Row const &row : allRows()) {
+        if (row.name == "without the sphere") continue;
+        Stream in(Numbers::ordinary);
+        if (shares) in.share();
+        Bits out;
+        for (int k = 0; k < 12; ++k) row.run(in, out);
+        all.emplace_back(row.name, out.value());
+    }
     return all;
 }
 

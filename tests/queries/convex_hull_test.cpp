@@ -128,17 +128,15 @@ TEST(ConvexHull, ChangesNeitherArrayWhenTheHullCannotGrow) {
     }
 }
 
-TEST(ConvexHull, EndsOnHostileValues) {
+TEST(ConvexHull, SortsNaNLast) {
     Random random;
     for (int round = 0; round < 2000; ++round) {
-        List list;
+        Points points({}), hull({});
         for (int i = random.below(40); i >= 0; --i)
-            list.emplace_back(random.hostile(), random.hostile());
-        Points points(list), hull({});
+            points.Add({random.hostile(), random.hostile()});
         convexHull(points, hull);
-        List const sorted = points.list(); // NaN last
-        auto const isNumber = [](Pair const &p) { return !std::isnan(p.first); };
-        ASSERT_TRUE(std::is_partitioned(sorted.begin(), sorted.end(), isNumber));
+        auto const isNumber = [](mg2DPoint_c const &p) { return !std::isnan(p.x()); };
+        ASSERT_TRUE(std::is_partitioned(points.begin(), points.end(), isNumber));
     }
 }
 

@@ -102,10 +102,8 @@ TEST(InsideBox, ACircleTouchesOnEitherSideWithinTheTolerance) {
 TEST(InsideBox, APolylineHasNoClosingSegmentAndNoBadPoint) {
     P const low(0, 0, 0), high(4, 4, 0),
         pts[] = {{-1, 2, 0}, {-1, 9, 0}, {5, 9, 0}, {4, 4, 0}, {1, kNaN, 0}};
-    EXPECT_EQ(Outside, mg_Polyline2DInsideBox(0, nullptr, low, high, 0));
-    EXPECT_EQ(Outside, mg_Polyline2DInsideBox(3, pts, low, high, 0));
-    EXPECT_EQ(Touching, mg_Polyline2DInsideBox(4, pts, low, high, 0));
-    EXPECT_EQ(Outside, mg_Polyline2DInsideBox(5, pts, low, high, 0));
+    for (int const n : {0, 3, 4, 5})
+        EXPECT_EQ(n == 4 ? Touching : Outside, mg_Polyline2DInsideBox(n, pts, low, high, 0));
 }
 
 TEST(PointOnLine, EndsComeBeforeTheMiddleAndAllBoundsAreInclusive) {

@@ -39,8 +39,7 @@ TEST(Planes, ASegmentThatEndsBeforeThePlaneStillTellsTheParameter) {
         EXPECT_BITS_EQ(P(1, 2, height), a);
         EXPECT_BITS_EQ(t, parameter);
     };
-    check(mgLinePlane_Point, 4, 9.99e-9, 4, 0);
-    check(mgLinePlane_Parallel, 4, 1.001e-8, 4, 0);
+    check(mgLinePlane_Point, 4, 9.99e-9, 4, 0), check(mgLinePlane_Parallel, 4, 1.001e-8, 4, 0);
     check(mgLinePlane_Point, -1e-8, -4, -1e-8, 0);
     check(mgLinePlane_Parallel, below(-1e-8), -4, below(-1e-8), 0);
     check(mgLinePlane_InPlane, 0, 0, 0, 0); // neither length nor direction

@@ -71,8 +71,7 @@ TEST(PointSort, AgreesWithItsSteps) {
             check(200, [&] { return P(random.hostile(), random.hostile(), wide()); });
         if (round % 150 != 0) continue;
         int const many = round % 600 == 0 ? 3000 : 400;
-        // Equal in x or altogether, within tolerance in a run or between neighbours alone, 0 and
-        // -0.
+        // Equal in x or altogether, within tolerance in a run or of neighbours alone, 0 and -0.
         check(many, [&] { return P(tied(50, 1), wide(), wide()); });
         check(many, [&] { return P(tied(50, 1) + tied(3, 9e-9), tied(50, 1), wide()); });
         check(400, [&] { return P(tied(50, 1) + tied(2, 9e-9), tied(9, 1), tied(2, 1)); });

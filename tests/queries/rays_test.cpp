@@ -43,8 +43,7 @@ TEST(Rays, RoundShapesAreTestedAsCubes) {
         EXPECT_EQ(hits ? mgIntersect_Coincident : mgIntersect_Parallel,
                   mg_RayIntCylSeg({start, z}, centre, -z, 1.0, 1.0, &out));
     };
-    check(true, std::nextafter(1.0 + 1e-8, 0), 0.9);
-    check(false, 1.0 + 1e-8, 0);
+    check(true, std::nextafter(1.0 + 1e-8, 0), 0.9), check(false, 1.0 + 1e-8, 0);
 }
 
 void CheckCylinder(mgIntersectionType_e type, P const &point, mgLine_c const &ray,
@@ -64,8 +63,7 @@ TEST(Rays, ACylinderIsHitWhereTheRayPassesItsAxis) {
     CheckCylinder(mgIntersect_Coincident, {0.5, 0.5, 9}, {{0.5, 0.5, 9}, z});
 }
 
-/// The cone along z with a slope of 1, between distances 1 and 4 from its apex. All points are
-/// relative to that.
+/// The cone along z of slope 1, from 1 to 4 from its apex, to which all points are relative.
 void CheckCone(mgIntersectionType_e type, P const &point, mgLine_c const &ray,
                double halfAngle = std::atan(1.0), Caller = {}) {
     P out = untouched;

@@ -18,9 +18,7 @@ TEST(Segments, TheFirstEndHasSlackAndTheSecondHasNone) {
         EXPECT_EQ(type, mg_LineSegIntLineSeg(a, out, P(at, -1, 0), P(at, 1, 0), out, 0.5));
     };
     check(Point, -0.125); // the tolerance over the length, 0.5 / 4
-    check(None, below(-0.125));
-    check(Point, 4);
-    check(None, above(4));
+    check(None, below(-0.125)), check(Point, 4), check(None, above(4));
 }
 
 TEST(Segments, MissedEndsAndSkewSegmentsStillWriteThePoint) {
@@ -90,8 +88,7 @@ TEST(Segments2D, CollinearSegmentsGiveTheMiddleOfTheirOverlap) {
             CheckPlanar(type, written, q2 * d, q1 * d, a, 4 * d);
         }
     };
-    check(Coincident, 1, 2, 1.5);
-    check(Coincident, 4 - 2e-8, 7, 4 - 1e-8);
+    check(Coincident, 1, 2, 1.5), check(Coincident, 4 - 2e-8, 7, 4 - 1e-8);
     check(Point, 4 - 8e-9, 7, 4 - 4e-9); // ends within 1e-08 of each other touch
     check(None, 5, 7, 0);
 }

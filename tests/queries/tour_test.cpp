@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Open and closed tours: the library against literal versions of the rules, and the contract of the
-// order.
+// Open and closed tours against literal versions of the rules, and the contract of the order.
 
 #include <numeric>
 #include <tuple>
@@ -115,10 +114,10 @@ TEST(Tour, AgreesWithTheRule) {
         // Clusters whose distances are those of the last neighbours stored.
         check(300, 40,
               [&](int) { return P(random.below(4) * 1.5 + random.unit(), random.unit(), 0); });
-        check(4, closed ? 120 : 60, [&](int) { // clusters and a line: edges far longer than the
-            return random.below(3)             // stored neighbours
-                       ? P(random.below(5) * 1000 + random.unit(), random.unit(), 0)
-                       : P(0, random.uniform(-3000, 3000), 0);
+        // Clusters and a line: edges far longer than the stored neighbours.
+        check(4, closed ? 120 : 60, [&](int) {
+            return random.below(3) ? P(random.below(5) * 1000 + random.unit(), random.unit(), 0)
+                                   : P(0, random.uniform(-3000, 3000), 0);
         });
         if (closed) continue; // for which infinite distances are none
         check(500, 9, [&](int) { return P(random.hostile(), random.hostile(), 0); });
@@ -147,8 +146,7 @@ TEST(Tour, TellsOfTheIndicesAndOfTheNewBlock) {
         EXPECT_EQ(told, order.told);
     };
     P const o, p(1, 1, 0), q(2, 4, 0), r(3, 9, 0);
-    check(mg_OpenTSP, {}, {{0, -1}});
-    check(mg_OpenTSP, {o, p}, {{0, -1}, {0, 0}, {1, 1}});
+    check(mg_OpenTSP, {}, {{0, -1}}), check(mg_OpenTSP, {o, p}, {{0, -1}, {0, 0}, {1, 1}});
     check(mg_OpenTSP, {o, p, q}, {{0, -1}, {0, 0}, {1, 1}, {2, 2}, {0, 2}});
     check(mg_ClosedTSP, {}, {{0, -1}});
     check(mg_ClosedTSP, {o, p, q}, {{0, -1}, {0, 0}, {1, 1}, {2, 2}});

@@ -2,9 +2,10 @@
 # SPDX-License-Identifier: MIT
 """Compiles and runs the C++ blocks of pages, and compares what they print with the block after each.
 
-usage: blocks.py [--update] SOURCE_FOLDER LIBVEXMATH WORK_FOLDER COMPILER PAGE...
+usage: blocks.py [--update] WORK_FOLDER PAGE... -- COMPILER OPTION...
 
-A block is a whole program, or statements that may use all headers. --update writes the outputs.
+A block is a whole program, or statements that may use all headers, with #include lines in front. It
+is skipped when a header that it names is not installed. --update writes the outputs.
 """
 
 import re
@@ -12,53 +13,54 @@ import subprocess
 import sys
 from pathlib import Path
 
-BLOCK = re.compile(r'```cpp\n(.*?)```\n(?:```text\n(.*?)```\n)?', re.S)
-HEADERS = ('algorithm', 'cmath', 'cstdio', 'sstream', 'vector', 'vexmath/vexmath.h')
+BLOCK = re.compile(r'^```cpp\n(.*?)^```\n(?:\s*^```text\n(.*?)^```\n)?', re.S | re.M)
+HEADERS = ('algorithm', 'cmath', 'cstdio', 'cstdlib', 'sstream', 'vector', 'vexmath/vexmath.h')
+SKIPPED = 'skipped: a header is not installed'
 
 
-def program(number, block):
-    """The block as a function. A whole program's main is renamed."""
-    if 'int main()' in block:
-        return block.replace('int main()', f'void block{number}()')
-    return f'void block{number}() {{\n{block}}}\n'
+def function(number: int, block: str) -> str:
+    """The block as a function, behind its headers. A whole program's main is renamed."""
+    headers = re.findall(r'^#include (.*)\n', block, re.M)
+    body = re.sub(r'^#include .*\n', '', block, flags=re.M)
+    name = f'static void block{number}()'
+    body = body.replace('int main()', name) if 'int main()' in body else f'{name} {{\n{body}}}\n'
+    present = ' && '.join(f'__has_include({header})' for header in headers) or '1'
+    includes = ''.join(f'#include {header}\n' for header in headers)
+    return (f'#if {present}\n{includes}{body}#else\n'
+            f'{name} {{ std::fputs("{SKIPPED}", stdout); }}\n#endif\n')
 
 
-def build(blocks, source, library, work, compiler):
-    """One program for all blocks; its argument selects the one to run."""
+def outputs(blocks: list[str], work: Path, command: list[str]) -> list[str]:
+    """What the blocks print, as one program whose argument selects a block."""
     text = ''.join(f'#include <{header}>\n' for header in HEADERS)
-    text += '#include <cstdlib>\n' + '\n'.join(program(i, b) for i, b in enumerate(blocks))
+    text += ''.join(function(*numbered) for numbered in enumerate(blocks))
     text += 'int main(int, char **argv) {\nswitch (std::atoi(argv[1])) {\n'
     text += ''.join(f'case {i}: block{i}(); break;\n' for i in range(len(blocks))) + '}\n}\n'
     work.mkdir(parents=True, exist_ok=True)
     (work / 'blocks.cpp').write_text(text)
-    subprocess.run([compiler, '-std=c++17', '-Wall', '-Wextra', '-Werror', '-Wno-unused-variable',
-                    '-Wno-unused-but-set-variable', '-I', source / 'include', '-I',
-                    source / 'src/platform/include', work / 'blocks.cpp', '-o', work / 'blocks', library,
-                    f'-Wl,-rpath,{library.parent}'], check=True)
+    subprocess.run([command[0], work / 'blocks.cpp', *command[1:], '-o', work / 'blocks'], check=True)
     return [subprocess.run([work / 'blocks', str(i)], check=True, capture_output=True,
                            text=True).stdout for i in range(len(blocks))]
 
 
-def main(arguments):
+def main(arguments: list[str]) -> int:
     update = arguments[0] == '--update'
-    source, library, work = map(Path, arguments[update:update + 3])
-    compiler, *names = arguments[update + 3:]
-    pages = {Path(name): Path(name).read_text() for name in names}
-    found = [(page, m) for page, text in pages.items() for m in BLOCK.finditer(text)]
-    outputs = build([m[1] for _, m in found], source, library.resolve(), work, compiler)
+    command = arguments[arguments.index('--') + 1:]
+    work, *names = map(Path, arguments[update:arguments.index('--')])
+    pages = {name: name.read_text() for name in names}
+    found = [(page, match) for page, text in pages.items() for match in BLOCK.finditer(text)]
     wrong = 0
-    for (page, match), output in zip(found, outputs):
-        if output == (match[2] or ''):
-            continue
-        if update:
-            block = f'```cpp\n{match[1]}```\n'
-            pages[page] = pages[page].replace(match[0], f'{block}```text\n{output}```\n')
-        else:
+    for (page, match), output in zip(found, outputs([m[1] for _, m in found], work, command)):
+        if output == SKIPPED:
+            print(f'{page}: {SKIPPED}:\n{match[1]}')
+        elif output != (match[2] or '') and update:
+            new = f'```cpp\n{match[1]}```\n```text\n{output}```\n'
+            pages[page] = pages[page].replace(match[0], new)
+        elif output != (match[2] or ''):
             wrong += 1
             print(f'{page}: this block\n{match[1]}prints\n{output}instead of\n{match[2]}')
-    if update:
-        for page, text in pages.items():
-            page.write_text(text)
+    for page, text in pages.items() if update else ():
+        page.write_text(text)
     return wrong > 0
 
 

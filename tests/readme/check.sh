@@ -30,7 +30,7 @@ run_program() {
 
 programs=0
 for page in README.md $(grep -o '](\([^):#]*\.md\))' README.md | tr -d '()]' | sort -u); do
-    [[ $page != docs/interop.md && $page != docs/coming-from.md ]] || continue # see interop.py
+    [[ $page != docs/interop.md && $page != docs/coming-from.md ]] || continue # see blocks.py
     mkdir -p "$work/$page"
     awk -v work="$work/$page" '
         /^```(c|cpp)$/ { file = sprintf("%s/%03d.%s", work, ++count, substr($0, 4)); next }

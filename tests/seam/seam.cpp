@@ -20,15 +20,11 @@ int main() {
 
     su_CArchive document;
     mgXform_c placement = mg_RotateXform(1.0, mgVector_c(0, 0, 1), 0.0);
-    box.save(document);
-    placement.save(document);
-    document << point;
+    box.save(document), placement.save(document), document << point;
     mgBBox_c boxBack;
     mgXform_c placementBack;
     mgPoint_c pointBack;
-    boxBack.restore(document);
-    placementBack.restore(document);
-    document >> pointBack;
+    boxBack.restore(document), placementBack.restore(document), document >> pointBack;
     if (!(boxBack == box) || !placementBack.equals(placement) || !(pointBack == point)) return 4;
     if (document.readPosition != document.bytes.size()) return 5;
 

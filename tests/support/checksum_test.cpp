@@ -30,12 +30,9 @@ TEST(Rect, ClosedRectanglesOverlapAtTheirEdges) {
         EXPECT_EQ(expected, mgRect().intersectRect(other, r));
     };
     check(1, {4, 1, 5, 0}); // a corner in common
-    check(0, {above(4.0), 3, 5, 1});
-    check(0, {0, 5, 4, above(3.0)});
-    check(0, {0, kNaN, 4, 1});
+    check(0, {above(4.0), 3, 5, 1}), check(0, {0, 5, 4, above(3.0)}), check(0, {0, kNaN, 4, 1});
     // Right before left: only what covers all between them overlaps.
-    check(1, {4, 3, 0, 1});
-    check(0, {4, 3, below(0.0), 1});
+    check(1, {4, 3, 0, 1}), check(0, {4, 3, below(0.0), 1});
 }
 
 TEST(Rect, NormalizeOrdersTheCorners) {

@@ -43,8 +43,7 @@ TEST(Gfxmath, NormaliseNeedsASquaredLengthAboveItsBound) {
         EXPECT_EQ(expected, v);
     };
     Vec const atMost{std::nextafter(0.001F, 0.0F), 0, 0}; // the float 0.001 is above the number
-    check({0, 0.001F, 0}, 1, {0, 1, 0});
-    check(atMost, 0, atMost);
+    check({0, 0.001F, 0}, 1, {0, 1, 0}), check(atMost, 0, atMost);
     check({1, 2e19F, 0}, 1, {0, 0, 0}); // the square exceeds the range of float
     check({-2, 3, 6}, 1, {-2.0F / 7.0F, 3.0F / 7.0F, 6.0F / 7.0F});
 }
@@ -97,8 +96,7 @@ TEST(Gfxmath, SphericalNormalsAreInverses) {
         EXPECT_EQ(azimuth, sph[1]) << n[0] << " " << n[2];
     };
     float const horizon = 3.55271368e-15F; // latitude 0 as pi / 2 rounded to 13 decimals gives it
-    check({0, 2, 0}, kQuarter, 0);
-    check({0, -2, -0.0F}, -kQuarter, kHalf);
+    check({0, 2, 0}, kQuarter, 0), check({0, -2, -0.0F}, -kQuarter, kHalf);
     check({2, 0, 0}, horizon, kQuarter);
     check({-0.0F, 0, -2}, horizon, kHalf); // +pi, and not -pi
     check({-1e-9F, 0, -2}, horizon, -kHalf);

@@ -45,8 +45,7 @@ void load(T &object, std::string const &record, Read read) {
     EXPECT_EQ(record.size(), static_cast<std::size_t>(memory.stream.tellg()));
 }
 
-/// Checks that the object is stored as this record, and that reading the record into the target
-/// gives the object, while every shorter stream leaves the target unchanged.
+/// The object is stored as this record and read from it; every shorter stream changes no target.
 template <class Archive = su_CArchive, class T, class Read = decltype(restore),
           class Write = decltype(save)>
 void CheckRecord(std::string const &record, T object, T target, Read read = restore,
@@ -177,10 +176,8 @@ TEST(Persistence, DefaultObjectsAreStoredAsTheyAre) {
     auto const check = [](auto object, auto... items) {
         EXPECT_EQ(bytes(static_cast<double>(items)...), stored(object, save));
     };
-    check(mgBBox_c(), 0, 0, 0, -1, -1, -1, 1, 1, 1, -2);
-    check(mgPerspInfo_c(), 0, 0, 0, 0, 0, -1);
-    check(mgModelPerspInfo_c(), 0, 0, 0, 0, 0, -1, 0, 0, 1);
-    check(mgLine_c(), 0, 0, 0, 0, 0, 0);
+    check(mgBBox_c(), 0, 0, 0, -1, -1, -1, 1, 1, 1, -2), check(mgPerspInfo_c(), 0, 0, 0, 0, 0, -1);
+    check(mgModelPerspInfo_c(), 0, 0, 0, 0, 0, -1, 0, 0, 1), check(mgLine_c(), 0, 0, 0, 0, 0, 0);
     check(mgCone_c(), 0, 0, 0, 0, 0, 1, -2, -2);
     check(mgPrimitiveBodyData_c(), 0, 0, 0, 0, 0, 0, 0); // the first and last half are integers
 }

@@ -39,8 +39,8 @@ TEST(TessArc, CountsSegmentsByToleranceBetweenAnEighthAndA120th) {
 
 TEST(TessArc, DegenerateInputMakesNothing) {
     P const p{1, 0, 0}, q{0, 1, 0};
-    EXPECT_EQ(8, segments(1e-09, p, q, 0.01));
-    EXPECT_EQ(0, segments(below(1e-09), p, q, 0.01));
+    for (double const r : {1e-09, below(1e-09)})
+        EXPECT_EQ(r < 1e-09 ? 0 : 8, segments(r, p, q, 0.01));
     EXPECT_EQ(0, segments(1, {5e-10, 5e-10, 0}, q, 0.01));
     EXPECT_EQ(0, segments(1, p, {0, 0, 5e-10}, 0.01));
     EXPECT_EQ(11, segments(1, {1e-09, 0, 0}, q, 0.01));
@@ -93,9 +93,4 @@ TEST(TessArc, TakesItsEndsFromTheListItAppendsTo) {
     ASSERT_EQ(list.Count(), 8 + count + 1);
     EXPECT_BITS_EQ(list[8], onCircle(1, 0));
     EXPECT_BITS_EQ(list[8 + count], onCircle(1, 1));
-}
-
-TEST(TessArc, EndsOnHostileValues) {
-    Hostile h;
-    for (int round = 0; round < 5000; ++round) polylineOf(h, h, h, h);
 }

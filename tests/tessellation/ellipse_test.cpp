@@ -23,12 +23,11 @@ ellipseEdgeData ellipseOf(double a, double b, double from, double to) {
 } // namespace
 
 TEST(TessEllipse, CountsSegmentsByToleranceBetweenTenAndOneAndAHalfDegrees) {
-    // Degrees, tolerance, segments: at least two above 1.5 degrees and three above 3, also where
-    // two steps of 10 degrees are enough.
-    double const rows[][3] = {{360, 0.01, 140}, {100.5, 4, 10},        {100.5, 1e-9, 67},
-                              {100.5, -1, 67},  {1.49, 4, 1},          {1.51, 4, 2},
-                              {2.99, 4, 2},     {3.01, 4, 3},          {29.9, 4, 3},
-                              {41, 4, 4},       {360, 0.00342725, 239}};
+    // Degrees, tolerance, segments: at least two above 1.5 degrees and three above 3.
+    double const rows[][3] = {{360, 0.01, 140}, {100.5, 4, 10},         {100.5, 1e-9, 67},
+                              {100.5, -1, 67},  {1.49, 4, 1},           {1.51, 4, 2},
+                              {2.99, 4, 2},     {3.01, 4, 3},           {29.9, 4, 3},
+                              {41, 4, 4},       {360, 0.00342725, 239}, {100.5, kNaN, 10}};
     for (auto const &[degrees, tol, expected] : rows) {
         double const end = 0.5 + degrees * vexmath::kRadPerDeg;
         EXPECT_EQ(expected, segmentsOf(polylineOf(ellipseOf(10, 4, 0.5, end), tol))) << degrees;
@@ -61,9 +60,4 @@ TEST(TessEllipse, TheEndsOfTheRecordCountAndThoseOfTheCallDoNot) {
     EXPECT_TRUE(areSame(polylineOf(ellipse, 0.01, &start, &end), polylineOf(ellipse, 0.01)));
     ellipse.start = {20, 0, 5}; // off the curve: moved to it, not copied
     EXPECT_BITS_EQ(polylineOf(ellipse, 0.01).front(), P(10, 0, 0));
-}
-
-TEST(TessEllipse, EndsOnHostileValues) {
-    Hostile h;
-    for (int round = 0; round < 5000; ++round) polylineOf(h, h);
 }

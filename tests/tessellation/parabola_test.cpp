@@ -11,8 +11,7 @@ Polyline polylineOf(parabolaEdgeData const &parabola, double tol = 0.01) {
     return outputOf([&](auto &&...out) { mg_TessParabola(&parabola, tol, out...); });
 }
 
-/// The point of the conic with its vertex at (1, 2, 3) and its focus f above it, at a distance
-/// across the axis.
+/// Of the conic with its vertex at (1, 2, 3) and its focus f above, at a distance from the axis.
 P onConic(double f, double e, double across) {
     double const q = f * (1 + e);
     double const height = across * across / (q + std::sqrt(q * q + across * across * (e * e - 1)));

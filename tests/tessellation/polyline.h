@@ -17,8 +17,7 @@ inline bool areSame(Polyline const &a, Polyline const &b) {
            && (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof a[0]) == 0);
 }
 
-/// The points that call(outArray, count, list) returns. Checks both kinds of output: the array is
-/// new or not written, and the list ends with the same points or stays unchanged.
+/// The points that call(outArray, count, list) returns, checked in both kinds of output.
 template <class Call>
 Polyline outputOf(Call call) {
     P *array = nullptr;

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Arrays of points and of transforms, compared with the loop over the single operation; SIMD,
-// compared with the plain steps.
+// Arrays of points and transforms against the loop over the single operation, SIMD against plain.
 
 #include <vexmath/bulk.h>
 
@@ -65,10 +64,8 @@ template <class FactorOf, class MultiplyAll>
 void CheckProducts(Xforms const &given, FactorOf const &factorOf, MultiplyAll const &multiplyAll,
                    Caller = {}) {
     Xforms loop(given.size()), array(given.size());
-    for (std::size_t i = 0; i < given.size(); ++i) {
-        assignRaw(loop[i], given[i]);
-        assignRaw(array[i], given[i]);
-    }
+    for (std::size_t i = 0; i < given.size(); ++i)
+        assignRaw(loop[i], given[i]), assignRaw(array[i], given[i]);
     for (std::size_t i = 0; i < loop.size(); ++i) loop[i] *= factorOf(loop, i);
     multiplyAll(array, static_cast<int>(array.size()));
     for (std::size_t i = 0; i < loop.size(); ++i) {
@@ -92,8 +89,7 @@ TEST(Bulk, MultipliedTransformsAreThoseOfTheLoopToTheBit) {
             }
         };
         Xforms given(static_cast<std::size_t>(random.below(12))), by(given.size() + 1);
-        fill(given);
-        fill(by);
+        fill(given), fill(by);
         if (!given.empty()) by[0] = given[0].inverse(); // a product that is the identity
         CheckProducts(
             given, [&](Xforms const &, std::size_t) -> auto & { return by.back(); },

@@ -73,10 +73,8 @@ TEST(PerspInfo, EqualityComparesEveryMemberExactly) {
     nearOff.setNearClipPlaneDistance(below(4.0));
     farOff.setMinFarClipPlaneDistance(above(one.getMinFarClipPlaneDistance()));
     EXPECT_TRUE(one == mgPerspInfo_c(one));
-    EXPECT_FALSE(one == eyeOff);
-    EXPECT_FALSE(one == nearOff);
-    EXPECT_FALSE(one == farOff);
-    EXPECT_FALSE(one == record(below(2.0)));
+    for (auto const &other : {eyeOff, nearOff, farOff, record(below(2.0))})
+        EXPECT_FALSE(one == other);
 }
 
 } // namespace

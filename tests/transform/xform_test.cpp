@@ -1,22 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The similarity transform: copies that change the value, composition, images of points and
-// vectors, ownership of the perspective record.
-
-#include <cstddef>
-#include <type_traits>
+// Similarity transforms: copies, composition, images, comparison, ownership of the record.
 
 #include "common/geometry.h"
 
 namespace {
 
 using namespace common;
-
-// The rotation comes first.
-static_assert(std::is_standard_layout_v<mgXform_c> && !std::is_trivially_copyable_v<mgXform_c>);
-using Helper = mgXform_64BitHelper_c;
-static_assert(std::is_trivially_copyable_v<Helper> && sizeof(Helper) == sizeof(mgXform_c));
-static_assert(offsetof(Helper, translation) == sizeof(mgMatrix_c));
-static_assert(offsetof(Helper, reflection) == sizeof(mgMatrix_c) + 32);
 
 constexpr double kSmallest = 1.0000000000000002e-13, kLargest = 6e12;
 U const x(1.0, 0.0, 0.0), y(0.0, 1.0, 0.0), z(0.0, 0.0, 1.0);
@@ -139,9 +128,8 @@ TEST(Xform, AxesAreComparedByDirection) {
         mgXform_c const rotated = mg_RotateXform(angle, x, 1e-9);
         return mgXform_c().sameOrParallel(&rotated);
     };
-    EXPECT_EQ(1, parallel(1.414e-4));
-    EXPECT_EQ(1, parallel(3.1415926535898));
-    EXPECT_EQ(0, parallel(1.415e-4));
+    for (double const angle : {1.414e-4, 1.415e-4, 3.1415926535898})
+        EXPECT_EQ(angle != 1.415e-4, parallel(angle));
     int opposite = 7;
     EXPECT_EQ(1, raw(quarter).getNearestAxis({1.0, 1.0, -1.0}, opposite)); // the earlier row
     EXPECT_EQ(0, opposite);
@@ -180,7 +168,7 @@ void CheckRecord(mgXform_c const &form, double planeDistance, Caller = {}) {
 // Run under the address sanitizer, this also counts what is freed and how often.
 TEST(Xform, ARecordIsOwnedByOneTransform) {
     mgXform_c a, b, none;
-    Helper helper;
+    mgXform_64BitHelper_c helper;
     a.addPerspectiveInfo(mgModelPerspInfo_c(1.0, 2.0, 3.0, 4.0)); // by its base fields
     b.addPerspectiveInfo(mgPerspInfo_c(9.0, 9.0, 9.0, 9.0));
     b.addPerspectiveInfo(mgPerspInfo_c(1.0, 2.0, 3.0, 5.0)); // the second stays
@@ -210,8 +198,7 @@ TEST(Xform, AxesAreCopiedFromColumnsAndRows) {
     EXPECT_BITS_EQ(V(4.0, 5.0, 6.0), V(a.y(), b.y(), c.y()));
     form.getIXAxis(&a), form.getIYAxis(&b), form.getIZAxis(&c);
     EXPECT_BITS_EQ(V(2.0, 5.0, 8.0), V(a.y(), b.y(), c.y()));
-    EXPECT_BITS_EQ(raw(mgMatrix_c(1, z, x, y), 5e-9 * x),
-                   mgXform_c(y, z, 5e-9 * x)); // z, x, origin
+    EXPECT_BITS_EQ(raw({z, x, y}, 5e-9 * x), mgXform_c(y, z, 5e-9 * x)); // z, x, origin
 }
 
 } // namespace

@@ -20,10 +20,6 @@ using P2 = mg2DPoint_c;
 
 enum Enumerator { kOne = 1 };
 
-struct Write {
-    template <class S, class T>
-    auto operator()(S &stream, T &value) const -> decltype(stream << value);
-};
 template <class Operator, class A, class B>
 constexpr bool has = std::disjunction_v<std::is_invocable<Operator, A &, B &>,
                                         std::is_invocable<Operator, A const &, B const &>,
@@ -39,8 +35,10 @@ template <class A, class... B>
 constexpr bool equates = (... || hasAny<A, B, std::equal_to<>, std::not_equal_to<>>);
 template <class A>
 constexpr bool isTruth = hasAny<A, bool, std::logical_and<>, std::logical_or<>>;
+constexpr auto write = [](auto &stream, auto &value) -> decltype(void(stream << value)) {};
 template <class A>
-constexpr bool isText = hasAny<std::ostream, A, Write> || hasAny<std::wostream, A, Write>;
+constexpr bool isText =
+    has<decltype(write), std::ostream, A> || has<decltype(write), std::wostream, A>;
 template <class A, class... B>
 constexpr bool makes = (... || std::is_constructible_v<B, A &>);
 
@@ -58,16 +56,13 @@ static_assert(!makes<P, int, double, bool> && !makes<V, int, double> && !makes<P
 static_assert(!makes<int, P, V, U, P2, mgVector4_c>);
 
 // Two doubles are never read, or written, as three or four.
-template <class A>
-using Set = decltype(std::declval<A>().set(std::declval<P2 &>()));
-template <class A>
-using Get = decltype(std::declval<A>().get(std::declval<P2 &>()));
-template <template <class> class Call, class A, class = void>
-constexpr bool accepts = false;
-template <template <class> class Call, class A>
-constexpr bool accepts<Call, A, std::void_t<Call<A>>> = true;
-static_assert(!makes<P2, P, V, U, mgVector4_c>);
-static_assert(!accepts<Set, P &> && !accepts<Set, V &> && !accepts<Set, U &> && !accepts<Get, V &>);
+constexpr auto set = [](auto &a, auto &two) -> decltype(a.set(two)) {};
+constexpr auto get = [](auto &a, auto &two) -> decltype(a.get(two)) {};
+template <class A, class Call>
+constexpr bool accepts = std::is_invocable_v<Call, A &, P2 &>;
+static_assert(!makes<P2, P, V, U, mgVector4_c> && !accepts<V, decltype(get)>);
+static_assert(
+    !accepts<P, decltype(set)> && !accepts<V, decltype(set)> && !accepts<U, decltype(set)>);
 
 // Every mixture of points and vectors has its plain meaning.
 template <class A, class B>
@@ -93,12 +88,9 @@ static_assert(!becomes<V, U> && !becomes<P, U>); // a direction is asked for by 
         points == std::vector<P>(2, p) && maybe == v && std::pair(p, v) != std::pair(q, v);
     return equal && unequal && nested && std::find(points.begin(), points.end(), p) != points.end();
 }
-template <class... A>
-bool compareEach(A const &...a) {
-    return (... && (a == a));
-}
 [[maybe_unused]] bool compareOthers(uoSelectType_c const &types,
                                     uoSelectConstraint_c const &rules) {
+    auto const compareEach = [](auto const &...a) { return (... && (a == a)); };
     return compareEach(mgBBox_c(), mgMatrix_c(), mgMatrix4_c(), mgQuaternion_c(), mgPerspInfo_c(),
                        mgModelPerspInfo_c(), types, rules)
            && types != types && rules != rules;

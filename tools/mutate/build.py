@@ -185,10 +185,10 @@ class Base:
         place = {"LD_LIBRARY_PATH": str(library), "LOCPATH": str(locales)}
         if target != GOLDEN:
             brief = ["--gtest_brief=1", "--gtest_fail_fast=1"]
-            return run([programs / target, *brief], seconds, library, **place)[0] == 0
+            return run([programs / target, *brief], seconds, tree(0), **place)[0] == 0
         expected = (tree(0) / "tests/golden/bits.txt").read_bytes()
         return all(
-            run([programs / target], seconds, library, VEXMATH_USE_VECTOR_UNITS=use, **place)
+            run([programs / target], seconds, tree(0), VEXMATH_USE_VECTOR_UNITS=use, **place)
             == (0, expected)
             for use in ("1", "0")
         )
