@@ -118,7 +118,7 @@ def result(build: Build, program: Path, vector_units: bool) -> tuple[bool, str]:
             "WINEPATH": f"Z:{program.parent / 'vexmath/src'}",
         }
     done = subprocess.run(
-        [str(Path(__file__).with_name("check.py")), *build.runner, str(program)],
+        [str(root / "tests/golden/check.py"), *build.runner, str(program)],
         env=environment, capture_output=True, text=True,
     )
     if done.returncode != 0:
