@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Interference of boxes, also placed ones: which contacts clash; containment; planes and segments.
 
-#include "bounds/lattice.h"
+#include "bounds/boxes.h"
 
 namespace {
 
@@ -43,59 +43,12 @@ TEST(Clash, SphereToleranceIsAFactorOnTheSquaredRadius) {
     CheckClash(0, unit, unit, -1.25); // used as it is: asks for an overlap
 }
 
-/// A box whose sphere and corners need not agree, so that each of them decides in some cases.
-mgBBox_c anyBox(Random &random) {
-    mgBBox_c box(random.triple<P>(-5.0, 5.0), random.triple<P>(-5.0, 5.0));
-    if (random.below(3) != 0) box.setSphereOnly(random.triple<P>(-4.0, 4.0), random.uniform(2, 8));
-    return box;
-}
-
-/// By the functions for single boxes and transforms.
-bool clashLiterally(mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b,
-                    mgXform_c const &xb) {
-    if (!a.isSet() || !b.isSet()) return false;
-    mgXform_c const intoA = xb * xa.inverse();
-    double const distance = (b.sphCenter() * intoA - a.sphCenter()).len();
-    return distance + 1e-08 <= a.sphRadius() + b.sphRadius()
-           && (mgBBox_c(b) *= intoA).clash(&a, 1e-08)
-           && (mgBBox_c(a) *= intoA.inverse()).clash(&b, 1e-08);
-}
-
 void CheckPlacedClash(int expected, mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b,
                       mgXform_c const &xb, Caller = {}) {
     for (int const useVectorUnits : {0, 1}) {
         mg_SetUseVectorUnits(useVectorUnits);
         EXPECT_EQ(expected, mgBBox_c::clash(a, xa, b, xb)) << useVectorUnits;
     }
-}
-
-void CheckLiterally(mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b, mgXform_c const &xb,
-                    int (&counts)[2]) {
-    bool const meet = clashLiterally(a, xa, b, xb);
-    CheckPlacedClash(meet, a, xa, b, xb);
-    ++counts[meet];
-}
-
-TEST(Clash, PlacedBoxesClashAsByTheLiteralSteps) {
-    Random random;
-    int ofAny[2] = {0, 0}, ofMating[2] = {0, 0};
-    for (int k = 0; k < 40000 && !HasFailure(); ++k) {
-        mgXform_c any, other;
-        place(random, random.uniform(0.5, 5.0), 8, any), place(random, 3.0, 8, other);
-        CheckLiterally(anyBox(random), any, anyBox(random), other, ofAny);
-
-        mgXform_c const frame = raw(k % 2 == 0 ? mgMatrix_c() : placement(random).rotation());
-        mgXform_c const xa = matingPlacement(random, frame);
-        mgXform_c const xb = k % 3 == 0 ? raw(xa.rotation(), V(1, 0, 0) * frame, xa.scaling())
-                                        : matingPlacement(random, frame);
-        mgBBox_c c = latticeBox(random), d = latticeBox(random);
-        V const away = k % 5 != 0 ? V() : V(1e7, -2e7, 3e7); // and back, which rounds
-        V const back = (away * xa.rotation()) * xa.scaling();
-        CheckLiterally(c += away, raw(xa.rotation(), xa.translation() - back, xa.scaling()), d, xb,
-                       ofMating);
-    }
-    EXPECT_GT(std::min(ofAny[0], ofAny[1]), 2000);
-    EXPECT_GT(std::min(ofMating[0], ofMating[1]), 1000);
 }
 
 TEST(Clash, ARelativeRotationThatIsFlaggedAsNoneIsNotApplied) {

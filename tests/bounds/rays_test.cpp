@@ -62,28 +62,6 @@ TEST(FirstRayHit, TheRayBeginsAtItsPointAndFacesAreAToleranceWider) {
     CheckFirstHit(mgBBox_c(), {-5, 0, 0}, xAxis); // its corners contain no point
 }
 
-/// Random rays against clipping at each pair of faces.
-TEST(RayHit, ALineHitsBehindItsPointToo) {
-    Random random;
-    for (int n = 0; n < 5000; ++n) {
-        P const p = random.triple<P>(-5, 5), target = random.triple<P>(-1, 3);
-        U const dir = mg_Normalise(target - p);
-        double in = -1e300, out = 1e300;
-        for (int i = 0; i < 3; ++i) {
-            double const a = (box.low()[i] - p[i]) / dir[i], b = (box.high()[i] - p[i]) / dir[i];
-            in = std::max(in, std::min(a, b));
-            out = std::min(out, std::max(a, b));
-        }
-        P hit;
-        bool const meets = in < out, ahead = meets && out > 0;
-        ASSERT_EQ(meets, box.isRayHit(p, dir));
-        ASSERT_EQ(meets, box.isRayHit(p, -dir));
-        ASSERT_EQ(ahead, box.getFirstRayHit(p, dir, &hit) != 0);
-        if (!ahead) continue;
-        ASSERT_LT(dist(hit, p + (in > 0 ? in : out) * dir), 1e-9);
-    }
-}
-
 TEST(LimitRay, TheRangeSpansTheCornersOfUnsetBoxesToo) {
     double tmin = 0, tmax = 0;
     unset.limitRay(P(7, -10, 5), U(0, 0.6, -0.8), &tmin, &tmax);

@@ -82,36 +82,6 @@ inline U direction(Random &random) {
     }
 }
 
-/// Converts to an argument of any type. Its numbers are hostile, different ones each time.
-class Hostile {
-public:
-    template <class T, class = std::enable_if_t<!std::is_pointer_v<T>>>
-    operator T() {
-        return random_.hostile<T>();
-    }
-    /// Normalised, or as restored from a document.
-    operator U() {
-        auto const u = random_.hostile<U>();
-        return random_.below(2) != 0 ? u : U(V(u), 0);
-    }
-    operator mgXform_c() {
-        mgXform_c x(any<U>(), any<U>(), random_.hostile<V>());
-        mgPerspInfo_c info(*this, *this, *this, *this);
-        info.setCameraFOVPlaneDistance(*this);
-        if (random_.below(2) != 0) x.addPerspectiveInfo(info);
-        return x;
-    }
-
-    /// The same by name, where several types would do.
-    template <class T>
-    T any() {
-        return *this;
-    }
-
-private:
-    Random random_;
-};
-
 /// Rotation, scale and translation of everyday sizes.
 inline mgXform_c placement(Random &random) {
     mgMatrix_c const turn = mg_RotationMatrix(random.uniform(-3.0, 3.0), direction(random), 0.0);

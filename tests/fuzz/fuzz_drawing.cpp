@@ -1,40 +1,100 @@
 // SPDX-License-Identifier: MIT
-// Arcs, merged lines, hatch lines and outlines of drawings: on whole numbers they are what exact
-// arithmetic gives, and for everyday numbers they fulfil their definition.
+// Arcs, merged lines, hatch lines and outlines of drawings: lines are those of the literal rules,
+// and for everyday numbers the others fulfil their definition.
 
 #include "fuzz.h"
-
-#include <map>
 
 namespace {
 
 using List = suDynamicArray<P>;
 
-/// Whole segments along x or y: the merged ones are the unions of intervals on each line.
-void checkMerged(Input &in) {
-    List lines, merged;
-    std::map<int, std::vector<std::pair<int, int>>> parts; // of lines along x, then along y
-    for (int i = in.count(); i > 0; --i) {
-        int const line = in.below(6), from = in.below(40), to = from + 1 + in.below(5);
-        bool const isAlongX = in.flip(), isReversed = in.flip();
-        P const a(from, line, 0), b(to, line, 0), c(line, from, 0), d(line, to, 0);
-        lines.Add(isReversed ? isAlongX ? b : d : isAlongX ? a : c);
-        lines.Add(isReversed ? isAlongX ? a : c : isAlongX ? b : d);
-        parts[isAlongX ? line : 6 + line].emplace_back(from, to);
+/// The rule of the header, by scanning.
+Points literalMerge(Points const &points, double tol) {
+    auto const n = points.size() / 2;
+    auto const flat = [&](std::size_t from, std::size_t to) {
+        return V(points[to].x() - points[from].x(), points[to].y() - points[from].y(), 0.0);
+    };
+    auto const length = [&](std::size_t i) { return flat(2 * i, 2 * i + 1).len(); };
+    std::vector<bool> used(n, false);
+    std::vector<std::array<std::size_t, 2>> ends(n, {2 * n, 2 * n});
+    for (;;) {
+        std::size_t base = n;
+        for (std::size_t i = 0; i < n; ++i)
+            if (!used[i] && (base == n || length(i) > length(base))) base = i;
+        if (base == n) break;
+        used[base] = true;
+        ends[base] = {2 * base, 2 * base + 1};
+        V const whole = flat(2 * base, 2 * base + 1);
+        V const d = length(base) > 0 ? (1.0 / length(base)) * whole : V(1, 0, 0);
+        auto const along = [&](std::size_t end) { return flat(2 * base, end) % d; };
+        auto const isOff = [&](std::size_t end) {
+            return std::fabs((d * flat(2 * base, end)).z()) > tol;
+        };
+        double low = 0, high = length(base);
+        for (std::size_t i = 0; i < n; ++i) {
+            std::size_t p = 2 * i, q = p + 1;
+            if (along(q) < along(p)) std::swap(p, q);
+            if (used[i] || isOff(p) || isOff(q) || along(p) - high > tol || low - along(q) > tol)
+                continue;
+            used[i] = true;
+            auto &[first, last] = ends[base]; // of equal places, the base's or the first one
+            if (along(p) < low || (along(p) == low && first / 2 != base && p < first))
+                low = along(p), first = p;
+            if (along(q) > high || (along(q) == high && last / 2 != base && q < last))
+                high = along(q), last = q;
+            i = static_cast<std::size_t>(-1); // from the first one again
+        }
     }
-    int expected = 0;
-    for (auto &[line, intervals] : parts) {
-        int end = -1;
-        std::sort(intervals.begin(), intervals.end());
-        for (auto const &[from, to] : intervals) expected += from > end, end = std::max(end, to);
-    }
-    CHECK(timed([&] { return mg_MergeLines2D(lines, merged, 0.25); }) == expected);
-    CHECK(merged.Count() == 2 * expected && mg_MergeLines2D(merged, merged, 0.25) == expected);
+    Points result;
+    for (auto const &[p, q] : ends)
+        if (p < 2 * n) result.insert(result.end(), {points[p], points[q]});
+    return result;
 }
 
-/// Hatch lines along x in whole polygons: their whole length is that of a scan of all edges.
+/// Whole segments along x or y, or segments that are nearly on a few lines.
+void checkMerged(Input &in) {
+    auto const unit = [&in] { return (in.byte() + 256 * in.byte()) / 65536.0; };
+    bool const isWhole = in.flip();
+    double const tol = isWhole ? 0.25 : std::pow(10.0, -1 - in.below(9));
+    V const angles = 4.0 * V(unit(), unit(), unit());
+    Points points;
+    for (int i = in.count(); i > 0; --i) {
+        int const line = in.below(6), from = in.below(40), to = from + 1 + in.below(5);
+        bool const isAlongX = in.flip();
+        double const angle = angles[line % 3], c = std::cos(angle), s = std::sin(angle);
+        double const start = 10 * unit(),
+                     ends[] = {start, start + std::pow(10.0, 4.5 * unit() - 4)};
+        for (int k = 0; k < 2; ++k) {
+            double const at = ends[k], off = (2.4 * unit() - 1.2) * tol + line % 2, z = unit();
+            P const whole(k == 0 ? from : to, line, z);
+            if (isWhole)
+                points.push_back(isAlongX ? whole : P(whole.y(), whole.x(), z));
+            else
+                points.emplace_back(c * at - s * off, s * at + c * off, z);
+        }
+        if (in.flip()) std::swap(points.back(), points[points.size() - 2]);
+    }
+    List list;
+    for (P const &p : points) list.Add(p);
+    int const n = timed([&] { return mg_MergeLines2D(list, list, tol); });
+    CHECK(list.Count() == 2 * n && n <= static_cast<int>(points.size()) / 2);
+    if (points.size() > 100) return;
+    Points const expected = literalMerge(points, tol);
+    CHECK(list.Count() == static_cast<int>(expected.size()));
+    for (std::size_t i = 0; i < expected.size(); ++i) CHECK(same(list.Data()[i], expected[i]));
+}
+
+/// Hatch lines in whole polygons, which cross each other and themselves. On each line, length and
+/// moment are those of a scan of all edges, except where these are nearly along the lines.
 void checkHatched(Input &in) {
     int counts[3] = {in.below(9), in.below(9), in.below(9)}, first = 0;
+    double const turn = in.flip() ? in.below(4) * (kPi / 2) : in.number(),
+                 angle = in.isTame() ? turn : 0.0, step = 0.25 * (1 + in.below(6));
+    double c = std::cos(angle), s = std::sin(angle);
+    if (std::fabs(s) < 1e-13) s = 0.0, c = std::copysign(1.0, c);
+    if (std::fabs(c) < 1e-13) c = 0.0, s = std::copysign(1.0, s);
+    auto const height = [=](P const &p) { return (p.y() - 5) * c - (p.x() - 3) * s; };
+    auto const along = [=](P const &p) { return (p.x() - 3) * c + (p.y() - 5) * s; };
     Points points;
     std::vector<std::pair<P, P>> edges;
     for (int i = 0; i < counts[0] + counts[1] + counts[2]; ++i) points.push_back(in.whole(16));
@@ -45,20 +105,36 @@ void checkHatched(Input &in) {
         first += n;
     }
     List lines;
-    int const n = mg_calcHatchLinesPolygon2D(3, counts, points.data(), P(3, 5, 0), 0.0, 0.5, lines);
-    double sum = 0.0;
+    int const n =
+        mg_calcHatchLinesPolygon2D(3, counts, points.data(), P(3, 5, 7), angle, step, lines);
     CHECK(lines.Count() == 2 * n);
-    for (int i = 0; i < n; ++i) sum += lines[2 * i + 1].x() - lines[2 * i].x();
-    for (double y = 0.0; y < 16.0; y += 0.5) {
+    int next = 0;
+    for (int k = -100; k <= 100; ++k) {
+        double const h = k * step;
         std::vector<double> at;
-        for (auto const &[a, b] : edges)
-            if ((a.y() <= y) != (b.y() <= y))
-                at.push_back(a.x() + (y - a.y()) * (b.x() - a.x()) / (b.y() - a.y()));
+        bool isClear = true;
+        for (auto const &[a, b] : edges) {
+            double const from = height(a), to = height(b);
+            if ((from <= h) == (to <= h)) continue;
+            isClear = isClear && std::fabs(to - from) > 1e-6;
+            at.push_back(along(a) + (h - from) * (along(b) - along(a)) / (to - from));
+        }
         std::sort(at.begin(), at.end());
-        for (std::size_t i = 0; i + 1 < at.size(); i += 2) sum -= at[i + 1] - at[i];
+        double sum = 0.0, moment = 0.0;
+        for (std::size_t i = 0; i + 1 < at.size(); i += 2)
+            sum += at[i + 1] - at[i], moment += at[i + 1] * at[i + 1] - at[i] * at[i];
+        for (; next < n && std::fabs(height(lines[2 * next]) - h) < 1e-9; ++next) {
+            P const &a = lines[2 * next], &b = lines[2 * next + 1];
+            CHECK(a.z() == 7.0 && std::fabs(height(b) - h) < 1e-9 && along(b) > along(a));
+            sum -= along(b) - along(a), moment -= along(b) * along(b) - along(a) * along(a);
+        }
+        CHECK(!isClear || std::fabs(sum) + std::fabs(moment) < 1e-6);
     }
-    CHECK(std::fabs(sum) < 1e-9);
+    CHECK(next == n); // all lie on the lattice, in order
+}
 
+void checkHatchedCircle(Input &in) {
+    List lines;
     P const centre = in.triple<P>(), origin = in.triple<P>();
     double const radius = in.number(), angle = in.number(), spacing = in.number(),
                  share = std::fabs(radius / spacing);
@@ -72,12 +148,19 @@ void checkHatched(Input &in) {
 }
 
 void checkPolar(Input &in) {
-    List edge, fixed;
-    for (P const &p : in.points(in.count())) edge.Add(p), fixed.Add(p);
+    Points const points = in.points(in.count());
     double const tol = in.isTame() ? 1e-8 : in.number();
-    int const before = edge.Count(), left = mg_cleanupPolarEdge(edge, tol);
-    int const n = mg_fixPolarConvolution(fixed, tol);
-    CHECK(left <= before && n <= left);
+    bool isUsable = !points.empty();
+    List edge, fixed;
+    for (P const &p : points) {
+        edge.Add(p), fixed.Add(p);
+        isUsable = isUsable && std::fabs(p.x()) <= 1e150 && std::fabs(p.y()) <= 1e150;
+    }
+    int const left = mg_cleanupPolarEdge(edge, tol), n = mg_fixPolarConvolution(fixed, tol);
+    CHECK(isUsable == (left > 0) && isUsable == (n > 0) && n <= left && left <= int(points.size()));
+    if (!isUsable)
+        for (List const &list : {edge, fixed})
+            CHECK(std::equal(points.begin(), points.end(), list.begin(), same<P>));
     double reach = 0.0;
     for (int i = 0; i < left; ++i) reach = std::max(reach, std::fabs(edge[i].y()));
     double const way = left > 0 ? edge[left - 1].x() - edge[0].x() : 0.0;
@@ -126,5 +209,6 @@ void fuzz(Input &in) {
     checkArcs(in);
     checkMerged(in);
     checkHatched(in);
+    checkHatchedCircle(in);
     checkPolar(in);
 }

@@ -38,15 +38,24 @@ void checkLines(Input &in, P const &p, P const &q, U const &dir) {
     mgLine_c const line(p, dir), other(q, in.direction());
     P out, sink;
     auto const type = mg_LineIntLine(p, d1, q, d2, &out, tol);
-    mg_LineIntLine2D(p, d1, q, d2, &sink, tol), mg_LineSegIntLineSeg2D(p, q, P(d1), P(d2), &sink);
-    mg_LineIntLineSeg(line, q, P(d1), &sink, tol), mg_RayIntLineSeg(line, q, P(d1), &sink, tol);
+    for (int const each : {type, mg_LineIntLine2D(p, d1, q, d2, &sink, tol),
+                           mg_LineSegIntLineSeg(p, q, P(d1), P(d2), sink, tol),
+                           mg_LineSegIntLineSeg2D(p, q, P(d1), P(d2), &sink),
+                           mg_LineIntLineSeg(line, q, P(d1), &sink, tol),
+                           mg_RayIntLineSeg(line, q, P(d1), &sink, tol)})
+        CHECK(0 <= each && each <= mgIntersect_None);
     double t1 = 0.0, t2 = 0.0;
     double const gap = line.distToLine(other, &t1, &t2);
     if (!in.isTame() || tol <= 0.0 || tol > 1e-6) return;
     U const u1 = mg_Normalise(d1), u2 = mg_Normalise(d2), &v = other.direction();
     double const sine = (u1 * u2).len();
-    if (type == mgIntersect_Point && sine > 1e-3)
-        CHECK(((out - p) * u1).len() < 1e-9 * size / sine && ((out - q) * u2).len() < 2e-6 * size);
+    if ((type == mgIntersect_Point || type == mgIntersect_None) && sine > 1e-3) {
+        V const off = (out - q) - ((out - q) % u2) * u2; // from the nearest point of the other line
+        CHECK(((out - p) * u1).len() < 1e-9 * size / sine
+              && std::fabs(off % u1) < 1e-9 * size / sine);
+        CHECK((type == mgIntersect_Point) == (off.len() < tol)
+              || std::fabs(off.len() - tol) < 2e-6 * size);
+    }
     if (!dir.isParallelTo(v)) CHECK(std::fabs(dist(p + t1 * dir, q + t2 * v) - gap) < 1e-5 * size);
 }
 
@@ -54,6 +63,7 @@ void checkCircles(Input &in, P const &p, P const &centre, U const &dir) {
     double const r1 = in.number(), r2 = in.number(), size = 1.0 + dist(p, centre) + std::fabs(r1);
     P out1 = unwritten, out2 = unwritten;
     auto const type = mg_LineIntCircle2D(p, dir, centre, r1, &out1, &out2);
+    CHECK(type <= mgLineCircle_Miss);
     CHECK(type != mgLineCircle_Miss || (same(out1, unwritten) && same(out2, unwritten)));
     bool const isPlanar = r1 > 0.01 && isUnit(dir) && dir.z() == 0.0 && p.z() == centre.z();
     for (P const &out : {out1, out2})
@@ -78,11 +88,18 @@ void checkPlanes(Input &in, P const &p, P const &q, U const &dir) {
     double param = 77;
     auto const type = mg_PlaneIntPlane(a, b, &common);
     CHECK(mg_LineSegIntPlane(q, corners[2], a, &from, &param) <= mgLinePlane_Point && param != 77);
+    CHECK(mg_LineIntPlane({q, dir}, b, &from, nullptr) <= mgLinePlane_Point);
+    for (int const k : {0, 1})
+        CHECK(b.projectToPlane(in.placement(), &from, k) <= mgLinePlane_Point);
+    CHECK(b.projectToPlaneOnViewLine(in.placement(), &from, 0) <= mgLinePlane_Point);
     mg_Find3PointArcCenter(corners, &centre, &normal), mg_IsPolylineLine(3, corners, from, to);
     P const root = common.rootPoint(), mirrored = mg_MirrorPoint(p, q - corners[2], from);
     double const sine = (a.normal() * b.normal()).len(), size = 1.0 + dist(p, q) + dist(p, from);
     if (!in.isTame()) return;
     CHECK(dist(mg_MirrorPoint(p, q - corners[2], mirrored), from) < 1e-9 * size);
+    CHECK(type <= mgPlnPln_Failed);
+    if (type == mgPlnPln_Line && sine > 1e-3)
+        CHECK((common.direction() - mg_Normalise(a.normal() * b.normal())).len() < 1e-12);
     if (type == mgPlnPln_Line && sine > 1e-3)
         for (mgPlane_c const &plane : {a, b})
             CHECK(plane.isPointOn(root, 2e-8 * (size + dist(root, p)) / sine));

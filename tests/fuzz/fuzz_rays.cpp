@@ -15,7 +15,7 @@ void checkBox(Input &in, mgBBox_c const &box, P const &p, U const &dir) {
     box.clashLine(&p, &low, in.number());
     if (!in.isTame() || !box.isValid() || dir.isNull()) return;
     // The part of the ray between each two faces, unless rounding or a tolerance decides.
-    double from = 0.0, to = kInfinity;
+    double from = -kInfinity, to = kInfinity;
     for (int k = 0; k < 3; ++k) {
         double const a = (low[k] - p[k]) / dir[k], b = (high[k] - p[k]) / dir[k];
         if (std::fabs(dir[k]) > 1e-6) {
@@ -26,6 +26,9 @@ void checkBox(Input &in, mgBBox_c const &box, P const &p, U const &dir) {
         }
     }
     if (std::fabs(to - from) < 1e-5 || std::fabs(to) < 1e-5) return;
+    bool const isMet = from < to && box.sphereHitByRay(p, dir) != 0;
+    CHECK(box.isRayHit(p, dir) == isMet && box.isRayHit(p, -dir) == isMet);
+    from = std::max(from, 0.0);
     CHECK(from < to ? isHit && (hit - p).len() <= to + 1e-4 : !isHit);
     CHECK(!isHit || from < 1e-5 || std::fabs((hit - p).len() - from) < 1e-5 * (1.0 + from));
 }
@@ -46,6 +49,8 @@ void fuzz(Input &in) {
     auto const onSphere = mg_RayIntSphere(&p, &dir, &centre, radius);
     auto const onCylinder = mg_RayIntCylSeg(ray, centre, axis, height, radius, &cylinder);
     auto const onCone = mg_RayIntConeSeg(ray, centre, axis, angle, radius, height, &cone);
+    for (int const each : {onPlane, onDisc, onSphere, onCylinder, onCone})
+        CHECK(0 <= each && each <= mgIntersect_None);
     CHECK((onPlane == mgIntersect_Parallel) == same(plane, unwritten) && same(plane, disc));
     CHECK(onDisc == mgIntersect_None || (onDisc == mgIntersect_Point && onPlane == onDisc));
     CHECK(onCylinder != mgIntersect_Parallel || same(cylinder, unwritten));

@@ -39,6 +39,11 @@ void checkArcs(Input &in, P const &centre, U const &normal) {
     CHECK(onArc.empty() || (same(onArc.front(), start) && same(onArc.back(), end)));
     double const bound = 1e-9 * (1.0 + r + dist(centre, P()));
     for (P const &p : onArc) CHECK(!isCurve || std::fabs(dist(p, centre) - r) < bound);
+    double const turns = (angles.y() - angles.x()) / (2 * kPi), sweep = turns - std::floor(turns);
+    for (std::size_t i = 0; i < onArc.size() && isCurve && 1e-6 < sweep && sweep < 1 - 1e-6; ++i)
+        CHECK(
+            dist(onArc[i], at(angles.x() + 2 * kPi * sweep * double(i) / double(onArc.size() - 1)))
+            < 10 * bound); // equal steps, counter-clockwise
 
     ellipseEdgeData e;
     e.center = centre, e.majorRadius = r, e.minorRadius = minor, e.start = start, e.end = end;
@@ -93,6 +98,13 @@ void checkShape(Input &in) {
     CHECK((e == -1.0 || e >= 0.0) && 0.0 <= again && again < 1.0 && (x == -1.0 || x >= 0.0));
     if (in.isTame() && e >= 0.0 && dist(apex, shoulder) > 1e-3)
         CHECK(std::fabs(again - rho) < 1e-6 && (rho < 0.5 ? e <= 1.0 : e >= 1.0));
+    // The side of 1/2 tells the kind, also of a flat triangle.
+    double const off = std::pow(10.0, -1 - in.below(15)), few = in.below(256) / 64.0 - 1;
+    P const flat = interpolate(few, start, end) + off * V(in.below(9) - 4, in.below(9) - 4, 1);
+    for (int const side : {-1, 0, 1})
+        if (double const kind = eccByRho(0.5 + side * off, start, end, flat);
+            in.isTame() && kind >= 0.0)
+            CHECK(side < 0 ? kind <= 1.0 : side == 0 ? kind == 1.0 : kind >= 1.0);
     suDynamicArray<P> list;
     int const n = in.below(40) - 2, isDone = parabolicPoints(start, end, apex, n, list);
     CHECK(list.Count() == (isDone ? n : 0));

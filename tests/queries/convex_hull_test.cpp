@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Planar hulls: the library against a literal version of its steps, and the changes of the input.
+// Planar hulls of few points, and the changes of the input. Against literal steps:
+// fuzz/fuzz_point_sets.cpp.
 
 #include "common/arrays.h"
 
@@ -26,62 +27,6 @@ List hullOf(List const &list, List const &before = {}) {
     Points points(list), hull(before);
     EXPECT_EQ(1, convexHull(points, hull));
     return hull.list();
-}
-
-double turn(Pair const &o, Pair const &a, Pair const &b) {
-    return (a.first - o.first) * (b.second - o.second)
-           - (a.second - o.second) * (b.first - o.first);
-}
-
-bool isRightOf(Pair const &from, Pair const &to, Pair const &p) {
-    double const x = to.first - from.first, y = to.second - from.second;
-    double const length = std::sqrt(x * x + y * y), divisor = length < 1e-8 ? 1.0 : length;
-    return x / divisor * (p.second - from.second) - y / divisor * (p.first - from.first) < 0.0;
-}
-
-/// The steps, one by one, for finite points.
-List literalHull(List p) {
-    std::sort(p.begin(), p.end());
-    p.erase(std::unique(p.begin(), p.end()), p.end());
-    std::size_t const n = p.size();
-    if (n == 3 && turn(p[0], p[1], p[2]) < 0.0) std::swap(p[1], p[2]);
-    if (n < 4) return p;
-    std::size_t minmax = 0, maxmin = n - 1;
-    while (minmax + 1 < n && p[minmax + 1].first == p[0].first) ++minmax;
-    while (maxmin > 0 && p[maxmin - 1].first == p[n - 1].first) --maxmin;
-    List hull{p[0]};
-    auto const visit = [&](std::size_t i, std::size_t from, std::size_t to) {
-        if (i != to && !isRightOf(p[from], p[to], p[i])) return;
-        while (hull.size() >= 2 && turn(hull[hull.size() - 2], hull.back(), p[i]) <= 0.0)
-            hull.pop_back();
-        if (i > 0) hull.push_back(p[i]);
-    };
-    for (std::size_t i = minmax + 1; i <= maxmin; ++i) visit(i, 0, maxmin);
-    if (n - 1 != maxmin) hull.push_back(p[n - 1]);
-    for (std::size_t i = maxmin; i-- > minmax;) visit(i, n - 1, minmax);
-    return hull;
-}
-
-TEST(ConvexHull, AgreesWithItsSteps) {
-    Random random;
-    auto const check = [&](int rounds, int mostPoints, auto point, Caller = {}) {
-        for (int round = 0; round < rounds; ++round) {
-            List list;
-            int const side = 1 + random.below(8);
-            for (int i = random.below(mostPoints); i >= 0; --i) list.push_back(point(side));
-            ASSERT_EQ(literalHull(list), hullOf(list));
-        }
-    };
-    auto const onGrid = [&](int side) {
-        return Pair(random.below(side) * 0.1, random.below(side) * 0.3);
-    };
-    auto const scattered = [&](int) { return Pair(random.uniform(-1, 1), random.uniform(-1, 1)); };
-    check(2000, 12, onGrid), check(100, 300, onGrid);
-    check(2000, 12, scattered), check(100, 300, scattered);
-    check(500, 12, [&](int) { return Pair(random.below(2) != 0 ? 0.0 : -0.0, random.below(9)); });
-    // Many, which differ in their last bits, or hardly.
-    check(6, 9000, [&](int) { return Pair(1 + random.below(4000) * 0x1p-52, random.below(9)); });
-    check(6, 9000, [&](int) { return Pair(random.ofMagnitude(-300, 300), random.unit()); });
 }
 
 TEST(ConvexHull, CollinearPointsGiveOnePoint) {
@@ -125,18 +70,6 @@ TEST(ConvexHull, ChangesNeitherArrayWhenTheHullCannotGrow) {
             EXPECT_EQ((Changes{{distinct, distinct - 1}, {0, distinct}}), points.told);
             EXPECT_EQ((Changes{{-1, -1}, {0, 1}}), (Changes{hull.told.end() - 2, hull.told.end()}));
         }
-    }
-}
-
-TEST(ConvexHull, SortsNaNLast) {
-    Random random;
-    for (int round = 0; round < 2000; ++round) {
-        Points points({}), hull({});
-        for (int i = random.below(40); i >= 0; --i)
-            points.Add({random.hostile(), random.hostile()});
-        convexHull(points, hull);
-        auto const isNumber = [](mg2DPoint_c const &p) { return !std::isnan(p.x()); };
-        ASSERT_TRUE(std::is_partitioned(points.begin(), points.end(), isNumber));
     }
 }
 

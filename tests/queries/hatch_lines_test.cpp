@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Hatch lines against a test of points in areas, against areas, and across common edges.
+// Hatch lines against areas and across common edges. Against a scan: fuzz/fuzz_drawing.cpp.
 
 #include "planar.h"
 
@@ -36,57 +36,6 @@ double lengthOf(Outline const &ends) {
     double sum = 0.0;
     for (std::size_t i = 0; i < ends.size(); i += 2) sum += dist(ends[i], ends[i + 1]);
     return sum;
-}
-
-/// By a ray along x, which has nothing to do with the lattice.
-bool isInside(std::vector<Outline> const &outlines, P const &p) {
-    bool inside = false;
-    for (Outline const &outline : outlines) {
-        P a = outline.back();
-        for (P const &b : outline) {
-            bool const isCrossed = (a.y() > p.y()) != (b.y() > p.y());
-            double const ratio = isCrossed ? (p.y() - a.y()) / (b.y() - a.y()) : 0.0;
-            if (isCrossed && a.x() + ratio * (b.x() - a.x()) > p.x()) inside = !inside;
-            a = b;
-        }
-    }
-    return inside;
-}
-
-TEST(HatchLines, CoverWhatIsInsideOnEveryLine) {
-    Random random;
-    for (int round = 0; round < 20; ++round) {
-        bool const onGrid = round % 2 != 0; // corners and edges on lines, which are a step above
-        std::vector<Outline> outlines(1 + static_cast<std::size_t>(random.below(3)));
-        for (Outline &outline : outlines) // any shape: they cross each other and themselves
-            for (int i = 3 + random.below(6); i > 0; --i)
-                outline.push_back(onGrid ? P(random.below(5), random.below(5), 0)
-                                         : random.triple<P>(-4, 4));
-        double const angle = onGrid ? random.below(4) * vexmath::kHalfPi : random.uniform(-7, 7);
-        Lattice const lattice{{3, -2, 7}, angle, onGrid ? 0.5 : random.uniform(0.2, 2)};
-        Outline const lines = hatch(outlines, lattice);
-        V const u(std::cos(angle), std::sin(angle), 0.0), n(-u.y(), u.x(), 0.0);
-        auto next = lines.begin();
-        for (int k = -60; k <= 60; ++k) {
-            P const start = lattice.origin + k * lattice.spacing * n;
-            auto const first = next;
-            for (; next != lines.end() && std::fabs((*next - start) % n) < 1e-9; next += 2)
-                ASSERT_TRUE(next->z() == 7.0 && (next[1] - *next) % u > 0.0);
-            for (double t = -15.0; t < 15.0; t += 0.57) {
-                auto const at = [&](double along) {
-                    return start + (onGrid ? 1e-6 : 0.0) * n + along * u;
-                };
-                bool const inside = isInside(outlines, at(t));
-                if (isInside(outlines, at(t - 1e-4)) != inside) continue;
-                if (isInside(outlines, at(t + 1e-4)) != inside) continue;
-                bool isCovered = false;
-                for (auto i = first; i != next; i += 2)
-                    isCovered |= (*i - at(t)) % u < 0 && (i[1] - at(t)) % u > 0;
-                ASSERT_EQ(inside, isCovered) << "line " << k << " at " << t;
-            }
-        }
-        ASSERT_EQ(lines.end(), next); // all lie on the lattice, in order
-    }
 }
 
 TEST(HatchLines, TheirLengthIsTheAreaBySpacing) {

@@ -28,21 +28,6 @@ TEST(LineLine, InSpaceSkewLinesStillWriteTheNearestPointOfTheFirst) {
     CheckSpace(mgIntersect_None, {1, 0, 0}, {1, 1, 0}, {0, 0, 0}); // the root alone
 }
 
-TEST(LineLine, InSpaceThePointOfTheFirstLineIsTheNearestToTheSecond) {
-    Random random;
-    for (int round = 0; round < 100; ++round) {
-        P const p1 = random.triple<P>(-9, 9), p2 = random.triple<P>(-9, 9);
-        U const u1 = direction(random), u2 = direction(random);
-        P out;
-        EXPECT_EQ(mgIntersect_None, mg_LineIntLine(p1, 3.0 * u1, p2, 2.0 * u2, &out, tol));
-        double const bound = 1e-12 / (u1 * u2).sqlen();
-        V const across = (out - p2) - ((out - p2) % u2) * u2;
-        EXPECT_LT(((out - p1) * u1).len(), bound);
-        EXPECT_LT(std::fabs(across % u1), bound);
-        EXPECT_EQ(mgIntersect_Point, mg_LineIntLine(p1, u1, out + 7.0 * u2, u2, &out, tol));
-    }
-}
-
 void CheckPlane(mgIntersectionType_e type, P const &point, V const &d1, P const &p2, V const &d2,
                 Caller = {}) {
     P out = untouched;

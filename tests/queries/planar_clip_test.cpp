@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Segments and arcs clipped to boxes: against sampled points.
+// Segments and arcs clipped to boxes. Arcs against sampled points: fuzz/fuzz_planar.cpp.
 
 #include "planar.h"
 
@@ -163,40 +163,6 @@ TEST(ClipLineEnd, ALeaderEndsAtTheOutlineFromEitherSide) {
     P const far(-1e308, 5e307, 0);
     EXPECT_EQ(ClippedB, mg_ClipLineEndToRotated2DBox(far, end, {}, 7e307, 9e307, 0.0, 1.0));
     EXPECT_BITS_EQ(P(0, 5e307, 1), end);
-}
-
-TEST(ClipArc, AgreesWithSampledAngles) {
-    constexpr double kNear = 1e-9; // of a side, where a sample does not tell
-    Random random;
-    int most = 0;
-    for (int round = 0; round < 2000; ++round) {
-        P const centre = planar(random, -3, 3);
-        P const low = planar(random, -6, 0), high = planar(random, 0, 6);
-        double const radius = random.uniform(0.1, 8);
-        bool const isFull = random.below(3) == 0;
-        double const start = random.uniform(-20, 20);
-        double const end = start + (isFull ? vexmath::kTwoPi : random.uniform(0.01, 6.28));
-        double angles[10];
-        int const count = mg_Clip2DArcToBox(centre, radius, start, end, {low.x(), high.y(), 0},
-                                            {high.x(), low.y(), 0}, angles, 1e-12);
-        ASSERT_LE(count, isFull ? 4 : 5);
-        most = std::max(most, count);
-        for (int i = 0; i + 1 < 2 * count; ++i) ASSERT_LE(angles[i], angles[i + 1]);
-        ASSERT_TRUE(count == 0 || (start <= angles[0] && angles[0] < start + 6.3));
-        ASSERT_TRUE(count == 0 || isFull || angles[2 * count - 1] <= end);
-        for (int k = 1; k < 100; ++k) {
-            double const at = start + (end - start) * k / 100;
-            P const p = onCircle(centre, radius, at);
-            double const depth = depthIn(low, high, p);
-            if (std::fabs(depth) < kNear) continue;
-            int found = 0;
-            for (double const *arc = angles; arc < angles + 2 * count; arc += 2)
-                found += std::fabs(std::remainder(at - (arc[0] + arc[1]) / 2, kTurn))
-                         <= (arc[1] - arc[0]) / 2;
-            ASSERT_EQ(depth > 0.0 ? 1 : 0, found);
-        }
-    }
-    EXPECT_GE(most, 4);
 }
 
 TEST(ClipArc, CountsAngleBitsAndThresholds) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Merged segments: pairs at the thresholds, lists against the rule.
-
-#include <array>
+// Merged segments: pairs at the thresholds, lists of few. Against the literal rule:
+// fuzz/fuzz_drawing.cpp.
 
 #include "planar.h"
 
@@ -36,74 +35,6 @@ TEST(MergePair, ThresholdsAreInclusive) {
     EXPECT_EQ(1, mg_MergeLines2D(a, b, c, d, a, b, -above(0.0) + 1.5)); // the outputs are inputs
     EXPECT_BITS_EQ(P(0, 0, 1), a);
     EXPECT_BITS_EQ(P(3, 3, 3), b);
-}
-
-/// The rule of the header, by scanning.
-std::vector<P> byRule(std::vector<P> const &pts, double tol) {
-    auto const n = pts.size() / 2;
-    auto const flat = [&](std::size_t from, std::size_t to) {
-        V e = pts[to] - pts[from];
-        e.set_z(0);
-        return e;
-    };
-    auto const length = [&](std::size_t i) { return flat(2 * i, 2 * i + 1).len(); };
-    std::vector<bool> used(n, false);
-    std::vector<std::array<std::size_t, 2>> ends(n, {2 * n, 2 * n});
-    for (;;) {
-        std::size_t base = n;
-        for (std::size_t i = 0; i < n; ++i)
-            if (!used[i] && (base == n || length(i) > length(base))) base = i;
-        if (base == n) break;
-        used[base] = true;
-        ends[base] = {2 * base, 2 * base + 1};
-        V const whole = flat(2 * base, 2 * base + 1);
-        V const d = length(base) > 0 ? (1.0 / length(base)) * whole : V(1, 0, 0);
-        auto const along = [&](std::size_t end) { return flat(2 * base, end) % d; };
-        auto const isOff = [&](std::size_t end) {
-            return std::fabs((d * flat(2 * base, end)).z()) > tol;
-        };
-        double low = 0, high = length(base);
-        for (std::size_t i = 0; i < n; ++i) {
-            std::size_t p = 2 * i, q = p + 1;
-            if (along(q) < along(p)) std::swap(p, q);
-            if (used[i] || isOff(p) || isOff(q) || along(p) - high > tol || low - along(q) > tol)
-                continue;
-            used[i] = true;
-            if (along(p) < low) low = along(p), ends[base][0] = p;
-            if (along(q) > high) high = along(q), ends[base][1] = q;
-            i = static_cast<std::size_t>(-1); // from the first one again
-        }
-    }
-    std::vector<P> result;
-    for (auto const &[p, q] : ends)
-        if (p < 2 * n) result.insert(result.end(), {pts[p], pts[q]});
-    return result;
-}
-
-TEST(MergeList, AgreesWithTheRuleForAnySizesAndTolerances) {
-    Random random;
-    for (int round = 0; round < 80; ++round) {
-        double const tol = std::pow(10.0, random.uniform(-9, -1));
-        std::vector<P> points;
-        int const lines = 1 + random.below(8);
-        for (int line = 0; line < lines; ++line) {
-            P const root = planar(random, -5, 5);
-            double const angle = random.uniform(-4, 4);
-            for (int count = random.below(30); count > 0; --count) {
-                double const from = random.uniform(-5, 5);
-                double const to = from + random.ofMagnitude(-4, 0.5);
-                for (double at : {from, to}) {
-                    double const off = random.uniform(-1.2, 1.2) * tol;
-                    points.push_back(onCircle(onCircle(root, at, angle), off, angle + kTurn / 4));
-                    points.back().set_z(random.unit());
-                }
-            }
-        }
-        auto const expected = byRule(points, tol);
-        Watched<P> list(points);
-        ASSERT_EQ(static_cast<int>(expected.size()) / 2, mg_MergeLines2D(list, list, tol));
-        ASSERT_BITS_EQ(expected, list.list());
-    }
 }
 
 TEST(MergeList, OfEqualPlacesKeepsTheBaseElseTheFirst) {

@@ -75,17 +75,4 @@ TEST(Planes, ALineOfBothPlanesIsTakenAsItIs) {
     }
 }
 
-TEST(Planes, TheSharedLineRunsAlongTheProductOfTheNormals) {
-    Random random;
-    for (int round = 0; round < 100; ++round) {
-        U const n1 = direction(random), n2 = direction(random);
-        P const p1 = random.triple<P>(-9, 9), p2 = random.triple<P>(-9, 9);
-        mgLine_c const line = meet(mgPlnPln_Line, p2, n2, {p1, n1});
-        double const bound = 1e-12 / (n1 * n2).sqlen();
-        EXPECT_LT(gap(mg_Normalise(n1 * n2), line.direction()), 1e-14);
-        EXPECT_LT(std::fabs((line.rootPoint() - p1) % n1), bound);
-        EXPECT_LT(std::fabs((line.rootPoint() - p2) % n2), bound);
-    }
-}
-
 } // namespace

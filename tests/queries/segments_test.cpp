@@ -7,6 +7,23 @@ namespace {
 
 using namespace common;
 
+// Of all queries.
+static_assert(areNumbered(mgIntersect_Coincident, mgIntersect_Parallel, mgIntersect_Point,
+                          mgIntersect_TwoPoints, mgIntersect_None));
+static_assert(areNumbered(mgLinePlane_InPlane, mgLinePlane_Parallel, mgLinePlane_Point,
+                          mgLinePlane_Failed));
+static_assert(areNumbered(mgPlnPln_Coincident, mgPlnPln_Parallel, mgPlnPln_Line, mgPlnPln_Failed));
+static_assert(areNumbered(mgLineCircle_Tangent, mgLineCircle_ThroughCentre, mgLineCircle_Secant,
+                          mgLineCircle_Miss));
+static_assert(areNumbered(mgClipLine_Outside, mgClipLine_Inside, mgClipLine_ClippedA,
+                          mgClipLine_ClippedB, mgClipLine_ClippedBoth, mgClipLine_Touching));
+static_assert(areNumbered(mgInsideBox_Outside, mgInsideBox_Touching, mgInsideBox_Partly,
+                          mgInsideBox_Inside));
+static_assert(areNumbered(mgPointOnLine_Off, mgPointOnLine_Between, mgPointOnLine_AtA,
+                          mgPointOnLine_AtB));
+static_assert(areNumbered(mgPolylineArc_None, mgPolylineArc_Arc, mgPolylineArc_Circle,
+                          mgPolylineArc_Line));
+
 constexpr auto Coincident = mgIntersect_Coincident, Parallel = mgIntersect_Parallel,
                Point = mgIntersect_Point, None = mgIntersect_None;
 P const a(0, 0, 0), b(4, 0, 0);

@@ -48,26 +48,6 @@ TEST(TessArc, DegenerateInputMakesNothing) {
     EXPECT_TRUE(polylineOf({{0, kNaN, 0}, {0, 0, 1}, 1}, p, p, 0.01).empty());
 }
 
-TEST(TessArc, GoesCounterClockwiseAboutTheNormalInEqualSteps) {
-    Random random;
-    for (int round = 0; round < 200; ++round) {
-        double const radius = random.uniform(0.1, 100), sweep = random.uniform(0.01, 6.28);
-        double const tol = random.uniform(0.001, 0.01) * radius;
-        mgXform_c const placed = mg_ScaleXform(placement(random), 1);
-        auto const at = [&](double share) { return onCircle(radius, share * sweep) * placed; };
-        V const normal = V(0, 0, 3) * placed;
-        arcEdgeData const arc{P() * placed, {normal.x(), normal.y(), normal.z()}, radius};
-        Polyline const points = polylineOf(arc, at(0), at(1), tol);
-        int const n = segmentsOf(points);
-        ASSERT_GE(n, 8);
-        ASSERT_BITS_EQ(points.front(), at(0));
-        ASSERT_BITS_EQ(points.back(), at(1));
-        ASSERT_NO_FATAL_FAILURE(CheckNear(points, 3e-10, at));
-        double const sagitta = radius * (1 - std::cos(0.5 * sweep / n));
-        ASSERT_LT(sagitta, n == 8 ? 0.05 * radius : 0.25 * tol * (1 + 2.5 / n));
-    }
-}
-
 TEST(TessArc, TheStartGivesTheRadiusAndTheRecordTheTolerance) {
     Polyline const points = polylineOf({{}, {0, 0, -5}, 1000}, {2, 0, 0}, {0, 3, 0}, 1);
     ASSERT_EQ(points.size(), 106u); // three quarters of a turn, with steps for a radius of 1000

@@ -163,15 +163,3 @@ TEST(ParabolicPoints, RotateTheirTangentsEqually) {
         EXPECT_LT(dist(P(double(x), double(h * (1 - x * x) / 2), 0), list[i]), 1e-15 * h) << i;
     }
 }
-
-TEST(ConicShape, TheSideOfOneHalfTellsTheKindAlsoOfAFlatTriangle) {
-    Random random;
-    for (int round = 0; round < 20000; ++round) {
-        auto const from = random.triple<P>(-9, 9), to = random.triple<P>(-9, 9);
-        auto const off = std::fabs(random.ofMagnitude(-5, 0)) * random.triple<P>(-1, 1);
-        P const apex = interpolate(random.uniform(-1, 2), from, to) + off;
-        EXPECT_EQ(eccByRho(0.5, from, to, apex), 1);
-        EXPECT_LE(eccByRho(0.5 - std::fabs(random.ofMagnitude(-16, -1)), from, to, apex), 1);
-        EXPECT_GE(eccByRho(0.5 + std::fabs(random.ofMagnitude(-15, -1)), from, to, apex), 1);
-    }
-}
