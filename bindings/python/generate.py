@@ -29,21 +29,30 @@ CLASSES_LEFT_OUT = {"gcMdiPoint_c", "mgTessPoint2D_c", "mgXform_64BitHelper_c", 
 # Of every class, or of one. Numbers, bytes and sequences serve better in Python.
 LEFT_OUT = """set get component nullVector save2D restore2D Dump dump random SetHelper GetHelper
     getDataPtr loadIdentity mg_pointSelectionSort""".split()
-BY_HAND = """save restore restoreAsIs saveStringRep restoreStringRep create checkCollinear
-    getRotationAngle getEigensystem getMatrixFromEigs getNullspace getPerspectiveInfo
-    addPerspectiveInfo deletePerspectiveInfo getGLData createFromGLData getGenGLData
-    mgBoxIndex_c::build mgBoxIndex_c::clashesOf mgBBox_c::set extremePts mgGenXform_c::set getScale
-    mg_TransformPoints mg_BoundPoints mg_MultiplyXforms mg_FindClashes mg_ZoomBoxToBox
-    mg_PutParamInRange mg_PutAngleInRange mg_solveQuadratic mg_solveCubic mg_GoodEqu3 mg_FindBBox
-    getBaricentricCoordinates mg_Find3PointArcCenter mg_Clip2DArcToBox minCnvxPlgRect
-    mg_calcHatchLinesPolygon2D mg_pointQuickSort mg_TessArc mg_TessEllipse mg_TessParabola
-    mg_TessBConic mg_TessParabolaOrBConic projectToPlane projectToPlaneOnViewLine""".split()
-# In these the parameter of that name is read as well as written, or only read.
-IN_AND_OUT = {"p", "edge"} | {"mg_ClipLineEndToRotated2DBox::end"}
-READ_ONLY = {"points", "input"}
+BY_HAND = """save restore restoreAsIs saveStringRep restoreStringRep create getPerspectiveInfo
+    addPerspectiveInfo deletePerspectiveInfo mgBoxIndex_c::build mgBoxIndex_c::clashesOf
+    mgBBox_c::set mg_TransformPoints mg_BoundPoints mg_MultiplyXforms mg_FindClashes mg_ZoomBoxToBox
+    getBaricentricCoordinates mg_Clip2DArcToBox minCnvxPlgRect mg_calcHatchLinesPolygon2D
+    mg_pointQuickSort mg_TessArc mg_TessEllipse mg_TessParabola mg_TessBConic
+    mg_TessParabolaOrBConic""".split()
+# Parameters, by name or by function and name. They are read as well as written, or only read.
+IN_AND_OUT = """p edge mg_ClipLineEndToRotated2DBox::end mg_PutParamInRange::param
+    mg_PutParamInRange::endParam mg_PutAngleInRange::angle mg_PutAngleInRange::endAngle""".split()
+READ_ONLY = ["points", "input"]
+# None is passed as a null pointer.
+OPTIONAL = """mgMatrix_c::getRotationAngle::axis mg_PutParamInRange::endParam
+    mg_PutAngleInRange::endAngle""".split()
+IGNORED = {"getMatrixFromEigs::values": "nullptr"}
+# They point to so many. Of some, the function returns how many it has written.
+ARRAYS = {
+    "roots": 3, "checkCollinear::pts": 3, "mg_Find3PointArcCenter::pts": 3, "scales": 3,
+    "getEigensystem::values": 3, "vectors": 3, "getNullspace::basis": 3, "getScale::out": 3,
+    "extremePts::out": 2, "gl": 16, "mg_FindBBox::out": 4,
+}  # fmt: skip
+COUNTED = ["getNullspace", "mg_solveQuadratic", "mg_solveCubic"]
 NUMBERS = """dominantComponentIndex getNearestAxis isReflection GetUseSphereBoundingBox firstOnRay
     SetUseSphereBoundingBox mg_GetUseVectorUnits mg_SetUseVectorUnits""".split()
-METHODS = """inverse transpose linearComponent normalise null isNull isNotNull isOrthogonal
+METHODS = """getGLData getGenGLData inverse transpose linearComponent normalise null isNull isNotNull isOrthogonal
     isNearZero isNearIdentity isRigid maxBox convertToMatrix quatToMatrix""".split()
 SETTERS = {"setNearClipPlaneDistance": "getPlaneDistance", "setTranslation": "getTranslation"}
 NAMES = {
@@ -59,6 +68,10 @@ NAMES = {
     "mgUnitVectorDer": "direction_derivative", "interLine": "line_of_planes",
     "s_projPointOnLine": "project_point_on_line", "matrixToQuat": "set_from_matrix",
     "quatToMatrix": "to_matrix", "quatSlerp": "set_slerp", "convertToMatrix": "to_matrix",
+    "getGLData": "to_gl", "createFromGLData": "from_gl", "getGenGLData": "to_gen_gl",
+    "getScale": "scales", "getMatrixFromEigs": "from_eigenvectors", "extremePts": "extreme_points",
+    "getNullspace": "null_space", "mg_GoodEqu3": "solve_characteristic",
+    "mg_FindBBox": "placed_extent", "mg_Find3PointArcCenter": "arc_center_of_3_points",
     "mg_OpenTSP": "open_tour", "mg_ClosedTSP": "closed_tour", "distTo": "distance_to",
     "mg_LineIntPlane": "intersect_line_plane", "mg_PlaneIntPlane": "intersect_planes",
     "mg_LineIntLine": "intersect_lines", "mg_LineIntLine2D": "intersect_lines_2d",
@@ -133,16 +146,16 @@ def split(text: str) -> list[str]:
 
 def parameter(text: str) -> Parameter:
     match = PARAMETER.match(text)
-    if match is None or match.group(5):
+    if match is None:
         raise Unbindable(text)
-    kind, const, mark, name, _, default = match.groups()
-    return Parameter(kind, bool(const), mark, name, default)
+    kind, const, mark, name, size, default = match.groups()
+    return Parameter(kind, bool(const), "*" if size else mark, name, default)
 
 
 def function(owner: str, text: str) -> Declaration | None:
     """A declared function or data member; None for what no caller calls."""
     text = re.sub(r"\b(VEXMATH_API|constexpr|inline|virtual|explicit) ", "", text)
-    if "= delete" in text or text.startswith(("#", "friend", "using", "template", "~", "operator ")):
+    if "= delete" in text or "float *" in text or text.startswith(("#", "friend", "using", "template", "~", "operator ")):
         return None
     if match := FIELD.match(text):
         return Declaration(owner, match.group(1), "", is_field=True)
@@ -247,10 +260,14 @@ def call_of(made: Declaration) -> Call:
     is_counted = False
     for index, p in enumerate(made.parameters):
         following = made.parameters[index + 1] if index + 1 < len(made.parameters) else None
+        names = {p.name, f"{made.name}::{p.name}", f"{made.key}::{p.name}"}
         item = element(p.type)
-        in_out = p.name in IN_AND_OUT or f"{made.name}::{p.name}" in IN_AND_OUT
+        in_out = bool(names & set(IN_AND_OUT))
+        size = next((ARRAYS[name] for name in names if name in ARRAYS), 0)
         address = "&" if p.mark == "*" else ""
-        if p.name == "n" and following and following.mark == "*" and following.is_const:
+        if name := next((name for name in names if name in IGNORED), None):
+            call.arguments.append(IGNORED[name])
+        elif p.name == "n" and following and following.mark == "*" and following.is_const:
             is_counted = True
         elif is_counted:
             call.take(f"Rows<{p.type}> const &", p, f"intCount({p.name}.count()), {p.name}.data()")
@@ -261,6 +278,16 @@ def call_of(made: Declaration) -> Call:
         elif item:
             call.before.append(f"auto {p.name}List = std::make_unique<{p.type}>();")
             call.arguments.append(f"*{p.name}List")
+        elif size and p.is_const:
+            call.take(f"std::array<{p.type}, {size}> const &", p, f"{p.name}.data()")
+        elif size:
+            call.before.append(f"Output<std::array<{p.type}, {size}>> {p.name};")
+            call.arguments.append(f"{p.name}.value.data()")
+            call.results.append(f"{p.name}.get()")
+        elif names & set(OPTIONAL):
+            call.take(f"std::optional<{p.type}> ", p, f"{p.name} ? &*{p.name} : nullptr")
+            call.names[-1] += " = py::none()"
+            call.results += [p.name] if in_out else []
         elif p.is_output and in_out:
             call.take(f"{p.type} ", p, address + p.name)
             call.results.append(p.name)
@@ -286,6 +313,9 @@ def body(made: Declaration, call: Call, callee: str) -> str:
         return f"{before} return new mgXform_c({expression});"
     if call.has_lists:
         return f"{before} listed([&] {{ return {expression}; }}); return {call.results[0]};"
+    if made.name in COUNTED:
+        output = call.results[0].replace(".get()", ".value")
+        return f"{before} int const count = {expression}; return firstOf({output}, count);"
     if made.result == "void":
         values = [result.replace(".get()", ".value") for result in call.results]
         returned = values[0] if len(values) == 1 else f"std::tuple({', '.join(values)})"
@@ -310,7 +340,7 @@ def lambda_of(made: Declaration) -> tuple[str, list[str]]:
 def bound(kind: str, made: Declaration) -> str:
     """`kind` is what precedes the names in a call of a helper of bind.h."""
     code, names = lambda_of(made)
-    return f'{kind}"{made.key}", "{python_name(made)}", {", ".join([code, *names])});'
+    return f'{kind}"{made.name}", "{python_name(made)}", {", ".join([code, *names])});'
 
 
 def operator(owner: str, made: Declaration) -> Iterator[str]:
@@ -410,7 +440,7 @@ class Generator:
         elif self.is_property(made):
             other = self.setter(made)
             setter = f", {lambda_of(other)[0]}" if other else ""
-            yield f'{cls}.property("{made.key}", "{python}", {lambda_of(made)[0]}{setter});'
+            yield f'{cls}.property("{made.name}", "{python}", {lambda_of(made)[0]}{setter});'
         else:
             yield bound(f"{cls}.{'fixed' if made.is_static else 'method'}(", made)
 

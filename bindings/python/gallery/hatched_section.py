@@ -41,8 +41,7 @@ def draw(axes, outlines, angle, spacing, colour):
     for a, b in ends:
         axes.plot([a[0], b[0]], [a[1], b[1]], color=colour, lw=0.7)
     for outline in outlines:
-        closed = np.vstack([outline, outline[:1]])
-        axes.plot(closed[:, 0], closed[:, 1], color="#222222", lw=1.3)
+        axes.add_patch(plt.Polygon(outline[:, :2], fill=False, ec="#222222", lw=1.3))
     return len(ends)
 
 

@@ -51,6 +51,7 @@ def main(folder):
     axes.plot(CLICK.x, CLICK.y, "+", color="black", ms=16)
     title = "nothing" if hit is None else f"box {picked}, at ({hit.x:.2f}, {hit.y:.2f}, {hit.z:.2f})"
     axes.set(title=f"Picked: {title}", aspect="equal")
+    axes.set(xlabel="x on the screen", ylabel="y on the screen")
     figure.savefig(Path(folder) / "perspective_picking.png", dpi=70, pil_kwargs={"optimize": True})
 
 

@@ -27,6 +27,11 @@ def test_points_are_moved_and_bounded_where_they_lie():
     assert moved.tolist() == [[*(vm.Point(*p) * X)] for p in POINTS]
     assert vm.transform_points(given, X, out=given) is given
     assert (given == moved).all()
+    for source, target in ((0, 300), (300, 0)):
+        both = np.concatenate([POINTS, POINTS])
+        expected = vm.transform_points(both[source : source + 1000].copy(), X)
+        vm.transform_points(both[source : source + 1000], X, out=both[target : target + 1000])
+        assert (both[target : target + 1000] == expected).all()
     box = vm.Box()
     for p in moved:
         box |= vm.Point(*p)
