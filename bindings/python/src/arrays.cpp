@@ -106,20 +106,6 @@ py::array_t<int> found(F search) {
     return handOver<int>(std::move(pairs));
 }
 
-/// Copies rows piece by piece, so that each is still in the first-level cache when it is moved.
-void transformInto(Point *to, Point const *from, py::ssize_t count, mgXform_c const &x) {
-    constexpr py::ssize_t kPiece = 512;
-    bool const isApart = std::less_equal<>()(to, from) || std::less_equal<>()(from + count, to);
-    if (!isApart) std::memmove(static_cast<void *>(to), from, sizeof(Point) * std::size_t(count));
-    for (py::ssize_t first = 0; first < count; first += kPiece) {
-        auto const rows = std::min(kPiece, count - first);
-        if (isApart && to != from)
-            std::memmove(static_cast<void *>(to + first), from + first,
-                         sizeof(Point) * std::size_t(rows));
-        mg_TransformPoints(to + first, static_cast<int>(rows), x);
-    }
-}
-
 py::array_t<double> transformPoints(Points const &points, mgXform_c const &x,
                                     std::optional<Rows<Point, true>> out) {
     if (!out) out = Rows<Point, true>(newRows(points.count(), 3));
@@ -127,7 +113,11 @@ py::array_t<double> transformPoints(Points const &points, mgXform_c const &x,
     Point *const to = out->mutableData();
     {
         WithoutLock const released;
-        transformInto(to, points.data(), points.count(), x);
+        if (to != points.data())
+            std::memmove(static_cast<void *>(to), points.data(),
+                         sizeof(Point) * static_cast<std::size_t>(points.count()));
+        inPieces(points.count(),
+                 [&](py::ssize_t first, int count) { mg_TransformPoints(to + first, count, x); });
     }
     return py::reinterpret_borrow<py::array_t<double>>(out->array);
 }

@@ -182,20 +182,27 @@ py::tuple arguments(mgGenXform_c const &g) {
     g.getScale(scales);
     return py::make_tuple(exactCopy(g), exactCopy(g.getBodyXform()), numbers<3>(scales));
 }
-py::tuple arguments(mgBBox_c const &b) {
-    return py::make_tuple(b.sphCenter(), b.high(), b.low(), b.sphRadius());
+/// A class of doubles as it lies in memory, which the ABI fixes: not all its fields have accessors.
+template <class T>
+auto memoryOf(T const &value) {
+    std::array<double, sizeof(T) / sizeof(double)> doubles;
+    static_assert(std::is_trivially_copyable_v<T> && sizeof doubles == sizeof value);
+    std::memcpy(doubles.data(), &value, sizeof value);
+    return doubles;
 }
-/// Of a corner, two directions and lengths, which the classes do not show.
+py::tuple arguments(mgBBox_c const &box) {
+    auto const n = memoryOf(box);
+    return py::make_tuple(mgPoint_c(&n[0]), mgPoint_c(&n[3]), mgPoint_c(&n[6]), n[9]);
+}
+/// Of a corner, two directions and lengths.
 template <class T>
 py::tuple cornerArguments(T const &value) {
-    constexpr int kCount = sizeof(T) / sizeof(double), kFirstLength = 9;
-    double n[kCount];
-    static_assert(std::is_trivially_copyable_v<T> && sizeof n == sizeof value);
-    std::memcpy(n, &value, sizeof n);
+    constexpr std::size_t kFirstLength = 9;
+    auto const n = memoryOf(value);
     py::tuple fields =
         py::make_tuple(mgPoint_c(n[0], n[1], n[2]), makeDirection(n[3], n[4], n[5], false),
                        makeDirection(n[6], n[7], n[8], false));
-    for (int k = kFirstLength; k < kCount; ++k) fields = fields + py::make_tuple(n[k]);
+    for (auto k = kFirstLength; k < n.size(); ++k) fields = fields + py::make_tuple(n[k]);
     return fields;
 }
 py::tuple arguments(mgParallelogram_c const &area) { return cornerArguments(area); }
