@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""generate.py <folder of headers> <output folder>: writes the bindings that follow from the headers.
+"""generate.py <folder of headers> <output folder>: writes what follows from the headers.
 
 Every public declaration is bound under the library's name and under one in the manner of Python,
 with its comment as docstring. An output becomes a result; an accessor becomes a property. What is
@@ -22,6 +22,14 @@ CLASSES = {
     "mgParallelogram_c": "Parallelogram", "mgGeneralBox_c": "GeneralBox", "mgLine_c": "Line",
     "mgPlane_c": "Plane", "mgCircle_c": "Circle", "mgArc_c": "Arc", "mgCone_c": "Cone",
     "mgCylinder_c": "Cylinder", "mgPrimitiveBodyData_c": "PrimitiveBody", "mgRect": "Rect",
+}  # fmt: skip
+ENUMERATIONS = {
+    "mgIntersectionType_e": "IntersectionType", "mgClipLine_e": "ClipLine",
+    "mgLinePlaneIntersectionType_e": "LinePlaneIntersectionType",
+    "mgPlnPlnIntersectionType_e": "PlanePlaneIntersectionType",
+    "mgLineCircleIntType_e": "LineCircleIntersectionType", "mgInsideBox_e": "InsideBox",
+    "mgPointOnLine_e": "PointOnLine", "mgPolylineArc_e": "PolylineArc",
+    "mg_GoodEqu3Status": "CubicStatus",
 }  # fmt: skip
 HEADERS_LEFT_OUT = """checksum dynamic_array edge_data export forward gfxmath select_type
     selection_sets su_dynamic_array tolerances vexmath""".split()
@@ -52,8 +60,8 @@ ARRAYS = {
 COUNTED = ["getNullspace", "mg_solveQuadratic", "mg_solveCubic"]
 NUMBERS = """dominantComponentIndex getNearestAxis isReflection GetUseSphereBoundingBox firstOnRay
     SetUseSphereBoundingBox mg_GetUseVectorUnits mg_SetUseVectorUnits""".split()
-METHODS = """getGLData getGenGLData inverse transpose linearComponent normalise null isNull isNotNull isOrthogonal
-    isNearZero isNearIdentity isRigid maxBox convertToMatrix quatToMatrix""".split()
+METHODS = """getGLData getGenGLData inverse transpose linearComponent normalise null isNull
+    isNotNull isOrthogonal isNearZero isNearIdentity isRigid maxBox convertToMatrix quatToMatrix""".split()
 SETTERS = {"setNearClipPlaneDistance": "getPlaneDistance", "setTranslation": "getTranslation"}
 NAMES = {
     "len": "length", "sqlen": "squared_length", "null": "is_zero", "vol": "triple_product",
@@ -63,9 +71,10 @@ NAMES = {
     "getIXAxis": "x_row", "getIYAxis": "y_row", "getIZAxis": "z_row", "pointPerp": "foot",
     "pointPerpParam": "foot_param", "containsBBox": "contains_box",
     "mgBBox_c::clash(static)": "clash_placed", "mgBBox_c::pointPerp": "nearest_point",
-    "mg_getModelSpaceViewRay": "view_ray", "mg_CoordinateXform": "frame", "mg_getSgConicEccentricity":
-    "shoulder_eccentricity", "mgSolveQuadratic": "solve_quadratic_sorted",
-    "mgUnitVectorDer": "direction_derivative", "interLine": "line_of_planes",
+    "mg_getModelSpaceViewRay": "view_ray", "mg_CoordinateXform": "frame",
+    "mg_getSgConicEccentricity": "shoulder_eccentricity",
+    "mgSolveQuadratic": "solve_quadratic_sorted", "mgUnitVectorDer": "direction_derivative",
+    "interLine": "line_of_planes",
     "s_projPointOnLine": "project_point_on_line", "matrixToQuat": "set_from_matrix",
     "quatToMatrix": "to_matrix", "quatSlerp": "set_slerp", "convertToMatrix": "to_matrix",
     "getGLData": "to_gl", "createFromGLData": "from_gl", "getGenGLData": "to_gen_gl",
@@ -83,16 +92,20 @@ NAMES = {
 }  # fmt: skip
 RULES = [
     (r"^(mg_|mg(?=[A-Z])|s_)", ""), (r"^iValidate|^i(?=[A-Z])", ""), (r"^get(?=[A-Z])", ""),
-    (r"LineSeg(ment)?", "Segment"), (r"Seg(?=$|2D)", ""), (r"^(\w+)Int([A-Z]\w+)$", r"intersect\1\2"),
-    (r"^calc", ""), (r"Cyl$", "Cylinder"), (r"Disk", "Disc"), (r"Coordinate(?=Xform)", "Frame"),
+    (r"LineSeg(ment)?", "Segment"), (r"Seg(?=$|2D)", ""),
+    (r"^(\w+)Int([A-Z]\w+)$", r"intersect\1\2"), (r"^calc", ""),
+    (r"Cyl$", "Cylinder"), (r"Disk", "Disc"), (r"Coordinate(?=Xform)", "Frame"),
     (r"(?<=\w)Xform", ""), (r"_v(?=\d)", ""),
 ]  # fmt: skip
 OPERATORS = {
-    "operator+": "__add__", "operator-": "__sub__", "operator*": "__mul__", "operator/": "__truediv__",
-    "operator%": "__mod__", "operator<": "__lt__", "operator==": "is_same",
+    "operator+": "__add__", "operator-": "__sub__", "operator*": "__mul__",
+    "operator/": "__truediv__", "operator%": "__mod__",
+    "operator<": "__lt__", "operator==": "is_same",
     "operator+=": "__iadd__", "operator-=": "__isub__", "operator*=": "__imul__",
     "operator|=": "__ior__", "operator&=": "__iand__",
 }  # fmt: skip
+OPERATORS_LEFT_OUT = ["operator" + mark for mark in ("()", "[]", "||", "<<", ">>", "=")]
+NOT_CALLED = ("#", "friend", "using", "template", "~", "operator ")
 BODIES = "// -----"
 TYPE = re.compile(r"^(class|struct|enum) (?:VEXMATH_API )?(\w+)(?: : (?:public )?([\w:]+))?[^;]*$")
 FUNCTION = re.compile(r"(operator\s*(?:\(\)|\[\]|[^\w\s(]+)|\w+)\s*\(")
@@ -155,12 +168,12 @@ def parameter(text: str) -> Parameter:
 def function(owner: str, text: str) -> Declaration | None:
     """A declared function or data member; None for what no caller calls."""
     text = re.sub(r"\b(VEXMATH_API|constexpr|inline|virtual|explicit) ", "", text)
-    if "= delete" in text or "float *" in text or text.startswith(("#", "friend", "using", "template", "~", "operator ")):
+    if "= delete" in text or "float *" in text or text.startswith(NOT_CALLED):
         return None
     if match := FIELD.match(text):
         return Declaration(owner, match.group(1), "", is_field=True)
     match = FUNCTION.search(text)
-    if match is None or match.group(1) in ("operator()", "operator[]", "operator||", "operator<<", "operator>>", "operator="):
+    if match is None or match.group(1) in OPERATORS_LEFT_OUT:
         return None
     end = match.end()
     while text[match.end() : end].count("(") >= text[match.end() : end].count(")"):
@@ -178,7 +191,7 @@ def function(owner: str, text: str) -> Declaration | None:
 
 
 def declarations(text: str) -> Iterator[tuple[str, str, str]]:
-    """(class, declaration, comment) of what is public. One without a comment has its paragraph's."""
+    """(class, declaration, comment) of what is public. Without a comment, that of its paragraph."""
     scope, access, depth, declaration = "", True, 0, ""
     comment: list[str] = []
     paragraph = ""
@@ -199,7 +212,9 @@ def declarations(text: str) -> Iterator[tuple[str, str, str]]:
         elif line in ("public:", "private:", "protected:"):
             access = line == "public:"
         elif raw.startswith("}"):
-            scope, access = "", True
+            if declaration:  # the last enumerator
+                yield scope, declaration, paragraph
+            scope, access, declaration = "", True, ""
         else:
             code, _, after = line.partition("///<")
             declaration = f"{declaration} {code}".strip()
@@ -324,7 +339,8 @@ def body(made: Declaration, call: Call, callee: str) -> str:
         expression += " != 0"
     if not call.results:
         return f"{before} return {expression};"
-    return f"{before} auto const returned = {expression}; return std::tuple(returned, {', '.join(call.results)});"
+    results = ", ".join(["returned", *call.results])
+    return f"{before} auto const returned = {expression}; return std::tuple({results});"
 
 
 def lambda_of(made: Declaration) -> tuple[str, list[str]]:
@@ -352,7 +368,8 @@ def operator(owner: str, made: Declaration) -> Iterator[str]:
     result = "new mgXform_c(a * b)" if made.result == "mgXform_c" else f"a {symbol} b"
     name = OPERATORS[made.name]
     if name == "is_same":
-        yield f'{cls}.def("is_same", []({a}, {owner} const &b) {{ return bool(a == b); }}, doc("{made.key}").c_str(), "other"_a);'
+        call = f"[]({a}, {owner} const &b) {{ return bool(a == b); }}"
+        yield f'{cls}.def("is_same", {call}, doc("{made.key}").c_str(), "other"_a);'
     elif len(types) == (0 if made.owner else 1):
         yield f'{cls}.def("__neg__", []({a}) {{ return -a; }});'
     elif symbol.endswith("=") and symbol != "==":
@@ -361,9 +378,11 @@ def operator(owner: str, made: Declaration) -> Iterator[str]:
             f'{{ self.cast<{owner} &>() {symbol} b; return self; }}, "other"_a);'
         )
         if (owner, name) in COPIED:
-            yield f'{cls}.def("{name.replace("__i", "__")}", []({owner} a, {b}) {{ a {symbol} b; return a; }}, "other"_a);'
+            call = f"[]({owner} a, {b}) {{ a {symbol} b; return a; }}"
+            yield f'{cls}.def("{name.replace("__i", "__")}", {call}, "other"_a);'
     elif types[0] == "double":
-        yield f'{cls}.def("__rmul__", []({owner} const &b, double a) {{ return a * b; }}, "other"_a);'
+        call = f"[]({owner} const &b, double a) {{ return a * b; }}"
+        yield f'{cls}.def("__rmul__", {call}, "other"_a);'
     else:
         for same in [name, "__matmul__"] if symbol == "%" else [name]:
             yield f'{cls}.def("{same}", []({a}, {b}) {{ return {result}; }}, "other"_a);'
@@ -379,6 +398,7 @@ class Generator:
     def __init__(self, folder: Path) -> None:
         self.docs: dict[str, list[str]] = {}
         self.bases: dict[str, str] = {}
+        self.values: dict[str, list[str]] = {name: [] for name in ENUMERATIONS}
         self.found: list[Declaration] = []
         for header in sorted(folder.glob("*.h")):
             if header.stem not in HEADERS_LEFT_OUT:
@@ -391,6 +411,8 @@ class Generator:
             if match := TYPE.match(code):
                 self.docs[scope] = [comment]
                 self.bases[scope] = match.group(3) or ""
+            elif scope in ENUMERATIONS:
+                self.values[scope].append(snake(code.split(" = ")[0].partition("_")[2]).upper())
             elif scope in CLASSES or not scope:
                 if made := function(scope, code):
                     self.found.append(made)
@@ -429,7 +451,8 @@ class Generator:
         cls = f"classes.{CLASSES[made.owner]}"
         python = python_name(made)
         if made.is_field:
-            yield f'{cls}.def_readwrite("{python}", &{made.owner}::{made.name}, doc("{made.key}").c_str());'
+            text = f'doc("{made.key}").c_str()'
+            yield f'{cls}.def_readwrite("{python}", &{made.owner}::{made.name}, {text});'
         elif made.name == made.owner:
             if not any(p.mark == "*" or p.type == made.owner for p in made.parameters):
                 kinds = [p.type + (" const &" if p.mark else "") for p in made.parameters]
@@ -466,6 +489,13 @@ class Generator:
                 if made.name != "operator==" or types == [owner, owner]:
                     yield from operator(owner, made)
 
+    def enumerations(self) -> Iterator[str]:
+        yield "void bindEnumerations(py::module_ &m) {"
+        for name, values in self.values.items():
+            listed = '", "'.join(values)
+            yield f'    enumeration<{name}>(m, "{name}", {{"{listed}"}});'
+        yield "}"
+
     def classes(self) -> Iterator[str]:
         yield "struct Classes {\n    py::module_ &m;"
         for name, python in CLASSES.items():
@@ -486,11 +516,14 @@ def main() -> None:
     folder = Path(sys.argv[2])
     write(folder / "docs.inc", list(made.table()))
     write(folder / "classes.inc", list(made.classes()))
+    names = [f'VEXMATH_PYTHON_ENUM({name}, "{python}")' for name, python in ENUMERATIONS.items()]
+    write(folder / "enumerations.inc", names)
     lines = list(made.lines())
     for part in range(PARTS):
         share = lines[part * len(lines) // PARTS : (part + 1) * len(lines) // PARTS]
         code = [f"void bindPart{part}(Classes &classes) {{", *share, "}"]
         head = ['#include "classes.h"', '#include "rows.h"', "namespace bind {"]
+        code += made.enumerations() if part == 0 else []
         write(folder / f"part{part}.cpp", [*head, *code, "}"])
 
 

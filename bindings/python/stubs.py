@@ -60,7 +60,8 @@ def argument(text: str, is_operator: bool) -> str:
 
 def signatures(function: Any, name: str) -> Iterator[str]:
     """(arguments) -> result, of each overload."""
-    lines = re.findall(rf"^(?:\d+\. )?{name}\((.*)\) -> (.*)$", function.__doc__ or "", re.MULTILINE)
+    pattern = rf"^(?:\d+\. )?{name}\((.*)\) -> (.*)$"
+    lines = re.findall(pattern, function.__doc__ or "", re.MULTILINE)
     is_operator = name.startswith("__") and name != "__init__"
     for arguments, result in lines:
         if "*args" in arguments:

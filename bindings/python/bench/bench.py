@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Times of array functions beside NumPy: process CPU time, one thread, least of interleaved runs."""
+"""Times of array functions beside NumPy: process CPU time, one thread, least of mixed runs."""
 
 import os
 
@@ -75,8 +75,10 @@ def main() -> None:
         pairs = [(seconds(numpy_call), seconds(own_call)) for _ in range(REPETITIONS)]
         other, own = (min(times) * 1e3 for times in zip(*pairs))
         print(f"| {name} | {other:.1f} | {own:.1f} | {other / own:.0f} |")
-    for name, call in (("filling", lambda: OUT.fill(0.0)), ("copying", lambda: np.copyto(OUT, POINTS))):
-        print(f"{name} the array: {min(seconds(call) for _ in range(REPETITIONS)) * 1e3:.1f} ms")
+    memory = {"filling": lambda: OUT.fill(0.0), "copying": lambda: np.copyto(OUT, POINTS)}
+    for name, call in memory.items():
+        least = min(seconds(call) for _ in range(REPETITIONS))
+        print(f"{name} the array: {least * 1e3:.1f} ms")
     distributed(100_000)
     distributed(400_000)
 

@@ -140,14 +140,6 @@ void enumeration(py::module_ &m, char const *library, std::initializer_list<char
         }                                                                                          \
     };
 
-VEXMATH_PYTHON_ENUM(mgIntersectionType_e, "IntersectionType")
-VEXMATH_PYTHON_ENUM(mgLinePlaneIntersectionType_e, "LinePlaneIntersectionType")
-VEXMATH_PYTHON_ENUM(mgPlnPlnIntersectionType_e, "PlanePlaneIntersectionType")
-VEXMATH_PYTHON_ENUM(mgLineCircleIntType_e, "LineCircleIntersectionType")
-VEXMATH_PYTHON_ENUM(mgClipLine_e, "ClipLine")
-VEXMATH_PYTHON_ENUM(mgInsideBox_e, "InsideBox")
-VEXMATH_PYTHON_ENUM(mgPointOnLine_e, "PointOnLine")
-VEXMATH_PYTHON_ENUM(mgPolylineArc_e, "PolylineArc")
-VEXMATH_PYTHON_ENUM(mg_GoodEqu3Status, "CubicStatus")
+#include "enumerations.inc"
 
 #endif

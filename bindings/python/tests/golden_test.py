@@ -200,7 +200,8 @@ def numerics(stream, out):
 @pytest.mark.parametrize(
     ("family", "rounds"),
     [(vectors, ROUNDS), (matrices, ROUNDS), (transforms, ROUNDS), (boxes, ROUNDS), (bulk, ROUNDS),
-     (products, ROUNDS), (queries, ROUNDS), (numerics, ROUNDS), (clashes, ROUNDS // 50), (index, ROUNDS // 50)],
+     (products, ROUNDS), (queries, ROUNDS), (numerics, ROUNDS),
+     (clashes, ROUNDS // 50), (index, ROUNDS // 50)],
 )  # fmt: skip
 def test_python_gives_the_golden_bits(family, rounds):
     lines = (line.split(" ", 1) for line in LINES.read_text().splitlines())
