@@ -61,7 +61,8 @@ COUNTED = ["getNullspace", "mg_solveQuadratic", "mg_solveCubic"]
 NUMBERS = """dominantComponentIndex getNearestAxis isReflection GetUseSphereBoundingBox firstOnRay
     SetUseSphereBoundingBox mg_GetUseVectorUnits mg_SetUseVectorUnits""".split()
 METHODS = """getGLData getGenGLData inverse transpose linearComponent normalise null isNull
-    isNotNull isOrthogonal isNearZero isNearIdentity isRigid maxBox convertToMatrix quatToMatrix""".split()
+    isNotNull isOrthogonal isNearZero isNearIdentity isRigid maxBox convertToMatrix
+    quatToMatrix""".split()
 SETTERS = {"setNearClipPlaneDistance": "getPlaneDistance", "setTranslation": "getTranslation"}
 NAMES = {
     "len": "length", "sqlen": "squared_length", "null": "is_zero", "vol": "triple_product",
