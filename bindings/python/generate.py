@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""generate.py <folder of headers> <output folder>: writes the bindings that follow from the headers.
+"""generate.py <folder of headers> <output folder>: writes what follows from the headers.
 
 Every public declaration is bound under the library's name and under one in the manner of Python,
 with its comment as docstring. An output becomes a result; an accessor becomes a property. What is
@@ -23,28 +23,46 @@ CLASSES = {
     "mgPlane_c": "Plane", "mgCircle_c": "Circle", "mgArc_c": "Arc", "mgCone_c": "Cone",
     "mgCylinder_c": "Cylinder", "mgPrimitiveBodyData_c": "PrimitiveBody", "mgRect": "Rect",
 }  # fmt: skip
+ENUMERATIONS = {
+    "mgIntersectionType_e": "IntersectionType", "mgClipLine_e": "ClipLine",
+    "mgLinePlaneIntersectionType_e": "LinePlaneIntersectionType",
+    "mgPlnPlnIntersectionType_e": "PlanePlaneIntersectionType",
+    "mgLineCircleIntType_e": "LineCircleIntersectionType", "mgInsideBox_e": "InsideBox",
+    "mgPointOnLine_e": "PointOnLine", "mgPolylineArc_e": "PolylineArc",
+    "mg_GoodEqu3Status": "CubicStatus",
+}  # fmt: skip
 HEADERS_LEFT_OUT = """checksum dynamic_array edge_data export forward gfxmath select_type
     selection_sets su_dynamic_array tolerances vexmath""".split()
 CLASSES_LEFT_OUT = {"gcMdiPoint_c", "mgTessPoint2D_c", "mgXform_64BitHelper_c", "mgIndexPair_c"}
 # Of every class, or of one. Numbers, bytes and sequences serve better in Python.
 LEFT_OUT = """set get component nullVector save2D restore2D Dump dump random SetHelper GetHelper
     getDataPtr loadIdentity mg_pointSelectionSort""".split()
-BY_HAND = """save restore restoreAsIs saveStringRep restoreStringRep create checkCollinear
-    getRotationAngle getEigensystem getMatrixFromEigs getNullspace getPerspectiveInfo
-    addPerspectiveInfo deletePerspectiveInfo getGLData createFromGLData getGenGLData
-    mgBoxIndex_c::build mgBoxIndex_c::clashesOf mgBBox_c::set extremePts mgGenXform_c::set getScale
-    mg_TransformPoints mg_BoundPoints mg_MultiplyXforms mg_FindClashes mg_ZoomBoxToBox
-    mg_PutParamInRange mg_PutAngleInRange mg_solveQuadratic mg_solveCubic mg_GoodEqu3 mg_FindBBox
-    getBaricentricCoordinates mg_Find3PointArcCenter mg_Clip2DArcToBox minCnvxPlgRect
-    mg_calcHatchLinesPolygon2D mg_pointQuickSort mg_TessArc mg_TessEllipse mg_TessParabola
-    mg_TessBConic mg_TessParabolaOrBConic projectToPlane projectToPlaneOnViewLine""".split()
-# In these the parameter of that name is read as well as written, or only read.
-IN_AND_OUT = {"p", "edge"} | {"mg_ClipLineEndToRotated2DBox::end"}
-READ_ONLY = {"points", "input"}
+BY_HAND = """save restore restoreAsIs saveStringRep restoreStringRep create getPerspectiveInfo
+    addPerspectiveInfo deletePerspectiveInfo mgBoxIndex_c::build mgBoxIndex_c::clashesOf
+    mgBBox_c::set mg_TransformPoints mg_BoundPoints mg_MultiplyXforms mg_FindClashes mg_ZoomBoxToBox
+    getBaricentricCoordinates mg_Clip2DArcToBox minCnvxPlgRect mg_calcHatchLinesPolygon2D
+    mg_pointQuickSort mg_TessArc mg_TessEllipse mg_TessParabola mg_TessBConic
+    mg_TessParabolaOrBConic""".split()
+# Parameters, by name or by function and name. They are read as well as written, or only read.
+IN_AND_OUT = """p edge mg_ClipLineEndToRotated2DBox::end mg_PutParamInRange::param
+    mg_PutParamInRange::endParam mg_PutAngleInRange::angle mg_PutAngleInRange::endAngle""".split()
+READ_ONLY = ["points", "input"]
+# None is passed as a null pointer.
+OPTIONAL = """mgMatrix_c::getRotationAngle::axis mg_PutParamInRange::endParam
+    mg_PutAngleInRange::endAngle""".split()
+IGNORED = {"getMatrixFromEigs::values": "nullptr"}
+# They point to so many. Of some, the function returns how many it has written.
+ARRAYS = {
+    "roots": 3, "checkCollinear::pts": 3, "mg_Find3PointArcCenter::pts": 3, "scales": 3,
+    "getEigensystem::values": 3, "vectors": 3, "getNullspace::basis": 3, "getScale::out": 3,
+    "extremePts::out": 2, "gl": 16, "mg_FindBBox::out": 4,
+}  # fmt: skip
+COUNTED = ["getNullspace", "mg_solveQuadratic", "mg_solveCubic"]
 NUMBERS = """dominantComponentIndex getNearestAxis isReflection GetUseSphereBoundingBox firstOnRay
     SetUseSphereBoundingBox mg_GetUseVectorUnits mg_SetUseVectorUnits""".split()
-METHODS = """inverse transpose linearComponent normalise null isNull isNotNull isOrthogonal
-    isNearZero isNearIdentity isRigid maxBox convertToMatrix quatToMatrix""".split()
+METHODS = """getGLData getGenGLData inverse transpose linearComponent normalise null isNull
+    isNotNull isOrthogonal isNearZero isNearIdentity isRigid maxBox convertToMatrix
+    quatToMatrix""".split()
 SETTERS = {"setNearClipPlaneDistance": "getPlaneDistance", "setTranslation": "getTranslation"}
 NAMES = {
     "len": "length", "sqlen": "squared_length", "null": "is_zero", "vol": "triple_product",
@@ -54,11 +72,16 @@ NAMES = {
     "getIXAxis": "x_row", "getIYAxis": "y_row", "getIZAxis": "z_row", "pointPerp": "foot",
     "pointPerpParam": "foot_param", "containsBBox": "contains_box",
     "mgBBox_c::clash(static)": "clash_placed", "mgBBox_c::pointPerp": "nearest_point",
-    "mg_getModelSpaceViewRay": "view_ray", "mg_CoordinateXform": "frame", "mg_getSgConicEccentricity":
-    "shoulder_eccentricity", "mgSolveQuadratic": "solve_quadratic_sorted",
-    "mgUnitVectorDer": "direction_derivative", "interLine": "line_of_planes",
+    "mg_getModelSpaceViewRay": "view_ray", "mg_CoordinateXform": "frame",
+    "mg_getSgConicEccentricity": "shoulder_eccentricity",
+    "mgSolveQuadratic": "solve_quadratic_sorted", "mgUnitVectorDer": "direction_derivative",
+    "interLine": "line_of_planes",
     "s_projPointOnLine": "project_point_on_line", "matrixToQuat": "set_from_matrix",
     "quatToMatrix": "to_matrix", "quatSlerp": "set_slerp", "convertToMatrix": "to_matrix",
+    "getGLData": "to_gl", "createFromGLData": "from_gl", "getGenGLData": "to_gen_gl",
+    "getScale": "scales", "getMatrixFromEigs": "from_eigenvectors", "extremePts": "extreme_points",
+    "getNullspace": "null_space", "mg_GoodEqu3": "solve_characteristic",
+    "mg_FindBBox": "placed_extent", "mg_Find3PointArcCenter": "arc_center_of_3_points",
     "mg_OpenTSP": "open_tour", "mg_ClosedTSP": "closed_tour", "distTo": "distance_to",
     "mg_LineIntPlane": "intersect_line_plane", "mg_PlaneIntPlane": "intersect_planes",
     "mg_LineIntLine": "intersect_lines", "mg_LineIntLine2D": "intersect_lines_2d",
@@ -70,16 +93,20 @@ NAMES = {
 }  # fmt: skip
 RULES = [
     (r"^(mg_|mg(?=[A-Z])|s_)", ""), (r"^iValidate|^i(?=[A-Z])", ""), (r"^get(?=[A-Z])", ""),
-    (r"LineSeg(ment)?", "Segment"), (r"Seg(?=$|2D)", ""), (r"^(\w+)Int([A-Z]\w+)$", r"intersect\1\2"),
-    (r"^calc", ""), (r"Cyl$", "Cylinder"), (r"Disk", "Disc"), (r"Coordinate(?=Xform)", "Frame"),
+    (r"LineSeg(ment)?", "Segment"), (r"Seg(?=$|2D)", ""),
+    (r"^(\w+)Int([A-Z]\w+)$", r"intersect\1\2"), (r"^calc", ""),
+    (r"Cyl$", "Cylinder"), (r"Disk", "Disc"), (r"Coordinate(?=Xform)", "Frame"),
     (r"(?<=\w)Xform", ""), (r"_v(?=\d)", ""),
 ]  # fmt: skip
 OPERATORS = {
-    "operator+": "__add__", "operator-": "__sub__", "operator*": "__mul__", "operator/": "__truediv__",
-    "operator%": "__mod__", "operator<": "__lt__", "operator==": "is_same",
+    "operator+": "__add__", "operator-": "__sub__", "operator*": "__mul__",
+    "operator/": "__truediv__", "operator%": "__mod__",
+    "operator<": "__lt__", "operator==": "is_same",
     "operator+=": "__iadd__", "operator-=": "__isub__", "operator*=": "__imul__",
     "operator|=": "__ior__", "operator&=": "__iand__",
 }  # fmt: skip
+OPERATORS_LEFT_OUT = ["operator" + mark for mark in ("()", "[]", "||", "<<", ">>", "=")]
+NOT_CALLED = ("#", "friend", "using", "template", "~", "operator ")
 BODIES = "// -----"
 TYPE = re.compile(r"^(class|struct|enum) (?:VEXMATH_API )?(\w+)(?: : (?:public )?([\w:]+))?[^;]*$")
 FUNCTION = re.compile(r"(operator\s*(?:\(\)|\[\]|[^\w\s(]+)|\w+)\s*\(")
@@ -133,21 +160,21 @@ def split(text: str) -> list[str]:
 
 def parameter(text: str) -> Parameter:
     match = PARAMETER.match(text)
-    if match is None or match.group(5):
+    if match is None:
         raise Unbindable(text)
-    kind, const, mark, name, _, default = match.groups()
-    return Parameter(kind, bool(const), mark, name, default)
+    kind, const, mark, name, size, default = match.groups()
+    return Parameter(kind, bool(const), "*" if size else mark, name, default)
 
 
 def function(owner: str, text: str) -> Declaration | None:
     """A declared function or data member; None for what no caller calls."""
     text = re.sub(r"\b(VEXMATH_API|constexpr|inline|virtual|explicit) ", "", text)
-    if "= delete" in text or text.startswith(("#", "friend", "using", "template", "~", "operator ")):
+    if "= delete" in text or "float *" in text or text.startswith(NOT_CALLED):
         return None
     if match := FIELD.match(text):
         return Declaration(owner, match.group(1), "", is_field=True)
     match = FUNCTION.search(text)
-    if match is None or match.group(1) in ("operator()", "operator[]", "operator||", "operator<<", "operator>>", "operator="):
+    if match is None or match.group(1) in OPERATORS_LEFT_OUT:
         return None
     end = match.end()
     while text[match.end() : end].count("(") >= text[match.end() : end].count(")"):
@@ -165,7 +192,7 @@ def function(owner: str, text: str) -> Declaration | None:
 
 
 def declarations(text: str) -> Iterator[tuple[str, str, str]]:
-    """(class, declaration, comment) of what is public. One without a comment has its paragraph's."""
+    """(class, declaration, comment) of what is public. Without a comment, that of its paragraph."""
     scope, access, depth, declaration = "", True, 0, ""
     comment: list[str] = []
     paragraph = ""
@@ -186,7 +213,9 @@ def declarations(text: str) -> Iterator[tuple[str, str, str]]:
         elif line in ("public:", "private:", "protected:"):
             access = line == "public:"
         elif raw.startswith("}"):
-            scope, access = "", True
+            if declaration:  # the last enumerator
+                yield scope, declaration, paragraph
+            scope, access, declaration = "", True, ""
         else:
             code, _, after = line.partition("///<")
             declaration = f"{declaration} {code}".strip()
@@ -247,10 +276,14 @@ def call_of(made: Declaration) -> Call:
     is_counted = False
     for index, p in enumerate(made.parameters):
         following = made.parameters[index + 1] if index + 1 < len(made.parameters) else None
+        names = {p.name, f"{made.name}::{p.name}", f"{made.key}::{p.name}"}
         item = element(p.type)
-        in_out = p.name in IN_AND_OUT or f"{made.name}::{p.name}" in IN_AND_OUT
+        in_out = bool(names & set(IN_AND_OUT))
+        size = next((ARRAYS[name] for name in names if name in ARRAYS), 0)
         address = "&" if p.mark == "*" else ""
-        if p.name == "n" and following and following.mark == "*" and following.is_const:
+        if name := next((name for name in names if name in IGNORED), None):
+            call.arguments.append(IGNORED[name])
+        elif p.name == "n" and following and following.mark == "*" and following.is_const:
             is_counted = True
         elif is_counted:
             call.take(f"Rows<{p.type}> const &", p, f"intCount({p.name}.count()), {p.name}.data()")
@@ -261,6 +294,16 @@ def call_of(made: Declaration) -> Call:
         elif item:
             call.before.append(f"auto {p.name}List = std::make_unique<{p.type}>();")
             call.arguments.append(f"*{p.name}List")
+        elif size and p.is_const:
+            call.take(f"std::array<{p.type}, {size}> const &", p, f"{p.name}.data()")
+        elif size:
+            call.before.append(f"Output<std::array<{p.type}, {size}>> {p.name};")
+            call.arguments.append(f"{p.name}.value.data()")
+            call.results.append(f"{p.name}.get()")
+        elif names & set(OPTIONAL):
+            call.take(f"std::optional<{p.type}> ", p, f"{p.name} ? &*{p.name} : nullptr")
+            call.names[-1] += " = py::none()"
+            call.results += [p.name] if in_out else []
         elif p.is_output and in_out:
             call.take(f"{p.type} ", p, address + p.name)
             call.results.append(p.name)
@@ -286,6 +329,9 @@ def body(made: Declaration, call: Call, callee: str) -> str:
         return f"{before} return new mgXform_c({expression});"
     if call.has_lists:
         return f"{before} listed([&] {{ return {expression}; }}); return {call.results[0]};"
+    if made.name in COUNTED:
+        output = call.results[0].replace(".get()", ".value")
+        return f"{before} int const count = {expression}; return firstOf({output}, count);"
     if made.result == "void":
         values = [result.replace(".get()", ".value") for result in call.results]
         returned = values[0] if len(values) == 1 else f"std::tuple({', '.join(values)})"
@@ -294,7 +340,8 @@ def body(made: Declaration, call: Call, callee: str) -> str:
         expression += " != 0"
     if not call.results:
         return f"{before} return {expression};"
-    return f"{before} auto const returned = {expression}; return std::tuple(returned, {', '.join(call.results)});"
+    results = ", ".join(["returned", *call.results])
+    return f"{before} auto const returned = {expression}; return std::tuple({results});"
 
 
 def lambda_of(made: Declaration) -> tuple[str, list[str]]:
@@ -310,7 +357,7 @@ def lambda_of(made: Declaration) -> tuple[str, list[str]]:
 def bound(kind: str, made: Declaration) -> str:
     """`kind` is what precedes the names in a call of a helper of bind.h."""
     code, names = lambda_of(made)
-    return f'{kind}"{made.key}", "{python_name(made)}", {", ".join([code, *names])});'
+    return f'{kind}"{made.name}", "{python_name(made)}", {", ".join([code, *names])});'
 
 
 def operator(owner: str, made: Declaration) -> Iterator[str]:
@@ -322,7 +369,8 @@ def operator(owner: str, made: Declaration) -> Iterator[str]:
     result = "new mgXform_c(a * b)" if made.result == "mgXform_c" else f"a {symbol} b"
     name = OPERATORS[made.name]
     if name == "is_same":
-        yield f'{cls}.def("is_same", []({a}, {owner} const &b) {{ return bool(a == b); }}, doc("{made.key}").c_str(), "other"_a);'
+        call = f"[]({a}, {owner} const &b) {{ return bool(a == b); }}"
+        yield f'{cls}.def("is_same", {call}, doc("{made.key}").c_str(), "other"_a);'
     elif len(types) == (0 if made.owner else 1):
         yield f'{cls}.def("__neg__", []({a}) {{ return -a; }});'
     elif symbol.endswith("=") and symbol != "==":
@@ -331,9 +379,11 @@ def operator(owner: str, made: Declaration) -> Iterator[str]:
             f'{{ self.cast<{owner} &>() {symbol} b; return self; }}, "other"_a);'
         )
         if (owner, name) in COPIED:
-            yield f'{cls}.def("{name.replace("__i", "__")}", []({owner} a, {b}) {{ a {symbol} b; return a; }}, "other"_a);'
+            call = f"[]({owner} a, {b}) {{ a {symbol} b; return a; }}"
+            yield f'{cls}.def("{name.replace("__i", "__")}", {call}, "other"_a);'
     elif types[0] == "double":
-        yield f'{cls}.def("__rmul__", []({owner} const &b, double a) {{ return a * b; }}, "other"_a);'
+        call = f"[]({owner} const &b, double a) {{ return a * b; }}"
+        yield f'{cls}.def("__rmul__", {call}, "other"_a);'
     else:
         for same in [name, "__matmul__"] if symbol == "%" else [name]:
             yield f'{cls}.def("{same}", []({a}, {b}) {{ return {result}; }}, "other"_a);'
@@ -349,6 +399,7 @@ class Generator:
     def __init__(self, folder: Path) -> None:
         self.docs: dict[str, list[str]] = {}
         self.bases: dict[str, str] = {}
+        self.values: dict[str, list[str]] = {name: [] for name in ENUMERATIONS}
         self.found: list[Declaration] = []
         for header in sorted(folder.glob("*.h")):
             if header.stem not in HEADERS_LEFT_OUT:
@@ -361,6 +412,8 @@ class Generator:
             if match := TYPE.match(code):
                 self.docs[scope] = [comment]
                 self.bases[scope] = match.group(3) or ""
+            elif scope in ENUMERATIONS:
+                self.values[scope].append(snake(code.split(" = ")[0].partition("_")[2]).upper())
             elif scope in CLASSES or not scope:
                 if made := function(scope, code):
                     self.found.append(made)
@@ -399,7 +452,8 @@ class Generator:
         cls = f"classes.{CLASSES[made.owner]}"
         python = python_name(made)
         if made.is_field:
-            yield f'{cls}.def_readwrite("{python}", &{made.owner}::{made.name}, doc("{made.key}").c_str());'
+            text = f'doc("{made.key}").c_str()'
+            yield f'{cls}.def_readwrite("{python}", &{made.owner}::{made.name}, {text});'
         elif made.name == made.owner:
             if not any(p.mark == "*" or p.type == made.owner for p in made.parameters):
                 kinds = [p.type + (" const &" if p.mark else "") for p in made.parameters]
@@ -410,7 +464,7 @@ class Generator:
         elif self.is_property(made):
             other = self.setter(made)
             setter = f", {lambda_of(other)[0]}" if other else ""
-            yield f'{cls}.property("{made.key}", "{python}", {lambda_of(made)[0]}{setter});'
+            yield f'{cls}.property("{made.name}", "{python}", {lambda_of(made)[0]}{setter});'
         else:
             yield bound(f"{cls}.{'fixed' if made.is_static else 'method'}(", made)
 
@@ -436,6 +490,13 @@ class Generator:
                 if made.name != "operator==" or types == [owner, owner]:
                     yield from operator(owner, made)
 
+    def enumerations(self) -> Iterator[str]:
+        yield "void bindEnumerations(py::module_ &m) {"
+        for name, values in self.values.items():
+            listed = '", "'.join(values)
+            yield f'    enumeration<{name}>(m, "{name}", {{"{listed}"}});'
+        yield "}"
+
     def classes(self) -> Iterator[str]:
         yield "struct Classes {\n    py::module_ &m;"
         for name, python in CLASSES.items():
@@ -456,11 +517,14 @@ def main() -> None:
     folder = Path(sys.argv[2])
     write(folder / "docs.inc", list(made.table()))
     write(folder / "classes.inc", list(made.classes()))
+    names = [f'VEXMATH_PYTHON_ENUM({name}, "{python}")' for name, python in ENUMERATIONS.items()]
+    write(folder / "enumerations.inc", names)
     lines = list(made.lines())
     for part in range(PARTS):
         share = lines[part * len(lines) // PARTS : (part + 1) * len(lines) // PARTS]
         code = [f"void bindPart{part}(Classes &classes) {{", *share, "}"]
         head = ['#include "classes.h"', '#include "rows.h"', "namespace bind {"]
+        code += made.enumerations() if part == 0 else []
         write(folder / f"part{part}.cpp", [*head, *code, "}"])
 
 

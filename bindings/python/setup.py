@@ -25,7 +25,8 @@ class CMakeBuild(build_ext):
         subprocess.check_call(configure + shlex.split(os.environ.get("CMAKE_ARGS", "")))
         jobs = str(self.parallel or os.cpu_count() or 1)
         subprocess.check_call(["cmake", "--build", str(build), "--parallel", jobs])
-        subprocess.check_call(["cmake", "--install", str(build), "--strip", "--prefix", str(package)])
+        install = ["cmake", "--install", str(build), "--strip", "--prefix", str(package)]
+        subprocess.check_call(install)
         # The stubs describe what was built.
         stubs = subprocess.check_output([sys.executable, str(HERE / "stubs.py"), str(package)])
         (package / "__init__.pyi").write_bytes(stubs)

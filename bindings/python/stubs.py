@@ -13,6 +13,8 @@ import sys
 from collections.abc import Iterator
 from typing import Any
 
+from generate import split
+
 HEAD = '''from enum import IntEnum
 from typing import Optional, Sequence, Union, overload
 
@@ -36,26 +38,13 @@ TYPES: list[tuple[str, str]] = [
 IN_PLACE = {"__iadd__": "__add__", "__isub__": "__sub__", "__imul__": "__mul__",
             "__ior__": "__or__", "__iand__": "__and__"}  # fmt: skip
 WIDER_THAN_BASE = {"GenTransform.__mul__"}
-WITHOUT_STUB = {"__getstate__", "__setstate__", "__reduce_ex__", "_pybind11_conduit_v1_"}
+WITHOUT_STUB = {"__reduce_ex__", "_pybind11_conduit_v1_"}
 
 
 def plain(annotation: str) -> str:
     for pattern, by in TYPES:
         annotation = re.sub(pattern, by, annotation)
     return annotation
-
-
-def split_arguments(text: str) -> list[str]:
-    """At the commas outside brackets."""
-    parts, depth = [""], 0
-    for letter in text:
-        depth += letter in "([{<"
-        depth -= letter in ")]}>"
-        if letter == "," and not depth:
-            parts.append("")
-        else:
-            parts[-1] += letter
-    return [part.strip() for part in parts if part.strip()]
 
 
 def argument(text: str, is_operator: bool) -> str:
@@ -71,12 +60,13 @@ def argument(text: str, is_operator: bool) -> str:
 
 def signatures(function: Any, name: str) -> Iterator[str]:
     """(arguments) -> result, of each overload."""
-    lines = re.findall(rf"^(?:\d+\. )?{name}\((.*)\) -> (.*)$", function.__doc__ or "", re.MULTILINE)
+    pattern = rf"^(?:\d+\. )?{name}\((.*)\) -> (.*)$"
+    lines = re.findall(pattern, function.__doc__ or "", re.MULTILINE)
     is_operator = name.startswith("__") and name != "__init__"
     for arguments, result in lines:
         if "*args" in arguments:
             continue
-        parts = [argument(part, is_operator) for part in split_arguments(arguments)]
+        parts = [argument(part, is_operator) for part in split(arguments)]
         if name == "__eq__":
             parts = ["self", "other: object"]
         yield f"({', '.join(parts)}) -> {plain(result)}"

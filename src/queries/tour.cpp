@@ -17,7 +17,7 @@
 //
 // QUIRK: mg_queries.h, mg_OpenTSP: the path starts with the last two points, however near they are.
 // Expected: the two points that are farthest apart. Kept: callers and stored data depend on it.
-// (test: AgreesWithTheRule)
+// (test: StartsWithTheLastTwoPoints)
 
 #include <vexmath/mg_queries.h>
 #include <vexmath/mg_vector.h>

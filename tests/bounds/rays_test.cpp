@@ -62,6 +62,10 @@ TEST(FirstRayHit, TheRayBeginsAtItsPointAndFacesAreAToleranceWider) {
     CheckFirstHit(mgBBox_c(), {-5, 0, 0}, xAxis); // its corners contain no point
 }
 
+TEST(RayHit, ALineHitsBehindItsPointToo) {
+    for (U const &dir : {xAxis, -xAxis}) EXPECT_EQ(1, box.isRayHit(P(9, 1, 1), dir));
+}
+
 TEST(LimitRay, TheRangeSpansTheCornersOfUnsetBoxesToo) {
     double tmin = 0, tmax = 0;
     unset.limitRay(P(7, -10, 5), U(0, 0.6, -0.8), &tmin, &tmax);

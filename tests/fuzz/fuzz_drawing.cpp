@@ -158,6 +158,7 @@ void checkPolar(Input &in) {
     }
     int const left = mg_cleanupPolarEdge(edge, tol), n = mg_fixPolarConvolution(fixed, tol);
     CHECK(isUsable == (left > 0) && isUsable == (n > 0) && n <= left && left <= int(points.size()));
+    CHECK(!isUsable || (left == edge.Count() && n == fixed.Count()));
     if (!isUsable)
         for (List const &list : {edge, fixed})
             CHECK(std::equal(points.begin(), points.end(), list.begin(), same<P>));

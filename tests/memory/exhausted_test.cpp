@@ -249,6 +249,15 @@ TEST(Exhausted, AListIsEmpty) {
     });
 }
 
+TEST(Exhausted, AWordIsNotAdded) {
+    Check("add", {-1}, [](Trial &trial) {
+        su_CDWordArray words;
+        int index = 7;
+        trial.run([&] { index = words.Add(1); });
+        return State{index};
+    });
+}
+
 #ifdef VEXMATH_INTEROP_NLOHMANN_JSON_H
 TEST(Exhausted, AListFromJsonThrows) {
     nlohmann::json const written = std::vector<int>(30, 7);

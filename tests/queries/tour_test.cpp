@@ -17,6 +17,11 @@ Order tourOf(decltype(mg_OpenTSP) function, List const &list) {
     return order.list();
 }
 
+TEST(OpenTour, StartsWithTheLastTwoPoints) {
+    EXPECT_EQ((Order{0, 2, 3, 1}),
+              tourOf(mg_OpenTSP, {{0, 0, 0}, {4, 0, 0}, {0, 1, 0}, {4, 1, 0}}));
+}
+
 TEST(ClosedTour, PointsWithoutFiniteDistancesKeepTheirOrder) {
     Random random;
     for (double const odd : {kNaN, kInfinity, 1e160}) {

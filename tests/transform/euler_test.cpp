@@ -87,6 +87,7 @@ TEST(Euler, TheOlderAnglesAreFoundByTheirOwnSteps) {
     check(rotated(2.5, 0, 0), {2.5, 0, 0}), check(rotated(-1.4e-5, 0, 0), {}); // as 1: 1 - 1e-10
     check(rotated(0.3, 0.4, 0.5), {0.3, 0.4, 0.5});
     check(rotated(-0.3, 0.4, 0.5), {half - 0.3, half - 0.4, 0.5 - half});
+    check(rotated(-0.3, 0.4, -0.5), {half - 0.3, half - 0.4, half - 0.5});
     for (double const t : {quarter, -quarter})
         CheckAngles(older, mg_RotateXform(t, {0, 1, 0}, 1e-9), 0, unwritten);
     for (double const t : {half, -2.5, 1.4e-5})

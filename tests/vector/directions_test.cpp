@@ -107,8 +107,9 @@ TEST(Directions, ComponentsTellAxesAndTheDominantOne) {
     check({small, 1e-08, -small}, 1, 1), check({small, -small, 5.0}, 1, 2);
     check({-5.0, -small, small}, 1, 0), check({0.0, -3.0, below(3.0)}, 0, 1);
     check({kNaN, 0.0, small}, 1, 2);
-    V const pair[] = {null, {3.0, small, -5.0}}; // what lies before a vector in memory is not read
-    check(pair[1], 0, 2), check({5.0, 3.0, small}, 0, 0);
+    // What lies before or behind a vector in memory is not read.
+    V const row[] = {null, {3.0, small, -5.0}, {small, 3.0, 5.0}, null};
+    check(row[1], 0, 2), check(row[2], 0, 2), check({5.0, 3.0, small}, 0, 0);
     check({1.0, kNaN, below(1.0)}, 0, 0); // NaN in y is left out
     check({1.0, kNaN, 1.0}, 0, 2), check({1.0, 2.0, kNaN}, 0, 2);
 }

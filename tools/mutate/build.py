@@ -22,6 +22,11 @@ BUILD = ROOT / "build" / "mutate"
 BASE = BUILD / "base"
 GOLDEN = "golden"
 LIBRARY = "library"
+# Objects that programs share.
+SHARED = {
+    "golden_rows": (GOLDEN, "memory", "process"),
+    "interop_20": ("interop",),
+}
 WORKERS = 2
 
 # Headers that no change touches, compiled once.
@@ -138,14 +143,13 @@ class Base:
         configure()
         entries = json.loads((BUILD / "configured" / "compile_commands.json").read_text())
         self.units = [u for u in map(Unit, entries) if not u.target.startswith("operators")]
+        self.programs = {u.target for u in self.units} - {LIBRARY, *SHARED}
         (BASE / "objects").mkdir(parents=True, exist_ok=True)
         self._build()
-        self.order = sorted(
-            {u.target for u in self.units} - {LIBRARY, GOLDEN}, key=lambda p: self.seconds[p]
-        )
+        self.order = sorted(self.programs - {GOLDEN}, key=lambda p: self.seconds[p])
 
     def of(self, target):
-        return [u for u in self.units if u.target == target]
+        return [u for u in self.units if target in (u.target, *SHARED.get(u.target, ()))]
 
     def object(self, unit):
         return BASE / "objects" / unit.name()
@@ -156,7 +160,7 @@ class Base:
         with concurrent.futures.ThreadPoolExecutor(WORKERS) as pool:
             list(pool.map(self._compile, self.units))
         self.seconds = {}
-        for target in [LIBRARY, *{u.target for u in self.units} - {LIBRARY}]:
+        for target in [LIBRARY, *sorted(self.programs)]:
             link(target, [self.object(u) for u in self.of(target)], BASE)
             self.seconds[target] = 0 if target == LIBRARY else self._normal_seconds(target)
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Times of array functions beside NumPy: process CPU time, one thread, least of interleaved runs."""
+"""Times of array functions beside NumPy: process CPU time, one thread, least of mixed runs."""
 
 import os
 
@@ -19,15 +19,17 @@ COUNT, REPETITIONS = 1_000_000, 15
 POINTS = np.random.default_rng(1).uniform(-100, 100, (COUNT, 3))
 X = vm.rotate(0.7, (1, 2, 3), 0.0) * vm.translate((4, 5, 6))
 R, T = X.rotation.array, np.array(X.translation)
-OUT = np.empty_like(POINTS)
-FEW = POINTS[:10_000]
+OUT = POINTS.copy()
+FEW = OUT[:10_000]
 LINE = vm.Line((1, 2, 3), vm.Direction(1, 1, 0))
 ROOT, DIRECTION = np.array(LINE.root_point), np.array(LINE.direction)
 ROWS = (
-    ("transform", lambda: POINTS @ R + T, lambda: vm.transform_points(POINTS, X, out=OUT)),
-    ("transform, 1e4 of them", lambda: FEW @ R + T,
-     lambda: vm.transform_points(FEW, X, out=OUT[:10_000])),
-    ("transform, new array", lambda: POINTS @ R + T, lambda: vm.transform_points(POINTS, X)),
+    ("transform in place", lambda: POINTS @ R + T, lambda: vm.transform_points(OUT, X, out=OUT)),
+    ("transform into another array", lambda: POINTS @ R + T,
+     lambda: vm.transform_points(POINTS, X, out=OUT)),
+    ("transform into a new array", lambda: POINTS @ R + T, lambda: vm.transform_points(POINTS, X)),
+    ("transform 1e4 in place, a hundred times", lambda: [FEW @ R + T for _ in range(100)],
+     lambda: [vm.transform_points(FEW, X, out=FEW) for _ in range(100)]),
     ("bounds", lambda: (POINTS.min(0), POINTS.max(0)), lambda: vm.bound_points(POINTS)),
     ("distances from a line",
      lambda: np.linalg.norm(np.cross(POINTS - ROOT, DIRECTION), axis=1),
@@ -73,6 +75,10 @@ def main() -> None:
         pairs = [(seconds(numpy_call), seconds(own_call)) for _ in range(REPETITIONS)]
         other, own = (min(times) * 1e3 for times in zip(*pairs))
         print(f"| {name} | {other:.1f} | {own:.1f} | {other / own:.0f} |")
+    memory = {"filling": lambda: OUT.fill(0.0), "copying": lambda: np.copyto(OUT, POINTS)}
+    for name, call in memory.items():
+        least = min(seconds(call) for _ in range(REPETITIONS))
+        print(f"{name} the array: {least * 1e3:.1f} ms")
     distributed(100_000)
     distributed(400_000)
 

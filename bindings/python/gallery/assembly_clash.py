@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Shelves of an assembly: which parts clash? Seen from above; clashing parts are filled red."""
+"""Plates and bolts: which parts clash? Seen from above; red parts clash, dots join each pair."""
 
 import sys
 from pathlib import Path
@@ -13,7 +13,7 @@ import numpy as np
 
 import vexmath as vm
 
-COUNT = 130
+COUNT = 100
 random = np.random.default_rng(4)
 
 
@@ -46,9 +46,9 @@ def main(folder):
         axes.add_patch(plt.Polygon(outline(box, placement), fc=fill, ec="#333333", lw=0.6))
     for i, j in pairs:
         a, b = placements[i].translation, placements[j].translation
-        axes.plot([a.x, b.x], [a.y, b.y], color="black", lw=0.8)
+        axes.plot([a.x, b.x], [a.y, b.y], "o-", color="black", lw=0.9, ms=2.2)
     axes.set(title=f"{len(pairs)} clashes of {COUNT} placed parts", aspect="equal")
-    axes.set(xlim=(-58, 58), ylim=(-36, 36))
+    axes.set(xlim=(-58, 58), ylim=(-36, 36), xlabel="x, mm", ylabel="y, mm")
     figure.savefig(Path(folder) / "assembly_clash.png", dpi=56, pil_kwargs={"optimize": True})
 
 

@@ -41,7 +41,8 @@ def main(folder):
         closed = np.vstack([path, path[:1]])
         axes.plot(closed[:, 0], closed[:, 1], color="#4c7fb5", lw=0.9)
         axes.plot(path[:, 0], path[:, 1], "o", color="white", mec="#333333", ms=5)
-        axes.set(title=f"{name}: {length(path):.0f} mm", aspect="equal")
+        axes.set(title=f"{name}: {length(path):.0f} mm", aspect="equal", xlabel="x, mm")
+    panels[0].set_ylabel("y, mm")
     figure.savefig(Path(folder) / "drilling_path.png", dpi=56, pil_kwargs={"optimize": True})
 
 

@@ -24,7 +24,7 @@ def circle(x, y, radius):
 
 
 def hub():
-    """The rim, the shaft's hole with the key way, and four bores: the even-odd rule does the rest."""
+    """The rim, the shaft's hole with the key way, four bores: the even-odd rule does the rest."""
     arc = vm.tessellate_arc(ORIGIN, Z, 12.0, (-3.0, 135**0.5, 0), (3.0, 135**0.5, 0), 0.02)
     hole = np.vstack([arc, [[3.0, 15.0, 0], [-3.0, 15.0, 0]]])
     bores = [circle(25 * np.cos(a), 25 * np.sin(a), 4.5) for a in np.arange(4) * np.pi / 2 + 0.4]
@@ -41,8 +41,7 @@ def draw(axes, outlines, angle, spacing, colour):
     for a, b in ends:
         axes.plot([a[0], b[0]], [a[1], b[1]], color=colour, lw=0.7)
     for outline in outlines:
-        closed = np.vstack([outline, outline[:1]])
-        axes.plot(closed[:, 0], closed[:, 1], color="#222222", lw=1.3)
+        axes.add_patch(plt.Polygon(outline[:, :2], fill=False, ec="#222222", lw=1.3))
     return len(ends)
 
 

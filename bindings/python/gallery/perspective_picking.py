@@ -49,8 +49,10 @@ def main(folder):
     for i, box in enumerate(parts):
         draw(axes, box, camera, *(("#d95f4c", 2.0) if i == picked else ("#8fa3b5", 0.9)))
     axes.plot(CLICK.x, CLICK.y, "+", color="black", ms=16)
-    title = "nothing" if hit is None else f"box {picked}, at ({hit.x:.2f}, {hit.y:.2f}, {hit.z:.2f})"
+    at = "" if hit is None else f", at ({hit.x:.2f}, {hit.y:.2f}, {hit.z:.2f})"
+    title = f"box {picked}{at}" if at else "nothing"
     axes.set(title=f"Picked: {title}", aspect="equal")
+    axes.set(xlabel="x on the screen", ylabel="y on the screen")
     figure.savefig(Path(folder) / "perspective_picking.png", dpi=70, pil_kwargs={"optimize": True})
 
 

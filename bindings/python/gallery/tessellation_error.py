@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""How far do the chords of a tessellated arc and ellipse stay from the curve, for each tolerance?"""
+"""How far do the chords of a tessellated arc and ellipse stay from the curve, by tolerance?"""
 
 import sys
 from pathlib import Path
@@ -42,7 +42,8 @@ def error(points, minor):
 def main(folder):
     figure, (left, right) = plt.subplots(1, 2, figsize=(9, 4.2), layout="constrained")
     left.loglog(TOLERANCES, TOLERANCES, "--", color="#999999", label="error = tolerance")
-    for make, minor, name in ((half_circle, RADIUS, "half circle"), (half_ellipse, MINOR, "half ellipse")):
+    circle, ellipse = (half_circle, RADIUS, "half circle"), (half_ellipse, MINOR, "half ellipse")
+    for make, minor, name in (circle, ellipse):
         curves = [make(tol) for tol in TOLERANCES]
         left.loglog(TOLERANCES, [error(curve, minor) for curve in curves], label=name)
         right.semilogx(TOLERANCES, [len(curve) - 1 for curve in curves], label=name)

@@ -71,7 +71,7 @@ Placements::Placements(py::handle object) {
     for (std::size_t i = 0; i < transforms.size(); ++i) {
         py::object const item = sequence[i];
         auto const &x = itemOf<mgXform_c>(item);
-        transforms[i].SetHelper(x.GetHelper());
+        transforms[i].SetHelper(x.GetHelper()); // with its fields as they are
         transforms[i].iCopyPerspectiveInfo(x);
     }
 }
@@ -345,11 +345,7 @@ void bindClashes(py::module_ &m) {
                 mg_MultiplyXforms(x.data(), count, each.data());
             }
             std::vector<std::unique_ptr<mgXform_c>> products;
-            for (mgXform_c const &product : x) {
-                products.push_back(std::make_unique<mgXform_c>());
-                products.back()->SetHelper(product.GetHelper());
-                products.back()->iCopyPerspectiveInfo(product);
-            }
+            for (mgXform_c const &product : x) products.push_back(exactCopy(product));
             return products;
         },
         "xforms"_a, "by"_a);
@@ -365,21 +361,13 @@ void bindBoxIndex(Class<mgBoxIndex_c> &cls) {
             }),
             "boxes"_a, "placements"_a = py::none());
     cls.method(
-        "mgBoxIndex_c::clashesOf", "clashes_of",
+        "clashesOf", "clashes_of",
         [](Index const &index, std::vector<int> const &some, double tol) {
             int const count = intCount(static_cast<py::ssize_t>(some.size()));
             return found(
                 [&](PairList &pairs) { return index.clashesOf(some.data(), count, tol, pairs); });
         },
         "some"_a, "tol"_a);
-}
-
-/// What a function appended to a new list.
-template <class F>
-py::array_t<double> pointsFrom(F f) {
-    auto list = std::make_unique<PointList>();
-    f(*list);
-    return handOver<double>(std::move(list));
 }
 
 void bindOutlines(py::module_ &m) {
@@ -408,30 +396,32 @@ void bindOutlines(py::module_ &m) {
                 counts.push_back(intCount(outline.count()));
                 points.insert(points.end(), outline.data(), outline.data() + outline.count());
             }
-            return pointsFrom([&](PointList &list) {
-                mg_calcHatchLinesPolygon2D(static_cast<int>(counts.size()), counts.data(),
-                                           points.data(), origin, angle, spacing, list);
-            });
+            auto lines = std::make_unique<PointList>();
+            mg_calcHatchLinesPolygon2D(static_cast<int>(counts.size()), counts.data(),
+                                       points.data(), origin, angle, spacing, *lines);
+            return handOver<double>(std::move(lines));
         },
         "outlines"_a, "origin"_a, "angle"_a, "spacing"_a);
 }
 
-void copy(double (&to)[3], mgVector_c const &v) { v.get(to); }
+/// The points that a function of the library appends to a list.
+template <class Tessellate, class... Given>
+py::array_t<double> tessellated(Tessellate tessellate, Given... given) {
+    auto points = std::make_unique<PointList>();
+    int count = 0;
+    tessellate(given..., nullptr, count, points.get());
+    return handOver<double>(std::move(points));
+}
 
-using CurveTessellator = void (*)(parabolaEdgeData const *, double, Point **, int &, PointList *);
-
-/// The arguments are the fields of the library's records of edges.
-void bindCurve(py::module_ &m, char const *key, char const *python, CurveTessellator tessellate) {
+/// The arguments of these functions are the fields of the library's records of edges.
+void bindConic(py::module_ &m, char const *key, char const *python,
+               decltype(&mg_TessParabola) tessellate) {
     function(
         m, key, python,
         [tessellate](Point const &vertex, Point const &focus, Point const &start, Point const &end,
-                     mgVector_c const &normal, double tol) {
-            parabolaEdgeData curve{vertex, focus, {}, start, end, {}};
-            copy(curve.normal, normal);
-            return pointsFrom([&](PointList &list) {
-                int count = 0;
-                tessellate(&curve, tol, nullptr, count, &list);
-            });
+                     mgVector_c const &n, double tol) {
+            parabolaEdgeData const curve{vertex, focus, {}, start, end, {n.x(), n.y(), n.z()}};
+            return tessellated(tessellate, &curve, tol);
         },
         "vertex"_a, "focus"_a, "start"_a, "end"_a, "normal"_a = mgVector_c(0.0, 0.0, 1.0),
         "tol"_a = 0.0);
@@ -440,34 +430,26 @@ void bindCurve(py::module_ &m, char const *key, char const *python, CurveTessell
 void bindTessellation(py::module_ &m) {
     function(
         m, "mg_TessArc", "tessellate_arc",
-        [](Point const &centre, mgVector_c const &normal, double radius, Point const &start,
+        [](Point const &centre, mgVector_c const &n, double radius, Point const &start,
            Point const &end, double tol) {
-            arcEdgeData arc{centre, {}, radius};
-            copy(arc.normal, normal);
-            return pointsFrom([&](PointList &list) {
-                int count = 0;
-                mg_TessArc(&arc, &start, &end, tol, nullptr, count, &list);
-            });
+            arcEdgeData const arc{centre, {n.x(), n.y(), n.z()}, radius};
+            return tessellated(&mg_TessArc, &arc, &start, &end, tol);
         },
         "center"_a, "normal"_a, "radius"_a, "start"_a, "end"_a, "tol"_a);
     function(
         m, "mg_TessEllipse", "tessellate_ellipse",
-        [](Point const &centre, mgVector_c const &majorDir, mgVector_c const &minorDir,
-           double majorRadius, double minorRadius, Point const &start, Point const &end,
-           double tol) {
-            ellipseEdgeData ellipse{centre, {}, {}, majorRadius, minorRadius, start, end};
-            copy(ellipse.majorDir, majorDir);
-            copy(ellipse.minorDir, minorDir);
-            return pointsFrom([&](PointList &list) {
-                int count = 0;
-                mg_TessEllipse(&ellipse, nullptr, nullptr, tol, nullptr, count, &list);
-            });
+        [](Point const &centre, mgVector_c const &u, mgVector_c const &v, double majorRadius,
+           double minorRadius, Point const &start, Point const &end, double tol) {
+            ellipseEdgeData const ellipse{centre,      {u.x(), u.y(), u.z()}, {v.x(), v.y(), v.z()},
+                                          majorRadius, minorRadius,           start,
+                                          end};
+            return tessellated(&mg_TessEllipse, &ellipse, nullptr, nullptr, tol);
         },
         "center"_a, "major_dir"_a, "minor_dir"_a, "major_radius"_a, "minor_radius"_a, "start"_a,
         "end"_a, "tol"_a);
-    bindCurve(m, "mg_TessParabola", "tessellate_parabola", &mg_TessParabola);
-    bindCurve(m, "mg_TessBConic", "tessellate_conic", &mg_TessBConic);
-    bindCurve(m, "mg_TessParabolaOrBConic", "tessellate_parabola_or_conic",
+    bindConic(m, "mg_TessParabola", "tessellate_parabola", &mg_TessParabola);
+    bindConic(m, "mg_TessBConic", "tessellate_conic", &mg_TessBConic);
+    bindConic(m, "mg_TessParabolaOrBConic", "tessellate_parabola_or_conic",
               &mg_TessParabolaOrBConic);
 }
 

@@ -13,10 +13,12 @@
 #include <array>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 #include <optional>
 #include <string>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 namespace bind {
 
@@ -46,10 +48,14 @@ private:
     static constexpr std::uint64_t kUntouched = 0x7FF8DEADBEEF0123u;
 };
 
-inline std::string bareName(std::string const &key) {
-    auto const end = key.rfind(':');
-    return end == std::string::npos ? key : key.substr(end + 1);
+/// The first of an array that a function filled as far as it says.
+template <class T, std::size_t most>
+std::vector<T> firstOf(std::array<T, most> const &all, int count) {
+    return {all.begin(), all.begin() + count};
 }
+
+/// A transform with the same fields. A copy in C++ changes some.
+std::unique_ptr<mgXform_c> exactCopy(mgXform_c const &x);
 
 /// Binds a free function under both names. A further overload adds no text.
 template <class F, class... Extra>
@@ -59,45 +65,44 @@ void function(py::module_ &m, char const *key, char const *python, F &&f, Extra 
     py::setattr(m, key, m.attr(python));
 }
 
-/// A class under both names, and its members likewise. A key is "class::member" of the library.
+/// A class under both names, and its members likewise.
 template <class T, class... Base>
 class Class : public py::class_<T, Base...> {
 public:
     Class(py::module_ &m, char const *python, char const *library)
-        : py::class_<T, Base...>(m, python, doc(library).c_str()) {
+        : py::class_<T, Base...>(m, python, doc(library).c_str()), library_(library) {
         py::setattr(m, library, *this);
     }
 
     template <class F, class... Extra>
-    void method(char const *key, char const *python, F &&f, Extra const &...extra) {
-        this->def(python, std::forward<F>(f), textFor(key, python).c_str(), extra...);
-        addLibraryName(key, python);
+    void method(char const *name, char const *python, F &&f, Extra const &...extra) {
+        this->def(python, std::forward<F>(f), textFor(name, python).c_str(), extra...);
+        addLibraryName(name, python);
     }
     template <class F, class... Extra>
-    void fixed(char const *key, char const *python, F &&f, Extra const &...extra) {
-        this->def_static(python, std::forward<F>(f), textFor(key, python).c_str(), extra...);
-        addLibraryName(key, python);
+    void fixed(char const *name, char const *python, F &&f, Extra const &...extra) {
+        this->def_static(python, std::forward<F>(f), textFor(name, python).c_str(), extra...);
+        addLibraryName(name, python);
     }
     /// A property; where the library's name is another one, also a method of that name.
-    template <class Get, class... Set>
-    void property(char const *key, char const *python, Get get, Set... set) {
-        std::string const text = doc(key);
-        if constexpr (sizeof...(Set) == 0)
-            this->def_property_readonly(python, get, text.c_str());
-        else
-            this->def_property(python, get, set..., text.c_str());
-        if (bareName(key) != python) this->def(bareName(key).c_str(), get, text.c_str());
+    template <class Get, class Set = std::nullptr_t>
+    void property(std::string const &name, char const *python, Get get, Set set = nullptr) {
+        std::string const text = doc(library_ + "::" + name);
+        this->def_property(python, get, set, text.c_str());
+        if (name != python) this->def(name.c_str(), get, text.c_str());
     }
 
 private:
-    py::dict members() const { return py::dict(this->attr("__dict__")); }
-    std::string textFor(char const *key, char const *python) const {
-        return members().contains(python) ? "" : doc(key);
+    bool has(char const *name) const { return this->attr("__dict__").contains(name); }
+    /// A further overload adds no text.
+    std::string textFor(std::string const &name, char const *python) const {
+        return has(python) ? "" : doc(library_ + "::" + name);
     }
-    void addLibraryName(char const *key, char const *python) {
-        if (!members().contains(bareName(key).c_str()))
-            py::setattr(*this, bareName(key).c_str(), py::object(members()[python]));
+    void addLibraryName(char const *name, char const *python) {
+        if (!has(name)) py::setattr(*this, name, this->attr("__dict__")[python]);
     }
+
+    std::string library_;
 };
 
 // An enumeration of the library is an IntEnum of Python.
@@ -135,14 +140,6 @@ void enumeration(py::module_ &m, char const *library, std::initializer_list<char
         }                                                                                          \
     };
 
-VEXMATH_PYTHON_ENUM(mgIntersectionType_e, "IntersectionType")
-VEXMATH_PYTHON_ENUM(mgLinePlaneIntersectionType_e, "LinePlaneIntersectionType")
-VEXMATH_PYTHON_ENUM(mgPlnPlnIntersectionType_e, "PlanePlaneIntersectionType")
-VEXMATH_PYTHON_ENUM(mgLineCircleIntType_e, "LineCircleIntersectionType")
-VEXMATH_PYTHON_ENUM(mgClipLine_e, "ClipLine")
-VEXMATH_PYTHON_ENUM(mgInsideBox_e, "InsideBox")
-VEXMATH_PYTHON_ENUM(mgPointOnLine_e, "PointOnLine")
-VEXMATH_PYTHON_ENUM(mgPolylineArc_e, "PolylineArc")
-VEXMATH_PYTHON_ENUM(mg_GoodEqu3Status, "CubicStatus")
+#include "enumerations.inc"
 
 #endif

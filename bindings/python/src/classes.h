@@ -10,7 +10,8 @@ namespace bind {
 
 #include "classes.inc"
 
-void bindPart0(Classes &classes); // generated
+void bindEnumerations(py::module_ &m); // these are generated
+void bindPart0(Classes &classes);
 void bindPart1(Classes &classes);
 void bindPart2(Classes &classes);
 void bindMembers(Classes &classes); // what no declaration tells

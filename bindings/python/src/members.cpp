@@ -9,10 +9,6 @@ namespace bind {
 
 namespace {
 
-using Gl = std::array<double, 16>;
-using Triple = std::array<double, 3>;
-using Roots = std::vector<double>;
-
 /// `v[i]` for the first `count` numbers.
 template <int count, class T>
 void sequence(T &cls) {
@@ -50,227 +46,65 @@ void elements(T &cls) {
         "A new array of the elements.");
 }
 
-void bindMatrices(Classes &classes) {
-    using Matrix = mgMatrix_c;
+void bindTransforms(Classes &classes) {
+    using Info = std::optional<mgPerspInfo_c>;
+    classes.Transform.property(
+        "getPerspectiveInfo", "perspective",
+        [](mgXform_c const &x) {
+            mgPerspInfo_c info;
+            return x.getPerspectiveInfo(&info) != 0 ? Info(info) : Info();
+        },
+        [](mgXform_c &x, Info const &info) {
+            if (info)
+                x.addPerspectiveInfo(*info);
+            else
+                x.deletePerspectiveInfo();
+        });
+    classes.GenTransform.method(
+        "set", "set",
+        [](mgGenXform_c &g, mgXform_c const &body, std::array<double, 3> const &scales) {
+            return g.set(&body, scales.data()) != 0;
+        },
+        "body"_a, "scales"_a);
+}
+
+template <class T, class... Base>
+void textForm(Class<T, Base...> &cls) {
+    cls.method("saveStringRep", "to_text", [](T const &value) {
+        CString text;
+        value.saveStringRep(text);
+        return std::wstring(static_cast<wchar_t const *>(text));
+    });
+    cls.method(
+        "restoreStringRep", "set_from_text",
+        [](T &value, std::wstring const &text) {
+            return value.restoreStringRep(CString(text.c_str())) != 0;
+        },
+        "text"_a);
+}
+
+} // namespace
+
+void bindMembers(Classes &classes) {
     sequence<3>(classes.Vector);
     sequence<3>(classes.Point);
     sequence<2>(classes.Point2D);
     sequence<4>(classes.Vector4);
     elements<3>(classes.Matrix);
     elements<4>(classes.Matrix4);
-    auto &cls = classes.Matrix;
-    cls.method(
-        "mgMatrix_c::getRotationAngle", "rotation_angle",
-        [](Matrix const &m, std::optional<mgUnitVector_c> const &axis) {
-            return m.getRotationAngle(axis ? &*axis : nullptr);
-        },
-        "axis"_a = py::none());
-    cls.method("mgMatrix_c::getEigensystem", "eigensystem", [](Matrix const &m) {
-        Triple values;
-        std::array<mgUnitVector_c, 3> vectors;
-        bool const converged = m.getEigensystem(values.data(), vectors.data()) != 0;
-        return std::tuple(converged, values, vectors);
-    });
-    cls.fixed(
-        "mgMatrix_c::getMatrixFromEigs", "from_eigenvectors",
-        [](std::array<mgVector_c, 3> const &vectors) {
-            return Matrix::getMatrixFromEigs(nullptr, vectors.data());
-        },
-        "vectors"_a);
-    cls.method(
-        "mgMatrix_c::getNullspace", "null_space",
-        [](Matrix const &m, bool force) {
-            mgUnitVector_c basis[3];
-            int const count = m.getNullspace(basis, force);
-            return std::vector<mgUnitVector_c>(basis, basis + count);
-        },
-        "force"_a);
-    classes.Point.fixed(
-        "mgPoint_c::checkCollinear", "check_collinear",
-        [](std::array<mgPoint_c, 3> const &points) {
-            Output<mgPoint_c> point;
-            Output<mgVector_c> normal;
-            bool const collinear =
-                mgPoint_c::checkCollinear(points.data(), point.value, normal.value) != 0;
-            return std::tuple(collinear, point.get(), normal.get());
-        },
-        "points"_a);
-    classes.Cone.method(
-        "mgCone_c::extremePts", "extreme_points",
-        [](mgCone_c const &cone, mgUnitVector_c const &dir, double height) {
-            std::array<mgPoint_c, 2> ends;
-            cone.extremePts(dir, height, ends.data());
-            return ends;
-        },
-        "dir"_a, "height"_a);
-}
-
-void bindTransform(Class<mgXform_c> &cls) {
-    using Xform = mgXform_c;
-    using Info = std::optional<mgPerspInfo_c>;
-    cls.property(
-        "mgXform_c::getPerspectiveInfo", "perspective",
-        [](Xform const &x) {
-            mgPerspInfo_c info;
-            return x.getPerspectiveInfo(&info) != 0 ? Info(info) : Info();
-        },
-        [](Xform &x, Info const &info) {
-            if (info)
-                x.addPerspectiveInfo(*info);
-            else
-                x.deletePerspectiveInfo();
-        });
-    cls.method("mgXform_c::getGLData", "to_gl", [](Xform const &x) {
-        Gl gl;
-        x.getGLData(gl.data());
-        return gl;
-    });
-    cls.fixed(
-        "mgXform_c::createFromGLData", "from_gl",
-        [](Gl const &gl) { return new Xform(Xform::createFromGLData(gl.data())); }, "gl"_a);
-}
-
-void bindGenTransform(Class<mgGenXform_c, mgXform_c> &cls) {
-    using Gen = mgGenXform_c;
-    cls.def(py::init([](mgXform_c const &placing, mgXform_c const &body, Triple const &scales) {
-                Gen *const made = Gen::create(&placing, &body, scales.data());
-                if (made == nullptr) throw py::value_error("a factor is not in [0.001, 1000]");
-                return made;
-            }),
-            "placing"_a, "body"_a, "scales"_a);
-    cls.method(
-        "mgGenXform_c::set", "set",
-        [](Gen &g, mgXform_c const &body, Triple const &scales) {
-            return g.set(&body, scales.data()) != 0;
-        },
-        "body"_a, "scales"_a);
-    cls.property("mgGenXform_c::getScale", "scales", [](Gen const &g) {
-        Triple scales;
-        g.getScale(scales.data());
-        return scales;
-    });
-    cls.method("mgGenXform_c::getGenGLData", "to_gen_gl", [](Gen const &g) {
-        Gl gl;
-        g.getGenGLData(gl.data());
-        return gl;
-    });
-}
-
-/// The point moves, or stays where the library leaves it.
-void bindProjections(Class<mgPlane_c> &cls) {
-    cls.method(
-        "mgPlane_c::projectToPlane", "project_to_plane",
-        [](mgPlane_c const &plane, mgXform_c const &x, mgPoint_c p, int flag) {
-            auto const result = plane.projectToPlane(x, &p, flag);
-            return std::pair(result, p);
-        },
-        "x"_a, "p"_a, "flag"_a);
-    cls.method(
-        "mgPlane_c::projectToPlaneOnViewLine", "project_to_plane_on_view_line",
-        [](mgPlane_c const &plane, mgXform_c const &view, mgPoint_c p, int flag) {
-            auto const result = plane.projectToPlaneOnViewLine(view, &p, flag);
-            return std::pair(result, p);
-        },
-        "view"_a, "p"_a, "flag"_a);
-}
-
-template <class T>
-void textForm(T &cls, std::string const &library) {
-    using Value = typename T::type;
-    cls.method((library + "::saveStringRep").c_str(), "to_text", [](Value const &value) {
-        CString text;
-        value.saveStringRep(text);
-        return std::wstring(static_cast<wchar_t const *>(text));
-    });
-    cls.method((library + "::restoreStringRep").c_str(), "set_from_text",
-               [](Value &value, std::wstring const &text) {
-                   return value.restoreStringRep(CString(text.c_str())) != 0;
-               },
-               "text"_a);
-}
-
-/// A parameter and perhaps an end, brought into a period.
-template <class F>
-auto inRange(double param, std::optional<double> end, F f) {
-    f(&param, end ? &*end : nullptr);
-    return std::pair(param, end);
-}
-
-} // namespace
-
-void bindMembers(Classes &classes) {
-    bindMatrices(classes);
-    bindTransform(classes.Transform);
-    bindGenTransform(classes.GenTransform);
-    bindProjections(classes.Plane);
-    textForm(classes.Transform, "mgXform_c");
-    textForm(classes.Box, "mgBBox_c");
+    bindTransforms(classes);
+    textForm(classes.Transform);
+    textForm(classes.Box);
 }
 
 void bindFunctions(py::module_ &m) {
-    function(
-        m, "mg_PutParamInRange", "put_param_in_range",
-        [](double param, double period, std::optional<double> end) {
-            return inRange(param, end,
-                           [period](double *p, double *e) { mg_PutParamInRange(p, period, e); });
-        },
-        "param"_a, "period"_a, "end_param"_a = py::none());
-    function(
-        m, "mg_PutAngleInRange", "put_angle_in_range",
-        [](double angle, std::optional<double> end) {
-            return inRange(angle, end, &mg_PutAngleInRange);
-        },
-        "angle"_a, "end_angle"_a = py::none());
-    function(
-        m, "mg_solveQuadratic", "solve_quadratic",
-        [](double a, double b, double c) {
-            double roots[2];
-            int const count = mg_solveQuadratic(a, b, c, roots);
-            return Roots(roots, roots + count);
-        },
-        "a"_a, "b"_a, "c"_a);
-    function(
-        m, "mg_solveCubic", "solve_cubic",
-        [](double a, double b, double c, double d) {
-            double roots[3];
-            int const count = mg_solveCubic(a, b, c, d, roots);
-            return Roots(roots, roots + count);
-        },
-        "a"_a, "b"_a, "c"_a, "d"_a);
-    function(
-        m, "mg_GoodEqu3", "solve_characteristic",
-        [](double a, double b, double c) {
-            double roots[3];
-            auto const status = mg_GoodEqu3(a, b, c, roots);
-            return std::pair(status,
-                             status == mgGoodEqu3_Failed ? Roots() : Roots(roots, roots + 3));
-        },
-        "a"_a, "b"_a, "c"_a);
-    function(
-        m, "mg_FindBBox", "placed_extent",
-        [](mgPoint_c const &a, mgPoint_c const &b, mgXform_c const &x, double grow) {
-            std::array<double, 4> extent;
-            mg_FindBBox(a, b, x, extent.data(), grow);
-            return extent;
-        },
-        "a"_a, "b"_a, "x"_a, "grow"_a);
-    function(
-        m, "mg_Find3PointArcCenter", "arc_center_of_3_points",
-        [](std::array<mgPoint_c, 3> const &points) {
-            Output<mgPoint_c> centre;
-            Output<mgUnitVector_c> normal;
-            bool const isFound =
-                mg_Find3PointArcCenter(points.data(), &centre.value, &normal.value) != 0;
-            return std::tuple(isFound, centre.get(), normal.get());
-        },
-        "points"_a);
     function(
         m, "getBaricentricCoordinates", "barycentric_coordinates",
         [](double tol, std::array<double, 2> const &p,
            std::array<std::array<double, 2>, 3> const &tri) {
             double const corners[3][2] = {
                 {tri[0][0], tri[0][1]}, {tri[1][0], tri[1][1]}, {tri[2][0], tri[2][1]}};
-            Triple weights;
+            std::array<double, 3> weights;
             int degenerate = 0;
             getBaricentricCoordinates(tol, p.data(), corners, weights.data(), degenerate);
             return std::pair(weights, degenerate != 0);

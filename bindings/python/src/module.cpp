@@ -7,26 +7,6 @@ namespace {
 
 using namespace bind;
 
-void bindEnumerations(py::module_ &m) {
-    enumeration<mgIntersectionType_e>(m, "mgIntersectionType_e",
-                                      {"COINCIDENT", "PARALLEL", "POINT", "TWO_POINTS", "NONE"});
-    enumeration<mgLinePlaneIntersectionType_e>(m, "mgLinePlaneIntersectionType_e",
-                                               {"IN_PLANE", "PARALLEL", "POINT", "FAILED"});
-    enumeration<mgPlnPlnIntersectionType_e>(m, "mgPlnPlnIntersectionType_e",
-                                            {"COINCIDENT", "PARALLEL", "LINE", "FAILED"});
-    enumeration<mgLineCircleIntType_e>(m, "mgLineCircleIntType_e",
-                                       {"TANGENT", "THROUGH_CENTRE", "SECANT", "MISS"});
-    enumeration<mgClipLine_e>(
-        m, "mgClipLine_e",
-        {"OUTSIDE", "INSIDE", "CLIPPED_A", "CLIPPED_B", "CLIPPED_BOTH", "TOUCHING"});
-    enumeration<mgInsideBox_e>(m, "mgInsideBox_e", {"OUTSIDE", "TOUCHING", "PARTLY", "INSIDE"});
-    enumeration<mgPointOnLine_e>(m, "mgPointOnLine_e", {"OFF", "BETWEEN", "AT_A", "AT_B"});
-    enumeration<mgPolylineArc_e>(m, "mgPolylineArc_e", {"NONE", "ARC", "CIRCLE", "LINE"});
-    enumeration<mg_GoodEqu3Status>(
-        m, "mg_GoodEqu3Status",
-        {"THREE_ROOTS", "TRIPLE_ROOT", "LOWER_PAIR_EQUAL", "UPPER_PAIR_EQUAL", "FAILED"});
-}
-
 /// Points and vectors convert into each other, and three numbers into both.
 void bindConversions() {
     py::implicitly_convertible<mgVector_c, mgPoint_c>();

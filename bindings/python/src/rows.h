@@ -18,6 +18,7 @@ py::array requireRows(py::handle object, int columns, bool isWritten);
 /// Rows of doubles as an array of T, which consists of as many.
 template <class T, bool isWritten = false>
 struct Rows {
+    static constexpr auto kName = py::detail::const_name("numpy.ndarray[numpy.float64]");
     static constexpr int kColumns = sizeof(T) / sizeof(double);
     static_assert(std::is_trivially_copyable_v<
                       T> && std::is_standard_layout_v<T> && sizeof(T) % sizeof(double) == 0);
@@ -34,6 +35,7 @@ struct Rows {
 
 /// Boxes: rows, or a sequence of boxes, which is copied.
 struct Boxes {
+    static constexpr auto kName = py::detail::const_name("BoxesLike"); // as the stubs call it
     Boxes() = default;
     explicit Boxes(py::handle object);
     int count() const;
@@ -46,6 +48,7 @@ struct Boxes {
 /// Placements: rows of nine elements, translation and scale, or a sequence of transforms. Either is
 /// copied with its fields as they are.
 struct Placements {
+    static constexpr auto kName = py::detail::const_name("PlacementsLike");
     Placements() = default;
     explicit Placements(py::handle object);
 
@@ -68,8 +71,9 @@ py::array_t<Number> handOver(std::unique_ptr<suDynamicArray<T>> list) {
     if (kColumns > 1) shape.push_back(kColumns);
     if (count == 0) return py::array_t<Number>(shape);
     auto *const elements = reinterpret_cast<Number *>(list->Data());
-    py::capsule const owner(list.release(),
-                            [](void *p) { delete static_cast<suDynamicArray<T> *>(p); });
+    py::capsule const owner(list.release(), [](void *p) {
+        std::default_delete<suDynamicArray<T>>()(static_cast<suDynamicArray<T> *>(p));
+    });
     return py::array_t<Number>(shape, elements, owner);
 }
 
@@ -102,37 +106,24 @@ std::unique_ptr<suDynamicArray<T>> listOf(Rows<T> const &rows) {
     return list;
 }
 
+template <class T>
+inline constexpr bool isArrayArgument = false;
+template <class T, bool isWritten>
+inline constexpr bool isArrayArgument<Rows<T, isWritten>> = true;
+template <>
+inline constexpr bool isArrayArgument<Boxes> = true;
+template <>
+inline constexpr bool isArrayArgument<Placements> = true;
+
 } // namespace bind
 
-namespace pybind11::detail {
-
-// The names are those of the stubs.
-template <class T, bool isWritten>
-struct type_caster<bind::Rows<T, isWritten>> {
-    PYBIND11_TYPE_CASTER(PYBIND11_TYPE(bind::Rows<T, isWritten>),
-                         const_name("numpy.ndarray[numpy.float64]"));
+template <class T>
+struct pybind11::detail::type_caster<T, std::enable_if_t<bind::isArrayArgument<T>>> {
+    PYBIND11_TYPE_CASTER(T, T::kName);
     bool load(handle source, bool) {
-        value = bind::Rows<T, isWritten>(source);
+        value = T(source);
         return true;
     }
 };
-template <>
-struct type_caster<bind::Boxes> {
-    PYBIND11_TYPE_CASTER(bind::Boxes, const_name("BoxesLike"));
-    bool load(handle source, bool) {
-        value = bind::Boxes(source);
-        return true;
-    }
-};
-template <>
-struct type_caster<bind::Placements> {
-    PYBIND11_TYPE_CASTER(bind::Placements, const_name("PlacementsLike"));
-    bool load(handle source, bool) {
-        value = bind::Placements(source);
-        return true;
-    }
-};
-
-} // namespace pybind11::detail
 
 #endif

@@ -27,15 +27,22 @@ def test_points_are_moved_and_bounded_where_they_lie():
     assert moved.tolist() == [[*(vm.Point(*p) * X)] for p in POINTS]
     assert vm.transform_points(given, X, out=given) is given
     assert (given == moved).all()
+    for source, target in ((0, 300), (300, 0)):
+        both = np.concatenate([POINTS, POINTS])
+        expected = vm.transform_points(both[source : source + 1000].copy(), X)
+        vm.transform_points(both[source : source + 1000], X, out=both[target : target + 1000])
+        assert (both[target : target + 1000] == expected).all()
     box = vm.Box()
     for p in moved:
         box |= vm.Point(*p)
-    assert vm.bound_points(moved) == vm.bound_points(moved[500:], vm.bound_points(moved[:500])) == box
+    halves = vm.bound_points(moved[500:], vm.bound_points(moved[:500]))
+    assert vm.bound_points(moved) == halves == box
     assert vm.bound_points(np.empty((0, 3))) == vm.Box()
 
 
 def test_distances():
-    line, plane = vm.Line((1, 2, 3), vm.Direction(1, 1, 0)), vm.Plane((1, 2, 3), vm.Direction(1, 1, 0))
+    direction = vm.Direction(1, 1, 0)
+    line, plane = vm.Line((1, 2, 3), direction), vm.Plane((1, 2, 3), direction)
     for other, distance in (
         (vm.Point(1, 2, 3), lambda p: vm.distance(p, vm.Point(1, 2, 3))),
         (line, lambda p: p.distance_to_ray(line.root_point, line.direction)[0]),
@@ -75,7 +82,8 @@ def test_boxes_and_placements_are_rows_or_sequences():
     assert (pairs == vm.BoxIndex(boxes, placements).clashes(0.0)).all()
     loop = [(i, j) for j in range(60) for i in range(j)
             if vm.Box.clash_placed(boxes[i], placements[i], boxes[j], placements[j])]  # fmt: skip
-    assert [tuple(pair) for pair in vm.find_placed_clashes(boxes[:60], placements[:60])] == sorted(loop)
+    few = vm.find_placed_clashes(boxes[:60], placements[:60])
+    assert [tuple(pair) for pair in few] == sorted(loop)
     assert vm.find_clashes([], 0.0).shape == (0, 2)
 
 
@@ -93,7 +101,8 @@ def test_boxes_and_placements_are_rows_or_sequences():
     ],
 )
 def test_other_arrays_are_refused(points, error, given):
-    with pytest.raises(error, match=r"expected a C-contiguous, aligned float64 array of shape \(n, 3\).*" + given):
+    wanted = r"expected a C-contiguous, aligned float64 array of shape \(n, 3\).*"
+    with pytest.raises(error, match=wanted + given):
         vm.bound_points(points)
 
 
@@ -135,7 +144,8 @@ def test_lists_of_points():
     assert vm.least_rectangle(hull).shape == (4, 2) and vm.least_rectangle(np.empty((0, 2))) is None
     outline = np.array([[0.0, 0, 0], [4, 0, 0], [4, 4, 0], [0, 4, 0]])
     hatch = vm.hatch_lines_polygon_2d([outline, outline / 2 + (1, 1, 0)], vm.Point(), 0.0, 1.0)
-    assert hatch.shape == (12, 3) and (vm.hatch_lines_rect_2d(vm.Rect(0, 4, 4, 0), (0, 0, 0), 0.0, 1.0)).shape == (8, 3)
+    assert hatch.shape == (12, 3)
+    assert vm.hatch_lines_rect_2d(vm.Rect(0, 4, 4, 0), (0, 0, 0), 0.0, 1.0).shape == (8, 3)
     assert sorted(vm.closed_tour(POINTS[:30])) == list(range(30))
     assert vm.is_polyline_line(outline[:2] * 1.0)[0] is True
     arc = vm.tessellate_arc(vm.Point(), vm.Vector(0, 0, 1), 2.0, (2, 0, 0), (0, 2, 0), 0.01)

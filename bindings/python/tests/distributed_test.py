@@ -65,7 +65,8 @@ def test_crossed_rods_whose_world_boxes_are_apart(client):
 
 
 def test_nothing_to_find(client):
-    for parts in (([], []), ([vm.Box()] * 3, [vm.Transform()] * 3), ([vm.Box((0, 0, 0), 1.0)], [vm.Transform()])):
+    for boxes in ([], [vm.Box()] * 3, [vm.Box((0, 0, 0), 1.0)]):
+        parts = (boxes, [vm.Transform()] * len(boxes))
         assert distributed.clashes(parts, client).shape == (0, 2)
 
 

@@ -48,11 +48,11 @@ def numbers(value):
     if isinstance(value, (float, int)):
         return [float(value)]
     if isinstance(value, vm.Matrix):
-        return value.array.ravel().tolist()
+        return [*value.array.ravel().tolist(), value.is_identity]
     if isinstance(value, vm.Transform):
-        return numbers(value.rotation) + [*value.translation, value.scaling]
+        return [*numbers(value.rotation), *value.translation, value.scaling, value.reflection]
     if isinstance(value, vm.Box):
-        return [*value.low, *value.high, *value.sph_center, value.sph_radius]
+        return [value.is_set, *value.low, *value.high, *value.sph_center, value.sph_radius]
     return [float(number) for number in value]
 
 
@@ -163,7 +163,8 @@ def index(stream, out):
      (products, ROUNDS), (clashes, ROUNDS // 50), (index, ROUNDS // 50)],
 )  # fmt: skip
 def test_python_gives_the_golden_bits(family, rounds):
-    golden = dict(line.split() for line in LINES.read_text().splitlines())
+    lines = (line.split(" ", 1) for line in LINES.read_text().splitlines())
+    golden = {name: bits for bits, name in lines}
     stream, out = Stream(), Bits()
     for _ in range(rounds):
         family(stream, out)

@@ -7,3 +7,10 @@ isParallelTo and is_parallel_to. Accessors are properties.
 
 from ._vexmath import *
 from ._vexmath import __version__
+
+
+def _restored(cls: type, record: bytes) -> object:
+    """What pickle calls for a class with an archive record of the library."""
+    value = cls()
+    value.restore(record)
+    return value

@@ -62,7 +62,7 @@ def cells(cubes: Floats, parts: Indices, parts_per_cell: int) -> Iterator[Cell]:
 
 
 def halved(cubes: Floats, cell: Cell) -> list[Cell] | None:
-    """Two cells, divided across the axis that shares the fewest parts; None when it helps little."""
+    """Two cells, divided across the axis that shares the fewest parts; None if it helps little."""
     best: list[Cell] | None = None
     most = 0.9 * len(cell.parts)
     inside = cubes[cell.parts]
@@ -140,8 +140,8 @@ def clashes(
 ) -> Indices:
     """All clashes of placed boxes: the pairs of `find_placed_clashes(*parts)`, in its order.
 
-    `parts` are boxes and their placements, as that function takes them; `client` is one of Dask. The result has the shape
-    (k, 2) and the type int64.
+    `parts` are boxes and their placements, as that function takes them; `client` is one of Dask.
+    The result has the shape (k, 2) and the type int64.
     """
     boxes, placements = box_rows(parts[0]), parts[1]
     futures = [
