@@ -9,6 +9,7 @@
 #include <streambuf>
 
 #include "common/geometry.h"
+#include "common/records.h"
 
 namespace {
 
@@ -29,12 +30,6 @@ struct Held {
     T object;
 };
 
-constexpr auto save = [](auto &ar, auto &object) { object.save(ar); };
-constexpr auto restore = [](auto &ar, auto &object) { object.restore(ar); };
-constexpr auto restoreAsIs = [](auto &ar, auto &object) { object.restoreAsIs(ar); };
-constexpr auto put = [](auto &ar, auto &object) { ar << object; };
-constexpr auto get = [](auto &ar, auto &object) { ar >> object; };
-
 template <class Archive = su_CArchive, class T, class Read = decltype(restore),
           class Write = decltype(save)>
 Record record(T const &object, Read read = restore, Write write = save) {
@@ -53,10 +48,6 @@ std::vector<Record> records(double n) {
     mgModelPerspInfo_c model(n, 2.0, 3.0, 4.0);
     model.setModelViewDir(u);
     mgPrimitiveBodyData_c const body(7, p, n, 5.0, 6.0, -2);
-    auto const save2D = [](CArchive &ar, P &q) { q.save2D(ar); };
-    auto const restore2D = [](CArchive &ar, P &q) { q.restore2D(ar); };
-    auto const writeXyz = [](CArchive &ar, V &v) { P(v).save(ar); };
-    auto const writeUv = [](CArchive &ar, mg2DPoint_c &uv) { P(uv.u(), uv.v(), 0.0).save2D(ar); };
     return {record(p, get, put),
             record<CArchive>(p),
             record<CArchive>(P(n, 3.0, 0.0), restore2D, save2D),

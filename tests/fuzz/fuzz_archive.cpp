@@ -6,11 +6,11 @@
 
 #include <sstream>
 
+#include "common/records.h"
+
 namespace {
 
-auto const save = [](auto &ar, auto &object) { object.save(ar); };
-auto const restore = [](auto &ar, auto &object) { object.restore(ar); };
-auto const restoreAsIs = [](auto &ar, auto &object) { object.restoreAsIs(ar); };
+using namespace common;
 
 /// What becomes of a record that is read and written: the same bytes, others that then stay the
 /// same, or those of a repaired object.
@@ -44,15 +44,9 @@ void check(std::string const &bytes, Form form = kExact, Read read = restore, Wr
 
 void fuzz(Input &in) {
     std::string const bytes = in.rest();
-    auto const restore2D = [](auto &ar, P &p) { p.restore2D(ar); };
-    auto const save2D = [](auto &ar, P &p) { p.save2D(ar); };
-    auto const saveVector = [](auto &ar, V &v) { P(v).save(ar); };
-    auto const saveUv = [](auto &ar, mg2DPoint_c &uv) { P(uv.u(), uv.v(), 0.0).save2D(ar); };
-    auto const put = [](auto &ar, auto &object) { ar << object; };
-    auto const get = [](auto &ar, auto &object) { ar >> object; };
     check<P>(bytes), check<P>(bytes, kExact, get, put), check<P>(bytes, kExact, restore2D, save2D);
-    check<V>(bytes, kExact, restore, saveVector), check<U>(bytes, kExact, restore, saveVector);
-    check<mg2DPoint_c>(bytes, kExact, restore, saveUv);
+    check<V>(bytes, kExact, restore, writeXyz), check<U>(bytes, kExact, restore, writeXyz);
+    check<mg2DPoint_c>(bytes, kExact, restore, writeUv);
     check<mgLine_c>(bytes), check<mgPlane_c>(bytes), check<mgBBox_c>(bytes);
     check<mgPerspInfo_c>(bytes), check<mgModelPerspInfo_c>(bytes), check<mgCone_c>(bytes);
     check<mgCylinder_c>(bytes), check<mgPrimitiveBodyData_c>(bytes);

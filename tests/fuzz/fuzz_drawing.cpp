@@ -148,12 +148,15 @@ void checkHatchedCircle(Input &in) {
 }
 
 void checkPolar(Input &in) {
-    Points const points = in.points(in.count());
+    Points points = in.points(in.count());
     double const tol = in.isTame() ? 1e-8 : in.number();
+    bool const isWalk = in.flip(); // its steps are less than half a turn
     bool isUsable = !points.empty();
-    List edge, fixed;
-    for (P const &p : points) {
-        edge.Add(p), fixed.Add(p);
+    double angle = in.below(7) - 3;
+    List edge, fixed, turned;
+    for (P &p : points) {
+        if (isWalk) p = P(angle += in.below(200) / 100.0 - 0.5, in.below(90) / 10.0, in.byte());
+        edge.Add(p), fixed.Add(p), turned.Add(P(p.x() + 2 * kPi * in.below(5), p.y(), p.z()));
         isUsable = isUsable && std::fabs(p.x()) <= 1e150 && std::fabs(p.y()) <= 1e150;
     }
     int const left = mg_cleanupPolarEdge(edge, tol), n = mg_fixPolarConvolution(fixed, tol);
@@ -169,11 +172,18 @@ void checkPolar(Input &in) {
         CHECK(std::fabs(edge[i].x() - edge[i - 1].x()) <= 3.1415926536);
     for (int i = 1; i < n && in.isTame() && std::fabs(way) * reach > tol; ++i)
         CHECK((fixed[i].x() - fixed[i - 1].x()) * way >= 0.0);
+    if (!isWalk || !isUsable || !in.isTame()) return;
+    CHECK(mg_cleanupPolarEdge(turned, tol) == left); // whole turns do not matter
+    for (int i = 0; i < left; ++i)
+        CHECK(std::fabs(edge[i].x() - edge[0].x() - turned[i].x() + turned[0].x()) < 1e-9);
+    List again = fixed; // nothing is left to do
+    CHECK(mg_fixPolarConvolution(again, tol) == n && mg_cleanupPolarEdge(again, tol) == n);
+    CHECK(std::equal(again.begin(), again.end(), fixed.begin(), same<P>));
 }
 
 void checkArcs(Input &in) {
     P const start = in.triple<P>(), end = in.triple<P>(), a = in.triple<P>(), b = in.triple<P>();
-    double const given = in.number(), tol = in.isTame() ? 1e-8 : in.number(), from = in.number();
+    double const given = in.number(), tol = in.isTame() ? 1e-8 : in.number(), first = in.number();
     P centre, t1, t2;
     U normal;
     double r = 77, sweep = 77;
@@ -184,24 +194,43 @@ void checkArcs(Input &in) {
     int const isArc = mg_FindTangentArcCenter2D(start, a - b, end, centre, r, sweep, tol);
     CHECK(isArc ? r > 0.0 && std::fabs(sweep) <= 2 * kPi : r == 77 && sweep == 77);
     CHECK(!isArc || r > 1e3 || !(isOff(start, r) || isOff(end, r)));
+    V const tangent(a.x() - b.x(), a.y() - b.y(), 0.0), from = start - centre;
+    if (isArc && in.isTame() && r < 1e3 && tangent.len() > 1e-3 && std::fabs(sweep) > 1e-6) {
+        double const bound = 1e-6 * (1.0 + r), at = std::atan2(from.y(), from.x()) + sweep;
+        CHECK(from.z() == 0.0 && std::fabs(from % mg_Normalise(tangent)) < bound);
+        CHECK((sweep > 0.0) == ((from * tangent).z() > 0.0)); // counter-clockwise
+        CHECK(std::hypot(centre.x() + r * std::cos(at) - end.x(),
+                         centre.y() + r * std::sin(at) - end.y())
+              < 100 * bound);
+    }
     int const isFillet = mg_FindTangentArcCenter2D(start, end, a, b, given, centre, t1, t2, tol);
     CHECK(!isFillet || dist(centre, start) > 1e3 || !(isOff(t1, given) || isOff(t2, given)));
     CHECK(mg_NormalFrom3Points(start, end, a, normal, tol) == 0 || isUnit(normal));
 
-    // Points of an arc, of which one may be anywhere.
+    // Points of an arc, some repeated, of which one may be anywhere.
     Points points;
-    double const step = 0.01 + 0.02 * in.below(100);
-    for (double t = step * in.below(20); t >= 0.0 && t < 6.2; t -= step)
-        points.emplace_back(a.x() + 2 * std::cos(from + t), a.y() + 2 * std::sin(from + t), a.z());
-    bool const isMoved = in.byte() < 100 && !points.empty();
+    mgMatrix_c const turn = in.rotation();
+    int const steps = 3 + in.below(30);
+    bool const isFull = in.below(4) == 0;
+    double const whole = isFull ? 2 * kPi : 0.1 + in.below(61) / 10.0, side = in.flip() ? 1 : -1;
+    for (int i = 0; i <= steps; ++i) {
+        double const angle = first + side * whole * i / steps;
+        points.push_back(a + V(2 * std::cos(angle), 2 * std::sin(angle), 0.0) * turn);
+        if (in.below(5) == 0) points.push_back(points.back());
+    }
+    bool const isMoved = in.byte() < 100;
     if (isMoved) points[points.size() / 2] = b;
     int const n = static_cast<int>(points.size());
-    auto const found = mg_IsPolylineArc(n, points.data(), centre, normal, r, sweep, tol);
-    if (in.isTame() && !isMoved && n > 2)
-        CHECK(found == mgPolylineArc_Arc && dist(centre, a) < 1e-4);
+    auto const found = mg_IsPolylineArc(n, points.data(), centre, normal, r, sweep, 1e-6);
+    if (in.isTame() && !isMoved) {
+        V const axis = V(0, 0, side * turn.getDeterminant()) * turn;
+        CHECK(found == (isFull ? mgPolylineArc_Circle : mgPolylineArc_Arc)
+              && dist(centre, a) < 1e-7);
+        CHECK((normal - axis).len() < 1e-6 && std::fabs(r - 2) + std::fabs(sweep - whole) < 1e-7);
+    }
     for (P const &p : points)
         if (in.isTame() && (found == mgPolylineArc_Arc || found == mgPolylineArc_Circle))
-            CHECK(std::fabs(dist(p, centre) - r) < 1e-7 * (1.0 + r));
+            CHECK(std::fabs(dist(p, centre) - r) < 2e-6);
 }
 
 } // namespace

@@ -5,6 +5,8 @@
 
 #include <sstream>
 
+#include "common/records.h"
+
 namespace golden {
 
 namespace {
@@ -19,13 +21,8 @@ struct Record {
     }
 };
 
-constexpr auto save = [](auto &archive, auto &object) { object.save(archive); };
-constexpr auto restore = [](auto &archive, auto &object) { object.restore(archive); };
-constexpr auto restoreAsIs = [](auto &archive, auto &object) { object.restoreAsIs(archive); };
-constexpr auto save2D = [](auto &archive, auto &point) { point.save2D(archive); };
-constexpr auto restore2D = [](auto &archive, auto &point) { point.restore2D(archive); };
-constexpr auto put = [](auto &archive, auto &object) { archive << object; };
-constexpr auto get = [](auto &archive, auto &object) { archive >> object; };
+using common::get, common::put, common::save, common::save2D;
+using common::restore, common::restore2D, common::restoreAsIs;
 
 /// Writes an object and reads it into another one.
 template <class T, class Archive, class Write, class Read>

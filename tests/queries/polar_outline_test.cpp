@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Polar edges: seams, poles, repeated points and steps back.
+// Polar edges: seams, poles, repeated points and steps back. Any edges: fuzz/fuzz_drawing.cpp.
 
 #include "planar.h"
 
@@ -88,35 +88,6 @@ TEST(PolarEdge, AConvolutionLosesItsStepsBack) {
     double const tol = 0x1p-7; // of the arc between the ends, at the largest radius
     CheckFixed({{0, 5}, {1, 8}, {tol / 8, 5}}, {{0, 0}, {1, 1}, {tol / 8, 2}}, tol);
     CheckFixed({{0, 5}, {1, 8}, {above(tol / 8), 5}}, {{0, 0}}, tol);
-}
-
-TEST(PolarEdge, ResultsHoldForAllEdges) {
-    Random random;
-    for (int round = 0; round < 2000; ++round) {
-        Watched<P> edge, other;
-        double angle = random.uniform(-3, 3);
-        for (int i = 1 + random.below(20); i > 0; --i) {
-            double const radius = random.below(5) ? random.uniform(0.5, 9) : 0.0;
-            edge.Add(P(angle, radius, i));
-            other.Add(P(angle + kTurn * random.below(5), radius, i));
-            angle += random.uniform(-0.5, 1.5);
-        }
-        mg_cleanupPolarEdge(edge, 1e-6);
-        ASSERT_EQ(edge.Count(), mg_cleanupPolarEdge(other, 1e-6)); // whole turns do not matter
-        for (int i = 0; i < edge.Count(); ++i)
-            ASSERT_NEAR(edge[i].x() - edge[0].x(), other[i].x() - other[0].x(), 1e-12);
-        Watched<P> fixed = edge;
-        int const count = mg_fixPolarConvolution(fixed, 1e-6);
-        ASSERT_EQ(edge[0].z(), fixed[0].z());
-        double const way = fixed[count - 1].x() - fixed[0].x();
-        for (int i = 1; i < count && count < edge.Count(); ++i)
-            ASSERT_GE((fixed[i].x() - fixed[i - 1].x()) * way, 0.0);
-        for (auto *function : {mg_cleanupPolarEdge, mg_fixPolarConvolution}) {
-            Watched<P> again = fixed;
-            ASSERT_EQ(count, function(again, 1e-6)); // nothing is left to do
-            ASSERT_BITS_EQ(fixed.list(), again.list());
-        }
-    }
 }
 
 TEST(PolarEdge, TellsOfItsPointsUnlessItRefusesThem) {
