@@ -142,7 +142,7 @@ struct Cases {
 /// Validity, unions with points and growth, to the bit.
 void checkLiterally(Input &in) {
     Cases cases(in);
-    for (int round = 0; round < 4; ++round) {
+    for (int round = 0; round < 40; ++round) {
         mgBBox_c box = cases.box();
         LiteralBox literal(box);
         for (int length = 1 + in.below(12); length > 0; --length) {
