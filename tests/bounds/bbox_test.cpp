@@ -147,8 +147,8 @@ TEST(BBox, AnUnsetBoxBecomesSetByGrowing) {
     mgBBox_c const inverted = boxOf(P(), 9, P(), P(0, 0, -2)); // by its corners alone
     EXPECT_BITS_EQ(boxOf(P(), 10, P(-1, -1, -1), P(1, 1, -1)), mgBBox_c(inverted) += 1);
     // The sphere of a shrunk box stays when its squared radius exceeds the corner's by up to 5e-9.
-    for (double const excess : {4.9e-9, 5.1e-9}) {
-        mgBBox_c const loose = boxOf(P(), std::sqrt(243 + excess), big.low(), big.high());
+    for (double const excess : {4.999995e-9, 5.000005e-9}) {
+        mgBBox_c const loose = boxOf(P(), std::sqrt(3 + excess), P(-1, -1, -1), P(1, 1, 1));
         EXPECT_EQ(excess < 5e-9, (mgBBox_c(loose) += -kTiny).sphRadius() == loose.sphRadius());
     }
 }

@@ -64,6 +64,8 @@ TEST(PolarEdge, RepeatedPointsAreDroppedUpToTheTolerance) {
     CheckClean({{1, 4}, {1, 4 + tol}, {1 + tol / 8, 4}}, {{1, 0}}, tol);
     CheckClean({{1, 4}, {1, above(4 + tol)}}, {{1, 0}, {1, 1}}, tol);
     CheckClean({{1, 8}, {1 + tol / 8, 8}}, {{1, 0}}, tol);
+    CheckClean({{1, 4}, {1 + tol / 4, 4 + tol}}, {{1, 0}, {1 + tol / 4, 1}}, tol);
+    CheckClean({{1, 4 + tol}, {1 + tol / 4, 4}}, {{1, 0}, {1 + tol / 4, 1}}, tol);
     CheckClean({{1, 8}, {above(1 + tol / 8), 8}}, {{1, 0}, {above(1 + tol / 8), 1}}, tol);
     CheckClean({{1, 8}, {1 + kTurn, 8}}, {{1, 0}}); // a jump, not a circle
     for (double const negative : {-5.0, kNaN})
