@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Types of the module. The contracts of the functions are those of the C++ headers.
+// Types of the module. The contracts of the functions are those of the C++ headers. Arrays whose
+// length does not fit are refused with an Error.
 
 /** x, y, z. */
 export type Triple = [number, number, number];
@@ -81,7 +82,7 @@ export interface BBoxClass {
   fromRecord(bytes: Uint8Array): BBox;
 }
 
-/** Many points in the memory of the module. */
+/** Many points in the memory of the module. The count must be a number from 0 to 2147483647. */
 export interface Points extends Kept {
   /** The coordinates themselves, not a copy. Ask again after any other call: the memory can move. */
   view(): Float64Array;
@@ -92,7 +93,8 @@ export interface Points extends Kept {
 
 /**
  * Many boxes, kept for search, and perhaps their placements. A list of pairs holds two indices for
- * each pair. Clashes of placed boxes have no tolerance; it is ignored.
+ * each pair. Clashes of placed boxes have no tolerance; it is ignored. Indices out of range are
+ * ignored, too.
  */
 export interface BoxIndex extends Kept {
   /** Replaces the box; its placement stays. */
@@ -189,6 +191,7 @@ export interface Vexmath {
   /** Zero where v is too short. */
   normalise(v: Triple): Triple;
   distance(a: Triple, b: Triple): number;
+  /** Radians. */
   angleBetween(a: Triple, b: Triple): number;
   footOnLine(line: Direction, p: Triple): Triple;
   footOnPlane(plane: Direction, p: Triple): Triple;
@@ -198,11 +201,12 @@ export interface Vexmath {
   findPlacedClashes(boxes: BBox[], placements: Xform[]): Int32Array;
   /** Two coordinates for each point, here and in the result. */
   convexHull(coordinates: ArrayLike<number>): Float64Array;
-  /** Three coordinates for each point, here and in all that follow. */
+  /** The order of the points. Three coordinates for each point, here and in all that follow. */
   openTour(coordinates: ArrayLike<number>): Int32Array;
   closedTour(coordinates: ArrayLike<number>): Int32Array;
   /** Both ends of what lies in the box, or null. */
   clipSegment(a: Triple, b: Triple, corner1: Triple, corner2: Triple, tolerance: number): Float64Array | null;
+  /** The angle is in radians. Two ends for each line. */
   hatch(outlines: ArrayLike<number>[], origin: Triple, angle: number, spacing: number): Float64Array;
   tessellateArc(centre: Triple, normal: Triple, start: Triple, end: Triple, tolerance: number): Float64Array;
 }

@@ -53,7 +53,8 @@ TEST(Matrix4, ProductSumsOverAllRowsAndMayReplaceAFactor) {
 
 TEST(Matrix4, DifferenceOfAffineMatricesIsTheArgumentMinusThis) {
     mgMatrix4_c const a = mgMatrix4_c::vvt({1, 2, 3});
-    mgMatrix4_c const b = mgMatrix4_c::translationMatrix({5, 6, 7});
+    mgMatrix4_c b = mgMatrix4_c::translationMatrix({5, 6, 7});
+    b(3, 0) = 9;
     CheckElements({2, 2, 3, 5, 2, 5, 6, 6, 3, 6, 10, 7, 0, 0, 0, 1}, a + b);
     CheckElements({0, -2, -3, 5, -2, -3, -6, 6, -3, -6, -8, 7, 0, 0, 0, 1}, a - b);
     CheckElements({3, 0, 0, 15, 0, 3, 0, 18, 0, 0, 3, 21, 0, 0, 0, 1}, b.scale(3));

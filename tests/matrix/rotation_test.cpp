@@ -50,6 +50,7 @@ TEST(Rotation, QuarterTurnsSnapStrictlyWithinTheTolerance) {
     check(1.5707963267949, 0, 1), check(3.1415926535898, -1, 0), check(4.7123889803847, 0, -1);
     double const rows[][3] = {{1, 1e-3, above(1e-3)}, // the identity, angle, tolerance
                               {0, 1e-3, 1e-3},
+                              {0, 5e-8, 1e-9},
                               {1, 1e-7 - 3.0 * 6.2831853071796, 1e-6}, // fmod keeps the sign
                               {1, -below(1e-12), 0},
                               {0, 1e-12, 0}};

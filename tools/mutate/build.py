@@ -235,6 +235,8 @@ def dependencies(listed):
 def link(target, objects, place):
     script = tree(0) / "src" / "vexmath.map"
     words = [f"-L{BASE}", "-lvexmath", "-lgtest_main", "-lgtest", "-pthread", "-o", place / target]
+    if target == "interop":
+        words.append("-lfmt")
     if target == LIBRARY:
         options = ["-shared", "-Wl,-soname,libvexmath.so", f"-Wl,--version-script={script}"]
         words = [*options, "-o", place / "libvexmath.so"]

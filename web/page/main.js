@@ -22,6 +22,7 @@ let assembly; // the module's
 let view;
 const files = new Map(); // the mesh files dropped so far: bytes and what was read, by names without folders
 const meshes = new Map(); // as the view draws them, by the names that the assembly file has for them
+let waiting = null; // the last assembly file, when meshes of it were not there or bad
 let parts = [];
 let contacts = {};
 
@@ -49,7 +50,10 @@ async function act(action) {
 
 const baseName = (name) => name.split(/[\\/]/).pop();
 
-/** Opens files: [{name, bytes}]. Meshes without an assembly file are parts where they were drawn. */
+/**
+ * Opens files: [{name, bytes}]. Meshes without an assembly file complete the one that waits for
+ * them, or become parts where they were drawn.
+ */
 function open(opened) {
   for (const { name, bytes } of opened.filter((file) => MESHES.test(file.name))) {
     files.set(name, { bytes });
@@ -58,9 +62,12 @@ function open(opened) {
   const list = opened.find(({ name }) => /\.json$/i.test(name));
   const document = opened.find(({ name }) => /\.vxa$/i.test(name));
   const unknown = opened.find((file) => !MESHES.test(file.name) && file !== list && file !== document);
-  if (unknown) throw new Error(`${unknown.name}: is no mesh, assembly file or document`);
+  if (unknown) throw new Error(`${unknown.name}: the page opens meshes, one assembly file and one document`);
   if (list) loadAssembly(text(list));
-  else if (opened.some((file) => MESHES.test(file.name))) loadAssembly(listOf([...files.keys()]));
+  else if (opened.some((file) => MESHES.test(file.name))) {
+    const isComplete = waiting !== null && lacking(waiting).length === 0;
+    loadAssembly(isComplete ? waiting : listOf([...files.keys()]));
+  }
   if (document) {
     assembly.readDocument(document.bytes);
     showAll(`${document.name} read`);
@@ -75,7 +82,11 @@ function listOf(names) {
 }
 
 function loadAssembly(json) {
+  waiting = json;
+  const missing = lacking(json);
+  if (missing.length > 0) throw new Error(`mesh files are missing: ${missing.join(', ')}. Drop them too.`);
   for (const name of namesIn(json)) addMesh(name);
+  waiting = null;
   assembly.load(json);
   showAll(`${assembly.name()} loaded`);
 }
@@ -89,9 +100,11 @@ function namesIn(json) {
   }
 }
 
+/** The mesh files of an assembly file that were not dropped yet. */
+const lacking = (json) => [...namesIn(json)].filter((name) => !files.has(baseName(name)));
+
 function addMesh(name) {
   const file = files.get(baseName(name));
-  if (!file) throw new Error(`${name}: drop this mesh file too`);
   if (file.addedAs === name) return;
   files.delete(baseName(name)); // a bad file is forgotten, so that the others can be opened
   file.mesh ??= readMesh(name, file.bytes);
@@ -104,6 +117,7 @@ function addMesh(name) {
 
 async function openFiles(list) {
   const opened = [...list];
+  if (opened.length === 0) return; // a text was dropped
   say(`Reading ${opened.length} files…`);
   await act(async () => open(await Promise.all(opened.map(async (file) => ({
     name: file.name, bytes: new Uint8Array(await file.arrayBuffer()),
@@ -194,6 +208,7 @@ function move(by) {
 function moveTo(axis, value) {
   const part = parts[selected()];
   if (part && Number.isFinite(value)) move(along(axis, value - part.translation[axis]));
+  else showPlace();
 }
 
 function rotate(axis) {
@@ -246,7 +261,10 @@ function pick(x, y) {
 // What the user does.
 
 function listen() {
-  at('files').addEventListener('change', () => openFiles(at('files').files));
+  at('files').addEventListener('change', () => {
+    openFiles(at('files').files);
+    at('files').value = ''; // so that the same file can be opened again
+  });
   at('sample').addEventListener('click', () => act(openSample));
   at('store').addEventListener('click', () => act(store));
   for (const type of ['dragover', 'dragleave', 'drop']) {

@@ -17,6 +17,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -137,33 +138,27 @@ std::vector<Edge> hatchIn(mgPlane_c const &plane, std::vector<Outline> outlines,
 class Checker {
 public:
     Checker() {
-        guarded([] {
-            fs::current_path("/"); // a folder that is in use cannot be removed
-            fs::remove_all(kFolder);
-            fs::create_directories(kFolder);
-            fs::current_path(kFolder);
-            assembly::meshes().clear();
-        });
+        fs::current_path("/"); // a folder that is in use cannot be removed
+        fs::remove_all(kFolder);
+        fs::create_directories(kFolder);
+        fs::current_path(kFolder);
+        assembly::meshes().clear();
     }
 
     void addMesh(std::string const &name, val const &file, val const &positions,
                  val const &indices) {
-        guarded([&] {
-            // First the file itself, as its damage may be the reason for odd positions.
-            assembly::refuseDamage(bytesFrom(file), assembly::formatOf(name), name);
-            auto const coordinates = convertJSArrayToNumberVector<float>(positions);
-            auto const corners = convertJSArrayToNumberVector<std::uint32_t>(indices);
-            assembly::meshes()[name] = makeMesh(name, coordinates, corners);
-            writeFile(name, ""); // the assembly file may name it
-        });
+        // First the file itself, as its damage may be the reason for odd positions.
+        assembly::refuseDamage(bytesFrom(file), assembly::formatOf(name), name);
+        auto const coordinates = convertJSArrayToNumberVector<float>(positions);
+        auto const corners = convertJSArrayToNumberVector<std::uint32_t>(indices);
+        assembly::meshes()[name] = makeMesh(name, coordinates, corners);
+        writeFile(name, ""); // the assembly file may name it
     }
 
     void load(std::string const &json) {
-        guarded([&] {
-            writeFile(kFile, json);
-            set(assembly::readAssembly(kFile));
-            stored_.reset();
-        });
+        writeFile(kFile, json);
+        set(assembly::readAssembly(kFile));
+        stored_.reset();
     }
 
     val parts() const { return listOf(assembly_.parts, partOf); }
@@ -203,24 +198,20 @@ public:
     }
 
     val document() const {
-        return guarded([&] {
-            auto const result = assembly::check(assembly_, contacts_, std::nullopt, std::nullopt);
-            Document document = documentOf(assembly_, result);
-            for (std::size_t i = 0; stored_ && i < document.parts.size(); ++i) {
-                bool const hasMesh = !assembly_.parts[i].mesh->vertices.empty();
-                if (!hasMesh) document.parts[i].stock = stored_->parts[i].stock;
-            }
-            return bytesOf(toBytes(document));
-        });
+        auto const result = assembly::check(assembly_, contacts_, std::nullopt, std::nullopt);
+        Document document = documentOf(assembly_, result);
+        for (std::size_t i = 0; stored_ && i < document.parts.size(); ++i) {
+            bool const hasMesh = !assembly_.parts[i].mesh->vertices.empty();
+            if (!hasMesh) document.parts[i].stock = stored_->parts[i].stock;
+        }
+        return bytesOf(toBytes(document));
     }
 
     void readDocument(std::string const &bytes) {
-        guarded([&] {
-            writeFile("document.vxa", bytes);
-            Document document = assembly::readDocument("document.vxa");
-            set(assemblyOf(document));
-            stored_ = std::move(document);
-        });
+        writeFile("document.vxa", bytes);
+        Document document = assembly::readDocument("document.vxa");
+        set(assemblyOf(document));
+        stored_ = std::move(document);
     }
 
 private:
@@ -229,11 +220,14 @@ private:
         assembly::MeshMaker maker(name);
         std::vector<std::uint32_t> vertices;
         vertices.reserve(coordinates.size() / 3);
-        for (std::size_t i = 0; i + 2 < coordinates.size(); i += 3) {
+        if (coordinates.size() % 3 != 0 || corners.size() % 3 != 0) {
+            throw assembly::Failure(name, "needs three numbers for each vertex and triangle");
+        }
+        for (std::size_t i = 0; i < coordinates.size(); i += 3) {
             vertices.push_back(
                 maker.vertex({coordinates[i], coordinates[i + 1], coordinates[i + 2]}));
         }
-        for (std::size_t i = 0; i + 2 < corners.size(); i += 3) {
+        for (std::size_t i = 0; i < corners.size(); i += 3) {
             Mesh::Triangle triangle{};
             for (std::size_t k = 0; k < 3; ++k) {
                 if (corners[i + k] >= vertices.size()) {
@@ -280,19 +274,17 @@ private:
 
     Part const &partAt(int part) const {
         bool const isPart = part >= 0 && static_cast<std::size_t>(part) < assembly_.parts.size();
-        if (!isPart) throwError("there is no part of that number");
+        if (!isPart) throw std::out_of_range("there is no part of that number");
         return assembly_.parts[static_cast<std::size_t>(part)];
     }
 
     void change(int number, mgXform_c const &by) {
         partAt(number);
-        guarded([&] {
-            Assembly changed = assembly_;
-            Part &part = changed.parts[static_cast<std::size_t>(number)];
-            part.placement *= by;
-            placeParts(changed);
-            set(std::move(changed));
-        });
+        Assembly changed = assembly_;
+        Part &part = changed.parts[static_cast<std::size_t>(number)];
+        part.placement *= by;
+        placeParts(changed);
+        set(std::move(changed));
     }
 
     Assembly assembly_;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What both halves of the module share: arrays of numbers, and errors of scripts.
+// What both halves of the module share: arrays of numbers.
 
 #ifndef VEXMATH_WEB_BINDING_H
 #define VEXMATH_WEB_BINDING_H
@@ -7,7 +7,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <exception>
 #include <string>
 
 #include <emscripten/val.h>
@@ -20,21 +19,6 @@
 namespace web {
 
 using emscripten::val;
-
-/// Throws a script's Error with the text. Destructors of the callers do not run.
-[[noreturn]] void throwError(char const *text);
-
-/// Calls a function. An exception of C++ becomes an Error with its text.
-template <class Function>
-auto guarded(Function function) -> decltype(function()) {
-    static std::string message; // outlives the frame that the Error leaves
-    try {
-        return function();
-    } catch (std::exception const &error) {
-        message = error.what();
-    }
-    throwError(message.c_str());
-}
 
 /// An array of a script's own, such as a Float64Array. The elements are numbers, or hold numbers
 /// and nothing else, as points do.

@@ -6,12 +6,17 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cxxabi.h>
+#include <exception>
+#include <limits>
+#include <memory>
 #include <sstream>
 #include <stdexcept>
+#include <string>
 #include <type_traits>
 #include <vector>
 
-#include <emscripten.h>
 #include <emscripten/bind.h>
 
 #include <vexmath/vexmath.h>
@@ -19,16 +24,18 @@
 
 namespace web {
 
-EM_JS(void, vexmath_throw, (char const *text), { throw new Error(UTF8ToString(text)); });
-
-void throwError(char const *text) {
-    vexmath_throw(text);
-    std::terminate(); // never reached
-}
-
 namespace {
 
 using namespace emscripten;
+
+/// The text of an exception that left the module. The exception is destroyed.
+std::string takeText(std::uintptr_t address) {
+    auto *const error = reinterpret_cast<std::exception *>(address);
+    std::string text = error->what();
+    error->~exception();
+    abi::__cxa_free_exception(error);
+    return text;
+}
 
 struct Direction { // a line or a plane as a script writes it
     mgPoint_c root;
@@ -42,7 +49,7 @@ mgPlane_c planeOf(Direction const &d) { return {d.root, directionOf(d.direction)
 template <class Element, class Search>
 val found(Search search) {
     suDynamicArray<Element> list;
-    if (search(list) < 0) throwError("more is found than fits into the memory");
+    if (search(list) < 0) throw std::length_error("more is found than fits into the memory");
     return numbersOf<int>("Int32Array", list);
 }
 
@@ -51,8 +58,11 @@ template <class Point>
 suDynamicArray<Point> pointsFrom(val const &coordinates) {
     constexpr std::size_t kEach = sizeof(Point) / sizeof(double);
     auto const numbers = convertJSArrayToNumberVector<double>(coordinates);
+    if (numbers.size() % kEach != 0) {
+        throw std::invalid_argument("needs " + std::to_string(kEach) + " numbers for each point");
+    }
     suDynamicArray<Point> points;
-    for (std::size_t i = 0; i + kEach <= numbers.size(); i += kEach) {
+    for (std::size_t i = 0; i < numbers.size(); i += kEach) {
         Point point;
         std::copy_n(&numbers[i], kEach, static_cast<double *>(point));
         points.Add(point);
@@ -62,24 +72,20 @@ suDynamicArray<Point> pointsFrom(val const &coordinates) {
 
 template <class Value>
 val recordOf(Value const &value) {
-    return guarded([&] {
-        std::stringstream stream;
-        su_CArchive archive(stream);
-        Value copy(value); // saving repairs a transform
-        copy.save(archive);
-        return bytesOf(stream.str());
-    });
+    std::stringstream stream;
+    su_CArchive archive(stream);
+    Value copy(value); // saving repairs a transform
+    copy.save(archive);
+    return bytesOf(stream.str());
 }
 
 template <class Value>
 Value fromRecord(std::string const &bytes) {
-    return guarded([&] {
-        std::stringstream stream(bytes);
-        su_CArchive archive(stream);
-        Value value;
-        value.restore(archive);
-        return value;
-    });
+    std::stringstream stream(bytes);
+    su_CArchive archive(stream);
+    Value value;
+    value.restore(archive);
+    return value;
 }
 
 val firstHit(mgBBox_c const &box, Direction const &ray) {
@@ -89,19 +95,19 @@ val firstHit(mgBBox_c const &box, Direction const &ray) {
 }
 
 mgXform_c fromGlData(val const &numbers) {
-    return guarded([&] {
-        auto const gl = convertJSArrayToNumberVector<double>(numbers);
-        if (gl.size() != 16) throw std::invalid_argument("needs sixteen numbers");
-        return mgXform_c::createFromGLData(gl.data());
-    });
+    auto const gl = convertJSArrayToNumberVector<double>(numbers);
+    if (gl.size() != 16) throw std::invalid_argument("needs sixteen numbers");
+    return mgXform_c::createFromGLData(gl.data());
 }
 
 // Many points, which stay in the memory of the module.
 
 using Points = std::vector<mgPoint_c>;
 
-Points *newPoints(int count) {
-    return guarded([&] { return new Points(static_cast<std::size_t>(std::max(count, 0))); });
+Points *newPoints(double count) {
+    constexpr double kMost = std::numeric_limits<int>::max();
+    if (!(count >= 0.0 && count <= kMost)) throw std::invalid_argument("needs a number of points");
+    return new Points(static_cast<std::size_t>(count));
 }
 
 val viewOf(Points &points) {
@@ -124,7 +130,8 @@ struct PlacedBoxes {
     PlacedBoxes(val const &boxesOfScript, val const &placementsOfScript)
         : boxes(vecFromJSArray<mgBBox_c>(boxesOfScript)),
           placements(vecFromJSArray<mgXform_c>(placementsOfScript)) {
-        if (boxes.size() != placements.size()) throwError("needs a placement for each box");
+        if (boxes.size() != placements.size())
+            throw std::invalid_argument("needs a placement for each box");
     }
     int count() const { return static_cast<int>(boxes.size()); }
 };
@@ -144,9 +151,11 @@ val findPlacedClashes(val const &boxes, val const &placements) {
 }
 
 mgBoxIndex_c *indexOf(mgBBox_c const *boxes, mgXform_c const *placements, int count) {
-    auto *const index = new mgBoxIndex_c;
-    if (!index->build(boxes, placements, count)) throwError("more boxes than fit into the memory");
-    return index;
+    auto index = std::make_unique<mgBoxIndex_c>();
+    if (!index->build(boxes, placements, count)) {
+        throw std::length_error("more boxes than fit into the memory");
+    }
+    return index.release();
 }
 
 mgBoxIndex_c *newBoxIndex(val const &boxes) {
@@ -377,6 +386,7 @@ EMSCRIPTEN_BINDINGS(vexmath_values) {
     });
     index.def("firstOnRay", &firstOnRay);
 
+    def("takeText", &takeText); // for errors.js alone
     def("dot", [](Vector const &a, Vector const &b) { return a % b; });
     def("cross", [](Vector const &a, Vector const &b) { return a * b; });
     def("normalise", [](Vector const &v) { return Vector(directionOf(v)); });

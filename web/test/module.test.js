@@ -48,7 +48,16 @@ test('arrays of points are not copied', () => {
   points.transform(v.Xform.translation([10, 0, 0]));
   assert.deepEqual([...points.view()], [11, 2, 3, 6, 5, 6]);
   assert.deepEqual(points.bound().low(), [6, 2, 3]);
-  assert.throws(() => new v.Points(2 ** 30), Error);
+  for (const count of [2 ** 30, 2 ** 32 + 5, -1, NaN]) assert.throws(() => new v.Points(count), Error);
+});
+
+test('an error leaves nothing behind', () => {
+  const short = new Uint8Array(3);
+  for (let i = 0; i < 6000; ++i) { // more than the stack would hold
+    assert.throws(() => v.BBox.fromRecord(short), { name: 'Error', message: /^archive/ });
+  }
+  assert.throws(() => v.findClashes([1], 0), { name: 'BindingError' });
+  assert.ok(new v.BBox() instanceof v.BBox);
 });
 
 test('boxes are searched', () => {
@@ -80,6 +89,7 @@ test('curves, polygons and tours', () => {
   const arc = v.tessellateArc([0, 0, 0], [0, 0, 1], [1, 0, 0], [0, 1, 0], 0.01);
   assert.ok(arc.length >= 27);
   near([Math.hypot(arc[3], arc[4])], [1]);
+  assert.throws(() => v.convexHull([0, 0, 1]), { message: 'needs 2 numbers for each point' });
 });
 
 function load(assembly, meshes) {

@@ -186,7 +186,17 @@ describe('the page', () => {
     await drop([['key.stl', sampleMeshes.get('key.stl')]]);
     assert.match(await status(), /^Dropped meshes loaded/);
     await drop([['notes.txt', '']]);
-    assert.match(await status(), /notes.txt: is no mesh/);
+    assert.match(await status(), /notes.txt: the page opens meshes/);
+  });
+
+  test('waits for the meshes of an assembly file', async () => {
+    await open();
+    await drop(sampleFiles.filter(([name]) => name !== 'lid.stl'));
+    assert.equal(await status(), 'mesh files are missing: lid.stl. Drop them too.');
+    await drop([]);
+    await drop([['lid.stl', sampleMeshes.get('lid.stl')]]);
+    assert.match(await status(), /^Gear drive .* loaded/);
+    await compare(sample);
   });
 
   test('has no accessibility faults that a tool finds, in both schemes and widths', async () => {

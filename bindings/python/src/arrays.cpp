@@ -28,6 +28,14 @@ py::array requireRows(py::handle object, int columns, bool isWritten) {
 
 namespace {
 
+/// An array, not a sequence of items; anything else is refused.
+bool isRows(py::handle object, std::string const &item) {
+    if (py::isinstance<py::array>(object)) return true;
+    if (py::isinstance<py::sequence>(object)) return false;
+    throw py::type_error("expected a float64 array or a sequence of " + item + ", got "
+                         + std::string(py::str(py::type::of(object).attr("__name__"))));
+}
+
 template <class T>
 T const &itemOf(py::handle item) {
     if (py::isinstance<T>(item)) return item.cast<T const &>();
@@ -38,12 +46,12 @@ T const &itemOf(py::handle item) {
 } // namespace
 
 Boxes::Boxes(py::handle object) {
-    if (py::isinstance<py::array>(object) || !py::isinstance<py::sequence>(object)) {
+    if (isRows(object, "Box")) {
         rows = Rows<mgBBox_c>(object);
         return;
     }
     rows.array = newRows(0, Rows<mgBBox_c>::kColumns);
-    for (py::handle const box : py::reinterpret_borrow<py::sequence>(object))
+    for (py::object const box : py::reinterpret_borrow<py::sequence>(object))
         copies.push_back(itemOf<mgBBox_c>(box));
 }
 
@@ -54,7 +62,7 @@ int Boxes::count() const {
 }
 
 Placements::Placements(py::handle object) {
-    if (py::isinstance<py::array>(object) || !py::isinstance<py::sequence>(object)) {
+    if (isRows(object, "Transform")) {
         py::array const array = requireRows(object, kPlacementColumns, false);
         auto const *row = static_cast<double const *>(array.data());
         transforms = std::vector<mgXform_c>(static_cast<std::size_t>(array.shape(0)));
@@ -384,7 +392,10 @@ void bindOutlines(py::module_ &m) {
     function(
         m, "mg_pointQuickSort", "sort_points",
         [](Rows<Point, true> points) {
-            mg_pointQuickSort(points.mutableData(), 0, intCount(points.count()) - 1);
+            int const last = intCount(points.count()) - 1;
+            Point *const first = points.mutableData();
+            WithoutLock const released;
+            mg_pointQuickSort(first, 0, last);
         },
         "points"_a);
     function(
@@ -397,8 +408,10 @@ void bindOutlines(py::module_ &m) {
                 points.insert(points.end(), outline.data(), outline.data() + outline.count());
             }
             auto lines = std::make_unique<PointList>();
-            mg_calcHatchLinesPolygon2D(static_cast<int>(counts.size()), counts.data(),
-                                       points.data(), origin, angle, spacing, *lines);
+            listed([&] {
+                return mg_calcHatchLinesPolygon2D(static_cast<int>(counts.size()), counts.data(),
+                                                  points.data(), origin, angle, spacing, *lines);
+            });
             return handOver<double>(std::move(lines));
         },
         "outlines"_a, "origin"_a, "angle"_a, "spacing"_a);

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 """Arrays: the results of a loop, no copy, no lock, and what is refused."""
 
+import collections.abc
 import math
 import threading
 import time
@@ -106,11 +107,29 @@ def test_other_arrays_are_refused(points, error, given):
         vm.bound_points(points)
 
 
+class Lazy(collections.abc.Sequence):
+    """Boxes that live only while they are looked at."""
+
+    def __len__(self):
+        return 100
+
+    def __getitem__(self, i):
+        if i >= len(self):
+            raise IndexError
+        return vm.Box((i, 0, 0), (i + 2, 1, 1))
+
+
+def test_a_sequence_may_make_its_items_when_asked():
+    assert vm.boxes_of(vm.box_rows(Lazy())) == list(Lazy())
+
+
 def test_what_is_written_must_be_writable_and_items_of_their_type():
     locked = POINTS.copy()
     locked.flags.writeable = False
     with pytest.raises(ValueError, match="read-only"):
         vm.transform_points(POINTS, X, out=locked)
+    with pytest.raises(TypeError, match="float64 array or a sequence of Box, got set"):
+        vm.find_clashes({vm.Vector}, 0.0)
     with pytest.raises(TypeError, match="expected a Box, got Point"):
         vm.find_clashes([vm.Point()], 0.0)
     with pytest.raises(TypeError, match="expected a Transform, got NoneType"):
