@@ -167,7 +167,7 @@ void checkScene(Lattice &lattice, int count, bool isPlaced) {
     Input &in = lattice.in;
     double const tol = lattice.tol;
     std::vector<mgBBox_c> all(static_cast<std::size_t>(count) + 1),
-        others(all.size() / (1 + in.below(2)));
+        others(in.flip() ? all.size() : all.size() / 2);
     std::vector<mgXform_c> forms(all.size());
     mgBBox_c *const boxes = all.data(), *const more = others.data();
     mgXform_c *const placements = forms.data();

@@ -158,11 +158,10 @@ void checkHull(Input &in, Points const &points, int kind) {
 
 bool isLess(P const &a, P const &b) { return a.isLessThan(b, -1.0) != 0; }
 
-/// Not the same, unless they hold NaN or infinity.
+/// Not the same; a difference of NaN is none.
 bool areApart(P const &a, P const &b) {
-    double const d[] = {std::fabs(a.x() - b.x()), std::fabs(a.y() - b.y()),
-                        std::fabs(a.z() - b.z())};
-    return !(d[0] + d[1] + d[2] < kInfinity) || *std::max_element(d, d + 3) >= 1e-8;
+    V const d = a - b;
+    return std::fabs(d.x()) >= 1e-8 || std::fabs(d.y()) >= 1e-8 || std::fabs(d.z()) >= 1e-8;
 }
 
 void literalSelectionSort(P *p, int first, int last) {
