@@ -99,7 +99,7 @@ void checkPlanes(Input &in, P const &p, P const &q, U const &dir) {
     CHECK(dist(mg_MirrorPoint(p, q - corners[2], mirrored), from) < 1e-9 * size);
     CHECK(type <= mgPlnPln_Failed);
     if (type == mgPlnPln_Line && sine > 1e-3)
-        CHECK((common.direction() * mg_Normalise(a.normal() * b.normal())).len() < 1e-12);
+        CHECK((common.direction() * mg_Normalise(a.normal() * b.normal())).len() < 1e-7 / sine);
     if (type == mgPlnPln_Line && sine > 1e-3)
         for (mgPlane_c const &plane : {a, b})
             CHECK(plane.isPointOn(root, 2e-8 * (size + dist(root, p)) / sine));
