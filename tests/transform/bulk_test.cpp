@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Arrays of transforms against the loop over the single operation, SIMD against plain. Points are
-// compared with their loop by fuzz/fuzz_transforms.cpp.
+// Arrays of transforms against the loop over the single operation, SIMD against plain. Any
+// points are compared with their loop by fuzz/fuzz_transforms.cpp.
 
 #include <vexmath/bulk.h>
 
@@ -31,6 +31,12 @@ mgXform_c anyTransform(Random &random) {
     x.SetHelper(fields);
     if (random.below(4) == 0) x.addPerspectiveInfo(mgPerspInfo_c(1.0, 2.0, number(), 3.0));
     return x;
+}
+
+TEST(Bulk, TransformedPointsKeepTheSignOfZero) {
+    std::vector<P> points(5, P(-0.0, -0.0, -0.0));
+    mg_TransformPoints(points.data(), 5, moved);
+    for (P const &p : points) EXPECT_BITS_EQ(P(2.0, -0.0, 1.0), p);
 }
 
 /// An assignment would correct the fields.
