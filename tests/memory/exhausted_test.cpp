@@ -151,8 +151,8 @@ Ints numbers(int first, int count, int mode = 1) {
 
 /// The result and the elements.
 State stateOf(int result, Ints const &list) {
-    State state{result};
-    state.insert(state.end(), list.Data(), list.Data() + list.Count());
+    State state(list.begin(), list.end());
+    state.insert(state.begin(), result);
     return state;
 }
 
