@@ -31,7 +31,9 @@ void CheckRefused(char const *text, T object, Caller = {}) {
 } // namespace
 
 TEST(InteropJson, EveryBitComesBack) {
-    auto const check = [](auto const &object) { EXPECT_BITS_EQ(object, throughText(object)); };
+    auto const check = [](auto const &object, Caller = {}) {
+        EXPECT_BITS_EQ(object, throughText(object));
+    };
     Random random;
     for (int i = 0; i < 100; ++i) {
         P const p(random.ofMagnitude(-100, 100), -0.0, random.uniform(-1, 1));
