@@ -124,7 +124,7 @@ TEST(Xform, PerspectivesThatDifferInClipPlanesAreEqual) {
 }
 
 TEST(Xform, AxesAreComparedByDirection) {
-    for (double const angle : {1.414e-4, 1.415e-4, 3.1415926535898}) { // 1 - cos 1.41421e-4 is 1e-8
+    for (double const angle : {1.414e-4, 1.415e-4, 3.1415926535898}) { // bound: 1 - cos is 1e-8
         mgXform_c const rotated = mg_RotateXform(angle, x, 1e-9);
         EXPECT_EQ(angle != 1.415e-4, mgXform_c().sameOrParallel(&rotated));
     }
