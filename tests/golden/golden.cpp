@@ -83,20 +83,11 @@ struct Parts {
     mgXform_c placements[kCount];
 };
 
-/// Every index of every pair.
 void clashes(Stream &in, Bits &out) {
     Parts const parts(in);
-    Pairs pairs;
-    auto const add = [&](int n) {
-        out.add(n);
-        for (int k = 0; k < n; ++k) out.add(pairs[k].first * Parts::kCount + pairs[k].second);
-    };
-    add(mg_FindClashes(parts.boxes, Parts::kCount, 1e-8, pairs));
-    add(mg_FindClashes(parts.boxes, Parts::kCount, parts.boxes, Parts::kCount, -0.1, pairs));
-    add(mg_FindClashes(parts.boxes, parts.placements, Parts::kCount, pairs));
+    addClashes(out, parts.boxes, parts.placements, Parts::kCount);
 }
 
-/// Every index of every list, and the nearest hit.
 void index(Stream &in, Bits &out) {
     Parts const parts(in);
     mgPoint_c const p = in.point();
@@ -109,22 +100,7 @@ void index(Stream &in, Bits &out) {
         boxIndex.place(1, parts.placements[2]);
         mgBoxIndex_c other(std::move(boxIndex));
         boxIndex = std::move(other);
-        Pairs pairs;
-        int const some[] = {3, 7, 3};
-        out.add(boxIndex.clashes(1e-8, pairs));
-        out.add(boxIndex.clashesOf(some, 3, 1e-8, pairs));
-        for (int k = 0; k < pairs.Count(); ++k)
-            out.add(pairs[k].first * Parts::kCount + pairs[k].second);
-        suDynamicArray<int> which;
-        auto const add = [&](int n) {
-            out.add(n);
-            for (int k = 0; k < n; ++k) out.add(which[k]);
-        };
-        mgPoint_c hit;
-        add(boxIndex.clashesWith(parts.boxes[5], 0.1, which));
-        add(boxIndex.around(p, 1.0, which));
-        add(boxIndex.onLine(p, dir, which));
-        out.add(boxIndex.firstOnRay(p, dir, &hit), hit);
+        addSearches(out, boxIndex, parts.boxes[5], p, dir);
     }
 }
 

@@ -208,6 +208,10 @@ private:
     std::uint64_t hash_ = 0xCBF29CE484222325u;
 };
 
+/// Every index that the searches of boxes find, and the nearest hit.
+void addClashes(Bits &out, Box const *boxes, X const *placements, int count);
+void addSearches(Bits &out, mgBoxIndex_c const &index, Box const &box, P const &p, U const &dir);
+
 /// An argument of the parameter type P: made, passed and, where a function can change it, kept.
 template <class P>
 class Argument {

@@ -129,6 +129,40 @@ void Bits::take(mgParallelogram_c const &area) {
     add(low, high);
 }
 
+namespace {
+
+int number(int index) { return index; }
+int number(mgIndexPair_c const &pair) { return pair.first * 60 + pair.second; }
+
+/// Adds what a search returns and, of its list, every index.
+template <class T, class Find>
+void addFound(Bits &out, Find const &find) {
+    suDynamicArray<T> list;
+    out.add(find(list));
+    for (T const &item : list) out.add(number(item));
+}
+
+} // namespace
+
+void addClashes(Bits &out, Box const *boxes, X const *placements, int n) {
+    using Pair = mgIndexPair_c;
+    addFound<Pair>(out, [&](auto &to) { return mg_FindClashes(boxes, n, 1e-8, to); });
+    addFound<Pair>(out, [&](auto &to) { return mg_FindClashes(boxes, n, boxes, n, -0.1, to); });
+    addFound<Pair>(out, [&](auto &to) { return mg_FindClashes(boxes, placements, n, to); });
+}
+
+void addSearches(Bits &out, mgBoxIndex_c const &index, Box const &box, P const &p, U const &dir) {
+    Pairs all;
+    P hit;
+    int const some[] = {3, 7, 3};
+    out.add(index.clashes(1e-8, all));
+    addFound<mgIndexPair_c>(out, [&](auto &to) { return index.clashesOf(some, 3, 1e-8, to); });
+    addFound<int>(out, [&](auto &to) { return index.clashesWith(box, 0.1, to); });
+    addFound<int>(out, [&](auto &to) { return index.around(p, 1.0, to); });
+    addFound<int>(out, [&](auto &to) { return index.onLine(p, dir, to); });
+    out.add(index.firstOnRay(p, dir, &hit), hit);
+}
+
 void nameRows(Table &rows, std::string names) {
     for (std::size_t k = 0; k < rows.size(); ++k) {
         std::size_t const end = k + 1 < rows.size() ? names.find(", ") : names.size();

@@ -24,7 +24,6 @@ extern "C" __attribute__((visibility("default"))) char const *__lsan_default_sup
 namespace {
 
 using namespace golden;
-using Pair = mgIndexPair_c;
 
 /// Many objects, which nothing changes.
 struct Many {
@@ -46,32 +45,13 @@ struct Many {
     mgBoxIndex_c index, placed;
 };
 
-/// Adds the list that a search finds.
-template <class T, class Find>
-void addFound(Bits &out, Find const &find) {
-    suDynamicArray<T> list;
-    out.add(find(list));
-    out.add(list);
-}
-
 void search(Many const &many, Bits &out) {
-    mgBBox_c const *const boxes = many.boxes.data();
-    mgXform_c const *const placements = many.placements.data();
-    int const n = Many::kBoxes, some[] = {3, 50, 3};
-    mgPoint_c const &p = many.points[0];
-    mgUnitVector_c const dir(1.0, 2.0, 3.0);
-    mgPoint_c hit;
-    addFound<Pair>(out, [&](auto &to) { return mg_FindClashes(boxes, n, 0.1, to); });
-    addFound<Pair>(out, [&](auto &to) { return mg_FindClashes(boxes, n, boxes, n, 0.1, to); });
-    addFound<Pair>(out, [&](auto &to) { return mg_FindClashes(boxes, placements, n, to); });
+    addClashes(out, many.boxes.data(), many.placements.data(), Many::kBoxes);
     for (mgBoxIndex_c const *const index : {&many.index, &many.placed}) {
-        addFound<Pair>(out, [&](auto &to) { return index->clashes(0.1, to); });
-        addFound<Pair>(out, [&](auto &to) { return index->clashesOf(some, 3, 0.1, to); });
-        addFound<int>(out, [&](auto &to) { return index->clashesWith(boxes[0], 0.1, to); });
-        addFound<int>(out, [&](auto &to) { return index->around(p, 1.0, to); });
-        addFound<int>(out, [&](auto &to) { return index->onLine(p, dir, to); });
-        out.add(index->firstOnRay(p, dir, &hit));
-        out.add(hit);
+        Pairs pairs;
+        out.add(index->clashes(0.1, pairs));
+        out.add(pairs);
+        addSearches(out, *index, many.boxes[0], many.points[0], mgUnitVector_c(1.0, 2.0, 3.0));
     }
     List sorted = many.points;
     suDynamicArray<mg2DPoint_c> plane = many.plane, hull;

@@ -124,12 +124,10 @@ TEST(Xform, PerspectivesThatDifferInClipPlanesAreEqual) {
 }
 
 TEST(Xform, AxesAreComparedByDirection) {
-    auto const parallel = [](double angle) { // 1 - cos is 1e-08 at 1.41421e-4
+    for (double const angle : {1.414e-4, 1.415e-4, 3.1415926535898}) { // bound: 1 - cos is 1e-8
         mgXform_c const rotated = mg_RotateXform(angle, x, 1e-9);
-        return mgXform_c().sameOrParallel(&rotated);
-    };
-    for (double const angle : {1.414e-4, 1.415e-4, 3.1415926535898})
-        EXPECT_EQ(angle != 1.415e-4, parallel(angle));
+        EXPECT_EQ(angle != 1.415e-4, mgXform_c().sameOrParallel(&rotated));
+    }
     int opposite = 7;
     EXPECT_EQ(1, raw(quarter).getNearestAxis({1.0, 1.0, -1.0}, opposite)); // the earlier row
     EXPECT_EQ(0, opposite);
