@@ -74,9 +74,9 @@ def main(work):
     stand_in('conan.tools.cmake', CMake=CMake, CMakeToolchain=CMakeToolchain,
              cmake_layout=lambda recipe: None)
     stand_in('conan.tools.files', copy=copy)
-    spec = importlib.util.spec_from_file_location('conanfile', RECIPE)
-    module = importlib.util.module_from_spec(spec)
-    spec.loader.exec_module(module)
+    found = importlib.util.spec_from_file_location('conanfile', RECIPE)
+    module = importlib.util.module_from_spec(found)
+    found.loader.exec_module(module)
 
     recipe = module.VexmathConan()
     recipe.use(work)

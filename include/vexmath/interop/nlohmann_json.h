@@ -17,7 +17,7 @@
 
 // What is written and read back is the same to the bit, unless said otherwise. Reading another form
 // throws an exception of nlohmann::json, such as type_error or out_of_range, and leaves the object
-// as it was. NaN and infinity become null in a text; a null in place of a number is refused.
+// as it was. NaN and infinity become null in a text; a null instead of a number is refused.
 //
 // The functions are in the global namespace, where nlohmann::json finds them: the classes are
 // there.
