@@ -244,7 +244,12 @@ TEST(Exhausted, AListIsEmpty) {
         trial.run([&] { other = list; });
         return stateOf(0, other);
     });
-    CheckAnswer("add a word", -1, [] { return su_CDWordArray().Add(1); });
+    CheckAnswer("add a word", -1, [] {
+        static su_CDWordArray *volatile seen; // without it clang leaves the block out
+        su_CDWordArray words;
+        seen = &words;
+        return words.Add(1);
+    });
 }
 
 #ifdef VEXMATH_INTEROP_NLOHMANN_JSON_H
