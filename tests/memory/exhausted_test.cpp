@@ -245,7 +245,8 @@ TEST(Exhausted, AListIsEmpty) {
         return stateOf(0, other);
     });
     CheckAnswer("add a word", -1, [] {
-        static su_CDWordArray *volatile seen; // without it clang leaves the block out
+        // Without it clang leaves the block out.
+        [[maybe_unused]] static su_CDWordArray *volatile seen;
         su_CDWordArray words;
         seen = &words;
         return words.Add(1);
