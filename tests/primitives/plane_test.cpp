@@ -18,7 +18,7 @@ TEST(Plane, ToleranceIsStrictAndOrientationCountsForEquivalence) {
         EXPECT_EQ(coincident, ground.isCoincidentWith({P(7, 7, height), n}));
         EXPECT_EQ(equivalent, ground.isEquivalent({P(7, 7, height), n}));
     };
-    check(0, z, 1, 1), check(0, -z, 1, 0), check(1, z, 0, 0), check(0, U(1, 0, 1), 0, 0);
+    check(0, z, 1, 1), check(0, -z, 1, 0), check(0.5, z, 0, 0), check(0, U(1, 0, 1), 0, 0);
     check(0, U(0.95e-12, 0, 1), 1, 1), check(0, U(0, 1.05e-12, 1), 1, 0);
 }
 

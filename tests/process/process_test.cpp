@@ -113,6 +113,16 @@ TEST(Process, ThreadsShareObjectsAndUseTheirOwn) {
     }
 }
 
+TEST(Process, TheEnvironmentChoosesVectorUnits) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe"); // begins a program, in which nothing was chosen
+    auto const check = [](char const *text, int use) {
+        setenv("VEXMATH_USE_VECTOR_UNITS", text, 1);
+        EXPECT_EXIT(std::exit(mg_GetUseVectorUnits()), testing::ExitedWithCode(use), "") << text;
+        unsetenv("VEXMATH_USE_VECTOR_UNITS");
+    };
+    check("0", 0), check("1", 1), check("", 1);
+}
+
 TEST(Process, AStackOf64KilobytesIsEnough) {
 #if defined(VEXMATH_TEST_SANITIZED) || !defined(NDEBUG)
     GTEST_SKIP() << "only of optimised code without sanitizers";
