@@ -46,6 +46,8 @@ struct Segment {
     double across(double px, double py) const { return dx * (py - y[0]) - dy * (px - x[0]); }
     /// Distance of a point's foot from the first end.
     double along(double px, double py) const { return dx * (px - x[0]) + dy * (py - y[0]); }
+    /// Of the second end: the length, but rounded as the places of other ends are.
+    double extent() const { return along(x[1], y[1]); }
     /// Of the axis 0 or 1.
     double middle(int axis) const {
         double const *const ends = axis == 0 ? x : y;
@@ -63,7 +65,7 @@ struct Segment {
 class Group {
 public:
     Group(Segment const &base, int index, double reach)
-        : base_(base), reach_(reach), low_{0.0, 2 * index}, high_{base.length, 2 * index + 1} {}
+        : base_(base), index_(index), reach_(reach) {}
 
     /// Takes a segment in if it is collinear and overlaps or touches what the group has.
     bool add(Segment const &s, int index) {
@@ -112,14 +114,15 @@ private:
     }
     /// Of equal places, the base's end is kept, else the one of the lowest index.
     bool isBetter(Place const &fresh, Place const &old, double gain) const {
-        bool const isOfBase = old.at == 0.0 || old.at == base_.length;
+        bool const isOfBase = old.end / 2 == index_;
         return gain > 0.0 || (gain == 0.0 && !isOfBase && fresh.end < old.end);
     }
 
     Segment const &base_;
+    int index_; ///< of the base
     double reach_;
-    Place low_;
-    Place high_;
+    Place low_{0.0, 2 * index_};
+    Place high_{base_.extent(), 2 * index_ + 1};
 };
 
 /// A tree of segments that are not yet in a group.

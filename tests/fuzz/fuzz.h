@@ -53,6 +53,11 @@ public:
         std::size_t const i = used_++, length = size_ == 0 ? 1 : size_;
         return static_cast<int>(((size_ == 0 ? 0 : data_[i % length]) + 101 * (i / length)) % 256);
     }
+    /// Two bytes, the lower one first.
+    int word() {
+        int const low = byte();
+        return low + 256 * byte();
+    }
     int below(int count) { return byte() % count; } ///< REQUIRES a count of at most 256
     bool flip() { return below(2) == 0; }
     /// The length of a list: small, or 1000.

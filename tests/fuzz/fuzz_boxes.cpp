@@ -90,7 +90,7 @@ struct Cases {
         double const sizes[] = {1, 1, 1e-4, 1e-8, 1e-10, 1e-145, 1e-154, 1e154, 1e6, 1e15};
         size = sizes[in.below(10)] * (0.5 + 1.5 * unit());
     }
-    double unit() { return (in.byte() + 256 * in.byte()) / 65536.0; }
+    double unit() { return in.word() / 65536.0; }
     double number() {
         if (kind == 0) return in.number();
         if (kind == 1) return (in.below(7) - 3) * size; // ties

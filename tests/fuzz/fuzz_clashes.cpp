@@ -132,7 +132,7 @@ void checkIndices(Indices const &list, int found, int count, Test const &test) {
 /// The pairs of some of the boxes, given in any order, and at times of none.
 void checkSome(Input &in, mgBoxIndex_c const &index, int count, double tol, Pairs const &all) {
     std::vector<int> some(static_cast<std::size_t>(in.below(6)));
-    for (int &i : some) i = (in.byte() + 256 * in.byte()) % (count + 2) - 1;
+    for (int &i : some) i = in.word() % (count + 2) - 1;
     auto const has = [&](int i) { return std::count(some.begin(), some.end(), i) > 0; };
     Pairs of;
     int const found = index.clashesOf(some.data(), static_cast<int>(some.size()), tol, of);

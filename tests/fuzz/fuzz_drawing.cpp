@@ -25,12 +25,13 @@ Points literalMerge(Points const &points, double tol) {
         used[base] = true;
         ends[base] = {2 * base, 2 * base + 1};
         V const whole = flat(2 * base, 2 * base + 1);
-        V const d = length(base) > 0 ? (1.0 / length(base)) * whole : V(1, 0, 0);
+        double const l = length(base);
+        V const d = l > 0 ? V(whole.x() / l, whole.y() / l, 0) : V(1, 0, 0);
         auto const along = [&](std::size_t end) { return flat(2 * base, end) % d; };
         auto const isOff = [&](std::size_t end) {
             return std::fabs((d * flat(2 * base, end)).z()) > tol;
         };
-        double low = 0, high = length(base);
+        double low = 0, high = along(2 * base + 1);
         for (std::size_t i = 0; i < n; ++i) {
             std::size_t p = 2 * i, q = p + 1;
             if (along(q) < along(p)) std::swap(p, q);
@@ -53,10 +54,10 @@ Points literalMerge(Points const &points, double tol) {
 
 /// Whole segments along x or y, or segments that are nearly on a few lines.
 void checkMerged(Input &in) {
-    auto const unit = [&in] { return (in.byte() + 256 * in.byte()) / 65536.0; };
+    auto const unit = [&in] { return in.word() / 65536.0; };
     bool const isWhole = in.flip();
     double const tol = isWhole ? 0.25 : std::pow(10.0, -1 - in.below(9));
-    V const angles = 4.0 * V(unit(), unit(), unit());
+    V const angles = 4.0 * V{unit(), unit(), unit()}; // braces keep the order
     Points points;
     for (int i = in.count(); i > 0; --i) {
         int const line = in.below(6), from = in.below(40), to = from + 1 + in.below(5);

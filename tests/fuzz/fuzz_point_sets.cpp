@@ -15,7 +15,7 @@ Points anyPoints(Input &in, int kind) {
     int const bytes = in.byte(), side = 1 + in.below(16);
     int const many[] = {100, 100, 100, 100, 300, 300, 1000, 2500}; // sorted by digits from 2000 on
     Points points(static_cast<std::size_t>(bytes < 248 ? bytes / 6 : many[bytes - 248]));
-    auto const unit = [&in] { return (in.byte() + 256 * in.byte()) / 65536.0; };
+    auto const unit = [&in] { return in.word() / 65536.0; };
     auto const step = [&in](int count, double by) { return in.below(count) * by; };
     double const tied = in.flip() ? 7e-9 : 1.0; // not transitive, or apart
     for (P &p : points) {

@@ -48,6 +48,12 @@ TEST(MergeList, OfEqualPlacesKeepsTheBaseElseTheFirst) {
     list[6] = high, list[7] = low; // the base runs the other way
     EXPECT_EQ(1, mg_MergeLines2D(list, merged, 0.5));
     EXPECT_BITS_EQ((std::vector<P>{high, e}), merged.list());
+    for (int k = 0; k < 50; ++k) { // oblique: the places are rounded
+        P const p(0.1, 0.2, 1), q(0.1 * k, 0.9, 2);
+        list = Watched<P>({p, q, {q.x(), q.y(), 3}, {p.x(), p.y(), 4}});
+        EXPECT_EQ(1, mg_MergeLines2D(list, list, 0.01));
+        EXPECT_BITS_EQ((std::vector<P>{p, q}), list.list());
+    }
 }
 
 TEST(MergeList, KeepsBadSegmentsAndIgnoresAnOddPoint) {
