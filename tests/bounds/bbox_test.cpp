@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Boxes with bounding spheres: setters, queries, validity, unions, growth, transforms, text form.
 
+#include <vexmath/bulk.h>
+
 #include <string>
+#include <vector>
 
 #include "bounds/boxes.h"
 
@@ -80,12 +83,34 @@ TEST(BBox, ComparisonsAreStrictInEveryMember) {
 }
 
 TEST(BBox, ACentreFarOutIsNotHeldAgainstTheCorners) {
-    // An axis is not tested when the centre is 1e13 tolerances from the origin.
-    auto const valid = [](double x, double y) {
-        return boxOf(P(x, 0, 0), 1, P(x, 0, 0), P(x + 1.5, y, 0)).isValid();
-    };
-    for (double const x : {-1e5, below(1e5), 1e5}) EXPECT_EQ(std::fabs(x) == 1e5, valid(x, 0));
-    EXPECT_EQ(0, valid(1e5, 1.5)); // the other axes are tested
+    // An axis is not tested when the centre is 1e13 tolerances from the origin. The radius gives
+    // the tolerance.
+    double const rows[][2] = {{1, 1e-08}, {999999, 1e-08}, {1e6, 1e-07}, {1e7, 1e-06}, {3e15, 100}};
+    for (auto const &[r, tol] : rows) {
+        double const far = 1e13 * tol, reach = r + tol, radius = r;
+        auto const valid = [=](double x, double low, double high) {
+            P const centre(x, 0, 0);
+            return boxOf(centre, radius, P(x, low, 0), P(x + 1.5 * radius, high, 0)).isValid();
+        };
+        for (double const x : {-far, 0.999999999 * far, far})
+            EXPECT_EQ(std::fabs(x) == far, valid(x, 0, 0)) << r << ' ' << x;
+        for (double const y : {reach, above(reach)}) { // the other axes are tested
+            EXPECT_EQ(y == reach, valid(far, 0, y)) << r;
+            EXPECT_EQ(y == reach, valid(far, -y, 0)) << r;
+        }
+    }
+}
+
+TEST(BBox, ASphereIsValidNearTheDistanceOfItsPoint) {
+    for (double const r : {0.01, 1e4}) {
+        auto const valid = [r](double x) {
+            return boxOf(P(), r, P(x, x, 0), P(x, x, 0)).isValid();
+        };
+        double const near = std::sqrt((r * r * 0.99999999 - 1e-08) / 2);
+        double const far = std::sqrt((r * r * 1.00000001 + 1e-08) / 2);
+        for (double const x : {below(near), near, far, above(far)})
+            EXPECT_EQ(x == near || x == far, valid(x)) << r << ' ' << x;
+    }
 }
 
 TEST(BBox, AUnionAsksMoreOfItsOperandThanOfItself) {
@@ -146,10 +171,33 @@ TEST(BBox, AnUnsetBoxBecomesSetByGrowing) {
     EXPECT_BITS_EQ(mgBBox_c(), mgBBox_c() += below(2));
     mgBBox_c const inverted = boxOf(P(), 9, P(), P(0, 0, -2)); // by its corners alone
     EXPECT_BITS_EQ(boxOf(P(), 10, P(-1, -1, -1), P(1, 1, -1)), mgBBox_c(inverted) += 1);
-    // The sphere of a shrunk box stays when its squared radius exceeds the corner's by up to 5e-9.
-    for (double const excess : {4.999995e-9, 5.000005e-9}) {
-        mgBBox_c const loose = boxOf(P(), std::sqrt(3 + excess), P(-1, -1, -1), P(1, 1, 1));
-        EXPECT_EQ(excess < 5e-9, (mgBBox_c(loose) += -kTiny).sphRadius() == loose.sphRadius());
+}
+
+TEST(BBox, AShrunkBoxKeepsASphereThatIsHardlyTooLarge) {
+    // Half the box's length, and the largest radius: 5e-9 more in the square, a factor, or 1e-10.
+    double const rows[][2] = {
+        {3, std::sqrt(9 + 5e-09)}, {0.5, std::sqrt(0.25 * 1.000000005)}, {5e-11, 1e-10}};
+    for (auto const &[half, most] : rows)
+        for (double const r : {most, above(most)}) {
+            mgBBox_c box = boxOf(P(), r, P(-half, 0, 0), P(half, 0, 0));
+            EXPECT_EQ(r == most ? r : half, (box += -kTiny).sphRadius());
+        }
+}
+
+TEST(BBox, AListOfPointsIsBoundedAsOneByOne) {
+    // The coordinates of each axis are far from those of the others.
+    P const centre(11, 100, 1000);
+    mgBBox_c const start = boxOf(centre, 9, centre - V(9, 0, 0), centre + V(9, 0, 0));
+    Random random;
+    std::vector<P> points;
+    for (int k = 0; k < 50; ++k) points.push_back(centre + random.triple<V>(-5, 5));
+    mgBBox_c loop = start;
+    for (P const &p : points) loop |= p;
+    for (int const useVectorUnits : {0, 1}) {
+        mg_SetUseVectorUnits(useVectorUnits);
+        mgBBox_c box = start;
+        mg_BoundPoints(points.data(), 50, box);
+        EXPECT_BITS_EQ(loop, box);
     }
 }
 

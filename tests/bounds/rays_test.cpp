@@ -8,7 +8,7 @@ namespace {
 using namespace common;
 
 mgBBox_c const box(P(), P(1, 2, 3));
-U const xAxis(1, 0, 0), none;
+U const xAxis(1, 0, 0), none, axes[] = {xAxis, {0, 1, 0}, {0, 0, 1}};
 
 mgBBox_c const unset = boxOf(P(), -1, P(), P(1, 2, 3)); // by its radius alone
 
@@ -24,7 +24,15 @@ TEST(SphereHit, SphereToleranceIsAddedToTheSquaredRadius) {
 }
 
 TEST(RayHit, OnlyTheInsideOfFacesIsHit) {
-    EXPECT_EQ(0, box.isRayHit(P(-5, 2, 1), xAxis));       // along a face
+    for (int k = 0; k < 12; ++k) { // along a face
+        int const i = (k % 3 + 1 + k / 6) % 3;
+        bool const isHigh = k % 2 == 0;
+        P p = box.center();
+        p[i] = isHigh ? box.high()[i] : 0;
+        EXPECT_EQ(0, box.isRayHit(p, axes[k % 3])) << k;
+        p[i] = isHigh ? below(p[i]) : above(0);
+        EXPECT_EQ(1, box.isRayHit(p, axes[k % 3])) << k;
+    }
     EXPECT_EQ(0, box.isRayHit(P(-1, 1, 1), U(1, -1, 0))); // through an edge, from outside
     EXPECT_EQ(1, box.isRayHit(P(-0.5, 1, 1), U(1, -1, 0)));
     EXPECT_EQ(0, box.isRayHit(P(0.5, 1, 1), none));
