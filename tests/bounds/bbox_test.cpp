@@ -66,6 +66,8 @@ TEST(BBox, MeasuresComeFromTheCorners) {
     EXPECT_BITS_EQ(V(std::sqrt(116.0), 8, 4),
                    V(box.diagonalLength(), box.maxDimension(), box.minDimension()));
     EXPECT_BITS_EQ(P(1, 8, 3.5), box.pointPerp(P(below(1), 99, 3.5)));
+    EXPECT_BITS_EQ(P(-0.0, 0, 1), unit.pointPerp(P(-0.0, 0, 1))); // zeros of both signs are equal
+    EXPECT_BITS_EQ(P(), cube(-1, -0.0).pointPerp(P()));
 }
 
 TEST(BBox, ComparisonsAreStrictInEveryMember) {
@@ -142,8 +144,10 @@ TEST(BBox, TheSwitchGivesTheCubeAroundTheMergedSphere) {
     EXPECT_EQ(2, mgBBox_c::SetUseSphereBoundingBox(1));
     EXPECT_EQ(1, mgBBox_c::GetUseSphereBoundingBox());
     EXPECT_BITS_EQ(mgBBox_c(both.sphCenter(), both.sphRadius()), mgBBox_c(unit) |= beside);
-    EXPECT_BITS_EQ(big, mgBBox_c(big) |= unit);             // ignored where the sphere stays
-    EXPECT_EQ(0, (mgBBox_c(unit) |= P(9, 0, 0)).low().y()); // and by points
+    EXPECT_BITS_EQ(big, mgBBox_c(big) |= unit); // ignored where the sphere stays
+    EXPECT_BITS_EQ(0, (mgBBox_c(unit) |= P(9, -0.0, 0)).low().y()); // and by points
+    EXPECT_BITS_EQ(-0.0,
+                   (cube(-1, -0.0) |= P(9, 0, 0)).high().y()); // zeros of both signs are equal
     mgBBox_c::SetUseSphereBoundingBox(0);
 }
 

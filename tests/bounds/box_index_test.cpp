@@ -57,6 +57,17 @@ TEST(BoxIndex, BoxesThatReachThePointByRoundingAloneAreFound) {
           [&](mgBoxIndex_c const &index) { return index.clashesWith(box, 1, which); });
 }
 
+TEST(BoxIndex, AnInfiniteBoxIsHit) {
+    mgBBox_c const box(P(), P(kInfinity, 1, 1));
+    mgBoxIndex_c index;
+    P hit;
+    ASSERT_EQ(1, index.build(&box, nullptr, 1));
+    for (int const useVectorUnits : {0, 1}) {
+        mg_SetUseVectorUnits(useVectorUnits);
+        EXPECT_EQ(0, index.firstOnRay(P(5, -5, 0.5), U(0, 1, 0), &hit));
+    }
+}
+
 /// Of boxes far from most others, lines along their faces cross the inside in the last digits.
 TEST(BoxIndex, LinesJustInsideFarBoxesAreFound) {
     suDynamicArray<int> which;

@@ -77,6 +77,14 @@ TEST(Clash, AStretchIsInvertedAsARotation) {
     stretch[0] = 2;
     mgBBox_c const box = cube(10, 11);
     CheckPlacedClash(1, box, raw(stretch), box, mgXform_c());
+    // So small a stretch counts as a rotation. So far out it hides a gap of 0.001.
+    mgMatrix_c const turn = mg_RotationMatrix(1.0, {1, 2, 3}, 0.0);
+    mgMatrix_c larger = turn;
+    for (int j = 0; j < 9; ++j) larger[j] *= 1 + 2e-10;
+    P const at(1e7, 1e7, 1e7), beside(1e7 + 1.001, 1e7, 1e7);
+    mgBBox_c const a(at, at + V(1, 1, 1)), b(beside, beside + V(1, 1, 1));
+    CheckPlacedClash(0, a, raw(larger), b, raw(turn)),
+        CheckPlacedClash(0, b, raw(turn), a, raw(larger));
 }
 
 /// The second box is placed at x.
@@ -96,6 +104,9 @@ TEST(Clash, PlacedSpheresAreComparedUnscaled) {
     CheckClash(1, ball, {P(2, 0, 0), 1});
     CheckPlaced(0, ball, mgBBox_c(), 0);
     CheckPlaced(1, cube(0, 100), cube(-1, 1e-6), 0); // within the rounding of the larger one
+    // Both boxes overlap, but beyond their spheres, which touch.
+    CheckPlaced(0, boxOf(P(-0.635, -0.635, -0.635), 0.1, P(-5, -5, -5), P(-0.7, -0.7, -0.7)),
+                boxOf(P(), 1, P(-5, -5, -5), P(5, 5, 5)), 0);
     CheckPlaced(1, unit, boxOf(P(kInfinity, 0, 0), kInfinity, P(), P(1, 1, 1)), 0);
 }
 

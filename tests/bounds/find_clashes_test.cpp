@@ -77,7 +77,7 @@ TEST(FindClashes, ManyPairsAreSorted) {
 /// Small boxes deep in the corner do not clash with them.
 TEST(FindClashes, DeepMeetingsOutsideOfASphereAreNoClashes) {
     P const far(-1e9, -1e9, -1e9), high(2, 2, 2);
-    std::vector<mgBBox_c> boxes(70, cube(1.5, 1.9));
+    std::vector<mgBBox_c> boxes(70, cube(1.5, 3.5));
     boxes[7] = boxOf(far, (high - far).len() * (1 - 0.9e-9), P(), high);
     boxes[8] = boxOf(P(1, 1, 1), 0.5, P(), high);
     mgBBox_c const *const a = boxes.data();
