@@ -39,54 +39,37 @@ TEST(BoxIndex, TheIndexOwnsItsBoxesAndIsMoved) {
 
 TEST(BoxIndex, BoxesThatReachThePointByRoundingAloneAreFound) {
     double const next = above(1), half = 0.5 * (next - 1);
-    auto const check = [](mgBBox_c const &box, auto const &find, Caller = {}) {
-        mgBoxIndex_c index;
-        ASSERT_EQ(1, index.build(&box, nullptr, 1));
-        EXPECT_EQ(1, find(index));
-    };
     suDynamicArray<int> which;
-    for (double const sign : {1.0, -1.0}) { // the difference rounds to 1, the sum too
-        for (int k = 0; k < 3; ++k) {
-            P at, p;
-            at[k] = sign * next, p[k] = sign * half;
-            check({at, at}, [&](mgBoxIndex_c const &index) { return index.around(p, 1, which); });
-        }
-    }
-    mgBBox_c const box(P(next, 0, 0), P(2, 1, 1)); // next - 1 > 1.2e-16, but 1.2e-16 + 1 == next
-    check({P(1.2e-16, 0, 0), P(1.2e-16, 1, 1)},
-          [&](mgBoxIndex_c const &index) { return index.clashesWith(box, 1, which); });
-}
-
-TEST(BoxIndex, AnInfiniteBoxIsHit) {
-    mgBBox_c const box(P(), P(kInfinity, 1, 1));
     mgBoxIndex_c index;
-    P hit;
-    ASSERT_EQ(1, index.build(&box, nullptr, 1));
-    for (int const useVectorUnits : {0, 1}) {
-        mg_SetUseVectorUnits(useVectorUnits);
-        EXPECT_EQ(0, index.firstOnRay(P(5, -5, 0.5), U(0, 1, 0), &hit));
+    for (double const sign : {1.0, -1.0}) { // the difference rounds to 1, the sum too
+        mgBBox_c const box(P(sign * next, 0, 0), P(sign * next, 0, 0));
+        index.build(&box, nullptr, 1);
+        EXPECT_EQ(1, index.around(P(sign * half, 0, 0), 1, which));
     }
+    mgBBox_c const box(P(1.2e-16, 0, 0), P(1.2e-16, 1, 1)); // 1.2e-16 < next - 1
+    index.build(&box, nullptr, 1);
+    EXPECT_EQ(1, index.clashesWith({P(next, 0, 0), P(2, 1, 1)}, 1, which));
 }
 
-/// Of boxes far from most others, lines along their faces cross the inside in the last digits.
-TEST(BoxIndex, LinesJustInsideFarBoxesAreFound) {
+TEST(BoxIndex, LinesFindInfiniteBoxesAndThoseFarFromMostOthers) {
+    mgBoxIndex_c index;
     suDynamicArray<int> which;
-    for (int k = 0; k < 9; ++k) {
-        int const axis = k % 3;
+    P hit;
+    U const axes[] = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
+    for (int k = 0; k < 6; ++k) {
+        mg_SetUseVectorUnits(k % 2);
         std::vector<mgBBox_c> boxes(99, cube(0, 1));
-        for (int n = 0; n < 40; ++n) {
-            V offset;
-            offset[axis] = 1000 + 0.37 * n;
-            boxes.emplace_back(P() + offset, P(0.1, 0.1, 0.1) + offset);
+        for (int n = 0; n < 40; ++n)
+            boxes.push_back(cube(0, 0.1) += V(axes[k / 2]) * (1000 + 0.37 * n));
+        index.build(boxes.data(), nullptr, 139);
+        for (std::size_t n = 99; n < 139; ++n) {
+            P p = boxes[n].center();
+            p[k / 2] = above(boxes[n].low()[k / 2]); // just inside a face
+            EXPECT_EQ(1, index.onLine(p, axes[(k / 2 + 1) % 3], which)) << n;
         }
-        mgBoxIndex_c index;
-        ASSERT_EQ(1, index.build(boxes.data(), nullptr, 139));
-        for (int n = 99; n < 139; ++n) {
-            P p(0.05, 0.05, 0.05);
-            p[axis] = above(boxes[n].low()[axis]);
-            U const dir((axis + 1) % 3 == 0, (axis + 1) % 3 == 1, (axis + 1) % 3 == 2);
-            EXPECT_EQ(1, index.onLine(p, dir, which)) << n;
-        }
+        boxes[0] = {P(), P(kInfinity, 1, 1)};
+        index.build(boxes.data(), nullptr, 1);
+        EXPECT_EQ(0, index.firstOnRay(P(5, -5, 0.5), axes[1], &hit));
     }
 }
 

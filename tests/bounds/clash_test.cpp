@@ -72,19 +72,17 @@ TEST(Clash, ARelativeRotationThatIsFlaggedAsNoneIsNotApplied) {
     CheckPlacedClash(0, rod, lower, rod, upper), CheckPlacedClash(0, rod, upper, rod, lower);
 }
 
-TEST(Clash, AStretchIsInvertedAsARotation) {
-    mgMatrix_c stretch;
-    stretch[0] = 2;
-    mgBBox_c const box = cube(10, 11);
-    CheckPlacedClash(1, box, raw(stretch), box, mgXform_c());
-    // So small a stretch counts as a rotation. So far out it hides a gap of 0.001.
-    mgMatrix_c const turn = mg_RotationMatrix(1.0, {1, 2, 3}, 0.0);
+TEST(Clash, ASlightStretchIsInvertedAsARotation) {
+    // Far out, it is longer than a gap of 0.001, or an overlap.
+    mgMatrix_c const turn = mg_RotationMatrix(std::acos(-0.5), {1, 1, 1}, 0.0);
     mgMatrix_c larger = turn;
+    V const back(-1e7, -1e7, -1e7);
     for (int j = 0; j < 9; ++j) larger[j] *= 1 + 2e-10;
-    P const at(1e7, 1e7, 1e7), beside(1e7 + 1.001, 1e7, 1e7);
-    mgBBox_c const a(at, at + V(1, 1, 1)), b(beside, beside + V(1, 1, 1));
-    CheckPlacedClash(0, a, raw(larger), b, raw(turn)),
-        CheckPlacedClash(0, b, raw(turn), a, raw(larger));
+    mgBBox_c const a = cube(1e7, 1e7 + 1), b = mgBBox_c(a) += V(1.001, 0, 0);
+    CheckPlacedClash(0, a, raw(larger, back), b, raw(turn, back));
+    CheckPlacedClash(0, b, raw(turn, back), a, raw(larger, back));
+    mgBBox_c const far(P(1e7, 1e7, 1e7), 1), near = mgBBox_c(far) += V(-1.999, 0, 0);
+    CheckPlacedClash(1, far, raw(larger, back), near, raw(turn, back));
 }
 
 /// The second box is placed at x.
