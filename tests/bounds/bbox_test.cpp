@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Boxes with bounding spheres: setters, queries, validity, unions, growth, transforms, text form.
 
+#include <vexmath/bulk.h>
+
 #include <string>
 
 #include "bounds/boxes.h"
@@ -63,6 +65,8 @@ TEST(BBox, MeasuresComeFromTheCorners) {
     EXPECT_BITS_EQ(V(std::sqrt(116.0), 8, 4),
                    V(box.diagonalLength(), box.maxDimension(), box.minDimension()));
     EXPECT_BITS_EQ(P(1, 8, 3.5), box.pointPerp(P(below(1), 99, 3.5)));
+    EXPECT_BITS_EQ(P(-0.0, 0, 1), unit.pointPerp(P(-0.0, 0, 1))); // zeros of both signs are equal
+    EXPECT_BITS_EQ(P(), cube(-1, -0.0).pointPerp(P()));
 }
 
 TEST(BBox, ComparisonsAreStrictInEveryMember) {
@@ -80,12 +84,32 @@ TEST(BBox, ComparisonsAreStrictInEveryMember) {
 }
 
 TEST(BBox, ACentreFarOutIsNotHeldAgainstTheCorners) {
-    // An axis is not tested when the centre is 1e13 tolerances from the origin.
-    auto const valid = [](double x, double y) {
-        return boxOf(P(x, 0, 0), 1, P(x, 0, 0), P(x + 1.5, y, 0)).isValid();
-    };
-    for (double const x : {-1e5, below(1e5), 1e5}) EXPECT_EQ(std::fabs(x) == 1e5, valid(x, 0));
-    EXPECT_EQ(0, valid(1e5, 1.5)); // the other axes are tested
+    // An axis is not tested when the centre is 1e13 tolerances from the origin. The radius gives
+    // the tolerance.
+    double const rows[][2] = {{1, 1e-08}, {999999, 1e-08}, {1e6, 1e-07}, {1e7, 1e-06}, {3e15, 100}};
+    for (auto const &[r, tol] : rows) {
+        double const far = 1e13 * tol, reach = r + tol, radius = r;
+        auto const valid = [=](double x, double low, double high) {
+            P const centre(x, 0, 0);
+            return boxOf(centre, radius, P(x, low, 0), P(x + 1.5 * radius, high, 0)).isValid();
+        };
+        for (double const x : {-far, 0.999999999 * far, far})
+            EXPECT_EQ(std::fabs(x) == far, valid(x, 0, 0)) << r << ' ' << x;
+        for (double const y : {reach, above(reach)}) // the other axes are tested
+            EXPECT_EQ(y == reach, valid(far, 0, y) && valid(far, -y, 0)) << r;
+        EXPECT_EQ(valid(far, 0, above(reach)), valid(far, -above(reach), 0)) << r;
+    }
+}
+
+TEST(BBox, ASphereIsValidNearTheDistanceOfItsPoint) {
+    for (double const r : {0.01, 1e4}) {
+        double const near = std::sqrt((r * r * 0.99999999 - 1e-08) / 2);
+        double const far = std::sqrt((r * r * 1.00000001 + 1e-08) / 2);
+        for (double const x : {below(near), near, far, above(far)}) {
+            mgBBox_c const box = boxOf(P(), r, P(x, x, 0), P(x, x, 0));
+            EXPECT_EQ(x == near || x == far, box.isValid()) << r << ' ' << x;
+        }
+    }
 }
 
 TEST(BBox, AUnionAsksMoreOfItsOperandThanOfItself) {
@@ -117,8 +141,9 @@ TEST(BBox, TheSwitchGivesTheCubeAroundTheMergedSphere) {
     EXPECT_EQ(2, mgBBox_c::SetUseSphereBoundingBox(1));
     EXPECT_EQ(1, mgBBox_c::GetUseSphereBoundingBox());
     EXPECT_BITS_EQ(mgBBox_c(both.sphCenter(), both.sphRadius()), mgBBox_c(unit) |= beside);
-    EXPECT_BITS_EQ(big, mgBBox_c(big) |= unit);             // ignored where the sphere stays
-    EXPECT_EQ(0, (mgBBox_c(unit) |= P(9, 0, 0)).low().y()); // and by points
+    EXPECT_BITS_EQ(big, mgBBox_c(big) |= unit); // ignored where the sphere stays
+    EXPECT_BITS_EQ(0, (mgBBox_c(unit) |= P(9, -0.0, 0)).low().y());  // and by points
+    EXPECT_BITS_EQ(-0.0, (cube(-1, -0.0) |= P(9, 0, 0)).high().y()); // equal to 0
     mgBBox_c::SetUseSphereBoundingBox(0);
 }
 
@@ -146,11 +171,29 @@ TEST(BBox, AnUnsetBoxBecomesSetByGrowing) {
     EXPECT_BITS_EQ(mgBBox_c(), mgBBox_c() += below(2));
     mgBBox_c const inverted = boxOf(P(), 9, P(), P(0, 0, -2)); // by its corners alone
     EXPECT_BITS_EQ(boxOf(P(), 10, P(-1, -1, -1), P(1, 1, -1)), mgBBox_c(inverted) += 1);
-    // The sphere of a shrunk box stays when its squared radius exceeds the corner's by up to 5e-9.
-    for (double const excess : {4.999995e-9, 5.000005e-9}) {
-        mgBBox_c const loose = boxOf(P(), std::sqrt(3 + excess), P(-1, -1, -1), P(1, 1, 1));
-        EXPECT_EQ(excess < 5e-9, (mgBBox_c(loose) += -kTiny).sphRadius() == loose.sphRadius());
-    }
+}
+
+TEST(BBox, AShrunkBoxKeepsASphereThatIsHardlyTooLarge) {
+    // Half the box's length, and the largest radius: 5e-9 more in the square, a factor, or 1e-10.
+    double const rows[][2] = {
+        {3, std::sqrt(9 + 5e-09)}, {0.5, std::sqrt(0.25 * 1.000000005)}, {5e-11, 1e-10}};
+    for (auto const &[half, most] : rows)
+        for (double const r : {most, above(most)}) {
+            mgBBox_c box = boxOf(P(), r, P(-half, 0, 0), P(half, 0, 0));
+            EXPECT_EQ(r == most ? r : half, (box += -kTiny).sphRadius());
+        }
+}
+
+TEST(BBox, AListOfPointsIsBoundedAsOneByOne) {
+    // Most are in the sphere of the first two. No axis has a coordinate of another.
+    P const points[] = {{2, 100, 1000},  {20, 100, 1000}, {11, 101, 999},  {12, 98, 1003},
+                        {9, 104, 998},   {10, 97, 1002},  {13, 99, 1004},  {11, 95, 997},
+                        {12, 103, 1001}, {10, 96, 996},   {11, 100, 1005}, {12, 105, 1000}};
+    mg_SetUseVectorUnits(1);
+    mgBBox_c box, loop;
+    for (P const &p : points) loop |= p;
+    mg_BoundPoints(points, 12, box);
+    EXPECT_BITS_EQ(loop, box);
 }
 
 TEST(BBox, TranslationAndScalingMoveEveryMember) {

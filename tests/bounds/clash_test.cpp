@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Interference of boxes, also placed ones: which contacts clash; containment; planes and segments.
 
+#include <vexmath/box_index.h>
+
 #include "bounds/boxes.h"
 
 namespace {
@@ -45,9 +47,15 @@ TEST(Clash, SphereToleranceIsAFactorOnTheSquaredRadius) {
 
 void CheckPlacedClash(int expected, mgBBox_c const &a, mgXform_c const &xa, mgBBox_c const &b,
                       mgXform_c const &xb, Caller = {}) {
+    mgBBox_c const boxes[] = {a, b};
+    mgXform_c const placements[] = {xa, xb};
     for (int const useVectorUnits : {0, 1}) {
         mg_SetUseVectorUnits(useVectorUnits);
         EXPECT_EQ(expected, mgBBox_c::clash(a, xa, b, xb)) << useVectorUnits;
+        mgBoxIndex_c index;
+        suDynamicArray<mgIndexPair_c> pairs;
+        EXPECT_EQ(1, index.build(boxes, placements, 2));
+        EXPECT_EQ(expected, index.clashes(0, pairs)) << useVectorUnits;
     }
 }
 
@@ -64,23 +72,40 @@ TEST(Clash, ARelativeRotationThatIsFlaggedAsNoneIsNotApplied) {
     CheckPlacedClash(0, rod, lower, rod, upper), CheckPlacedClash(0, rod, upper, rod, lower);
 }
 
+TEST(Clash, ASlightStretchIsInvertedAsARotation) {
+    // Far out, it is longer than a gap of 0.001, or an overlap.
+    mgMatrix_c const turn = mg_RotationMatrix(std::acos(-0.5), {1, 1, 1}, 0.0);
+    mgMatrix_c larger = turn;
+    V const back(-1e7, -1e7, -1e7);
+    for (int j = 0; j < 9; ++j) larger[j] *= 1 + 2e-10;
+    mgBBox_c const a = cube(1e7, 1e7 + 1), b = mgBBox_c(a) += V(1.001, 0, 0);
+    CheckPlacedClash(0, a, raw(larger, back), b, raw(turn, back));
+    CheckPlacedClash(0, b, raw(turn, back), a, raw(larger, back));
+    mgBBox_c const far(P(1e7, 1e7, 1e7), 1), near = mgBBox_c(far) += V(-1.999, 0, 0);
+    CheckPlacedClash(1, far, raw(larger, back), near, raw(turn, back));
+}
+
 /// The second box is placed at x.
 void CheckPlaced(int expected, mgBBox_c const &a, mgBBox_c const &b, double x, Caller = {}) {
     mgXform_c const placed = mg_TranslateXform(V(x, 0, 0));
-    EXPECT_EQ(expected, mgBBox_c::clash(a, mgXform_c(), b, placed));
-    EXPECT_EQ(expected, mgBBox_c::clash(b, placed, a, mgXform_c()));
+    CheckPlacedClash(expected, a, mgXform_c(), b, placed);
+    CheckPlacedClash(expected, b, placed, a, mgXform_c());
 }
 
 TEST(Clash, PlacedSpheresAreComparedUnscaled) {
     // Scaled by 2 the second sphere reaches into the first, but the test uses its radius of 1.
     mgXform_c const scaled = mg_RestoreXform({}, V(2.5, 0, 0), 2);
-    EXPECT_EQ(0, mgBBox_c::clash(ball, mgXform_c(), ball, scaled));
+    CheckPlacedClash(0, ball, mgXform_c(), ball, scaled);
     CheckPlaced(1, ball, {P(), 2}, 2.5);
     // Placed spheres must overlap by the tolerance; unplaced, touching is enough.
     CheckPlaced(1, ball, ball, 2 - 1e-08 - 1e-15), CheckPlaced(0, ball, ball, 2 - 1e-08 + 1e-15);
     CheckClash(1, ball, {P(2, 0, 0), 1});
     CheckPlaced(0, ball, mgBBox_c(), 0);
     CheckPlaced(1, cube(0, 100), cube(-1, 1e-6), 0); // within the rounding of the larger one
+    // Both boxes overlap, but beyond their spheres, which touch.
+    CheckPlaced(0, boxOf(P(-0.635, -0.635, -0.635), 0.1, P(-5, -5, -5), P(-0.7, -0.7, -0.7)),
+                boxOf(P(), 1, P(-5, -5, -5), P(5, 5, 5)), 0);
+    CheckPlaced(1, unit, boxOf(P(kInfinity, 0, 0), kInfinity, P(), P(1, 1, 1)), 0);
 }
 
 void CheckInside(int expected, mgBBox_c const &inner, mgBBox_c const &outer, double tol,
@@ -129,7 +154,8 @@ TEST(PlaneClash, ACornerNearerThanTheToleranceTouches) {
     // Result, x of the plane, tolerance. A tolerance below 1e-08 counts as 1e-08. Strict.
     double const rows[][3] = {
         {1, 0.5, 0},          {0, -1e-08, 0},   {1, above(-1e-08), 0},   {1, 1 + 5e-09, -1},
-        {1, 1 + 5e-09, kNaN}, {0, -0.25, 0.25}, {1, -0.25, above(0.25)}, {0, kNaN, 1}};
+        {1, 1 + 5e-09, kNaN}, {0, -0.25, 0.25}, {1, -0.25, above(0.25)}, {0, kNaN, 1},
+        {0, -1e-04, 0}};
     for (auto const &[expected, x, tol] : rows) {
         mgPlane_c const plane(P(x, 7, -7), mgUnitVector_c(1, 0, 0));
         EXPECT_EQ(expected, unit.clash(plane, tol)) << x << ' ' << tol;
@@ -160,9 +186,9 @@ TEST(SegmentClash, ASegmentIsTestedAgainstTheSphereAlone) {
     CheckSegment(1, {1.8, 0.5, 0.5}, {0.5, 1.8, 0.5}, 0.096);
     CheckSegment(0, {1.1, 0.2, 0.5}, {1.1, 0.8, 0.5}, 0.09); // 0.1 from the face
     CheckSegment(1, {1.1, 0.2, 0.5}, {1.1, 0.8, 0.5}, 0.11);
-    for (double const beyond : {5e-09, 2e-08}) { // 1e-08, for the corners only
+    for (double const beyond : {1e-08, 1.05e-08}) { // 1e-08, for the corners only
         P const a(0.1, 1 + beyond, 0.5), b(0.9, 1 + beyond, 0.5);
-        EXPECT_EQ(beyond < 1e-08, unit.clashLine(&a, &b));
+        EXPECT_EQ(beyond == 1e-08, unit.clashLine(&a, &b));
     }
 }
 

@@ -73,6 +73,20 @@ TEST(FindClashes, ManyPairsAreSorted) {
         [=](To &to) { return mg_FindClashes(a, 1740, 0.0, to); });
 }
 
+/// Spheres that hold their box but for a corner, far from their centre, and a sphere in its box.
+/// Small boxes deep in the corner do not clash with them.
+TEST(FindClashes, DeepMeetingsOutsideOfASphereAreNoClashes) {
+    P const far(-1e9, -1e9, -1e9), high(2, 2, 2);
+    std::vector<mgBBox_c> boxes(70, cube(1.5, 3.5));
+    boxes[7] = boxOf(far, (high - far).len() * (1 - 0.9e-9), P(), high);
+    boxes[8] = boxOf(P(1, 1, 1), 0.5, P(), high);
+    mgBBox_c const *const a = boxes.data();
+    EXPECT_EQ(0, a[7].clash(&a[0], 0.0) + a[8].clash(&a[0], 0.0));
+    CheckPairs(
+        70, [=](int i, int j) { return a[i].clash(&a[j], 0.0); },
+        [=](To &to) { return mg_FindClashes(a, 70, 0.0, to); });
+}
+
 TEST(FindClashes, NothingIsFoundAmongNoBoxes) {
     mgBBox_c const box = cube(0.0, 1.0);
     auto const check = [](auto const &find, Caller = {}) {

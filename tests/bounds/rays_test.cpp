@@ -8,7 +8,7 @@ namespace {
 using namespace common;
 
 mgBBox_c const box(P(), P(1, 2, 3));
-U const xAxis(1, 0, 0), none;
+U const xAxis(1, 0, 0), none, axes[] = {xAxis, {0, 1, 0}, {0, 0, 1}};
 
 mgBBox_c const unset = boxOf(P(), -1, P(), P(1, 2, 3)); // by its radius alone
 
@@ -24,7 +24,11 @@ TEST(SphereHit, SphereToleranceIsAddedToTheSquaredRadius) {
 }
 
 TEST(RayHit, OnlyTheInsideOfFacesIsHit) {
-    EXPECT_EQ(0, box.isRayHit(P(-5, 2, 1), xAxis));       // along a face
+    for (int k = 0; k < 6; ++k) { // along a face
+        P p = box.center();
+        p[k % 3] = k < 3 ? 0 : box.high()[k % 3];
+        EXPECT_EQ(0, box.isRayHit(p, axes[(k + 1) % 3]) + box.isRayHit(p, axes[(k + 2) % 3])) << k;
+    }
     EXPECT_EQ(0, box.isRayHit(P(-1, 1, 1), U(1, -1, 0))); // through an edge, from outside
     EXPECT_EQ(1, box.isRayHit(P(-0.5, 1, 1), U(1, -1, 0)));
     EXPECT_EQ(0, box.isRayHit(P(0.5, 1, 1), none));
