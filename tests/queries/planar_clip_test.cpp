@@ -100,6 +100,8 @@ TEST(ClipLine, ThresholdsAreExactForSegmentsAlongASide) {
     for (double const none : {-1.0, kNaN}) // which means 1e-08
         check(Touching, 5.7 + 1e-8, none), check(Outside, above(5.7 + 1e-8), none);
     check(Touching, 1.0, kInfinity), check(ClippedBoth, 1.0, 0.0);
+    P p, q; // a box without a width
+    EXPECT_EQ(Touching, mg_ClipLine2DToBox({-1, 0, 0}, {1, 0, 0}, {0, -1, 0}, {0, 1, 0}, p, q, 0));
 }
 
 TEST(ClipLine, LargeNumbersLoseNeitherACornerNorASlope) {
@@ -179,6 +181,7 @@ TEST(ClipArc, CountsAngleBitsAndThresholds) {
     };
     double const a = std::acos(0.8); // of the crossings of the circle of radius 5
     check(4, a, turn - a, 5, 0, turn, 0);
+    check(4, a, turn - a, 5, a, turn + a, 0); // from the end of a cut
     check(4, turn + a, 2 * turn - a, 5, turn - 0.1, 2 * turn - 0.1, 0);
     check(5, 0.7, turn + 0.69, 5, 0.7, turn + 0.69, 0); // the start divides an arc
     check(1, 0.7, 0.8, 5, 0.7, 0.8, 0), check(0, 77, 77, 5, -0.1, 0.1, 0);

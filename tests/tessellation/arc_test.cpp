@@ -33,6 +33,7 @@ TEST(TessArc, CountsSegmentsByToleranceBetweenAnEighthAndA120th) {
         EXPECT_EQ(expected, segments(10, {10, 0, 0}, end, tol)) << degrees << ' ' << tol;
     }
     // A sweep too small for a step is one segment; its ends differ because their radii do.
+    EXPECT_EQ(1, segments(1, {1, 0, 0}, {2, 0, 0}, 1e9));
     EXPECT_EQ(1, segments(1, {1, 0, 0}, {2, 1.5e-10, 0}, 1e9)); // the step is an eighth of 7.5e-11
     EXPECT_EQ(8, segments(1, {1, 0, 0}, {2, 1.7e-10, 0}, 1e9));
 }
@@ -59,9 +60,9 @@ TEST(TessArc, HalfATurnSnapsWithin1e11) {
     auto const height = [](double sweep) { // of the second point
         return polylineOf({{}, {0, 0, 1}, 1}, {1, 0, 0}, onCircle(1, sweep), 9)[1].y();
     };
-    EXPECT_BITS_EQ(height(vexmath::kPi), height(vexmath::kPi - 5e-12));
-    EXPECT_BITS_EQ(height(vexmath::kPi), height(vexmath::kPi + 5e-12));
-    EXPECT_FALSE(sameBits(height(vexmath::kPi), height(vexmath::kPi - 2e-11)));
+    EXPECT_BITS_EQ(height(vexmath::kPi), height(vexmath::kPi - 9.9e-12));
+    EXPECT_BITS_EQ(height(vexmath::kPi), height(vexmath::kPi + 9.9e-12));
+    EXPECT_FALSE(sameBits(height(vexmath::kPi), height(vexmath::kPi - 1.01e-11)));
 }
 
 TEST(TessArc, TakesItsEndsFromTheListItAppendsTo) {
