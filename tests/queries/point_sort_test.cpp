@@ -36,13 +36,4 @@ TEST(PointSort, SortsOnlyTheRangeAndRefusesAnEmptyOne) {
     }
 }
 
-TEST(PointSort, PointsInACycleKeepTheOrderOfTheSelection) {
-    List list(30);
-    for (int i = 0; i < 30; ++i) list[i].set(i, 0, 0);
-    double const step = 9e-9; // two of them are apart
-    list[3] = {3, 1 + step, 1}, list[4] = {3, 1 + 2 * step, 0}, list[5] = {3, 1, 2};
-    mg_pointQuickSort(list.data(), 0, 29);
-    for (int i = 3; i < 6; ++i) EXPECT_EQ((i + 2) % 3, list[i].z());
-}
-
 } // namespace
