@@ -54,8 +54,8 @@ TEST(HatchLines, ALineOnACornerOrAnEdgeBelongsToTheAreaAbove) {
     Outline const square{{0, 0, 0}, {2, 0, 0}, {2, 2, 0}, {0, 2, 0}};
     check(2, square); // at the heights 0 and 1, not 2
     for (double const quarter : {vexmath::kHalfPi, std::acos(0.0), -vexmath::kThreeHalfPi})
-        check(2, square, quarter); // at x = 2 and 1, not 0: the heights are -x
-    for (double const angle : {-1e-13, below(1e-13) * -1}) // which is none
+        check(2, square, quarter);                     // at x = 2 and 1, not 0: the heights are -x
+    for (double const angle : {-1e-13, -below(1e-13)}) // the second becomes 0
         check(angle == -1e-13 ? 2 : 1, {{0, 0.5, 0}, {2, 0.5, 0}, {2, 2, 0}, {0, 2, 0}}, angle);
     check(2, {{0, -1, 0}, {1, 0, 0}, {2, -1, 0}, {1, 2, 0}}); // the notch at 0 divides no line
     check(0, {{0, 0, 0}, {5, 5, 0}});
@@ -74,7 +74,7 @@ TEST(HatchLines, TheFirstLineIsFoundInSpiteOfRounding) {
         Outline const ends = hatch({{{0, low, 0}, {2, low, 0}, {0, 2, 0}}}, {o, 0, 0.1});
         EXPECT_NEAR(line * 0.1, ends[0].y(), 1e-12);
     };
-    check(3, 3 * 0.1), check(10, above(9 * 0.1)); // quotients round up, and to 9
+    check(3, 3 * 0.1), check(10, above(9 * 0.1)); // the quotients round to above 3, and to 9
 }
 
 TEST(HatchLines, NeighboursMatchAtTheirCommonEdge) {

@@ -188,7 +188,7 @@ TEST(ClipArc, CountsAngleBitsAndThresholds) {
     check(1, 1, 9, 3, 1, 9, 0);
     check(1, 0, turn, 4.5, 0, turn, 0.5); // beyond all sides by tol
     check(4, std::acos(4 / above(4.5)), turn - std::acos(4 / above(4.5)), above(4.5), 0, turn, 0.5);
-    check(0, 77, 77, 2.5, 0, turn, 0.5, {6, 0, 0}); // touches from outside
+    check(0, 77, 77, 2.5, 0, turn, 0.5, {6, 0, 0});                    // touches from outside
     check(1, turn / 12, 5 * turn / 12, 2, 0, turn / 2, 0, {0, -5, 0}); // starts within a cut
     check(1, turn / 4, 3 * turn / 4, 2, turn / 4, 5 * turn / 4, 0, {4, 0, 0}); // where a cut ends
     check(1, turn / 2 - std::acos(2 / above(2.5)), turn / 2 + std::acos(2 / above(2.5)), above(2.5),
