@@ -25,9 +25,10 @@ int segments(double radius, P const &start, P const &end, double tol) {
 TEST(TessArc, CountsSegmentsByToleranceBetweenAnEighthAndA120th) {
     // Degrees, tolerance, segments. Equal ends make a full circle, in eighths of half a turn. Small
     // arcs have eight segments too, more than the least number of other curves.
-    double const rows[][3] = {{0, 0.01, 140}, {90, 0.01, 35}, {90, 1e9, 8},  {90, 1e-9, 120},
-                              {90, 0, 120},   {90, -1, 120},  {90, kNaN, 8}, {0, 1e9, 16},
-                              {0, 1e-9, 240}, {4, 1e9, 8},    {2, 1e9, 8},   {2, 10, 8}};
+    double const rows[][3] = {{0, 0.01, 140},      {90, 0.01, 35}, {90, 0.1921475, 8},
+                              {90, 8.572e-4, 119}, {90, 0, 120},   {90, -1, 120},
+                              {90, kNaN, 8},       {0, 1e9, 16},   {0, 1e-9, 240},
+                              {4, 1e9, 8},         {2, 1e9, 8},    {2, 10, 8}};
     for (auto const &[degrees, tol, expected] : rows) {
         P const end = onCircle(10, degrees * vexmath::kRadPerDeg);
         EXPECT_EQ(expected, segments(10, {10, 0, 0}, end, tol)) << degrees << ' ' << tol;
