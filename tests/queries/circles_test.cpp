@@ -8,11 +8,11 @@ namespace {
 using namespace common;
 
 void CheckLine(mgLineCircleIntType_e type, double height, P const &first, P const &second,
-               Caller = {}) {
+               double radius = 5, Caller = {}) {
     P const p(-9, height, 0);
     U const u(1, 0, 0);
     P out = untouched, centre(2, 0, 0);
-    EXPECT_EQ(type, mg_LineIntCircle2D(p, u, centre, 5.0, &out, &centre)); // an input as well
+    EXPECT_EQ(type, mg_LineIntCircle2D(p, u, centre, radius, &out, &centre)); // an input as well
     EXPECT_BITS_EQ(first, out);
     EXPECT_BITS_EQ(second, centre);
 }
@@ -22,6 +22,7 @@ TEST(Circles, ALineMeetsACircleInFourWays) {
     CheckLine(mgLineCircle_Secant, 3, {6, 3, 0}, {-2, 3, 0});
     CheckLine(mgLineCircle_Tangent, -5 - 9.99e-9, {2, -5 - 9.99e-9, 0}, {2, 0, 0});
     CheckLine(mgLineCircle_Miss, 5 + 1.001e-8, untouched, {2, 0, 0});
+    CheckLine(mgLineCircle_Miss, 1e-8, untouched, {2, 0, 0}, 0);
 }
 
 TEST(Circles, ASlantedLineMayLeaveThePlane) {
@@ -56,6 +57,8 @@ TEST(Circles, TwoCirclesMeetInTwoPointsTouchOrMissAndKeepTheOutputsZ) {
     CheckCircles(mgIntersect_Coincident, 9.99e-9, 1, 9, untouched, {1 + 9.99e-9, 2, 5});
     CheckCircles(mgIntersect_None, 1.001e-8, 1, 9, untouched, {1 + 1.001e-8, 2, 5});
     P out1, out2;
+    EXPECT_EQ(mgIntersect_TwoPoints,
+              mg_CircleIntCircle2D({}, 7.7e-5, {7.7e-5, 0, 0}, 7.7e-5, &out1, &out2));
     mg_CircleIntCircle2D({1, 2, 0}, 13.0, {7, 10, 0}, 13.0, &out1, &out2);
     EXPECT_LT(gap(P(-5.6, 13.2, 0), out1), 4e-15);
     EXPECT_LT(gap(P(13.6, -1.2, 0), out2), 4e-15);

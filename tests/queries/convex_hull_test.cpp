@@ -41,6 +41,10 @@ TEST(ConvexHull, UpperChainMayPopTheLower) {
     // The turn there, computed without dividing, is 0: the corner is removed.
     EXPECT_EQ((List{{0, 0}, {0.1, 0.25}, {0.05, 1.5}}),
               hullOf({{0, 0}, {0.2, 0.5}, {0.1, 0.25}, {0.05, 1.5}}));
+    // An edge of a length of exactly 1e-08 is the shortest that is divided.
+    double const x = 7.8e-9, y = 6.257795138864805e-9;
+    EXPECT_EQ((List{{0, 0}, {x / 2, y / 2}, {1e-9, 1}}),
+              hullOf({{0, 0}, {x, y}, {x / 2, y / 2}, {1e-9, 1}}));
 }
 
 TEST(ConvexHull, LeavesTheInputSortedWithoutDuplicatesAndTellsOfEachRemoval) {

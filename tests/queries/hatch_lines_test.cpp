@@ -54,7 +54,9 @@ TEST(HatchLines, ALineOnACornerOrAnEdgeBelongsToTheAreaAbove) {
     Outline const square{{0, 0, 0}, {2, 0, 0}, {2, 2, 0}, {0, 2, 0}};
     check(2, square); // at the heights 0 and 1, not 2
     for (double const quarter : {vexmath::kHalfPi, std::acos(0.0), -vexmath::kThreeHalfPi})
-        check(2, square, quarter); // at x = 2 and 1, not 0: the heights are -x
+        check(2, square, quarter);                     // at x = 2 and 1, not 0: the heights are -x
+    for (double const angle : {-1e-13, -below(1e-13)}) // the second becomes 0
+        check(angle == -1e-13 ? 2 : 1, {{0, 0.5, 0}, {2, 0.5, 0}, {2, 2, 0}, {0, 2, 0}}, angle);
     check(2, {{0, -1, 0}, {1, 0, 0}, {2, -1, 0}, {1, 2, 0}}); // the notch at 0 divides no line
     check(0, {{0, 0, 0}, {5, 5, 0}});
     auto const circle = [](int count, double radius, Caller = {}) {
@@ -65,6 +67,14 @@ TEST(HatchLines, ALineOnACornerOrAnEdgeBelongsToTheAreaAbove) {
     circle(3, 2.0), circle(3, below(2.0)), circle(5, above(2.0)); // tangents give none
     circle(1, 0.05), circle(1, 1e-9);
     for (double const radius : {0.0, -1.0, kNaN, kInfinity}) circle(0, radius);
+}
+
+TEST(HatchLines, TheFirstLineIsFoundInSpiteOfRounding) {
+    auto const check = [](double line, double low, Caller = {}) {
+        Outline const ends = hatch({{{0, low, 0}, {2, low, 0}, {0, 2, 0}}}, {o, 0, 0.1});
+        EXPECT_NEAR(line * 0.1, ends[0].y(), 1e-12);
+    };
+    check(3, 3 * 0.1), check(10, above(9 * 0.1)); // the quotients round to above 3, and to 9
 }
 
 TEST(HatchLines, NeighboursMatchAtTheirCommonEdge) {

@@ -31,13 +31,15 @@ TEST(LeastRectangle, OfDegenerateAndEqualPolygons) {
     EXPECT_EQ((List{a, b, b, a}), rectangle({a, b}));
     EXPECT_EQ((List{a, b, b, a}), rectangle({a, a, c, b, b}, 1));
     // Of equal rectangles the one at the first edge, in either orientation.
-    List const square{{2, 1}, {6, 1}, {6, 5}, {2, 5}};
-    List const rotated{square[1], square[2], square[3], square[0]};
-    for (int const byWidth : {0, 1}) {
-        EXPECT_EQ(square, rectangle(square, byWidth));
-        EXPECT_EQ(rotated, rectangle(rotated, byWidth));
-        EXPECT_EQ(square, rectangle({square[1], square[0], square[3], square[2]}, byWidth));
+    List square{{2, 1}, {6, 1}, {6, 5}, {2, 5}};
+    for (int i = 0; i < 8; ++i) {
+        EXPECT_EQ(square, rectangle(square, i % 2));
+        EXPECT_EQ(square, rectangle({square[1], square[0], square[3], square[2]}, i % 2));
+        if (i % 2 != 0) std::rotate(square.begin(), square.begin() + 1, square.end());
     }
+    // Here the one at the first edge is the least by rounding.
+    EXPECT_NEAR(0.9, rectangle({{0.9, -0.9}, {1.2, -1.2}, {1.5, -0.9}, {1.2, -0.6}})[0].real(),
+                1e-9);
     // A triangle of sides 3, 4 and 5 has the same area at each edge, and the least width at 5.
     EXPECT_EQ((List{{0, 0}, {4, 0}, {4, 3}, {0, 3}}), rectangle({{0, 0}, {4, 0}, {0, 3}}));
     List const byWidth = rectangle({{0, 0}, {4, 0}, {0, 3}}, 1);

@@ -26,12 +26,14 @@ TEST(LineLine, InSpaceSkewLinesStillWriteTheNearestPointOfTheFirst) {
     CheckSpace(mgIntersect_Coincident, {0, 0, 0}, {0, 0, 0}, {1, 1e-4, 0});
     CheckSpace(mgIntersect_Point, {0, 0, 0}, {0, 0, 0}, {1, 2e-4, 0});
     CheckSpace(mgIntersect_None, {1, 0, 0}, {1, 1, 0}, {0, 0, 0}); // the root alone
+    P out;
+    EXPECT_EQ(mgIntersect_Point, mg_LineIntLine(P(), alongX, P(), alongY, &out, 1));
 }
 
 void CheckPlane(mgIntersectionType_e type, P const &point, V const &d1, P const &p2, V const &d2,
                 Caller = {}) {
     P out = untouched;
-    EXPECT_EQ(type, mg_LineIntLine2D(P(1, 2, 4), d1, p2, d2, &out, tol));
+    EXPECT_EQ(type, mg_LineIntLine2D(P(1, 2, 0), d1, p2, d2, &out, tol));
     EXPECT_BITS_EQ(point, out);
 }
 
@@ -39,11 +41,11 @@ TEST(LineLine, InThePlaneOnlyAProperCrossingIsWritten) {
     CheckPlane(mgIntersect_Point, {1, 7, 0}, alongY, {5, 7, 9}, alongX);
     CheckPlane(mgIntersect_Point, {7, 4, 0}, {3, 1, 0}, {3, 10, 9}, {2, -3, 0});
     CheckPlane(mgIntersect_Point, {3, 8, 0}, {1, 3, 0}, {-1, 14, 9}, {2, -3, 0});
-    CheckPlane(mgIntersect_Coincident, untouched, alongX, {5, 2, 4}, alongX);
-    CheckPlane(mgIntersect_Parallel, untouched, alongX, {5, 2 + 1e-3, 4}, -alongX);
-    CheckPlane(mgIntersect_Parallel, untouched, alongX, {5, 2, 5}, alongX); // in space
-    CheckPlane(mgIntersect_None, untouched, {9e-9, 0, 0}, {0, 0, 0}, alongY);
-    CheckPlane(mgIntersect_None, untouched, {1e-4, 0, 0}, {0, 0, 0}, {0, 1e-4, 0});
+    CheckPlane(mgIntersect_Coincident, untouched, alongX, {5, 2, below(tol)}, alongX); // in space
+    CheckPlane(mgIntersect_Parallel, untouched, alongX, {5, 2, tol}, -alongX);
+    CheckPlane(mgIntersect_None, untouched, {tol, 0, 0}, {0, 0, 0}, alongY);
+    CheckPlane(mgIntersect_None, untouched, {0, tol, 0}, {0, 0, 0}, alongX);
+    CheckPlane(mgIntersect_None, untouched, {0.5, 0, 0}, {0, 0, 0}, {0, 2 * tol, 0});
 }
 
 TEST(LineLine, MirroringInALineNegatesWhatIsAcrossIt) {

@@ -44,6 +44,7 @@ TEST(PolylineArc, TellsLinesCirclesAndReturnsApart) {
     check(None, {a, b, {-0.6, 0.8, 0}, {-0.5, 0.85, 0}, d});
     // An arc whose angle rounds to a full turn.
     check(Arc, {{}, {-1, 1, 0}, {-2, 0, 0}, {-1, -1, 0}, {0, -0x1p-60, 0}}, 0x1p-62);
+    check(Arc, {{}, {0x3p-60, -0x4p-60, 0}, {4, -2, 0}, {8, 0, 0}}, 0x1p-62); // or to 0
     for (double side : {1.0, -1.0}) { // off the circle through the three other points
         auto const checkSecond = [&](mgPolylineArc_e expected, P const &p, Caller = {}) {
             check(expected, {{5, 0, 0}, p, {0, 5, 0}, {-5, 0, 0}}, 0.25);

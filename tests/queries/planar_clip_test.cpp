@@ -100,6 +100,8 @@ TEST(ClipLine, ThresholdsAreExactForSegmentsAlongASide) {
     for (double const none : {-1.0, kNaN}) // which means 1e-08
         check(Touching, 5.7 + 1e-8, none), check(Outside, above(5.7 + 1e-8), none);
     check(Touching, 1.0, kInfinity), check(ClippedBoth, 1.0, 0.0);
+    P p, q; // a box without a width
+    EXPECT_EQ(Touching, mg_ClipLine2DToBox({-1, 0, 0}, {1, 0, 0}, {0, -1, 0}, {0, 1, 0}, p, q, 0));
 }
 
 TEST(ClipLine, LargeNumbersLoseNeitherACornerNorASlope) {
@@ -186,7 +188,9 @@ TEST(ClipArc, CountsAngleBitsAndThresholds) {
     check(1, 1, 9, 3, 1, 9, 0);
     check(1, 0, turn, 4.5, 0, turn, 0.5); // beyond all sides by tol
     check(4, std::acos(4 / above(4.5)), turn - std::acos(4 / above(4.5)), above(4.5), 0, turn, 0.5);
-    check(0, 77, 77, 2.5, 0, turn, 0.5, {6, 0, 0}); // touches from outside
+    check(0, 77, 77, 2.5, 0, turn, 0.5, {6, 0, 0});                    // touches from outside
+    check(1, turn / 12, 5 * turn / 12, 2, 0, turn / 2, 0, {0, -5, 0}); // starts within a cut
+    check(1, turn / 4, 3 * turn / 4, 2, turn / 4, 5 * turn / 4, 0, {4, 0, 0}); // where a cut ends
     check(1, turn / 2 - std::acos(2 / above(2.5)), turn / 2 + std::acos(2 / above(2.5)), above(2.5),
           0, turn, 0.5, {6, 0, 0});
     check(1, 0, 0.25, 2, 0, 0.25, below(0.5)); // as long as tol, or longer

@@ -94,6 +94,7 @@ TEST(PointOnLine, EndsComeBeforeTheMiddleAndAllBoundsAreInclusive) {
     EXPECT_EQ(Between, mg_PointOnLine2D({5, 9e-9, 0}, {}, {8, 0, 0}, -1));
     EXPECT_EQ(Off, mg_PointOnLine2D({5, 1.1e-8, 0}, {}, {8, 0, 0}, kNaN));
     EXPECT_EQ(Off, mg_PointOnLine2D({1, 0, 0}, {}, {1e-200, 0, 0}, 0));
+    EXPECT_EQ(Between, mg_PointOnLine2D({5e-146, 1, 0}, {0, 1, 0}, {1.01e-145, 1, 0}, 0));
 }
 
 } // namespace

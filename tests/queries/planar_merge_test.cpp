@@ -61,6 +61,8 @@ TEST(MergeList, KeepsBadSegmentsAndIgnoresAnOddPoint) {
     Watched<P> list({a, b, bad, b, c, d, a, worse, {2, 0, 6}, {2.5, 0, 7}, {8, 8, 8}});
     EXPECT_EQ(3, mg_MergeLines2D(list, list, 1e-8));
     EXPECT_BITS_EQ((std::vector<P>{bad, b, a, d, a, worse}), list.list()); // in the place of c, d
+    list = Watched<P>({{-1, 5, 0}, {0, 5, 0}, {0x1p1018, 0, 0}, {}});      // one huge number
+    EXPECT_EQ(2, mg_MergeLines2D(list, list, 0));
     list = Watched<P>({a});
     EXPECT_EQ(0, mg_MergeLines2D(list, list, 1e-8));
     EXPECT_EQ(nullptr, list.Data());

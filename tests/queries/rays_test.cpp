@@ -18,6 +18,12 @@ TEST(Rays, HitsBehindTheStartCount) {
     EXPECT_EQ(8.0, p.y());
     EXPECT_EQ(mgIntersect_Point, mg_RayIntPlane(&frame, &p, &y, &p)); // the output is the input
     EXPECT_BITS_EQ(P(1, 3, 2), p);
+    for (double const rate : {1e-8, below(1e-8)}) {
+        U u;
+        u.set(V(1, rate, 0));
+        EXPECT_EQ(rate < 1e-8 ? mgIntersect_Parallel : mgIntersect_Point,
+                  mg_RayIntPlane(&frame, &p, &u, &p));
+    }
     P const above(1, 8, 2);
     U const slanted(1, 2, 2);
     EXPECT_EQ(mgIntersect_Point, mg_RayIntPlane(&frame, &above, &slanted, &p));
@@ -58,6 +64,7 @@ TEST(Rays, ACylinderIsHitWhereTheRayPassesItsAxis) {
     CheckCylinder(mgIntersect_TwoPoints, {7, -3, 7}, {{1, -3, 7}, x}, {7, -3, 5});
     CheckCylinder(mgIntersect_None, {7, -3, 10}, {{1, -3, 10}, x}, {7, -3, 5});
     CheckCylinder(mgIntersect_None, {0, 0.9, 4}, {{-9, 0.9, 4}, x}); // a distance from the base
+    CheckCylinder(mgIntersect_TwoPoints, {0, 0, 4 + 1e-8}, {{-9, 0, 4 + 1e-8}, x});
     CheckCylinder(mgIntersect_TwoPoints, {0, 0, -1e-8}, {{-9, 0, -1e-8}, x});
     CheckCylinder(mgIntersect_None, {0, 0, -2e-8}, {{-9, 0, -2e-8}, x});
     CheckCylinder(mgIntersect_Coincident, {0.5, 0.5, 9}, {{0.5, 0.5, 9}, z});

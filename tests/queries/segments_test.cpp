@@ -51,9 +51,10 @@ TEST(Segments, MissedEndsAndSkewSegmentsStillWriteThePoint) {
     check(Point, {2, 0, 0}, {2, 0, 0}, {2, 5, 0});
     check(None, {2, 0, 0}, {2, -5, 1}, {2, 5, 1}), check(None, {2, 0, 0}, {2, 1, 0}, {2, 5, 0});
     check(Parallel, untouched, {0, 1, 0}, {4, 1, 0});
-    check(None, untouched, {2, 0, 0}, {2, 9e-9, 0});
-    check(Coincident, a, {4, 0, 0}, {7, 0, 0});         // collinear from here on
-    check(Coincident, a, {-7, 0, 0}, {-9.99e-9, 0, 0}); // touching within the tolerance
+    check(None, untouched, {2, 0, 0}, {2, below(1e-8), 0});
+    check(Point, {2, 0, 0}, {2, 0, 0}, {2, 1e-8, 0});
+    check(Coincident, a, {4, 0, 0}, {7, 0, 0});      // collinear from here on
+    check(Coincident, a, {-7, 0, 0}, {-1e-8, 0, 0}); // touching within the tolerance
     check(None, a, {std::nextafter(4, 5), 0, 0}, {7, 0, 0});
     check(None, a, {-7, 0, 0}, {-1.001e-8, 0, 0});
     check(Coincident, a, {-2, 0, 0}, {2, 0, 0}), check(Coincident, a, {-2, 0, 0}, {6, 0, 0});
@@ -89,11 +90,16 @@ void CheckPlanar(mgIntersectionType_e type, P const &written, P const &q1, P con
 
 TEST(Segments2D, OffTheLineTheCandidateIsWrittenUnlessBothEndsAreOnOneSide) {
     CheckPlanar(Point, {1, 0, 6}, {1, -2, 4}, {1, 2, 8}); // z is carried along
-    CheckPlanar(Point, {4 + 9e-9, 0, 0}, {4 + 9e-9, -2, 0}, {4 + 9e-9, 2, 0});
-    CheckPlanar(None, {4 + 2e-8, 0, 0}, {4 + 2e-8, -2, 0}, {4 + 2e-8, 2, 0});
+    for (double const at : {-1e-8, 4 + 9e-9})
+        CheckPlanar(Point, {at, 0, 0}, {at, -2, 0}, {at, 2, 0});
+    for (double const at : {below(-1e-8), 4 + 1.001e-8})
+        CheckPlanar(None, {at, 0, 0}, {at, -2, 0}, {at, 2, 0});
     CheckPlanar(None, untouched, {1, 1, 0}, {2, 2, 0});
-    CheckPlanar(Point, {1, 9e-9, 0}, {1, 9e-9, 0}, {2, 1, 0}); // on the line within 1e-08
-    CheckPlanar(None, untouched, {1, 2e-8, 0}, {2, 1, 0});
+    double const in = below(1e-8); // nearer than this, an end is on the line
+    CheckPlanar(Point, {1, in, 0}, {1, in, 0}, {2, 1, 0});
+    CheckPlanar(Point, {1, in, 0}, {2, 1, 0}, {1, in, 0});
+    CheckPlanar(None, untouched, {1, 1e-8, 0}, {2, 1, 0});
+    CheckPlanar(None, untouched, {2, 1, 0}, {1, 1e-8, 0});
 }
 
 TEST(Segments2D, CollinearSegmentsGiveTheMiddleOfTheirOverlap) {

@@ -32,6 +32,14 @@ TEST(ClosedTour, PointsWithoutFiniteDistancesKeepTheirOrder) {
     }
 }
 
+TEST(ClosedTour, AGainCountsAboveOneInATrillion) {
+    auto const tour = [](double gap) {
+        return tourOf(mg_ClosedTSP, {{8 - gap, 6, 0}, {5, 4, 0}, {1, 9, 0}, {8, 6, 0}, {1, 0, 0}});
+    };
+    EXPECT_EQ((Order{0, 2, 4, 1, 3}), tour(1.35e-10));
+    EXPECT_EQ((Order{0, 1, 4, 2, 3}), tour(1.25e-10));
+}
+
 TEST(Tour, TellsOfTheIndicesAndOfTheNewBlock) {
     auto const check = [](decltype(mg_OpenTSP) function, List const &list, Changes const &told,
                           Caller = {}) {

@@ -25,14 +25,16 @@ int segments(double radius, P const &start, P const &end, double tol) {
 TEST(TessArc, CountsSegmentsByToleranceBetweenAnEighthAndA120th) {
     // Degrees, tolerance, segments. Equal ends make a full circle, in eighths of half a turn. Small
     // arcs have eight segments too, more than the least number of other curves.
-    double const rows[][3] = {{0, 0.01, 140}, {90, 0.01, 35}, {90, 1e9, 8},  {90, 1e-9, 120},
-                              {90, 0, 120},   {90, -1, 120},  {90, kNaN, 8}, {0, 1e9, 16},
-                              {0, 1e-9, 240}, {4, 1e9, 8},    {2, 1e9, 8},   {2, 10, 8}};
+    double const rows[][3] = {{0, 0.01, 140},      {90, 0.01, 35}, {90, 0.1921475, 8},
+                              {90, 8.572e-4, 119}, {90, 0, 120},   {90, -1, 120},
+                              {90, kNaN, 8},       {0, 1e9, 16},   {0, 1e-9, 240},
+                              {4, 1e9, 8},         {2, 1e9, 8},    {2, 10, 8}};
     for (auto const &[degrees, tol, expected] : rows) {
         P const end = onCircle(10, degrees * vexmath::kRadPerDeg);
         EXPECT_EQ(expected, segments(10, {10, 0, 0}, end, tol)) << degrees << ' ' << tol;
     }
     // A sweep too small for a step is one segment; its ends differ because their radii do.
+    EXPECT_EQ(1, segments(1, {1, 0, 0}, {2, 0, 0}, 1e9));
     EXPECT_EQ(1, segments(1, {1, 0, 0}, {2, 1.5e-10, 0}, 1e9)); // the step is an eighth of 7.5e-11
     EXPECT_EQ(8, segments(1, {1, 0, 0}, {2, 1.7e-10, 0}, 1e9));
 }
@@ -59,9 +61,9 @@ TEST(TessArc, HalfATurnSnapsWithin1e11) {
     auto const height = [](double sweep) { // of the second point
         return polylineOf({{}, {0, 0, 1}, 1}, {1, 0, 0}, onCircle(1, sweep), 9)[1].y();
     };
-    EXPECT_BITS_EQ(height(vexmath::kPi), height(vexmath::kPi - 5e-12));
-    EXPECT_BITS_EQ(height(vexmath::kPi), height(vexmath::kPi + 5e-12));
-    EXPECT_FALSE(sameBits(height(vexmath::kPi), height(vexmath::kPi - 2e-11)));
+    EXPECT_BITS_EQ(height(vexmath::kPi), height(vexmath::kPi - 9.9e-12));
+    EXPECT_BITS_EQ(height(vexmath::kPi), height(vexmath::kPi + 9.9e-12));
+    EXPECT_FALSE(sameBits(height(vexmath::kPi), height(vexmath::kPi - 1.01e-11)));
 }
 
 TEST(TessArc, TakesItsEndsFromTheListItAppendsTo) {

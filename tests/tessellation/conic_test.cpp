@@ -33,6 +33,8 @@ TEST(TessBConic, LiesOnTheConicWithItsChordsNearItsTangents) {
     // A quarter of a circle: 256 chords are 0.00307 off their tangents, 128 are 0.00614.
     double const circle = 2 - std::sqrt(2.0);
     EXPECT_EQ(segmentsOf(polylineOf(conicOf(circle))), 256);
+    // A chord that is hardly more than 0.004 off its tangent.
+    EXPECT_EQ(segmentsOf(polylineOf(conicOf(0.33334224))), 302);
     Random random;
     for (double const flatness : {0.05, 0.3, 0.5, circle, 0.7, 0.95}) {
         mgXform_c const x = mg_ScaleXform(placement(random), 1), back = x.inverse();
@@ -99,7 +101,7 @@ TEST(TessBConic, RefusesWhatItCannotTakeAndTheDispatcherDrawsAParabola) {
     for (double const flatness : {1.0, 1.5, 0.0, -0.5}) CheckTaken(false, conicOf(flatness));
     parabolaEdgeData missed = conicOf(0.5), skew = missed;
     missed.end = {-0.5, 0, 0}; // the axis does not meet the chord
-    skew.start.set_z(1e-7);
+    skew.start.set_z(2.04e-8);
     CheckTaken(false, missed), CheckTaken(false, skew);
 }
 

@@ -24,10 +24,11 @@ ellipseEdgeData ellipseOf(double a, double b, double from, double to) {
 
 TEST(TessEllipse, CountsSegmentsByToleranceBetweenTenAndOneAndAHalfDegrees) {
     // Degrees, tolerance, segments: at least two above 1.5 degrees and three above 3.
-    double const rows[][3] = {{360, 0.01, 140}, {100.5, 4, 10},         {100.5, 1e-9, 67},
-                              {100.5, -1, 67},  {1.49, 4, 1},           {1.51, 4, 2},
-                              {2.99, 4, 2},     {3.01, 4, 3},           {29.9, 4, 3},
-                              {41, 4, 4},       {360, 0.00342725, 239}, {100.5, kNaN, 10}};
+    double const rows[][3] = {
+        {360, 0.01, 140},       {100.5, 4, 10},           {100.5, 1e-9, 67}, {100.5, -1, 67},
+        {1.49, 4, 1},           {1.50000007, 4, 2},       {2.99, 4, 2},      {3.0000001, 4, 3},
+        {29.9, 4, 3},           {40.000001, 0.151923, 4}, {6.02e-10, 4, 1},  {5.6e-10, 4, 36},
+        {360, 0.00342725, 239}, {100.5, kNaN, 10}};
     for (auto const &[degrees, tol, expected] : rows) {
         double const end = 0.5 + degrees * vexmath::kRadPerDeg;
         EXPECT_EQ(expected, segmentsOf(polylineOf(ellipseOf(10, 4, 0.5, end), tol))) << degrees;

@@ -102,10 +102,8 @@ def reviewed():
     """(file, before, after) of each change that equivalent.txt explains; after may be * for any."""
     known, entry = set(), {}
     for line in REVIEWED.read_text().splitlines():
-        key, _, value = line.partition(": ")
-        if key in ("file", "before", "after", "why"):
-            entry[key] = value
-        if key == "why":
+        key, _, entry[key] = line.partition(": ")
+        if key == "after":
             known.add((entry["file"], entry["before"], entry["after"]))
     return known
 
