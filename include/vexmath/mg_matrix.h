@@ -62,8 +62,9 @@ VEXMATH_API void mgSolveQuadratic(double a, double b, double c, double *disc, do
 /// The other roots are those that `mg_solveQuadratic` finds for the quadratic that remains, so the
 /// error of r reaches them. They count as a double root when a^2 (r2 - r3)^2 is in [-1e-13, 1e-13),
 /// also when they are complex. A small a brings every pair into that range: (1e-13, 1, 1, 1) gives
-/// three roots, although only one is real. When coefficients are NaN or so large that values
-/// overflow, the roots mean nothing.
+/// three roots, although only one is real. The roots mean nothing when a coefficient is NaN, when
+/// values overflow, and when the product of two values that are not 0 underflows, as it may for
+/// d = 1e-300.
 VEXMATH_API int mg_solveCubic(double a, double b, double c, double d, double *roots);
 
 /// What `mg_GoodEqu3` found.

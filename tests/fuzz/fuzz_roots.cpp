@@ -29,7 +29,9 @@ void checkCubic(bool isTame, double a, double b, double c, double d) {
     double roots[] = {77, 77, 77, 77}, least = kInfinity;
     int const count = mg_solveCubic(a, b, c, d, roots);
     CHECK(0 <= count && count <= 3 && (count == 3 || roots[count] == 77) && roots[3] == 77);
-    if (!isTame || std::fabs(a) < 1e-3) return;
+    // Where a product of two values underflows, the roots mean nothing.
+    auto const isTiny = [](double x) { return x != 0.0 && std::fabs(x) < 1e-150; };
+    if (!isTame || std::fabs(a) < 1e-3 || isTiny(b) || isTiny(c) || isTiny(d)) return;
     CHECK((count == 1 || count == 3) && std::is_sorted(roots, roots + count));
     for (double const r : {roots[0], roots[count / 2], roots[count - 1]}) {
         double const x = a * r * r * r, y = b * r * r, z = c * r;
