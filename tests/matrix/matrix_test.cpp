@@ -43,6 +43,18 @@ TEST(Matrix, SumDifferenceAndTransposeClaimToBeTheIdentity) {
 
 TEST(Matrix, DifferenceIsTheArgumentMinusThis) {
     EXPECT_EQ(4.8, (raw(drifted) - raw(counted)).element(1, 0));
+    EXPECT_EQ(9.0, (raw(drifted) - raw(counted)).element(2, 2));
+}
+
+TEST(Matrix, AProductWithAVectorUsesEachElement) {
+    V const row(1, 2, 4);
+    for (int k = 0; k < 9; ++k) {
+        Nine almostOne = {1, 0, 0, 0, 1, 0, 0, 0, 1};
+        almostOne[k] += 0.5;
+        V expected = row;
+        expected[k % 3] += 0.5 * row[k / 3];
+        EXPECT_BITS_EQ(expected, row * raw(almostOne)) << k;
+    }
 }
 
 TEST(Matrix, MatricesFlaggedAsTheIdentityAreEqual) {

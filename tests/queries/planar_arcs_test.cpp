@@ -39,8 +39,8 @@ TEST(PolylineArc, TellsLinesCirclesAndReturnsApart) {
     check(None, {}), check(None, {a, b}), check(None, {a, a, a});
     check(Arc, {a, b, c}), check(Arc, {a, c, b}), check(Arc, {a, b, c, d});
     check(Circle, {a, b, c, d, a}), check(Circle, {a, d, c, b, a, a}), check(Circle, {a, b, d, a});
-    check(None, {a, b, c, d, a, b}); // beyond the start
-    check(None, {a, c, b, d});       // to and fro
+    check(None, {a, b, c, d, a, b}), check(None, {a, b, c, a, d}); // beyond the start
+    check(None, {a, c, b, d});                                     // to and fro
     check(None, {a, b, {-0.6, 0.8, 0}, {-0.5, 0.85, 0}, d});
     // An arc whose angle rounds to a full turn.
     check(Arc, {{}, {-1, 1, 0}, {-2, 0, 0}, {-1, -1, 0}, {0, -0x1p-60, 0}}, 0x1p-62);

@@ -104,6 +104,9 @@ TEST(Gfxmath, SphericalNormalsAreInverses) {
     gfxmath_spherical_to_cartesian_normal(n, n);
     CheckNear({std::sin(-2.5F) * std::cos(0.5F), std::sin(0.5F), std::cos(-2.5F) * std::cos(0.5F)},
               n, 4e-7F);
+    Vec north{0.5F, 0, 0};
+    gfxmath_spherical_to_cartesian_normal(north, north);
+    EXPECT_EQ(0.0F, north[0]);
     gfxmath_cartesian_to_spherical_normal(n, n);
     CheckNear({0.5F, -2.5F, n[2]}, n, 3e-6F);
 }

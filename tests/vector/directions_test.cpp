@@ -147,6 +147,7 @@ TEST(Directions, PullBackSolvesForTheNearestCombination) {
     V const w(3.0, 4.0, 7.0);
     double const longEnough = 1e-08, tooShort = below(1e-08), sq = 1e-08 * 1e-08;
     EXPECT_BITS_EQ((3.0 * longEnough / sq) * x, w.pullBack(longEnough * x, tooShort * y));
+    EXPECT_BITS_EQ((4.0 * longEnough / sq) * y, w.pullBack(tooShort * x, longEnough * y));
     EXPECT_BITS_EQ(null, w.pullBack(tooShort * x, tooShort * z));
     double edge = 2e-08; // with a = x / 2 the determinant is exactly (edge / 2) squared
     while (0.25 * (edge * edge) >= 1.0000000000000001e-16) edge = below(edge);

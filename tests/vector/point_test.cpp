@@ -128,10 +128,11 @@ void CheckCollinear(P const &b, P const &c, int expected, V const &expectedNorma
 }
 
 TEST(Points, CollinearPointsShareAPlaneAllTheSame) {
-    P const x(3.0, 1.0, 2.0), y(-1.0, 2.0, 5.0);
-    CheckCollinear(x, y, 0, {-1.0, 17.0, -7.0}); // (c - a) x (b - a), not normalised
-    CheckCollinear(x, {6.0, 2.0, 4.0}, 1, V(x).anyUnitNormal(0));
+    P const x(3.0, 0.0, 2.0), y(0.0, 2.0, 5.0); // each perpendicular to an axis
+    CheckCollinear(x, y, 0, {4.0, 15.0, -6.0}); // (c - a) x (b - a), not normalised
+    CheckCollinear(x, {6.0, 0.0, 4.0}, 1, V(x).anyUnitNormal(0));
     CheckCollinear(y, origin, 1, V(y).anyUnitNormal(0)), CheckCollinear(origin, origin, 1, {});
+    CheckCollinear(origin, y, 1, V(y).anyUnitNormal(0));
     // A chain: the first equals the second, the second the third, the first not the third.
     CheckCollinear({8e-9, 0.0, 0.0}, {1.6e-8, 0.0, 0.0}, 1, V(1.0, 0.0, 0.0).anyUnitNormal(0));
 }
