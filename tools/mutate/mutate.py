@@ -108,6 +108,10 @@ def reviewed():
     return known
 
 
+def is_reviewed(line, known):
+    return any((line["file"], line["before"], after) in known for after in (line["after"], "*"))
+
+
 class Results:
     """The lines of one sample's file."""
 
@@ -132,6 +136,12 @@ class Results:
         self.lines.append(line)
         with self.path.open("a") as file:
             file.write(json.dumps(line) + "\n")
+
+    def leave_out(self, known):
+        """Leaves out what was not noticed and has been reviewed since."""
+        for line in self.lines:
+            if line["verdict"] in MISSED and is_reviewed(line, known):
+                line["verdict"] = "reviewed"
 
     def with_verdict(self, *verdicts):
         return [line for line in self.lines if line["verdict"] in verdicts]
@@ -166,7 +176,7 @@ def run_sample(results, queue, count):
 def judged(base, worker, room, change, known):
     line = {"room": room, **vars(change), **shown(change)}
     begun = time.monotonic()
-    if {(line["file"], line["before"], after) for after in (line["after"], "*")} & known:
+    if is_reviewed(line, known):
         verdict, by = "reviewed", ""
     else:
         verdict, by = build.Trial(base, worker, room, change).verdict()
@@ -226,7 +236,7 @@ def arguments():
     parser.add_argument("--seed", default="1", help="another seed draws other changes")
     parser.add_argument("--resume", action="store_true", help="go on where the seed's run stopped")
     parser.add_argument("--again", action="store_true", help="try what was not noticed once more")
-    parser.add_argument("--report", action="store_true", help="only print the scores of that run")
+    parser.add_argument("--report", action="store_true", help="only give the scores of that run")
     return parser.parse_args()
 
 
@@ -236,6 +246,8 @@ def main():
     name = "-".join(["seed", given.seed, *([given.room] if given.room else [])])
     results = Results(build.BUILD / f"{name}.jsonl")
     if given.report:
+        results.leave_out(reviewed())
+        report(results)
         print(table(results))
         return
     if given.resume or given.again:
