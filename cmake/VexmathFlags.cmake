@@ -46,7 +46,7 @@ function(vexmath_own_code target)
     CXX_EXTENSIONS OFF
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON)
-  # Callers on 32-bit Windows align the stack to 4 bytes alone, and SSE needs 16.
+  # Callers on 32-bit Windows align the stack to 4 bytes only, and SSE needs 16.
   if(WIN32 AND NOT MSVC AND CMAKE_SIZEOF_VOID_P EQUAL 4)
     target_compile_options(${target} PRIVATE -mstackrealign)
   endif()

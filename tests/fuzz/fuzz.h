@@ -179,8 +179,8 @@ inline bool hasNaN(P const &p) {
 inline bool isUnit(V const &u) { return std::fabs(u.len() - 1.0) < 1e-12; }
 
 /// Calls `work`, which returns the size of its result, and ends the program when it takes more CPU
-/// time than 1000 elements may take: 100 ms, and 1 microsecond for each element of the result,
-/// times what the sanitizers may slow it down.
+/// time than 1000 elements may take: 100 ms, and 1 microsecond for each element of the result. Both
+/// are multiplied by VEXMATH_FUZZ_SLOWDOWN, as the sanitizers make the library slower.
 template <class Work>
 int timed(Work const &work) {
     std::clock_t const start = std::clock();

@@ -55,7 +55,7 @@ for pair in g++:gcc clang++:clang; do
 done
 
 # For Windows, clang reads the library of the GCC that is made for it.
-if command -v clang++ x86_64-w64-mingw32-g++ >/dev/null; then
+if command -v clang++ >/dev/null && command -v x86_64-w64-mingw32-g++ >/dev/null; then
     library=$(dirname "$(x86_64-w64-mingw32-g++ -print-libgcc-file-name)")/include/c++
     windows="--target=x86_64-w64-mingw32 -isystem $library -isystem $library/x86_64-w64-mingw32"
     check "clang++ $windows" "c++17" "${headers[@]}"

@@ -108,6 +108,7 @@ TEST(Roots, OfACubicAreThoseOfThePlainSearch) {
     CheckSearch(-4, 3, 10, -2.5);          // a secant leaves a value of 0
     CheckSearch(10, -65, 10, -19000);      // a middle does
     CheckSearch(-1, 5, -7.5, 3);           // found soon after the guess
+    CheckSearch(-1e77, 0, 0, 1e2);         // not found in all steps, after a guess far outside
     CheckSearch(-1, 6.19, -3.29, 1.75e12); // too large for exact halves
     CheckSearch(-1, 0, -1e6, -1e-12);      // the guess rounds to the upper end
     Random random;

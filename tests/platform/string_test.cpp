@@ -15,7 +15,7 @@ std::wstring text(CString const &string) { return static_cast<wchar_t const *>(s
 TEST(String, FormatNeverCuts) {
     CString string;
     // Around the first size of the buffer, and far beyond it.
-    for (int length : {1, 510, 511, 512, 513, 1023, 1024, 1000000}) {
+    for (int length : {1, 510, 511, 512, 513, 1023, 1024, 1000000, 1048575}) {
         string.Format(L"%*d", length, 7);
         EXPECT_EQ(length, string.GetLength());
         EXPECT_EQ(L'7', text(string).back());

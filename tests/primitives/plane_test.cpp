@@ -59,6 +59,9 @@ TEST(Plane, TheLineOfTwoPlanesIsOnEitherSideOfTheSecondRootsFoot) {
     check(1, {8 + 5 * 1.05e-8, 9, 4}, 5, U(1, 0, 1.05e-8));
     check(0, {7, 7, 7}, 5, -z), check(0, {7, 7, 7}, 5, z);
     EXPECT_EQ(1, interLine(raised, {P(8, 9, 3), U(1, 0, 1)}, nullptr, nullptr));
+    P point;
+    interLine({P(), U(1, 0, 0)}, {P(1e-8, 0, 0), U(0, 1, 0)}, &point, nullptr);
+    EXPECT_BITS_EQ(P(), point); // the foot: roots 1e-8 apart do not coincide
 }
 
 TEST(Triangle, WeightsSumToOneUnlessTheTriangleIsFlat) {

@@ -113,7 +113,7 @@ TEST(HatchLines, AnUnusableLatticeEmptiesTheList) {
     };
     check(1000000, 1e6, 1.0), check(0, above(1e6), 1.0), check(0, 1e6, below(1.0));
     for (double const spacing : {0.0, -0.0, -1.0, kNaN, kInfinity, -kInfinity, kTiny})
-        check(0, 2.0, spacing);
+        check(0, 2.0, spacing), check(0, 0.0, spacing);
     for (double const angle : {kNaN, kInfinity}) check(0, 2.0, 1.0, angle);
     check(4, 3.5e-9, 1e-9), check(1, 2.0, 1e300), check(1, 1e150, 1e150),
         check(0, above(1e150), 1e150);

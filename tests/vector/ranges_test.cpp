@@ -40,6 +40,7 @@ TEST(Ranges, AnIntervalKeepsItsLengthUpToOnePeriod) {
     CheckInterval(1.0 - 90071 * kUlp / 2, 1.0, 1.0, 0.0, 90071 * kUlp / 2); // within 1e-11
     CheckInterval(1.0 - 90072 * kUlp / 2, 1.0, 1.0, 1.0 - 90072 * kUlp / 2, 1.0);
     CheckInterval(1e-11, 1e-11, 2e-11, 0.0, 0.0);
+    CheckInterval(1.0 + 0x1p-40, 2.0, 1.0, 0x1p-40, 1.0); // just behind a full turn
     double angle = -0.5, end = 0.5;
     mg_PutAngleInRange(&angle, &end);
     EXPECT_BITS_EQ((kTurn - 0.5) + 1.0, end);

@@ -9,9 +9,9 @@ export LC_ALL=C
 
 tests=$(cd "$(dirname "$0")/.." && pwd)
 
-# The rule: the names of the Linux library, but each module has the inline functions, the virtual
-# tables of lists and the run-time type names itself. GCC may also export a part of a function that it
-# has split.
+# The rule: the DLL exports the names of the Linux library, except the inline functions and virtual
+# tables of lists and the run-time type names. On Windows each module has its own. Also left out are
+# parts of functions that GCC has split.
 on_windows() {
     grep -vE '^((vtable for )?suDynamicArray<|typeinfo (name )?for )|\[clone ' | sort -u
 }

@@ -6,7 +6,8 @@ set -euo pipefail
 
 root=$(cd "$(dirname "$0")/../.." && pwd)
 export chroot=$root/build/wine32 root
-[[ -d $chroot ]] || { echo "no $chroot: run ./dev windows --32" >&2; exit 77; }
+[[ -e $chroot/usr/lib/wine/wine ]] || { echo "no Wine in $chroot: run ./dev windows --32" >&2; exit 77; }
+((EUID == 0)) || { echo "32-bit Wine needs root, for its mounts" >&2; exit 77; }
 
 # Mounts that only this program sees.
 # shellcheck disable=SC2016

@@ -47,7 +47,7 @@ def tree(worker):
 
 
 def copy_tree():
-    """The user's files, committed or not, for each worker."""
+    """The files of the tree, committed or not, for each worker."""
     listing = ["git", "ls-files", "-co", "--exclude-standard", "-z"]
     listed = subprocess.run(listing, cwd=ROOT, capture_output=True, check=True).stdout.decode()
     for worker in range(WORKERS):
@@ -297,7 +297,7 @@ class Trial:
         return self.change.file in unit.needs
 
     def _built(self, target):
-        """The place of a program or of the library: built anew if the change alters an object."""
+        """The place of a program or of the library. It is built again if the change alters an object."""
         if target not in self.built:
             objects = [self._object(unit) for unit in self.base.of(target)]
             changed = any(self.place in path.parents for path in objects)

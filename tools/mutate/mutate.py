@@ -220,13 +220,15 @@ def survivors(results):
     return "\n".join(text)
 
 
-def report(results):
+def report(results, room):
+    """Of one room, in files of its own."""
+    suffix = f"-{room}" if room else ""
     counts = collections.Counter(line["verdict"] for line in results.lines)
-    (build.BUILD / "report.json").write_text(
+    (build.BUILD / f"report{suffix}.json").write_text(
         json.dumps({**results.head, "verdicts": counts, "changes": results.lines}, indent=1)
     )
-    (build.BUILD / "report.md").write_text(table(results) + "\n")
-    (build.BUILD / "survivors.txt").write_text(survivors(results) + "\n")
+    (build.BUILD / f"report{suffix}.md").write_text(table(results) + "\n")
+    (build.BUILD / f"survivors{suffix}.txt").write_text(survivors(results) + "\n")
 
 
 def arguments():
@@ -263,7 +265,7 @@ def main():
         run_sample(results, queue, sys.maxsize)
     else:
         run_sample(results, drawn(rooms, given.seed), given.sample)
-    report(results)
+    report(results, given.room)
     print(table(results))
     print(survivors(results))
 
