@@ -137,11 +137,13 @@ class Results:
         with self.path.open("a") as file:
             file.write(json.dumps(line) + "\n")
 
-    def leave_out(self, known):
-        """Leaves out what was not noticed and has been reviewed since."""
+    def review(self, known):
+        """Follows the list of explained changes, which may have been edited since the run."""
         for line in self.lines:
-            if line["verdict"] in MISSED and is_reviewed(line, known):
+            if is_reviewed(line, known) and line["verdict"] in MISSED:
                 line["verdict"] = "reviewed"
+            elif not is_reviewed(line, known) and line["verdict"] == "reviewed":
+                line["verdict"] = "unnoticed"
 
     def with_verdict(self, *verdicts):
         return [line for line in self.lines if line["verdict"] in verdicts]
@@ -248,8 +250,8 @@ def main():
     name = "-".join(["seed", given.seed, *([given.room] if given.room else [])])
     results = Results(build.BUILD / f"{name}.jsonl")
     if given.report:
-        results.leave_out(reviewed())
-        report(results)
+        results.review(reviewed())
+        report(results, given.room)
         print(table(results))
         return
     if given.resume or given.again:
@@ -259,6 +261,7 @@ def main():
         results.begin(seed=given.seed, source=digest())
     build.copy_tree()
     if given.again:
+        results.review(reviewed())
         missed = set(map(place, results.with_verdict(*MISSED)))
         queue = [x for x in drawn(rooms, given.seed) if place(vars(x[1])) in missed]
         results.keep(line for line in results.lines if place(line) not in missed)
