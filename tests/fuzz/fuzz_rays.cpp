@@ -74,4 +74,7 @@ void fuzz(Input &in) {
     CHECK(onSphere == mgIntersect_TwoPoints ? off < cube : off > radius - 1e-9 * size);
     if (onCylinder == mgIntersect_TwoPoints || onCylinder == mgIntersect_Coincident)
         CHECK(((cylinder - centre) * axis).len() <= cube + 1e-7 * size);
+    V const side = cone - centre;
+    if (onCone == mgIntersect_TwoPoints)
+        CHECK(std::fabs(side % axis - side.len() * std::cos(angle)) < 1e-7 * size);
 }

@@ -52,6 +52,9 @@ void checkFactories(Input &in) {
     mg_getModelSpaceViewRay(zoom, p1, flag, ray, axis, isCamera, nullptr);
     if (!in.isTame()) return;
     for (mgXform_c const &x : carriers) CHECK(dist(p1 * x, p2) <= 1e-6 * size);
+    P const middle = interpolate(0.5, p1, p2), zoomed = P(p1.x(), p1.y(), 0) + view.translation();
+    if (1e-3 < number && number < 1e3 && view.scaling() < 1e3)
+        CHECK(dist(middle * zoom, zoomed) <= 1e-6 * size);
     CHECK(dist(p1 * mirror * mirror, p1) <= 1e-9 * size);
     for (mgXform_c const &x : frames)
         CHECK((u1 * u2).len() < 1e-3 || (x.getIXAxis(&axis), isUnit(axis)));
