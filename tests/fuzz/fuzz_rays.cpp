@@ -74,7 +74,14 @@ void fuzz(Input &in) {
     CHECK(onSphere == mgIntersect_TwoPoints ? off < cube : off > radius - 1e-9 * size);
     if (onCylinder == mgIntersect_TwoPoints || onCylinder == mgIntersect_Coincident)
         CHECK(((cylinder - centre) * axis).len() <= cube + 1e-7 * size);
-    V const side = cone - centre;
-    if (onCone == mgIntersect_TwoPoints)
-        CHECK(std::fabs(side % axis - side.len() * std::cos(angle)) < 1e-7 * size);
+    // In a plane with the axis, towards a point of the cone.
+    double const up = in.number(), out = in.number();
+    V const across = axis.anyUnitNormal(0), at = up * axis + out * across,
+            to = radius * (std::cos(angle) * axis + std::sin(angle) * across);
+    mgLine_c const aimed(centre + at, mg_Normalise(to - at));
+    if (!(0.0 < angle && angle < 1.5)) return;
+    if (mg_RayIntConeSeg(aimed, centre, axis, angle, 0.0, height, &cone) == mgIntersect_TwoPoints) {
+        V const side = cone - centre;
+        CHECK(std::fabs(side % axis - side.len() * std::cos(angle)) < 1e-6 * (size + at.len()));
+    }
 }
