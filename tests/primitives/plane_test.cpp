@@ -28,6 +28,9 @@ TEST(Plane, IsTransformedAndMirrorsPoints) {
     EXPECT_BITS_EQ(U(1, 0, 0), plane.normal());
     plane.setNormal(U(-2, 1, -2));
     EXPECT_DOUBLE_EQ(5.0, plane.getHessianNormalFormConstant()); // minus the normal times the root
+    U twice;
+    twice.set(0, 0, 2); // no unit length
+    EXPECT_EQ(-3.0, mgPlane_c(P(1, 2, 3), twice).getHessianNormalFormConstant());
     EXPECT_LT(gap(P(-2, 5, 3), P(6, 1, 11) * mg_PlaneReflectionXform(plane)), 1e-14);
     P foot(6, 1, 11);
     EXPECT_EQ(1, plane.pointPerp(foot, &foot));

@@ -112,6 +112,7 @@ TEST(ConicShape, WhatIsDegenerateHasNoResult) {
         bool const isNone = h < 1e-8;
         check(isNone, {left, right, {7, h, 0}, {}}), check(isNone, {{0, 0, 0}, {h, 0, 0}, top, {}});
         checkShoulder(isNone, {left, right, top, {5, h, 6}}); // on the chord, on the apex
+        checkShoulder(isNone, {left, right, {0, 4, 0}, {5, h, 6}});
         checkShoulder(isNone, {{-1, -1, 0}, {1, -1, 0}, {0, 0, 0}, {5, -h, 6}});
         EXPECT_EQ(isNone, mg_getPointEccentricity({0, 3, 0}, top, {{h, 9, 0}, {0, 1, 0}}) == -1);
         EXPECT_EQ(isNone, xConic(1, h, 1) == -1);
