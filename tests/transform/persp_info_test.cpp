@@ -39,6 +39,7 @@ TEST(PerspInfo, TheFieldOfViewPlaneDistanceGivesTheKind) {
     };
     check(-5e-324, false, false, 4.0), check(0.0, true, false, 4.0);
     check(2.0, false, true, 2.0), check(kNaN, false, false, 4.0);
+    EXPECT_TRUE(record(kTiny).isPerspCamera());
 }
 
 TEST(PerspInfo, DivisionMovesTowardsTheEyeAndHasAnInverse) {
