@@ -118,6 +118,7 @@ TEST(ConicShape, WhatIsDegenerateHasNoResult) {
         EXPECT_EQ(isNone, xConic(1, h, 1) == -1);
     }
     for (double const y : {-1.0, 1.5}) checkShoulder(true, {left, right, top, {0, y, 0}});
+    checkShoulder(true, {left, right, {0, 0, 0}, top}); // no triangle
     for (double const big : {below(1e70), 1e70, kInfinity, kNaN}) {
         bool const isNone = !(big < 1e70);
         check(isNone, {left, right, {0, big, 0}, {}});

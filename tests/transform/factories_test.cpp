@@ -135,6 +135,7 @@ TEST(Factories, OppositeDirectionsTurnAboutAbsoluteComponents) {
     };
     check({-0.6, 0.8, 0.0}, {0.8, -0.6, 0.0}, {0.8, 0.6, 0.0});
     check({0.6, 0.0, -0.8}, {0.8, 0.0, -0.6}, {-0.8, 0.0, -0.6});
+    check({0.0, -0.6, 0.8}, {0.0, 0.8, -0.6}, {0.0, 0.8, 0.6});
     check(x, -y, -y), check(y, x, x), check(z, x, x);
 }
 
