@@ -60,6 +60,7 @@ TEST(Arc, EndsAreComputedInThePlaneOfTheCentresZ) {
 TEST(Arc, WithoutRadiusOrSweepItIsNotValid) {
     auto const ofRadius = [](double r) { return mgArc_c(up, o, {r, 0, 0}, {0, 1, 0}); };
     EXPECT_EQ(0, ofRadius(below(1e-8)).isValid());
+    EXPECT_EQ(0.0, ofRadius(below(1e-8)).getEndAngleInRadians());
     EXPECT_EQ(1, ofRadius(1e-8).isValid());
     EXPECT_EQ(0.0, ofRadius(1.0).iGetAngle({0, -9e-9, 0}));
     EXPECT_EQ(0, ofAngles(below(1e-11), 0).isValid());
