@@ -93,6 +93,7 @@ void addFiles(CLI::App &app, Options &options) {
 std::optional<Options> readOptions(int argc, char const *const *argv, int &status) {
     CLI::App app(kDescription, "vexmath_assembly");
     app.footer(kFooter);
+    app.allow_windows_style_options(false); // a path may begin with a slash there, too
     app.set_version_flag("--version", "vexmath_assembly " VEXMATH_ASSEMBLY_VERSION);
     app.failure_message([](CLI::App const *, CLI::Error const &error) {
         return fmt::format("vexmath_assembly: {} (see --help)\n", printable(error.what()));

@@ -8,16 +8,35 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <unistd.h>
 #include <utility>
 
 #include <fmt/core.h>
+
+#ifdef _WIN32
+#define NOMINMAX 1
+#include <windows.h>
+#else
+#include <unistd.h>
+#endif
 
 namespace assembly {
 
 namespace {
 
 char const *const kEraseLine = "\r\033[K";
+
+/// Whether standard error is a terminal that obeys kEraseLine, which a console of Windows must be
+/// told to do.
+bool showsProgress() {
+#ifdef _WIN32
+    HANDLE const console = GetStdHandle(STD_ERROR_HANDLE);
+    DWORD mode = 0;
+    return GetConsoleMode(console, &mode) != 0
+           && SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
+#else
+    return isatty(STDERR_FILENO) != 0;
+#endif
+}
 
 using Row = std::vector<std::string>;
 
@@ -192,7 +211,7 @@ std::string stockSize(Part const &part) {
 }
 
 Progress::Progress(std::string task, std::size_t steps)
-    : task_(std::move(task)), steps_(steps), visible_(isatty(STDERR_FILENO) != 0) {}
+    : task_(std::move(task)), steps_(steps), visible_(showsProgress()) {}
 
 Progress::~Progress() {
     if (isShown_) std::fputs(kEraseLine, stderr);

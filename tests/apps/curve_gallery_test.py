@@ -3,8 +3,11 @@
 """Reads the picture of the gallery of curves.
 
 usage: curve_gallery_test.py PROGRAM [unittest arguments]
+
+VEXMATH_TEST_RUNNER in the environment is Wine for a program for Windows.
 """
 
+import os
 import subprocess
 import sys
 import unittest
@@ -13,7 +16,8 @@ import xml.etree.ElementTree
 
 class CurveGalleryTest(unittest.TestCase):
     def test_it_shows_every_curve_at_every_tolerance(self):
-        output = subprocess.run([sys.argv[1]], stdout=subprocess.PIPE, check=True).stdout
+        runner = os.environ.get('VEXMATH_TEST_RUNNER', '').split()
+        output = subprocess.run([*runner, sys.argv[1]], stdout=subprocess.PIPE, check=True).stdout
         page = xml.etree.ElementTree.fromstring(output)
         texts = [e.text for e in page.iter('{http://www.w3.org/2000/svg}text')]
         captions = [t for t in texts if ' points, error ' in t]
