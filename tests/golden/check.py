@@ -71,7 +71,8 @@ def compare(command: list[str]) -> int:
         if units > kUnits:
             print(f"< {line}\n> {other}")
     if worst <= kUnits:
-        within = f"; trigonometric lines within {math.ceil(worst)} units" if worst else ""
+        units = math.ceil(worst)
+        within = f"; trigonometric lines within {units} unit{'s' * (units > 1)}" if units else ""
         print("the same bits" + within)
     return int(worst > kUnits)
 
