@@ -17,7 +17,7 @@
 #if defined(VEXMATH_TEST_SANITIZED)
 /// The C library keeps the search path of locales.
 extern "C" __attribute__((visibility("default"))) char const *__lsan_default_suppressions() {
-    return "leak:__argz_add_sep";
+    return "leak:argz_add_sep";
 }
 #endif
 
