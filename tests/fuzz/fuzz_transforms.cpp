@@ -53,8 +53,9 @@ void checkFactories(Input &in) {
     if (!in.isTame()) return;
     for (mgXform_c const &x : carriers) CHECK(dist(p1 * x, p2) <= 1e-6 * size);
     P const middle = interpolate(0.5, p1, p2), zoomed = P(p1.x(), p1.y(), 0) + view.translation();
-    if (1e-3 < number && number < 1e3 && view.scaling() < 1e3)
-        CHECK(dist(middle * zoom, zoomed) <= 1e-6 * size);
+    double const scale = std::fabs(view.scaling());
+    if (1e-3 < number && number < 1e3 && scale < 1e3)
+        CHECK(dist(middle * zoom, zoomed) <= 1e-7 * size * (1.0 + number) * (1.0 + scale));
     CHECK(dist(p1 * mirror * mirror, p1) <= 1e-9 * size);
     for (mgXform_c const &x : frames)
         CHECK((u1 * u2).len() < 1e-3 || (x.getIXAxis(&axis), isUnit(axis)));
