@@ -46,7 +46,7 @@ struct Segment {
     double across(double px, double py) const { return dx * (py - y[0]) - dy * (px - x[0]); }
     /// Distance of a point's foot from the first end.
     double along(double px, double py) const { return dx * (px - x[0]) + dy * (py - y[0]); }
-    /// Of the second end: the length, but rounded as the places of other ends are.
+    /// What `along` gives for the second end: the length, rounded like the places of other ends.
     double extent() const { return along(x[1], y[1]); }
     /// Of the axis 0 or 1.
     double middle(int axis) const {
