@@ -30,7 +30,8 @@ double largestOf(Numbers... numbers) {
 
 /// The power of two that numbers are multiplied by so that products of two differences neither
 /// overflow nor vanish. `largest` is the largest of the numbers in absolute value. A product of a
-/// number and a power of two is exact, except for numbers so small that they do not matter.
+/// number and a power of two is exact, except for a number that underflows beside one above 2^500:
+/// it shows only where the tolerance is 0.
 inline double planarScale(double largest) {
     constexpr double kHuge = 0x1p500;
     constexpr double kTiny = 0x1p-400;
