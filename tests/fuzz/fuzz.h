@@ -47,6 +47,12 @@ public:
     Input(std::uint8_t const *data, std::size_t size) : data_(data), size_(size), isTame_(flip()) {}
 
     bool isTame() const { return isTame_; }
+    /// One input in 256, whatever inputs it was bred from: for what takes long.
+    bool isRare() const {
+        unsigned hash = 0;
+        for (std::size_t i = 0; i < size_; ++i) hash = 31 * hash + data_[i];
+        return hash / 256 % 256 == 1;
+    }
     bool isUsedUp() const { return used_ >= size_; }
     std::string rest() const { return {data_ + std::min(used_, size_), data_ + size_}; }
     int byte() {

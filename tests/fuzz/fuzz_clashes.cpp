@@ -223,7 +223,7 @@ void checkScene(Lattice &lattice, int count, bool isPlaced) {
 
 void fuzz(Input &in) {
     mg_SetUseVectorUnits(in.flip());
-    int const kind = in.byte(); // a few boxes, about as many as the library tests one by one, more
+    int const kind = in.byte(); // a few boxes, or about as many as the library tests one by one
     Lattice lattice(in);
-    checkScene(lattice, kind < 4 ? 1000 : kind < 64 ? kind % 10 : 40 + kind % 32, in.flip());
+    checkScene(lattice, in.isRare() ? 1000 : kind < 128 ? kind % 16 : 40 + kind % 32, in.flip());
 }
