@@ -21,7 +21,7 @@ TEST(PointSort, EqualPointsTakeNoLongerWhenTheyHoldNaNOrInfinity) {
         return static_cast<double>(std::clock() - start);
     };
     double const finite = clocksFor({1, 0, 0});
-    double const slack = 0.01 * CLOCKS_PER_SEC;
+    double const slack = 0.1 * CLOCKS_PER_SEC;
     for (double x : {kNaN, kInfinity, -kInfinity})
         EXPECT_LT(clocksFor({x, 0, 0}), 10.0 * finite + slack); // not a thousandfold
 }
