@@ -180,8 +180,6 @@ std::uint64_t *sortByKey(std::uint64_t *keys, std::uint64_t *spare, int count) {
 
 bool BoxTree::allocate(int count) {
     constexpr int kMost = std::numeric_limits<int>::max() - 64; // the lanes of a block are numbered
-    *this = BoxTree();
-    if (count <= 0) return true;
     if (count > kMost) return false;
     int begin = 0;
     int levels = 0;
@@ -236,8 +234,9 @@ void BoxTree::fillBounds() {
 }
 
 bool BoxTree::build(Enclosure const *entries, int count) {
-    if (!allocate(count)) return false;
+    *this = BoxTree();
     if (count <= 0) return true;
+    if (!allocate(count)) return false;
     Block<std::uint64_t> keys(count), spare(count);
     if (!keys || !spare) {
         *this = BoxTree();

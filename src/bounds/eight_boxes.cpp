@@ -60,7 +60,7 @@ struct Plain {
     static void append(Lanes const &lanes, int const *positions, Enclosure const &box,
                        BoxList &to) {
         unsigned const which = whichMeet(lanes, box);
-        for (int k = 0; k < 8; ++k) {
+        for (int k = 0; which >> k != 0; ++k) {
             for (int i = 0; i < 3; ++i) {
                 to.low[i][to.count] = lanes.low[i][k];
                 to.high[i][to.count] = lanes.high[i][k];

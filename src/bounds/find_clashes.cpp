@@ -18,8 +18,8 @@ using namespace vexmath::detail;
 
 using Pairs = suDynamicArray<mgIndexPair_c>;
 
-/// Added to the index of a plain box.
-constexpr std::uint32_t kPlain = std::uint32_t{1} << 31;
+/// Added to the index of a plain box: the bit that no index has.
+constexpr std::uint32_t kPlain = 0x80000000u;
 
 int indexOf(std::uint32_t label) { return static_cast<int>(label & ~kPlain); }
 

@@ -19,7 +19,10 @@ namespace {
 /// Slack per length of the coordinates in the frame.
 constexpr float kOfSizes = 4e-06f;
 
-double sumOfSizes(double const *v) { return std::fabs(v[0]) + std::fabs(v[1]) + std::fabs(v[2]); }
+template <class Triple>
+double sumOfSizes(Triple const &v) {
+    return std::fabs(v[0]) + std::fabs(v[1]) + std::fabs(v[2]);
+}
 
 } // namespace
 
@@ -27,7 +30,7 @@ bool NearLine::isOrdinary(mgPoint_c const &p, mgUnitVector_c const &dir) {
     constexpr double kFarthest = 1e30;
     constexpr double kShortestSq = 1e-12, kLongestSq = 1e12;
     double const lengthSq = dir.sqlen();
-    return sumOfSizes(&p[0]) < kFarthest && lengthSq > kShortestSq && lengthSq < kLongestSq;
+    return sumOfSizes(p) < kFarthest && lengthSq > kShortestSq && lengthSq < kLongestSq;
 }
 
 NearLine::NearLine(mgPoint_c const &p, mgUnitVector_c const &dir, FloatFrame const &frame)
@@ -42,9 +45,9 @@ NearLine::NearLine(mgPoint_c const &p, mgUnitVector_c const &dir, FloatFrame con
         at[i] = static_cast<float>(nearest[i]);
         direction[i] = static_cast<float>(unit[i]);
     }
-    double const sizes = sumOfSizes(&p[0]) + sumOfSizes(frame.origin);
+    double const sizes = sumOfSizes(p) + sumOfSizes(frame.origin);
     slack = static_cast<float>(kSlack + kOfCoordinates * sizes)
-            + kOfSizes * static_cast<float>(sumOfSizes(&nearest[0]));
+            + kOfSizes * static_cast<float>(sumOfSizes(nearest));
 }
 
 void NearLine::limit(double distance) {

@@ -70,6 +70,9 @@ struct Reach {
 
 #if defined(VEXMATH_AVX2)
 
+VEXMATH_AVX2_STEP Wide loadFour(double const (&from)[4]) { return _mm256_loadu_pd(from); }
+VEXMATH_AVX2_STEP void store(Wide v, double (&to)[4]) { _mm256_storeu_pd(to, v); }
+
 /// A placement in SIMD registers.
 struct WidePlacement {
     VEXMATH_AVX2_STEP explicit WidePlacement(mgXform_c const &x)
@@ -99,9 +102,8 @@ struct WideBox {
         : middle(x.image(local)), half((box.high - local) * x.scale), centre(x.image(box.centre)),
           fromMiddle((box.centre - local) * x.scale), radius(all(box.radius) * x.scale) {}
     VEXMATH_AVX2_STEP explicit WideBox(PlacedBox::InModelSpace const &box)
-        : middle(_mm256_loadu_pd(box.middle)), half(_mm256_loadu_pd(box.half)),
-          centre(_mm256_loadu_pd(box.centre)), fromMiddle(_mm256_loadu_pd(box.fromMiddle)),
-          radius(all(box.radius * box.scale)) {}
+        : middle(loadFour(box.middle)), half(loadFour(box.half)), centre(loadFour(box.centre)),
+          fromMiddle(loadFour(box.fromMiddle)), radius(all(box.radius * box.scale)) {}
 
     Wide middle, half, centre, fromMiddle, radius;
 };
@@ -193,7 +195,7 @@ VEXMATH_AVX2 Verdict verdictBySimd(PlacedBox const &boxA, PlacedBox const &boxB)
     PlacedBox::InModelSpace const &a = boxA.placed, &b = boxB.placed;
     if (!(a.error + b.error < kNearlyOrthonormal)) return Verdict::Unusual;
 
-    Wide const apart = _mm256_loadu_pd(b.centre) - _mm256_loadu_pd(a.centre);
+    Wide const apart = loadFour(b.centre) - loadFour(a.centre);
     double const distanceSq = sum(apart * apart);
     Reach const reach(a.radius, a.scale, b.radius, b.scale);
     if (reach.isPlainlyExceeded(distanceSq, a.centreLengths + b.centreLengths))
@@ -217,10 +219,10 @@ VEXMATH_AVX2 void prepareBySimd(PlacedBox &to) {
     to.placed.radius = bounds.radius;
     to.placed.centreLengths = sum(lengths);
     to.placed.lengths = sum(lengths + cornerLengths(bounds, x));
-    _mm256_storeu_pd(to.placed.middle, box.middle);
-    _mm256_storeu_pd(to.placed.half, box.half);
-    _mm256_storeu_pd(to.placed.centre, box.centre);
-    _mm256_storeu_pd(to.placed.fromMiddle, box.fromMiddle);
+    store(box.middle, to.placed.middle);
+    store(box.half, to.placed.half);
+    store(box.centre, to.placed.centre);
+    store(box.fromMiddle, to.placed.fromMiddle);
 }
 
 /// The full test, for placements and boxes that the shortcut found close: their scales are far

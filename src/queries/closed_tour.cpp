@@ -207,7 +207,8 @@ void Improved::normalise() {
 
 std::vector<int> Improved::build() {
     constexpr int kMostRounds = 1000;
-    for (int round = 0; round < kMostRounds && improveAround();) ++round;
+    for (int round = 0; round < kMostRounds; ++round)
+        if (!improveAround()) break;
     normalise();
     return tour_;
 }

@@ -116,12 +116,13 @@ bool sortByBuckets(std::vector<OrderKey> &keys) {
 
 /// Sorts the runs of keys that agree in all digits.
 void sortRuns(std::vector<OrderKey> &keys) {
-    std::size_t const n = keys.size();
-    for (std::size_t i = 0; i < n;) {
-        std::size_t end = i + 1;
-        while (end < n && keys[end].key >> kLowBits == keys[i].key >> kLowBits) ++end;
-        if (end - i > 1) sortByComparison(&keys[i], keys.data() + end);
-        i = end;
+    OrderKey *const last = keys.data() + keys.size();
+    for (OrderKey *first = keys.data(); first != last;) {
+        std::uint64_t const digits = first->key >> kLowBits;
+        OrderKey *const end = std::find_if(
+            first, last, [digits](OrderKey const &k) { return k.key >> kLowBits != digits; });
+        if (end - first > 1) sortByComparison(first, end);
+        first = end;
     }
 }
 

@@ -60,16 +60,36 @@ void CheckPlacedClash(int expected, mgBBox_c const &a, mgXform_c const &xa, mgBB
 }
 
 TEST(Clash, ARelativeRotationThatIsFlaggedAsNoneIsNotApplied) {
-    // It would move the ends of rods so long by more than the gap.
-    mgBBox_c const rod(P(), P(1e5, 1, 1));
     mgMatrix_c const turn = mg_RotationMatrix(1.0, {1, 2, 3}, 0.0);
-    mgMatrix_c other = turn;
-    for (int j = 0; j < 3; ++j) {
-        other[j] -= 5e-13 * turn[3 + j];
-        other[3 + j] += 5e-13 * turn[j];
+    for (double const angle : {5e-13, 1e-6}) // the second is not flagged
+        for (int i = 0; i < 3; ++i) {
+            // It would move the ends of rods so long by more than the gap.
+            int const up = (i + 1) % 3;
+            P end(1, 1, 1);
+            end[i] = 1e5;
+            mgBBox_c const rod(P(), end);
+            V gap;
+            gap[up] = 1 + 2e-8;
+            mgMatrix_c other = turn;
+            for (int j = 0; j < 3; ++j) {
+                other[3 * i + j] -= angle * turn[3 * up + j];
+                other[3 * up + j] += angle * turn[3 * i + j];
+            }
+            mgXform_c const lower = raw(turn), upper = raw(other, gap * lower);
+            CheckPlacedClash(angle > 1e-12, rod, lower, rod, upper);
+            CheckPlacedClash(angle > 1e-12, rod, upper, rod, lower);
+        }
+}
+
+TEST(Clash, ARotatedAndScaledBoxReachesAsFarAsItsCorners) {
+    Random random;
+    mgBBox_c const wall(P(-20, -20, -20), P(0, 20, 20)), box = cube(-1, 1);
+    for (int round = 0; round < 30; ++round) {
+        mgMatrix_c const m = placement(random).rotation();
+        double const reach = 2 * (std::fabs(m(0, 0)) + std::fabs(m(1, 0)) + std::fabs(m(2, 0)));
+        for (double const gap : {-1e-6, 1e-6})
+            CheckPlacedClash(gap < 0, wall, {}, box, mg_RestoreXform(m, V(reach + gap, 0, 0), 2));
     }
-    mgXform_c const lower = raw(turn), upper = raw(other, V(0, 1 + 2e-8, 0) * lower);
-    CheckPlacedClash(0, rod, lower, rod, upper), CheckPlacedClash(0, rod, upper, rod, lower);
 }
 
 TEST(Clash, ASlightStretchIsInvertedAsARotation) {

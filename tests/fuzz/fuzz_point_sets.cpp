@@ -26,7 +26,8 @@ Points anyPoints(Input &in, int kind) {
         if (kind == 3) p = P(step(side, 0.1), step(side, 0.3), step(2, -0.0));
         if (kind == 4) p = P(step(5, tied), step(3, tied), step(50, 1e-9));
         if (kind == 5)
-            p = P(step(50, 1.0) + step(3, 9e-9), step(in.below(2) * 50 + 1, 1.0), unit());
+            p = P(step(50, 1.0) + step(3, 9e-9), step(in.below(2) * 50 + 1, 1.0),
+                  in.flip() ? unit() : 1);
         if (kind == 6) p = P(1 + unit() * 0x1p-40, step(9, 1.0), step(2, -0.0));
         if (kind == 7) p = P(std::pow(10.0, 600 * unit() - 300), unit(), 0.0);
         if (kind == 8) p = P(step(4, 1.5) + unit(), unit(), 0.0);

@@ -249,7 +249,8 @@ TEST(Exhausted, AListIsEmpty) {
         [[maybe_unused]] static su_CDWordArray *volatile seen;
         su_CDWordArray words;
         seen = &words;
-        return words.Add(1);
+        int const index = words.Add(1);
+        return index + words.GetSize();
     });
 }
 

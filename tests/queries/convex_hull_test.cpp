@@ -2,6 +2,8 @@
 // Planar hulls of few points, and the changes of the input. Against literal steps:
 // fuzz/fuzz_point_sets.cpp.
 
+#include <algorithm>
+
 #include "common/arrays.h"
 
 namespace {
@@ -55,6 +57,21 @@ TEST(ConvexHull, LeavesTheInputSortedWithoutDuplicatesAndTellsOfEachRemoval) {
     EXPECT_EQ(0, convexHull(none, hull));
     EXPECT_EQ(0, convexHull(points, points));
     EXPECT_EQ(4, points.Count());
+}
+
+/// Numbers that differ in sixteen of their bits, whichever these are.
+TEST(ConvexHull, SortsManyPoints) {
+    Random random;
+    for (int lowest = 16; lowest <= 52; lowest += 4) {
+        List list;
+        for (int i = 0; i < 2500; ++i)
+            list.emplace_back(1 + std::ldexp(random.below(1 << 16), -lowest), random.below(3));
+        Points points(list), hull({});
+        EXPECT_EQ(1, convexHull(points, hull));
+        std::sort(list.begin(), list.end());
+        list.erase(std::unique(list.begin(), list.end()), list.end());
+        EXPECT_EQ(list, points.list());
+    }
 }
 
 TEST(ConvexHull, ChangesNeitherArrayWhenTheHullCannotGrow) {
