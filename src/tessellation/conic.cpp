@@ -94,18 +94,20 @@ private:
 
 /// True when the angle between the chord and the tangent at one of its ends is too large. False for
 /// NaN.
-bool isOff(mgVector_c const &chord, Sample const &a, Sample const &b) {
+bool isOff(mgVector_c const &chord, Sample const &a, Sample const &b, mgVector_c const &normal) {
     /// Smallest angle that is too large.
     constexpr double kLimitRad = 0.004;
-    return mg_AngleBetween(chord, a.tangent) >= kLimitRad
-           || mg_AngleBetween(chord, b.tangent) >= kLimitRad;
+    auto const folded = [](double angle) { return std::min(angle, vexmath::kTwoPi - angle); };
+    return folded(mg_AngleBetween(chord, a.tangent, normal)) >= kLimitRad
+           || folded(mg_AngleBetween(b.tangent, chord, normal)) >= kLimitRad;
 }
 
 /// Appends the points of the curve. A parameter interval is halved when its chord is off and longer
 /// than the resolution at its ends. Without the second condition, a curve that is tiny for its
 /// distance from the origin would be divided at every double. False when there are too many points
 /// or no memory for them.
-bool refine(BlendedConic const &curve, suDynamicArray<mgPoint_c> &points) {
+bool refine(BlendedConic const &curve, mgVector_c const &normal,
+            suDynamicArray<mgPoint_c> &points) {
     Sample left = curve.at({0.0, 1.0});
     // The samples computed but not yet appended; the nearest is last.
     std::vector<Sample> ahead{curve.at({1.0, 0.0})};
@@ -118,7 +120,7 @@ bool refine(BlendedConic const &curve, suDynamicArray<mgPoint_c> &points) {
         // The chord reaches its resolution first; this only excludes an endless loop.
         bool const canHalve = middle != a && middle != b;
         if (canHalve && chord.len() > std::max(left.resolution, right.resolution)
-            && isOff(chord, left, right)) {
+            && isOff(chord, left, right, normal)) {
             ahead.push_back(curve.at(middle));
             continue;
         }
@@ -145,12 +147,16 @@ void mg_TessBConic(parabolaEdgeData const *conic, double /*tol*/, mgPoint_c **ou
     std::optional<double> const flatness = flatnessOf(*conic);
     if (!flatness) return;
 
+    mgVector_c normal = mgUnitVector_c(conic->normal);
+    mgVector_c const turn = (conic->start - conic->vertex) * (conic->end - conic->vertex);
+    if (turn % normal < 0.0) normal.flip();
+
     // QUIRK: mg_tessellation.h, mg_TessBConic: the list loses the elements that it held. Expected:
     // points are appended, as by the other tessellators. Kept: callers and stored data depend on
     // it. (test: AListIsReplaced)
     suDynamicArray<mgPoint_c> points;
     try {
-        if (refine(BlendedConic(*conic, *flatness), points)) output.assign(points);
+        if (refine(BlendedConic(*conic, *flatness), normal, points)) output.assign(points);
     } catch (std::bad_alloc const &) { // no memory for the samples: count stays 0
     }
 }
