@@ -14,6 +14,8 @@ template <std::size_t size>
 struct Floats : std::array<float, size> {
     operator float *() { return this->data(); }
     operator float const *() const { return this->data(); }
+    float &operator[](int i) { return this->data()[i]; }
+    float const &operator[](int i) const { return this->data()[i]; }
 };
 using Vec = Floats<3>;
 using Mat = Floats<16>;
@@ -21,7 +23,7 @@ using Mat = Floats<16>;
 constexpr float kQuarter = 1.57079637F, kHalf = 3.14159274F; // the floats nearest to pi / 2 and pi
 
 void CheckNear(Vec const &expected, Vec const &actual, float bound, Caller = {}) {
-    for (std::size_t i = 0; i < 3; ++i) EXPECT_NEAR(expected[i], actual[i], bound) << i;
+    for (int i = 0; i < 3; ++i) EXPECT_NEAR(expected[i], actual[i], bound) << i;
 }
 
 TEST(Gfxmath, VectorOperationsMayWriteOverTheirInputs) {
