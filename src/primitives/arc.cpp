@@ -4,7 +4,7 @@
 #include <vexmath/arc.h>
 #include <vexmath/mg_vector.h>
 
-#include <limits>
+#include <cmath>
 
 using vexmath::kFullTurnBound;
 using vexmath::kTwoPi;
@@ -19,11 +19,11 @@ constexpr double kSameAngle = 1e-11;
 double degrees(double angle) { return angle * vexmath::kInvPi * vexmath::kHalfTurnDeg; }
 
 /// Subtracts full turns while the angle exceeds the bound. One by one, because a single product
-/// would change last bits; but an angle of very many turns first loses them by a remainder.
+/// would change last bits; but an angle of very many turns first loses them by a remainder, which
+/// is NaN for infinity.
 double reduced(double angle, double bound) {
     /// Absolute angle in radians up to which no remainder is taken; bound included.
     constexpr double kFewTurns = 1e6;
-    if (!std::isfinite(angle)) return std::numeric_limits<double>::quiet_NaN();
     double rest = std::fabs(angle) > kFewTurns ? std::fmod(angle, kTwoPi) : angle;
     while (rest > bound) rest -= kTwoPi;
     return rest;
@@ -55,12 +55,7 @@ mgArc_c::mgArc_c(mgUnitVector_c const &normal, mgPoint_c const &centre, mgPoint_
     // QUIRK: arc.h, mgArc_c::mgArc_c: a full circle from points ends at 6.283185307179586, the
     // double nearest to 2 pi. Expected: 6.2831853071796, the full turn of all other angles. Kept:
     // callers and stored data depend on it. (test: FromPointsSweepsCounterClockwiseAboutTheNormal)
-    if (std::fabs(endAngle_) < kSameAngle) endAngle_ = vexmath::kTwoPiExact;
-    // Both within a turn, and start before end. A full turn stays, and so does what exceeds it by
-    // rounding.
-    startAngle_ = reduced(startAngle_, kFullTurnBound);
-    endAngle_ = reduced(endAngle_, kFullTurnBound);
-    if (startAngle_ > endAngle_) endAngle_ += kTwoPi;
+    if (endAngle_ < kSameAngle) endAngle_ = vexmath::kTwoPiExact;
 }
 
 int mgArc_c::isValid() const {

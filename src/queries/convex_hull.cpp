@@ -129,13 +129,14 @@ public:
 
 private:
     VEXMATH_NEVER_INLINE bool appendToFull(mg2DPoint_c const &p) {
-        mg2DPoint_c *const block = hull_.Data(); // null before the first point
-        std::uint16_t const keepFlag = block ? headerOf(block)->keepFlag : 0;
+        mg2DPoint_c *const block = hull_.Data();
+        if (block == nullptr) return hull_.Add(p) >= 0;
+        std::uint16_t const keepFlag = headerOf(block)->keepFlag;
         // An array that cannot grow releases its block, unless that has the keep flag. A block that
         // grows loses the flag.
-        if (block) headerOf(block)->keepFlag = 1;
+        headerOf(block)->keepFlag = 1;
         if (hull_.Add(p) >= 0) return true;
-        if (block) headerOf(block)->keepFlag = keepFlag;
+        headerOf(block)->keepFlag = keepFlag;
         hull_.Adopt(static_cast<mg2DPoint_c *>(amDynamicArrayResize(block, begin_)));
         return false;
     }

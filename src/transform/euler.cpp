@@ -45,9 +45,6 @@ double supplement(double a) {
     return a;
 }
 
-/// At least minus a full turn.
-double floored(double angle) { return angle <= -vexmath::kTwoPi ? -vexmath::kTwoPi : angle; }
-
 } // namespace
 
 int mgXform_c::getThreeAngles(double &a1, double &a2, double &a3) const {
@@ -77,9 +74,9 @@ int mgXform_c::getThreeAngles(double &a1, double &a2, double &a3) const {
             return 0;
         }
     }
-    a1 = floored(g);
-    a2 = floored(b);
-    a3 = floored(a);
+    a1 = g;
+    a2 = b;
+    a3 = a;
     return 1;
 }
 

@@ -138,6 +138,8 @@ TEST(Roots, OfACharacteristicCubicDescend) {
     CheckGood(0, 11, 6, mgGoodEqu3_Failed), CheckGood(6, kNaN, 6, mgGoodEqu3_Failed);
     CheckGood(3, 2, 0, mgGoodEqu3_Failed); // of the roots 2, 1 and 0
     CheckGood(3, 0, 0.1, mgGoodEqu3_Failed);
+    double const h = 0x1p-17;
+    CheckGood(6 * h, 11 * h * h, 6 * h * h * h, mgGoodEqu3_ThreeRoots, 3 * h, 2 * h, h);
 }
 
 // With a = 3 and b = 2.25 the cosine is 4 c - 1.

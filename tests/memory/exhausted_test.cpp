@@ -244,13 +244,13 @@ TEST(Exhausted, AListIsEmpty) {
         trial.run([&] { other = list; });
         return stateOf(0, other);
     });
-    CheckAnswer("add a word", -1, [] {
+    CheckAnswer("add a word", -2, [] { // -1, and no words
         // Without it clang leaves the block out.
         [[maybe_unused]] static su_CDWordArray *volatile seen;
         su_CDWordArray words;
         seen = &words;
         int const index = words.Add(1);
-        return index + words.GetSize();
+        return 2 * index + words.GetSize();
     });
 }
 
@@ -385,10 +385,16 @@ TEST(Exhausted, ClashesAreNotFound) {
         auto const size = static_cast<std::size_t>(n);
         std::vector<mgBBox_c> const boxes(size, mgBBox_c(mgPoint_c(1.0, 2.0, 3.0), 2.0));
         std::vector<mgXform_c> const placements(size);
+        std::vector<mgXform_c> apart; // but for the last four
+        for (int i = 0; i < n; ++i)
+            apart.push_back(mg_RotateXform(1.0, {1, 2, 3}, 0.0)
+                            * mg_TranslateXform(V(100.0 * std::min(i, n - 4), 0, 0)));
         mgBBox_c const *const all = boxes.data();
         CheckFound<Pair>("all", -1, 0, [&](auto &to) { return mg_FindClashes(all, n, 0.0, to); });
         CheckFound<Pair>("placed", -1, 0,
                          [&](auto &to) { return mg_FindClashes(all, placements.data(), n, to); });
+        CheckFound<Pair>("placed apart", -1, 0,
+                         [&](auto &to) { return mg_FindClashes(all, apart.data(), n, to); });
         CheckFound<Pair>("both", -1, 0,
                          [&](auto &to) { return mg_FindClashes(all, n, all, n, 0.0, to); });
     }

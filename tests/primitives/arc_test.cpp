@@ -41,9 +41,10 @@ TEST(Arc, FromPointsSweepsCounterClockwiseAboutTheNormal) {
 }
 
 TEST(Arc, EndsAreComputedInThePlaneOfTheCentresZ) {
-    mgArc_c arc(right, {1, 2, 3}, {1, 4, 3}, {1, 2, 5});
-    P centre, start, end, computed;
     U normal;
+    normal.set(2, 0, 0);
+    mgArc_c arc(normal, {1, 2, 3}, {1, 4, 3}, {1, 2, 5});
+    P centre, start, end, computed;
     arc.getCenter(centre), arc.getStart(start), arc.getEnd(end);
     arc.getStartPoint(computed), arc.getNormal(normal);
     EXPECT_BITS_EQ(P(1, 2, 3), centre);

@@ -67,7 +67,8 @@ TEST(DynamicArray, HeaderLiesInFrontOfElementZero) {
     void *const like = suDynArrayAlloc1(0, array);
     expected[0] = expected[4] = 0;
     EXPECT_EQ(0, std::memcmp(expected, &headerOf(like), 16));
-    EXPECT_FALSE(suDynArrayAlloc1(-1, array));
+    headerOf(like).elementSize = 1;
+    EXPECT_FALSE(suDynArrayAlloc1(-1, like));
     EXPECT_FALSE(suDynArrayAlloc1(3, nullptr));
     amDynamicArrayFree(array); // kept
     headerOf(array).keepFlag = 0;

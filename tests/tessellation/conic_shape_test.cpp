@@ -87,6 +87,7 @@ TEST(ConicShape, SumsThatCancelKeepTheirDigits) {
     P const flat(0, 0x1p-20, 0), left(-1, 0, 0), right(1, 0, 0);
     CheckNear(std::sqrt(0.5), eccByRho(0.5 - 0x1p-44, left, right, flat), 1e-11);
     CheckNear(std::sqrt(1.5), eccByRho(0.5 + 0x1p-44, left, right, flat), 1e-11);
+    CheckNear(std::sqrt(0.8) / 0.9 * 0x1p20, eccByRho(0.9, left, right, flat), 1e-11);
     // Far from the origin, with the shoulder off the median.
     double const q = 0x1p40;
     CheckNear(0.25, rho({{q, 9, 0}, {q, 11, 0}, {q + 1, 10, 0}, {q + 0.25, 7, 9}}), 1e-15);
@@ -113,7 +114,7 @@ TEST(ConicShape, WhatIsDegenerateHasNoResult) {
         check(isNone, {left, right, {7, h, 0}, {}}), check(isNone, {{0, 0, 0}, {h, 0, 0}, top, {}});
         checkShoulder(isNone, {left, right, top, {5, h, 6}}); // on the chord, on the apex
         checkShoulder(isNone, {left, right, {0, 4, 0}, {5, h, 6}});
-        checkShoulder(isNone, {{-1, -1, 0}, {1, -1, 0}, {0, 0, 0}, {5, -h, 6}});
+        checkShoulder(isNone, {{-1, -4, 0}, {1, -4, 0}, {0, 0, 0}, {5, -h, 6}});
         EXPECT_EQ(isNone, mg_getPointEccentricity({0, 3, 0}, top, {{h, 9, 0}, {0, 1, 0}}) == -1);
         EXPECT_EQ(isNone, xConic(1, h, 1) == -1);
     }

@@ -25,6 +25,7 @@ TEST(Angles, AReferenceMeasuresTheLongWayRound) {
     EXPECT_BITS_EQ(kTurn, mg_AngleBetween(x, x - 1e-17 * y, z)); // by rounding
     EXPECT_BITS_EQ(kTurn - right, mg_AngleBetween2d(x, -y));
     EXPECT_BITS_EQ(0.0, mg_AngleBetween2d(y, y));
+    EXPECT_BITS_EQ(0.0, mg_AngleBetween2d(V(-1, -1, -1), V())); // not pi, for a product of -0
     // The dot product includes z: 6 and not 2.
     EXPECT_BITS_EQ(std::atan2(1.0, 6.0), mg_AngleBetween2d(x + 2.0 * z, 2.0 * x + y + 2.0 * z));
 }
