@@ -40,13 +40,11 @@ PlacedLimits limitsOf(PlacedBounds const &bounds, FloatFrame const &frame) {
 }
 
 bool mayClash(PlacedLimits const &a, PlacedLimits const &b) {
-    double distanceSq = 0.0;
-    for (int i = 0; i < 3; ++i) {
-        double const d = a.centre[i] - b.centre[i];
-        distanceSq += d * d;
-    }
+    double const x = a.centre[0] - b.centre[0];
+    double const y = a.centre[1] - b.centre[1];
+    double const z = a.centre[2] - b.centre[2];
     double const reach = a.radius + b.radius;
-    if (distanceSq > reach * reach) return false;
+    if (x * x + y * y + z * z > reach * reach) return false;
     if (!a.isAligned && !b.isAligned) return true;
     for (int i = 0; i < 3; ++i)
         if (!(a.low[i] <= b.high[i] && b.low[i] <= a.high[i])) return false;

@@ -138,6 +138,8 @@ TEST(Roots, OfACharacteristicCubicDescend) {
     CheckGood(0, 11, 6, mgGoodEqu3_Failed), CheckGood(6, kNaN, 6, mgGoodEqu3_Failed);
     CheckGood(3, 2, 0, mgGoodEqu3_Failed); // of the roots 2, 1 and 0
     CheckGood(3, 0, 0.1, mgGoodEqu3_Failed);
+    CheckGood(3, 0.0014285714285714286, 1.7007952799982022e-07, mgGoodEqu3_LowerPairEqual,
+              2.9995237528209655, 0.00023812358951724732, 0.00023812358951724732); // on the bound
     double const h = 0x1p-17;
     CheckGood(6 * h, 11 * h * h, 6 * h * h * h, mgGoodEqu3_ThreeRoots, 3 * h, 2 * h, h);
 }
