@@ -254,7 +254,7 @@ class Call:
     before: list[str] = field(default_factory=list)
     arguments: list[str] = field(default_factory=list)
     results: list[str] = field(default_factory=list)
-    has_lists: bool = False
+    filled: str = ""  # the call of rows.h around one that fills a list
 
     def take(self, kind: str, p: Parameter, argument: str) -> None:
         self.inputs.append(f"{kind}{p.name}")
@@ -266,9 +266,6 @@ class Call:
 def element(kind: str) -> str | None:
     match = re.match(r"suDynamicArray<(\w+)>$", kind)
     return match.group(1) if match else None
-
-
-NUMBER_OF = {"int": "int", "mgIndexPair_c": "int"}
 
 
 def call_of(made: Declaration) -> Call:
@@ -289,11 +286,14 @@ def call_of(made: Declaration) -> Call:
             call.take(f"Rows<{p.type}> const &", p, f"intCount({p.name}.count()), {p.name}.data()")
             is_counted = False
         elif item and (p.is_const or p.name in READ_ONLY or in_out):
-            call.take(f"Rows<{item}> const &", p, f"*{p.name}List")
-            call.before.append(f"auto {p.name}List = listOf({p.name});")
+            call.take(f"Rows<{item}> const &", p, "list" if in_out else f"*{p.name}List")
+            if in_out:
+                call.filled = f"filled<{item}>({{}}, listOf({p.name}))"
+            else:
+                call.before.append(f"auto {p.name}List = listOf({p.name});")
         elif item:
-            call.before.append(f"auto {p.name}List = std::make_unique<{p.type}>();")
-            call.arguments.append(f"*{p.name}List")
+            call.filled = f"filled<{item}>({{}})"
+            call.arguments.append("list")
         elif size and p.is_const:
             call.take(f"std::array<{p.type}, {size}> const &", p, f"{p.name}.data()")
         elif size:
@@ -314,10 +314,6 @@ def call_of(made: Declaration) -> Call:
         else:
             is_plain = p.type in ("double", "int", "bool")
             call.take(f"{p.type} " if is_plain else f"{p.type} const &", p, address + p.name)
-        if item and (in_out or (p.is_output and p.name not in READ_ONLY)):
-            number = NUMBER_OF.get(item, "double")
-            call.results.append(f"handOver<{number}>(std::move({p.name}List))")
-            call.has_lists = True
     return call
 
 
@@ -327,8 +323,9 @@ def body(made: Declaration, call: Call, callee: str) -> str:
     before = " ".join(call.before)
     if made.result == "mgXform_c":
         return f"{before} return new mgXform_c({expression});"
-    if call.has_lists:
-        return f"{before} listed([&] {{ return {expression}; }}); return {call.results[0]};"
+    if call.filled:
+        fill = f"[&](auto &list) {{ return {expression}; }}"
+        return f"{before} return {call.filled.format(fill)};"
     if made.name in COUNTED:
         output = call.results[0].replace(".get()", ".value")
         return f"{before} int const count = {expression}; return firstOf({output}, count);"

@@ -62,33 +62,32 @@ inline py::array_t<double> newRows(py::ssize_t count, int columns) {
     return py::array_t<double>(std::vector<py::ssize_t>{count, columns});
 }
 
-/// The elements of a list of the library, with the list as owner of the memory.
-template <class Number, class T>
-py::array_t<Number> handOver(std::unique_ptr<suDynamicArray<T>> list) {
-    constexpr py::ssize_t kColumns = sizeof(T) / sizeof(Number);
-    py::ssize_t const count = list->Count();
-    std::vector<py::ssize_t> shape{count};
-    if (kColumns > 1) shape.push_back(kColumns);
-    if (count == 0) return py::array_t<Number>(shape);
-    auto *const elements = reinterpret_cast<Number *>(list->Data());
-    py::capsule const owner(list.release(), [](void *p) {
-        std::default_delete<suDynamicArray<T>>()(static_cast<suDynamicArray<T> *>(p));
-    });
-    return py::array_t<Number>(shape, elements, owner);
-}
+/// What the elements of a list of the library consist of.
+template <class T>
+using NumberOf =
+    std::conditional_t<std::is_same_v<T, int> || std::is_same_v<T, mgIndexPair_c>, int, double>;
 
-/// Calls a function that fills a list, without Python's lock. A negative result: no memory.
-template <class F>
-void listed(F fill) {
+/// Calls a function that fills a list, without Python's lock. The array that it returns owns the
+/// list. A negative result of the function: no memory.
+template <class T, class F>
+py::array_t<NumberOf<T>>
+filled(F fill, std::unique_ptr<suDynamicArray<T>> list = std::make_unique<suDynamicArray<T>>()) {
     bool isExhausted = false;
     {
         py::gil_scoped_release const released;
-        if constexpr (std::is_void_v<decltype(fill())>)
-            fill();
+        if constexpr (std::is_void_v<decltype(fill(*list))>)
+            fill(*list);
         else
-            isExhausted = fill() < 0;
+            isExhausted = fill(*list) < 0;
     }
     if (isExhausted) throw std::bad_alloc();
+    std::vector<py::ssize_t> shape{list->Count()};
+    if (sizeof(T) > sizeof(NumberOf<T>)) shape.push_back(sizeof(T) / sizeof(NumberOf<T>));
+    auto *const elements = reinterpret_cast<NumberOf<T> *>(list->Data());
+    py::capsule const owner(list.release(), [](void *p) {
+        std::default_delete<suDynamicArray<T>>()(static_cast<suDynamicArray<T> *>(p));
+    });
+    return py::array_t<NumberOf<T>>(shape, elements, owner);
 }
 
 inline int intCount(py::ssize_t count) {
