@@ -5,11 +5,9 @@
 import sys
 from pathlib import Path
 
-import matplotlib
-
-matplotlib.use("Agg")
-import matplotlib.pyplot as plt
 import numpy as np
+from matplotlib.figure import Figure
+from matplotlib.patches import Polygon
 
 import vexmath as vm
 
@@ -40,10 +38,11 @@ def main(folder):
     boxes, placements = parts()
     pairs = vm.find_placed_clashes(boxes, placements)
     clashing = set(pairs.ravel().tolist())
-    figure, axes = plt.subplots(figsize=(8, 5), layout="constrained")
+    figure = Figure(figsize=(8, 5), layout="constrained")
+    axes = figure.subplots()
     for i, (box, placement) in enumerate(zip(boxes, placements)):
         fill = "#d95f4c" if i in clashing else "#c8d3de"
-        axes.add_patch(plt.Polygon(outline(box, placement), fc=fill, ec="#333333", lw=0.6))
+        axes.add_patch(Polygon(outline(box, placement), fc=fill, ec="#333333", lw=0.6))
     for i, j in pairs:
         a, b = placements[i].translation, placements[j].translation
         axes.plot([a.x, b.x], [a.y, b.y], "o-", color="black", lw=0.9, ms=2.2)

@@ -5,11 +5,8 @@
 import sys
 from pathlib import Path
 
-import matplotlib
-
-matplotlib.use("Agg")
-import matplotlib.pyplot as plt
 import numpy as np
+from matplotlib.figure import Figure
 
 import vexmath as vm
 
@@ -36,7 +33,8 @@ def length(points):
 def main(folder):
     points = holes()
     tour = points[vm.closed_tour(points)]
-    figure, panels = plt.subplots(1, 2, figsize=(9, 4.8), layout="constrained")
+    figure = Figure(figsize=(9, 4.8), layout="constrained")
+    panels = figure.subplots(1, 2)
     for axes, path, name in zip(panels, (points, tour), ("as listed", "closed tour")):
         closed = np.vstack([path, path[:1]])
         axes.plot(closed[:, 0], closed[:, 1], color="#4c7fb5", lw=0.9)

@@ -5,11 +5,9 @@
 import sys
 from pathlib import Path
 
-import matplotlib
-
-matplotlib.use("Agg")
-import matplotlib.pyplot as plt
 import numpy as np
+from matplotlib.figure import Figure
+from matplotlib.patches import Polygon
 
 import vexmath as vm
 
@@ -41,12 +39,13 @@ def draw(axes, outlines, angle, spacing, colour):
     for a, b in ends:
         axes.plot([a[0], b[0]], [a[1], b[1]], color=colour, lw=0.7)
     for outline in outlines:
-        axes.add_patch(plt.Polygon(outline[:, :2], fill=False, ec="#222222", lw=1.3))
+        axes.add_patch(Polygon(outline[:, :2], fill=False, ec="#222222", lw=1.3))
     return len(ends)
 
 
 def main(folder):
-    figure, axes = plt.subplots(figsize=(6, 6), layout="constrained")
+    figure = Figure(figsize=(6, 6), layout="constrained")
+    axes = figure.subplots()
     count = draw(axes, hub(), np.pi / 4, 1.8, "#4c7fb5")
     count += draw(axes, key(), -np.pi / 4, 0.9, "#b5674c")
     axes.set(title=f"Section with {count} hatch lines", aspect="equal")

@@ -5,11 +5,8 @@
 import sys
 from pathlib import Path
 
-import matplotlib
-
-matplotlib.use("Agg")
-import matplotlib.pyplot as plt
 import numpy as np
+from matplotlib.figure import Figure
 
 import vexmath as vm
 
@@ -45,7 +42,8 @@ def main(folder):
     camera, parts = view(), boxes()
     start, direction, *_ = vm.view_ray(camera, CLICK, True)
     picked, hit = vm.BoxIndex(parts).first_on_ray(start, direction)
-    figure, axes = plt.subplots(figsize=(7, 5.4), layout="constrained")
+    figure = Figure(figsize=(7, 5.4), layout="constrained")
+    axes = figure.subplots()
     for i, box in enumerate(parts):
         draw(axes, box, camera, *(("#d95f4c", 2.0) if i == picked else ("#8fa3b5", 0.9)))
     axes.plot(CLICK.x, CLICK.y, "+", color="black", ms=16)

@@ -5,11 +5,8 @@
 import sys
 from pathlib import Path
 
-import matplotlib
-
-matplotlib.use("Agg")
-import matplotlib.pyplot as plt
 import numpy as np
+from matplotlib.figure import Figure
 
 import vexmath as vm
 
@@ -40,7 +37,8 @@ def error(points, minor):
 
 
 def main(folder):
-    figure, (left, right) = plt.subplots(1, 2, figsize=(9, 4.2), layout="constrained")
+    figure = Figure(figsize=(9, 4.2), layout="constrained")
+    left, right = figure.subplots(1, 2)
     left.loglog(TOLERANCES, TOLERANCES, "--", color="#999999", label="error = tolerance")
     circle, ellipse = (half_circle, RADIUS, "half circle"), (half_ellipse, MINOR, "half ellipse")
     for make, minor, name in (circle, ellipse):
