@@ -3,7 +3,6 @@
 """A section through a hub with a key way and four bores, hatched; the key is hatched crosswise."""
 
 import sys
-from pathlib import Path
 
 import numpy as np
 from matplotlib.figure import Figure
@@ -43,15 +42,11 @@ def draw(axes, outlines, angle, spacing, colour):
     return len(ends)
 
 
-def main(folder):
-    figure = Figure(figsize=(6, 6), layout="constrained")
-    axes = figure.subplots()
-    count = draw(axes, hub(), np.pi / 4, 1.8, "#4c7fb5")
-    count += draw(axes, key(), -np.pi / 4, 0.9, "#b5674c")
-    axes.set(title=f"Section with {count} hatch lines", aspect="equal")
-    axes.axis("off")
-    figure.savefig(Path(folder) / "hatched_section.png", dpi=70, pil_kwargs={"optimize": True})
-
-
-if __name__ == "__main__":
-    main(sys.argv[1] if len(sys.argv) > 1 else Path(__file__).parent)
+figure = Figure(figsize=(6, 6), layout="constrained")
+axes = figure.subplots()
+count = draw(axes, hub(), np.pi / 4, 1.8, "#4c7fb5")
+count += draw(axes, key(), -np.pi / 4, 0.9, "#b5674c")
+axes.set(title=f"Section with {count} hatch lines", aspect="equal")
+axes.axis("off")
+picture = sys.argv[1] if len(sys.argv) > 1 else __file__.replace(".py", ".png")
+figure.savefig(picture, dpi=70, pil_kwargs={"optimize": True})
