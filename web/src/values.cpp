@@ -170,11 +170,7 @@ val firstOnRay(mgBoxIndex_c const &index, Direction const &ray) {
     mgPoint_c hit;
     mgLine_c const line = lineOf(ray);
     int const box = index.firstOnRay(line.rootPoint(), line.direction(), &hit);
-    if (box < 0) return val::null();
-    val result = val::object();
-    result.set("box", box);
-    result.set("point", hit);
-    return result;
+    return box < 0 ? val::null() : objectOf({{"box", val(box)}, {"point", val(hit)}});
 }
 
 // Polygons, tours, curves.
