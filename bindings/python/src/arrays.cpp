@@ -53,18 +53,14 @@ T const &itemOf(py::handle item) {
 
 Boxes::Boxes(py::handle object) {
     if (isRows(object, "Box")) {
-        rows = Rows<mgBBox_c>(object);
+        array = requireRows(object, kColumns, false);
         return;
     }
-    rows.array = newRows(0, Rows<mgBBox_c>::kColumns);
+    std::vector<mgBBox_c> copies;
     for (py::object const box : py::reinterpret_borrow<py::sequence>(object))
         copies.push_back(itemOf<mgBBox_c>(box));
-}
-
-int Boxes::count() const {
-    auto const count = copies.empty() ? rows.count() : static_cast<py::ssize_t>(copies.size());
-    if (count > INT_MAX) throw py::value_error("more than 2147483647 boxes");
-    return static_cast<int>(count);
+    array = newRows(static_cast<py::ssize_t>(copies.size()), kColumns);
+    std::copy(copies.begin(), copies.end(), mutableData());
 }
 
 Placements::Placements(py::handle object) {
@@ -156,40 +152,41 @@ py::array_t<double> distances(Points const &points,
 }
 
 /// Results of one intersection for each row: kinds, and points that are NaN where none was written.
-template <class F>
-auto intersectionForEach(py::ssize_t count, F f) {
-    py::array_t<int> kinds(count);
-    py::array_t<double> points = newRows(count, 3);
-    std::fill_n(points.mutable_data(), 3 * count, std::numeric_limits<double>::quiet_NaN());
+template <class F, class First, class... Others>
+auto intersectionForEach(F intersect, Rows<First> const &first, Rows<Others> const &...others) {
+    (requireSame(first.count(), others.count()), ...);
+    py::array_t<int> kinds(first.count());
+    py::array_t<double> points = newRows(first.count(), 3);
+    std::fill_n(points.mutable_data(), points.size(), std::numeric_limits<double>::quiet_NaN());
     int *const kind = kinds.mutable_data();
     auto *const point = reinterpret_cast<Point *>(points.mutable_data());
     WithoutLock const released;
-    for (py::ssize_t i = 0; i < count; ++i) kind[i] = f(i, point[i]);
+    for (py::ssize_t i = 0; i < first.count(); ++i)
+        kind[i] = intersect(first.data()[i], others.data()[i]..., point[i]);
     return std::pair(std::move(kinds), std::move(points));
 }
 
 auto intersectLinesPlane(Points const &roots, Rows<Direction> const &directions,
                          mgPlane_c const &plane) {
-    requireSame(roots.count(), directions.count());
-    return intersectionForEach(roots.count(), [&](py::ssize_t i, Point &out) {
-        return mg_LineIntPlane({roots.data()[i], directions.data()[i]}, plane, &out, nullptr);
-    });
+    auto const intersect = [&](Point const &root, Direction const &direction, Point &out) {
+        return mg_LineIntPlane({root, direction}, plane, &out, nullptr);
+    };
+    return intersectionForEach(intersect, roots, directions);
 }
 
 auto intersectSegmentArrays(Points const &a1, Points const &b1, Points const &a2, Points const &b2,
                             double tol) {
-    for (Points const *other : {&b1, &a2, &b2}) requireSame(a1.count(), other->count());
-    return intersectionForEach(a1.count(), [&](py::ssize_t i, Point &out) {
-        return mg_LineSegIntLineSeg(a1.data()[i], b1.data()[i], a2.data()[i], b2.data()[i], out,
-                                    tol);
-    });
+    auto const intersect = [&](auto &...endsAndOut) {
+        return mg_LineSegIntLineSeg(endsAndOut..., tol);
+    };
+    return intersectionForEach(intersect, a1, b1, a2, b2);
 }
 
 auto firstRayHits(mgBBox_c const &box, Points const &starts, Rows<Direction> const &directions) {
-    requireSame(starts.count(), directions.count());
-    return intersectionForEach(starts.count(), [&](py::ssize_t i, Point &out) {
-        return box.getFirstRayHit(starts.data()[i], directions.data()[i], &out);
-    });
+    auto const intersect = [&](Point const &start, Direction const &direction, Point &out) {
+        return box.getFirstRayHit(start, direction, &out);
+    };
+    return intersectionForEach(intersect, starts, directions);
 }
 
 void bindPointArrays(py::module_ &m) {
@@ -215,11 +212,7 @@ void bindPointArrays(py::module_ &m) {
           "box"_a, "starts"_a, "directions"_a);
 }
 
-py::array_t<double> boxRows(Boxes const &boxes) {
-    py::array_t<double> rows = newRows(boxes.count(), Rows<mgBBox_c>::kColumns);
-    std::copy_n(boxes.data(), boxes.count(), reinterpret_cast<mgBBox_c *>(rows.mutable_data()));
-    return rows;
-}
+py::array_t<double> boxRows(Boxes const &boxes) { return boxes.array.attr("copy")(); }
 
 std::vector<mgBBox_c> boxesOf(Rows<mgBBox_c> const &rows) {
     return {rows.data(), rows.data() + rows.count()};

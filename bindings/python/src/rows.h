@@ -8,6 +8,7 @@
 
 #include <climits>
 #include <memory>
+#include <type_traits>
 #include <vector>
 
 namespace bind {
@@ -15,9 +16,11 @@ namespace bind {
 /// Refuses everything but an aligned, C-contiguous array of float64 rows of that many columns.
 py::array requireRows(py::handle object, int columns, bool isWritten);
 
+struct ArrayArgument {};
+
 /// Rows of doubles as an array of T, which consists of as many.
 template <class T, bool isWritten = false>
-struct Rows {
+struct Rows : ArrayArgument {
     static constexpr auto kName = py::detail::const_name("numpy.ndarray[numpy.float64]");
     static constexpr int kColumns = sizeof(T) / sizeof(double);
     static_assert(std::is_trivially_copyable_v<
@@ -33,21 +36,22 @@ struct Rows {
     py::array array;
 };
 
+inline int intCount(py::ssize_t count) {
+    if (count > INT_MAX) throw py::value_error("more than 2147483647 rows");
+    return static_cast<int>(count);
+}
+
 /// Boxes: rows, or a sequence of boxes, which is copied.
-struct Boxes {
+struct Boxes : Rows<mgBBox_c> {
     static constexpr auto kName = py::detail::const_name("BoxesLike"); // as the stubs call it
     Boxes() = default;
     explicit Boxes(py::handle object);
-    int count() const;
-    mgBBox_c const *data() const { return copies.empty() ? rows.data() : copies.data(); }
-
-    Rows<mgBBox_c> rows;
-    std::vector<mgBBox_c> copies;
+    int count() const { return intCount(Rows::count()); }
 };
 
 /// Placements: rows of nine elements, translation and scale, or a sequence of transforms. Either is
 /// copied with its fields as they are.
-struct Placements {
+struct Placements : ArrayArgument {
     static constexpr auto kName = py::detail::const_name("PlacementsLike");
     Placements() = default;
     explicit Placements(py::handle object);
@@ -90,11 +94,6 @@ filled(F fill, std::unique_ptr<suDynamicArray<T>> list = std::make_unique<suDyna
     return py::array_t<NumberOf<T>>(shape, elements, owner);
 }
 
-inline int intCount(py::ssize_t count) {
-    if (count > INT_MAX) throw py::value_error("more than 2147483647 rows");
-    return static_cast<int>(count);
-}
-
 /// A list that holds a copy of the rows.
 template <class T>
 std::unique_ptr<suDynamicArray<T>> listOf(Rows<T> const &rows) {
@@ -105,19 +104,11 @@ std::unique_ptr<suDynamicArray<T>> listOf(Rows<T> const &rows) {
     return list;
 }
 
-template <class T>
-inline constexpr bool isArrayArgument = false;
-template <class T, bool isWritten>
-inline constexpr bool isArrayArgument<Rows<T, isWritten>> = true;
-template <>
-inline constexpr bool isArrayArgument<Boxes> = true;
-template <>
-inline constexpr bool isArrayArgument<Placements> = true;
-
 } // namespace bind
 
 template <class T>
-struct pybind11::detail::type_caster<T, std::enable_if_t<bind::isArrayArgument<T>>> {
+struct pybind11::detail::type_caster<T,
+                                     std::enable_if_t<std::is_base_of_v<bind::ArrayArgument, T>>> {
     PYBIND11_TYPE_CASTER(T, T::kName);
     bool load(handle source, bool) {
         value = T(source);
