@@ -9,7 +9,7 @@ bound by hand in src/, or not bound, is listed here: a declaration that is neith
 
 import re
 import sys
-from collections.abc import Iterator
+from collections.abc import Iterable, Iterator
 from dataclasses import dataclass, field
 from pathlib import Path
 
@@ -31,15 +31,14 @@ ENUMERATIONS = {
     "mgPointOnLine_e": "PointOnLine", "mgPolylineArc_e": "PolylineArc",
     "mg_GoodEqu3Status": "CubicStatus",
 }  # fmt: skip
-HEADERS_LEFT_OUT = """checksum dynamic_array edge_data export forward gfxmath select_type
-    selection_sets su_dynamic_array tolerances vexmath""".split()
+HEADERS_LEFT_OUT = ["checksum", "edge_data", "select_type", "su_dynamic_array"]
 CLASSES_LEFT_OUT = {"gcMdiPoint_c", "mgTessPoint2D_c", "mgXform_64BitHelper_c", "mgIndexPair_c"}
 # Of every class, or of one. Numbers, bytes and sequences serve better in Python.
-LEFT_OUT = """set get component nullVector save2D restore2D Dump dump random SetHelper GetHelper
+LEFT_OUT = """set get component save2D restore2D Dump dump random SetHelper GetHelper
     getDataPtr loadIdentity mg_pointSelectionSort""".split()
 BY_HAND = """save restore restoreAsIs saveStringRep restoreStringRep create getPerspectiveInfo
     addPerspectiveInfo deletePerspectiveInfo mgBoxIndex_c::build mgBoxIndex_c::clashesOf
-    mgBBox_c::set mg_TransformPoints mg_BoundPoints mg_MultiplyXforms mg_FindClashes mg_ZoomBoxToBox
+    mg_TransformPoints mg_BoundPoints mg_MultiplyXforms mg_FindClashes mg_ZoomBoxToBox
     getBaricentricCoordinates mg_Clip2DArcToBox minCnvxPlgRect mg_calcHatchLinesPolygon2D
     mg_pointQuickSort mg_TessArc mg_TessEllipse mg_TessParabola mg_TessBConic
     mg_TessParabolaOrBConic""".split()
@@ -53,48 +52,42 @@ OPTIONAL = """mgMatrix_c::getRotationAngle::axis mg_PutParamInRange::endParam
 IGNORED = {"getMatrixFromEigs::values": "nullptr"}
 # They point to so many. Of some, the function returns how many it has written.
 ARRAYS = {
-    "roots": 3, "checkCollinear::pts": 3, "mg_Find3PointArcCenter::pts": 3, "scales": 3,
+    "roots": 3, "checkCollinear::pts": 3, "mg_Find3PointArcCenter::pts": 3,
     "getEigensystem::values": 3, "vectors": 3, "getNullspace::basis": 3, "getScale::out": 3,
     "extremePts::out": 2, "gl": 16, "mg_FindBBox::out": 4,
 }  # fmt: skip
 COUNTED = ["getNullspace", "mg_solveQuadratic", "mg_solveCubic"]
 NUMBERS = """dominantComponentIndex getNearestAxis isReflection GetUseSphereBoundingBox firstOnRay
     SetUseSphereBoundingBox mg_GetUseVectorUnits mg_SetUseVectorUnits""".split()
-METHODS = """getGLData getGenGLData inverse transpose linearComponent normalise null isNull
-    isNotNull isOrthogonal isNearZero isNearIdentity isRigid maxBox convertToMatrix
+METHODS = """getGLData getGenGLData inverse transpose linearComponent null isNull
+    isNotNull isOrthogonal isNearZero isNearIdentity isRigid convertToMatrix
     quatToMatrix""".split()
-SETTERS = {"setNearClipPlaneDistance": "getPlaneDistance", "setTranslation": "getTranslation"}
+SETTERS = {"setNearClipPlaneDistance": "getPlaneDistance"}
 NAMES = {
     "len": "length", "sqlen": "squared_length", "null": "is_zero", "vol": "triple_product",
     "sqDist": "squared_distance", "dist": "distance", "rotate": "rotates", "vvt": "outer_square",
     "isReflection": "reflection", "equals": "is_same", "getPLUSrep": "plus_marker",
-    "getXrep": "cross_marker", "distToRay": "distance_to_ray", "distToLine": "distance_to_line",
-    "getIXAxis": "x_row", "getIYAxis": "y_row", "getIZAxis": "z_row", "pointPerp": "foot",
-    "pointPerpParam": "foot_param", "containsBBox": "contains_box",
-    "mgBBox_c::clash(static)": "clash_placed", "mgBBox_c::pointPerp": "nearest_point",
-    "mg_getModelSpaceViewRay": "view_ray", "mg_CoordinateXform": "frame",
+    "getXrep": "cross_marker", "pointPerp": "foot", "pointPerpParam": "foot_param",
+    "containsBBox": "contains_box", "mgBBox_c::clash(static)": "clash_placed",
+    "mgBBox_c::pointPerp": "nearest_point", "mg_getModelSpaceViewRay": "view_ray",
     "mg_getSgConicEccentricity": "shoulder_eccentricity",
     "mgSolveQuadratic": "solve_quadratic_sorted", "mgUnitVectorDer": "direction_derivative",
-    "interLine": "line_of_planes",
-    "s_projPointOnLine": "project_point_on_line", "matrixToQuat": "set_from_matrix",
-    "quatToMatrix": "to_matrix", "quatSlerp": "set_slerp", "convertToMatrix": "to_matrix",
-    "getGLData": "to_gl", "createFromGLData": "from_gl", "getGenGLData": "to_gen_gl",
-    "getScale": "scales", "getMatrixFromEigs": "from_eigenvectors", "extremePts": "extreme_points",
+    "interLine": "line_of_planes", "s_projPointOnLine": "project_point_on_line",
+    "matrixToQuat": "set_from_matrix", "quatToMatrix": "to_matrix", "quatSlerp": "set_slerp",
+    "convertToMatrix": "to_matrix", "createFromGLData": "from_gl", "getScale": "scales",
+    "getMatrixFromEigs": "from_eigenvectors", "extremePts": "extreme_points",
     "getNullspace": "null_space", "mg_GoodEqu3": "solve_characteristic",
     "mg_FindBBox": "placed_extent", "mg_Find3PointArcCenter": "arc_center_of_3_points",
-    "mg_OpenTSP": "open_tour", "mg_ClosedTSP": "closed_tour", "distTo": "distance_to",
-    "mg_LineIntPlane": "intersect_line_plane", "mg_PlaneIntPlane": "intersect_planes",
-    "mg_LineIntLine": "intersect_lines", "mg_LineIntLine2D": "intersect_lines_2d",
-    "mg_LineSegIntLineSeg": "intersect_segments", "mg_CircleIntCircle2D": "intersect_circles_2d",
-    "mg_LineSegIntLineSeg2D": "intersect_segments_2d", "getStartAngleInRadians": "start_angle",
-    "getEndAngleInRadians": "end_angle", "doScreenPointPerspectiveDivision": "divide",
+    "doScreenPointPerspectiveDivision": "divide",
     "doScreenPointInversePerspectiveDivision": "divide_inversely", "iGetAngle": "angle_of",
     "iValidateRepairXForm": "repair", "iValidateRepairRotationMatrix": "repair_rotation",
 }  # fmt: skip
 RULES = [
-    (r"^(mg_|mg(?=[A-Z])|s_)", ""), (r"^iValidate|^i(?=[A-Z])", ""), (r"^get(?=[A-Z])", ""),
-    (r"LineSeg(ment)?", "Segment"), (r"Seg(?=$|2D)", ""),
-    (r"^(\w+)Int([A-Z]\w+)$", r"intersect\1\2"), (r"^calc", ""),
+    (r"^(mg_|mg(?=[A-Z])|s_)", ""), (r"^iValidate|^i(?=[A-Z])", ""),
+    (r"^get((Gen)?GL)Data", r"to\1"), (r"^getI([XYZ])Axis", r"\1Row"), (r"^get(?=[A-Z])", ""),
+    (r"LineSeg(ment)?", "Segment"), (r"Seg(?=$|2D)", ""), (r"^(\w+)Int\1", r"intersect\1s"),
+    (r"^(\w+)Int([A-Z]\w+)$", r"intersect\1\2"), (r"^calc", ""), (r"^dist(?=To)", "distance"),
+    (r"TSP$", "Tour"), (r"InRadians$", ""),
     (r"Cyl$", "Cylinder"), (r"Disk", "Disc"), (r"Coordinate(?=Xform)", "Frame"),
     (r"(?<=\w)Xform", ""), (r"_v(?=\d)", ""),
 ]  # fmt: skip
@@ -105,8 +98,10 @@ OPERATORS = {
     "operator+=": "__iadd__", "operator-=": "__isub__", "operator*=": "__imul__",
     "operator|=": "__ior__", "operator&=": "__iand__",
 }  # fmt: skip
+# Where C++ has no binary operator, Python's works on a copy.
+COPIED = {"mgBBox_c": "|&*", "mgLine_c": "*", "mgPlane_c": "*", "mgCircle_c": "*"}
 OPERATORS_LEFT_OUT = ["operator" + mark for mark in ("()", "[]", "||", "<<", ">>", "=")]
-NOT_CALLED = ("#", "friend", "using", "template", "~", "operator ")
+NOT_CALLED = ("template", "~")
 BODIES = "// -----"
 TYPE = re.compile(r"^(class|struct|enum) (?:VEXMATH_API )?(\w+)(?: : (?:public )?([\w:]+))?[^;]*$")
 FUNCTION = re.compile(r"(operator\s*(?:\(\)|\[\]|[^\w\s(]+)|\w+)\s*\(")
@@ -254,7 +249,7 @@ class Call:
     before: list[str] = field(default_factory=list)
     arguments: list[str] = field(default_factory=list)
     results: list[str] = field(default_factory=list)
-    has_lists: bool = False
+    filled: str = ""  # the call of rows.h around one that fills a list
 
     def take(self, kind: str, p: Parameter, argument: str) -> None:
         self.inputs.append(f"{kind}{p.name}")
@@ -263,23 +258,16 @@ class Call:
         self.arguments.append(argument)
 
 
-def element(kind: str) -> str | None:
-    match = re.match(r"suDynamicArray<(\w+)>$", kind)
-    return match.group(1) if match else None
-
-
-NUMBER_OF = {"int": "int", "mgIndexPair_c": "int"}
-
-
 def call_of(made: Declaration) -> Call:
     call = Call()
     is_counted = False
     for index, p in enumerate(made.parameters):
         following = made.parameters[index + 1] if index + 1 < len(made.parameters) else None
         names = {p.name, f"{made.name}::{p.name}", f"{made.key}::{p.name}"}
-        item = element(p.type)
+        item = "".join(re.findall(r"^suDynamicArray<(\w+)>$", p.type))
         in_out = bool(names & set(IN_AND_OUT))
         size = next((ARRAYS[name] for name in names if name in ARRAYS), 0)
+        kind = f"std::array<{p.type}, {size}>" if size else p.type
         address = "&" if p.mark == "*" else ""
         if name := next((name for name in names if name in IGNORED), None):
             call.arguments.append(IGNORED[name])
@@ -289,17 +277,16 @@ def call_of(made: Declaration) -> Call:
             call.take(f"Rows<{p.type}> const &", p, f"intCount({p.name}.count()), {p.name}.data()")
             is_counted = False
         elif item and (p.is_const or p.name in READ_ONLY or in_out):
-            call.take(f"Rows<{item}> const &", p, f"*{p.name}List")
-            call.before.append(f"auto {p.name}List = listOf({p.name});")
+            call.take(f"Rows<{item}> const &", p, "list" if in_out else f"*{p.name}List")
+            if in_out:
+                call.filled = f"filled<{item}>({{}}, listOf({p.name}))"
+            else:
+                call.before.append(f"auto {p.name}List = listOf({p.name});")
         elif item:
-            call.before.append(f"auto {p.name}List = std::make_unique<{p.type}>();")
-            call.arguments.append(f"*{p.name}List")
+            call.filled = f"filled<{item}>({{}})"
+            call.arguments.append("list")
         elif size and p.is_const:
-            call.take(f"std::array<{p.type}, {size}> const &", p, f"{p.name}.data()")
-        elif size:
-            call.before.append(f"Output<std::array<{p.type}, {size}>> {p.name};")
-            call.arguments.append(f"{p.name}.value.data()")
-            call.results.append(f"{p.name}.get()")
+            call.take(f"{kind} const &", p, f"{p.name}.data()")
         elif names & set(OPTIONAL):
             call.take(f"std::optional<{p.type}> ", p, f"{p.name} ? &*{p.name} : nullptr")
             call.names[-1] += " = py::none()"
@@ -308,16 +295,12 @@ def call_of(made: Declaration) -> Call:
             call.take(f"{p.type} ", p, address + p.name)
             call.results.append(p.name)
         elif p.is_output:
-            call.before.append(f"Output<{p.type}> {p.name};")
-            call.arguments.append(f"{address}{p.name}.value")
+            call.before.append(f"Output<{kind}> {p.name};")
+            call.arguments.append(f"{p.name}.value.data()" if size else f"{address}{p.name}.value")
             call.results.append(f"{p.name}.get()")
         else:
             is_plain = p.type in ("double", "int", "bool")
             call.take(f"{p.type} " if is_plain else f"{p.type} const &", p, address + p.name)
-        if item and (in_out or (p.is_output and p.name not in READ_ONLY)):
-            number = NUMBER_OF.get(item, "double")
-            call.results.append(f"handOver<{number}>(std::move({p.name}List))")
-            call.has_lists = True
     return call
 
 
@@ -327,8 +310,9 @@ def body(made: Declaration, call: Call, callee: str) -> str:
     before = " ".join(call.before)
     if made.result == "mgXform_c":
         return f"{before} return new mgXform_c({expression});"
-    if call.has_lists:
-        return f"{before} listed([&] {{ return {expression}; }}); return {call.results[0]};"
+    if call.filled:
+        fill = f"[&](auto &list) {{ return {expression}; }}"
+        return f"{before} return {call.filled.format(fill)};"
     if made.name in COUNTED:
         output = call.results[0].replace(".get()", ".value")
         return f"{before} int const count = {expression}; return firstOf({output}, count);"
@@ -371,28 +355,23 @@ def operator(owner: str, made: Declaration) -> Iterator[str]:
     if name == "is_same":
         call = f"[]({a}, {owner} const &b) {{ return bool(a == b); }}"
         yield f'{cls}.def("is_same", {call}, doc("{made.key}").c_str(), "other"_a);'
-    elif len(types) == (0 if made.owner else 1):
-        yield f'{cls}.def("__neg__", []({a}) {{ return -a; }});'
-    elif symbol.endswith("=") and symbol != "==":
-        yield (
-            f'{cls}.def("{name}", [](py::object self, {b}) '
-            f'{{ self.cast<{owner} &>() {symbol} b; return self; }}, "other"_a);'
-        )
-        if (owner, name) in COPIED:
-            call = f"[]({owner} a, {b}) {{ a {symbol} b; return a; }}"
-            yield f'{cls}.def("{name.replace("__i", "__")}", {call}, "other"_a);'
+        return
+    if len(types) == (0 if made.owner else 1):
+        lambdas = [("__neg__", a, "return -a;")]
+    elif symbol.endswith("="):
+        code = f"self.cast<{owner} &>() {symbol} b; return self;"
+        lambdas = [(name, f"py::object self, {b}", code)]
+        if symbol[0] in COPIED.get(owner, ""):
+            copying = f"a {symbol} b; return a;"
+            lambdas.append((name.replace("__i", "__"), f"{owner} a, {b}", copying))
     elif types[0] == "double":
-        call = f"[]({owner} const &b, double a) {{ return a * b; }}"
-        yield f'{cls}.def("__rmul__", {call}, "other"_a);'
+        lambdas = [("__rmul__", f"{owner} const &b, double a", "return a * b;")]
     else:
-        for same in [name, "__matmul__"] if symbol == "%" else [name]:
-            yield f'{cls}.def("{same}", []({a}, {b}) {{ return {result}; }}, "other"_a);'
-
-
-# Where C++ has no binary operator, Python's works on a copy.
-COPIED = {("mgBBox_c", "__ior__"), ("mgBBox_c", "__iand__"), ("mgBBox_c", "__imul__")} | {
-    (name, "__imul__") for name in ("mgLine_c", "mgPlane_c", "mgCircle_c")
-}
+        names = [name, "__matmul__"] if symbol == "%" else [name]
+        lambdas = [(same, f"{a}, {b}", f"return {result};") for same in names]
+    for name, inputs, code in lambdas:
+        other = ', "other"_a' if "," in inputs else ""
+        yield f'{cls}.def("{name}", []({inputs}) {{ {code} }}{other});'
 
 
 class Generator:
@@ -437,7 +416,8 @@ class Generator:
     def is_property(self, made: Declaration) -> bool:
         call = call_of(made)
         is_read = made.is_const and made.owner and not call.names and made.name not in METHODS
-        return bool(is_read) and len(call.results) == (1 if made.result == "void" else 0)
+        wanted = 1 if made.result == "void" else 0
+        return bool(is_read) and len(call.results) == wanted and not call.filled
 
     def setter(self, made: Declaration) -> Declaration | None:
         bare = re.sub(r"^(get|is)(?=[A-Z\d])", "", made.name)
@@ -469,6 +449,9 @@ class Generator:
             yield bound(f"{cls}.{'fixed' if made.is_static else 'method'}(", made)
 
     def lines(self) -> Iterator[str]:
+        for name, values in self.values.items():
+            listed = '", "'.join(values)
+            yield f'enumeration<{name}>(classes.m, "{name}", {{"{listed}"}});'
         for made in self.found:
             if made.name in LEFT_OUT or {made.name, made.key} & set(BY_HAND):
                 continue
@@ -484,18 +467,16 @@ class Generator:
         names = {owner, self.bases.get(owner, "")}
         for made in self.found:
             types = [p.type for p in made.parameters]
-            if made.owner or made.name not in OPERATORS or made.name == "operator!=":
+            if made.owner or made.name not in OPERATORS:
                 continue
             if types[0] in names or (types[0] == "double" and types[1] in names):
                 if made.name != "operator==" or types == [owner, owner]:
                     yield from operator(owner, made)
 
     def enumerations(self) -> Iterator[str]:
-        yield "void bindEnumerations(py::module_ &m) {"
-        for name, values in self.values.items():
-            listed = '", "'.join(values)
-            yield f'    enumeration<{name}>(m, "{name}", {{"{listed}"}});'
-        yield "}"
+        for name, python in ENUMERATIONS.items():
+            text = f'static constexpr char text[] = "{python}";'
+            yield f"template <>\nstruct EnumName<{name}> {{\n    {text}\n}};"
 
     def classes(self) -> Iterator[str]:
         yield "struct Classes {\n    py::module_ &m;"
@@ -506,26 +487,21 @@ class Generator:
         yield "};"
 
 
-def write(path: Path, lines: list[str]) -> None:
-    text = "\n".join(lines) + "\n"
-    if not path.exists() or path.read_text() != text:
-        path.write_text(text)
-
-
 def main() -> None:
     made = Generator(Path(sys.argv[1]))
-    folder = Path(sys.argv[2])
-    write(folder / "docs.inc", list(made.table()))
-    write(folder / "classes.inc", list(made.classes()))
-    names = [f'VEXMATH_PYTHON_ENUM({name}, "{python}")' for name, python in ENUMERATIONS.items()]
-    write(folder / "enumerations.inc", names)
     lines = list(made.lines())
+    files: dict[str, Iterable[str]] = {
+        "docs.inc": made.table(),
+        "classes.inc": made.classes(),
+        "enumerations.inc": made.enumerations(),
+    }
     for part in range(PARTS):
         share = lines[part * len(lines) // PARTS : (part + 1) * len(lines) // PARTS]
-        code = [f"void bindPart{part}(Classes &classes) {{", *share, "}"]
-        head = ['#include "classes.h"', '#include "rows.h"', "namespace bind {"]
-        code += made.enumerations() if part == 0 else []
-        write(folder / f"part{part}.cpp", [*head, *code, "}"])
+        head = ['#include "classes.h"', '#include "rows.h"']
+        begin = f"void bind::bindPart{part}(Classes &classes) {{"
+        files[f"part{part}.cpp"] = [*head, begin, *share, "}"]
+    for name, content in files.items():
+        (Path(sys.argv[2]) / name).write_text("\n".join(content) + "\n")
 
 
 PARTS = 3

@@ -38,7 +38,7 @@ TYPES: list[tuple[str, str]] = [
 IN_PLACE = {"__iadd__": "__add__", "__isub__": "__sub__", "__imul__": "__mul__",
             "__ior__": "__or__", "__iand__": "__and__"}  # fmt: skip
 WIDER_THAN_BASE = {"GenTransform.__mul__"}
-WITHOUT_STUB = {"__reduce_ex__", "_pybind11_conduit_v1_"}
+WITHOUT_STUB = {"_arguments", "_pybind11_conduit_v1_"}
 
 
 def plain(annotation: str) -> str:

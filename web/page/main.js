@@ -8,7 +8,6 @@ import { View } from './view.js';
 
 const at = (id) => document.getElementById(id);
 const along = (axis, value = 1) => [0, 1, 2].map((k) => (k === axis ? value : 0));
-const rounded = (value, digits) => Number(value.toPrecision(digits));
 const MESHES = /\.(obj|stl|ply)$/i;
 const HATCHES = 60; // hatch lines across the assembly
 const KINDS = [['clashing', 'Clashing', '–'], ['touching', 'Touching', '–'], ['containing', 'Containing', 'contains']];
@@ -249,7 +248,7 @@ function pick(x, y) {
   at('pick-x').value = x.toFixed(3);
   at('pick-y').value = y.toFixed(3);
   at('hits').replaceChildren(...hits.map(({ part, distance }) =>
-    make('li', `${parts[part].name}, distance ${rounded(distance, 6)}`)));
+    make('li', `${parts[part].name}, distance ${Number(distance.toPrecision(6))}`)));
   if (hits.length) {
     at('parts').selectedIndex = hits[0].part;
     showPlace();

@@ -11,9 +11,9 @@
 #include "files.h"
 #include "panel.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <initializer_list>
 #include <map>
 #include <memory>
 #include <optional>
@@ -84,12 +84,6 @@ std::string bytesFrom(val const &array) {
     val const view(typed_memory_view(bytes.size(), reinterpret_cast<std::uint8_t *>(bytes.data())));
     view.call<void>("set", array);
     return bytes;
-}
-
-val objectOf(std::initializer_list<std::pair<char const *, val>> fields) {
-    val object = val::object();
-    for (auto const &[name, value] : fields) object.set(name, value);
-    return object;
 }
 
 /// A list of what the function makes of each element.
@@ -217,25 +211,19 @@ public:
 private:
     static Mesh makeMesh(std::string const &name, std::vector<float> const &coordinates,
                          std::vector<std::uint32_t> const &corners) {
-        assembly::MeshMaker maker(name);
-        std::vector<std::uint32_t> vertices;
-        vertices.reserve(coordinates.size() / 3);
         if (coordinates.size() % 3 != 0 || corners.size() % 3 != 0) {
             throw assembly::Failure(name, "needs three numbers for each vertex and triangle");
         }
-        for (std::size_t i = 0; i < coordinates.size(); i += 3) {
-            vertices.push_back(
-                maker.vertex({coordinates[i], coordinates[i + 1], coordinates[i + 2]}));
+        assembly::MeshMaker maker(name);
+        std::vector<std::uint32_t> vertices;
+        for (auto xyz = coordinates.begin(); xyz != coordinates.end(); xyz += 3) {
+            vertices.push_back(maker.vertex({xyz[0], xyz[1], xyz[2]}));
         }
-        for (std::size_t i = 0; i < corners.size(); i += 3) {
-            Mesh::Triangle triangle{};
-            for (std::size_t k = 0; k < 3; ++k) {
-                if (corners[i + k] >= vertices.size()) {
-                    throw assembly::Failure(name, "names a vertex that is not there");
-                }
-                triangle[k] = vertices[corners[i + k]];
-            }
-            maker.triangle(triangle);
+        bool const isKnown = std::all_of(corners.begin(), corners.end(),
+                                         [&](auto corner) { return corner < vertices.size(); });
+        if (!isKnown) throw assembly::Failure(name, "names a vertex that is not there");
+        for (auto abc = corners.begin(); abc != corners.end(); abc += 3) {
+            maker.triangle({vertices[abc[0]], vertices[abc[1]], vertices[abc[2]]});
         }
         Mesh mesh = maker.finish();
         mesh.file = name;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What both halves of the module share: arrays of numbers.
+// What both halves of the module share: arrays of numbers, objects of a script.
 
 #ifndef VEXMATH_WEB_BINDING_H
 #define VEXMATH_WEB_BINDING_H
@@ -7,7 +7,9 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <string>
+#include <utility>
 
 #include <emscripten/val.h>
 
@@ -44,6 +46,12 @@ inline val glDataOf(mgXform_c const &x) {
     std::array<double, 16> gl{};
     x.getGLData(gl.data());
     return numbersOf<double>("Float64Array", gl);
+}
+
+inline val objectOf(std::initializer_list<std::pair<char const *, val>> fields) {
+    val object = val::object();
+    for (auto const &[name, value] : fields) object.set(name, value);
+    return object;
 }
 
 /// The direction of a vector, normalised; none for a vector that is too short.

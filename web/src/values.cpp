@@ -14,7 +14,6 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
-#include <type_traits>
 #include <vector>
 
 #include <emscripten/bind.h>
@@ -123,13 +122,13 @@ mgBBox_c boundOf(Points const &points) {
 
 // Many boxes.
 
-struct PlacedBoxes {
+struct Boxes {
     std::vector<mgBBox_c> boxes;
-    std::vector<mgXform_c> placements;
+    std::vector<mgXform_c> placements; // one for each box, or none
 
-    PlacedBoxes(val const &boxesOfScript, val const &placementsOfScript)
-        : boxes(vecFromJSArray<mgBBox_c>(boxesOfScript)),
-          placements(vecFromJSArray<mgXform_c>(placementsOfScript)) {
+    explicit Boxes(val const &boxesOfScript) : boxes(vecFromJSArray<mgBBox_c>(boxesOfScript)) {}
+    Boxes(val const &boxesOfScript, val const &placementsOfScript) : Boxes(boxesOfScript) {
+        placements = vecFromJSArray<mgXform_c>(placementsOfScript);
         if (boxes.size() != placements.size())
             throw std::invalid_argument("needs a placement for each box");
     }
@@ -137,35 +136,27 @@ struct PlacedBoxes {
 };
 
 val findClashes(val const &boxes, double tol) {
-    auto const all = vecFromJSArray<mgBBox_c>(boxes);
-    return found<mgIndexPair_c>([&](auto &pairs) {
-        return mg_FindClashes(all.data(), static_cast<int>(all.size()), tol, pairs);
-    });
+    Boxes const all(boxes);
+    return found<mgIndexPair_c>(
+        [&](auto &pairs) { return mg_FindClashes(all.boxes.data(), all.count(), tol, pairs); });
 }
 
 val findPlacedClashes(val const &boxes, val const &placements) {
-    PlacedBoxes const all(boxes, placements);
+    Boxes const all(boxes, placements);
     return found<mgIndexPair_c>([&](auto &pairs) {
         return mg_FindClashes(all.boxes.data(), all.placements.data(), all.count(), pairs);
     });
 }
 
-mgBoxIndex_c *indexOf(mgBBox_c const *boxes, mgXform_c const *placements, int count) {
+template <class... Arrays>
+mgBoxIndex_c *newBoxIndex(Arrays const &...boxesAndPlacements) {
+    Boxes const all(boxesAndPlacements...);
+    auto const *const placements = all.placements.empty() ? nullptr : all.placements.data();
     auto index = std::make_unique<mgBoxIndex_c>();
-    if (!index->build(boxes, placements, count)) {
+    if (!index->build(all.boxes.data(), placements, all.count())) {
         throw std::length_error("more boxes than fit into the memory");
     }
     return index.release();
-}
-
-mgBoxIndex_c *newBoxIndex(val const &boxes) {
-    auto const all = vecFromJSArray<mgBBox_c>(boxes);
-    return indexOf(all.data(), nullptr, static_cast<int>(all.size()));
-}
-
-mgBoxIndex_c *newPlacedBoxIndex(val const &boxes, val const &placements) {
-    PlacedBoxes const all(boxes, placements);
-    return indexOf(all.boxes.data(), all.placements.data(), all.count());
 }
 
 val clashesOf(mgBoxIndex_c const &index, val const &some, double tol) {
@@ -179,11 +170,7 @@ val firstOnRay(mgBoxIndex_c const &index, Direction const &ray) {
     mgPoint_c hit;
     mgLine_c const line = lineOf(ray);
     int const box = index.firstOnRay(line.rootPoint(), line.direction(), &hit);
-    if (box < 0) return val::null();
-    val result = val::object();
-    result.set("box", box);
-    result.set("point", hit);
-    return result;
+    return box < 0 ? val::null() : objectOf({{"box", val(box)}, {"point", val(hit)}});
 }
 
 // Polygons, tours, curves.
@@ -243,51 +230,34 @@ mgPoint_c footOn(Curve const &curve, mgPoint_c const &p) {
     return foot;
 }
 
-template <int kAxis, class Vector>
-double coordinate(Vector const &v) {
-    return v[kAxis];
-}
-template <int kAxis, class Vector>
-void setCoordinate(Vector &v, double value) {
-    static_cast<double *>(v)[kAxis] = value;
-}
-
 template <class Vector>
 void bindTriple(char const *name) {
     value_array<Vector>(name)
-        .element(&coordinate<0, Vector>, &setCoordinate<0, Vector>)
-        .element(&coordinate<1, Vector>, &setCoordinate<1, Vector>)
-        .element(&coordinate<2, Vector>, &setCoordinate<2, Vector>);
+        .element(emscripten::index<0>())
+        .element(emscripten::index<1>())
+        .element(emscripten::index<2>());
 }
 
-/// Embind takes lambdas by pointer alone.
-template <class Function>
-auto pointerTo(Function function) {
-    if constexpr (std::is_class_v<Function>) {
-        return +function;
-    } else {
-        return function;
-    }
-}
+// Embind takes lambdas by pointer alone: + makes one.
 
 template <class Value>
 struct Class : class_<Value> {
     using class_<Value>::class_;
 
     template <class Function>
-    void def(char const *name, Function function) {
-        this->function(name, pointerTo(function));
+    void def(char const *name, Function callable) {
+        this->function(name, +callable);
     }
     /// For functions of the class itself, which make a value.
     template <class Function>
-    void make(char const *name, Function function) {
-        this->class_function(name, pointerTo(function));
+    void make(char const *name, Function callable) {
+        this->class_function(name, +callable);
     }
 };
 
 template <class Function>
 void def(char const *name, Function callable) {
-    function(name, pointerTo(callable));
+    function(name, +callable);
 }
 
 // Short names for the tables below.
@@ -319,10 +289,10 @@ EMSCRIPTEN_BINDINGS(vexmath_values) {
     xform.make("fromGlData", &fromGlData);
     xform.make("fromRecord", &fromRecord<Xform>);
     xform.def("times", [](Xform const &a, Xform const &b) { return a * b; });
-    xform.def("inverse", &Xform::inverse);
+    xform.function("inverse", &Xform::inverse);
     xform.def("equals", [](Xform const &a, Xform const &b) { return a.equals(b) != 0; });
     xform.def("isReflection", [](Xform const &x) { return x.isReflection() != 0; });
-    xform.def("scaling", &Xform::scaling);
+    xform.function("scaling", &Xform::scaling);
     xform.def("point", [](Xform const &x, Point const &p) { return p * x; });
     xform.def("vector", [](Xform const &x, Vector const &v) { return v * x; });
     xform.def("direction",
@@ -338,11 +308,11 @@ EMSCRIPTEN_BINDINGS(vexmath_values) {
     box.make("of", [](Point const &a, Point const &b) { return Box(a, b); });
     box.make("fromRecord", &fromRecord<Box>);
     box.def("isSet", [](Box const &b) { return b.isSet() != 0; });
-    box.def("low", &Box::low);
-    box.def("high", &Box::high);
-    box.def("centre", &Box::center);
-    box.def("sphereCentre", &Box::sphCenter);
-    box.def("sphereRadius", &Box::sphRadius);
+    box.function("low", &Box::low);
+    box.function("high", &Box::high);
+    box.function("centre", &Box::center);
+    box.function("sphereCentre", &Box::sphCenter);
+    box.function("sphereRadius", &Box::sphRadius);
     box.def("placed", [](Box b, Xform const &x) { return b *= x; });
     box.def("grown", [](Box b, double by) { return b += by; });
     box.def("enclosing", [](Box b, Point const &p) { return b |= p; });
@@ -370,10 +340,10 @@ EMSCRIPTEN_BINDINGS(vexmath_values) {
     points.def("count", [](Points const &all) { return all.size(); });
 
     Class<Index> index("BoxIndex");
-    index.constructor(&newBoxIndex);
-    index.constructor(&newPlacedBoxIndex);
-    index.def("move", &Index::move);
-    index.def("place", &Index::place);
+    index.constructor(&newBoxIndex<val>);
+    index.constructor(&newBoxIndex<val, val>);
+    index.function("move", &Index::move);
+    index.function("place", &Index::place);
     index.def("clashes", [](Index const &boxes, double tol) {
         return found<mgIndexPair_c>([&](auto &pairs) { return boxes.clashes(tol, pairs); });
     });

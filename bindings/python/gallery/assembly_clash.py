@@ -3,13 +3,10 @@
 """Plates and bolts: which parts clash? Seen from above; red parts clash, dots join each pair."""
 
 import sys
-from pathlib import Path
 
-import matplotlib
-
-matplotlib.use("Agg")
-import matplotlib.pyplot as plt
 import numpy as np
+from matplotlib.figure import Figure
+from matplotlib.patches import Polygon
 
 import vexmath as vm
 
@@ -36,21 +33,18 @@ def outline(box, placement):
     return vm.transform_points(np.array(corners, float), placement)[:, :2]
 
 
-def main(folder):
-    boxes, placements = parts()
-    pairs = vm.find_placed_clashes(boxes, placements)
-    clashing = set(pairs.ravel().tolist())
-    figure, axes = plt.subplots(figsize=(8, 5), layout="constrained")
-    for i, (box, placement) in enumerate(zip(boxes, placements)):
-        fill = "#d95f4c" if i in clashing else "#c8d3de"
-        axes.add_patch(plt.Polygon(outline(box, placement), fc=fill, ec="#333333", lw=0.6))
-    for i, j in pairs:
-        a, b = placements[i].translation, placements[j].translation
-        axes.plot([a.x, b.x], [a.y, b.y], "o-", color="black", lw=0.9, ms=2.2)
-    axes.set(title=f"{len(pairs)} clashes of {COUNT} placed parts", aspect="equal")
-    axes.set(xlim=(-58, 58), ylim=(-36, 36), xlabel="x, mm", ylabel="y, mm")
-    figure.savefig(Path(folder) / "assembly_clash.png", dpi=56, pil_kwargs={"optimize": True})
-
-
-if __name__ == "__main__":
-    main(sys.argv[1] if len(sys.argv) > 1 else Path(__file__).parent)
+boxes, placements = parts()
+pairs = vm.find_placed_clashes(boxes, placements)
+clashing = set(pairs.ravel().tolist())
+figure = Figure(figsize=(8, 5), layout="constrained")
+axes = figure.subplots()
+for i, (box, placement) in enumerate(zip(boxes, placements)):
+    fill = "#d95f4c" if i in clashing else "#c8d3de"
+    axes.add_patch(Polygon(outline(box, placement), fc=fill, ec="#333333", lw=0.6))
+for i, j in pairs:
+    a, b = placements[i].translation, placements[j].translation
+    axes.plot([a.x, b.x], [a.y, b.y], "o-", color="black", lw=0.9, ms=2.2)
+axes.set(title=f"{len(pairs)} clashes of {COUNT} placed parts", aspect="equal")
+axes.set(xlim=(-58, 58), ylim=(-36, 36), xlabel="x, mm", ylabel="y, mm")
+picture = sys.argv[1] if len(sys.argv) > 1 else __file__.replace(".py", ".png")
+figure.savefig(picture, dpi=56, pil_kwargs={"optimize": True})

@@ -3,13 +3,9 @@
 """A drill visits the holes of a plate: as they are listed, and by a short closed tour."""
 
 import sys
-from pathlib import Path
 
-import matplotlib
-
-matplotlib.use("Agg")
-import matplotlib.pyplot as plt
 import numpy as np
+from matplotlib.figure import Figure
 
 import vexmath as vm
 
@@ -33,18 +29,15 @@ def length(points):
     return sum(vm.distance(tuple(a), tuple(b)) for a, b in zip(points, np.roll(points, -1, axis=0)))
 
 
-def main(folder):
-    points = holes()
-    tour = points[vm.closed_tour(points)]
-    figure, panels = plt.subplots(1, 2, figsize=(9, 4.8), layout="constrained")
-    for axes, path, name in zip(panels, (points, tour), ("as listed", "closed tour")):
-        closed = np.vstack([path, path[:1]])
-        axes.plot(closed[:, 0], closed[:, 1], color="#4c7fb5", lw=0.9)
-        axes.plot(path[:, 0], path[:, 1], "o", color="white", mec="#333333", ms=5)
-        axes.set(title=f"{name}: {length(path):.0f} mm", aspect="equal", xlabel="x, mm")
-    panels[0].set_ylabel("y, mm")
-    figure.savefig(Path(folder) / "drilling_path.png", dpi=56, pil_kwargs={"optimize": True})
-
-
-if __name__ == "__main__":
-    main(sys.argv[1] if len(sys.argv) > 1 else Path(__file__).parent)
+points = holes()
+tour = points[vm.closed_tour(points)]
+figure = Figure(figsize=(9, 4.8), layout="constrained")
+panels = figure.subplots(1, 2)
+for axes, path, name in zip(panels, (points, tour), ("as listed", "closed tour")):
+    closed = np.vstack([path, path[:1]])
+    axes.plot(closed[:, 0], closed[:, 1], color="#4c7fb5", lw=0.9)
+    axes.plot(path[:, 0], path[:, 1], "o", color="white", mec="#333333", ms=5)
+    axes.set(title=f"{name}: {length(path):.0f} mm", aspect="equal", xlabel="x, mm")
+panels[0].set_ylabel("y, mm")
+picture = sys.argv[1] if len(sys.argv) > 1 else __file__.replace(".py", ".png")
+figure.savefig(picture, dpi=56, pil_kwargs={"optimize": True})

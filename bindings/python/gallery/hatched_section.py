@@ -3,13 +3,10 @@
 """A section through a hub with a key way and four bores, hatched; the key is hatched crosswise."""
 
 import sys
-from pathlib import Path
 
-import matplotlib
-
-matplotlib.use("Agg")
-import matplotlib.pyplot as plt
 import numpy as np
+from matplotlib.figure import Figure
+from matplotlib.patches import Polygon
 
 import vexmath as vm
 
@@ -41,18 +38,15 @@ def draw(axes, outlines, angle, spacing, colour):
     for a, b in ends:
         axes.plot([a[0], b[0]], [a[1], b[1]], color=colour, lw=0.7)
     for outline in outlines:
-        axes.add_patch(plt.Polygon(outline[:, :2], fill=False, ec="#222222", lw=1.3))
+        axes.add_patch(Polygon(outline[:, :2], fill=False, ec="#222222", lw=1.3))
     return len(ends)
 
 
-def main(folder):
-    figure, axes = plt.subplots(figsize=(6, 6), layout="constrained")
-    count = draw(axes, hub(), np.pi / 4, 1.8, "#4c7fb5")
-    count += draw(axes, key(), -np.pi / 4, 0.9, "#b5674c")
-    axes.set(title=f"Section with {count} hatch lines", aspect="equal")
-    axes.axis("off")
-    figure.savefig(Path(folder) / "hatched_section.png", dpi=70, pil_kwargs={"optimize": True})
-
-
-if __name__ == "__main__":
-    main(sys.argv[1] if len(sys.argv) > 1 else Path(__file__).parent)
+figure = Figure(figsize=(6, 6), layout="constrained")
+axes = figure.subplots()
+count = draw(axes, hub(), np.pi / 4, 1.8, "#4c7fb5")
+count += draw(axes, key(), -np.pi / 4, 0.9, "#b5674c")
+axes.set(title=f"Section with {count} hatch lines", aspect="equal")
+axes.axis("off")
+picture = sys.argv[1] if len(sys.argv) > 1 else __file__.replace(".py", ".png")
+figure.savefig(picture, dpi=70, pil_kwargs={"optimize": True})

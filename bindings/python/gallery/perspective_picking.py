@@ -3,13 +3,9 @@
 """A click on the screen picks a box: the line of sight through a perspective, and its first hit."""
 
 import sys
-from pathlib import Path
 
-import matplotlib
-
-matplotlib.use("Agg")
-import matplotlib.pyplot as plt
 import numpy as np
+from matplotlib.figure import Figure
 
 import vexmath as vm
 
@@ -41,20 +37,17 @@ def draw(axes, box, camera, colour, width):
         axes.plot(on_screen[[i, j], 0], on_screen[[i, j], 1], color=colour, lw=width)
 
 
-def main(folder):
-    camera, parts = view(), boxes()
-    start, direction, *_ = vm.view_ray(camera, CLICK, True)
-    picked, hit = vm.BoxIndex(parts).first_on_ray(start, direction)
-    figure, axes = plt.subplots(figsize=(7, 5.4), layout="constrained")
-    for i, box in enumerate(parts):
-        draw(axes, box, camera, *(("#d95f4c", 2.0) if i == picked else ("#8fa3b5", 0.9)))
-    axes.plot(CLICK.x, CLICK.y, "+", color="black", ms=16)
-    at = "" if hit is None else f", at ({hit.x:.2f}, {hit.y:.2f}, {hit.z:.2f})"
-    title = f"box {picked}{at}" if at else "nothing"
-    axes.set(title=f"Picked: {title}", aspect="equal")
-    axes.set(xlabel="x on the screen", ylabel="y on the screen")
-    figure.savefig(Path(folder) / "perspective_picking.png", dpi=70, pil_kwargs={"optimize": True})
-
-
-if __name__ == "__main__":
-    main(sys.argv[1] if len(sys.argv) > 1 else Path(__file__).parent)
+camera, parts = view(), boxes()
+start, direction, *_ = vm.view_ray(camera, CLICK, True)
+picked, hit = vm.BoxIndex(parts).first_on_ray(start, direction)
+figure = Figure(figsize=(7, 5.4), layout="constrained")
+axes = figure.subplots()
+for i, box in enumerate(parts):
+    draw(axes, box, camera, *(("#d95f4c", 2.0) if i == picked else ("#8fa3b5", 0.9)))
+axes.plot(CLICK.x, CLICK.y, "+", color="black", ms=16)
+at = "" if hit is None else f", at ({hit.x:.2f}, {hit.y:.2f}, {hit.z:.2f})"
+title = f"box {picked}{at}" if at else "nothing"
+axes.set(title=f"Picked: {title}", aspect="equal")
+axes.set(xlabel="x on the screen", ylabel="y on the screen")
+picture = sys.argv[1] if len(sys.argv) > 1 else __file__.replace(".py", ".png")
+figure.savefig(picture, dpi=70, pil_kwargs={"optimize": True})

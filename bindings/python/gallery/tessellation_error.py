@@ -3,13 +3,9 @@
 """How far do the chords of a tessellated arc and ellipse stay from the curve, by tolerance?"""
 
 import sys
-from pathlib import Path
 
-import matplotlib
-
-matplotlib.use("Agg")
-import matplotlib.pyplot as plt
 import numpy as np
+from matplotlib.figure import Figure
 
 import vexmath as vm
 
@@ -39,21 +35,18 @@ def error(points, minor):
     return worst
 
 
-def main(folder):
-    figure, (left, right) = plt.subplots(1, 2, figsize=(9, 4.2), layout="constrained")
-    left.loglog(TOLERANCES, TOLERANCES, "--", color="#999999", label="error = tolerance")
-    circle, ellipse = (half_circle, RADIUS, "half circle"), (half_ellipse, MINOR, "half ellipse")
-    for make, minor, name in (circle, ellipse):
-        curves = [make(tol) for tol in TOLERANCES]
-        left.loglog(TOLERANCES, [error(curve, minor) for curve in curves], label=name)
-        right.semilogx(TOLERANCES, [len(curve) - 1 for curve in curves], label=name)
-    left.set(xlabel="tolerance", ylabel="largest distance of the curve from its chords")
-    right.set(xlabel="tolerance", ylabel="segments")
-    left.legend()
-    right.legend()
-    figure.suptitle("The number of segments has limits, and so has the error")
-    figure.savefig(Path(folder) / "tessellation_error.png", dpi=70, pil_kwargs={"optimize": True})
-
-
-if __name__ == "__main__":
-    main(sys.argv[1] if len(sys.argv) > 1 else Path(__file__).parent)
+figure = Figure(figsize=(9, 4.2), layout="constrained")
+left, right = figure.subplots(1, 2)
+left.loglog(TOLERANCES, TOLERANCES, "--", color="#999999", label="error = tolerance")
+circle, ellipse = (half_circle, RADIUS, "half circle"), (half_ellipse, MINOR, "half ellipse")
+for make, minor, name in (circle, ellipse):
+    curves = [make(tol) for tol in TOLERANCES]
+    left.loglog(TOLERANCES, [error(curve, minor) for curve in curves], label=name)
+    right.semilogx(TOLERANCES, [len(curve) - 1 for curve in curves], label=name)
+left.set(xlabel="tolerance", ylabel="largest distance of the curve from its chords")
+right.set(xlabel="tolerance", ylabel="segments")
+left.legend()
+right.legend()
+figure.suptitle("The number of segments has limits, and so has the error")
+picture = sys.argv[1] if len(sys.argv) > 1 else __file__.replace(".py", ".png")
+figure.savefig(picture, dpi=70, pil_kwargs={"optimize": True})

@@ -9,11 +9,17 @@
 
 namespace bind {
 
+namespace {
+
+std::string nameOf(py::handle type) { return py::str(type.attr("__name__")); }
+
+} // namespace
+
 py::array requireRows(py::handle object, int columns, bool isWritten) {
     std::string const wanted = "expected a C-contiguous, aligned float64 array of shape (n, "
                                + std::to_string(columns) + "), got ";
     if (!py::isinstance<py::array>(object))
-        throw py::type_error(wanted + std::string(py::str(py::type::of(object).attr("__name__"))));
+        throw py::type_error(wanted + nameOf(py::type::of(object)));
     auto const array = py::reinterpret_borrow<py::array>(object);
     std::string const given = std::string(py::str(array.dtype())) + " of shape "
                               + std::string(py::str(array.attr("shape")));
@@ -33,32 +39,28 @@ bool isRows(py::handle object, std::string const &item) {
     if (py::isinstance<py::array>(object)) return true;
     if (py::isinstance<py::sequence>(object)) return false;
     throw py::type_error("expected a float64 array or a sequence of " + item + ", got "
-                         + std::string(py::str(py::type::of(object).attr("__name__"))));
+                         + nameOf(py::type::of(object)));
 }
 
 template <class T>
 T const &itemOf(py::handle item) {
     if (py::isinstance<T>(item)) return item.cast<T const &>();
-    throw py::type_error("expected a " + std::string(py::str(py::type::of<T>().attr("__name__")))
-                         + ", got " + std::string(py::str(py::type::of(item).attr("__name__"))));
+    throw py::type_error("expected a " + nameOf(py::type::of<T>()) + ", got "
+                         + nameOf(py::type::of(item)));
 }
 
 } // namespace
 
 Boxes::Boxes(py::handle object) {
     if (isRows(object, "Box")) {
-        rows = Rows<mgBBox_c>(object);
+        array = requireRows(object, kColumns, false);
         return;
     }
-    rows.array = newRows(0, Rows<mgBBox_c>::kColumns);
+    std::vector<mgBBox_c> copies;
     for (py::object const box : py::reinterpret_borrow<py::sequence>(object))
         copies.push_back(itemOf<mgBBox_c>(box));
-}
-
-int Boxes::count() const {
-    auto const count = copies.empty() ? rows.count() : static_cast<py::ssize_t>(copies.size());
-    if (count > INT_MAX) throw py::value_error("more than 2147483647 boxes");
-    return static_cast<int>(count);
+    array = newRows(static_cast<py::ssize_t>(copies.size()), kColumns);
+    std::copy(copies.begin(), copies.end(), mutableData());
 }
 
 Placements::Placements(py::handle object) {
@@ -90,8 +92,6 @@ using Point = mgPoint_c;
 using Direction = mgUnitVector_c;
 using Points = Rows<Point>;
 using Planar = Rows<mg2DPoint_c>;
-using PointList = suDynamicArray<Point>;
-using PairList = suDynamicArray<mgIndexPair_c>;
 using WithoutLock = py::gil_scoped_release;
 
 void requireSame(py::ssize_t a, py::ssize_t b) {
@@ -105,13 +105,6 @@ template <class F>
 void inPieces(py::ssize_t count, F f) {
     for (py::ssize_t first = 0; first < count; first += INT_MAX)
         f(first, static_cast<int>(std::min<py::ssize_t>(INT_MAX, count - first)));
-}
-
-template <class F>
-py::array_t<int> found(F search) {
-    auto pairs = std::make_unique<PairList>();
-    listed([&] { return search(*pairs); });
-    return handOver<int>(std::move(pairs));
 }
 
 py::array_t<double> transformPoints(Points const &points, mgXform_c const &x,
@@ -138,70 +131,62 @@ mgBBox_c boundPoints(Points const &points, mgBBox_c box) {
     return box;
 }
 
-/// One number for each row.
-template <class F>
-py::array_t<double> numberForEach(py::ssize_t count, F f) {
-    py::array_t<double> numbers(count);
-    double *const to = numbers.mutable_data();
-    WithoutLock const released;
-    for (py::ssize_t i = 0; i < count; ++i) to[i] = f(i);
+double distance(Point const &p, Point const &to) { return dist(p, to); }
+double distance(Point const &p, mgLine_c const &to) {
+    return p.distToRay(to.rootPoint(), to.direction());
+}
+double distance(Point const &p, mgPlane_c const &to) { return (p - to.rootPoint()) % to.normal(); }
+
+py::array_t<double> distances(Points const &points,
+                              std::variant<Point, mgLine_c, mgPlane_c> const &other) {
+    py::array_t<double> numbers(points.count());
+    double *const out = numbers.mutable_data();
+    Point const *const p = points.data();
+    std::visit(
+        [&](auto const &to) {
+            WithoutLock const released;
+            for (py::ssize_t i = 0; i < points.count(); ++i) out[i] = distance(p[i], to);
+        },
+        other);
     return numbers;
 }
 
-using Other = std::variant<Point, mgLine_c, mgPlane_c>;
-
-py::array_t<double> distances(Points const &points, Other const &other) {
-    Point const *const p = points.data();
-    return std::visit(
-        [&](auto const &to) {
-            using To = std::decay_t<decltype(to)>;
-            return numberForEach(points.count(), [&](py::ssize_t i) {
-                if constexpr (std::is_same_v<To, Point>)
-                    return dist(p[i], to);
-                else if constexpr (std::is_same_v<To, mgLine_c>)
-                    return p[i].distToRay(to.rootPoint(), to.direction());
-                else
-                    return (p[i] - to.rootPoint()) % to.normal();
-            });
-        },
-        other);
-}
-
 /// Results of one intersection for each row: kinds, and points that are NaN where none was written.
-template <class F>
-auto intersectionForEach(py::ssize_t count, F f) {
-    py::array_t<int> kinds(count);
-    py::array_t<double> points = newRows(count, 3);
-    std::fill_n(points.mutable_data(), 3 * count, std::numeric_limits<double>::quiet_NaN());
+template <class F, class First, class... Others>
+auto intersectionForEach(F intersect, Rows<First> const &first, Rows<Others> const &...others) {
+    (requireSame(first.count(), others.count()), ...);
+    py::array_t<int> kinds(first.count());
+    py::array_t<double> points = newRows(first.count(), 3);
+    std::fill_n(points.mutable_data(), points.size(), std::numeric_limits<double>::quiet_NaN());
     int *const kind = kinds.mutable_data();
     auto *const point = reinterpret_cast<Point *>(points.mutable_data());
     WithoutLock const released;
-    for (py::ssize_t i = 0; i < count; ++i) kind[i] = f(i, point[i]);
+    for (py::ssize_t i = 0; i < first.count(); ++i)
+        kind[i] = intersect(first.data()[i], others.data()[i]..., point[i]);
     return std::pair(std::move(kinds), std::move(points));
 }
 
 auto intersectLinesPlane(Points const &roots, Rows<Direction> const &directions,
                          mgPlane_c const &plane) {
-    requireSame(roots.count(), directions.count());
-    return intersectionForEach(roots.count(), [&](py::ssize_t i, Point &out) {
-        return mg_LineIntPlane({roots.data()[i], directions.data()[i]}, plane, &out, nullptr);
-    });
+    auto const intersect = [&](Point const &root, Direction const &direction, Point &out) {
+        return mg_LineIntPlane({root, direction}, plane, &out, nullptr);
+    };
+    return intersectionForEach(intersect, roots, directions);
 }
 
 auto intersectSegmentArrays(Points const &a1, Points const &b1, Points const &a2, Points const &b2,
                             double tol) {
-    for (Points const *other : {&b1, &a2, &b2}) requireSame(a1.count(), other->count());
-    return intersectionForEach(a1.count(), [&](py::ssize_t i, Point &out) {
-        return mg_LineSegIntLineSeg(a1.data()[i], b1.data()[i], a2.data()[i], b2.data()[i], out,
-                                    tol);
-    });
+    auto const intersect = [&](auto &...endsAndOut) {
+        return mg_LineSegIntLineSeg(endsAndOut..., tol);
+    };
+    return intersectionForEach(intersect, a1, b1, a2, b2);
 }
 
 auto firstRayHits(mgBBox_c const &box, Points const &starts, Rows<Direction> const &directions) {
-    requireSame(starts.count(), directions.count());
-    return intersectionForEach(starts.count(), [&](py::ssize_t i, Point &out) {
-        return box.getFirstRayHit(starts.data()[i], directions.data()[i], &out);
-    });
+    auto const intersect = [&](Point const &start, Direction const &direction, Point &out) {
+        return box.getFirstRayHit(start, direction, &out);
+    };
+    return intersectionForEach(intersect, starts, directions);
 }
 
 void bindPointArrays(py::module_ &m) {
@@ -227,11 +212,7 @@ void bindPointArrays(py::module_ &m) {
           "box"_a, "starts"_a, "directions"_a);
 }
 
-py::array_t<double> boxRows(Boxes const &boxes) {
-    py::array_t<double> rows = newRows(boxes.count(), Rows<mgBBox_c>::kColumns);
-    std::copy_n(boxes.data(), boxes.count(), reinterpret_cast<mgBBox_c *>(rows.mutable_data()));
-    return rows;
-}
+py::array_t<double> boxRows(Boxes const &boxes) { return boxes.array.attr("copy")(); }
 
 std::vector<mgBBox_c> boxesOf(Rows<mgBBox_c> const &rows) {
     return {rows.data(), rows.data() + rows.count()};
@@ -280,11 +261,10 @@ void placedCube(mgBBox_c const &box, mgXform_c const &x, double *lowHigh) {
     bool const isOrdinary = isSimilar && s * lengths < kMostLengths;
     double const reach =
         s * box.sphRadius() + kMarginOfLengths * s * lengths + kMarginOfUnits * (1.0 + s);
-    mgVector_c const v = mgVector_c(box.sphCenter()) * m;
+    mgPoint_c const centre = box.sphCenter() * x;
     for (int i = 0; i < 3; ++i) {
-        double const centre = s * v.component(i) + x.translation().component(i);
-        lowHigh[i] = isOrdinary ? centre - reach : -infinity;
-        lowHigh[3 + i] = isOrdinary ? centre + reach : infinity;
+        lowHigh[i] = isOrdinary ? centre[i] - reach : -infinity;
+        lowHigh[3 + i] = isOrdinary ? centre[i] + reach : infinity;
     }
     if (box.isSet() == 0) std::fill_n(lowHigh, 6, std::numeric_limits<double>::quiet_NaN());
 }
@@ -297,33 +277,47 @@ py::array_t<double> placedCubes(Boxes const &boxes, Placements const &placements
     return cubes;
 }
 
+/// The pairs of an overload of mg_FindClashes.
+template <class... Given>
+py::array_t<int> foundClashes(Given... given) {
+    return filled<mgIndexPair_c>([&](auto &pairs) { return mg_FindClashes(given..., pairs); });
+}
+
+py::array_t<int> findClashes(Boxes const &boxes, double tol) {
+    return foundClashes(boxes.data(), boxes.count(), tol);
+}
+
+py::array_t<int> findPlacedClashes(Boxes const &boxes, Placements const &placements) {
+    return foundClashes(boxes.data(), transformsFor(boxes, placements), boxes.count());
+}
+
+py::array_t<int> findClashesBetween(Boxes const &a, Boxes const &b, double tol) {
+    return foundClashes(a.data(), a.count(), b.data(), b.count(), tol);
+}
+
+std::vector<std::unique_ptr<mgXform_c>>
+multiplyTransforms(Placements placements, std::variant<mgXform_c const *, Placements> const &by) {
+    std::vector<mgXform_c> &x = placements.transforms;
+    int const count = intCount(static_cast<py::ssize_t>(x.size()));
+    if (auto const *one = std::get_if<mgXform_c const *>(&by)) {
+        if (*one == nullptr) throw py::type_error("expected a Transform or placements, got None");
+        mg_MultiplyXforms(x.data(), count, **one);
+    } else {
+        auto const &each = std::get<Placements>(by).transforms;
+        requireSame(count, static_cast<py::ssize_t>(each.size()));
+        mg_MultiplyXforms(x.data(), count, each.data());
+    }
+    std::vector<std::unique_ptr<mgXform_c>> products;
+    for (mgXform_c const &product : x) products.push_back(exactCopy(product));
+    return products;
+}
+
 void bindClashes(py::module_ &m) {
-    function(
-        m, "mg_FindClashes", "find_clashes",
-        [](Boxes const &boxes, double tol) {
-            int const count = boxes.count();
-            return found(
-                [&](PairList &pairs) { return mg_FindClashes(boxes.data(), count, tol, pairs); });
-        },
-        "boxes"_a, "tol"_a);
-    m.def(
-        "find_placed_clashes",
-        [](Boxes const &boxes, Placements const &placements) {
-            mgXform_c const *const x = transformsFor(boxes, placements);
-            int const count = boxes.count();
-            return found(
-                [&](PairList &pairs) { return mg_FindClashes(boxes.data(), x, count, pairs); });
-        },
-        doc("mg_FindClashes").c_str(), "boxes"_a, "placements"_a);
-    m.def(
-        "find_clashes_between",
-        [](Boxes const &a, Boxes const &b, double tol) {
-            int const countA = a.count(), countB = b.count();
-            return found([&](PairList &pairs) {
-                return mg_FindClashes(a.data(), countA, b.data(), countB, tol, pairs);
-            });
-        },
-        doc("mg_FindClashes").c_str(), "a"_a, "b"_a, "tol"_a);
+    function(m, "mg_FindClashes", "find_clashes", &findClashes, "boxes"_a, "tol"_a);
+    m.def("find_placed_clashes", &findPlacedClashes, doc("mg_FindClashes").c_str(), "boxes"_a,
+          "placements"_a);
+    m.def("find_clashes_between", &findClashesBetween, doc("mg_FindClashes").c_str(), "a"_a, "b"_a,
+          "tol"_a);
     m.def("box_rows", &boxRows,
           "Boxes as an array (n, 10): sphere centre, high corner, low corner, radius of each.",
           "boxes"_a);
@@ -338,25 +332,8 @@ void bindClashes(py::module_ &m) {
           "A cube is infinite where that cannot be said of the part, and NaN where the box is "
           "unset and clashes with nothing.",
           "boxes"_a, "placements"_a);
-    function(
-        m, "mg_MultiplyXforms", "multiply_transforms",
-        [](Placements placements, std::variant<mgXform_c const *, Placements> const &by) {
-            std::vector<mgXform_c> &x = placements.transforms;
-            int const count = intCount(static_cast<py::ssize_t>(x.size()));
-            if (auto const *one = std::get_if<mgXform_c const *>(&by)) {
-                if (*one == nullptr)
-                    throw py::type_error("expected a Transform or placements, got None");
-                mg_MultiplyXforms(x.data(), count, **one);
-            } else {
-                auto const &each = std::get<Placements>(by).transforms;
-                requireSame(count, static_cast<py::ssize_t>(each.size()));
-                mg_MultiplyXforms(x.data(), count, each.data());
-            }
-            std::vector<std::unique_ptr<mgXform_c>> products;
-            for (mgXform_c const &product : x) products.push_back(exactCopy(product));
-            return products;
-        },
-        "xforms"_a, "by"_a);
+    function(m, "mg_MultiplyXforms", "multiply_transforms", &multiplyTransforms, "xforms"_a,
+             "by"_a);
 }
 
 void bindBoxIndex(Class<mgBoxIndex_c> &cls) {
@@ -372,8 +349,8 @@ void bindBoxIndex(Class<mgBoxIndex_c> &cls) {
         "clashesOf", "clashes_of",
         [](Index const &index, std::vector<int> const &some, double tol) {
             int const count = intCount(static_cast<py::ssize_t>(some.size()));
-            return found(
-                [&](PairList &pairs) { return index.clashesOf(some.data(), count, tol, pairs); });
+            return filled<mgIndexPair_c>(
+                [&](auto &pairs) { return index.clashesOf(some.data(), count, tol, pairs); });
         },
         "some"_a, "tol"_a);
 }
@@ -407,23 +384,18 @@ void bindOutlines(py::module_ &m) {
                 counts.push_back(intCount(outline.count()));
                 points.insert(points.end(), outline.data(), outline.data() + outline.count());
             }
-            auto lines = std::make_unique<PointList>();
-            listed([&] {
+            return filled<Point>([&](auto &lines) {
                 return mg_calcHatchLinesPolygon2D(static_cast<int>(counts.size()), counts.data(),
-                                                  points.data(), origin, angle, spacing, *lines);
+                                                  points.data(), origin, angle, spacing, lines);
             });
-            return handOver<double>(std::move(lines));
         },
         "outlines"_a, "origin"_a, "angle"_a, "spacing"_a);
 }
 
-/// The points that a function of the library appends to a list.
 template <class Tessellate, class... Given>
 py::array_t<double> tessellated(Tessellate tessellate, Given... given) {
-    auto points = std::make_unique<PointList>();
     int count = 0;
-    tessellate(given..., nullptr, count, points.get());
-    return handOver<double>(std::move(points));
+    return filled<Point>([&](auto &points) { tessellate(given..., nullptr, count, &points); });
 }
 
 /// The arguments of these functions are the fields of the library's records of edges.

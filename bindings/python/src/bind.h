@@ -108,7 +108,10 @@ private:
 // An enumeration of the library is an IntEnum of Python.
 
 template <class E>
-struct EnumName;
+struct EnumName; // holds a text
+
+#include "enumerations.inc"
+
 template <class E>
 inline PyObject *enumClass = nullptr; // held until the process ends
 
@@ -127,19 +130,12 @@ void enumeration(py::module_ &m, char const *library, std::initializer_list<char
 
 } // namespace bind
 
-#define VEXMATH_PYTHON_ENUM(E, NAME)                                                               \
-    template <>                                                                                    \
-    struct bind::EnumName<E> {                                                                     \
-        static constexpr char text[] = NAME;                                                       \
-    };                                                                                             \
-    template <>                                                                                    \
-    struct pybind11::detail::type_caster<E> {                                                      \
-        static constexpr auto name = const_name(NAME);                                             \
-        static handle cast(E value, return_value_policy, handle) {                                 \
-            return PyObject_CallFunction(bind::enumClass<E>, "i", static_cast<int>(value));        \
-        }                                                                                          \
-    };
-
-#include "enumerations.inc"
+template <class E>
+struct pybind11::detail::type_caster<E, std::enable_if_t<std::is_enum_v<E>>> {
+    static constexpr auto name = const_name(bind::EnumName<E>::text);
+    static handle cast(E value, return_value_policy, handle) {
+        return PyObject_CallFunction(bind::enumClass<E>, "i", static_cast<int>(value));
+    }
+};
 
 #endif

@@ -10,8 +10,7 @@ namespace bind {
 
 #include "classes.inc"
 
-void bindEnumerations(py::module_ &m); // these are generated
-void bindPart0(Classes &classes);
+void bindPart0(Classes &classes); // these are generated
 void bindPart1(Classes &classes);
 void bindPart2(Classes &classes);
 void bindMembers(Classes &classes); // what no declaration tells

@@ -22,7 +22,6 @@ PYBIND11_MODULE(_vexmath, m) {
     m.attr("__name__") = "vexmath"; // where the names are found
     py::setattr(py::register_exception<su_CArchiveError>(m, "ArchiveError", PyExc_ValueError),
                 "__doc__", py::str("A record is too short."));
-    bindEnumerations(m);
     Classes classes{m};
     bindPart0(classes);
     bindPart1(classes);

@@ -8,6 +8,7 @@
 
 #include <climits>
 #include <memory>
+#include <type_traits>
 #include <vector>
 
 namespace bind {
@@ -15,9 +16,11 @@ namespace bind {
 /// Refuses everything but an aligned, C-contiguous array of float64 rows of that many columns.
 py::array requireRows(py::handle object, int columns, bool isWritten);
 
+struct ArrayArgument {};
+
 /// Rows of doubles as an array of T, which consists of as many.
 template <class T, bool isWritten = false>
-struct Rows {
+struct Rows : ArrayArgument {
     static constexpr auto kName = py::detail::const_name("numpy.ndarray[numpy.float64]");
     static constexpr int kColumns = sizeof(T) / sizeof(double);
     static_assert(std::is_trivially_copyable_v<
@@ -33,21 +36,22 @@ struct Rows {
     py::array array;
 };
 
+inline int intCount(py::ssize_t count) {
+    if (count > INT_MAX) throw py::value_error("more than 2147483647 rows");
+    return static_cast<int>(count);
+}
+
 /// Boxes: rows, or a sequence of boxes, which is copied.
-struct Boxes {
+struct Boxes : Rows<mgBBox_c> {
     static constexpr auto kName = py::detail::const_name("BoxesLike"); // as the stubs call it
     Boxes() = default;
     explicit Boxes(py::handle object);
-    int count() const;
-    mgBBox_c const *data() const { return copies.empty() ? rows.data() : copies.data(); }
-
-    Rows<mgBBox_c> rows;
-    std::vector<mgBBox_c> copies;
+    int count() const { return intCount(Rows::count()); }
 };
 
 /// Placements: rows of nine elements, translation and scale, or a sequence of transforms. Either is
 /// copied with its fields as they are.
-struct Placements {
+struct Placements : ArrayArgument {
     static constexpr auto kName = py::detail::const_name("PlacementsLike");
     Placements() = default;
     explicit Placements(py::handle object);
@@ -62,38 +66,32 @@ inline py::array_t<double> newRows(py::ssize_t count, int columns) {
     return py::array_t<double>(std::vector<py::ssize_t>{count, columns});
 }
 
-/// The elements of a list of the library, with the list as owner of the memory.
-template <class Number, class T>
-py::array_t<Number> handOver(std::unique_ptr<suDynamicArray<T>> list) {
-    constexpr py::ssize_t kColumns = sizeof(T) / sizeof(Number);
-    py::ssize_t const count = list->Count();
-    std::vector<py::ssize_t> shape{count};
-    if (kColumns > 1) shape.push_back(kColumns);
-    if (count == 0) return py::array_t<Number>(shape);
-    auto *const elements = reinterpret_cast<Number *>(list->Data());
-    py::capsule const owner(list.release(), [](void *p) {
-        std::default_delete<suDynamicArray<T>>()(static_cast<suDynamicArray<T> *>(p));
-    });
-    return py::array_t<Number>(shape, elements, owner);
-}
+/// What the elements of a list of the library consist of.
+template <class T>
+using NumberOf =
+    std::conditional_t<std::is_same_v<T, int> || std::is_same_v<T, mgIndexPair_c>, int, double>;
 
-/// Calls a function that fills a list, without Python's lock. A negative result: no memory.
-template <class F>
-void listed(F fill) {
+/// Calls a function that fills a list, without Python's lock. The array that it returns owns the
+/// list. A negative result of the function: no memory.
+template <class T, class F>
+py::array_t<NumberOf<T>>
+filled(F fill, std::unique_ptr<suDynamicArray<T>> list = std::make_unique<suDynamicArray<T>>()) {
     bool isExhausted = false;
     {
         py::gil_scoped_release const released;
-        if constexpr (std::is_void_v<decltype(fill())>)
-            fill();
+        if constexpr (std::is_void_v<decltype(fill(*list))>)
+            fill(*list);
         else
-            isExhausted = fill() < 0;
+            isExhausted = fill(*list) < 0;
     }
     if (isExhausted) throw std::bad_alloc();
-}
-
-inline int intCount(py::ssize_t count) {
-    if (count > INT_MAX) throw py::value_error("more than 2147483647 rows");
-    return static_cast<int>(count);
+    std::vector<py::ssize_t> shape{list->Count()};
+    if (sizeof(T) > sizeof(NumberOf<T>)) shape.push_back(sizeof(T) / sizeof(NumberOf<T>));
+    auto *const elements = reinterpret_cast<NumberOf<T> *>(list->Data());
+    py::capsule const owner(list.release(), [](void *p) {
+        std::default_delete<suDynamicArray<T>>()(static_cast<suDynamicArray<T> *>(p));
+    });
+    return py::array_t<NumberOf<T>>(shape, elements, owner);
 }
 
 /// A list that holds a copy of the rows.
@@ -106,19 +104,11 @@ std::unique_ptr<suDynamicArray<T>> listOf(Rows<T> const &rows) {
     return list;
 }
 
-template <class T>
-inline constexpr bool isArrayArgument = false;
-template <class T, bool isWritten>
-inline constexpr bool isArrayArgument<Rows<T, isWritten>> = true;
-template <>
-inline constexpr bool isArrayArgument<Boxes> = true;
-template <>
-inline constexpr bool isArrayArgument<Placements> = true;
-
 } // namespace bind
 
 template <class T>
-struct pybind11::detail::type_caster<T, std::enable_if_t<bind::isArrayArgument<T>>> {
+struct pybind11::detail::type_caster<T,
+                                     std::enable_if_t<std::is_base_of_v<bind::ArrayArgument, T>>> {
     PYBIND11_TYPE_CASTER(T, T::kName);
     bool load(handle source, bool) {
         value = T(source);

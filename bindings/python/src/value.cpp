@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-// What makes the classes values in Python: constructors of exactly the given fields, equality, a
-// repr that eval reads, copy and pickle. The last four follow from the arguments of the first, and
-// from archive records.
+// What makes the classes values in Python: constructors of exactly the given fields, their
+// arguments for an object that is there, equality, and archive records. __init__.py adds repr, copy
+// and pickle.
 
 #include "classes.h"
 
 #include <algorithm>
-#include <cmath>
 #include <memory>
 #include <sstream>
 #include <unordered_map>
@@ -92,55 +91,53 @@ mgArc_c makeArc(mgUnitVector_c const &normal, mgPoint_c const &centre, double ra
 }
 
 /// Beside the constructors of the headers.
-void bindConstructors(Classes &classes) {
+void bindConstructors(Classes &c) {
     using Triple = std::tuple<double, double, double>;
-    classes.Point.def(
-        py::init([](Triple const &xyz) { return std::make_from_tuple<mgPoint_c>(xyz); }), "xyz"_a);
-    classes.Vector.def(
-        py::init([](Triple const &xyz) { return std::make_from_tuple<mgVector_c>(xyz); }), "xyz"_a);
-    classes.Direction.def(py::init(&makeDirection), "x"_a, "y"_a, "z"_a, "normalise"_a);
-    classes.Direction.def(py::init([](mgVector_c const &v) { return mgUnitVector_c(v, 0); }),
-                          "v"_a);
-    classes.Matrix.def(py::init(&makeMatrix), "elements"_a, "orthonormalise"_a = false,
-                       "identity"_a = py::none());
-    classes.Matrix4.def(py::init([](std::array<double, 16> const &elements) {
-                            mgMatrix4_c m;
-                            std::copy(elements.begin(), elements.end(), m.getDataPtr());
-                            return m;
-                        }),
-                        "elements"_a);
-    classes.Box.def(py::init([](mgPoint_c const &centre, mgPoint_c const &high,
-                                mgPoint_c const &low, double radius) {
-                        mgBBox_c box;
-                        box.setSphereOnly(centre, radius);
-                        box.setCornersOnly(low, high);
-                        return box;
-                    }),
-                    "sph_center"_a, "high"_a, "low"_a, "sph_radius"_a);
-    classes.Transform.def(py::init(&makeTransform), "rotation"_a, "translation"_a,
-                          "scaling"_a = 1.0, "reflection"_a = 0, "perspective"_a = py::none());
-    classes.GenTransform.def(py::init(&makeGenTransform), "placing"_a, "body"_a, "scales"_a);
-    classes.Perspective.def(py::init(&makePerspective<mgPerspInfo_c>), "eye_point"_a,
-                            "plane_distance"_a, "min_far_clip_plane_distance"_a = 0.0,
-                            "camera_fov_plane_distance"_a = -1.0);
-    classes.ModelPerspective.def(py::init([](mgPoint_c const &eye, double d, double farDistance,
-                                             double fovDistance, mgUnitVector_c const &dir) {
-                                     auto info = makePerspective<mgModelPerspInfo_c>(
-                                         eye, d, farDistance, fovDistance);
-                                     info.setModelViewDir(dir);
-                                     return info;
-                                 }),
-                                 "eye_point"_a, "plane_distance"_a, "min_far_clip_plane_distance"_a,
-                                 "camera_fov_plane_distance"_a, "model_view_dir"_a);
-    classes.Arc.def(py::init(&makeArc), "normal"_a, "center"_a, "radius"_a, "start_angle"_a,
-                    "end_angle"_a, "start"_a, "end"_a, "matrix"_a, "is_2d"_a);
-    classes.Cylinder.def(py::init([](mgPoint_c const &root, mgUnitVector_c const &axis,
-                                     double radius, double angle) {
-                             mgCylinder_c cylinder(root, axis, radius);
-                             cylinder.setAngle(angle);
-                             return cylinder;
-                         }),
-                         "root"_a, "axis"_a, "radius"_a, "angle"_a);
+    c.Point.def(py::init([](Triple const &xyz) { return std::make_from_tuple<mgPoint_c>(xyz); }),
+                "xyz"_a);
+    c.Vector.def(py::init([](Triple const &xyz) { return std::make_from_tuple<mgVector_c>(xyz); }),
+                 "xyz"_a);
+    c.Direction.def(py::init(&makeDirection), "x"_a, "y"_a, "z"_a, "normalise"_a);
+    c.Direction.def(py::init([](mgVector_c const &v) { return mgUnitVector_c(v, 0); }), "v"_a);
+    c.Matrix.def(py::init(&makeMatrix), "elements"_a, "orthonormalise"_a = false,
+                 "identity"_a = py::none());
+    c.Matrix4.def(py::init([](std::array<double, 16> const &elements) {
+                      mgMatrix4_c m;
+                      std::copy(elements.begin(), elements.end(), m.getDataPtr());
+                      return m;
+                  }),
+                  "elements"_a);
+    c.Box.def(py::init([](mgPoint_c const &centre, mgPoint_c const &high, mgPoint_c const &low,
+                          double radius) {
+                  mgBBox_c box;
+                  box.setSphereOnly(centre, radius);
+                  box.setCornersOnly(low, high);
+                  return box;
+              }),
+              "sph_center"_a, "high"_a, "low"_a, "sph_radius"_a);
+    c.Transform.def(py::init(&makeTransform), "rotation"_a, "translation"_a, "scaling"_a = 1.0,
+                    "reflection"_a = 0, "perspective"_a = py::none());
+    c.GenTransform.def(py::init(&makeGenTransform), "placing"_a, "body"_a, "scales"_a);
+    c.Perspective.def(py::init(&makePerspective<mgPerspInfo_c>), "eye_point"_a, "plane_distance"_a,
+                      "min_far_clip_plane_distance"_a = 0.0, "camera_fov_plane_distance"_a = -1.0);
+    c.ModelPerspective.def(py::init([](mgPoint_c const &eye, double d, double farDistance,
+                                       double fovDistance, mgUnitVector_c const &dir) {
+                               auto info = makePerspective<mgModelPerspInfo_c>(eye, d, farDistance,
+                                                                               fovDistance);
+                               info.setModelViewDir(dir);
+                               return info;
+                           }),
+                           "eye_point"_a, "plane_distance"_a, "min_far_clip_plane_distance"_a,
+                           "camera_fov_plane_distance"_a, "model_view_dir"_a);
+    c.Arc.def(py::init(&makeArc), "normal"_a, "center"_a, "radius"_a, "start_angle"_a,
+              "end_angle"_a, "start"_a, "end"_a, "matrix"_a, "is_2d"_a);
+    c.Cylinder.def(py::init([](mgPoint_c const &root, mgUnitVector_c const &axis, double radius,
+                               double angle) {
+                       mgCylinder_c cylinder(root, axis, radius);
+                       cylinder.setAngle(angle);
+                       return cylinder;
+                   }),
+                   "root"_a, "axis"_a, "radius"_a, "angle"_a);
 }
 
 // The arguments of the constructor that makes an equal object.
@@ -226,16 +223,16 @@ py::tuple arguments(mgPrimitiveBodyData_c const &b) {
 }
 py::tuple arguments(mgRect const &r) { return py::make_tuple(r.left, r.top, r.right, r.bottom); }
 
-/// As Python reads it back.
-std::string shown(py::handle argument) {
-    if (py::isinstance<py::list>(argument)) {
-        std::string text;
-        for (py::handle const item : argument) text += (text.empty() ? "" : ", ") + shown(item);
-        return "[" + text + "]";
-    }
-    std::string const text = py::repr(argument);
-    bool const isNumber = py::isinstance<py::float_>(argument);
-    return isNumber && !std::isfinite(argument.cast<double>()) ? "float('" + text + "')" : text;
+template <class T, class... Base>
+void value(Class<T, Base...> &cls) {
+    cls.def("_arguments", [](T const &value) { return arguments(value); });
+    cls.def(
+        "__eq__",
+        [](py::object const &self, py::object const &other) {
+            return py::type::of(self).is(py::type::of(other))
+                   && arguments(self.cast<T const &>()).equal(arguments(other.cast<T const &>()));
+        },
+        "other"_a);
 }
 
 /// The record that `save` writes.
@@ -245,49 +242,6 @@ py::bytes recordOf(Save save) {
     su_CArchive ar(bytes);
     save(ar);
     return bytes.str();
-}
-
-/// Has the class a record of all its fields? That of a matrix lacks the flag, that of a transform
-/// is not const: it repairs the transform.
-template <class T, class = void>
-constexpr bool hasFullRecord = false;
-template <class T>
-constexpr bool hasFullRecord<
-    T, std::void_t<decltype(std::declval<T const &>().save(std::declval<su_CArchive &>()))>> =
-    !std::is_same_v<T, mgMatrix_c>;
-
-/// Names are shown where the order of the arguments is not plain.
-template <class T, class... Base>
-void value(Class<T, Base...> &cls, std::vector<std::string> const &names = {}) {
-    cls.def(
-        "__eq__",
-        [](py::object const &self, py::object const &other) {
-            return py::type::of(self).is(py::type::of(other))
-                   && arguments(self.cast<T const &>()).equal(arguments(other.cast<T const &>()));
-        },
-        "other"_a);
-    cls.def("__repr__", [names](py::object const &self) {
-        std::string text;
-        auto name = names.begin();
-        for (py::handle const argument : arguments(self.cast<T const &>())) {
-            text += text.empty() ? "" : ", ";
-            text += (name == names.end() ? "" : *name++ + "=") + shown(argument);
-        }
-        return std::string(py::str(py::type::of(self).attr("__name__"))) + "(" + text + ")";
-    });
-    cls.def(
-        "__reduce_ex__",
-        [](py::object const &self, int) {
-            T const &value = self.cast<T const &>();
-            if constexpr (hasFullRecord<T>)
-                return py::make_tuple(
-                    py::module_::import("vexmath").attr("_restored"),
-                    py::make_tuple(py::type::of(self),
-                                   recordOf([&](su_CArchive &ar) { value.save(ar); })));
-            else
-                return py::make_tuple(py::type::of(self), arguments(value));
-        },
-        "protocol"_a);
 }
 
 template <class T, class... Base, class Restore>
@@ -336,9 +290,8 @@ void bindValues(Classes &classes) {
     std::apply([](auto &...cls) { (value(cls), ...); },
                std::tie(c.Vector, c.Point, c.Direction, c.Point2D, c.Vector4, c.Quaternion,
                         c.Matrix, c.Matrix4, c.Transform, c.GenTransform, c.Perspective,
-                        c.ModelPerspective, c.Parallelogram, c.GeneralBox, c.Line, c.Plane,
+                        c.ModelPerspective, c.Box, c.Parallelogram, c.GeneralBox, c.Line, c.Plane,
                         c.Circle, c.Arc, c.Cone, c.Cylinder, c.PrimitiveBody, c.Rect));
-    value(c.Box, {"sph_center", "high", "low", "sph_radius"});
     std::apply([](auto &...cls) { (archived(cls), ...); },
                std::tie(c.Point, c.Matrix, c.Transform, c.Box, c.Line, c.Plane, c.Cone,
                         c.Perspective, c.ModelPerspective, c.PrimitiveBody));

@@ -44,8 +44,7 @@ class Task(NamedTuple):
     boxes: Floats
     placements: Placements
     corners: Floats
-    low: Floats
-    high: Floats
+    bounds: tuple[Floats, Floats] | None  # of the cell; None for the parts of every cell
 
 
 def cells(cubes: Floats, parts: Indices, parts_per_cell: int) -> Iterator[Cell]:
@@ -81,56 +80,40 @@ def halved(cubes: Floats, cell: Cell) -> list[Cell] | None:
     return best
 
 
-def chosen(task: Task, pairs: NDArray[numpy.int32]) -> Indices:
-    """The pairs by the numbers that the parts have in the assembly."""
+def run(packed: bytes) -> Indices:
+    """The pairs that a task reports, by the numbers of the parts in the assembly.
+
+    Runs on a worker. The task is packed so that Dask does not look at thousands of objects.
+    """
+    task: Task = pickle.loads(packed)
+    pairs = find_placed_clashes(task.boxes, task.placements)
+    if task.bounds:
+        low, high = task.bounds
+        shared = numpy.maximum(task.corners[pairs[:, 0]], task.corners[pairs[:, 1]])
+        pairs = pairs[numpy.all((shared > low) & (shared <= high), axis=1)]
     return numpy.take(task.parts, pairs)
 
 
-def clashes_of(task: Task) -> Indices:
-    """The pairs that this cell reports. Runs on a worker."""
-    pairs = find_placed_clashes(task.boxes, task.placements)
-    shared = numpy.maximum(task.corners[pairs[:, 0]], task.corners[pairs[:, 1]])
-    mine = numpy.all((shared > task.low) & (shared <= task.high), axis=1)
-    return chosen(task, pairs[mine])
-
-
-def clashes_among(task: Task) -> Indices:
-    """All pairs of the parts that go to every cell. Runs on a worker."""
-    return chosen(task, find_placed_clashes(task.boxes, task.placements))
-
-
-def run(packed: bytes) -> Indices:
-    """A function and its argument, packed so that Dask does not look at thousands of objects."""
-    function, task = pickle.loads(packed)
-    pairs: Indices = function(task)
-    return pairs
-
-
-def tasks(
-    boxes: Floats, placements: Placements, parts_per_cell: int
-) -> Iterator[tuple[Any, Task]]:
-    """(function, its argument) for each cell, and one for the parts that go to every cell."""
+def tasks(boxes: Floats, placements: Placements, parts_per_cell: int) -> Iterator[Task]:
+    """One for each cell, and one for the parts that go to every cell."""
     cubes = placed_cubes(boxes, placements)
     is_set = ~numpy.isnan(cubes[:, 0])
     is_finite = numpy.isfinite(cubes).all(axis=1)
     everywhere = numpy.flatnonzero(is_set & ~is_finite)
     corners = numpy.where(is_finite[:, None], cubes[:, :3], -numpy.inf)
 
-    def task(cell: Cell) -> Task:
-        part_placements: Placements
+    def task(parts: Indices, bounds: tuple[Floats, Floats] | None) -> Task:
+        placed: Placements
         if isinstance(placements, numpy.ndarray):
-            part_placements = placements[cell.parts]
+            placed = placements[parts]
         else:
-            part_placements = [placements[i] for i in cell.parts]
-        return Task(
-            cell.parts, boxes[cell.parts], part_placements, corners[cell.parts], cell.low, cell.high
-        )
+            placed = [placements[i] for i in parts]
+        return Task(parts, boxes[parts], placed, corners[parts], bounds)
 
-    infinite = numpy.full(3, numpy.inf)
     if len(everywhere):
-        yield clashes_among, task(Cell(everywhere, -infinite, infinite))
+        yield task(everywhere, None)
     for cell in cells(cubes, numpy.flatnonzero(is_finite), parts_per_cell):
-        yield clashes_of, task(cell._replace(parts=numpy.union1d(cell.parts, everywhere)))
+        yield task(numpy.union1d(cell.parts, everywhere), (cell.low, cell.high))
 
 
 def clashes(
@@ -149,7 +132,6 @@ def clashes(
         for task in tasks(boxes, placements, parts_per_cell)
     ]
     found = [numpy.empty((0, 2), numpy.int64), *client.gather(futures)]
-    pairs: Indices = numpy.concatenate(found)
-    order = numpy.lexsort((pairs[:, 1], pairs[:, 0]))
-    ordered: Indices = pairs[order]
+    pairs = numpy.concatenate(found)
+    ordered: Indices = pairs[numpy.lexsort((pairs[:, 1], pairs[:, 0]))]
     return ordered
