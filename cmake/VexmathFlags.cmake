@@ -11,9 +11,13 @@ if(MSVC)
   target_compile_options(vexmath_strict_fp INTERFACE /fp:precise)
 else()
   target_compile_options(vexmath_strict_fp INTERFACE -ffp-contract=off)
-  if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND NOT EMSCRIPTEN # which calls its processor x86
+  if(NOT EMSCRIPTEN # which calls its processor x86
       AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|i[3-6]86|x86)$")
-    target_compile_options(vexmath_strict_fp INTERFACE -msse2 -mfpmath=sse)
+    # g++ 12 fuses a difference and a sum of neighbouring products in spite of the flag above.
+    target_compile_options(vexmath_strict_fp INTERFACE -mno-fma)
+    if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+      target_compile_options(vexmath_strict_fp INTERFACE -msse2 -mfpmath=sse)
+    endif()
   endif()
 endif()
 
