@@ -62,6 +62,14 @@ public:
         return mg_RestoreXform(mgXform_c(z, x, origin).rotation(), origin, 0.5 + std::fabs(next()));
     }
     int below(int count) { return generator_.below(count); }
+    /// Until it is called with false, all arguments of a type are the same.
+    void repeat(bool repeats) {
+        repeats_ = repeats;
+        start_ = generator_;
+    }
+    void beginArgument() {
+        if (repeats_) generator_ = start_;
+    }
     /// Const arguments are those of all streams that share, and not made for a call.
     void share() { shares_ = true; }
     bool shares() const { return shares_; }
@@ -133,8 +141,8 @@ private:
     }
 
     Numbers numbers_;
-    bool shares_ = false;
-    common::Generator generator_{1};
+    bool shares_ = false, repeats_ = false;
+    common::Generator generator_{1}, start_{1};
 };
 
 /// The arguments that streams share.
@@ -220,6 +228,7 @@ class Argument {
 
 public:
     explicit Argument(Stream &in) {
+        in.beginArgument();
         in.fill(value_);
         if constexpr (kIsConst)
             if (in.shares()) shared_ = shared<T>() + in.below(4);
@@ -331,6 +340,13 @@ template <auto function>
 void run(Stream &in, Bits &out) {
     call(in, out, function);
 }
+/// At times with arguments that are the same.
+template <auto function>
+void runSame(Stream &in, Bits &out) {
+    in.repeat(in.below(3) == 0);
+    call(in, out, function);
+    in.repeat(false);
+}
 /// A row for each function. `names` lists their names.
 template <auto... functions>
 Table rowsOf(char const *names) {
@@ -338,9 +354,17 @@ Table rowsOf(char const *names) {
     nameRows(rows, names);
     return rows;
 }
+template <auto... functions>
+Table rowsOfSame(char const *names) {
+    Table rows{{"", runSame<functions>}...};
+    nameRows(rows, names);
+    return rows;
+}
 
-// Rows: of functions; of one of several functions of a name; of a lambda, which has a name.
+// Rows: of functions; of functions that compare; of one of several functions of a name; of a
+// lambda, which has a name.
 #define GOLDEN(...) golden::rowsOf<__VA_ARGS__>(#__VA_ARGS__)
+#define GOLDEN_SAME(...) golden::rowsOfSame<__VA_ARGS__>(#__VA_ARGS__)
 #define GOLDEN_OF(f, ...)                                                                          \
     golden::rowsOf<golden::Taking<__VA_ARGS__>::of(f)>(#f "(" #__VA_ARGS__ ")")
 #define GOLDEN_AS(name, ...)                                                                       \
