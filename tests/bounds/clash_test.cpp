@@ -63,7 +63,7 @@ TEST(Clash, ARelativeRotationThatIsFlaggedAsNoneIsNotApplied) {
     mgMatrix_c const turn = mg_RotationMatrix(1.0, {1, 2, 3}, 0.0);
     for (double const angle : {5e-13, 1e-6}) // the second is not flagged
         for (int i = 0; i < 3; ++i) {
-            // It would move the ends of rods so long by more than the gap.
+            // The rotation would move the ends of such long rods by more than the gap.
             int const up = (i + 1) % 3;
             P end(1, 1, 1);
             end[i] = 1e5;

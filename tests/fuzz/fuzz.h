@@ -47,7 +47,7 @@ public:
     Input(std::uint8_t const *data, std::size_t size) : data_(data), size_(size), isTame_(flip()) {}
 
     bool isTame() const { return isTame_; }
-    /// One input in 256, whatever inputs it was bred from: for what takes long.
+    /// True for one input in 256, also among those that the fuzzer derives from one.
     bool isRare() const {
         unsigned hash = 0;
         for (std::size_t i = 0; i < size_; ++i) hash = 31 * hash + data_[i];

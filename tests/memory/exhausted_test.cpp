@@ -245,7 +245,7 @@ TEST(Exhausted, AListIsEmpty) {
         return stateOf(0, other);
     });
     CheckAnswer("add a word", -2, [] { // -1, and no words
-        // Without it clang leaves the block out.
+        // Without a pointer to the list, clang does not allocate.
         [[maybe_unused]] static su_CDWordArray *volatile seen;
         su_CDWordArray words;
         seen = &words;

@@ -59,7 +59,7 @@ TEST(ConvexHull, LeavesTheInputSortedWithoutDuplicatesAndTellsOfEachRemoval) {
     EXPECT_EQ(4, points.Count());
 }
 
-/// Numbers that differ in sixteen of their bits, whichever these are.
+// Their x differ in 16 neighbouring bits, at each place of the fraction.
 TEST(ConvexHull, SortsManyPoints) {
     Random random;
     for (int lowest = 16; lowest <= 52; lowest += 4) {

@@ -122,6 +122,9 @@ TEST(ClipLine, LargeNumbersLoseNeitherACornerNorASlope) {
         P const a(n[0], n[1], 0), b(n[2], n[3], 0), c(n[4], n[5], 0), d(n[6], n[7], 0);
         EXPECT_EQ(Outside, mg_ClipLine2DToBox(a, b, c, d, p, q, 0)) << k;
     }
+    P const below(0, -1e-300, 0), right(1, -1e-300, 0), end(1e200, 1, 0);
+    EXPECT_EQ(mgInsideBox_Outside, mg_Line2DInsideBox(below, right, {}, end, 0));
+    EXPECT_EQ(Outside, mg_ClipLine2DToBox(below, right, {}, end, p, q, 0));
     // The difference of x overflows.
     P const low(-0x1p1023, -0x1p1023, 0), high(0x1p1022, 0x1p1022, 0);
     EXPECT_EQ(ClippedB,

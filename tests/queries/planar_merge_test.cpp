@@ -63,6 +63,10 @@ TEST(MergeList, KeepsBadSegmentsAndIgnoresAnOddPoint) {
     EXPECT_BITS_EQ((std::vector<P>{bad, b, a, d, a, worse}), list.list()); // in the place of c, d
     list = Watched<P>({{-1, 5, 0}, {0, 5, 0}, {0x1p1018, 0, 0}, {}});      // one huge number
     EXPECT_EQ(2, mg_MergeLines2D(list, list, 0));
+    std::vector<P> points{{}, {0, 100, 0}}; // on a segment, and so many that a tree holds them
+    for (int i = 1; i < 60; ++i) points.insert(points.end(), 2, {0, double(i), 0});
+    list = Watched<P>(points);
+    EXPECT_EQ(1, mg_MergeLines2D(list, list, 0));
     list = Watched<P>({a});
     EXPECT_EQ(0, mg_MergeLines2D(list, list, 1e-8));
     EXPECT_EQ(nullptr, list.Data());

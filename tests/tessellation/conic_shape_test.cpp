@@ -120,6 +120,8 @@ TEST(ConicShape, WhatIsDegenerateHasNoResult) {
     }
     for (double const y : {-1.0, 1.5}) checkShoulder(true, {left, right, top, {0, y, 0}});
     checkShoulder(true, {left, right, {0, 0, 0}, top}); // no triangle
+    double const far = 0x1p60; // the shoulder is 1 off the apex, and rho is 1 by rounding
+    checkShoulder(true, {{-1, -far, 0}, {1, -far, 0}, {0, 0, 0}, {5, -1, 6}});
     for (double const big : {below(1e70), 1e70, kInfinity, kNaN}) {
         bool const isNone = !(big < 1e70);
         check(isNone, {left, right, {0, big, 0}, {}});

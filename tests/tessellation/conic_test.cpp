@@ -35,6 +35,13 @@ TEST(TessBConic, LiesOnTheConicWithItsChordsNearItsTangents) {
     EXPECT_EQ(segmentsOf(polylineOf(conicOf(circle))), 256);
     // A chord that is hardly more than 0.004 off its tangent.
     EXPECT_EQ(segmentsOf(polylineOf(conicOf(0.33334224))), 302);
+    double const h = 0.0040000213334698675; // 0.004 off by rounding, as measured about the normal
+    for (double const k : {1.0, -1.0, 0x1p-9, -0x1p-9}) {
+        parabolaEdgeData conic = conicOf(0.5);
+        conic.vertex = {0, h * k, 0}, conic.focus = {0, h * k / 2, 0};
+        conic.start = {-k, 0, 0}, conic.end = {k, 0, 0}, conic.normal[2] = k;
+        EXPECT_EQ(segmentsOf(polylineOf(conic)), 2);
+    }
     Random random;
     for (double const flatness : {0.05, 0.3, 0.5, circle, 0.7, 0.95}) {
         mgXform_c const x = mg_ScaleXform(placement(random), 1), back = x.inverse();

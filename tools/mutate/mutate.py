@@ -13,6 +13,7 @@ and those that equivalent.txt explains.
 import argparse
 import collections
 import concurrent.futures
+import functools
 import hashlib
 import itertools
 import json
@@ -60,11 +61,17 @@ def room_of(place):
     return TESTED_IN.get(room, room)
 
 
+@functools.lru_cache(maxsize=None)
+def text_of(file):
+    """The source as it was at the first call: the tree may be edited during a run."""
+    return (build.ROOT / file).read_text()
+
+
 def drawn(rooms, seed):
     """(room, change) in the order of the sample: the rooms in turn, each in its random order."""
     found = collections.defaultdict(list)
     for file, room in sources():
-        found[room] += changes_of(file, (build.ROOT / file).read_text())
+        found[room] += changes_of(file, text_of(file))
     orders = []
     for room in rooms:
         random.Random(f"{seed} {room}").shuffle(found[room])
@@ -81,13 +88,13 @@ def digest():
     """One number for the source that changes are made to."""
     seen = hashlib.sha256()
     for file, _ in sources():
-        seen.update(file.encode() + (build.ROOT / file).read_bytes())
+        seen.update((file + text_of(file)).encode())
     return seen.hexdigest()[:16]
 
 
 def shown(change):
     """The line of a change, and its lines before and after with single spaces."""
-    text = (build.ROOT / change.file).read_text()
+    text = text_of(change.file)
     first = text.rfind("\n", 0, change.start) + 1
     last = text.find("\n", change.end)
     after = text[first : change.start] + change.text + text[change.end : last]
