@@ -10,6 +10,8 @@ import sys
 from pathlib import Path
 
 FUZZERS = Path(__file__).resolve().parents[2] / 'tests/fuzz'
+FUZZ_SECONDS = 600  # of each target, at least
+CHANGES = 400  # in the sample, at least
 
 
 def table(head, rows):
@@ -26,10 +28,22 @@ def fuzzing(path):
     targets = {file.stem.removeprefix('fuzz_') for file in FUZZERS.glob('fuzz_*.cpp')}
     if missing := targets - {run['target'] for run in runs}:
         sys.exit(f'not fuzzed yet, or with a finding: {", ".join(sorted(missing))}')
+    if short := [run['target'] for run in runs if run['seconds'] < FUZZ_SECONDS]:
+        sys.exit(f'fuzzed for less than {FUZZ_SECONDS} s: {", ".join(short)}')
     rows = [(f'`{run["target"]}`', run['seconds'], thousands(run['executions'])) for run in runs]
     total = sum(run['executions'] for run in runs)
     return (table(('target', 'seconds', 'inputs'), rows)
             + f'\n\n{thousands(total)} inputs in all, without a finding.')
+
+
+def mutation(path):
+    """The scores of each room, with the seed of their sample."""
+    scores = path.read_text().strip()
+    counted = int(scores.splitlines()[-1].split('|')[2])
+    if counted < CHANGES:
+        sys.exit(f'{path} has {counted} changes, and {CHANGES} are wanted')
+    seed = json.loads(path.with_suffix('.json').read_text())['seed']
+    return f'A sample of {counted} changes, drawn with the seed {seed}:\n\n{scores}'
 
 
 def coverage(path):
@@ -49,7 +63,7 @@ def coverage(path):
 
 def main(build, template, output):
     parts = {'matrix': (build / 'matrix/table.md', Path.read_text),
-             'mutation': (build / 'mutate/report.md', Path.read_text),
+             'mutation': (build / 'mutate/report.md', mutation),
              'coverage': (build / 'coverage/report/summary.json', coverage),
              'fuzzing': (build / 'fuzz/executions.json', fuzzing)}
     missing = [str(path) for path, _ in parts.values() if not path.exists()]
