@@ -37,7 +37,7 @@ using Points = std::vector<P>;
 using Limits = std::numeric_limits<double>;
 
 inline constexpr double kInfinity = Limits::infinity(), kPi = 3.141592653589793;
-inline P const unwritten(77.0, 77.0, 77.0);
+inline P const unwritten(1.3e9 / 7, -1.7e8 / 3, 1.9e7 / 11); // which no input hits
 
 /// The bytes of one input. After the last byte they begin again, all changed by the same step, so
 /// that few bytes make many objects. A tame input, by its first byte, has finite numbers of
