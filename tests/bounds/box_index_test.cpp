@@ -7,8 +7,6 @@
 
 namespace {
 
-using namespace common;
-
 TEST(BoxIndex, TheIndexOwnsItsBoxesAndIsMoved) {
     std::vector<mgBBox_c> const boxes(9, cube(0, 1));
     mgBoxIndex_c first;

@@ -7,8 +7,6 @@
 
 namespace {
 
-using namespace common;
-
 mgBBox_c const unit = cube(0, 1), ball(P(), 1);
 
 void CheckClash(int expected, mgBBox_c const &a, mgBBox_c const &b, double tol = 0, Caller = {}) {

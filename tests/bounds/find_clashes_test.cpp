@@ -5,13 +5,9 @@
 #include <vexmath/box_index.h>
 #include <vexmath/bulk.h>
 
-#include <vector>
-
 #include "bounds/boxes.h"
 
 namespace {
-
-using namespace common;
 
 using To = suDynamicArray<mgIndexPair_c>;
 

@@ -5,16 +5,12 @@
 #include <vexmath/format.h>
 #include <vexmath/interop/span.h>
 
-#include <algorithm>
 #include <numeric>
 #include <ranges>
-#include <vector>
 
 #include "common/geometry.h"
 
 namespace {
-
-using namespace common;
 
 static_assert(std::ranges::contiguous_range<suDynamicArray<P>>);
 static_assert(std::ranges::sized_range<suDynamicArray<P> const>);

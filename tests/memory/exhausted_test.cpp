@@ -3,12 +3,8 @@
 // alone or with all later ones. Only copies of perspective records throw, nothing leaks, and the
 // outputs are as the headers promise.
 
-#include <algorithm>
 #include <climits>
-#include <memory>
 #include <numeric>
-#include <sstream>
-#include <vector>
 
 #include "common/geometry.h"
 #include "golden/golden.h"
@@ -19,8 +15,6 @@
 #endif
 
 namespace {
-
-using namespace common;
 
 /// One run of a case. The library gets `granted` blocks; then one request is refused or, when
 /// `lasting`, all are.

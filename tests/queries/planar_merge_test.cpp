@@ -6,8 +6,6 @@
 
 namespace {
 
-using namespace common;
-
 TEST(MergePair, ThresholdsAreInclusive) {
     // The base is from (0, 0) to (8, 0).
     auto const check = [](int merged, P const &p, P const &q, double low, double high,

@@ -7,8 +7,6 @@
 
 namespace {
 
-using namespace common;
-
 using Xform = mgXform_c;
 
 /// An archive in memory.

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 Polyline polylineOf(parabolaEdgeData const &conic, decltype(mg_TessBConic) tess = mg_TessBConic) {
     return outputOf([&](auto &&...out) { tess(&conic, 0.01, out...); });
 }

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 Polyline polylineOf(ellipseEdgeData const &ellipse, double tol, P const *start = nullptr,
                     P const *end = nullptr) {
     return outputOf([&](auto &&...out) { mg_TessEllipse(&ellipse, start, end, tol, out...); });

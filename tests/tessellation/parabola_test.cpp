@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 Polyline polylineOf(parabolaEdgeData const &parabola, double tol = 0.01) {
     return outputOf([&](auto &&...out) { mg_TessParabola(&parabola, tol, out...); });
 }

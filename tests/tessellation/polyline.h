@@ -4,8 +4,6 @@
 #ifndef VEXMATH_TESTS_TESSELLATION_POLYLINE_H
 #define VEXMATH_TESTS_TESSELLATION_POLYLINE_H
 
-#include <vector>
-
 #include "common/geometry.h"
 
 namespace common {

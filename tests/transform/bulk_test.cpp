@@ -4,13 +4,9 @@
 
 #include <vexmath/bulk.h>
 
-#include <vector>
-
 #include "common/geometry.h"
 
 namespace {
-
-using namespace common;
 
 /// A transform of any kind that the bulk operation distinguishes; some numbers are hostile.
 mgXform_c anyTransform(Random &random) {
