@@ -124,13 +124,6 @@ TEST(Persistence, TheRawFormDropsThePerspective) {
     EXPECT_EQ(0, target.hasPerspective());
 }
 
-TEST(Persistence, ABodyIsTheSameInBothArchives) {
-    std::string const record = bytes(0x01020304, 1.0, 2.0, 3.0, 4.0, 5.0, 6.0, -2);
-    mgPrimitiveBodyData_c const body(0x01020304, P(1.0, 2.0, 3.0), 4.0, 5.0, 6.0, -2);
-    CheckRecord(record, body, mgPrimitiveBodyData_c());
-    CheckRecord<CArchive>(record, body, mgPrimitiveBodyData_c());
-}
-
 TEST(Persistence, DefaultObjectsAreStoredAsTheyAre) {
     auto const check = [](auto object, auto... items) {
         EXPECT_EQ(bytes(static_cast<double>(items)...), stored(object, save));
