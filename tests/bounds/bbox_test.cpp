@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Boxes with bounding spheres: setters, queries, validity, unions, growth, transforms, text form.
 
-#include <vexmath/bulk.h>
-
 #include "bounds/boxes.h"
 
 namespace {

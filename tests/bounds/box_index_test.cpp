@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The index of boxes as an object. Its answers: fuzz/fuzz_clashes.cpp.
 
-#include <vexmath/box_index.h>
-
 #include "bounds/boxes.h"
 
 namespace {

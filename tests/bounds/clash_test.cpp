@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Interference of boxes, also placed ones: which contacts clash; containment; planes and segments.
 
-#include <vexmath/box_index.h>
-
 #include "bounds/boxes.h"
 
 namespace {

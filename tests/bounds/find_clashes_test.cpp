@@ -2,8 +2,6 @@
 // Clashes of many boxes: long lists of pairs, and no boxes. Against the loop over the single tests:
 // fuzz/fuzz_clashes.cpp.
 
-#include <vexmath/bulk.h>
-
 #include "bounds/boxes.h"
 
 namespace {

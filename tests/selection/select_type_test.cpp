@@ -2,11 +2,7 @@
 // Sets of selection codes: none, the code 0 and duplicates. Any sets without duplicates:
 // fuzz/fuzz_selection.cpp.
 
-#include <vexmath/select_type.h>
-
-#include <vector>
-
-#include <gtest/gtest.h>
+#include "common/geometry.h"
 
 namespace {
 

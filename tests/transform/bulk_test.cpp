@@ -2,8 +2,6 @@
 // Arrays of transforms against the loop over the single operation, SIMD against plain. Any
 // points are compared with their loop by fuzz/fuzz_transforms.cpp.
 
-#include <vexmath/bulk.h>
-
 #include "common/geometry.h"
 
 namespace {
