@@ -1,15 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Boxes with bounding spheres: setters, queries, validity, unions, growth, transforms, text form.
 
-#include <vexmath/bulk.h>
-
-#include <string>
-
 #include "bounds/boxes.h"
 
 namespace {
-
-using namespace common;
 
 mgBBox_c const unit = cube(0, 1), big = cube(-9, 9);
 mgBBox_c const bloated = boxOf(P(), 9, P(-1, -1, -1), P(1, 1, 1)); // not valid

@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The index of boxes as an object. Its answers: fuzz/fuzz_clashes.cpp.
 
-#include <vexmath/box_index.h>
-
 #include "bounds/boxes.h"
 
 namespace {
-
-using namespace common;
 
 TEST(BoxIndex, TheIndexOwnsItsBoxesAndIsMoved) {
     std::vector<mgBBox_c> const boxes(9, cube(0, 1));

@@ -15,14 +15,7 @@ inline mgBBox_c boxOf(P const &centre, double r, P const &low, P const &high) {
     return box;
 }
 
-/// One of the ten doubles: sphere centre, high corner, low corner, radius.
-inline double doubleOf(mgBBox_c const &box, int k) {
-    double all[10];
-    std::memcpy(all, &box, sizeof all);
-    return all[k];
-}
-
-/// The box with one of its ten doubles replaced.
+/// The box with one of its ten doubles replaced: sphere centre, high corner, low corner, radius.
 inline mgBBox_c withDouble(mgBBox_c box, int k, double value) {
     std::memcpy(reinterpret_cast<char *>(&box) + 8 * k, &value, 8);
     return box;
@@ -33,9 +26,10 @@ inline mgBBox_c cube(double low, double high) { return {P(low, low, low), P(high
 
 inline ::testing::AssertionResult bitsEqual(char const *aText, char const *bText, mgBBox_c const &a,
                                             mgBBox_c const &b) {
+    double x[10], y[10];
+    std::memcpy(x, &a, sizeof x), std::memcpy(y, &b, sizeof y);
     auto result = ::testing::AssertionSuccess();
-    for (int k = 0; k < 10 && result; ++k)
-        result = bitsEqual(aText, bText, doubleOf(a, k), doubleOf(b, k));
+    for (int k = 0; k < 10 && result; ++k) result = bitsEqual(aText, bText, x[k], y[k]);
     return result;
 }
 

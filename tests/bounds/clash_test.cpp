@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Interference of boxes, also placed ones: which contacts clash; containment; planes and segments.
 
-#include <vexmath/box_index.h>
-
 #include "bounds/boxes.h"
 
 namespace {
-
-using namespace common;
 
 mgBBox_c const unit = cube(0, 1), ball(P(), 1);
 

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 P const origin;
 U const xAxis(1, 0, 0), yAxis(0, 1, 0), zAxis(0, 0, 1);
 mgParallelogram_c const square(origin, xAxis, yAxis, 1, 1);

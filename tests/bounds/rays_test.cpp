@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 mgBBox_c const box(P(), P(1, 2, 3));
 U const xAxis(1, 0, 0), none, axes[] = {xAxis, {0, 1, 0}, {0, 0, 1}};
 

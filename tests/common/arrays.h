@@ -4,9 +4,6 @@
 #ifndef VEXMATH_TESTS_COMMON_ARRAYS_H
 #define VEXMATH_TESTS_COMMON_ARRAYS_H
 
-#include <utility>
-#include <vector>
-
 #include "common/geometry.h"
 
 namespace common {

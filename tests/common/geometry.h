@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Shared by the tests of geometry: the whole library under short names, neighbours of a threshold,
-// distances, matrices and placements.
+// distances, matrices and placements. It includes the standard headers that many tests use.
 
 #ifndef VEXMATH_TESTS_COMMON_GEOMETRY_H
 #define VEXMATH_TESTS_COMMON_GEOMETRY_H
@@ -8,6 +8,11 @@
 #include <vexmath/vexmath.h>
 
 #include <algorithm>
+#include <array>
+#include <functional>
+#include <memory>
+#include <type_traits>
+#include <vector>
 
 #include "common/numbers.h"
 
@@ -90,5 +95,7 @@ inline mgXform_c placement(Random &random) {
 }
 
 } // namespace common
+
+using namespace common; // each program is a test
 
 #endif

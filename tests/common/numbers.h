@@ -46,17 +46,6 @@ public:
     /// One of the hostile values below.
     double hostile();
 
-    /// A record of doubles, all of them hostile, as one restored from a document may be.
-    template <class T>
-    T hostile() {
-        T record;
-        for (std::size_t at = 0; at < sizeof record; at += sizeof(double)) {
-            double const value = hostile();
-            std::memcpy(reinterpret_cast<char *>(&record) + at, &value, sizeof value);
-        }
-        return record;
-    }
-
 private:
     ::testing::ScopedTrace trace_{__FILE__, __LINE__,
                                   "VEXMATH_TEST_SEED=" + std::to_string(seed())};

@@ -19,7 +19,9 @@ void checkBox(Input &in, mgBBox_c const &box, P const &p, U const &dir) {
     int entered = 0, left = 0; // faces, of an edge two
     for (int k = 0; k < 3; ++k) {
         double const a = (low[k] - p[k]) / dir[k], b = (high[k] - p[k]) / dir[k];
-        if (std::fabs(dir[k]) > 1e-6) {
+        double const steep = std::fabs(dir[k]);
+        if (1e-6 < steep && steep < 2e-3) return; // wider faces are met much earlier
+        if (steep > 1e-6) {
             from = std::max(from, std::min(a, b)), to = std::min(to, std::max(a, b));
         } else {
             if (std::min(std::fabs(low[k] - p[k]), std::fabs(p[k] - high[k])) < 1e-5) return;

@@ -12,8 +12,6 @@
 
 namespace {
 
-using namespace common;
-
 /// The text by a stream; {fmt} gives the same.
 template <class T>
 void CheckText(char const *expected, T const &object, Caller = {}) {

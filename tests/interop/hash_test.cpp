@@ -3,14 +3,11 @@
 
 #include <vexmath/hash.h>
 
-#include <type_traits>
 #include <unordered_set>
 
 #include "common/geometry.h"
 
 namespace {
-
-using namespace common;
 
 template <class T>
 constexpr bool isHashable = std::is_default_constructible_v<std::hash<T>>;

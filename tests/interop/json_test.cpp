@@ -8,7 +8,6 @@
 
 namespace {
 
-using namespace common;
 using nlohmann::json;
 
 template <class T>

@@ -16,7 +16,6 @@
 
 namespace {
 
-using namespace common;
 using namespace vexmath;
 
 /// The other library by `to(object)`, `move(matrix, p)` of a transform or a mgMatrix4_c,

@@ -7,7 +7,6 @@
 
 namespace {
 
-using namespace common;
 using Numbers = std::array<double, 16>;
 
 /// Numbers with the images of the axes along the axes.

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 mgMatrix_c symmetric(double d0, double d1, double d2, double m10, double m20, double m21) {
     double const elements[9] = {d0, m10, m20, m10, d1, m21, m20, m21, d2};
     return mgMatrix_c(elements, 0);

@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: MIT
 // 4x4 matrices.
 
-#include <functional>
-
 #include "common/geometry.h"
 
 namespace {
-
-using namespace common;
 
 template <class Operand>
 constexpr bool isMultiplied = std::is_invocable_v<std::multiplies<>, mgMatrix4_c, Operand>;

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 using Nine = double[9];
 Nine const one = {1, 0, 0, 0, 1, 0, 0, 0, 1}, counted = {1, 2, 3, 4, 5, 6, 7, 8, 10};
 Nine const drifted = {0.6, 0.81, 0, -0.8, 0.6, 0, 0, 0, 1};

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 TEST(NullSpace, DimensionGoesByFixedBounds) {
     auto const check = [](int expected, V const &diagonal, bool force = false, Caller = {}) {
         mgMatrix_c m;

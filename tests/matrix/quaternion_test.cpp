@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 template <class... From>
 constexpr bool noneConverts = !(std::is_constructible_v<mgQuaternion_c, From> || ...);
 static_assert(noneConverts<V, U, P, mgVector4_c, double const *, int>);

@@ -1,14 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Real roots of quadratics and cubics.
 
-#include <algorithm>
-#include <vector>
-
 #include "common/geometry.h"
 
 namespace {
-
-using namespace common;
 
 constexpr double untouched = -777.0;
 static_assert(areNumbered(mgGoodEqu3_ThreeRoots, mgGoodEqu3_TripleRoot, mgGoodEqu3_LowerPairEqual,

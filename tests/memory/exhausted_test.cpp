@@ -3,12 +3,8 @@
 // alone or with all later ones. Only copies of perspective records throw, nothing leaks, and the
 // outputs are as the headers promise.
 
-#include <algorithm>
 #include <climits>
-#include <memory>
 #include <numeric>
-#include <sstream>
-#include <vector>
 
 #include "common/geometry.h"
 #include "golden/golden.h"
@@ -19,8 +15,6 @@
 #endif
 
 namespace {
-
-using namespace common;
 
 /// One run of a case. The library gets `granted` blocks; then one request is refused or, when
 /// `lasting`, all are.
@@ -120,7 +114,7 @@ using State = std::vector<int>;
 /// after it: the one with all memory or, when a request was refused, the neutral one. Runs until no
 /// request is refused.
 template <class Run>
-void Check(char const *what, State const &neutral, Run const &run, Caller = {}) {
+void Check(State const &neutral, Run const &run, Caller = {}) {
     Trial warmUp{INT_MAX, false};
     State const done = run(warmUp);
     for (bool const lasting : {false, true})
@@ -128,11 +122,10 @@ void Check(char const *what, State const &neutral, Run const &run, Caller = {}) 
             int const before = heap::held;
             State state = run(trial);
             bool const isRight = state == done || (trial.refused && state == neutral);
-            ASSERT_TRUE(isRight) << what << ", " << trial.granted
-                                 << " blocks: " << testing::PrintToString(state);
+            ASSERT_TRUE(isRight) << trial.granted << " blocks: " << testing::PrintToString(state);
             state = State();
-            EXPECT_EQ(before, heap::held) << what << ", " << trial.granted << " blocks";
-            EXPECT_TRUE(trial.refused || trial.granted > 0 || !VEXMATH_TEST_HAS_C_HEAP) << what;
+            EXPECT_EQ(before, heap::held) << trial.granted << " blocks";
+            EXPECT_TRUE(trial.refused || trial.granted > 0 || !VEXMATH_TEST_HAS_C_HEAP);
         }
 }
 
@@ -161,9 +154,8 @@ State upTo(int count, int result) { return stateOf(result, numbers(0, count)); }
 
 /// `edit` changes a full array of n numbers. Refused, it returns null and leaves them, or, if it
 /// never returns null, leaves them.
-void CheckEdit(char const *what, int n, int mode, bool canFail, void *(*edit)(void *, void const *),
-               Caller = {}) {
-    Check(what, upTo(n, !canFail), [=](Trial &trial) {
+void CheckEdit(int n, int mode, bool canFail, void *(*edit)(void *, void const *), Caller = {}) {
+    Check(upTo(n, !canFail), [=](Trial &trial) {
         Ints const more = numbers(n, 30000);
         Ints array = numbers(0, n, mode);
         void *old = amDynamicArrayCopy(array.Data(), 0), *result = nullptr;
@@ -175,8 +167,8 @@ void CheckEdit(char const *what, int n, int mode, bool canFail, void *(*edit)(vo
 
 /// `ask` returns a number: `neutral` when a request was refused.
 template <class Ask>
-void CheckAnswer(char const *what, int neutral, Ask const &ask) {
-    Check(what, {neutral}, [&](Trial &trial) {
+void CheckAnswer(int neutral, Ask const &ask, Caller = {}) {
+    Check({neutral}, [&](Trial &trial) {
         int answer = -2;
         trial.run([&] { answer = ask(); });
         return State{answer};
@@ -191,8 +183,8 @@ bool isMade(void *array) {
 
 /// `find` is given a list of three elements. Refused, it returns `result` and leaves `count`.
 template <class T, class Find>
-void CheckFound(char const *what, int result, int count, Find const &find) {
-    Check(what, {result, count}, [&](Trial &trial) {
+void CheckFound(int result, int count, Find const &find, Caller = {}) {
+    Check({result, count}, [&](Trial &trial) {
         suDynamicArray<T> list;
         for (int i = 0; i < 3; ++i) list.Add(T());
         int found = -2;
@@ -203,23 +195,23 @@ void CheckFound(char const *what, int result, int count, Find const &find) {
 
 TEST(Exhausted, AnArrayIsNotMadeOrIsUntouched) {
     Ints const model = numbers(0, 9);
-    CheckAnswer("alloc", 0, [] { return isMade(suDynArrayAlloc(9, 4, 1, 4)); });
-    CheckAnswer("special", 0, [] { return isMade(suDynArrayAllocSpecial(9, 4, 1, 4)); });
-    CheckAnswer("like", 0, [&] { return isMade(suDynArrayAlloc1(9, model.Data())); });
-    CheckAnswer("copy", 0, [&] { return isMade(amDynamicArrayCopy(model.Data(), 1)); });
-    CheckEdit("add", 9, 1, true, amDynamicArrayAdd);
-    CheckEdit("add to many", 40000, 2, true, amDynamicArrayAdd);
-    CheckEdit("append", 40000, 2, true, amDynamicArrayAppend);
+    CheckAnswer(0, [] { return isMade(suDynArrayAlloc(9, 4, 1, 4)); });
+    CheckAnswer(0, [] { return isMade(suDynArrayAllocSpecial(9, 4, 1, 4)); });
+    CheckAnswer(0, [&] { return isMade(suDynArrayAlloc1(9, model.Data())); });
+    CheckAnswer(0, [&] { return isMade(amDynamicArrayCopy(model.Data(), 1)); });
+    CheckEdit(9, 1, true, amDynamicArrayAdd);
+    CheckEdit(40000, 2, true, amDynamicArrayAdd);
+    CheckEdit(40000, 2, true, amDynamicArrayAppend);
     using In = void const *;
-    CheckEdit("insert", 2000, 1, true,
+    CheckEdit(2000, 1, true,
               [](void *to, In more) { return amDynamicArrayInsertAt(to, 2000, more, 3000); });
-    CheckEdit("grow", 40000, 2, false, [](void *to, In) { return amDynArrayRealloc(to, 90000); });
-    CheckEdit("trim", 9, 1, false, [](void *to, In) { return amDynamicArrayFreeExtra(to, -1.0); });
+    CheckEdit(40000, 2, false, [](void *to, In) { return amDynArrayRealloc(to, 90000); });
+    CheckEdit(9, 1, false, [](void *to, In) { return amDynamicArrayFreeExtra(to, -1.0); });
 }
 
 /// Its elements 6 to 8 are behind its end.
 TEST(Exhausted, ElementsOfAnArrayItselfAreInsertedOrNot) {
-    Check("insert own", upTo(6, 0), [](Trial &trial) {
+    Check(upTo(6, 0), [](Trial &trial) {
         Ints list = numbers(0, 9);
         amDynamicArrayResize(list.Data(), 6);
         void *result = nullptr;
@@ -230,7 +222,7 @@ TEST(Exhausted, ElementsOfAnArrayItselfAreInsertedOrNot) {
 
 TEST(Exhausted, AListIsEmpty) {
     for (int const count : {0, 8, 24})
-        Check("add", {-1}, [count](Trial &trial) {
+        Check({-1}, [count](Trial &trial) {
             Ints list;
             for (int i = 0; i < count; ++i) list.Add(i);
             int index = 0;
@@ -238,13 +230,13 @@ TEST(Exhausted, AListIsEmpty) {
             return stateOf(index, list);
         });
     Ints const list = numbers(0, 9);
-    CheckAnswer("copy", 0, [&] { return Ints(list).Count(); });
-    Check("assign", {0}, [&](Trial &trial) {
+    CheckAnswer(0, [&] { return Ints(list).Count(); });
+    Check({0}, [&](Trial &trial) {
         Ints other = numbers(0, 20);
         trial.run([&] { other = list; });
         return stateOf(0, other);
     });
-    CheckAnswer("add a word", -2, [] { // -1, and no words
+    CheckAnswer(-2, [] { // -1, and no words
         // Without a pointer to the list, clang does not allocate.
         [[maybe_unused]] static su_CDWordArray *volatile seen;
         su_CDWordArray words;
@@ -257,7 +249,7 @@ TEST(Exhausted, AListIsEmpty) {
 #ifdef VEXMATH_INTEROP_NLOHMANN_JSON_H
 TEST(Exhausted, AListFromJsonThrows) {
     nlohmann::json const written = std::vector<int>(30, 7);
-    Check("read a list", {true}, [&](Trial &trial) {
+    Check({true}, [&](Trial &trial) {
         Ints list = numbers(0, 3);
         bool const threw = trial.throws([&] { written.get_to(list); });
         EXPECT_TRUE(!threw || list.Count() == 3 || list.Count() == 0);
@@ -269,9 +261,9 @@ TEST(Exhausted, AListFromJsonThrows) {
 /// `tessellate` returns an array, or adds to a list of three points. Refused, there is no array,
 /// and the list stays or, when it could not grow, is empty.
 template <class Tessellate>
-void CheckPolyline(char const *what, Tessellate const &tessellate) {
+void CheckPolyline(Tessellate const &tessellate, Caller = {}) {
     for (bool const toList : {false, true})
-        Check(what, {0, false, 3}, [&](Trial &trial) {
+        Check({0, false, 3}, [&](Trial &trial) {
             Points list;
             for (int i = 0; i < 3; ++i) list.Add(P());
             P *array = nullptr;
@@ -288,11 +280,10 @@ TEST(Exhausted, APolylineHasCountZero) {
     arcEdgeData const arc{o, {0.0, 0.0, 1.0}, 2.0};
     ellipseEdgeData const ellipse{o, {1.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, 2.0, 1.0, p, p};
     parabolaEdgeData const conic{o, P(1.0, 0.0, 0.0), {}, p, q, {0.0, 0.0, 1.0}};
-    CheckPolyline("arc", [&](auto &&...out) { mg_TessArc(&arc, &p, &p, 1e-3, out...); });
-    CheckPolyline("ellipse",
-                  [&](auto &&...out) { mg_TessEllipse(&ellipse, &p, &p, 1e-3, out...); });
+    CheckPolyline([&](auto &&...out) { mg_TessArc(&arc, &p, &p, 1e-3, out...); });
+    CheckPolyline([&](auto &&...out) { mg_TessEllipse(&ellipse, &p, &p, 1e-3, out...); });
     for (auto *const tessellate : {mg_TessParabola, mg_TessBConic, mg_TessParabolaOrBConic})
-        CheckPolyline("conic", [&](auto &&...out) { tessellate(&conic, 1e-3, out...); });
+        CheckPolyline([&](auto &&...out) { tessellate(&conic, 1e-3, out...); });
 }
 
 template <class List>
@@ -303,7 +294,7 @@ bool areSame(List const &a, List const &b) {
 
 TEST(Exhausted, PointsAreSorted) {
     for (int const n : {300, 3000})
-        Check("sort", {true}, [n](Trial &trial) {
+        Check({true}, [n](Trial &trial) {
             Random random;
             std::vector<P> points(static_cast<std::size_t>(n));
             for (P &p : points) p = random.triple<P>(0.0, 1e6);
@@ -317,9 +308,9 @@ TEST(Exhausted, PointsAreSorted) {
 
 /// A tour of n points, one of them at the given x. Refused, the order is the identity, or empty
 /// when it has no room for that.
-void CheckTour(char const *what, int n, double x, bool hasRoom) {
+void CheckTour(int n, double x, bool hasRoom, Caller = {}) {
     for (auto *const tour : {mg_OpenTSP, mg_ClosedTSP})
-        Check(what, upTo(n, 0), [=](Trial &trial) {
+        Check(upTo(n, 0), [=](Trial &trial) {
             Random random;
             Points points;
             for (int i = 0; i < n; ++i) points.Add(random.triple<P>(0.0, 9.0));
@@ -332,10 +323,10 @@ void CheckTour(char const *what, int n, double x, bool hasRoom) {
 }
 
 TEST(Exhausted, ATourIsTheIdentity) {
-    CheckTour("room", 20, 1.0, true);
-    CheckTour("no room", 20, 1.0, false);
-    CheckTour("not finite", 20, std::nan(""), false);
-    CheckTour("two points", 2, 1.0, false);
+    CheckTour(20, 1.0, true);
+    CheckTour(20, 1.0, false);
+    CheckTour(20, std::nan(""), false);
+    CheckTour(2, 1.0, false);
 }
 
 TEST(Exhausted, PointsAreNotFoundAndTheListIsEmptyOrStays) {
@@ -344,21 +335,20 @@ TEST(Exhausted, PointsAreNotFoundAndTheListIsEmptyOrStays) {
     int const three = 3;
     Points lines;
     for (int i = 0; i < 40; ++i) lines.Add(mgPoint_c(i % 2, i / 4, 0.0));
-    CheckFound<P>("hatched circle", 0, 0,
+    CheckFound<P>(0, 0,
                   [&](auto &to) { return mg_calcHatchLinesCircle2D(o, 3.0, o, 0.1, 1.0, to); });
-    CheckFound<P>("hatched rectangle", 0, 0,
-                  [&](auto &to) { return mg_calcHatchLinesRect2D(rect, o, 0.0, 1.0, to); });
-    CheckFound<P>("hatched polygon", 0, 0, [&](auto &to) {
+    CheckFound<P>(0, 0, [&](auto &to) { return mg_calcHatchLinesRect2D(rect, o, 0.0, 1.0, to); });
+    CheckFound<P>(0, 0, [&](auto &to) {
         return mg_calcHatchLinesPolygon2D(1, &three, corners, o, 0.0, 1.0, to);
     });
-    CheckFound<P>("parabolic points", 0, 0,
+    CheckFound<P>(0, 0,
                   [&](auto &to) { return parabolicPoints(corners[1], corners[2], o, 20, to); });
-    CheckFound<P>("merged lines", 0, 3, [&](auto &to) { return mg_MergeLines2D(lines, to, 1e-8); });
+    CheckFound<P>(0, 3, [&](auto &to) { return mg_MergeLines2D(lines, to, 1e-8); });
 }
 
 TEST(Exhausted, AHullIsNotMade) {
     for (int const n : {6, 30, 2100})
-        Check("hull", {0, true, true}, [n](Trial &trial) {
+        Check({0, true, true}, [n](Trial &trial) {
             Random random;
             Flat input, hull;
             for (int i = 0; i < n; ++i) {
@@ -390,13 +380,11 @@ TEST(Exhausted, ClashesAreNotFound) {
             apart.push_back(mg_RotateXform(1.0, {1, 2, 3}, 0.0)
                             * mg_TranslateXform(V(100.0 * std::min(i, n - 4), 0, 0)));
         mgBBox_c const *const all = boxes.data();
-        CheckFound<Pair>("all", -1, 0, [&](auto &to) { return mg_FindClashes(all, n, 0.0, to); });
-        CheckFound<Pair>("placed", -1, 0,
+        CheckFound<Pair>(-1, 0, [&](auto &to) { return mg_FindClashes(all, n, 0.0, to); });
+        CheckFound<Pair>(-1, 0,
                          [&](auto &to) { return mg_FindClashes(all, placements.data(), n, to); });
-        CheckFound<Pair>("placed apart", -1, 0,
-                         [&](auto &to) { return mg_FindClashes(all, apart.data(), n, to); });
-        CheckFound<Pair>("both", -1, 0,
-                         [&](auto &to) { return mg_FindClashes(all, n, all, n, 0.0, to); });
+        CheckFound<Pair>(-1, 0, [&](auto &to) { return mg_FindClashes(all, apart.data(), n, to); });
+        CheckFound<Pair>(-1, 0, [&](auto &to) { return mg_FindClashes(all, n, all, n, 0.0, to); });
     }
 }
 
@@ -408,7 +396,7 @@ TEST(Exhausted, AnIndexIsEmptyAndItsListsToo) {
     mgXform_c placements[300];
     mgXform_c const *const choices[] = {nullptr, placements};
     for (mgXform_c const *const placed : choices)
-        Check("build", {0, 0}, [&](Trial &trial) {
+        Check({0, 0}, [&](Trial &trial) {
             mgBoxIndex_c index;
             index.build(boxes.data(), nullptr, 20);
             placements[299].SetHelper(viewWithARecord().GetHelper());
@@ -421,12 +409,12 @@ TEST(Exhausted, AnIndexIsEmptyAndItsListsToo) {
     mgBoxIndex_c index;
     index.build(boxes.data(), nullptr, 300);
     int const some[] = {0, 1};
-    CheckFound<Pair>("clashes", -1, 0, [&](auto &to) { return index.clashes(0.0, to); });
-    CheckFound<Pair>("of", -1, 0, [&](auto &to) { return index.clashesOf(some, 2, 0.0, to); });
-    CheckFound<int>("with", -1, 0, [&](auto &to) { return index.clashesWith(boxes[0], 0.0, to); });
-    CheckFound<int>("around", -1, 0, [&](auto &to) { return index.around(p, 0.0, to); });
-    CheckFound<int>("line", -1, 0, [&](auto &to) { return index.onLine({}, dir, to); });
-    Check("place", {0, 1}, [&](Trial &trial) { // the box stays, or is where the view shows it
+    CheckFound<Pair>(-1, 0, [&](auto &to) { return index.clashes(0.0, to); });
+    CheckFound<Pair>(-1, 0, [&](auto &to) { return index.clashesOf(some, 2, 0.0, to); });
+    CheckFound<int>(-1, 0, [&](auto &to) { return index.clashesWith(boxes[0], 0.0, to); });
+    CheckFound<int>(-1, 0, [&](auto &to) { return index.around(p, 0.0, to); });
+    CheckFound<int>(-1, 0, [&](auto &to) { return index.onLine({}, dir, to); });
+    Check({0, 1}, [&](Trial &trial) { // the box stays, or is where the view shows it
         mgXform_c const view = viewWithARecord();
         mgBoxIndex_c one;
         one.build(boxes.data(), placements, 1);
@@ -444,7 +432,7 @@ TEST(Exhausted, AnIndexIsEmptyAndItsListsToo) {
 
 TEST(Exhausted, OnlyTheCopyOfARecordThrows) {
     P const o;
-    Check("record", {true, true}, [&](Trial &trial) {
+    Check({true, true}, [&](Trial &trial) {
         mgXform_c const view = viewWithARecord();
         mgXform_c const old = raw({}, {7.0, 8.0, 9.0}, 4.0, 1);
         std::vector<mgXform_c> made(12, old);
@@ -470,19 +458,18 @@ TEST(Exhausted, AGeneralTransformIsMadeOrSetWholeOrNotAtAll) {
     double const factors[] = {2.0, 3.0, 4.0};
     mgXform_c const view = viewWithARecord();
     using General = std::unique_ptr<mgGenXform_c>;
-    CheckAnswer("create", 0,
-                [&] { return General(mgGenXform_c::create(&view, &view, factors)) != nullptr; });
-    Check("set", {false, 1, 0}, [&](Trial &trial) {
+    CheckAnswer(0, [&] { return General(mgGenXform_c::create(&view, &view, factors)) != nullptr; });
+    Check({false, 1, 0}, [&](Trial &trial) {
         mgGenXform_c general;
         bool done = false;
         trial.throws([&] { done = general.set(&view, factors) != 0; });
         return State{done, general.isScaleIdentity(), general.getBodyXform().hasPerspective()};
     });
-    CheckAnswer("direction", 0, [] { return std::unique_ptr<U>(U::random()) != nullptr; });
+    CheckAnswer(0, [] { return std::unique_ptr<U>(U::random()) != nullptr; });
 }
 
 TEST(Exhausted, ATextIsEmptyAndAnArchiveThrows) {
-    Check("text", {0}, [](Trial &trial) {
+    Check({0}, [](Trial &trial) {
         CString texts[] = {L"a text that needs a block", L"", L""};
         std::wostringstream stream(std::wstring(99, L' ')); // has room and allocates nothing
         CDumpContext context(stream);
@@ -502,7 +489,7 @@ TEST(Exhausted, ATextIsEmptyAndAnArchiveThrows) {
         }
         return State{wrong};
     });
-    Check("archive that ends", {true, 1, 1}, [](Trial &trial) {
+    Check({true, 1, 1}, [](Trial &trial) {
         mgXform_c view = viewWithARecord();
         std::stringstream stream(std::string(9, '\0'));
         su_CArchive archive(stream);
@@ -514,7 +501,7 @@ TEST(Exhausted, ATextIsEmptyAndAnArchiveThrows) {
 
 template <class Set, class Code>
 void CheckSets() {
-    Check("sets", {true, 5}, [](Trial &trial) {
+    Check({true, 5}, [](Trial &trial) {
         Set all;
         for (int i = 1; i <= 5; ++i) all.add(Code(i));
         int count = 0, isPart = 0;

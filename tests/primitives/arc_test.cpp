@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 using vexmath::kTwoPi;
 
 P const o;

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 U const up(0, 0, 1);
 double const eighthTurn = std::atan(1.0);
 mgXform_c const away = mg_RestoreXform(moved.rotation(), V(2000, -200, 100), 1.0);

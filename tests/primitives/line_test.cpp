@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 static_assert(!std::is_convertible_v<mgLine_c, mgPlane_c>);
 
 U const x(1, 0, 0);

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 U const z(0, 0, 1);
 mgPlane_c const ground(P(1, 2, 0), z), raised(P(1, 2, 4), z);
 

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 void CheckLine(mgLineCircleIntType_e type, double height, P const &first, P const &second,
                double radius = 5, Caller = {}) {
     P const p(-9, height, 0);

@@ -2,13 +2,9 @@
 // Planar hulls of few points, and the changes of the input. Against literal steps:
 // fuzz/fuzz_point_sets.cpp.
 
-#include <algorithm>
-
 #include "common/arrays.h"
 
 namespace {
-
-using namespace common;
 
 using Pair = std::pair<double, double>;
 using List = std::vector<Pair>;

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 using Outline = std::vector<P>;
 
 P const o;

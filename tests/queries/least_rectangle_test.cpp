@@ -7,8 +7,6 @@
 
 namespace {
 
-using namespace common;
-
 using Number = std::complex<double>;
 using List = std::vector<Number>;
 

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 constexpr double tol = 1e-8;
 V const alongX(3, 0, 0), alongY(0, 2, 0); // directions need not have unit length
 

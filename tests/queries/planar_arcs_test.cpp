@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 struct Found {
     P centre = untouched;
     U normal;

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 constexpr auto Outside = mgClipLine_Outside, Inside = mgClipLine_Inside,
                ClippedA = mgClipLine_ClippedA, ClippedB = mgClipLine_ClippedB,
                ClippedBoth = mgClipLine_ClippedBoth, Touching = mgClipLine_Touching;

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 constexpr auto Outside = mgInsideBox_Outside, Touching = mgInsideBox_Touching,
                Partly = mgInsideBox_Partly, Inside = mgInsideBox_Inside;
 

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 U const z(0, 0, 1);
 mgPlane_c const ground(P(9, 9, 0), z);
 double const inside = below(1e-08);

@@ -3,13 +3,10 @@
 // fuzz/fuzz_point_sets.cpp.
 
 #include <ctime>
-#include <vector>
 
 #include "common/geometry.h"
 
 namespace {
-
-using namespace common;
 
 using List = std::vector<P>;
 

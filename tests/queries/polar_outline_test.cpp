@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 using Polar = std::pair<double, double>; // angle, radius
 using List = std::vector<Polar>;
 using Kept = std::vector<std::pair<double, std::size_t>>; // angle, index in the list given

@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Straight polylines and three-point arcs.
 
-#include <vector>
-
 #include "common/geometry.h"
 
 namespace {
-
-using namespace common;
 
 void CheckPolyline(int straight, P const &start, P const &end, std::vector<P> points, Caller = {}) {
     P s = untouched, e = untouched;

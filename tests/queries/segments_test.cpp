@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 // Of all queries.
 static_assert(areNumbered(mgIntersect_Coincident, mgIntersect_Parallel, mgIntersect_Point,
                           mgIntersect_TwoPoints, mgIntersect_None));

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 using List = std::vector<P>;
 using Order = std::vector<int>;
 

@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The ready-made sets: name, codes and order of each.
 
-#include <vexmath/selection_sets.h>
-
-#include <vector>
-
-#include <gtest/gtest.h>
+#include "common/geometry.h"
 
 namespace {
 

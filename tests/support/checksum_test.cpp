@@ -8,8 +8,6 @@
 
 namespace {
 
-using namespace common;
-
 TEST(CheckSum, IsTakenModulo32Bits) {
     mgCheckSum_c sum;
     // Recomputed in 64 bits, reduced at the end of each step.

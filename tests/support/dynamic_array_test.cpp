@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The dynamic array: its plain functions and its owner.
 
-#include <array>
 #include <climits>
 #include <tuple>
-#include <type_traits>
 
 #include "common/arrays.h"
 
@@ -16,8 +14,6 @@ extern "C" VEXMATH_SHARED_TEMPLATE char const *__asan_default_options();
 extern "C" char const *__asan_default_options() { return "allocator_may_return_null=1"; }
 
 namespace {
-
-using namespace common;
 
 enum { kLinear = 1, kProportional = 2 };
 

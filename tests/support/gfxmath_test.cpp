@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Vectors and matrices in plain float arrays.
 
-#include <array>
-
 #include "common/geometry.h"
 
 namespace {
-
-using namespace common;
 
 /// An array that converts to the pointer which the functions take.
 template <std::size_t size>

@@ -7,8 +7,6 @@
 
 namespace {
 
-using namespace common;
-
 using Xform = mgXform_c;
 
 /// An archive in memory.
@@ -124,13 +122,6 @@ TEST(Persistence, TheRawFormDropsThePerspective) {
     load(target, skew + bytes(64ul, 0xDEADul) + fields + bytes(0xDEADul), get);
     EXPECT_BITS_EQ(object, target);
     EXPECT_EQ(0, target.hasPerspective());
-}
-
-TEST(Persistence, ABodyIsTheSameInBothArchives) {
-    std::string const record = bytes(0x01020304, 1.0, 2.0, 3.0, 4.0, 5.0, 6.0, -2);
-    mgPrimitiveBodyData_c const body(0x01020304, P(1.0, 2.0, 3.0), 4.0, 5.0, 6.0, -2);
-    CheckRecord(record, body, mgPrimitiveBodyData_c());
-    CheckRecord<CArchive>(record, body, mgPrimitiveBodyData_c());
 }
 
 TEST(Persistence, DefaultObjectsAreStoredAsTheyAre) {

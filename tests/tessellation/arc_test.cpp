@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 Polyline polylineOf(arcEdgeData const &arc, P const &start, P const &end, double tol) {
     return outputOf([&](auto &&...out) { mg_TessArc(&arc, &start, &end, tol, out...); });
 }

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 struct Arc {
     P start, end, apex, shoulder;
 };

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 Polyline polylineOf(parabolaEdgeData const &conic, decltype(mg_TessBConic) tess = mg_TessBConic) {
     return outputOf([&](auto &&...out) { tess(&conic, 0.01, out...); });
 }
@@ -75,8 +73,8 @@ TEST(TessBConic, ASharpTurnIsResolvedByTheNumbersAtThatTurn) {
 
 void CheckTaken(bool taken, parabolaEdgeData const &conic, Caller = {}) {
     EXPECT_EQ(taken, !polylineOf(conic).empty());
-    EXPECT_TRUE(areSame(polylineOf(conic, mg_TessParabolaOrBConic),
-                        polylineOf(conic, taken ? mg_TessBConic : mg_TessParabola)));
+    EXPECT_BITS_EQ(polylineOf(conic, taken ? mg_TessBConic : mg_TessParabola),
+                   polylineOf(conic, mg_TessParabolaOrBConic));
 }
 
 TEST(TessBConic, RefusesNaNAndCoordinatesFrom1e100On) {

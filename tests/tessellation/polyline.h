@@ -4,18 +4,11 @@
 #ifndef VEXMATH_TESTS_TESSELLATION_POLYLINE_H
 #define VEXMATH_TESTS_TESSELLATION_POLYLINE_H
 
-#include <vector>
-
-#include "common/geometry.h"
+#include "common/arrays.h"
 
 namespace common {
 
 using Polyline = std::vector<P>;
-
-inline bool areSame(Polyline const &a, Polyline const &b) {
-    return a.size() == b.size()
-           && (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof a[0]) == 0);
-}
 
 /// The points that call(outArray, count, list) returns, checked in both kinds of output.
 template <class Call>
@@ -36,7 +29,7 @@ Polyline outputOf(Call call) {
     Polyline const points(array, array + count + 1);
     delete[] array;
     P const *const end = list.Data() + list.Count();
-    EXPECT_TRUE(areSame(points, {end - count - 1, end}));
+    EXPECT_BITS_EQ(points, Polyline(end - count - 1, end));
     return points;
 }
 

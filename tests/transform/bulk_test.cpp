@@ -2,15 +2,9 @@
 // Arrays of transforms against the loop over the single operation, SIMD against plain. Any
 // points are compared with their loop by fuzz/fuzz_transforms.cpp.
 
-#include <vexmath/bulk.h>
-
-#include <vector>
-
 #include "common/geometry.h"
 
 namespace {
-
-using namespace common;
 
 /// A transform of any kind that the bulk operation distinguishes; some numbers are hostile.
 mgXform_c anyTransform(Random &random) {

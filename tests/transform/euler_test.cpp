@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 /// Exactly these elements, a rotation or not.
 mgXform_c ofElements(double const (&elements)[9]) { return raw(mgMatrix_c(elements, 0)); }
 

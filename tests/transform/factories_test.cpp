@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 U const x(1.0, 0.0, 0.0), y(0.0, 1.0, 0.0), z(0.0, 0.0, 1.0);
 P const eye(1.0, 2.0, 3.0), origin;
 

@@ -7,8 +7,6 @@
 
 namespace {
 
-using namespace common;
-
 TEST(Forms, TheScaleOfAnArrayIsNotReadBack) {
     mgMatrix_c const r = mg_RotateXform(1.0, {1.0, 2.0, 3.0}, 0.0).rotation();
     mgXform_c const x = raw(r, {5e-9, -2e-9, 3e-9}, 3.0, 1);

@@ -1,14 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Placements with a scale for each axis of a body.
 
-#include <functional>
-#include <memory>
-
 #include "common/geometry.h"
 
 namespace {
-
-using namespace common;
 
 /// x y z -> -y x z, to the bit.
 mgXform_c const quarter = mg_RotateXform(vexmath::kHalfPi, {0.0, 0.0, 1.0}, 1e-9);

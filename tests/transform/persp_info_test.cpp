@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Perspective records: their kinds, the division of screen points and its inverse.
 
-#include <type_traits>
-
 #include "common/geometry.h"
 
 namespace {
-
-using namespace common;
 
 static_assert(
     std::is_polymorphic_v<mgPerspInfo_c> && !std::has_virtual_destructor_v<mgPerspInfo_c>);

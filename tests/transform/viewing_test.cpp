@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 constexpr double nearZ = -8.0;
 P const model(1, 2, 3);
 U const x(1, 0, 0), y(0, 1, 0), z(0, 0, 1);

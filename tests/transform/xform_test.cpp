@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 constexpr double kSmallest = 1.0000000000000002e-13, kLargest = 6e12;
 U const x(1.0, 0.0, 0.0), y(0.0, 1.0, 0.0), z(0.0, 0.0, 1.0);
 mgMatrix_c const one, quarter = mg_RotationMatrix(1.5707963267949, z, 1e-6); // rows y, -x, z

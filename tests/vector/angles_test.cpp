@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 constexpr double kTurn = 6.2831853071796;
 double const right = std::atan2(1.0, 0.0), half = std::atan2(0.0, -1.0);
 V const x(1.0, 0.0, 0.0), y(0.0, 1.0, 0.0), z(0.0, 0.0, 1.0), null;

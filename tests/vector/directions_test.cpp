@@ -2,13 +2,10 @@
 // Unit vectors and direction predicates: every threshold from both sides, and NaN.
 
 #include <ctime>
-#include <memory>
 
 #include "common/geometry.h"
 
 namespace {
-
-using namespace common;
 
 V const x(1.0, 0.0, 0.0), y(0.0, 1.0, 0.0), z(0.0, 0.0, 1.0), null;
 

@@ -1,14 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Points and vectors as values, their arithmetic and tolerant comparisons, lines and markers.
 
-#include <sstream>
-#include <vector>
-
 #include "common/geometry.h"
 
 namespace {
-
-using namespace common;
 
 P const p(1.0, 2.0, 3.0), q(0.5, -0.25, 4.0), origin;
 V const v(10.0, 20.0, 30.0);

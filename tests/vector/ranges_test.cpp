@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace common;
-
 constexpr double kTurn = 6.283185307179586;
 constexpr double kUlp = 0x1p-52; // spacing of the doubles in [1, 2)
 
