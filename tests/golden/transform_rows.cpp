@@ -40,7 +40,10 @@ Table transformRows() {
         GOLDEN_AS("a copy", [](X const &x) { return X(x); }),
         GOLDEN_SAME(&M4::operator==, &Q::operator==, &X::equals, &mgPerspInfo_c::operator==),
         GOLDEN_AS("X::isIdentity",
-                  [](X const &x, bool isKept) { return (isKept ? x : X()).isIdentity(); }),
+                  [](X const &x, bool isKept) {
+                      X const identity;
+                      return (isKept ? x : identity).isIdentity();
+                  }),
         GOLDEN(&X::linearComponent, &X::getNearestAxis, &X::operator*=),
         GOLDEN_AS("X * X", [](X const &a, X const &b) { return a * b; }),
         GOLDEN(&X::inverse, &X::sameOrParallel, &X::iValidateRepairRotationMatrix,
