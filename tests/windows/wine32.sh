@@ -14,5 +14,5 @@ export chroot=$root/build/wine32 root
 exec unshare --mount bash -euc '
     mkdir -p "$chroot$root"
     for folder in /proc /dev "$root"; do mount --bind "$folder" "$chroot$folder"; done
-    HOME=/root WINEPREFIX=/root/wine WINEDEBUG=-all \
+    HOME=/opt WINEPREFIX=/opt/wine WINEDEBUG=-all \
         exec chroot "$chroot" /bin/sh -c "cd \"\$0\" && exec /usr/lib/wine/wine \"\$@\"" "$PWD" "$@"' wine32 "$@"
