@@ -195,7 +195,7 @@ void checkScene(Lattice &lattice, int count, bool isPlaced) {
                [&](int i, int j) { return boxes[i].clash(&more[j], tol); });
 
     mgBoxIndex_c index;
-    CHECK(index.build(boxes, isPlaced ? placements : nullptr, count) == 1);
+    CHECK(timed([&] { return index.build(boxes, isPlaced ? placements : nullptr, count); }) == 1);
     for (int i = in.below(8); i < count; i += 5 + in.below(99)) {
         boxes[i] = lattice.box(), index.move(i, boxes[i]);
         if (isPlaced) lattice.place(placements[i]), index.place(i, placements[i]);

@@ -106,8 +106,9 @@ void checkHatched(Input &in) {
         first += n;
     }
     List lines;
-    int const n =
-        mg_calcHatchLinesPolygon2D(3, counts, points.data(), P(3, 5, 7), angle, step, lines);
+    int const n = timed([&] {
+        return mg_calcHatchLinesPolygon2D(3, counts, points.data(), P(3, 5, 7), angle, step, lines);
+    });
     CHECK(lines.Count() == 2 * n);
     int next = 0;
     for (int k = -100; k <= 100; ++k) {
@@ -160,7 +161,8 @@ void checkPolar(Input &in) {
         edge.Add(p), fixed.Add(p), turned.Add(P(p.x() + 2 * kPi * in.below(5), p.y(), p.z()));
         isUsable = isUsable && std::fabs(p.x()) <= 1e150 && std::fabs(p.y()) <= 1e150;
     }
-    int const left = mg_cleanupPolarEdge(edge, tol), n = mg_fixPolarConvolution(fixed, tol);
+    int const left = timed([&] { return mg_cleanupPolarEdge(edge, tol); }),
+              n = timed([&] { return mg_fixPolarConvolution(fixed, tol); });
     CHECK(isUsable == (left > 0) && isUsable == (n > 0) && n <= left && left <= int(points.size()));
     CHECK(!isUsable || (left == edge.Count() && n == fixed.Count()));
     if (!isUsable)

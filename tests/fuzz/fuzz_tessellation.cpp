@@ -12,7 +12,7 @@ Points pointsOf(Call const &call) {
     P *array = nullptr;
     int count = -1, listed = -1;
     suDynamicArray<P> list;
-    call(&array, count, nullptr), call(nullptr, listed, &list);
+    timed([&] { return call(&array, count, nullptr), count; }), call(nullptr, listed, &list);
     CHECK(count == listed && (count > 0) == (array != nullptr) && count >= 0);
     Points const points(array, array == nullptr ? array : array + count + 1);
     CHECK(list.Count() == static_cast<int>(points.size()));
